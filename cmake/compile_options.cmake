@@ -1,0 +1,13 @@
+# Warnings, sanitizers and definitions that every target of the project takes by linking qor_options.
+add_library(qor_options INTERFACE)
+target_include_directories(qor_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(qor_options INTERFACE -Wall -Wextra -Wconversion -Wshadow)
+
+if(QOR_WARNINGS_AS_ERRORS)
+  target_compile_options(qor_options INTERFACE -Werror)
+endif()
+if(QOR_SANITIZE)
+  target_compile_options(qor_options INTERFACE -fsanitize=address,undefined
+                                               -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(qor_options INTERFACE -fsanitize=address,undefined)
+endif()

@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Installs what building, running and testing need on Debian 12. Says nothing where all is there.
+# Arguments name further groups of packages: test, bench, fuzz.
+set -euo pipefail
+
+packages=(g++ cmake ninja-build pkg-config
+  libcairo2-dev libfreetype-dev libfontconfig-dev libpng-dev libjpeg62-turbo-dev libgif-dev
+  fontconfig fonts-liberation2 fonts-dejavu-core)
+for group in "$@"; do
+  case $group in
+    test) packages+=(libgtest-dev imagemagick-6.q16) ;;
+    bench) packages+=(mupdf-tools python3) ;;
+    fuzz) packages+=(clang-14 libclang-rt-14-dev) ;;
+    *) echo "setup.sh: no such group: $group" >&2; exit 2 ;;
+  esac
+done
+
+missing=()
+for package in "${packages[@]}"; do
+  dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
+    missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+as_root=()
+[ "$(id -u)" -eq 0 ] || as_root=(sudo)
+echo "Installing: ${missing[*]}"
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+  apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null

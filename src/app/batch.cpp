@@ -1,0 +1,37 @@
+// Exporting with no window.
+#include "app/batch.h"
+
+#include "app/side_files.h"
+#include "base/app_options.h"
+#include "base/errors.h"
+#include "document/vdoc.h"
+#include "export/exporters.h"
+#include "platform/directory.h"
+#include "platform/input_file.h"
+
+namespace qor {
+namespace {
+
+void deleteReport() {
+  if (!AppOptions.DeleteAfterPrint || !fileExists(AppOptions.FileName)) return;
+  deleteFile(AppOptions.FileName);
+  DeleteSideFiles(AppOptions.FileName);
+}
+
+}  // namespace
+
+int ExportWithoutInterface() {
+  if (AppOptions.FileName.empty()) return 0;
+  try {
+    VDoc doc;
+    doc.ScanPages(false);
+    doc.Settings.ReloadSet();
+    ExportByExtension(doc);
+  } catch (int) {
+    return -1;
+  }
+  deleteReport();
+  return 1;
+}
+
+}  // namespace qor

@@ -1,0 +1,32 @@
+// Cleaning up behind a report.
+#include "app/side_files.h"
+
+#include "base/path.h"
+#include "base/text.h"
+#include "platform/directory.h"
+#include "platform/input_file.h"
+
+namespace qor {
+namespace {
+
+constexpr std::uint64_t kMaxListFile = 16U << 20;
+
+}  // namespace
+
+void DeleteListedFiles(const std::string& dataFile) {
+  const auto list = readWholeFile(std::string(upTo(dataFile, '.')) + "_mail.tmp", kMaxListFile);
+  for (std::string_view rest = list ? *list : ""; !rest.empty();) {
+    const std::string_view line = rest.substr(0, rest.find_first_of("\r\n"));
+    if (!line.empty()) deleteFile(std::string(line));
+    rest.remove_prefix(std::min(rest.size(), line.size() + 1));
+  }
+}
+
+void DeleteSideFiles(const std::string& dataFile) {
+  const std::string directory(directoryOf(dataFile));
+  const std::string prefix = std::string(baseNameOf(dataFile)) + "_";
+  for (const std::string& file : filesStartingWith(directory, prefix)) deleteFile(file);
+  enterDirectory(directory);
+}
+
+}  // namespace qor

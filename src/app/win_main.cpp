@@ -1,0 +1,91 @@
+// The entry: options, one of the ways of running, and the last catch for every failure.
+#include "app/win_main.h"
+
+#include <exception>
+
+#include "app/batch.h"
+#include "app/command_line.h"
+#include "base/app_options.h"
+#include "base/errors.h"
+#include "base/interface_texts.h"
+#include "document/vdoc.h"
+#include "platform/directory.h"
+#include "platform/locale.h"
+#include "platform/messages.h"
+
+namespace qor {
+namespace {
+
+constexpr int kExitDone = 0;
+constexpr int kExitNothingDone = -1;
+constexpr int kExitPrintFailed = -2;
+
+void initialise() {
+  AppOptions.ProgramName = "QorUtlView";
+  AppOptions.ProgramVersion = "1.3b7";
+  AppOptions.WorkDir = currentDirectory();
+  const int codePage = systemAnsiCodePage();
+  SelectErrorTexts(codePage);
+  SelectInterfaceTexts(codePage);
+}
+
+// The user has been told where the error arose, or is not to be told: nothing more is shown.
+void ShowErrorNumber() {}
+
+int printReport() {
+  if (AppOptions.FileName.empty()) {
+    showWarning(interfaceTexts().NoFileSelected);
+    return kExitNothingDone;
+  }
+  showWarning(AppOptions.FileName + ": this version can't print");
+  return kExitPrintFailed;
+}
+
+int previewReport() {
+  if (AppOptions.FileName.empty()) throw kErrorOpenDocument;
+  showWarning(AppOptions.FileName + ": this version has no preview window");
+  return kExitDone;
+}
+
+// The switches that other programs of this system have; the rest of the parameters has its own rules.
+bool answersSwitch(const std::string& parameters) {
+  if (parameters == "--help") {
+    showInformation(HelpText());
+  } else if (parameters == "--version") {
+    showInformation(AppOptions.ProgramName + " " + AppOptions.ProgramVersion);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+int run(const std::string& parameters) {
+  if (answersSwitch(parameters)) return kExitDone;
+  const RunMode mode = parameters.empty() ? kRunPreview : ParseCommandLine(parameters);
+  switch (mode) {
+    case kRunStop: return kExitNothingDone;
+    case kRunPrint: return printReport();
+    case kRunExport: ExportWithoutInterface(); return kExitDone;
+    default: return previewReport();
+  }
+}
+
+}  // namespace
+
+int WinMain(const std::string& parameters) {
+  try {
+    initialise();
+    return run(parameters);
+  } catch (int) {
+    ShowErrorNumber();
+  } catch (const std::exception& error) {
+    showWarning(error.what());
+  } catch (const std::string& text) {
+    showWarning(text + AppOptions.FileName);
+  } catch (...) {
+    showWarning(AppOptions.FileName + ": unknown failure");
+  }
+  return kExitDone;
+}
+
+}  // namespace qor

@@ -1,0 +1,12 @@
+// The entry of the program.
+#pragma once
+
+#include <string>
+
+namespace qor {
+
+// Runs the program on its parameter string and returns the exit code: -2 printing failed, -1 help
+// shown or nothing to do, 0 all else, failures included.
+int WinMain(const std::string& parameters);
+
+}  // namespace qor

@@ -1,0 +1,32 @@
+// The options of the run: one record for the process, filled by the entry before anything else and
+// read everywhere. All texts are UTF-8.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace qor {
+
+struct AppOptionsRecord {
+  std::string ProgramName = "QorPrint";
+  std::string ProgramVersion = "1.0b";
+  std::string WorkDir;                // directory of the start, with a closing separator
+  std::string FileName;               // the report
+  std::string IniFileName;            // set file; empty means the default one
+  std::string SetName;                // the set in it
+  std::string PrinterName;            // empty means the default printer
+  std::string WindowCaption;
+  bool DeleteAfterPrint = false;
+  bool DynamicMode = false;           // the report is still being written
+  bool TestMode = false;
+  int FontCharset = 0;                // Windows character set number of the interface language
+  int AnsiCodePage = 1252;            // of the interface language
+  int DocCodePage = 850;
+  int MailProgram = 1;
+  std::string ExportTarget = "pdf";
+  std::uint64_t OwnerWindow = 0;      // told when the preview closes
+};
+
+inline AppOptionsRecord AppOptions;
+
+}  // namespace qor

@@ -1,0 +1,48 @@
+// The ways a run can fail. Document and settings code throws the plain numbers below; the entry
+// catches them.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace qor {
+
+inline constexpr int kErrorOpenDocument = 1;
+inline constexpr int kErrorReadDocument = 2;
+inline constexpr int kErrorOpenCodePage = 5;
+inline constexpr int kErrorReadCodePage = 6;
+
+// A text that had to be a number is none.
+class ConversionError : public std::runtime_error {
+ public:
+  explicit ConversionError(const std::string& text)
+      : std::runtime_error("\"" + text + "\" is not a whole number") {}
+};
+
+// A list of lines ended before the line that had to be there.
+class ListIndexError : public std::out_of_range {
+ public:
+  explicit ListIndexError(const std::string& what) : std::out_of_range(what) {}
+};
+
+// A file could not be opened, read or written, or holds what it must not. The text names the file
+// and the reason, on one line.
+class FileError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// The last error number that was met and the file it belongs to.
+struct LastErrorRecord {
+  int Number = -1;
+  std::string FileName;
+
+  void set(int number, std::string fileName) {
+    Number = number;
+    FileName = std::move(fileName);
+  }
+};
+
+inline LastErrorRecord LastError;
+
+}  // namespace qor

@@ -1,0 +1,30 @@
+// Small operations on narrow text that have no opinion about its encoding.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace qor {
+
+// Without the blanks and control bytes at its left end, or at both ends.
+std::string_view trimmedLeft(std::string_view text);
+std::string_view trimmed(std::string_view text);
+
+// The text before the first `mark`, or all of it.
+std::string_view upTo(std::string_view text, char mark);
+std::string_view upTo(std::string_view text, std::string_view mark);
+
+// A whole number as report and set files write it: blanks before it, a sign, decimal digits, or
+// hexadecimal ones behind "$", "x" or "0x". Nothing may follow. Hexadecimal numbers may fill all
+// 32 bits, decimal ones must lie in the signed range.
+std::optional<std::int32_t> parseInteger(std::string_view text);
+
+// The same; throws ConversionError where the text is no such number.
+std::int32_t toInteger(std::string_view text);
+
+// Letters A to Z become a to z, all other bytes stay.
+std::string lowerAscii(std::string_view text);
+
+}  // namespace qor

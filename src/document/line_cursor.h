@@ -1,0 +1,52 @@
+// A place in a line, and where the ends of tags lie from there on. What it finds it remembers, so
+// that a line of ten million "<" is still read in one pass.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace qor {
+
+class LineCursor {
+ public:
+  explicit LineCursor(std::string_view line)
+      : line_(line), lastClose_(line.rfind('>')), lastEmptyClose_(line.rfind("/>")) {}
+
+  bool atEnd() const { return place_ >= line_.size(); }
+  char current() const { return line_[place_]; }
+  std::size_t place() const { return place_; }
+  void moveTo(std::size_t place) { place_ = place; }
+
+  std::string_view line() const { return line_; }
+  std::string_view from(std::size_t place) const { return line_.substr(place); }
+  std::string_view between(std::size_t start, std::size_t end) const {
+    return line_.substr(start, end - start);
+  }
+
+  // True if a ">" (or a "/>") stands anywhere behind the place.
+  bool closeFollows(std::size_t place) const { return isBehind(lastClose_, place); }
+  bool emptyCloseFollows(std::size_t place) const { return isBehind(lastEmptyClose_, place); }
+
+  // The first ">" at or behind the place, which has one.
+  std::size_t nextClose(std::size_t place) {
+    if (nextClose_ < place || searchedFrom_ > place) {
+      nextClose_ = line_.find('>', place);
+      searchedFrom_ = place;
+    }
+    return nextClose_;
+  }
+
+ private:
+  static bool isBehind(std::size_t found, std::size_t place) {
+    return found != std::string_view::npos && found > place;
+  }
+
+  std::string_view line_;
+  std::size_t place_ = 0;
+  std::size_t lastClose_;
+  std::size_t lastEmptyClose_;
+  std::size_t nextClose_ = 0;
+  std::size_t searchedFrom_ = 1;
+};
+
+}  // namespace qor

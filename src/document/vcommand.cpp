@@ -1,0 +1,158 @@
+// The command language of reports.
+#include "document/vcommand.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "document/attributes.h"
+#include "document/control_sequences.h"
+#include "document/vdata.h"
+#include "document/vset.h"
+
+namespace qor {
+namespace {
+
+enum StyleKey { kFont, kBold, kItalic, kUnderline, kStrikeOut, kWide, kFirstHeading };
+
+constexpr std::array<std::string_view, 12> kStyleKeys = {"font", "b",  "i",  "u",  "s",  "w1",
+                                                         "h1",   "h2", "h3", "h4", "h5", "h6"};
+constexpr std::array<double, 6> kHeadingPoints = {24, 18, 15, 12, 8, 6};
+
+enum ItemKey { kPage, kText, kShape, kImage, kBarcode };
+
+constexpr std::array<std::string_view, 5> kItemKeys = {"page", "text", "shape", "img", "barcode"};
+
+constexpr std::size_t kLongestKey = 7;
+constexpr char kFormFeed = 12;
+
+// The place of the key among the keys, or -1.
+template <std::size_t Count>
+int placeOf(std::string_view key, const std::array<std::string_view, Count>& keys) {
+  const auto found = std::find(keys.begin(), keys.end(), key);
+  return found == keys.end() ? -1 : static_cast<int>(found - keys.begin());
+}
+
+}  // namespace
+
+VCommand::VCommand(VSet& settings) : Font(&settings.Font), Settings(&settings) {}
+
+std::unique_ptr<VData> VCommand::NextItem(LineCursor& cursor) {
+  if (cursor.atEnd()) return nullptr;
+  if (isControl(cursor.current())) {
+    std::size_t place = cursor.place();
+    RunControlSequences(cursor.line(), place, nullptr, *Font);
+    cursor.moveTo(place);
+    return nullptr;
+  }
+  if (cursor.current() == '<') {
+    if (const auto tag = tagAt(cursor, cursor.place())) return ParseTag(cursor, *tag);
+  }
+  return takeTextRun(cursor);
+}
+
+std::size_t VCommand::endOfRun(LineCursor& cursor) {
+  const std::string_view line = cursor.line();
+  std::size_t end = cursor.place();
+  for (; end < line.size(); ++end) {
+    const char c = line[end];
+    if (isControl(c) && c != kFormFeed) break;
+    if (c == '<' && tagAt(cursor, end)) break;
+  }
+  return end;
+}
+
+std::unique_ptr<VData> VCommand::takeTextRun(LineCursor& cursor) {
+  const std::size_t end = endOfRun(cursor);
+  auto item = std::make_unique<VData_Text>(cursor.between(cursor.place(), end), Font);
+  std::replace(item->Text.begin(), item->Text.end(), kFormFeed, ' ');
+  cursor.moveTo(end);
+  return item;
+}
+
+std::optional<VCommand::Tag> VCommand::tagAt(LineCursor& cursor, std::size_t place) {
+  const std::string_view rest = cursor.from(place + 1).substr(0, kLongestKey + 1);
+  const std::string_view key = rest.substr(0, rest.find_first_of(" />"));
+  if (const int style = placeOf(key, kStyleKeys); style >= 0) {
+    return styleTagAt(cursor, place, style);
+  }
+  if (const int item = placeOf(key, kItemKeys); item >= 0) return itemTagAt(cursor, place, item);
+  return std::nullopt;
+}
+
+std::optional<VCommand::Tag> VCommand::styleTagAt(LineCursor& cursor, std::size_t place, int key) {
+  const std::size_t keyEnd = place + 1 + kStyleKeys[static_cast<std::size_t>(key)].size();
+  const std::string_view rest = cursor.from(keyEnd);
+  if (rest.starts_with("/>")) return Tag{true, key, TagForm::closing, {}, keyEnd + 2};
+  if (rest.starts_with('>')) return Tag{true, key, TagForm::plain, {}, keyEnd + 1};
+  if (!rest.starts_with(' ') || !cursor.closeFollows(keyEnd)) return std::nullopt;
+  const std::size_t close = cursor.nextClose(keyEnd);
+  const bool empty = cursor.line()[close - 1] == '/';
+  return Tag{true, key, empty ? TagForm::empty : TagForm::opening,
+             cursor.between(keyEnd + 1, std::max(keyEnd + 1, close - (empty ? 1 : 0))), close + 1};
+}
+
+// An item tag ends at the first ">" of the line. Where that one doesn't belong to a "/>", there is
+// no telling where the tag ends, and it stays text.
+std::optional<VCommand::Tag> VCommand::itemTagAt(LineCursor& cursor, std::size_t place, int key) {
+  const std::size_t keyEnd = place + 1 + kItemKeys[static_cast<std::size_t>(key)].size();
+  if (!cursor.from(keyEnd).starts_with(' ') || !cursor.emptyCloseFollows(keyEnd)) {
+    return std::nullopt;
+  }
+  const std::size_t close = cursor.nextClose(keyEnd);
+  if (cursor.line()[close - 1] != '/') return std::nullopt;
+  return Tag{false, key, TagForm::empty, cursor.between(keyEnd + 1, close - 1), close + 1};
+}
+
+std::unique_ptr<VData> VCommand::ParseTag(LineCursor& cursor, const Tag& tag) {
+  cursor.moveTo(tag.end);
+  if (!tag.style) return MakeItem(tag);
+  ApplyStyleCommand(tag);
+  // A line that ends in an opening tag gets an empty text, so that it has a height.
+  const bool endsLine = tag.form == TagForm::opening && cursor.atEnd();
+  return endsLine ? std::make_unique<VData_Text>("", nullptr) : nullptr;
+}
+
+void VCommand::ApplyStyleCommand(const Tag& tag) {
+  switch (tag.form) {
+    case TagForm::closing: Pop(tag.key, *Font); break;
+    case TagForm::plain:
+      Push(tag.key, *Font);
+      applyPlainStyle(tag.key);
+      break;
+    case TagForm::empty: readAttributes(tag.attributes, *Font); break;
+    case TagForm::opening:
+      if (tag.key != kFont) break;
+      Push(tag.key, *Font);
+      readAttributes(tag.attributes, *Font);
+      break;
+  }
+}
+
+void VCommand::applyPlainStyle(int key) {
+  switch (key) {
+    case kFont: break;
+    case kBold: Font->LogFont.Weight = 700; break;
+    case kItalic: Font->LogFont.Italic = 1; break;
+    case kUnderline: Font->LogFont.Underline = 1; break;
+    case kStrikeOut: Font->LogFont.StrikeOut = 1; break;
+    case kWide: Font->WidthFactor *= 2; break;
+    default: Font->Height = kHeadingPoints[static_cast<std::size_t>(key - kFirstHeading)];
+  }
+}
+
+std::unique_ptr<VData> VCommand::MakeItem(const Tag& tag) {
+  const auto withAttributes = [&tag](auto item) -> std::unique_ptr<VData> {
+    readAttributes(tag.attributes, *item);
+    return item;
+  };
+  switch (tag.key) {
+    case kText: return withAttributes(std::make_unique<VData_Text>("", Font));
+    case kShape: return withAttributes(std::make_unique<VData_Shape>(Settings));
+    case kImage: return withAttributes(std::make_unique<VData_Image>(Settings));
+    case kBarcode: return withAttributes(std::make_unique<VData_BarCode>(Settings));
+    default: return nullptr;
+  }
+}
+
+}  // namespace qor

@@ -1,0 +1,56 @@
+// Reads the commands of a page: plain text, style tags, item tags and printer control sequences.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "document/font_state.h"
+#include "document/line_cursor.h"
+
+namespace qor {
+
+class VData;
+class VSet;
+struct VSetPage;
+
+// Built for each loading of a page. The running font is the one of the document's set, so a style
+// left open goes on in what is read next.
+class VCommand : public VFont_List {
+ public:
+  explicit VCommand(VSet& settings);
+
+  // The next item of the line, or null where the cursor stood at a command without an item. Always
+  // moves the cursor on, unless it is at the end.
+  std::unique_ptr<VData> NextItem(LineCursor& cursor);
+
+ private:
+  // The ways to write a style tag: <b/>, <b>, <b x="1"/>, <b x="1">.
+  enum class TagForm { closing, plain, empty, opening };
+
+  // A tag as it stands in the line.
+  struct Tag {
+    bool style = false;         // else an item tag
+    int key = 0;                // its place among the style keys or the item keys
+    TagForm form = TagForm::empty;
+    std::string_view attributes;
+    std::size_t end = 0;        // the place behind it
+  };
+
+  // The tag at the place, if it is one that can be read. Anything else is text.
+  static std::optional<Tag> tagAt(LineCursor& cursor, std::size_t place);
+  static std::optional<Tag> styleTagAt(LineCursor& cursor, std::size_t place, int key);
+  static std::optional<Tag> itemTagAt(LineCursor& cursor, std::size_t place, int key);
+  static std::size_t endOfRun(LineCursor& cursor);
+
+  std::unique_ptr<VData> ParseTag(LineCursor& cursor, const Tag& tag);
+  void ApplyStyleCommand(const Tag& tag);
+  void applyPlainStyle(int key);
+  std::unique_ptr<VData> MakeItem(const Tag& tag);
+  std::unique_ptr<VData> takeTextRun(LineCursor& cursor);
+
+  FontState* Font;
+  VSet* Settings;
+};
+
+}  // namespace qor

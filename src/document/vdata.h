@@ -1,0 +1,148 @@
+// The items of a line: what a report holds, and all that its output is made from. An item holds
+// what the report said and is thrown away with its line. Lengths are in twips unless told.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "base/chain.h"
+#include "document/font_state.h"
+
+namespace qor {
+
+class Canvas;
+class VSet;
+struct Picture;
+
+class VData {
+ public:
+  VData() = default;
+  VData(const VData&) = delete;
+  VData& operator=(const VData&) = delete;
+  virtual ~VData() { deleteChain<&VData::NextItem>(NextItem); }
+
+  // Draws the item as it is, on the canvas's twip mapping.
+  virtual void Draw(Canvas& canvas) = 0;
+
+  // Draws the item as part of a page, which may leave a picture file beside the report.
+  virtual void DrawOnPage(Canvas& canvas) { Draw(canvas); }
+
+  VData* NextItem = nullptr;  // of the same line, owned
+  VSet* Settings = nullptr;   // the document's; null for texts
+};
+
+class VData_Font : public virtual VData {
+ public:
+  explicit VData_Font(const FontState* font) {
+    if (font != nullptr) Font = *font;
+  }
+
+  FontState Font;  // as it stood when the item was read
+};
+
+// A run of text on its line, a text at a place of its own, or a text in a box.
+class VData_Text : public VData_Font {
+ public:
+  VData_Text(std::string_view text, const FontState* font) : VData_Font(font), Text(text) {}
+
+  void Draw(Canvas& canvas) override;
+
+  // Fills WideText from Text and the code page table.
+  void BuildWideText();
+
+  bool inBox() const { return HasPosition && (Right != 0 || Bottom != 0); }
+
+  std::u32string WideText;
+  std::string Text;             // in the document's code page
+  std::int32_t Left = 0;
+  std::int32_t Top = 0;
+  bool HasPosition = false;     // stands at Left, Top and not on its line
+  std::int32_t Bottom = 0;
+  std::int32_t Right = 0;
+  std::int32_t AlignH = 0;      // in the box: 0 left, 1 centre, 2 right
+  std::int32_t AlignV = 0;      // in the box: 0 top, 1 centre, 2 bottom
+  std::int32_t LineHeight = 0;  // measured when drawn
+  std::int32_t CharWidth = 0;   // measured when drawn
+};
+
+class VData_Shape : public virtual VData {
+ public:
+  explicit VData_Shape(VSet* settings) { Settings = settings; }
+
+  void Draw(Canvas& canvas) override;
+  void DrawOnPage(Canvas& canvas) override;
+
+  std::int32_t ShapeType = 1;   // 1 line, 2 rectangle, 3 rounded, 4 ellipse, 5 rectangle as picture
+  Color PenColor = 0;
+  std::int32_t PenType = 1;     // 0 none, 1 solid, 2 dash, 3 dot, 4 dash dot, 5 dash dot dot
+  Color BrushColor = 0;
+  std::int32_t BrushType = 0;   // 0 none, 1 solid, 2 to 7 hatches
+  std::int32_t Left = 0;
+  std::int32_t Top = 0;
+  std::int32_t Right = 0;
+  std::int32_t Bottom = 0;
+  std::int32_t LineWidth = 15;  // below 1 draws as 15
+  std::int32_t RoundWidth = 0;
+  std::int32_t RoundHeight = 0;
+
+ private:
+  void drawOutline(Canvas& canvas) const;
+};
+
+class VData_Image : public VData_Shape {
+ public:
+  using VData_Shape::VData_Shape;
+
+  void Draw(Canvas& canvas) override;
+  void DrawOnPage(Canvas& canvas) override;
+
+  // Finds the picture, or the text to show in its place. Runs at the first call only, so that a
+  // run that shows no pictures reads none.
+  void Load();
+
+  std::string ErrorText;
+  std::shared_ptr<const Picture> Bitmap;
+  std::string FileName;          // in the document's code page
+  std::int32_t ImageNumber = -1;
+  std::int32_t ImageStretch = 0;
+
+ private:
+  bool drawPicture(Canvas& canvas);
+  void drawErrorText(Canvas& canvas);
+
+  bool loaded_ = false;
+};
+
+class VData_BarCode : public VData_Font, public VData_Shape {
+ public:
+  explicit VData_BarCode(VSet* settings) : VData_Font(nullptr), VData_Shape(settings) {}
+
+  void Draw(Canvas& canvas) override;
+  void DrawOnPage(Canvas& canvas) override { Draw(canvas); }
+
+  // Takes a symbology's name or number; an unknown one makes the type -1.
+  void SetType(std::string_view text);
+  void SetValue(std::string_view text);
+
+  bool HasValue = false;
+  std::string Value;
+  std::int32_t BarcodeType = 2;  // -1: nothing is drawn
+  std::int32_t ValueType = 0;
+  std::int32_t Orientation = 0;
+  Color BarColor = 0;
+  bool ManualWidth = false;
+  double LineWidth = 15.0;
+  bool ManualHeight = false;
+  double MarginTop = 0.0;
+  double MarginBottom = 0.0;     // no key reaches it
+  bool ShowValue = false;
+  std::int32_t ValuePosition = 1;
+  std::int32_t ValueFont = 0;
+  bool SizeSet = true;
+  float SizeFactor = 1.0F;
+  std::int32_t AttributeCount = 0;
+};
+
+}  // namespace qor

@@ -1,0 +1,111 @@
+// The document's file: opening it, its head, and its pages on demand.
+#include "document/vdoc.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "base/app_options.h"
+#include "base/errors.h"
+#include "document/control_sequences.h"
+#include "document/vcommand.h"
+#include "platform/messages.h"
+
+namespace qor {
+namespace {
+
+constexpr std::size_t kHeaderSize = 1024;
+
+struct BaseFontRule {
+  std::string_view start;
+  std::int32_t percent;
+};
+
+// How the first bytes of a report tell the width of its base font.
+constexpr BaseFontRule kBaseFontRules[] = {{"\017", 125},     {"\033CB\017", 125},
+                                           {"\033(9", 125},   {"\033(s18", 125},
+                                           {"\033(s10", 75},  {"\033E", 150}};
+
+std::int32_t baseFontPercent(std::string_view header) {
+  for (const BaseFontRule& rule : kBaseFontRules) {
+    if (header.starts_with(rule.start)) return rule.percent;
+  }
+  return 100;
+}
+
+}  // namespace
+
+std::optional<InputFile> VDoc::OpenFile() {
+  if (AppOptions.FileName.empty()) throw kErrorOpenDocument;
+  try {
+    return InputFile(AppOptions.FileName);
+  } catch (const FileError& error) {
+    showWarning(std::string("Error: ") + error.what());
+    LastError.set(kErrorOpenDocument, AppOptions.FileName);
+    return std::nullopt;
+  }
+}
+
+int VDoc::ReadHeader(const InputFile& file) {
+  std::array<char, kHeaderSize> buffer{};
+  std::string_view header;
+  try {
+    header = {buffer.data(), file.readAt(0, buffer.data(), buffer.size())};
+  } catch (const FileError& error) {
+    showWarning(error.what());
+    LastError.set(kErrorReadDocument, AppOptions.FileName);
+    throw kErrorReadDocument;
+  }
+  if (header.size() <= 2) return 0;
+  BaseFontPercent = baseFontPercent(header);
+  if (header.front() != kEscape) return 0;
+  std::size_t consumed = 0;
+  RunControlSequences(header, consumed, &Settings.Page, Settings.Font);
+  HeaderLength = static_cast<std::uint32_t>(consumed);
+  return 1;
+}
+
+bool VDoc::FileChanged() {
+  if (!fileExists(AppOptions.FileName)) return false;
+  const auto file = OpenFile();
+  if (!file) return false;
+  const std::uint64_t before = std::exchange(KnownSize, file->size());
+  return KnownSize != before;
+}
+
+VDocPage* VDoc::findPage(std::int32_t number) {
+  if (number < 1 || number > PageCount) return nullptr;
+  return &Pages[static_cast<std::size_t>(number - 1)];
+}
+
+VDocPage* VDoc::GetPage(std::int32_t number, int mode) {
+  VDocPage* page = findPage(number);
+  if (page == nullptr) return nullptr;
+  const auto file = OpenFile();
+  if (!file) return page;
+  // The first page of a quick scan starts at 0, before the control sequences.
+  if (number == 1 && HeaderLength > 0) page->Offset = HeaderLength;
+  page->ReadLines(*file, mode);
+  return page;
+}
+
+void VDoc::ReleasePage(std::int32_t number) {
+  if (VDocPage* page = findPage(number)) page->ReleaseLines();
+}
+
+void VDoc::Clear() {
+  Pages.clear();
+  PageCount = 0;
+  KnownSize = 0;
+  HeaderLength = 0;
+}
+
+VDocPage& VDoc::appendPage(std::uint64_t offset, std::uint64_t length) {
+  VDocPage& page = Pages.emplace_back(++PageCount, &Settings);
+  page.Offset = offset;
+  page.Length = length;
+  return page;
+}
+
+}  // namespace qor

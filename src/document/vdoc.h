@@ -1,0 +1,68 @@
+// The report: a data file, indexed into pages. Only offsets and lengths are kept; a page is read
+// when somebody asks for it. The file is opened for each operation and never held open, because
+// its writer may still be at work.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <optional>
+
+#include "document/vdocpage.h"
+#include "document/vset.h"
+#include "platform/input_file.h"
+
+namespace qor {
+
+class VDoc {
+ public:
+  // The report is the file of AppOptions.FileName.
+
+  // Opens it. Throws kErrorOpenDocument where no file is named; where it can't be opened tells the
+  // user, sets LastError and gives nothing.
+  static std::optional<InputFile> OpenFile();
+
+  // Runs the control sequences at the head of the file, which set the defaults of the document.
+  // Returns 1 if there were any, else 0. Throws kErrorReadDocument.
+  int ReadHeader(const InputFile& file);
+
+  // Indexes only the first page, to show something while the report is being written.
+  void ScanFirstPage();
+
+  // Indexes all pages; with `rescan` only those that have come since. True only if an end-of-file
+  // byte ended the scan: the report is complete.
+  bool ScanPages(bool rescan);
+
+  // True if the file's size is not the one seen last.
+  bool FileChanged();
+
+  // The page with its lines loaded, or null. Where the file can't be opened it has no lines.
+  VDocPage* GetPage(std::int32_t number, int mode);
+  void ReleasePage(std::int32_t number);
+
+  // Back to an empty document.
+  void Clear();
+
+  // Applies the page list of the settings to the pages' Selected flags; an empty one changes
+  // nothing. Throws ConversionError, and changes nothing, where the list can't be read.
+  void SelectPages();
+
+  VDocPage* findPage(std::int32_t number);
+  VDocPage* LastPage() { return Pages.empty() ? nullptr : &Pages.back(); }
+
+  std::deque<VDocPage> Pages;
+  std::uint64_t KnownSize = 0;
+  std::int32_t PageCount = 0;
+  std::int32_t BaseFontPercent = 100;  // scale of the base font, told by the first bytes
+  std::uint32_t HeaderLength = 0;      // bytes of control sequences at the head
+  VSet Settings;
+  std::int32_t PrintScale = 100;       // percent, for the printer
+  bool PrintScaleFlag = false;
+
+ private:
+  friend class PageScan;
+
+  VDocPage& appendPage(std::uint64_t offset, std::uint64_t length);
+  void dropControlPage(const InputFile& file);
+};
+
+}  // namespace qor

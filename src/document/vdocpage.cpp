@@ -1,0 +1,131 @@
+// Loading pages: bytes to lines.
+#include "document/vdocpage.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "base/errors.h"
+#include "document/vcommand.h"
+#include "platform/input_file.h"
+
+namespace qor {
+namespace {
+
+constexpr char kTab = 9;
+constexpr char kLineFeed = 10;
+constexpr char kFormFeed = 12;
+constexpr char kCarriageReturn = 13;
+constexpr char kEndOfFile = 26;
+
+// While a line holds this, line ends belong to it: the text of such an item spans lines.
+constexpr std::string_view kMemoMark = "text memo";
+
+std::string readBytes(const InputFile& file, std::uint64_t offset, std::uint64_t length) {
+  const std::uint64_t size = file.size();
+  const std::uint64_t there = offset < size ? std::min(length, size - offset) : 0;
+  std::string bytes(there, '\0');
+  bytes.resize(file.readAt(offset, bytes.data(), bytes.size()));
+  return bytes;
+}
+
+bool isLineByte(char c, bool keepTabs) {
+  const bool special = c == kCarriageReturn || c == kFormFeed || c == kEndOfFile || c == kTab;
+  return !special || (c == kTab && keepTabs);
+}
+
+// Cuts the bytes of a page into lines.
+class LineSplitter {
+ public:
+  LineSplitter(VDocPage& page, std::string_view bytes, bool keepTabs)
+      : page_(page), bytes_(bytes), keepTabs_(keepTabs) {}
+
+  void run() {
+    while (place_ < bytes_.size() && bytes_[place_] != kEndOfFile) {
+      takeLineBytes();
+      if (place_ < bytes_.size() && bytes_[place_] != kEndOfFile) takeSpecialByte();
+    }
+    if (!line_.empty()) addLine();
+  }
+
+ private:
+  void takeLineBytes() {
+    const auto* start = bytes_.begin() + static_cast<std::ptrdiff_t>(place_);
+    const auto* end = std::find_if_not(start, bytes_.end(),
+                                       [this](char c) { return isLineByte(c, keepTabs_); });
+    line_.append(start, end);
+    place_ = static_cast<std::size_t>(end - bytes_.begin());
+  }
+
+  void takeSpecialByte() {
+    const char c = bytes_[place_++];
+    if (c == kTab || lineHoldsMemo()) return;
+    addLine();
+    if (place_ < bytes_.size() && bytes_[place_] == kLineFeed) {
+      ++place_;
+    } else {
+      pendingOverprint_ = true;
+    }
+    if (c == kFormFeed) pendingFormFeed_ = true;
+  }
+
+  // Looks only at what was added since the last time.
+  bool lineHoldsMemo() {
+    if (!memo_) {
+      memo_ = line_.find(kMemoMark, searched_) != std::string::npos;
+      searched_ = line_.size() - std::min(line_.size(), kMemoMark.size() - 1);
+    }
+    return memo_;
+  }
+
+  void addLine() {
+    VDocStr& line = page_.AddLine(line_);
+    if (std::exchange(pendingFormFeed_, false)) line.AfterFormFeed = true;
+    if (std::exchange(pendingOverprint_, false)) {
+      line.Overprint = 1;
+      line.LineFeeds = 0;
+    }
+    line_.clear();
+    searched_ = 0;
+  }
+
+  VDocPage& page_;
+  std::string_view bytes_;
+  bool keepTabs_;
+  std::size_t place_ = 0;
+  std::string line_;
+  std::size_t searched_ = 0;
+  bool memo_ = false;
+  bool pendingOverprint_ = false;
+  bool pendingFormFeed_ = false;
+};
+
+}  // namespace
+
+VDocPage::VDocPage(std::int32_t number, VSet* settings) : Settings(settings), Number(number) {}
+
+VDocPage::~VDocPage() { ReleaseLines(); }
+
+void VDocPage::ReadLines(const InputFile& file, int mode) {
+  ReleaseLines();
+  Commands = std::make_unique<VCommand>(*Settings);
+  try {
+    LineSplitter(*this, readBytes(file, Offset, Length), mode == kKeepTabs).run();
+  } catch (const FileError&) {
+    throw std::string("Error: can't read data from document file: ");
+  }
+}
+
+VDocStr& VDocPage::AddLine(std::string_view text) {
+  VDocStr*& link = LastLine == nullptr ? FirstLine : LastLine->Next;
+  link = LastLine = new VDocStr(text, *Commands);
+  return *LastLine;
+}
+
+void VDocPage::ReleaseLines() {
+  deleteChain<&VDocStr::Next>(FirstLine);
+  LastLine = nullptr;
+  Commands.reset();
+}
+
+}  // namespace qor

@@ -1,0 +1,51 @@
+// One page of the document: where it stands in the file and, while it is in use, its lines.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "base/chain.h"
+#include "document/vdocstr.h"
+
+namespace qor {
+
+class InputFile;
+class VCommand;
+class VSet;
+
+// How a page is read: with `kKeepTabs` tabulators stay in the text, with any other they are dropped.
+inline constexpr int kKeepTabs = 8;
+
+class VDocPage {
+ public:
+  VDocPage(std::int32_t number, VSet* settings);
+  ~VDocPage();
+  VDocPage(const VDocPage&) = delete;
+  VDocPage& operator=(const VDocPage&) = delete;
+
+  // Reads the page's bytes and builds its lines. Throws the text "Error: can't read data from
+  // document file: " as a std::string where they can't be read.
+  void ReadLines(const InputFile& file, int mode);
+
+  // Builds one line and appends it.
+  VDocStr& AddLine(std::string_view text);
+
+  // Drops the lines; the place in the file stays.
+  void ReleaseLines();
+
+  ChainView<&VDocStr::Next, VDocStr> lines() const {
+    return ChainView<&VDocStr::Next, VDocStr>(FirstLine);
+  }
+
+  VDocStr* FirstLine = nullptr;       // owned
+  VDocStr* LastLine = nullptr;
+  VSet* Settings;                     // the document's
+  std::unique_ptr<VCommand> Commands;  // exists while the page is loaded
+  std::uint64_t Offset = 0;
+  std::uint64_t Length = 0;
+  std::int32_t Number;                // 1 for the first page
+  bool Selected = true;               // in the print range
+};
+
+}  // namespace qor

@@ -1,0 +1,74 @@
+// From the extension of a target to its exporter.
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "base/app_options.h"
+#include "base/path.h"
+#include "document/vdoc.h"
+#include "export/exporters.h"
+#include "platform/messages.h"
+
+namespace qor {
+namespace {
+
+using Exporter = void (*)(VDoc&, ExportOptions&);
+
+void exportNothing(VDoc&, ExportOptions& options) {
+  showWarning(options.TargetName + ": this version can't write such files");
+}
+
+template <ImageFormat Format>
+void exportImage(VDoc& doc, ExportOptions& options) {
+  if (doc.PageCount == 0) showWarning(options.TargetName + ": the report has no pages");
+  options.ImageFormats.set(Format);
+  ExportFileList files;
+  ExportImages(doc, options, files);
+}
+
+struct ExtensionRow {
+  std::string_view extension;
+  Exporter run;
+};
+
+constexpr std::array<ExtensionRow, 13> kExporters = {{
+    {".txt", [](VDoc& doc, ExportOptions& options) { ExportText(doc, options); }},
+    {".html", [](VDoc& doc, ExportOptions& options) { ExportHtml(doc, options); }},
+    {".rtf", exportNothing},
+    {".doc", exportNothing},
+    {".pdf", exportNothing},
+    {".bmp", exportImage<kImageBmp>},
+    {".jpeg", exportImage<kImageJpeg>},
+    {".gif", exportImage<kImageGif>},
+    {".ico", exportImage<kImageIco>},
+    {".png", exportImage<kImagePng>},
+    {".xls", exportNothing},
+    {".xlsx", exportNothing},
+    {".csv", exportNothing},
+}};
+
+// What the command line has no words for.
+ExportOptions commandLineOptions() {
+  ExportOptions options;
+  options.TargetName = AppOptions.ExportTarget;
+  options.UseNewPageChar = true;
+  options.UseEofChar = true;
+  options.SaveHtmlPictures = true;
+  options.SaveDocPictures = true;
+  options.PagePerSheet = true;
+  return options;
+}
+
+}  // namespace
+
+void ExportByExtension(VDoc& doc) {
+  const std::string_view extension = extensionOf(AppOptions.ExportTarget);
+  const auto found =
+      std::find_if(kExporters.begin(), kExporters.end(),
+                   [extension](const ExtensionRow& row) { return row.extension == extension; });
+  if (found == kExporters.end()) return;
+  ExportOptions options = commandLineOptions();
+  found->run(doc, options);
+}
+
+}  // namespace qor

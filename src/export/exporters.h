@@ -1,0 +1,37 @@
+// The exporters. Each walks the document page by page and keeps one page at a time. Throws what
+// reading pages throws, and FileError where the target can't be written; the target is then as it
+// was.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "export/export_options.h"
+
+namespace qor {
+
+class Canvas;
+class VDoc;
+class VDocPage;
+class VDocStr;
+
+// One line for each line of the report, ended by CR LF, in the document's bytes.
+void ExportText(VDoc& doc, const ExportOptions& options);
+void LineToText(const VDocStr& line, std::string& text);
+
+// The same inside a page of HTML, with colours, bold and pictures.
+void ExportHtml(VDoc& doc, const ExportOptions& options);
+void LineToHtml(const VDocStr& line, bool savePictures, std::string& html);
+
+// One picture of each page in each chosen format, 96 dots per inch. Appends the names to `files`
+// and returns kExportFiles.
+int ExportImages(VDoc& doc, const ExportOptions& options, ExportFileList& files);
+
+// Draws the page at 100 percent; the document's VSetScr must hold its sheet.
+void RenderPageToImage(VDocPage& page, Canvas& canvas);
+
+// Runs the exporter that the extension of AppOptions.ExportTarget names; any other extension
+// exports nothing.
+void ExportByExtension(VDoc& doc);
+
+}  // namespace qor

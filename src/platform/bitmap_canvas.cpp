@@ -1,0 +1,56 @@
+// Bitmaps as Cairo image surfaces.
+#include "platform/bitmap_canvas.h"
+
+#include <string>
+
+#include "base/errors.h"
+#include "platform/cairo_canvas.h"
+
+namespace qor {
+namespace {
+
+cairo_surface_t* createSurface(int width, int height) {
+  const bool empty = width <= 0 || height <= 0;
+  if (empty || width > kMaxPictureSide || height > kMaxPictureSide ||
+      std::int64_t{width} * height > kMaxPicturePixels) {
+    throw FileError("a picture can't have " + std::to_string(width) + " by " +
+                    std::to_string(height) + " dots");
+  }
+  return cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height);
+}
+
+}  // namespace
+
+struct BitmapCanvas::Parts {
+  Parts(int width, int height, int dpi)
+      : surface(createSurface(width, height)),
+        canvas(surface.get(), {width, height}, {dpi, dpi}, DotGrid::visible) {}
+
+  CairoOwned<cairo_surface_t> surface;
+  CairoCanvas canvas;
+};
+
+BitmapCanvas::BitmapCanvas(int width, int height, int dpi)
+    : parts_(std::make_unique<Parts>(width, height, dpi)) {
+  clear();
+}
+
+BitmapCanvas::~BitmapCanvas() = default;
+
+Canvas& BitmapCanvas::canvas() { return parts_->canvas; }
+
+void BitmapCanvas::clear() {
+  const CairoOwned<cairo_t> context(cairo_create(parts_->surface.get()));
+  cairo_set_source_rgb(context.get(), 1, 1, 1);
+  cairo_paint(context.get());
+}
+
+PixelView BitmapCanvas::pixels() {
+  cairo_surface_t* surface = parts_->surface.get();
+  cairo_surface_flush(surface);
+  return {cairo_image_surface_get_width(surface), cairo_image_surface_get_height(surface),
+          cairo_image_surface_get_stride(surface) / 4,
+          reinterpret_cast<const std::uint32_t*>(cairo_image_surface_get_data(surface))};
+}
+
+}  // namespace qor

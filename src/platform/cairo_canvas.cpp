@@ -1,0 +1,290 @@
+// Shapes and pictures by Cairo. All coordinates are brought to dots first: straight edges can then
+// be put on whole dots, and ones far off the surface be cut before Cairo's own range ends.
+#include "platform/cairo_canvas.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+#include <span>
+
+#include "base/units.h"
+#include "platform/picture.h"
+
+namespace qor {
+namespace {
+
+// Lines and edges end this far off the surface at the latest, in dots. Thicker pens are cut.
+constexpr double kBeyond = 4096;
+
+// Hatch lines are eight screen dots apart, and a dashed pen's unit is three, as on the screens that
+// these styles come from.
+constexpr double kHatchStep = 8.0 / kPictureDpi;
+constexpr double kDashUnit = 3.0 / kPictureDpi;
+
+// On and off lengths, in units.
+std::span<const double> dashesOf(PenStyle style) {
+  static constexpr std::array<double, 2> dash = {6, 2};
+  static constexpr std::array<double, 2> dot = {1, 1};
+  static constexpr std::array<double, 4> dashDot = {3, 2, 1, 2};
+  static constexpr std::array<double, 6> dashDotDot = {3, 1, 1, 1, 1, 1};
+  switch (style) {
+    case PenStyle::dash: return dash;
+    case PenStyle::dot: return dot;
+    case PenStyle::dashDot: return dashDot;
+    case PenStyle::dashDotDot: return dashDotDot;
+    default: return {};
+  }
+}
+
+double near(double dot, std::int32_t size) { return std::clamp(dot, -kBeyond, size + kBeyond); }
+
+}  // namespace
+
+CairoCanvas::CairoCanvas(cairo_surface_t* surface, Point size, Point dotsPerInch, DotGrid grid)
+    : context_(cairo_create(surface)),
+      fontOptions_(cairo_font_options_create()),
+      size_(size),
+      dotsPerInch_(dotsPerInch),
+      grid_(grid),
+      mapping_{dotsPerInch.x, dotsPerInch.y, 0, 0} {
+  const bool hinted = grid == DotGrid::visible;
+  cairo_font_options_set_antialias(fontOptions_.get(), CAIRO_ANTIALIAS_GRAY);
+  cairo_font_options_set_hint_metrics(fontOptions_.get(), CAIRO_HINT_METRICS_OFF);
+  cairo_font_options_set_hint_style(fontOptions_.get(),
+                                    hinted ? CAIRO_HINT_STYLE_SLIGHT : CAIRO_HINT_STYLE_NONE);
+  cairo_set_font_options(context_.get(), fontOptions_.get());
+}
+
+CairoCanvas::~CairoCanvas() = default;
+
+void CairoCanvas::setMapping(const Mapping& mapping) { mapping_ = mapping; }
+
+void CairoCanvas::setClip(const Rect& dots) {
+  clearClip();
+  cairo_rectangle(context_.get(), dots.left, dots.top, static_cast<double>(dots.width()),
+                  static_cast<double>(dots.height()));
+  cairo_clip(context_.get());
+}
+
+void CairoCanvas::clearClip() { cairo_reset_clip(context_.get()); }
+
+CairoCanvas::Dots CairoCanvas::dots(double x, double y) const {
+  return {x * mapping_.dpiX / kTwipsPerInch + mapping_.originX,
+          y * mapping_.dpiY / kTwipsPerInch + mapping_.originY};
+}
+
+CairoCanvas::DotBox CairoCanvas::box(const Rect& rect) const {
+  const Dots first = dots(rect.left, rect.top);
+  const Dots last = dots(rect.right, rect.bottom);
+  const double x1 = near(first.x, size_.x);
+  const double x2 = near(last.x, size_.x);
+  const double y1 = near(first.y, size_.y);
+  const double y2 = near(last.y, size_.y);
+  return {std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)};
+}
+
+double CairoCanvas::penWidth() const {
+  const double width = std::min(double(pen().width) * mapping_.dpiX / kTwipsPerInch, kBeyond);
+  return grid_ == DotGrid::visible ? std::max(1.0, std::round(width)) : width;
+}
+
+// The place of a straight edge whose stroke covers whole dots.
+double CairoCanvas::onGrid(double edge) const {
+  if (grid_ == DotGrid::fine) return edge;
+  const bool odd = pen().style != PenStyle::none && std::fmod(penWidth(), 2.0) == 1.0;
+  return odd ? std::floor(edge) + 0.5 : std::round(edge);
+}
+
+CairoCanvas::DotBox CairoCanvas::edges(const Rect& rect) const {
+  const DotBox exact = box(rect);
+  return {onGrid(exact.left), onGrid(exact.top), onGrid(exact.right), onGrid(exact.bottom)};
+}
+
+void CairoCanvas::useColor(Color color) {
+  cairo_set_source_rgb(context_.get(), redOf(color) / 255.0, greenOf(color) / 255.0,
+                       blueOf(color) / 255.0);
+}
+
+void CairoCanvas::preparePen() {
+  const double width = penWidth();
+  useColor(pen().color);
+  cairo_set_line_width(context_.get(), width);
+  cairo_set_line_join(context_.get(), CAIRO_LINE_JOIN_MITER);
+  const std::span<const double> dashes = dashesOf(pen().style);
+  std::array<double, 6> lengths{};
+  const double unit = std::max(width, kDashUnit * mapping_.dpiX);
+  std::transform(dashes.begin(), dashes.end(), lengths.begin(),
+                 [unit](double length) { return length * unit; });
+  cairo_set_dash(context_.get(), lengths.data(), static_cast<int>(dashes.size()), 0);
+}
+
+void CairoCanvas::strokePath() {
+  if (pen().style == PenStyle::none) {
+    cairo_new_path(context_.get());
+    return;
+  }
+  preparePen();
+  cairo_stroke(context_.get());
+}
+
+// Fills what the current path encloses and keeps the path.
+void CairoCanvas::fillPath() {
+  const BrushStyle style = brush().style;
+  if (style == BrushStyle::none) return;
+  if (style == BrushStyle::solid) {
+    useColor(brush().color);
+    cairo_fill_preserve(context_.get());
+    return;
+  }
+  const auto is = [style](auto... styles) { return ((style == styles) || ...); };
+  DotBox area;
+  cairo_fill_extents(context_.get(), &area.left, &area.top, &area.right, &area.bottom);
+  cairo_path_t* outline = cairo_copy_path(context_.get());
+  cairo_save(context_.get());
+  cairo_clip(context_.get());
+  hatch(area, is(BrushStyle::forwardDiagonal, BrushStyle::diagonalCross),
+        is(BrushStyle::backwardDiagonal, BrushStyle::diagonalCross),
+        is(BrushStyle::horizontal, BrushStyle::cross), is(BrushStyle::vertical, BrushStyle::cross));
+  cairo_restore(context_.get());
+  cairo_append_path(context_.get(), outline);
+  cairo_path_destroy(outline);
+}
+
+// Lines over the visible part of the area. They hang on the page's corner and not on the shape's,
+// so that hatches of neighbours join.
+void CairoCanvas::hatch(const DotBox& area, bool falling, bool rising, bool level, bool upright) {
+  const double left = std::max(area.left, 0.0);
+  const double top = std::max(area.top, 0.0);
+  const double right = std::min(area.right, double(size_.x));
+  const double bottom = std::min(area.bottom, double(size_.y));
+  if (left >= right || top >= bottom) return;
+  const double step = std::max(2.0, std::round(kHatchStep * mapping_.dpiX));
+  const auto firstLine = [step](double from) { return std::floor(from / step) * step + 0.5; };
+  const auto line = [this](double x1, double y1, double x2, double y2) {
+    cairo_move_to(context_.get(), x1, y1);
+    cairo_line_to(context_.get(), x2, y2);
+  };
+  const double height = bottom - top;
+  for (double y = firstLine(top); level && y < bottom; y += step) line(left, y, right, y);
+  for (double x = firstLine(left); upright && x < right; x += step) line(x, top, x, bottom);
+  for (double x = firstLine(left - bottom); rising && x < right + bottom; x += step) {
+    if (x >= left - height) line(x + bottom, 0, x, bottom);
+  }
+  for (double x = firstLine(left - bottom); falling && x < right; x += step) {
+    line(x, 0, x + bottom, bottom);
+  }
+  useColor(brush().color);
+  cairo_set_dash(context_.get(), nullptr, 0, 0);
+  cairo_set_line_width(context_.get(), std::max(1.0, std::round(mapping_.dpiX / double(kPictureDpi))));
+  cairo_stroke(context_.get());
+}
+
+void CairoCanvas::paintPath() {
+  fillPath();
+  strokePath();
+}
+
+void CairoCanvas::rectangle(const Rect& rect) {
+  const DotBox place = edges(rect);
+  cairo_rectangle(context_.get(), place.left, place.top, place.width(), place.height());
+  paintPath();
+}
+
+void CairoCanvas::roundRect(const Rect& rect, std::int32_t width, std::int32_t height) {
+  const DotBox place = edges(rect);
+  const Dots corner = {width * double(mapping_.dpiX) / kTwipsPerInch / 2,
+                       height * double(mapping_.dpiY) / kTwipsPerInch / 2};
+  const double rx = std::clamp(corner.x, 0.0, place.width() / 2);
+  const double ry = std::clamp(corner.y, 0.0, place.height() / 2);
+  if (rx <= 0 || ry <= 0) return rectangle(rect);
+  const auto quarter = [&](double x, double y, double from) {
+    cairo_save(context_.get());
+    cairo_translate(context_.get(), x, y);
+    cairo_scale(context_.get(), rx, ry);
+    cairo_arc(context_.get(), 0, 0, 1, from, from + std::numbers::pi / 2);
+    cairo_restore(context_.get());
+  };
+  cairo_new_sub_path(context_.get());
+  quarter(place.right - rx, place.top + ry, -std::numbers::pi / 2);
+  quarter(place.right - rx, place.bottom - ry, 0);
+  quarter(place.left + rx, place.bottom - ry, std::numbers::pi / 2);
+  quarter(place.left + rx, place.top + ry, std::numbers::pi);
+  cairo_close_path(context_.get());
+  paintPath();
+}
+
+void CairoCanvas::ellipse(const Rect& rect) {
+  const DotBox place = box(rect);
+  if (place.width() <= 0 || place.height() <= 0) return;
+  cairo_save(context_.get());
+  cairo_translate(context_.get(), (place.left + place.right) / 2, (place.top + place.bottom) / 2);
+  cairo_scale(context_.get(), place.width() / 2, place.height() / 2);
+  cairo_new_sub_path(context_.get());
+  cairo_arc(context_.get(), 0, 0, 1, 0, 2 * std::numbers::pi);
+  cairo_restore(context_.get());
+  cairo_close_path(context_.get());
+  paintPath();
+}
+
+void CairoCanvas::paintLine(Point start, Point end) {
+  Dots from = dots(start.x, start.y);
+  Dots to = dots(end.x, end.y);
+  const bool upright = start.x == end.x;
+  const bool level = start.y == end.y;
+  // Cuts the line to the columns and rows around the surface, on the line itself.
+  const auto cut = [](double& a, double& otherA, double b, double otherB, double limit) {
+    otherA += (otherB - otherA) * (limit - a) / (b - a);
+    a = limit;
+  };
+  const auto cutEnds = [&cut](double& a, double& otherA, double& b, double& otherB,
+                              std::int32_t size) {
+    for (const double limit : {-kBeyond, size + kBeyond}) {
+      const bool low = limit < 0;
+      if (low ? a < limit && b > limit : a > limit && b < limit) cut(a, otherA, b, otherB, limit);
+      if (low ? b < limit && a > limit : b > limit && a < limit) cut(b, otherB, a, otherA, limit);
+    }
+  };
+  cutEnds(from.x, from.y, to.x, to.y, size_.x);
+  cutEnds(from.y, from.x, to.y, to.x, size_.y);
+  if (near(from.x, size_.x) != from.x || near(from.y, size_.y) != from.y) return;
+  if (near(to.x, size_.x) != to.x || near(to.y, size_.y) != to.y) return;
+  if (upright) from.x = to.x = onGrid(from.x);
+  if (level) from.y = to.y = onGrid(from.y);
+  cairo_move_to(context_.get(), from.x, from.y);
+  cairo_line_to(context_.get(), to.x, to.y);
+  const bool straight = upright || level;
+  cairo_set_line_cap(context_.get(), straight ? CAIRO_LINE_CAP_BUTT : CAIRO_LINE_CAP_ROUND);
+  strokePath();
+  cairo_set_line_cap(context_.get(), CAIRO_LINE_CAP_BUTT);
+}
+
+void CairoCanvas::drawPicture(const Picture& picture, const Rect& rect) {
+  if (rect.width() <= 0 || rect.height() <= 0 || picture.pixels.empty()) return;
+  const Dots corner = dots(rect.left, rect.top);
+  const Dots end = dots(rect.right, rect.bottom);
+  double scaleX = (end.x - corner.x) / picture.width;
+  double scaleY = (end.y - corner.y) / picture.height;
+  const bool asItIs = std::abs(scaleX - 1) < 0.5 / picture.width + 1e-9 &&
+                      std::abs(scaleY - 1) < 0.5 / picture.height + 1e-9;
+  const bool exact = asItIs && grid_ == DotGrid::visible;
+  if (exact) scaleX = scaleY = 1;
+  // Cairo only reads the pixels of a source.
+  auto* pixels = reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(picture.pixels.data()));
+  const CairoOwned<cairo_surface_t> source(cairo_image_surface_create_for_data(
+      pixels, CAIRO_FORMAT_ARGB32, picture.width, picture.height, picture.width * 4));
+  cairo_t* context = context_.get();
+  cairo_save(context);
+  cairo_translate(context, exact ? std::round(corner.x) : corner.x,
+                  exact ? std::round(corner.y) : corner.y);
+  cairo_scale(context, scaleX, scaleY);
+  cairo_rectangle(context, 0, 0, picture.width, picture.height);
+  cairo_clip(context);
+  cairo_set_source_surface(context, source.get(), 0, 0);
+  cairo_pattern_set_filter(cairo_get_source(context), exact ? CAIRO_FILTER_NEAREST : CAIRO_FILTER_GOOD);
+  cairo_pattern_set_extend(cairo_get_source(context), CAIRO_EXTEND_PAD);
+  cairo_paint(context);
+  cairo_restore(context);
+}
+
+}  // namespace qor

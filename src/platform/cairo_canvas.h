@@ -1,0 +1,94 @@
+// Drawing by Cairo, for the files of platform/ that make canvases on its surfaces.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <vector>
+
+#include <cairo.h>
+
+#include "platform/canvas.h"
+
+namespace qor {
+
+struct CairoDeleter {
+  void operator()(cairo_t* context) const { cairo_destroy(context); }
+  void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
+  void operator()(cairo_font_face_t* face) const { cairo_font_face_destroy(face); }
+  void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
+};
+template <class T>
+using CairoOwned = std::unique_ptr<T, CairoDeleter>;
+
+// What the dots of the surface are like.
+enum class DotGrid {
+  visible,  // a bitmap: straight edges lie on whole dots, glyphs are hinted vertically
+  fine      // paper: nothing is moved
+};
+
+class CairoCanvas : public Canvas {
+ public:
+  // The surface's size and resolution are in dots.
+  CairoCanvas(cairo_surface_t* surface, Point size, Point dotsPerInch, DotGrid grid);
+  ~CairoCanvas() override;
+
+  Point dotsPerInch() const override { return dotsPerInch_; }
+  void setMapping(const Mapping& mapping) override;
+  void setClip(const Rect& dots) override;
+  void clearClip() override;
+
+  void rectangle(const Rect& rect) override;
+  void roundRect(const Rect& rect, std::int32_t width, std::int32_t height) override;
+  void ellipse(const Rect& rect) override;
+  void drawPicture(const Picture& picture, const Rect& rect) override;
+
+ protected:
+  void paintLine(Point start, Point end) override;
+  void paintText(const TextRun& run) override;
+  void clipText(const Rect& rect) override;
+  void unclipText() override;
+
+ private:
+  struct Dots {
+    double x = 0;
+    double y = 0;
+  };
+  struct DotBox {
+    double left = 0;
+    double top = 0;
+    double right = 0;
+    double bottom = 0;
+
+    double width() const { return right - left; }
+    double height() const { return bottom - top; }
+  };
+
+  Dots dots(double x, double y) const;
+  DotBox box(const Rect& rect) const;
+  DotBox edges(const Rect& rect) const;
+  double penWidth() const;
+  double onGrid(double edge) const;
+
+  void useColor(Color color);
+  void preparePen();
+  void strokePath();
+  void fillPath();
+  void hatch(const DotBox& area, bool falling, bool rising, bool level, bool upright);
+  void paintPath();
+
+  bool isVisible(const TextRun& run) const;
+  void useFace(const FontFace& face, const TextRun& run);
+  void showGlyphs(const TextRun& run, Dots direction);
+  void paintStroke(const TextRun& run, const TextStroke& stroke);
+
+  CairoOwned<cairo_t> context_;
+  CairoOwned<cairo_font_options_t> fontOptions_;
+  std::map<const FontFace*, CairoOwned<cairo_font_face_t>> faces_;
+  std::vector<cairo_glyph_t> glyphs_;
+  Point size_;
+  Point dotsPerInch_;
+  DotGrid grid_;
+  Mapping mapping_;
+};
+
+}  // namespace qor

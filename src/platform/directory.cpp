@@ -1,0 +1,56 @@
+// Directories, on POSIX.
+#include "platform/directory.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace qor {
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string closed(std::string directory) {
+  if (!directory.empty() && directory.back() != '/') directory += '/';
+  return directory;
+}
+
+}  // namespace
+
+std::string currentDirectory() {
+  std::error_code error;
+  return closed(fs::current_path(error).string());
+}
+
+std::string programDirectory() {
+  std::error_code error;
+  return closed(fs::read_symlink("/proc/self/exe", error).parent_path().string());
+}
+
+void enterDirectory(const std::string& directory) {
+  std::error_code error;
+  fs::current_path(directory, error);
+}
+
+void deleteFile(const std::string& path) {
+  std::error_code error;
+  const auto kind = fs::symlink_status(path, error).type();
+  if (kind == fs::file_type::regular || kind == fs::file_type::symlink) fs::remove(path, error);
+}
+
+std::vector<std::string> filesStartingWith(const std::string& directory, std::string_view prefix) {
+  std::vector<std::string> found;
+  std::error_code error;
+  const fs::path place = directory.empty() ? fs::path(".") : fs::path(directory);
+  for (fs::directory_iterator entry(place, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    std::error_code ignored;
+    if (name.starts_with(prefix) && name.find('.', prefix.size()) != std::string::npos &&
+        entry->is_regular_file(ignored)) {
+      found.push_back(directory + name);
+    }
+  }
+  return found;
+}
+
+}  // namespace qor

@@ -1,0 +1,26 @@
+// Directories and whole files: where the program stands, and deleting.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qor {
+
+// The directory of the start, with a closing "/"; empty where the system doesn't tell.
+std::string currentDirectory();
+
+// The directory of the program's file, with a closing "/".
+std::string programDirectory();
+
+// Makes it the current directory; one that can't be entered changes nothing.
+void enterDirectory(const std::string& directory);
+
+// Deletes a regular file; one that is not there is no failure.
+void deleteFile(const std::string& path);
+
+// Full names of the regular files in `directory` (empty: the current one) whose names start with
+// `prefix` and hold a point behind it.
+std::vector<std::string> filesStartingWith(const std::string& directory, std::string_view prefix);
+
+}  // namespace qor

@@ -1,0 +1,125 @@
+// Choosing font files, by fontconfig.
+#include "platform/font_catalogue.h"
+
+#include <algorithm>
+#include <map>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include <fontconfig/fontconfig.h>
+
+#include "base/errors.h"
+
+namespace qor {
+namespace {
+
+struct PatternDeleter {
+  void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+};
+struct FontSetDeleter {
+  void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
+};
+using Pattern = std::unique_ptr<FcPattern, PatternDeleter>;
+using FontSet = std::unique_ptr<FcFontSet, FontSetDeleter>;
+
+// Windows weights from here on are bold.
+constexpr int kBoldFrom = 600;
+
+// Bitmap fonts of Windows that reports ask for, and outlines of the same look.
+constexpr std::pair<std::string_view, const char*> kStandIns[] = {
+    {"MS Sans Serif", "Arial"},   {"MS Serif", "Times New Roman"}, {"System", "Arial"},
+    {"Courier", "Courier New"},   {"Fixedsys", "Courier New"},     {"Terminal", "Courier New"},
+    {"Helv", "Arial"},            {"Tms Rmn", "Times New Roman"}};
+
+const FcChar8* text(const char* value) { return reinterpret_cast<const FcChar8*>(value); }
+
+Pattern patternOf(const FaceRequest& request) {
+  Pattern pattern(FcPatternCreate());
+  FcPatternAddString(pattern.get(), FC_FAMILY, text(request.family.c_str()));
+  for (const auto& [name, standIn] : kStandIns) {
+    if (request.family == name) FcPatternAddString(pattern.get(), FC_FAMILY, text(standIn));
+  }
+  const int weight = request.weight <= 0 ? 400 : std::min(request.weight, 1000);
+  FcPatternAddInteger(pattern.get(), FC_WEIGHT, FcWeightFromOpenType(weight));
+  FcPatternAddInteger(pattern.get(), FC_SLANT, request.italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
+  FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
+  FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
+  FcDefaultSubstitute(pattern.get());
+  return pattern;
+}
+
+int integerOf(FcPattern* pattern, const char* object, int otherwise) {
+  int value = otherwise;
+  FcPatternGetInteger(pattern, object, 0, &value);
+  return value;
+}
+
+// Faces are opened once for the process.
+std::shared_ptr<const FontFace> openFace(FcPattern* found, const FaceRequest& request) {
+  FcChar8* file = nullptr;
+  if (FcPatternGetString(found, FC_FILE, 0, &file) != FcResultMatch) return nullptr;
+  FaceStyle style;
+  style.syntheticBold = request.weight >= kBoldFrom &&
+                        integerOf(found, FC_WEIGHT, FC_WEIGHT_REGULAR) < FC_WEIGHT_DEMIBOLD;
+  style.syntheticSlant = request.italic && integerOf(found, FC_SLANT, FC_SLANT_ROMAN) == FC_SLANT_ROMAN;
+
+  using Key = std::tuple<std::string, int, bool, bool>;
+  static std::map<Key, std::shared_ptr<const FontFace>> open;
+  const std::string name = reinterpret_cast<const char*>(file);
+  const int index = integerOf(found, FC_INDEX, 0);
+  auto& face = open[{name, index, style.syntheticBold, style.syntheticSlant}];
+  if (!face) face = std::make_shared<const FontFace>(name, index, style);
+  return face;
+}
+
+// Every font of the system, the likest first.
+class FallbackList {
+ public:
+  explicit FallbackList(const FaceRequest& request) : request_(request) {
+    const Pattern pattern = patternOf(request);
+    FcResult result = FcResultNoMatch;
+    fonts_.reset(FcFontSort(nullptr, pattern.get(), FcTrue, nullptr, &result));
+  }
+
+  const FaceRequest& request() const { return request_; }
+
+  std::shared_ptr<const FontFace> find(char32_t character) const {
+    for (int i = 0; fonts_ && i < fonts_->nfont; ++i) {
+      FcCharSet* characters = nullptr;
+      FcPattern* font = fonts_->fonts[i];
+      if (FcPatternGetCharSet(font, FC_CHARSET, 0, &characters) != FcResultMatch) continue;
+      if (FcCharSetHasChar(characters, character) != FcFalse) return openFace(font, request_);
+    }
+    return nullptr;
+  }
+
+ private:
+  FaceRequest request_;
+  FontSet fonts_;
+};
+
+}  // namespace
+
+std::shared_ptr<const FontFace> matchFace(const FaceRequest& request) {
+  const Pattern pattern = patternOf(request);
+  FcResult result = FcResultNoMatch;
+  const Pattern found(FcFontMatch(nullptr, pattern.get(), &result));
+  auto face = found ? openFace(found.get(), request) : nullptr;
+  if (!face) throw FileError("no font is installed");
+  return face;
+}
+
+std::shared_ptr<const FontFace> fallbackFace(const FaceRequest& request, char32_t character) {
+  static std::vector<FallbackList> lists;
+  const auto list = std::find_if(lists.begin(), lists.end(), [&](const FallbackList& candidate) {
+    return candidate.request() == request;
+  });
+  if (list != lists.end()) return list->find(character);
+  constexpr std::size_t kMaxLists = 16;
+  if (lists.size() == kMaxLists) lists.erase(lists.begin());
+  return lists.emplace_back(request).find(character);
+}
+
+}  // namespace qor

@@ -1,0 +1,232 @@
+// GIF by giflib.
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include <gif_lib.h>
+
+#include "base/errors.h"
+#include "platform/byte_sink.h"
+#include "platform/picture_codecs.h"
+
+namespace qor {
+namespace {
+
+constexpr int kMaxGifSide = 65535;
+constexpr std::size_t kMaxColours = 256;
+constexpr int kColourBits = 8;
+
+struct Closer {
+  void operator()(GifFileType* gif) const { DGifCloseFile(gif, nullptr); }
+};
+
+int onRead(GifFileType* gif, GifByteType* to, int size) {
+  auto& rest = *static_cast<std::string_view*>(gif->UserData);
+  const std::size_t count = std::min(rest.size(), static_cast<std::size_t>(size));
+  if (count > 0) std::memcpy(to, rest.data(), count);
+  rest.remove_prefix(count);
+  return static_cast<int>(count);
+}
+
+int onWrite(GifFileType* gif, const GifByteType* bytes, int size) {
+  auto& out = *static_cast<SinkWriter*>(gif->UserData);
+  return out.write(bytes, static_cast<std::size_t>(size)) ? size : 0;
+}
+
+// Skips an extension; the number of the transparent colour is taken out of the one that has it.
+bool readExtension(GifFileType* gif, int& transparent) {
+  int code = 0;
+  GifByteType* block = nullptr;
+  if (DGifGetExtension(gif, &code, &block) == GIF_ERROR) return false;
+  while (block != nullptr) {
+    GraphicsControlBlock control{};
+    if (code == GRAPHICS_EXT_FUNC_CODE &&
+        DGifExtensionToGCB(block[0], block + 1, &control) == GIF_OK) {
+      transparent = control.TransparentColor;
+    }
+    if (DGifGetExtensionNext(gif, &block) == GIF_ERROR) return false;
+  }
+  return true;
+}
+
+// Goes to the first image.
+bool findImage(GifFileType* gif, int& transparent) {
+  GifRecordType record = UNDEFINED_RECORD_TYPE;
+  while (DGifGetRecordType(gif, &record) == GIF_OK) {
+    if (record == IMAGE_DESC_RECORD_TYPE) return DGifGetImageDesc(gif) == GIF_OK;
+    if (record != EXTENSION_RECORD_TYPE || !readExtension(gif, transparent)) return false;
+  }
+  return false;
+}
+
+// The lines in the order of the file.
+std::optional<std::vector<GifPixelType>> readLines(GifFileType* gif) {
+  const auto width = static_cast<std::size_t>(gif->Image.Width);
+  const auto height = static_cast<std::size_t>(gif->Image.Height);
+  std::vector<GifPixelType> lines;
+  lines.reserve(width * height);
+  for (std::size_t y = 0; y < height; ++y) {
+    lines.resize((y + 1) * width);
+    if (DGifGetLine(gif, &lines[y * width], gif->Image.Width) == GIF_ERROR) return std::nullopt;
+  }
+  return lines;
+}
+
+// The row of each line of the file.
+std::vector<int> lineOrder(int height, bool interlaced) {
+  struct Pass {
+    int first, step;
+  };
+  constexpr std::array<Pass, 4> kPasses{{{0, 8}, {4, 8}, {2, 4}, {1, 2}}};
+  constexpr std::array<Pass, 1> kOnePass{{{0, 1}}};
+  std::vector<int> order;
+  const auto passes = interlaced ? std::span<const Pass>(kPasses) : std::span<const Pass>(kOnePass);
+  for (const Pass& pass : passes) {
+    for (int y = pass.first; y < height; y += pass.step) order.push_back(y);
+  }
+  return order;
+}
+
+std::array<std::uint32_t, kMaxColours> readPalette(const ColorMapObject& map, int transparent) {
+  std::array<std::uint32_t, kMaxColours> palette;
+  palette.fill(0xFF000000u);
+  for (std::size_t i = 0; i < static_cast<std::size_t>(map.ColorCount); ++i) {
+    const GifColorType& colour = map.Colors[i];
+    palette[i] |= static_cast<std::uint32_t>(colour.Red << 16 | colour.Green << 8 | colour.Blue);
+  }
+  if (transparent >= 0) palette[static_cast<std::size_t>(transparent)] = 0;
+  return palette;
+}
+
+// Puts the image on its screen, which is transparent where the image isn't.
+Picture placeImage(const GifFileType& gif, std::span<const GifPixelType> lines, int screenWidth,
+                   int screenHeight, const std::array<std::uint32_t, kMaxColours>& palette) {
+  const GifImageDesc& image = gif.Image;
+  const auto stride = static_cast<std::size_t>(screenWidth);
+  Picture picture{screenWidth, screenHeight, {}};
+  picture.pixels.resize(stride * static_cast<std::size_t>(screenHeight));
+  auto line = lines.begin();
+  for (int y : lineOrder(image.Height, image.Interlace)) {
+    const std::size_t at =
+        static_cast<std::size_t>(image.Top + y) * stride + static_cast<std::size_t>(image.Left);
+    std::transform(line, line + image.Width, &picture.pixels[at],
+                   [&](GifPixelType index) { return palette[index]; });
+    line += image.Width;
+  }
+  return picture;
+}
+
+struct IndexedPicture {
+  std::vector<GifColorType> palette;
+  std::vector<GifPixelType> indices;
+};
+
+GifColorType colourOf(std::uint32_t pixel) {
+  return {static_cast<GifByteType>(pixel >> 16 & 0xFF), static_cast<GifByteType>(pixel >> 8 & 0xFF),
+          static_cast<GifByteType>(pixel & 0xFF)};
+}
+
+// Nothing if there are more colours than a palette can hold.
+std::optional<IndexedPicture> indexExactly(const PixelView& pixels) {
+  IndexedPicture picture;
+  std::unordered_map<std::uint32_t, GifPixelType> known;
+  std::uint32_t last = ~0u;
+  GifPixelType index = 0;
+  for (int y = 0; y < pixels.height; ++y) {
+    for (std::uint32_t pixel : pixels.row(y)) {
+      const std::uint32_t colour = pixel & 0xFFFFFF;
+      if (colour != last) {
+        const auto next = static_cast<GifPixelType>(picture.palette.size());
+        const auto [entry, isNew] = known.try_emplace(colour, next);
+        if (known.size() > kMaxColours) return std::nullopt;
+        if (isNew) picture.palette.push_back(colourOf(colour));
+        index = entry->second;
+        last = colour;
+      }
+      picture.indices.push_back(index);
+    }
+  }
+  return picture;
+}
+
+IndexedPicture indexNearly(const PixelView& pixels) {
+  const auto count =
+      static_cast<std::size_t>(pixels.width) * static_cast<std::size_t>(pixels.height);
+  std::vector<GifByteType> red, green, blue;
+  for (auto* plane : {&red, &green, &blue}) plane->reserve(count);
+  for (int y = 0; y < pixels.height; ++y) {
+    for (std::uint32_t pixel : pixels.row(y)) {
+      const GifColorType colour = colourOf(pixel);
+      red.push_back(colour.Red);
+      green.push_back(colour.Green);
+      blue.push_back(colour.Blue);
+    }
+  }
+  IndexedPicture picture{std::vector<GifColorType>(kMaxColours), std::vector<GifPixelType>(count)};
+  int colours = kMaxColours;
+  if (GifQuantizeBuffer(static_cast<unsigned>(pixels.width), static_cast<unsigned>(pixels.height),
+                        &colours, red.data(), green.data(), blue.data(), picture.indices.data(),
+                        picture.palette.data()) == GIF_ERROR) {
+    throw FileError("the picture can't be reduced to the colours of a GIF file");
+  }
+  return picture;
+}
+
+// The palette must have a power of two of colours.
+bool writeGif(GifFileType* gif, const PixelView& pixels, IndexedPicture& picture) {
+  const std::unique_ptr<ColorMapObject, void (*)(ColorMapObject*)> map(
+      GifMakeMapObject(static_cast<int>(picture.palette.size()), picture.palette.data()),
+      GifFreeMapObject);
+  if (!map ||
+      EGifPutScreenDesc(gif, pixels.width, pixels.height, kColourBits, 0, map.get()) == GIF_ERROR ||
+      EGifPutImageDesc(gif, 0, 0, pixels.width, pixels.height, false, nullptr) == GIF_ERROR) {
+    return false;
+  }
+  for (int y = 0; y < pixels.height; ++y) {
+    GifPixelType* line = picture.indices.data() + static_cast<std::ptrdiff_t>(y) * pixels.width;
+    if (EGifPutLine(gif, line, pixels.width) == GIF_ERROR) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+bool isGif(std::string_view file) {
+  return file.starts_with("GIF87a") || file.starts_with("GIF89a");
+}
+
+std::optional<Picture> decodeGif(std::string_view file) {
+  std::string_view rest = file;
+  const std::unique_ptr<GifFileType, Closer> gif(DGifOpen(&rest, onRead, nullptr));
+  int transparent = NO_TRANSPARENT_COLOR;
+  if (!gif || !findImage(gif.get(), transparent)) return std::nullopt;
+  const GifImageDesc& image = gif->Image;
+  // An image that goes beyond its screen makes the screen larger.
+  const int width = std::max(gif->SWidth, image.Left + image.Width);
+  const int height = std::max(gif->SHeight, image.Top + image.Height);
+  if (image.Width <= 0 || image.Height <= 0 || !fitsPicture(width, height)) return std::nullopt;
+  const ColorMapObject* map = image.ColorMap != nullptr ? image.ColorMap : gif->SColorMap;
+  const auto lines = readLines(gif.get());
+  if (map == nullptr || !lines) return std::nullopt;
+  return placeImage(*gif, *lines, width, height, readPalette(*map, transparent));
+}
+
+void encodeGif(const PixelView& pixels, ByteSink& sink) {
+  if (pixels.width > kMaxGifSide || pixels.height > kMaxGifSide) {
+    throw FileError("the picture is too large for a GIF file");
+  }
+  auto picture = indexExactly(pixels);
+  if (!picture) picture = indexNearly(pixels);
+  picture->palette.resize(std::bit_ceil(std::max<std::size_t>(picture->palette.size(), 2)));
+  SinkWriter out(sink);
+  GifFileType* gif = EGifOpen(&out, onWrite, nullptr);
+  const bool written = gif != nullptr && writeGif(gif, pixels, *picture);
+  // Closing writes the last bytes.
+  const bool closed = gif != nullptr && EGifCloseFile(gif, nullptr) == GIF_OK;
+  if (!written || !closed) out.fail("the picture can't be written as GIF");
+  out.throwIfFailed();
+}
+
+}  // namespace qor

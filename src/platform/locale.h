@@ -1,0 +1,13 @@
+// What the user's locale decides.
+#pragma once
+
+namespace qor {
+
+// The number that stands for the system's ANSI code page: QOR_ANSI_CODEPAGE where it is set to a
+// number, else by the language of the locale.
+int systemAnsiCodePage();
+
+// The decimal mark of the locale, one byte.
+char decimalSeparator();
+
+}  // namespace qor

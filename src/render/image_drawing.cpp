@@ -1,0 +1,73 @@
+// Images: the picture, or a frame with the reason why there is none.
+#include "document/vdata.h"
+#include "document/vset.h"
+#include "platform/canvas.h"
+#include "platform/picture.h"
+#include "platform/text_encoding.h"
+#include "render/image_placing.h"
+#include "render/path_ellipsis.h"
+
+namespace qor {
+namespace {
+
+constexpr std::int32_t kFrameShape = 2;
+constexpr std::int32_t kErrorTextHeight = 300;  // twips, of the cell
+
+LogFont errorFont() {
+  LogFont font;
+  font.Height = kErrorTextHeight;
+  font.setFaceName("Times New Roman");
+  return font;
+}
+
+}  // namespace
+
+void VData_Image::drawErrorText(Canvas& canvas) {
+  const Rect rect = {Left, Top, Right, Bottom};
+  const Pen before = canvas.pen();
+  canvas.setPen({PenStyle::solid, 1, kBlack});
+  canvas.rectangle(rect);
+  canvas.setPen(before);
+  canvas.setTextColor(kBlack);
+  canvas.setCharacterExtra(0);
+  canvas.setFont(errorFont());
+  const std::u32string text = codePointsFromCodePage(ErrorText, Settings->Page.BaseCodePage);
+  const std::u32string shown =
+      withPathEllipsis(text, static_cast<double>(rect.width()),
+                       [&canvas](std::u32string_view part) { return canvas.textLength(part); });
+  canvas.drawText(shown, rect, Align::centre, Align::centre);
+}
+
+// Draws the picture by the stretch mode; false where there is only an error text to show.
+bool VData_Image::drawPicture(Canvas& canvas) {
+  Load();
+  if (!Bitmap) {
+    drawErrorText(canvas);
+    return false;
+  }
+  const auto place = placeImage(ImageStretch, {Left, Top, Right, Bottom}, Bitmap->width,
+                                Bitmap->height);
+  if (!place) return true;
+  if (ImageStretch == kNatural) {
+    Right = place->right;
+    Bottom = place->bottom;
+  }
+  canvas.drawPicture(*Bitmap, *place);
+  return true;
+}
+
+void VData_Image::Draw(Canvas& canvas) {
+  const bool onPageOnly = ImageStretch == kTwipPerPixel;
+  Load();
+  if (Bitmap && onPageOnly) {
+    if (ShapeType == kFrameShape) VData_Shape::Draw(canvas);
+    return;
+  }
+  if (drawPicture(canvas) && ShapeType == kFrameShape) VData_Shape::Draw(canvas);
+}
+
+void VData_Image::DrawOnPage(Canvas& canvas) {
+  if (drawPicture(canvas) && ShapeType == kFrameShape) VData_Shape::DrawOnPage(canvas);
+}
+
+}  // namespace qor

@@ -1,0 +1,62 @@
+// Lines, rectangles and ellipses.
+#include <array>
+
+#include "document/vdata.h"
+#include "platform/canvas.h"
+#include "render/shape_picture.h"
+
+namespace qor {
+namespace {
+
+constexpr std::int32_t kUsualLineWidth = 15;
+
+enum ShapeKind { kLine = 1, kRectangle, kRoundRectangle, kEllipse, kPictureRectangle };
+
+constexpr std::array<PenStyle, 6> kPenStyles = {PenStyle::none, PenStyle::solid,
+                                                PenStyle::dash, PenStyle::dot,
+                                                PenStyle::dashDot, PenStyle::dashDotDot};
+
+constexpr std::array<BrushStyle, 8> kBrushStyles = {
+    BrushStyle::none,          BrushStyle::solid,
+    BrushStyle::backwardDiagonal, BrushStyle::cross,
+    BrushStyle::diagonalCross, BrushStyle::forwardDiagonal,
+    BrushStyle::horizontal,    BrushStyle::vertical};
+
+PenStyle penStyleOf(std::int32_t type) {
+  const auto place = static_cast<std::size_t>(type);
+  return place < kPenStyles.size() ? kPenStyles[place] : PenStyle::solid;
+}
+
+// A brush type that doesn't exist leaves the brush that is there.
+Brush brushOf(std::int32_t type, Color color, const Brush& current) {
+  const auto place = static_cast<std::size_t>(type);
+  return place < kBrushStyles.size() ? Brush{kBrushStyles[place], color} : current;
+}
+
+}  // namespace
+
+void VData_Shape::drawOutline(Canvas& canvas) const {
+  canvas.setPen({penStyleOf(PenType), LineWidth < 1 ? kUsualLineWidth : LineWidth, PenColor});
+  canvas.setBrush(brushOf(BrushType, BrushColor, canvas.brush()));
+  const Rect rect = {Left, Top, Right, Bottom};
+  switch (ShapeType) {
+    case kLine:
+      canvas.moveTo({Left, Top});
+      canvas.lineTo({Right, Bottom});
+      break;
+    case kRectangle:
+    case kPictureRectangle: canvas.rectangle(rect); break;
+    case kRoundRectangle: canvas.roundRect(rect, RoundWidth, RoundHeight); break;
+    case kEllipse: canvas.ellipse(rect); break;
+    default: break;
+  }
+}
+
+void VData_Shape::Draw(Canvas& canvas) { drawOutline(canvas); }
+
+void VData_Shape::DrawOnPage(Canvas& canvas) {
+  drawOutline(canvas);
+  if (ShapeType == kPictureRectangle) saveShapePicture(*this, canvas.dotsPerInch().x);
+}
+
+}  // namespace qor

@@ -1,0 +1,42 @@
+// Sheet geometry.
+#include "render/sheet.h"
+
+#include <utility>
+
+#include "base/units.h"
+
+namespace qor {
+
+VSetPrn sheetOf(const VSetPage& page, int dpi) {
+  double width = page.PaperWidth;
+  double height = page.PaperHeight;
+  if (page.landscape()) std::swap(width, height);
+  VSetPrn sheet;
+  sheet.Orientation = width < height ? 1 : 2;
+  sheet.HorzSize = truncated(width);
+  sheet.VertSize = truncated(height);
+  sheet.LogPixelsX = sheet.LogPixelsY = dpi;
+  sheet.HorzRes = sheet.PhysicalWidth = pixelsFromMillimetres(width, dpi);
+  sheet.VertRes = sheet.PhysicalHeight = pixelsFromMillimetres(height, dpi);
+  return sheet;
+}
+
+VSetScr screenOf(const VSetPage& page, const VSetPrn& device, int dpi) {
+  const double scaleX = device.LogPixelsX > 0 ? double(dpi) / device.LogPixelsX : 0;
+  const double scaleY = device.LogPixelsY > 0 ? double(dpi) / device.LogPixelsY : 0;
+  VSetScr screen;
+  screen.dpi_x = screen.dpi_y = dpi;
+  screen.ref_dpi_x = device.LogPixelsX;
+  screen.ref_dpi_y = device.LogPixelsY;
+  screen.view_width = screen.paper_width = truncated(device.PhysicalWidth * scaleX);
+  screen.view_height = screen.paper_height = truncated(device.PhysicalHeight * scaleY);
+  screen.print_left = truncated(device.PhysicalOffsetX * scaleX);
+  screen.print_top = truncated(device.PhysicalOffsetY * scaleY);
+  screen.print_right = truncated(device.HorzRes * scaleX) + screen.print_left;
+  screen.print_bottom = truncated(device.VertRes * scaleY) + screen.print_top;
+  screen.margin_left = pixelsFromMillimetres(page.MarginLeft, dpi);
+  screen.margin_top = pixelsFromMillimetres(page.MarginTop, dpi);
+  return screen;
+}
+
+}  // namespace qor

@@ -1,0 +1,14 @@
+// The sheet that a page lies on, where no printer tells its measurements.
+#pragma once
+
+#include "document/vset.h"
+
+namespace qor {
+
+// The paper of the options as a device of this resolution without unprintable edges.
+VSetPrn sheetOf(const VSetPage& page, int dpi);
+
+// The sheet as a picture at 100 percent, on a display of `dpi` dots per inch: no gap around it.
+VSetScr screenOf(const VSetPage& page, const VSetPrn& device, int dpi);
+
+}  // namespace qor

@@ -1,0 +1,77 @@
+// Set files as lists of lines.
+#include "settings/set_lines.h"
+
+#include <algorithm>
+
+#include "base/errors.h"
+#include "base/text.h"
+#include "platform/input_file.h"
+#include "platform/locale.h"
+#include "platform/output_file.h"
+#include "platform/text_encoding.h"
+
+namespace qor {
+namespace {
+
+constexpr std::uint64_t kMaxSetFile = 64U << 20;
+
+}  // namespace
+
+bool GetKeyValue(std::string_view line, std::string_view key, std::string& value) {
+  const auto place = line.find(key);
+  if (place == std::string_view::npos) return false;
+  std::string_view rest = line.substr(place + key.size());
+  if (const auto equals = rest.find('='); equals != std::string_view::npos) {
+    rest.remove_prefix(equals + 1);
+  }
+  rest = trimmed(rest);
+  if (!rest.starts_with('"')) {
+    value = upTo(rest, ' ');
+    return true;
+  }
+  rest.remove_prefix(1);
+  const auto quote = rest.find('"');
+  if (quote == std::string_view::npos) return false;
+  value = rest.substr(0, quote);
+  return true;
+}
+
+std::vector<std::string> loadLines(const std::string& path) {
+  const auto text = readWholeFile(path, kMaxSetFile);
+  if (!text) throw FileError(path + ": the set file can't be read");
+  std::vector<std::string> lines;
+  for (std::string_view rest = *text; !rest.empty();) {
+    const std::string_view line = rest.substr(0, rest.find_first_of("\r\n"));
+    lines.emplace_back(line);
+    rest.remove_prefix(line.size());
+    rest.remove_prefix(rest.starts_with("\r\n") ? 2 : std::min<std::size_t>(1, rest.size()));
+  }
+  return lines;
+}
+
+void saveLines(const std::string& path, const std::vector<std::string>& lines) {
+  OutputFile file(path);
+  for (const std::string& line : lines) {
+    file.write(line);
+    file.write("\r\n");
+  }
+  file.commit();
+}
+
+std::size_t findSetHeader(const std::vector<std::string>& lines, std::string_view name) {
+  std::string found;
+  const auto header = std::find_if(lines.begin(), lines.end(), [&](const std::string& line) {
+    return line.starts_with('<') && GetKeyValue(line, "SetName", found) && found == name;
+  });
+  return static_cast<std::size_t>(header - lines.begin());
+}
+
+std::string fileText(std::string_view utf8) {
+  return codePageFromUtf8(utf8, systemAnsiCodePage(), Substitute::questionMark);
+}
+
+std::string utf8OfFileText(std::string_view bytes) {
+  return utf8FromCodePage(bytes, systemAnsiCodePage());
+}
+
+}  // namespace qor

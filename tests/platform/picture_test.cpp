@@ -1,0 +1,421 @@
+// ImageMagick is the second opinion: it writes files of every kind that must be read, and reads the
+// files that are written.
+#include "platform/picture.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "base/errors.h"
+#include "platform/byte_sink.h"
+
+namespace qor {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string readFile(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void writeFile(const fs::path& path, std::string_view bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+class PictureTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::string name = (fs::temp_directory_path() / "qor-picture-XXXXXX").string();
+    ASSERT_NE(mkdtemp(name.data()), nullptr);
+    folder_ = name;
+  }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  void run(const std::string& command) const {
+    const std::string line = "cd '" + folder_.string() + "' && " + command;
+    ASSERT_EQ(std::system(line.c_str()), 0) << command;
+  }
+
+  // A file of 37 by 23 pixels that ImageMagick writes.
+  std::string make(const std::string& arguments, const std::string& file) const {
+    run("convert-im6.q16 -seed 5 -size 37x23 plasma:tomato-steelblue " + arguments + " " + file);
+    return readFile(folder_ / file.substr(file.find(':') + 1));
+  }
+
+  // The pixels that ImageMagick sees, each with its colours multiplied by alpha.
+  std::vector<std::uint32_t> seen(const std::string& file) const {
+    run("convert-im6.q16 '" + file +
+        "' -background none -layers flatten -colorspace sRGB -depth 8 RGBA:seen");
+    const std::string bytes = readFile(folder_ / "seen");
+    std::vector<std::uint32_t> pixels(bytes.size() / 4);
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
+      const auto byte = [&](std::size_t at) -> unsigned {
+        return static_cast<unsigned char>(bytes[i * 4 + at]);
+      };
+      const auto part = [&](std::size_t at) { return (byte(at) * byte(3) * 2 + 255) / 510; };
+      pixels[i] = byte(3) << 24 | part(0) << 16 | part(1) << 8 | part(2);
+    }
+    return pixels;
+  }
+
+  std::string identify(const std::string& format, const std::string& file) const {
+    run("identify-im6.q16 -units PixelsPerInch -format '" + format + "' '" + file + "' > said");
+    return readFile(folder_ / "said");
+  }
+
+  fs::path folder_;
+};
+
+// The mean distance of the bytes of two pictures; more than any byte can be if their sizes differ.
+double distance(std::span<const std::uint32_t> left, std::span<const std::uint32_t> right) {
+  if (left.size() != right.size() || left.empty()) return 1000;
+  double sum = 0;
+  for (std::size_t i = 0; i < left.size(); ++i) {
+    for (int shift = 0; shift < 32; shift += 8) {
+      sum += std::abs(static_cast<int>(left[i] >> shift & 0xFF) -
+                      static_cast<int>(right[i] >> shift & 0xFF));
+    }
+  }
+  return sum / static_cast<double>(left.size() * 4);
+}
+
+struct FileKind {
+  const char* arguments;
+  const char* file;
+  double tolerance = 0;
+};
+
+TEST_F(PictureTest, readsThePixelsOfEveryKindOfFile) {
+  const std::string fade =
+      "\\( -size 37x23 gradient: \\) -alpha off -compose CopyOpacity -composite ";
+  const std::string hole = "-fill none -draw 'rectangle 5,5 20,15' ";
+  const FileKind kKinds[] = {
+      {"-colorspace Gray -depth 8", "gray.png"},
+      {"-colorspace Gray -monochrome -define png:bit-depth=1", "gray1.png"},
+      {"-colorspace Gray -colors 4 -define png:color-type=0 -define png:bit-depth=2", "gray2.png"},
+      {"-colorspace Gray -depth 4 -define png:color-type=0 -define png:bit-depth=4", "gray4.png"},
+      {"-colorspace Gray -depth 16 -define png:bit-depth=16", "gray16.png", 0.1},
+      {"-depth 8", "PNG24:rgb.png"},
+      {"-depth 16", "PNG48:rgb16.png", 0.1},
+      {"-interlace PNG -depth 8", "PNG24:interlaced.png"},
+      {"-colors 2", "PNG8:palette1.png"},
+      {"-colors 16", "PNG8:palette4.png"},
+      {"-colors 200 -interlace PNG", "PNG8:palette8.png"},
+      {"-alpha set -colors 20 -channel A -fx 'i<9?0:1'", "PNG8:transparent.png"},
+      {"FADE", "PNG32:alpha.png"},
+      {"FADE -interlace PNG", "PNG64:alpha16.png", 0.3},
+      {"FADE -colorspace Gray -define png:color-type=4 -depth 8", "grayalpha.png"},
+      {"-alpha set -channel A -fx 'i<9?0:1' -define png:color-type=2", "onecolour.png"},
+      {"-quality 85", "colour.jpg"},
+      {"-quality 85 -sampling-factor 4:4:4", "full.jpg"},
+      {"-quality 85 -colorspace Gray", "gray.jpg"},
+      {"-quality 85 -interlace JPEG", "progressive.jpg"},
+      {"-quality 95 -colorspace CMYK", "inks.jpg", 1},
+      {"-quality 95 -colorspace RGB -set colorspace sRGB", "other.jpg"},
+      {"", "plain.gif"},
+      {"-colors 2", "two.gif"},
+      {"-interlace GIF -colors 100", "interlaced.gif"},
+      {"-alpha set -channel A -fx 'i<9?0:1'", "hole.gif"},
+      {"-colors 30 -repage 60x50+7+9", "placed.gif"},
+      {"-monochrome", "BMP3:mono.bmp"},
+      {"-type Palette -colors 16", "BMP3:nibbles.bmp"},
+      {"-type Palette -colors 200 -compress None", "BMP3:bytes.bmp"},
+      {"-type Palette -colors 20 -compress RLE", "BMP3:runs.bmp"},
+      {"-type TrueColor", "BMP3:true.bmp"},
+      {"-type TrueColor", "BMP2:os2.bmp"},
+      {"-type Palette -colors 100", "BMP2:os2bytes.bmp"},
+      {"-type TrueColor", "BMP:newest.bmp"},
+      {"FADE", "BMP:alpha.bmp"},
+      {"-define bmp:subtype=RGB565", "BMP:565.bmp"},
+      {"-define bmp:subtype=RGB555", "BMP:555.bmp"},
+      {"-define bmp:subtype=ARGB4444", "BMP:4444.bmp"},
+      {"FADE", "alpha.ico"},
+      {"-alpha off", "opaque.ico"},
+      {"-alpha off -colors 9 -type Palette", "palette.ico"},
+      {"-alpha off -resize 256x256!", "packed.ico"},
+  };
+  for (const FileKind& kind : kKinds) {
+    std::string arguments = kind.arguments;
+    if (arguments.starts_with("FADE")) arguments = fade + arguments.substr(4);
+    const auto picture = decodePicture(make(arguments, kind.file));
+    const std::string name = std::string(kind.file).substr(std::string(kind.file).find(':') + 1);
+    ASSERT_TRUE(picture) << kind.file;
+    EXPECT_EQ(identify("%[fx:page.width>w?page.width:w]", name + "[0]"),
+              std::to_string(picture->width))
+        << kind.file;
+    EXPECT_LE(distance(picture->pixels, seen(name + "[0]")), kind.tolerance) << kind.file;
+  }
+}
+
+std::string little(std::uint32_t value, int size) {
+  std::string bytes;
+  for (int i = 0; i < size; ++i) bytes += static_cast<char>(value >> 8 * i);
+  return bytes;
+}
+
+std::string bytesOf(std::initializer_list<int> values) {
+  std::string bytes;
+  for (int value : values) bytes += static_cast<char>(value);
+  return bytes;
+}
+
+// A bitmap with the old header. `extra` is masks or palette.
+std::string makeBitmap(int width, int height, int bits, int compression, const std::string& extra,
+                       const std::string& data) {
+  const std::string dib = little(40, 4) + little(static_cast<std::uint32_t>(width), 4) +
+                          little(static_cast<std::uint32_t>(height), 4) + little(1, 2) +
+                          little(static_cast<std::uint32_t>(bits), 2) +
+                          little(static_cast<std::uint32_t>(compression), 4) + little(0, 12) +
+                          little(compression == 0 || compression == 3 ? 0 : 3, 4) + little(0, 4);
+  const auto dataAt = static_cast<std::uint32_t>(14 + dib.size() + extra.size());
+  return "BM" + little(dataAt + static_cast<std::uint32_t>(data.size()), 4) + little(0, 4) +
+         little(dataAt, 4) + dib + extra + data;
+}
+
+const std::string kThreeColours = bytesOf({0, 0, 255, 0, 0, 255, 0, 0, 255, 0, 0, 0});
+
+TEST_F(PictureTest, readsBitmapsThatFewProgramsWrite) {
+  const std::string kMasks565 = little(0xF800, 4) + little(0x7E0, 4) + little(0x1F, 4);
+  const std::string kFiles[] = {
+      makeBitmap(6, 2, 4, 2, kThreeColours,
+                 bytesOf({3, 0x12, 0, 3, 0x20, 0x10, 0, 0, 6, 0x21, 0, 1})),
+      makeBitmap(5, 2, 8, 1, kThreeColours, bytesOf({0, 3, 1, 2, 1, 0, 2, 2, 0, 0, 5, 1, 0, 1})),
+      makeBitmap(2, -2, 24, 0, "", bytesOf({1, 2, 3, 4, 5, 6, 0, 0, 7, 8, 9, 10, 11, 12, 0, 0})),
+      makeBitmap(2, 2, 32, 0, "", bytesOf({1, 2, 3, 0, 5, 6, 7, 0, 9, 10, 11, 0, 13, 14, 15, 0})),
+      makeBitmap(2, 1, 16, 0, "", bytesOf({0x34, 0x12, 0xFF, 0x7B})),
+      makeBitmap(2, 1, 16, 3, kMasks565, bytesOf({0x34, 0x12, 0xFF, 0x7B})),
+  };
+  for (const std::string& file : kFiles) {
+    writeFile(folder_ / "made.bmp", file);
+    const auto picture = decodePicture(file);
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(distance(picture->pixels, seen("made.bmp")), 0) << &file - kFiles;
+  }
+}
+
+TEST_F(PictureTest, leavesThePixelsThatRunsSkipInTheFirstColour) {
+  const auto picture =
+      decodePicture(makeBitmap(3, 2, 8, 1, kThreeColours, bytesOf({1, 1, 0, 2, 1, 1, 1, 2, 0, 1})));
+  ASSERT_TRUE(picture);
+  const std::uint32_t red = 0xFFFF0000, green = 0xFF00FF00, blue = 0xFF0000FF;
+  EXPECT_EQ(picture->pixels, (std::vector{red, red, blue, green, red, red}));
+}
+
+TEST_F(PictureTest, takesInksAsTheyAreWithoutAdobesMark) {
+  std::string file = make("-fill white -colorize 100 -colorspace CMYK", "inks.jpg");
+  const std::size_t mark = file.find("\xFF\xEE");
+  ASSERT_NE(mark, std::string::npos);
+  EXPECT_EQ(decodePicture(file)->pixels.at(0), 0xFFFFFFFF);
+  EXPECT_EQ(decodePicture(file.erase(mark, 16))->pixels.at(0), 0xFF000000);
+}
+
+TEST_F(PictureTest, takesTheLargestImageOfAnIcon) {
+  const auto large = decodePicture(make("-resize 48x48!", "PNG24:large.png"));
+  run("convert-im6.q16 large.png -resize 16x16 small.png");
+  run("convert-im6.q16 small.png large.png small.png three.ico");
+  EXPECT_EQ(decodePicture(readFile(folder_ / "three.ico"))->pixels, large->pixels);
+}
+
+// Pictures to write: the rows have pixels beyond their width, and the top bytes are of no account.
+struct Sample {
+  const char* name;
+  std::uint32_t (*pixel)(int x, int y);
+};
+
+constexpr int kWidth = 301, kHeight = 70, kStride = 320;
+
+const Sample kSamples[] = {
+    {"gray", [](int x, int y) { return 0x010101u * static_cast<unsigned>((x * 7 + y) / 9 % 256); }},
+    {"black and white", [](int x, int y) { return x / 5 % 2 == y / 7 % 2 ? 0xFFFFFFu : 0u; }},
+    {"few colours",
+     [](int x, int y) { return 0xFF0000u | static_cast<unsigned>(x / 20 << 4 | y / 20); }},
+    {"many colours",
+     [](int x, int y) { return static_cast<unsigned>(x * 255 / kWidth << 16 | y * 3 << 8 | 99); }},
+};
+
+std::vector<std::uint32_t> pixelsOf(const Sample& sample, std::uint32_t top, int stride) {
+  std::vector<std::uint32_t> pixels;
+  for (int y = 0; y < kHeight; ++y) {
+    for (int x = 0; x < stride; ++x) {
+      pixels.push_back(x < kWidth ? top | sample.pixel(x, y) : 0x12345678);
+    }
+  }
+  return pixels;
+}
+
+std::string encoded(const Sample& sample, PictureFormat format) {
+  const auto pixels = pixelsOf(sample, 0x5A000000, kStride);
+  StringSink sink;
+  encodePicture({kWidth, kHeight, kStride, pixels.data()}, format, 96, sink);
+  return sink.text();
+}
+
+struct Writing {
+  PictureFormat format;
+  const char* file;
+  double tolerance;
+  bool hasDensity;
+};
+
+constexpr Writing kWritings[] = {{PictureFormat::png, "out.png", 0, true},
+                                 {PictureFormat::bmp, "out.bmp", 0, true},
+                                 {PictureFormat::gif, "out.gif", 0, false},
+                                 {PictureFormat::ico, "out.ico", 0, false},
+                                 {PictureFormat::jpeg, "out.jpg", 3, true}};
+
+TEST_F(PictureTest, writesFilesThatOthersReadToTheSamePixels) {
+  for (const Writing& writing : kWritings) {
+    for (const Sample& sample : kSamples) {
+      const std::string file = encoded(sample, writing.format);
+      writeFile(folder_ / writing.file, file);
+      auto expected = pixelsOf(sample, 0xFF000000, kWidth);
+      if (writing.format == PictureFormat::ico) std::ranges::replace(expected, 0xFFFFFFFF, 0u);
+      const bool reduced = writing.format == PictureFormat::gif && &sample == &kSamples[3];
+      const double tolerance = reduced ? 6 : writing.tolerance;
+      EXPECT_LE(distance(seen(writing.file), expected), tolerance) << writing.file << sample.name;
+      EXPECT_LE(distance(decodePicture(file)->pixels, expected), tolerance) << writing.file;
+      if (writing.hasDensity) {
+        EXPECT_NEAR(std::stod(identify("%x", writing.file)), 96, 0.1) << writing.file;
+      }
+    }
+  }
+}
+
+TEST_F(PictureTest, writesOneChannelForGrayPicturesOnly) {
+  EXPECT_EQ(encoded(kSamples[0], PictureFormat::png)[25], 0);
+  EXPECT_EQ(encoded(kSamples[3], PictureFormat::png)[25], 2);
+  EXPECT_EQ(encoded(kSamples[0], PictureFormat::bmp)[28], 8);
+  EXPECT_EQ(encoded(kSamples[3], PictureFormat::bmp)[28], 24);
+  writeFile(folder_ / "gray.jpg", encoded(kSamples[0], PictureFormat::jpeg));
+  writeFile(folder_ / "colour.jpg", encoded(kSamples[3], PictureFormat::jpeg));
+  EXPECT_EQ(identify("%[jpeg:sampling-factor] %Q", "gray.jpg"), "1x1 90");
+  EXPECT_EQ(identify("%[jpeg:sampling-factor] %Q", "colour.jpg"), "1x1,1x1,1x1 90");
+}
+
+TEST(IsGrayTest, findsASingleColouredPixelAnywhere) {
+  std::vector<std::uint32_t> pixels(150 * 3, 0xAB777777);
+  const PixelView view{149, 3, 150, pixels.data()};
+  EXPECT_TRUE(isGray(view));
+  for (std::size_t i = 0; i < pixels.size(); ++i) {
+    for (std::uint32_t bit : {0x1u, 0x100u, 0x10000u}) {
+      pixels[i] ^= bit;
+      EXPECT_EQ(isGray(view), i % 150 == 149) << i;
+      pixels[i] ^= bit;
+    }
+  }
+}
+
+TEST(EncodePictureTest, refusesSidesThatTheFormatCannotHold) {
+  const std::vector<std::uint32_t> pixels(70000);
+  StringSink sink;
+  for (auto format : {PictureFormat::gif, PictureFormat::jpeg, PictureFormat::ico}) {
+    EXPECT_THROW(encodePicture({70000, 1, 70000, pixels.data()}, format, 96, sink), FileError);
+    EXPECT_THROW(encodePicture({1, 70000, 1, pixels.data()}, format, 96, sink), FileError);
+  }
+  EXPECT_THROW(encodePicture({0, 5, 0, pixels.data()}, PictureFormat::png, 96, sink), FileError);
+}
+
+TEST(EncodePictureTest, passesOnWhatTheSinkThrows) {
+  struct FullSink : ByteSink {
+    explicit FullSink(std::size_t room) : left(room) {}
+    void write(std::string_view bytes) override {
+      if (bytes.size() > left) throw FileError("the disk is full");
+      left -= bytes.size();
+    }
+    std::size_t left;
+  };
+  const auto pixels = pixelsOf(kSamples[3], 0, kStride);
+  for (const Writing& writing : kWritings) {
+    const std::size_t size = encoded(kSamples[3], writing.format).size();
+    for (std::size_t room : {std::size_t{0}, std::size_t{20}, size / 2, size - 1}) {
+      FullSink sink(room);
+      try {
+        encodePicture({kWidth, kHeight, kStride, pixels.data()}, writing.format, 96, sink);
+        ADD_FAILURE() << writing.file << room;
+      } catch (const FileError& error) {
+        EXPECT_STREQ(error.what(), "the disk is full");
+      }
+    }
+  }
+}
+
+class HostilePictureTest : public PictureTest {
+ protected:
+  struct Victim {
+    std::string file;
+    // Bytes at the end that no pixel needs.
+    std::size_t spare = 0;
+  };
+
+  std::vector<Victim> victims() const {
+    return {{make("-depth 8", "PNG24:a.png")},
+            {make("-colors 50 -interlace PNG", "PNG8:b.png")},
+            {make("-quality 80", "a.jpg")},
+            {make("-quality 80 -interlace JPEG", "b.jpg")},
+            {make("-interlace GIF", "a.gif"), 1},
+            {make("-type TrueColor", "BMP3:a.bmp")},
+            {make("-alpha set -channel A -fx 0.5", "BMP:b.bmp")},
+            {make("-type Palette -colors 9 -compress RLE", "BMP3:c.bmp"), 2},
+            {make("-alpha off -colors 9 -type Palette", "a.ico")},
+            {make("-resize 256x256!", "b.ico")}};
+  }
+};
+
+TEST_F(HostilePictureTest, refusesFilesThatAreCutShort) {
+  for (const auto& [file, spare] : victims()) {
+    ASSERT_TRUE(decodePicture(file));
+    const std::size_t step = file.size() / 1000 + 1;
+    for (std::size_t size = 0; size + spare < file.size(); size += step) {
+      // A copy of exactly this size lets the sanitizer see reads beyond its end.
+      const std::vector<char> copy(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(size));
+      EXPECT_FALSE(decodePicture({copy.data(), copy.size()}))
+          << size << " of " << file.size() << " bytes of " << file.substr(0, 2);
+    }
+  }
+}
+
+TEST_F(HostilePictureTest, survivesDamagedBytes) {
+  std::mt19937 random(7);
+  for (const auto& [file, spare] : victims()) {
+    for (int i = 0; i < 1500; ++i) {
+      std::string damaged = file;
+      // Headers are where most can go wrong.
+      const std::size_t range = i % 2 == 0 ? std::min<std::size_t>(file.size(), 160) : file.size();
+      for (int n = 0; n <= i % 3; ++n) damaged[random() % range] = static_cast<char>(random());
+      const auto picture = decodePicture(damaged);
+      if (!picture) continue;
+      ASSERT_EQ(picture->pixels.size(), static_cast<std::size_t>(picture->width) *
+                                            static_cast<std::size_t>(picture->height));
+    }
+  }
+}
+
+TEST_F(HostilePictureTest, refusesSidesOfFiftyThousandPixels) {
+  const std::string bigPng =
+      std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\xC3\x50\0\0\xC3\x50\x08\2\0\0\0", 29);
+  std::string bigJpeg = make("", "a.jpg");
+  bigJpeg.replace(bigJpeg.find("\xFF\xC0") + 5, 4, "\xC3\x50\xC3\x50");
+  std::string bigGif = make("", "a.gif");
+  bigGif.replace(6, 4, little(50000, 2) + little(50000, 2));
+  const std::string directory = bytesOf({0, 0, 1, 0, 1, 0, 0, 0, 0, 0, 1, 0, 24, 0});
+  const std::string bitmap = makeBitmap(50000, 50000, 24, 0, "", "");
+  const std::string bigIcon = directory + little(40, 4) + little(22, 4) + bitmap.substr(14);
+  for (const std::string& file : {bigPng, bigJpeg, bigGif, bitmap, bigIcon,
+                                  makeBitmap(50000, 50000, 8, 1, kThreeColours, bytesOf({0, 1}))}) {
+    EXPECT_FALSE(decodePicture(file)) << file.substr(0, 2);
+  }
+}
+
+TEST(DecodePictureTest, refusesWhatIsNoPicture) {
+  for (std::string_view file : {"", "B", "BM", "GIF89a", "\xFF\xD8\xFF", "%PDF-1.4", "\x89PNG"}) {
+    EXPECT_FALSE(decodePicture(file)) << file;
+  }
+}
+
+}  // namespace
+}  // namespace qor

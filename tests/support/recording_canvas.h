@@ -1,0 +1,41 @@
+// A canvas that writes down what is drawn on it, one line a call, so that pages can be compared as
+// text.
+#pragma once
+
+#include <string>
+
+#include "platform/canvas.h"
+
+namespace qor::test {
+
+class RecordingCanvas : public Canvas {
+ public:
+  explicit RecordingCanvas(int dotsPerInch = 96) : dotsPerInch_{dotsPerInch, dotsPerInch} {}
+
+  // All calls so far. Coordinates are in twips.
+  const std::string& record() const { return record_; }
+
+  Point dotsPerInch() const override { return dotsPerInch_; }
+  void setMapping(const Mapping&) override {}
+  void setClip(const Rect&) override {}
+  void clearClip() override {}
+  void rectangle(const Rect& rect) override;
+  void roundRect(const Rect& rect, std::int32_t width, std::int32_t height) override;
+  void ellipse(const Rect& rect) override;
+  void drawPicture(const Picture& picture, const Rect& rect) override;
+
+ protected:
+  void paintLine(Point start, Point end) override;
+  void paintText(const TextRun& run) override;
+  void clipText(const Rect& rect) override;
+  void unclipText() override {}
+
+ private:
+  void note(const std::string& line) { record_ += line + "\n"; }
+  std::string tools() const;
+
+  Point dotsPerInch_;
+  std::string record_;
+};
+
+}  // namespace qor::test

@@ -1,0 +1,43 @@
+#include "support/temporary_directory.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+namespace qor::test {
+namespace fs = std::filesystem;
+
+TemporaryDirectory::TemporaryDirectory() {
+  std::string name = (fs::temp_directory_path() / "qortestXXXXXX").string();
+  if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary directory");
+  place_ = name;
+}
+
+TemporaryDirectory::~TemporaryDirectory() {
+  std::error_code error;
+  fs::remove_all(place_, error);
+}
+
+std::string TemporaryDirectory::path(std::string_view name) const {
+  return (place_ / name).string();
+}
+
+std::string TemporaryDirectory::write(std::string_view name, std::string_view bytes) const {
+  const fs::path file = place_ / name;
+  fs::create_directories(file.parent_path());
+  std::ofstream(file, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  return file.string();
+}
+
+std::string TemporaryDirectory::read(std::string_view name) const { return readFile(path(name)); }
+
+bool TemporaryDirectory::has(std::string_view name) const { return fs::exists(place_ / name); }
+
+std::string readFile(const std::string& path) {
+  std::ostringstream bytes;
+  bytes << std::ifstream(path, std::ios::binary).rdbuf();
+  return bytes.str();
+}
+
+}  // namespace qor::test

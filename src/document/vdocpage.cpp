@@ -21,6 +21,9 @@ constexpr char kEndOfFile = 26;
 // While a line holds this, line ends belong to it: the text of such an item spans lines.
 constexpr std::string_view kMemoMark = "text memo";
 
+// No page is this long; a file without page ends that is must not fill the memory.
+constexpr std::uint64_t kMaxPageBytes = 1U << 30;
+
 std::string readBytes(const InputFile& file, std::uint64_t offset, std::uint64_t length) {
   const std::uint64_t size = file.size();
   const std::uint64_t there = offset < size ? std::min(length, size - offset) : 0;
@@ -109,6 +112,9 @@ VDocPage::~VDocPage() { ReleaseLines(); }
 void VDocPage::ReadLines(const InputFile& file, int mode) {
   ReleaseLines();
   Commands = std::make_unique<VCommand>(*Settings);
+  if (Length > kMaxPageBytes) {
+    throw std::string("Error: page " + std::to_string(Number) + " is too long to be read: ");
+  }
   try {
     LineSplitter(*this, readBytes(file, Offset, Length), mode == kKeepTabs).run();
   } catch (const FileError&) {

@@ -25,7 +25,8 @@ class VDocPage {
   VDocPage& operator=(const VDocPage&) = delete;
 
   // Reads the page's bytes and builds its lines. Throws the text "Error: can't read data from
-  // document file: " as a std::string where they can't be read.
+  // document file: " as a std::string where they can't be read, and another such text for a page of
+  // more than 1 GiB.
   void ReadLines(const InputFile& file, int mode);
 
   // Builds one line and appends it.

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "base/errors.h"
-#include "platform/cairo_canvas.h"
+#include "platform/bitmap_painter.h"
 
 namespace qor {
 namespace {
@@ -24,10 +24,10 @@ cairo_surface_t* createSurface(int width, int height) {
 struct BitmapCanvas::Parts {
   Parts(int width, int height, int dpi)
       : surface(createSurface(width, height)),
-        canvas(surface.get(), {width, height}, {dpi, dpi}, DotGrid::visible) {}
+        canvas(surface.get(), {width, height}, dpi) {}
 
   CairoOwned<cairo_surface_t> surface;
-  CairoCanvas canvas;
+  BitmapPainter canvas;
 };
 
 BitmapCanvas::BitmapCanvas(int width, int height, int dpi)

@@ -181,16 +181,16 @@ class RunReader {
 
   bool readEscape(std::size_t code) {
     switch (code) {
-      case 0: return moveBy(width_, 1, 0);
-      case 1: ended_ = true; return true;
-      case 2: return take(2) && moveBy(byte(0), byte(1), x_);
+      case 0: return moveTo(0, y_ + 1);
+      case 1: return ended_ = true;
+      case 2: return take(2) && moveTo(x_ + byte(0), y_ + byte(1));
       default: return readPixels(code);
     }
   }
 
-  bool moveBy(std::size_t right, std::size_t down, std::size_t from) {
-    x_ = std::min(from + right, width_);
-    y_ += down;
+  bool moveTo(std::size_t x, std::size_t y) {
+    x_ = std::min(x, width_);
+    y_ = y;
     return true;
   }
 
@@ -274,7 +274,11 @@ std::optional<Picture> readDibPixels(const DibHeader& header, std::string_view d
   for (std::size_t y = 0; y < height; ++y) {
     const std::span row(&picture.pixels[y * width], width);
     const auto from = bytes.substr((header.topDown ? y : height - 1 - y) * rowSize, rowSize);
-    bits <= 8 ? readIndexedRow(from, bits, palette, row) : readMaskedRow(from, header, row);
+    if (bits <= 8) {
+      readIndexedRow(from, bits, palette, row);
+    } else {
+      readMaskedRow(from, header, row);
+    }
   }
   return picture;
 }

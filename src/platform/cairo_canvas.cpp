@@ -37,6 +37,23 @@ std::span<const double> dashesOf(PenStyle style) {
   }
 }
 
+// Cuts a line, on the line itself, to the stretch from -kBeyond to size + kBeyond of one axis; `u`
+// runs along that axis, `v` along the other. False if nothing is left.
+bool cutLine(double& u1, double& v1, double& u2, double& v2, std::int32_t size) {
+  const double low = -kBeyond;
+  const double high = size + kBeyond;
+  if (std::max(u1, u2) < low || std::min(u1, u2) > high) return false;
+  const double slope = u1 == u2 ? 0 : (v2 - v1) / (u2 - u1);
+  const auto cut = [&](double& u, double& v) {
+    const double kept = std::clamp(u, low, high);
+    v += (kept - u) * slope;
+    u = kept;
+  };
+  cut(u1, v1);
+  cut(u2, v2);
+  return true;
+}
+
 double near(double dot, std::int32_t size) { return std::clamp(dot, -kBeyond, size + kBeyond); }
 
 }  // namespace
@@ -72,6 +89,10 @@ void CairoCanvas::clearClip() { cairo_reset_clip(context_.get()); }
 CairoCanvas::Dots CairoCanvas::dots(double x, double y) const {
   return {x * mapping_.dpiX / kTwipsPerInch + mapping_.originX,
           y * mapping_.dpiY / kTwipsPerInch + mapping_.originY};
+}
+
+CairoCanvas::Dots CairoCanvas::dotsPerTwip() const {
+  return {double(mapping_.dpiX) / kTwipsPerInch, double(mapping_.dpiY) / kTwipsPerInch};
 }
 
 CairoCanvas::DotBox CairoCanvas::box(const Rect& rect) const {
@@ -230,31 +251,18 @@ void CairoCanvas::ellipse(const Rect& rect) {
 void CairoCanvas::paintLine(Point start, Point end) {
   Dots from = dots(start.x, start.y);
   Dots to = dots(end.x, end.y);
+  if (!cutLine(from.x, from.y, to.x, to.y, size_.x) ||
+      !cutLine(from.y, from.x, to.y, to.x, size_.y)) {
+    return;
+  }
   const bool upright = start.x == end.x;
   const bool level = start.y == end.y;
-  // Cuts the line to the columns and rows around the surface, on the line itself.
-  const auto cut = [](double& a, double& otherA, double b, double otherB, double limit) {
-    otherA += (otherB - otherA) * (limit - a) / (b - a);
-    a = limit;
-  };
-  const auto cutEnds = [&cut](double& a, double& otherA, double& b, double& otherB,
-                              std::int32_t size) {
-    for (const double limit : {-kBeyond, size + kBeyond}) {
-      const bool low = limit < 0;
-      if (low ? a < limit && b > limit : a > limit && b < limit) cut(a, otherA, b, otherB, limit);
-      if (low ? b < limit && a > limit : b > limit && a < limit) cut(b, otherB, a, otherA, limit);
-    }
-  };
-  cutEnds(from.x, from.y, to.x, to.y, size_.x);
-  cutEnds(from.y, from.x, to.y, to.x, size_.y);
-  if (near(from.x, size_.x) != from.x || near(from.y, size_.y) != from.y) return;
-  if (near(to.x, size_.x) != to.x || near(to.y, size_.y) != to.y) return;
   if (upright) from.x = to.x = onGrid(from.x);
   if (level) from.y = to.y = onGrid(from.y);
+  cairo_set_line_cap(context_.get(),
+                     upright || level ? CAIRO_LINE_CAP_BUTT : CAIRO_LINE_CAP_ROUND);
   cairo_move_to(context_.get(), from.x, from.y);
   cairo_line_to(context_.get(), to.x, to.y);
-  const bool straight = upright || level;
-  cairo_set_line_cap(context_.get(), straight ? CAIRO_LINE_CAP_BUTT : CAIRO_LINE_CAP_ROUND);
   strokePath();
   cairo_set_line_cap(context_.get(), CAIRO_LINE_CAP_BUTT);
 }

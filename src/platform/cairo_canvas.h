@@ -48,11 +48,19 @@ class CairoCanvas : public Canvas {
   void clipText(const Rect& rect) override;
   void unclipText() override;
 
- private:
   struct Dots {
     double x = 0;
     double y = 0;
   };
+
+  Dots dots(double x, double y) const;
+  Dots dotsPerTwip() const;
+  Point size() const { return size_; }
+
+  // Paints the glyphs of a run; `direction` is where it goes, one logical unit long.
+  virtual void showGlyphs(const TextRun& run, Dots direction);
+
+ private:
   struct DotBox {
     double left = 0;
     double top = 0;
@@ -63,7 +71,6 @@ class CairoCanvas : public Canvas {
     double height() const { return bottom - top; }
   };
 
-  Dots dots(double x, double y) const;
   DotBox box(const Rect& rect) const;
   DotBox edges(const Rect& rect) const;
   double penWidth() const;
@@ -78,7 +85,6 @@ class CairoCanvas : public Canvas {
 
   bool isVisible(const TextRun& run) const;
   void useFace(const FontFace& face, const TextRun& run);
-  void showGlyphs(const TextRun& run, Dots direction);
   void paintStroke(const TextRun& run, const TextStroke& stroke);
 
   CairoOwned<cairo_t> context_;

@@ -51,7 +51,7 @@ void CairoCanvas::useFace(const FontFace& face, const TextRun& run) {
   cairo_set_font_matrix(context_.get(), &matrix);
 }
 
-// `direction` is where the text runs, one logical unit long. Glyphs of one face go out together.
+// Glyphs of one face go out together.
 void CairoCanvas::showGlyphs(const TextRun& run, Dots direction) {
   const double ascent = run.font.metrics().ascent;
   const double baseX = run.x - direction.y * ascent;

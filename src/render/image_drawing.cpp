@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::int32_t kFrameShape = 2;
 constexpr std::int32_t kErrorTextHeight = 300;  // twips, of the cell
+constexpr std::size_t kMaxErrorText = 1024;     // bytes; no sheet shows more
 
 LogFont errorFont() {
   LogFont font;
@@ -31,7 +32,8 @@ void VData_Image::drawErrorText(Canvas& canvas) {
   canvas.setTextColor(kBlack);
   canvas.setCharacterExtra(0);
   canvas.setFont(errorFont());
-  const std::u32string text = codePointsFromCodePage(ErrorText, Settings->Page.BaseCodePage);
+  const std::string_view start = std::string_view(ErrorText).substr(0, kMaxErrorText);
+  const std::u32string text = codePointsFromCodePage(start, Settings->Page.BaseCodePage);
   const std::u32string shown =
       withPathEllipsis(text, static_cast<double>(rect.width()),
                        [&canvas](std::u32string_view part) { return canvas.textLength(part); });

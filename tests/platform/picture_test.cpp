@@ -93,24 +93,23 @@ struct FileKind {
 TEST_F(PictureTest, readsThePixelsOfEveryKindOfFile) {
   const std::string fade =
       "\\( -size 37x23 gradient: \\) -alpha off -compose CopyOpacity -composite ";
-  const std::string hole = "-fill none -draw 'rectangle 5,5 20,15' ";
   const FileKind kKinds[] = {
       {"-colorspace Gray -depth 8", "gray.png"},
       {"-colorspace Gray -monochrome -define png:bit-depth=1", "gray1.png"},
-      {"-colorspace Gray -colors 4 -define png:color-type=0 -define png:bit-depth=2", "gray2.png"},
+      {"-colorspace Gray -depth 2 -define png:color-type=0 -define png:bit-depth=2", "gray2.png"},
       {"-colorspace Gray -depth 4 -define png:color-type=0 -define png:bit-depth=4", "gray4.png"},
-      {"-colorspace Gray -depth 16 -define png:bit-depth=16", "gray16.png", 0.1},
+      {"-colorspace Gray -depth 16 -define png:bit-depth=16", "gray16.png", 0.5},
       {"-depth 8", "PNG24:rgb.png"},
-      {"-depth 16", "PNG48:rgb16.png", 0.1},
+      {"-depth 16", "PNG48:rgb16.png", 0.5},
       {"-interlace PNG -depth 8", "PNG24:interlaced.png"},
       {"-colors 2", "PNG8:palette1.png"},
       {"-colors 16", "PNG8:palette4.png"},
       {"-colors 200 -interlace PNG", "PNG8:palette8.png"},
       {"-alpha set -colors 20 -channel A -fx 'i<9?0:1'", "PNG8:transparent.png"},
       {"FADE", "PNG32:alpha.png"},
-      {"FADE -interlace PNG", "PNG64:alpha16.png", 0.3},
+      {"FADE -interlace PNG", "PNG64:alpha16.png", 0.5},
       {"FADE -colorspace Gray -define png:color-type=4 -depth 8", "grayalpha.png"},
-      {"-alpha set -channel A -fx 'i<9?0:1' -define png:color-type=2", "onecolour.png"},
+      {"-alpha set -channel A -fx 'i<9?0:1' -depth 8 -define png:color-type=2", "onecolour.png"},
       {"-quality 85", "colour.jpg"},
       {"-quality 85 -sampling-factor 4:4:4", "full.jpg"},
       {"-quality 85 -colorspace Gray", "gray.jpg"},
@@ -131,13 +130,13 @@ TEST_F(PictureTest, readsThePixelsOfEveryKindOfFile) {
       {"-type Palette -colors 100", "BMP2:os2bytes.bmp"},
       {"-type TrueColor", "BMP:newest.bmp"},
       {"FADE", "BMP:alpha.bmp"},
-      {"-define bmp:subtype=RGB565", "BMP:565.bmp"},
-      {"-define bmp:subtype=RGB555", "BMP:555.bmp"},
-      {"-define bmp:subtype=ARGB4444", "BMP:4444.bmp"},
+      {"-define bmp:subtype=RGB565", "BMP:565.bmp", 0.5},
+      {"-define bmp:subtype=RGB555", "BMP:555.bmp", 0.5},
+      {"-define bmp:subtype=ARGB4444", "BMP:4444.bmp", 0.5},
       {"FADE", "alpha.ico"},
       {"-alpha off", "opaque.ico"},
       {"-alpha off -colors 9 -type Palette", "palette.ico"},
-      {"-alpha off -resize 256x256!", "packed.ico"},
+      {"-alpha off -depth 8 -resize 256x256!", "packed.ico"},
   };
   for (const FileKind& kind : kKinds) {
     std::string arguments = kind.arguments;
@@ -170,7 +169,8 @@ std::string makeBitmap(int width, int height, int bits, int compression, const s
   const std::string dib = little(40, 4) + little(static_cast<std::uint32_t>(width), 4) +
                           little(static_cast<std::uint32_t>(height), 4) + little(1, 2) +
                           little(static_cast<std::uint32_t>(bits), 2) +
-                          little(static_cast<std::uint32_t>(compression), 4) + little(0, 12) +
+                          little(static_cast<std::uint32_t>(compression), 4) +
+                          std::string(12, '\0') +
                           little(compression == 0 || compression == 3 ? 0 : 3, 4) + little(0, 4);
   const auto dataAt = static_cast<std::uint32_t>(14 + dib.size() + extra.size());
   return "BM" + little(dataAt + static_cast<std::uint32_t>(data.size()), 4) + little(0, 4) +
@@ -227,7 +227,7 @@ struct Sample {
   std::uint32_t (*pixel)(int x, int y);
 };
 
-constexpr int kWidth = 301, kHeight = 70, kStride = 320;
+constexpr int kWidth = 201, kHeight = 70, kStride = 220;
 
 const Sample kSamples[] = {
     {"gray", [](int x, int y) { return 0x010101u * static_cast<unsigned>((x * 7 + y) / 9 % 256); }},
@@ -295,6 +295,17 @@ TEST_F(PictureTest, writesOneChannelForGrayPicturesOnly) {
   writeFile(folder_ / "colour.jpg", encoded(kSamples[3], PictureFormat::jpeg));
   EXPECT_EQ(identify("%[jpeg:sampling-factor] %Q", "gray.jpg"), "1x1 90");
   EXPECT_EQ(identify("%[jpeg:sampling-factor] %Q", "colour.jpg"), "1x1,1x1,1x1 90");
+}
+
+TEST_F(PictureTest, writesIconsThatAreWiderThanTheirDirectoryCanSay) {
+  const std::vector<std::uint32_t> pixels(300 * 400, 0x00112233);
+  StringSink sink;
+  encodePicture({300, 400, 300, pixels.data()}, PictureFormat::ico, 96, sink);
+  EXPECT_EQ(sink.text().substr(6, 2), std::string(2, '\0'));
+  const auto picture = decodePicture(sink.text());
+  ASSERT_TRUE(picture);
+  EXPECT_EQ(picture->width, 300);
+  EXPECT_EQ(picture->pixels, std::vector<std::uint32_t>(300 * 400, 0xFF112233));
 }
 
 TEST(IsGrayTest, findsASingleColouredPixelAnywhere) {

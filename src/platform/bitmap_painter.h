@@ -1,0 +1,41 @@
+// The Cairo canvas of bitmaps, for bitmap_canvas.cpp.
+#pragma once
+
+#include <vector>
+
+#include "platform/box_drawing.h"
+#include "platform/cairo_canvas.h"
+#include "platform/glyph_masks.h"
+
+namespace qor {
+
+// Paints level text itself, glyph by glyph at quarters of a dot, where Cairo would put each glyph
+// on a whole one; turned and very large text is left to Cairo.
+class BitmapPainter : public CairoCanvas {
+ public:
+  BitmapPainter(cairo_surface_t* surface, Point size, int dpi);
+
+  void setClip(const Rect& dots) override;
+  void clearClip() override;
+
+ protected:
+  void clipText(const Rect& rect) override;
+  void unclipText() override;
+  void showGlyphs(const TextRun& run, Dots direction) override;
+
+ private:
+  void showLevelGlyphs(const TextRun& run);
+  void paintMask(const GlyphMask& mask, int x, int y, std::uint32_t color);
+  void paintBox(char32_t character, const DotRect& cell, std::uint32_t color);
+
+  std::uint32_t* row(int y) { return pixels_ + static_cast<std::ptrdiff_t>(y) * stride_; }
+
+  cairo_surface_t* surface_;
+  std::uint32_t* pixels_;
+  int stride_;                  // pixels
+  DotRect clip_;
+  std::vector<DotRect> saved_;  // clips from before the text boxes that are open
+  GlyphMasks masks_;
+};
+
+}  // namespace qor

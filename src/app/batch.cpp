@@ -25,6 +25,8 @@ int ExportWithoutInterface() {
   try {
     VDoc doc;
     doc.ScanPages(false);
+    // A report that can't be read must not replace an earlier export by an empty one.
+    if (LastError.Number == kErrorOpenDocument) return -1;
     doc.Settings.ReloadSet();
     ExportByExtension(doc);
   } catch (int) {

@@ -138,7 +138,8 @@ bool GetOptionValue(std::string& value, std::string& parameters, std::string_vie
 
 RunMode ParseCommandLine(std::string parameters) {
   RunMode mode = kRunPreview;
-  if (auto value = takeValue(parameters, {{{"-caption"}, "-caption"}, {{"-CAPTION"}, "-CAPTION"}})) {
+  if (auto value =
+          takeValue(parameters, {{{"-caption"}, "-caption"}, {{"-CAPTION"}, "-CAPTION"}})) {
     AppOptions.WindowCaption = *value;
   }
   if (isHelp(parameters)) {

@@ -30,7 +30,8 @@ void initialise() {
 }
 
 // The user has been told where the error arose, or is not to be told: nothing more is shown.
-void ShowErrorNumber() {}
+void ShowErrorNumber() {
+}
 
 int printReport() {
   if (AppOptions.FileName.empty()) {
@@ -47,7 +48,8 @@ int previewReport() {
   return kExitDone;
 }
 
-// The switches that other programs of this system have; the rest of the parameters has its own rules.
+// The switches that other programs of this system have; the rest of the parameters has its own
+// rules.
 bool answersSwitch(const std::string& parameters) {
   if (parameters == "--help") {
     showInformation(HelpText());

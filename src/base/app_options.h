@@ -10,21 +10,21 @@ namespace qor {
 struct AppOptionsRecord {
   std::string ProgramName = "QorPrint";
   std::string ProgramVersion = "1.0b";
-  std::string WorkDir;                // directory of the start, with a closing separator
-  std::string FileName;               // the report
-  std::string IniFileName;            // set file; empty means the default one
-  std::string SetName;                // the set in it
-  std::string PrinterName;            // empty means the default printer
+  std::string WorkDir;      // directory of the start, with a closing separator
+  std::string FileName;     // the report
+  std::string IniFileName;  // set file; empty means the default one
+  std::string SetName;      // the set in it
+  std::string PrinterName;  // empty means the default printer
   std::string WindowCaption;
   bool DeleteAfterPrint = false;
-  bool DynamicMode = false;           // the report is still being written
+  bool DynamicMode = false;  // the report is still being written
   bool TestMode = false;
-  int FontCharset = 0;                // Windows character set number of the interface language
-  int AnsiCodePage = 1252;            // of the interface language
+  int FontCharset = 0;      // Windows character set number of the interface language
+  int AnsiCodePage = 1252;  // of the interface language
   int DocCodePage = 850;
   int MailProgram = 1;
   std::string ExportTarget = "pdf";
-  std::uint64_t OwnerWindow = 0;      // told when the preview closes
+  std::uint64_t OwnerWindow = 0;  // told when the preview closes
 };
 
 inline AppOptionsRecord AppOptions;

@@ -146,8 +146,8 @@ constexpr ErrorTexts kTurkishDosErrors = {
     "  Hata! Sistemde tanımlı yazıcı bulunmuyor. ",
 };
 
-// One language of the interface. `help` starts with the version line and the heading; `about` is the
-// line between them.
+// One language of the interface. `help` starts with the version line and the heading; `about` is
+// the line between them.
 struct Language {
   const InterfaceTexts& texts;
   std::span<const std::string_view> help;
@@ -169,8 +169,10 @@ struct ErrorLanguage {
   int codePage;
 };
 
-constexpr ErrorLanguage kErrorLanguages[] = {{kEnglishErrors, 1252},   {kRussianErrors, 1251},
-                                             {kTurkishErrors, 1254},   {kRussianDosErrors, 866},
+constexpr ErrorLanguage kErrorLanguages[] = {{kEnglishErrors, 1252},
+                                             {kRussianErrors, 1251},
+                                             {kTurkishErrors, 1254},
+                                             {kRussianDosErrors, 866},
                                              {kTurkishDosErrors, 857}};
 
 // The first row is English, for all code pages that no row names.
@@ -187,7 +189,9 @@ const ErrorLanguage* errorLanguage = kErrorLanguages;
 
 }  // namespace
 
-void SelectErrorTexts(int codePage) { errorLanguage = rowOf(kErrorLanguages, codePage); }
+void SelectErrorTexts(int codePage) {
+  errorLanguage = rowOf(kErrorLanguages, codePage);
+}
 
 void SelectInterfaceTexts(int codePage) {
   language = rowOf(kLanguages, codePage);
@@ -196,17 +200,26 @@ void SelectInterfaceTexts(int codePage) {
   AppOptions.DocCodePage = language->dosCodePage;
 }
 
-const InterfaceTexts& interfaceTexts() { return language->texts; }
-const ErrorTexts& errorTexts() { return errorLanguage->texts; }
-int messageCodePage() { return errorLanguage->codePage; }
-int GetAnsiCodePage() { return AppOptions.AnsiCodePage; }
+const InterfaceTexts& interfaceTexts() {
+  return language->texts;
+}
+const ErrorTexts& errorTexts() {
+  return errorLanguage->texts;
+}
+int messageCodePage() {
+  return errorLanguage->codePage;
+}
+int GetAnsiCodePage() {
+  return AppOptions.AnsiCodePage;
+}
 
 std::string HelpText() {
   const auto version = language->help.front();
   const auto heading = language->help[1];
   std::string text = std::string(version) + AppOptions.ProgramVersion + "\n";
   text.append(language->about).append("\n").append(heading);
-  for (const std::string_view option : language->help.subspan(2)) text.append("\n\t").append(option);
+  for (const std::string_view option : language->help.subspan(2))
+    text.append("\n\t").append(option);
   return text;
 }
 

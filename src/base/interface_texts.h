@@ -13,10 +13,10 @@ struct InterfaceTexts {
   std::string_view EnglishName;
   std::string_view TurkishName;
   std::string_view PreviewTitle;
-  std::string_view FileNotExists;     // behind a file's name
+  std::string_view FileNotExists;  // behind a file's name
   std::string_view NoFileSelected;
-  std::string_view DocumentJobName;   // print job of many pages
-  std::string_view PageJobName;       // print job of one page; its number follows
+  std::string_view DocumentJobName;  // print job of many pages
+  std::string_view PageJobName;      // print job of one page; its number follows
 };
 
 // By error number, from 1.

@@ -9,7 +9,9 @@
 namespace qor {
 namespace {
 
-bool isBlank(char c) { return static_cast<unsigned char>(c) <= ' '; }
+bool isBlank(char c) {
+  return static_cast<unsigned char>(c) <= ' ';
+}
 
 bool takePrefix(std::string_view& text, std::string_view prefix) {
   if (!text.starts_with(prefix)) return false;
@@ -44,7 +46,9 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
-std::string_view upTo(std::string_view text, char mark) { return text.substr(0, text.find(mark)); }
+std::string_view upTo(std::string_view text, char mark) {
+  return text.substr(0, text.find(mark));
+}
 
 std::string_view upTo(std::string_view text, std::string_view mark) {
   return text.substr(0, text.find(mark));

@@ -1,5 +1,5 @@
-// Conversions between the units of the program. Every real result is cut toward zero, never rounded,
-// because the layout of existing reports depends on it.
+// Conversions between the units of the program. Every real result is cut toward zero, never
+// rounded, because the layout of existing reports depends on it.
 #pragma once
 
 #include <cmath>

@@ -24,7 +24,8 @@ void store(Target& target, const AttributeValue& value) {
 }
 
 template <class Target>
-void ignore(Target&, const AttributeValue&) {}
+void ignore(Target&, const AttributeValue&) {
+}
 
 // --- Fonts ---------------------------------------------------------------------------------------
 
@@ -43,7 +44,9 @@ void rotateByTenths(FontState& font, const AttributeValue& value) {
   if (const auto tenths = wholeNumber(value)) setRotation(font, *tenths);
 }
 
-void setFace(FontState& font, const AttributeValue& value) { font.LogFont.setFaceName(value.text); }
+void setFace(FontState& font, const AttributeValue& value) {
+  font.LogFont.setFaceName(value.text);
+}
 
 void setWeight(FontState& font, const AttributeValue& value) {
   store<&LogFont::Weight, wholeNumber>(font.LogFont, value);
@@ -90,7 +93,9 @@ constexpr AttributeKey<FontState> kIdleStyleKeys[] = {
 
 // --- Texts ---------------------------------------------------------------------------------------
 
-void setText(VData_Text& item, const AttributeValue& value) { item.Text = value.text; }
+void setText(VData_Text& item, const AttributeValue& value) {
+  item.Text = value.text;
+}
 
 template <auto Field>
 void setPosition(VData_Text& item, const AttributeValue& value) {
@@ -153,7 +158,9 @@ constexpr AttributeKey<VData_Image> kImageKeys[] = {
 
 // --- Barcodes ------------------------------------------------------------------------------------
 
-void setBarcodeType(VData_BarCode& item, const AttributeValue& value) { item.SetType(value.text); }
+void setBarcodeType(VData_BarCode& item, const AttributeValue& value) {
+  item.SetType(value.text);
+}
 
 void setBarcodeValue(VData_BarCode& item, const AttributeValue& value) {
   item.SetValue(value.text);
@@ -165,7 +172,9 @@ void setSizeFactor(VData_BarCode& item, const AttributeValue& value) {
   }
 }
 
-void setCaptionFace(VData_BarCode& item, const AttributeValue& value) { setFace(item.Font, value); }
+void setCaptionFace(VData_BarCode& item, const AttributeValue& value) {
+  setFace(item.Font, value);
+}
 
 template <auto Field>
 void setCaptionSize(VData_BarCode& item, const AttributeValue& value) {
@@ -204,8 +213,8 @@ constexpr AttributeKey<VData_BarCode> kBarcodeKeys[] = {
 template <class Target>
 const AttributeKey<Target>* find(std::span<const AttributeKey<Target>> keys,
                                  std::string_view name) {
-  const auto found = std::find_if(keys.begin(), keys.end(),
-                                  [name](const auto& key) { return key.name == name; });
+  const auto found =
+      std::find_if(keys.begin(), keys.end(), [name](const auto& key) { return key.name == name; });
   return found == keys.end() ? nullptr : &*found;
 }
 

@@ -108,7 +108,9 @@ std::optional<std::int32_t> wholeNumber(const AttributeValue& value) {
   return parseInteger(value.text);
 }
 
-std::optional<double> realNumber(const AttributeValue& value) { return parseInteger(value.text); }
+std::optional<double> realNumber(const AttributeValue& value) {
+  return parseInteger(value.text);
+}
 
 std::optional<bool> flag(const AttributeValue& value) {
   const auto number = parseInteger(value.text);
@@ -136,7 +138,9 @@ std::optional<std::int32_t> millimetres(const AttributeValue& value) {
   return truncated(double(*number) * kTwipsPerInch / kMillimetresPerInch / scale);
 }
 
-std::optional<Color> colorByName(const AttributeValue& value) { return ColorByName(value.text); }
+std::optional<Color> colorByName(const AttributeValue& value) {
+  return ColorByName(value.text);
+}
 
 std::optional<Color> colorByIndex(const AttributeValue& value) {
   return asColor(parseInteger(value.text), ColorByIndex);
@@ -146,7 +150,9 @@ std::optional<Color> colorOf256(const AttributeValue& value) {
   return asColor(parseInteger(value.text), Color256);
 }
 
-std::optional<Color> colorByRgb(const AttributeValue& value) { return ColorFromRgb(value.text); }
+std::optional<Color> colorByRgb(const AttributeValue& value) {
+  return ColorFromRgb(value.text);
+}
 
 std::optional<Color> colorByNumber(const AttributeValue& value) {
   return asColor(parseInteger(value.text),

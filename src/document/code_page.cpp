@@ -41,7 +41,8 @@ std::string readCodePageFile(const std::string& name) {
 // character is "x", else decimal.
 std::uint16_t entryOf(std::string_view line) {
   const auto dash = line.find('-');
-  std::string_view value = dash == std::string_view::npos ? std::string_view() : line.substr(dash + 1);
+  std::string_view value =
+      dash == std::string_view::npos ? std::string_view() : line.substr(dash + 1);
   const bool hexadecimal = value.size() > 1 && value[1] == 'x';
   value = hexadecimal ? value.substr(2) : trimmedLeft(value);
   unsigned number = 0;

@@ -14,11 +14,24 @@ struct NamedColor {
 };
 
 constexpr std::array<NamedColor, 18> kColors = {{
-    {"Black", 0x000000}, {"Navy", 0x800000},   {"Teal", 0x808000},    {"Green", 0x008000},
-    {"Purple", 0x800080}, {"Maroon", 0x000080}, {"Olive", 0x008080},   {"Silver", 0xC0C0C0},
-    {"Gray", 0x808080},  {"Blue", 0xFF0000},   {"Aqua", 0xFFFF00},    {"Lime", 0x00FF00},
-    {"Fuchsia", 0xFF00FF}, {"Red", 0x0000FF},   {"Yellow", 0x00FFFF},  {"White", 0xFFFFFF},
-    {"LtGray", 0xC0C0C0}, {"DkGray", 0x808080},
+    {"Black", 0x000000},
+    {"Navy", 0x800000},
+    {"Teal", 0x808000},
+    {"Green", 0x008000},
+    {"Purple", 0x800080},
+    {"Maroon", 0x000080},
+    {"Olive", 0x008080},
+    {"Silver", 0xC0C0C0},
+    {"Gray", 0x808080},
+    {"Blue", 0xFF0000},
+    {"Aqua", 0xFFFF00},
+    {"Lime", 0x00FF00},
+    {"Fuchsia", 0xFF00FF},
+    {"Red", 0x0000FF},
+    {"Yellow", 0x00FFFF},
+    {"White", 0xFFFFFF},
+    {"LtGray", 0xC0C0C0},
+    {"DkGray", 0x808080},
 }};
 
 }  // namespace
@@ -35,7 +48,9 @@ Color ColorByIndex(std::int32_t index) {
   return place < kColors.size() ? kColors[place].color : 0;
 }
 
-Color Color256(std::int32_t) { return 0; }
+Color Color256(std::int32_t) {
+  return 0;
+}
 
 Color ColorFromRgb(std::string_view text) {
   const auto first = text.find(',');

@@ -10,11 +10,17 @@
 namespace qor {
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
-char upperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+char upperCase(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
 
-std::int32_t opposite(std::int32_t value) { return clamped(-std::int64_t{value}); }
+std::int32_t opposite(std::int32_t value) {
+  return clamped(-std::int64_t{value});
+}
 
 // What a parameterised command does. `whole` is the number cut to a whole one.
 struct Parameter {
@@ -22,10 +28,13 @@ struct Parameter {
   std::int32_t whole;
 };
 
-int orientationOf(std::int32_t n) { return n >= 0 && n <= 3 ? n + 1 : 1; }
+int orientationOf(std::int32_t n) {
+  return n >= 0 && n <= 3 ? n + 1 : 1;
+}
 
 // The weights of "(s n B" from -7 to 7.
-constexpr int kWeights[] = {0, 100, 200, 200, 300, 400, 400, 500, 600, 600, 700, 800, 800, 900, 900};
+constexpr int kWeights[] = {0,   100, 200, 200, 300, 400, 400, 500,
+                            600, 600, 700, 800, 800, 900, 900};
 
 // One run of the interpreter: the fonts and pages that commands act on. Each command returns how
 // many bytes it used, itself included.

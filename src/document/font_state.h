@@ -12,14 +12,14 @@ namespace qor {
 
 // Copied whole into items: it holds no pointers.
 struct FontState {
-  std::int32_t Kind;     // not read
-  double WidthFactor;    // scale of the character width
-  double Height;         // points
-  double Width;          // points; 0: the natural width
+  std::int32_t Kind;       // not read
+  double WidthFactor;      // scale of the character width
+  double Height;           // points
+  double Width;            // points; 0: the natural width
   struct LogFont LogFont;  // its height and width are worked out anew at each drawing
   qor::Color Color;
-  double CharSpacing;    // millimetres between characters
-  double LineSpacing;    // millimetres (1/48 inch in the base font of a page)
+  double CharSpacing;  // millimetres between characters
+  double LineSpacing;  // millimetres (1/48 inch in the base font of a page)
 
   FontState() { Reset(); }
 
@@ -29,8 +29,8 @@ struct FontState {
 
 // One open style tag and the font that was in force before it.
 struct VFont_Node {
-  int Key;                     // the tag's place in the list of style keys, 0 to 31
-  std::uint32_t OpenKeys;      // one bit for each key that is open here: this one and all older
+  int Key;                 // the tag's place in the list of style keys, 0 to 31
+  std::uint32_t OpenKeys;  // one bit for each key that is open here: this one and all older
   FontState Saved;
 };
 

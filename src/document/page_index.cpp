@@ -24,14 +24,16 @@ constexpr char kEndOfFile = 26;
 // A part of the file in memory that moves forward with whoever reads.
 class FileWindow {
  public:
-  explicit FileWindow(const InputFile& file) : file_(file), size_(file.size()), buffer_(kWindowSize) {}
+  explicit FileWindow(const InputFile& file)
+      : file_(file), size_(file.size()), buffer_(kWindowSize) {}
 
   std::uint64_t fileSize() const { return size_; }
 
   // The bytes from the offset on, as many as are in memory; none at the end of the file.
   std::string_view from(std::uint64_t offset) {
     if (offset < start_ || offset >= start_ + filled_) load(offset);
-    return {buffer_.data() + (offset - start_), static_cast<std::size_t>(start_ + filled_ - offset)};
+    return {buffer_.data() + (offset - start_),
+            static_cast<std::size_t>(start_ + filled_ - offset)};
   }
 
   // The byte at the offset, or -1 behind the end.
@@ -91,7 +93,8 @@ class PageScan {
   // The offset of the byte that ends the page, or the size of the file.
   std::uint64_t endOfPage() {
     std::uint64_t place = pageStart_;
-    for (std::string_view bytes = window_.from(place); !bytes.empty(); bytes = window_.from(place)) {
+    for (std::string_view bytes = window_.from(place); !bytes.empty();
+         bytes = window_.from(place)) {
       const std::size_t stop = findStop(bytes);
       place += stop;
       if (stop < bytes.size()) break;
@@ -143,8 +146,8 @@ void VDoc::dropControlPage(const InputFile& file) {
   if (Pages.empty()) return;
   char bytes[2];
   const std::size_t count = file.readAt(Pages.back().Offset, bytes, sizeof bytes);
-  const auto controls = static_cast<std::size_t>(
-      std::count_if(bytes, bytes + count, [](char c) { return static_cast<unsigned char>(c) < 32; }));
+  const auto controls = static_cast<std::size_t>(std::count_if(
+      bytes, bytes + count, [](char c) { return static_cast<unsigned char>(c) < 32; }));
   if (count >= 2 || controls == 0 || controls * 5 <= count) return;
   Pages.pop_back();
   --PageCount;

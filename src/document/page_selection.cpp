@@ -34,8 +34,8 @@ std::vector<PageRange> parsePageList(std::string_view list) {
     const std::string_view entry = upTo(list, ',');
     const PageRange range = rangeOf(entry);
     if (ranges.size() < kMaxEntries) ranges.push_back(range);
-    list = entry.size() == list.size() ? std::string_view()
-                                       : list.substr(entry.size() + 1, kMaxText);
+    list =
+        entry.size() == list.size() ? std::string_view() : list.substr(entry.size() + 1, kMaxText);
   }
   return ranges;
 }

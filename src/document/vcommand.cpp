@@ -35,7 +35,8 @@ int placeOf(std::string_view key, const std::array<std::string_view, Count>& key
 
 }  // namespace
 
-VCommand::VCommand(VSet& settings) : Font(&settings.Font), Settings(&settings) {}
+VCommand::VCommand(VSet& settings) : Font(&settings.Font), Settings(&settings) {
+}
 
 std::unique_ptr<VData> VCommand::NextItem(LineCursor& cursor) {
   if (cursor.atEnd()) return nullptr;

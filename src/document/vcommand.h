@@ -30,11 +30,11 @@ class VCommand : public VFont_List {
 
   // A tag as it stands in the line.
   struct Tag {
-    bool style = false;         // else an item tag
-    int key = 0;                // its place among the style keys or the item keys
+    bool style = false;  // else an item tag
+    int key = 0;         // its place among the style keys or the item keys
     TagForm form = TagForm::empty;
     std::string_view attributes;
-    std::size_t end = 0;        // the place behind it
+    std::size_t end = 0;  // the place behind it
   };
 
   // The tag at the place, if it is one that can be read. Anything else is text.

@@ -55,10 +55,10 @@ class VData_Text : public VData_Font {
   bool inBox() const { return HasPosition && (Right != 0 || Bottom != 0); }
 
   std::u32string WideText;
-  std::string Text;             // in the document's code page
+  std::string Text;  // in the document's code page
   std::int32_t Left = 0;
   std::int32_t Top = 0;
-  bool HasPosition = false;     // stands at Left, Top and not on its line
+  bool HasPosition = false;  // stands at Left, Top and not on its line
   std::int32_t Bottom = 0;
   std::int32_t Right = 0;
   std::int32_t AlignH = 0;      // in the box: 0 left, 1 centre, 2 right
@@ -74,11 +74,11 @@ class VData_Shape : public virtual VData {
   void Draw(Canvas& canvas) override;
   void DrawOnPage(Canvas& canvas) override;
 
-  std::int32_t ShapeType = 1;   // 1 line, 2 rectangle, 3 rounded, 4 ellipse, 5 rectangle as picture
+  std::int32_t ShapeType = 1;  // 1 line, 2 rectangle, 3 rounded, 4 ellipse, 5 rectangle as picture
   Color PenColor = 0;
-  std::int32_t PenType = 1;     // 0 none, 1 solid, 2 dash, 3 dot, 4 dash dot, 5 dash dot dot
+  std::int32_t PenType = 1;  // 0 none, 1 solid, 2 dash, 3 dot, 4 dash dot, 5 dash dot dot
   Color BrushColor = 0;
-  std::int32_t BrushType = 0;   // 0 none, 1 solid, 2 to 7 hatches
+  std::int32_t BrushType = 0;  // 0 none, 1 solid, 2 to 7 hatches
   std::int32_t Left = 0;
   std::int32_t Top = 0;
   std::int32_t Right = 0;
@@ -104,7 +104,7 @@ class VData_Image : public VData_Shape {
 
   std::string ErrorText;
   std::shared_ptr<const Picture> Bitmap;
-  std::string FileName;          // in the document's code page
+  std::string FileName;  // in the document's code page
   std::int32_t ImageNumber = -1;
   std::int32_t ImageStretch = 0;
 
@@ -136,7 +136,7 @@ class VData_BarCode : public VData_Font, public VData_Shape {
   double LineWidth = 15.0;
   bool ManualHeight = false;
   double MarginTop = 0.0;
-  double MarginBottom = 0.0;     // no key reaches it
+  double MarginBottom = 0.0;  // no key reaches it
   bool ShowValue = false;
   std::int32_t ValuePosition = 1;
   std::int32_t ValueFont = 0;

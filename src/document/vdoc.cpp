@@ -23,9 +23,8 @@ struct BaseFontRule {
 };
 
 // How the first bytes of a report tell the width of its base font.
-constexpr BaseFontRule kBaseFontRules[] = {{"\017", 125},     {"\033CB\017", 125},
-                                           {"\033(9", 125},   {"\033(s18", 125},
-                                           {"\033(s10", 75},  {"\033E", 150}};
+constexpr BaseFontRule kBaseFontRules[] = {{"\017", 125},     {"\033CB\017", 125}, {"\033(9", 125},
+                                           {"\033(s18", 125}, {"\033(s10", 75},    {"\033E", 150}};
 
 std::int32_t baseFontPercent(std::string_view header) {
   for (const BaseFontRule& rule : kBaseFontRules) {

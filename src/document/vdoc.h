@@ -55,7 +55,7 @@ class VDoc {
   std::int32_t BaseFontPercent = 100;  // scale of the base font, told by the first bytes
   std::uint32_t HeaderLength = 0;      // bytes of control sequences at the head
   VSet Settings;
-  std::int32_t PrintScale = 100;       // percent, for the printer
+  std::int32_t PrintScale = 100;  // percent, for the printer
   bool PrintScaleFlag = false;
 
  private:

@@ -54,8 +54,8 @@ class LineSplitter {
  private:
   void takeLineBytes() {
     const auto* start = bytes_.begin() + static_cast<std::ptrdiff_t>(place_);
-    const auto* end = std::find_if_not(start, bytes_.end(),
-                                       [this](char c) { return isLineByte(c, keepTabs_); });
+    const auto* end =
+        std::find_if_not(start, bytes_.end(), [this](char c) { return isLineByte(c, keepTabs_); });
     line_.append(start, end);
     place_ = static_cast<std::size_t>(end - bytes_.begin());
   }
@@ -105,9 +105,12 @@ class LineSplitter {
 
 }  // namespace
 
-VDocPage::VDocPage(std::int32_t number, VSet* settings) : Settings(settings), Number(number) {}
+VDocPage::VDocPage(std::int32_t number, VSet* settings) : Settings(settings), Number(number) {
+}
 
-VDocPage::~VDocPage() { ReleaseLines(); }
+VDocPage::~VDocPage() {
+  ReleaseLines();
+}
 
 void VDocPage::ReadLines(const InputFile& file, int mode) {
   ReleaseLines();

@@ -14,7 +14,8 @@ class InputFile;
 class VCommand;
 class VSet;
 
-// How a page is read: with `kKeepTabs` tabulators stay in the text, with any other they are dropped.
+// How a page is read: with `kKeepTabs` tabulators stay in the text, with any other they are
+// dropped.
 inline constexpr int kKeepTabs = 8;
 
 class VDocPage {
@@ -39,14 +40,14 @@ class VDocPage {
     return ChainView<&VDocStr::Next, VDocStr>(FirstLine);
   }
 
-  VDocStr* FirstLine = nullptr;       // owned
+  VDocStr* FirstLine = nullptr;  // owned
   VDocStr* LastLine = nullptr;
-  VSet* Settings;                     // the document's
+  VSet* Settings;                      // the document's
   std::unique_ptr<VCommand> Commands;  // exists while the page is loaded
   std::uint64_t Offset = 0;
   std::uint64_t Length = 0;
-  std::int32_t Number;                // 1 for the first page
-  bool Selected = true;               // in the print range
+  std::int32_t Number;   // 1 for the first page
+  bool Selected = true;  // in the print range
 };
 
 }  // namespace qor

@@ -28,13 +28,13 @@ class VDocStr {
     return ChainView<&VData::NextItem, VData>(FirstItem);
   }
 
-  VDocStr* Next = nullptr;      // the next line, owned
-  VData* FirstItem = nullptr;   // owned
+  VDocStr* Next = nullptr;     // the next line, owned
+  VData* FirstItem = nullptr;  // owned
   VData* LastItem = nullptr;
-  bool AfterFormFeed = false;   // the line before ended in a form feed
-  std::int32_t Height = 0;      // twips, worked out when the line is drawn
-  std::int32_t Overprint = 0;   // 1 if the line before ended in a bare CR
-  std::int32_t LineFeeds = 1;   // 0 if the line before ended in a bare CR
+  bool AfterFormFeed = false;  // the line before ended in a form feed
+  std::int32_t Height = 0;     // twips, worked out when the line is drawn
+  std::int32_t Overprint = 0;  // 1 if the line before ended in a bare CR
+  std::int32_t LineFeeds = 1;  // 0 if the line before ended in a bare CR
 };
 
 }  // namespace qor

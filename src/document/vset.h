@@ -19,23 +19,23 @@ struct Extent {
 // Print and page options.
 struct VSetPage {
   std::int32_t NumOfCopies = 1;
-  std::int32_t PrintPagesSet = 0;   // 0 all, 1 current, 2 those of PagesForPrint
-  std::string PagesForPrint;        // such as "1,3,5-12"
+  std::int32_t PrintPagesSet = 0;  // 0 all, 1 current, 2 those of PagesForPrint
+  std::string PagesForPrint;       // such as "1,3,5-12"
   bool SortByCopies = false;
-  bool ReverseOrder = false;        // not in the file
-  std::int32_t PaperSize = 9;       // Windows paper number
-  std::int32_t PaperSource = 15;    // Windows bin number
-  double PaperWidth = 210.0;        // mm
-  double PaperHeight = 297.0;       // mm
-  std::int32_t PrintQuality = 3;    // 0 default, 1 draft, 2 low, 3 medium, 4 high
-  std::int32_t PrintColor = 1;      // 0 default, 1 monochrome, 2 colour
-  std::int32_t Orientation = 1;     // 1 portrait, 0 left to the driver, any other landscape
-  std::int32_t MarginLeft = 0;      // mm; negative: cells of the text grid
+  bool ReverseOrder = false;      // not in the file
+  std::int32_t PaperSize = 9;     // Windows paper number
+  std::int32_t PaperSource = 15;  // Windows bin number
+  double PaperWidth = 210.0;      // mm
+  double PaperHeight = 297.0;     // mm
+  std::int32_t PrintQuality = 3;  // 0 default, 1 draft, 2 low, 3 medium, 4 high
+  std::int32_t PrintColor = 1;    // 0 default, 1 monochrome, 2 colour
+  std::int32_t Orientation = 1;   // 1 portrait, 0 left to the driver, any other landscape
+  std::int32_t MarginLeft = 0;    // mm; negative: cells of the text grid
   std::int32_t MarginTop = 0;
-  std::int32_t MarginRight = 0;     // set by control sequences, read by nobody
+  std::int32_t MarginRight = 0;  // set by control sequences, read by nobody
   std::int32_t MarginBottom = 0;
   std::int32_t BaseCodePage = AppOptions.DocCodePage;
-  Extent MaxExtent;                 // of the printer's paper, tenths of a millimetre
+  Extent MaxExtent;  // of the printer's paper, tenths of a millimetre
   Extent MinExtent;
 
   bool landscape() const { return Orientation != 0 && Orientation != 1; }
@@ -48,9 +48,9 @@ struct VSetPrn {
   std::int32_t Orientation = 0;  // 1 portrait, 2 landscape
   std::int32_t HorzRes = 0;      // printable area
   std::int32_t VertRes = 0;
-  std::int32_t LogPixelsX = 0;   // dots per inch
+  std::int32_t LogPixelsX = 0;  // dots per inch
   std::int32_t LogPixelsY = 0;
-  std::int32_t HorzSize = 0;     // mm
+  std::int32_t HorzSize = 0;  // mm
   std::int32_t VertSize = 0;
   std::int32_t PhysicalWidth = 0;
   std::int32_t PhysicalHeight = 0;
@@ -72,7 +72,7 @@ struct VSetScr {
   std::int32_t origin_y = 0;
   std::int32_t paper_width = 0;
   std::int32_t paper_height = 0;
-  std::int32_t print_left = 0;    // printable area, relative to the sheet
+  std::int32_t print_left = 0;  // printable area, relative to the sheet
   std::int32_t print_top = 0;
   std::int32_t print_right = 0;
   std::int32_t print_bottom = 0;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/app_options.h"
+#include "base/errors.h"
 #include "base/path.h"
 #include "document/vdoc.h"
 #include "export/exporters.h"
@@ -14,8 +15,8 @@ namespace {
 
 using Exporter = void (*)(VDoc&, ExportOptions&);
 
-void exportNothing(VDoc&, ExportOptions& options) {
-  showWarning(options.TargetName + ": this version can't write such files");
+[[noreturn]] void exportNothing(VDoc&, ExportOptions& options) {
+  throw FileError(options.TargetName + ": this version can't write such files");
 }
 
 template <ImageFormat Format>

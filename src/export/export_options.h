@@ -12,8 +12,8 @@ enum ImageFormat { kImageBmp, kImageJpeg, kImageGif, kImageIco, kImagePng, kImag
 
 struct ExportOptions {
   std::string TargetName;
-  bool UseNewPageChar = false;     // text: a form feed line after each page
-  bool UseEofChar = false;         // text: an end-of-file line at the end
+  bool UseNewPageChar = false;  // text: a form feed line after each page
+  bool UseEofChar = false;      // text: an end-of-file line at the end
   bool SaveHtmlPictures = false;
   bool SaveDocPictures = false;
   bool PrintToPdfPrinter = false;
@@ -21,7 +21,7 @@ struct ExportOptions {
   std::bitset<kImageFormatCount> ImageFormats;
   bool PagePerSheet = false;
   char CsvSeparator = ';';
-  int PageMode = 0;                // how pages are read: only kKeepTabs has an effect
+  int PageMode = 0;  // how pages are read: only kKeepTabs has an effect
 };
 
 // The names of the files that a picture export wrote, in order.

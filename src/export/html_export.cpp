@@ -17,7 +17,9 @@ namespace {
 constexpr int kBoldWeight = 700;
 constexpr int kHtmlDpi = 72;
 
-std::int64_t htmlPixels(std::int32_t twips) { return std::int64_t{twips} * kHtmlDpi / 1440; }
+std::int64_t htmlPixels(std::int32_t twips) {
+  return std::int64_t{twips} * kHtmlDpi / 1440;
+}
 
 void appendFont(const FontState& font, std::string& html) {
   char color[8];

@@ -8,8 +8,7 @@ namespace qor {
 // Loads the page and lets it go with the object.
 class LoadedPage {
  public:
-  LoadedPage(VDoc& doc, std::int32_t number, int mode)
-      : page_(doc.GetPage(number, mode)) {}
+  LoadedPage(VDoc& doc, std::int32_t number, int mode) : page_(doc.GetPage(number, mode)) {}
   ~LoadedPage() {
     if (page_ != nullptr) page_->ReleaseLines();
   }

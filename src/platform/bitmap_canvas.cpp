@@ -23,8 +23,7 @@ cairo_surface_t* createSurface(int width, int height) {
 
 struct BitmapCanvas::Parts {
   Parts(int width, int height, int dpi)
-      : surface(createSurface(width, height)),
-        canvas(surface.get(), {width, height}, dpi) {}
+      : surface(createSurface(width, height)), canvas(surface.get(), {width, height}, dpi) {}
 
   CairoOwned<cairo_surface_t> surface;
   BitmapPainter canvas;
@@ -37,7 +36,9 @@ BitmapCanvas::BitmapCanvas(int width, int height, int dpi)
 
 BitmapCanvas::~BitmapCanvas() = default;
 
-Canvas& BitmapCanvas::canvas() { return parts_->canvas; }
+Canvas& BitmapCanvas::canvas() {
+  return parts_->canvas;
+}
 
 void BitmapCanvas::clear() {
   const CairoOwned<cairo_t> context(cairo_create(parts_->surface.get()));

@@ -14,7 +14,9 @@ constexpr double kLargestMask = 256 * 64;
 // table stay whole where a row of it is bold.
 constexpr double kBoxStroke = 0.1;
 
-int roundedDot(double dot) { return static_cast<int>(std::lround(dot)); }
+int roundedDot(double dot) {
+  return static_cast<int>(std::lround(dot));
+}
 
 // One colour component of the pixel, moved toward the ink by coverage / 255.
 std::uint32_t mixed(std::uint32_t paper, std::uint32_t ink, std::uint32_t coverage, int shift) {
@@ -44,7 +46,8 @@ BitmapPainter::BitmapPainter(cairo_surface_t* surface, Point size, int dpi)
       surface_(surface),
       pixels_(reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(surface))),
       stride_(cairo_image_surface_get_stride(surface) / 4),
-      clip_{0, 0, size.x, size.y} {}
+      clip_{0, 0, size.x, size.y} {
+}
 
 void BitmapPainter::setClip(const Rect& dots) {
   CairoCanvas::setClip(dots);
@@ -59,7 +62,9 @@ void BitmapPainter::clearClip() {
 void BitmapPainter::clipText(const Rect& rect) {
   CairoCanvas::clipText(rect);
   saved_.push_back(clip_);
-  const auto dot = [](double place, int limit) { return roundedDot(std::clamp(place, -1.0, limit + 1.0)); };
+  const auto dot = [](double place, int limit) {
+    return roundedDot(std::clamp(place, -1.0, limit + 1.0));
+  };
   const Dots first = dots(rect.left, rect.top);
   const Dots last = dots(rect.right, rect.bottom);
   DotRect box = clip_;

@@ -32,7 +32,7 @@ class BitmapPainter : public CairoCanvas {
 
   cairo_surface_t* surface_;
   std::uint32_t* pixels_;
-  int stride_;                  // pixels
+  int stride_;  // pixels
   DotRect clip_;
   std::vector<DotRect> saved_;  // clips from before the text boxes that are open
   GlyphMasks masks_;

@@ -97,8 +97,10 @@ void BoxCharacter::addArms(const std::uint8_t* arms, const DotRect& cell, int st
       const int reach = reachOf(line, opposite, before, after) * spread;
       const int across = (level ? middleY : middleX) + line * spread;
       const int end = (level ? middleX : middleY) + (first ? reach + stroke : -reach);
-      add(level ? DotRect{first ? cell.left : end, across, first ? end : cell.right, across + stroke}
-                : DotRect{across, first ? cell.top : end, across + stroke, first ? end : cell.bottom});
+      add(level
+              ? DotRect{first ? cell.left : end, across, first ? end : cell.right, across + stroke}
+              : DotRect{across, first ? cell.top : end, across + stroke,
+                        first ? end : cell.bottom});
     }
   }
 }

@@ -54,7 +54,9 @@ bool cutLine(double& u1, double& v1, double& u2, double& v2, std::int32_t size) 
   return true;
 }
 
-double near(double dot, std::int32_t size) { return std::clamp(dot, -kBeyond, size + kBeyond); }
+double near(double dot, std::int32_t size) {
+  return std::clamp(dot, -kBeyond, size + kBeyond);
+}
 
 }  // namespace
 
@@ -75,7 +77,9 @@ CairoCanvas::CairoCanvas(cairo_surface_t* surface, Point size, Point dotsPerInch
 
 CairoCanvas::~CairoCanvas() = default;
 
-void CairoCanvas::setMapping(const Mapping& mapping) { mapping_ = mapping; }
+void CairoCanvas::setMapping(const Mapping& mapping) {
+  mapping_ = mapping;
+}
 
 void CairoCanvas::setClip(const Rect& dots) {
   clearClip();
@@ -84,7 +88,9 @@ void CairoCanvas::setClip(const Rect& dots) {
   cairo_clip(context_.get());
 }
 
-void CairoCanvas::clearClip() { cairo_reset_clip(context_.get()); }
+void CairoCanvas::clearClip() {
+  cairo_reset_clip(context_.get());
+}
 
 CairoCanvas::Dots CairoCanvas::dots(double x, double y) const {
   return {x * mapping_.dpiX / kTwipsPerInch + mapping_.originX,
@@ -197,7 +203,8 @@ void CairoCanvas::hatch(const DotBox& area, bool falling, bool rising, bool leve
   }
   useColor(brush().color);
   cairo_set_dash(context_.get(), nullptr, 0, 0);
-  cairo_set_line_width(context_.get(), std::max(1.0, std::round(mapping_.dpiX / double(kPictureDpi))));
+  cairo_set_line_width(context_.get(),
+                       std::max(1.0, std::round(mapping_.dpiX / double(kPictureDpi))));
   cairo_stroke(context_.get());
 }
 
@@ -257,10 +264,14 @@ void CairoCanvas::paintLine(Point start, Point end) {
   }
   const bool upright = start.x == end.x;
   const bool level = start.y == end.y;
-  if (upright) from.x = to.x = onGrid(from.x);
-  if (level) from.y = to.y = onGrid(from.y);
-  cairo_set_line_cap(context_.get(),
-                     upright || level ? CAIRO_LINE_CAP_BUTT : CAIRO_LINE_CAP_ROUND);
+  if (upright || level) {
+    const auto tip = [this](double dot) {
+      return grid_ == DotGrid::visible ? std::round(dot) : dot;
+    };
+    from = upright ? Dots{onGrid(from.x), tip(from.y)} : Dots{tip(from.x), onGrid(from.y)};
+    to = upright ? Dots{from.x, tip(to.y)} : Dots{tip(to.x), from.y};
+  }
+  cairo_set_line_cap(context_.get(), upright || level ? CAIRO_LINE_CAP_BUTT : CAIRO_LINE_CAP_ROUND);
   cairo_move_to(context_.get(), from.x, from.y);
   cairo_line_to(context_.get(), to.x, to.y);
   strokePath();
@@ -278,7 +289,8 @@ void CairoCanvas::drawPicture(const Picture& picture, const Rect& rect) {
   const bool exact = asItIs && grid_ == DotGrid::visible;
   if (exact) scaleX = scaleY = 1;
   // Cairo only reads the pixels of a source.
-  auto* pixels = reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(picture.pixels.data()));
+  auto* pixels =
+      reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(picture.pixels.data()));
   const CairoOwned<cairo_surface_t> source(cairo_image_surface_create_for_data(
       pixels, CAIRO_FORMAT_ARGB32, picture.width, picture.height, picture.width * 4));
   cairo_t* context = context_.get();
@@ -289,7 +301,8 @@ void CairoCanvas::drawPicture(const Picture& picture, const Rect& rect) {
   cairo_rectangle(context, 0, 0, picture.width, picture.height);
   cairo_clip(context);
   cairo_set_source_surface(context, source.get(), 0, 0);
-  cairo_pattern_set_filter(cairo_get_source(context), exact ? CAIRO_FILTER_NEAREST : CAIRO_FILTER_GOOD);
+  cairo_pattern_set_filter(cairo_get_source(context),
+                           exact ? CAIRO_FILTER_NEAREST : CAIRO_FILTER_GOOD);
   cairo_pattern_set_extend(cairo_get_source(context), CAIRO_EXTEND_PAD);
   cairo_paint(context);
   cairo_restore(context);

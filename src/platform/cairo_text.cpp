@@ -27,7 +27,9 @@ CairoOwned<cairo_font_face_t> cairoFace(const FontFace& face) {
   return CairoOwned<cairo_font_face_t>(made);
 }
 
-double angleOf(const TextRun& run) { return run.record.Escapement * std::numbers::pi / 1800; }
+double angleOf(const TextRun& run) {
+  return run.record.Escapement * std::numbers::pi / 1800;
+}
 
 }  // namespace
 
@@ -60,8 +62,8 @@ void CairoCanvas::showGlyphs(const TextRun& run, Dots direction) {
     const FontFace* face = glyph->face;
     glyphs_.clear();
     for (; glyph != run.glyphs.end() && glyph->face == face; ++glyph) {
-      const Dots place = dots(baseX + direction.x * glyph->distance,
-                              baseY + direction.y * glyph->distance);
+      const Dots place =
+          dots(baseX + direction.x * glyph->distance, baseY + direction.y * glyph->distance);
       glyphs_.push_back({glyph->index, place.x, place.y});
     }
     useFace(*face, run);
@@ -109,6 +111,8 @@ void CairoCanvas::clipText(const Rect& rect) {
   cairo_clip(context_.get());
 }
 
-void CairoCanvas::unclipText() { cairo_restore(context_.get()); }
+void CairoCanvas::unclipText() {
+  cairo_restore(context_.get());
+}
 
 }  // namespace qor

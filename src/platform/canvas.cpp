@@ -13,7 +13,9 @@ namespace {
 // Longer texts are painted in parts, so that their glyphs never fill the memory.
 constexpr std::size_t kPartLength = 4096;
 
-double radians(std::int32_t tenthsOfDegree) { return tenthsOfDegree * std::numbers::pi / 1800; }
+double radians(std::int32_t tenthsOfDegree) {
+  return tenthsOfDegree * std::numbers::pi / 1800;
+}
 
 // Where a text of this length starts between two edges.
 double aligned(double first, double last, double length, Align align) {
@@ -32,9 +34,13 @@ void Canvas::setFont(const LogFont& font) {
   font_ = scaledFont(font);
 }
 
-void Canvas::moveTo(Point position) { position_ = {double(position.x), double(position.y)}; }
+void Canvas::moveTo(Point position) {
+  position_ = {double(position.x), double(position.y)};
+}
 
-Point Canvas::currentPosition() const { return {truncated(position_.x), truncated(position_.y)}; }
+Point Canvas::currentPosition() const {
+  return {truncated(position_.x), truncated(position_.y)};
+}
 
 void Canvas::lineTo(Point end) {
   paintLine(currentPosition(), end);
@@ -69,7 +75,9 @@ Canvas::Position Canvas::paintAt(Position start, std::u32string_view text) {
   return start;
 }
 
-void Canvas::textOut(std::u32string_view text) { position_ = paintAt(position_, text); }
+void Canvas::textOut(std::u32string_view text) {
+  position_ = paintAt(position_, text);
+}
 
 void Canvas::drawText(std::u32string_view text, const Rect& rect, Align horizontal,
                       Align vertical) {

@@ -77,11 +77,11 @@ struct PlacedGlyph {
 
 struct TextRun {
   const ScaledFont& font;
-  const LogFont& record;      // rotation, underline and strike-out
+  const LogFont& record;  // rotation, underline and strike-out
   Color color;
-  double x;                   // top left of the cell of the first character
+  double x;  // top left of the cell of the first character
   double y;
-  double length;              // logical units along the direction
+  double length;  // logical units along the direction
   std::u32string_view text;
   std::span<const PlacedGlyph> glyphs;
 };

@@ -29,11 +29,13 @@ constexpr int kBoldFrom = 600;
 
 // Bitmap fonts of Windows that reports ask for, and outlines of the same look.
 constexpr std::pair<std::string_view, const char*> kStandIns[] = {
-    {"MS Sans Serif", "Arial"},   {"MS Serif", "Times New Roman"}, {"System", "Arial"},
-    {"Courier", "Courier New"},   {"Fixedsys", "Courier New"},     {"Terminal", "Courier New"},
-    {"Helv", "Arial"},            {"Tms Rmn", "Times New Roman"}};
+    {"MS Sans Serif", "Arial"}, {"MS Serif", "Times New Roman"}, {"System", "Arial"},
+    {"Courier", "Courier New"}, {"Fixedsys", "Courier New"},     {"Terminal", "Courier New"},
+    {"Helv", "Arial"},          {"Tms Rmn", "Times New Roman"}};
 
-const FcChar8* text(const char* value) { return reinterpret_cast<const FcChar8*>(value); }
+const FcChar8* text(const char* value) {
+  return reinterpret_cast<const FcChar8*>(value);
+}
 
 Pattern patternOf(const FaceRequest& request) {
   Pattern pattern(FcPatternCreate());
@@ -63,7 +65,8 @@ std::shared_ptr<const FontFace> openFace(FcPattern* found, const FaceRequest& re
   FaceStyle style;
   style.syntheticBold = request.weight >= kBoldFrom &&
                         integerOf(found, FC_WEIGHT, FC_WEIGHT_REGULAR) < FC_WEIGHT_DEMIBOLD;
-  style.syntheticSlant = request.italic && integerOf(found, FC_SLANT, FC_SLANT_ROMAN) == FC_SLANT_ROMAN;
+  style.syntheticSlant =
+      request.italic && integerOf(found, FC_SLANT, FC_SLANT_ROMAN) == FC_SLANT_ROMAN;
 
   using Key = std::tuple<std::string, int, bool, bool>;
   static std::map<Key, std::shared_ptr<const FontFace>> open;

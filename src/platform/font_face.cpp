@@ -27,7 +27,8 @@ void measureCell(FT_Face face, FaceMeasures& measures) {
   measures.descent = os2 != nullptr ? os2->usWinDescent : -face->descender;
   measures.averageWidth = os2 != nullptr ? os2->xAvgCharWidth : face->max_advance_width;
   if (hhea != nullptr) {
-    const double beyondCell = measures.ascent + measures.descent - (hhea->Ascender - hhea->Descender);
+    const double beyondCell =
+        measures.ascent + measures.descent - (hhea->Ascender - hhea->Descender);
     measures.externalLeading = std::max(0.0, hhea->Line_Gap - beyondCell);
   }
 }
@@ -57,7 +58,9 @@ FontFace::FontFace(const std::string& file, int index, FaceStyle style) : style_
   measureStrokes(face_, measures_);
 }
 
-FontFace::~FontFace() { FT_Done_Face(face_); }
+FontFace::~FontFace() {
+  FT_Done_Face(face_);
+}
 
 std::uint32_t FontFace::glyphIndex(char32_t character) const {
   return FT_Get_Char_Index(face_, character);

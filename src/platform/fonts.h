@@ -14,7 +14,7 @@ class FontFace;
 struct TextMetrics {
   std::int32_t ascent = 0;
   std::int32_t descent = 0;
-  std::int32_t height = 0;           // ascent + descent
+  std::int32_t height = 0;  // ascent + descent
   std::int32_t externalLeading = 0;
   std::int32_t averageWidth = 0;
 };
@@ -22,7 +22,7 @@ struct TextMetrics {
 struct Glyph {
   const FontFace* face = nullptr;  // the font's own, or a fallback that has the character
   std::uint32_t index = 0;
-  double advance = 0;              // logical units, unhinted
+  double advance = 0;  // logical units, unhinted
 };
 
 // A stroke along the text: its middle below the baseline (negative: above) and its thickness, in

@@ -35,8 +35,11 @@ class OwnSize {
 
 GlyphMask copyOf(const FT_GlyphSlot slot) {
   const FT_Bitmap& bitmap = slot->bitmap;
-  GlyphMask mask{slot->bitmap_left, -slot->bitmap_top, static_cast<int>(bitmap.width),
-                 static_cast<int>(bitmap.rows), {}};
+  GlyphMask mask{slot->bitmap_left,
+                 -slot->bitmap_top,
+                 static_cast<int>(bitmap.width),
+                 static_cast<int>(bitmap.rows),
+                 {}};
   mask.coverage.reserve(std::size_t{bitmap.width} * bitmap.rows);
   for (unsigned row = 0; row < bitmap.rows; ++row) {
     const unsigned char* start = bitmap.buffer + static_cast<std::ptrdiff_t>(row) * bitmap.pitch;
@@ -64,9 +67,9 @@ GlyphMask render(const MaskKey& key) {
 std::size_t GlyphMasks::Hash::operator()(const MaskKey& key) const {
   constexpr std::uint64_t spread = 0x9E3779B97F4A7C15;  // 2^64 divided by the golden ratio
   std::uint64_t hash = reinterpret_cast<std::uintptr_t>(key.face);
-  for (const std::uint64_t part : {std::uint64_t{key.glyph}, static_cast<std::uint64_t>(key.width),
-                                   static_cast<std::uint64_t>(key.height),
-                                   static_cast<std::uint64_t>(key.phase)}) {
+  for (const std::uint64_t part :
+       {std::uint64_t{key.glyph}, static_cast<std::uint64_t>(key.width),
+        static_cast<std::uint64_t>(key.height), static_cast<std::uint64_t>(key.phase)}) {
     hash = (hash ^ part) * spread;
   }
   return hash >> 16;

@@ -9,8 +9,8 @@
 
 namespace qor {
 
-// A glyph's pen stands on one of this many places within a dot, so that letters keep their distances
-// at any size.
+// A glyph's pen stands on one of this many places within a dot, so that letters keep their
+// distances at any size.
 inline constexpr int kMaskPhases = 4;
 
 struct MaskKey {

@@ -35,7 +35,8 @@ InputFile::~InputFile() {
 }
 
 InputFile::InputFile(InputFile&& other) noexcept
-    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, -1)) {}
+    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, -1)) {
+}
 
 std::uint64_t InputFile::size() const {
   struct stat status {};

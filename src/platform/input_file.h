@@ -21,7 +21,8 @@ class InputFile {
   // The size in bytes at this moment.
   std::uint64_t size() const;
 
-  // Reads up to `count` bytes from `offset` on; fewer only at the end of the file. Throws FileError.
+  // Reads up to `count` bytes from `offset` on; fewer only at the end of the file. Throws
+  // FileError.
   std::size_t readAt(std::uint64_t offset, char* buffer, std::size_t count) const;
 
  private:

@@ -15,7 +15,9 @@ void print(std::FILE* stream, const std::string& text) {
 
 }  // namespace
 
-void showInformation(std::string_view text) { print(stdout, std::string(text) + "\n"); }
+void showInformation(std::string_view text) {
+  print(stdout, std::string(text) + "\n");
+}
 
 void showWarning(std::string_view text) {
   std::string line(text);

@@ -17,7 +17,9 @@ constexpr double kLargestSize = 1e6;    // twips; far beyond any sheet
 constexpr std::size_t kMaxFonts = 128;  // kept at a time
 constexpr std::size_t kMaxGlyphs = 4096;
 
-std::int32_t rounded(double value) { return static_cast<std::int32_t>(std::lround(value)); }
+std::int32_t rounded(double value) {
+  return static_cast<std::int32_t>(std::lround(value));
+}
 
 double emSizeOf(const LogFont& font, const FaceMeasures& face) {
   const double size = std::min(std::abs(double(font.Height)), kLargestSize);
@@ -40,10 +42,12 @@ class OutlineFont : public ScaledFont {
   double widthScale() const override { return widthScale_; }
 
   TextStroke underline() const override {
-    return {scaled(face_->measures().underlineOffset), scaled(face_->measures().underlineThickness)};
+    return {scaled(face_->measures().underlineOffset),
+            scaled(face_->measures().underlineThickness)};
   }
   TextStroke strikeOut() const override {
-    return {scaled(face_->measures().strikeOutOffset), scaled(face_->measures().strikeOutThickness)};
+    return {scaled(face_->measures().strikeOutOffset),
+            scaled(face_->measures().strikeOutThickness)};
   }
 
   Glyph glyph(char32_t character) const override {

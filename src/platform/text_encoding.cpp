@@ -18,7 +18,9 @@ constexpr int kUtf8 = 65001;
 class Converter {
  public:
   Converter(std::string to, std::string from)
-      : to_(std::move(to)), from_(std::move(from)), handle_(::iconv_open(to_.c_str(), from_.c_str())) {}
+      : to_(std::move(to)),
+        from_(std::move(from)),
+        handle_(::iconv_open(to_.c_str(), from_.c_str())) {}
   ~Converter() {
     if (known()) ::iconv_close(handle_);
   }
@@ -61,7 +63,9 @@ std::string nameOf(int codePage) {
   return codePage == kUtf8 ? "UTF-8" : "CP" + std::to_string(codePage);
 }
 
-bool isAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+bool isAscii(char c) {
+  return static_cast<unsigned char>(c) < 0x80;
+}
 
 bool isAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return isAscii(c); });
@@ -159,8 +163,8 @@ std::string lowerUtf8(std::string_view text) {
     if (character.code == kReplacement || unicode == nullptr) {
       result += character.bytes;
     } else {
-      appendUtf8(result, static_cast<char32_t>(
-                             ::towlower_l(static_cast<wint_t>(character.code), unicode)));
+      appendUtf8(result,
+                 static_cast<char32_t>(::towlower_l(static_cast<wint_t>(character.code), unicode)));
     }
   }
   return result;
@@ -180,9 +184,8 @@ int codePageOfCharset(int charset) {
     int charset;
     int codePage;
   };
-  static constexpr Row rows[] = {{161, 1253}, {162, 1254}, {163, 1258}, {177, 1255},
-                                 {178, 1256}, {186, 1257}, {204, 1251}, {222, 874},
-                                 {238, 1250}};
+  static constexpr Row rows[] = {{161, 1253}, {162, 1254}, {163, 1258}, {177, 1255}, {178, 1256},
+                                 {186, 1257}, {204, 1251}, {222, 874},  {238, 1250}};
   for (const Row& row : rows) {
     if (row.charset == charset) return row.codePage;
   }

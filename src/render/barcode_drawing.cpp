@@ -3,6 +3,7 @@
 
 namespace qor {
 
-void VData_BarCode::Draw(Canvas&) {}
+void VData_BarCode::Draw(Canvas&) {
+}
 
 }  // namespace qor

@@ -47,8 +47,8 @@ bool VData_Image::drawPicture(Canvas& canvas) {
     drawErrorText(canvas);
     return false;
   }
-  const auto place = placeImage(ImageStretch, {Left, Top, Right, Bottom}, Bitmap->width,
-                                Bitmap->height);
+  const auto place =
+      placeImage(ImageStretch, {Left, Top, Right, Bottom}, Bitmap->width, Bitmap->height);
   if (!place) return true;
   if (ImageStretch == kNatural) {
     Right = place->right;

@@ -51,15 +51,17 @@ std::int32_t walkLines(VDocPage& page, Canvas& canvas, DrawItem drawItem) {
   canvas.moveTo(start);
   std::int32_t previousHeight = 0;
   for (VDocStr& line : page.lines()) {
-    Point at = {clamped(std::int64_t{line.Overprint} * kOverprintShift + start.x),
-                clamped(std::int64_t{previousHeight} * line.LineFeeds + canvas.currentPosition().y)};
+    Point at = {
+        clamped(std::int64_t{line.Overprint} * kOverprintShift + start.x),
+        clamped(std::int64_t{previousHeight} * line.LineFeeds + canvas.currentPosition().y)};
     if (line.AfterFormFeed) at.y = middleRow(page.Settings->Prn, start.y);
     canvas.moveTo(at);
     line.Height = 0;
     for (VData& item : line.items()) {
       drawItem(item);
       const auto* text = dynamic_cast<const VData_Text*>(&item);
-      if (text != nullptr && !text->HasPosition) line.Height = std::max(line.Height, text->LineHeight);
+      if (text != nullptr && !text->HasPosition)
+        line.Height = std::max(line.Height, text->LineHeight);
     }
     previousHeight = line.Height;
   }

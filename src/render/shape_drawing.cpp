@@ -12,15 +12,14 @@ constexpr std::int32_t kUsualLineWidth = 15;
 
 enum ShapeKind { kLine = 1, kRectangle, kRoundRectangle, kEllipse, kPictureRectangle };
 
-constexpr std::array<PenStyle, 6> kPenStyles = {PenStyle::none, PenStyle::solid,
-                                                PenStyle::dash, PenStyle::dot,
+constexpr std::array<PenStyle, 6> kPenStyles = {PenStyle::none,    PenStyle::solid,
+                                                PenStyle::dash,    PenStyle::dot,
                                                 PenStyle::dashDot, PenStyle::dashDotDot};
 
 constexpr std::array<BrushStyle, 8> kBrushStyles = {
-    BrushStyle::none,          BrushStyle::solid,
-    BrushStyle::backwardDiagonal, BrushStyle::cross,
-    BrushStyle::diagonalCross, BrushStyle::forwardDiagonal,
-    BrushStyle::horizontal,    BrushStyle::vertical};
+    BrushStyle::none,       BrushStyle::solid,         BrushStyle::backwardDiagonal,
+    BrushStyle::cross,      BrushStyle::diagonalCross, BrushStyle::forwardDiagonal,
+    BrushStyle::horizontal, BrushStyle::vertical};
 
 PenStyle penStyleOf(std::int32_t type) {
   const auto place = static_cast<std::size_t>(type);
@@ -52,7 +51,9 @@ void VData_Shape::drawOutline(Canvas& canvas) const {
   }
 }
 
-void VData_Shape::Draw(Canvas& canvas) { drawOutline(canvas); }
+void VData_Shape::Draw(Canvas& canvas) {
+  drawOutline(canvas);
+}
 
 void VData_Shape::DrawOnPage(Canvas& canvas) {
   drawOutline(canvas);

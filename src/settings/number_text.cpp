@@ -27,9 +27,11 @@ std::string FloatToStr(double value) {
                                  std::chars_format::general, kSignificantDigits);
   std::string text(buffer, end.ptr);
   if (const auto exponent = text.find('e'); exponent != std::string::npos) {
-    text.replace(exponent, std::string::npos, shortExponent(std::string_view(text).substr(exponent)));
+    text.replace(exponent, std::string::npos,
+                 shortExponent(std::string_view(text).substr(exponent)));
   }
-  if (const auto point = text.find('.'); point != std::string::npos) text[point] = decimalSeparator();
+  if (const auto point = text.find('.'); point != std::string::npos)
+    text[point] = decimalSeparator();
   return text;
 }
 
@@ -37,9 +39,8 @@ double ParseDoubleAnyLocale(std::string_view text) {
   std::string number(text);
   if (const auto mark = number.find_first_of(".,"); mark != std::string::npos) number[mark] = '.';
   std::erase_if(number, [](char c) { return c == ' ' || c == ','; });
-  const std::string_view digits = trimmedLeft(number).starts_with('+')
-                                      ? trimmedLeft(number).substr(1)
-                                      : trimmedLeft(number);
+  const std::string_view digits =
+      trimmedLeft(number).starts_with('+') ? trimmedLeft(number).substr(1) : trimmedLeft(number);
   double value = 0.0;
   std::from_chars(digits.data(), digits.data() + digits.size(), value);
   return value == value ? value : 0.0;

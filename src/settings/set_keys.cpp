@@ -48,11 +48,17 @@ void readColorMode(VSet& set, const std::string& value) {
   set.Page.PrintColor = placeOf(value, kColorModes);
 }
 
-std::string writeFaceName(const VSet& set) { return std::string(set.Font.LogFont.faceName()); }
+std::string writeFaceName(const VSet& set) {
+  return std::string(set.Font.LogFont.faceName());
+}
 
-void readFaceName(VSet& set, const std::string& value) { set.Font.LogFont.setFaceName(value); }
+void readFaceName(VSet& set, const std::string& value) {
+  set.Font.LogFont.setFaceName(value);
+}
 
-std::string writePages(const VSet& set) { return fileText(set.Page.PagesForPrint); }
+std::string writePages(const VSet& set) {
+  return fileText(set.Page.PagesForPrint);
+}
 
 void readPages(VSet& set, const std::string& value) {
   set.Page.PagesForPrint = utf8OfFileText(value);
@@ -65,9 +71,15 @@ void readCharset(VSet& set, const std::string& value) {
 }
 
 // Ways to reach the record that holds a field.
-VSetPage& page(VSet& set) { return set.Page; }
-FontState& font(VSet& set) { return set.Font; }
-LogFont& logFont(VSet& set) { return set.Font.LogFont; }
+VSetPage& page(VSet& set) {
+  return set.Page;
+}
+FontState& font(VSet& set) {
+  return set.Font;
+}
+LogFont& logFont(VSet& set) {
+  return set.Font.LogFont;
+}
 
 template <auto Record>
 const auto& constant(const VSet& set) {
@@ -81,15 +93,17 @@ std::string writeWhole(const VSet& set) {
 
 template <auto Record, auto Field>
 void readWhole(VSet& set, const std::string& value) {
-  Record(set).*Field = static_cast<std::remove_reference_t<decltype(Record(set).*Field)>>(
-      toInteger(value));
+  Record(set).*Field =
+      static_cast<std::remove_reference_t<decltype(Record(set).*Field)>>(toInteger(value));
 }
 
 std::string writeColor(const VSet& set) {
   return std::to_string(static_cast<std::int32_t>(set.Font.Color));
 }
 
-std::string writeCollate(const VSet& set) { return set.Page.SortByCopies ? "1" : "0"; }
+std::string writeCollate(const VSet& set) {
+  return set.Page.SortByCopies ? "1" : "0";
+}
 
 void readCollate(VSet& set, const std::string& value) {
   set.Page.SortByCopies = toInteger(value) != 0;
@@ -166,6 +180,8 @@ constexpr SetSection kSections[] = {
 
 }  // namespace
 
-std::span<const SetSection> setSections() { return kSections; }
+std::span<const SetSection> setSections() {
+  return kSections;
+}
 
 }  // namespace qor

@@ -11,7 +11,7 @@ class VSet;
 
 struct SetKey {
   std::string_view name;
-  std::string_view label;                       // as written, padded; empty where never written
+  std::string_view label;  // as written, padded; empty where never written
   std::string (*write)(const VSet&);
   void (*read)(VSet&, const std::string& value);  // may throw ConversionError
 };

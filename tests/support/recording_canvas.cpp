@@ -14,7 +14,9 @@ std::string text(const Rect& rect) {
   return out.str();
 }
 
-std::string text(Point point) { return std::to_string(point.x) + "," + std::to_string(point.y); }
+std::string text(Point point) {
+  return std::to_string(point.x) + "," + std::to_string(point.y);
+}
 
 // Characters beyond ASCII as <number>.
 std::string text(std::u32string_view characters) {
@@ -39,14 +41,18 @@ std::string RecordingCanvas::tools() const {
   return out.str();
 }
 
-void RecordingCanvas::rectangle(const Rect& rect) { note("rectangle " + text(rect) + tools()); }
+void RecordingCanvas::rectangle(const Rect& rect) {
+  note("rectangle " + text(rect) + tools());
+}
 
 void RecordingCanvas::roundRect(const Rect& rect, std::int32_t width, std::int32_t height) {
   note("roundRect " + text(rect) + " corner " + std::to_string(width) + "x" +
        std::to_string(height) + tools());
 }
 
-void RecordingCanvas::ellipse(const Rect& rect) { note("ellipse " + text(rect) + tools()); }
+void RecordingCanvas::ellipse(const Rect& rect) {
+  note("ellipse " + text(rect) + tools());
+}
 
 void RecordingCanvas::drawPicture(const Picture& picture, const Rect& rect) {
   note("picture " + std::to_string(picture.width) + "x" + std::to_string(picture.height) + " at " +
@@ -70,6 +76,8 @@ void RecordingCanvas::paintText(const TextRun& run) {
   note(out.str());
 }
 
-void RecordingCanvas::clipText(const Rect& rect) { note("clip " + text(rect)); }
+void RecordingCanvas::clipText(const Rect& rect) {
+  note("clip " + text(rect));
+}
 
 }  // namespace qor::test

@@ -26,13 +26,18 @@ std::string TemporaryDirectory::path(std::string_view name) const {
 std::string TemporaryDirectory::write(std::string_view name, std::string_view bytes) const {
   const fs::path file = place_ / name;
   fs::create_directories(file.parent_path());
-  std::ofstream(file, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  std::ofstream(file, std::ios::binary)
+      .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   return file.string();
 }
 
-std::string TemporaryDirectory::read(std::string_view name) const { return readFile(path(name)); }
+std::string TemporaryDirectory::read(std::string_view name) const {
+  return readFile(path(name));
+}
 
-bool TemporaryDirectory::has(std::string_view name) const { return fs::exists(place_ / name); }
+bool TemporaryDirectory::has(std::string_view name) const {
+  return fs::exists(place_ / name);
+}
 
 std::string readFile(const std::string& path) {
   std::ostringstream bytes;

@@ -1,0 +1,199 @@
+// What the lines of a report hold: texts, style tags, item tags.
+#include <gtest/gtest.h>
+
+#include "document/colors.h"
+#include "support/report_reader.h"
+
+namespace qor::test {
+namespace {
+
+struct Row {
+  std::string name;
+  std::string line;
+  std::string items;
+};
+
+void expectItems(const std::vector<Row>& rows) {
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    EXPECT_EQ(TestReport(row.line).dump(), row.items);
+  }
+}
+
+TEST(CommandLanguage, StyleTagsChangeTheTextBehindThem) {
+  expectItems({
+      {"closing", "<b>x<b/>y", "line\n  text \"x\" weight=700\n  text \"y\"\n"},
+      {"closing takes inner tags with it", "<b><i>x<b/>y",
+       "line\n  text \"x\" weight=700 italic=1\n  text \"y\"\n"},
+      {"nothing open", "<i/>a", "line\n  text \"a\"\n"},
+      {"not a tag", "</b>a", "line\n  text \"</b>a\"\n"},
+      {"no end", "a<b c", "line\n  text \"a<b c\"\n"},
+      {"capitals", "<B>a", "line\n  text \"<B>a\"\n"},
+      {"headings", "<h1>a<h5>b<h1/>c",
+       "line\n  text \"a\" height=24\n  text \"b\" height=8\n  text \"c\"\n"},
+      {"twice as wide, twice", "<w1>a<w1>b<w1/>c<w1/>d",
+       "line\n  text \"a\" factor=2\n  text \"b\" factor=4\n  text \"c\" factor=2\n  text \"d\"\n"},
+      {"underline and strike-out", "<u><s>a", "line\n  text \"a\" underline=1 strikeout=1\n"},
+      {"font", "<font fn=\"Arial\" height=14>x<font/>y",
+       "line\n  text \"x\" face=Arial height=14\n  text \"y\"\n"},
+      {"font without a pop", "<font height=14/>x<font/>y",
+       "line\n  text \"x\" height=14\n  text \"y\" height=14\n"},
+      {"attributes in another tag", "<b fi=1/>x", "line\n  text \"x\" italic=1\n"},
+      {"opening form of another tag is dropped", "<b x=\"1\">x", "line\n  text \"x\"\n"},
+      {"font closed from outside", "<h1>a<font fn=\"Arial\">b<h1/>c",
+       "line\n  text \"a\" height=24\n  text \"b\" face=Arial height=24\n  text \"c\"\n"},
+      {"line of an opening tag", "<font fn=\"Arial\">", "line\n  text \"\"\n"},
+      {"line of a plain tag", "<b>", "line\n"},
+      {"empty line", "\r\n", "line\n  text \"\"\n"},
+      {"place of a style is ignored", "<font left=5 tc=\"q\" fi=1/>a",
+       "line\n  text \"a\" italic=1\n"},
+      {"page", "<page w=100/>a", "line\n  text \"a\"\n"},
+      {"image without a blank", "<img/>", "line\n  text \"<img/>\"\n"},
+      {"no end that belongs to it", "<text tc=\"a>b\"/>c",
+       "line\n  text \"<text tc=\"a>b\"/>c\"\n"},
+      {"face of 40 letters", "<font fn=\"" + std::string(40, 'f') + "\"/>a",
+       "line\n  text \"a\" face=" + std::string(31, 'f') + "\n"},
+      {"text of 5000 bytes", std::string(5000, 'x'),
+       "line\n  text \"" + std::string(5000, 'x') + "\"\n"},
+  });
+}
+
+TEST(CommandLanguage, StylesGoOnInTheNextLineAndPage) {
+  TestReport report("<i>a\r\nb\f\r\nc<i/>d");
+  EXPECT_EQ(report.dump(1),
+            "line\n  text \"a\" italic=1\nline\n  text \"b\" italic=1\n"
+            "line afterFormFeed overprint feeds0\n  text \"\"\n");
+  EXPECT_EQ(report.dump(2), "line\n  text \"c\" italic=1\n  text \"d\" italic=1\n");
+}
+
+TEST(CommandLanguage, TextItemsTakeTheirKeys) {
+  expectItems({
+      {"place", "<text left=10 top=20.5 tc=\"a b\"/>", "line\n  text \"a b\" at 566,1162\n"},
+      {"comma, two decimals", "<text left=10,25 tc=x top=1.50/>", "line\n  text \"x\" at 581,85\n"},
+      {"three decimals", "<text left=1.234/>", "line\n  text \"\" at 69959,0\n"},
+      {"quoted fraction is lost", "<text left=\"10.5\" tc=q/>", "line\n  text \"q\"\n"},
+      {"quoted whole number", "<text left=\"10\" top=\"-3\" tc=q/>",
+       "line\n  text \"q\" at 566,-170\n"},
+      {"box", "<text left=10 top=10 right=50 bottom=20 alignH=1 alignV=2 tc=\"m\"/>",
+       "line\n  text \"m\" at 566,566 to 2834,1133 align 12\n"},
+      {"whole points only", "<text height=12.5 fb=1 tc=a/>", "line\n  text \"a\" weight=700\n"},
+      {"weights", "<text fp=250 tc=a/><text fb=2 tc=b/>",
+       "line\n  text \"a\" weight=250\n  text \"b\"\n"},
+      {"styles", "<text fi=1 fu=1 fso=1 vs=2 hs=3 width=7 tc=a/>",
+       "line\n  text \"a\" width=7 italic=1 underline=1 strikeout=1 hs=3 vs=2\n"},
+      {"rotation", "<text o=1 tc=a/><text o=5 tc=b/><text od=455 tc=c/>",
+       "line\n  text \"a\" turned=900\n  text \"b\" turned=900\n  text \"c\" turned=455\n"},
+      {"number in hexadecimal", "<text height=$10 tc=a/><text height=0x0C tc=b/>",
+       "line\n  text \"a\" height=16\n  text \"b\" height=12\n"},
+      {"number out of range", "<text height=99999999999 tc=a/>", "line\n  text \"a\"\n"},
+      {"quotes inside", "<text tc=\"say \"hi\" now\" left=1 top=1/>",
+       "line\n  text \"say \"hi\" now\" at 56,56\n"},
+      {"quotes inside at the end", "<text left=1 tc=\"say \"hi\" now\"/>",
+       "line\n  text \"say \" at 56,0\n"},
+      {"equals sign cuts", "<text tc=\"Total: x=5\" left=1 top=1/>",
+       "line\n  text \"Total\" at 56,56\n"},
+      {"bare words", "<text memo \"x y\" tc=a b c fi=1/>", "line\n  text \"a\" italic=1\n"},
+      {"empty value", "<text fn=\"\" tc=a/>", "line\n  text \"a\"\n"},
+      {"own font does not leak", "<text fi=1 tc=a/>b",
+       "line\n  text \"a\" italic=1\n  text \"b\"\n"},
+      {"key must be whole", "<text fc16x=4 fc=Red tc=a/>", "line\n  text \"a\" color=ff\n"},
+      {"long tag loses its tail", "<text tc=a x=1 " + std::string(1100, ' ') + "fi=1/>",
+       "line\n  text \"a\"\n"},
+  });
+}
+
+TEST(CommandLanguage, OtherItemsTakeTheirKeys) {
+  expectItems({
+      {"shape",
+       "<shape sh_type=3 left=1 top=2 right=30 bottom=40 pt=2 pc=Navy bt=4 bc=Lime rw=5 rh=6 "
+       "lw=20/>",
+       "line\n  shape 3 56,113 1700,2267 pen 2 20 800000 brush 4 ff00 round 5,6\n"},
+      {"shape without keys", "<shape />",
+       "line\n  shape 1 0,0 0,0 pen 1 15 0 brush 0 0 round 0,0\n"},
+      {"image", "<img image=\"a b.png\" imgSS=2 sh_type=2/>",
+       "line\n  image \"a b.png\" number -1 stretch 2 shape 2 0,0 0,0 pen 1 15 0 brush 0 0 round "
+       "0,0\n"},
+      {"image name without quotes", "<img image=a.png imgn=3/>",
+       "line\n  image \"\" number 3 stretch 0 shape 1 0,0 0,0 pen 1 15 0 brush 0 0 round 0,0\n"},
+      {"barcode",
+       "<barcode br_type=39 value=\"A 1\" value_show=1 value_pos=0 value_font=2 size_set=0 "
+       "size_factor=150 manual_width=1 line_width=20 manual_height=2 margin_top=5 margin_bottom=7 "
+       "orient=3 brc16=9 font_name=\"Arial\" font_height=8 font_width=4 fb=1 value_type=6 left=1/>",
+       "line\n  barcode 5 \"A 1\" of 20 keys, type 6 show 1 pos 0 font 2 fit 0 factor 1.5 width 1 "
+       "20 "
+       "margins 1 7 0 orient 3 color ff0000 face=Arial height=8 width=4 weight=700 "
+       "shape 1 56,0 0,0 pen 1 15 0 brush 0 0 round 0,0\n"},
+  });
+}
+
+TEST(CommandLanguage, BarcodeTypesGoByNameOrNumber) {
+  const std::vector<std::pair<std::string, int>> rows = {
+      {"EAN_8", 1},   {"1", 1},   {"EAN_13", 2},     {"2", 2},        {"UPCA", 3},      {"3", 3},
+      {"UPCE", 4},    {"5", 4},   {"39", 5},         {"6", 5},        {"128", 6},       {"7", 6},
+      {"CodeBar", 7}, {"8", 7},   {"InterLeave", 8}, {"9", 8},        {"FullASCII", 9}, {"10", 9},
+      {"ITF", 10},    {"93", 11}, {"11", 11},        {"KAREKOD", 12}, {"12", 12},       {"4", -1},
+      {"ean_13", -1}, {"13", -1}};
+  for (const auto& [name, type] : rows) {
+    VData_BarCode code(nullptr);
+    code.SetType(name);
+    EXPECT_EQ(code.BarcodeType, type) << name;
+  }
+}
+
+TEST(CommandLanguage, ColoursReadInEveryForm) {
+  const std::vector<std::pair<std::string, std::string>> rows = {{"fc=Navy", "800000"},
+                                                                 {"fc=red", "0"},
+                                                                 {"fc16=13", "ff"},
+                                                                 {"fc16=99", "0"},
+                                                                 {"fc16=-1", "0"},
+                                                                 {"fc256=5", "0"},
+                                                                 {"fcRGB=\"255,0,0\"", "ff"},
+                                                                 {"fcRGB=1,2,3", "30201"},
+                                                                 {"fcRGB=7", "0"},
+                                                                 {"fcRGB=7,8", "7"},
+                                                                 {"fcRGB=1,x,3", "1"},
+                                                                 {"fcRGB=257,256,1", "10001"},
+                                                                 {"fcINT=16711680", "ff0000"},
+                                                                 {"fcHEX=$0080FF", "80ff"},
+                                                                 {"fcHEX=0x0080FF", "80ff"}};
+  for (const auto& [key, color] : rows) {
+    const std::string told = color == "0" ? "" : " color=" + color;
+    EXPECT_EQ(TestReport("<text " + key + " tc=a/>").dump(), "line\n  text \"a\"" + told + "\n")
+        << key;
+  }
+  EXPECT_EQ(ColorByName("LtGray"), ColorByIndex(16));
+  EXPECT_EQ(ColorByIndex(17), 0x808080U);
+}
+
+TEST(CommandLanguage, LinesEndAsOnALinePrinter) {
+  expectItems({
+      {"bare CR", "a\rb\r\nc",
+       "line\n  text \"a\"\nline overprint feeds0\n  text \"b\"\nline\n  text \"c\"\n"},
+      {"LF alone is no end", "a\nb", "line\n  text \"a\"\n  text \"b\"\n"},
+      {"tab is dropped", "a\tb", "line\n  text \"ab\"\n"},
+      {"end of file", "a\r\nb\x1A\r\nc", "line\n  text \"a\"\nline\n  text \"b\"\n"},
+      {"CR at the end", "a\r", "line\n  text \"a\"\n"},
+      {"memo spans lines", "<text memo tc=\"a\r\nb\r\nc\"/>\r\nd",
+       "line\n  text \"a\nb\nc\"\n  text \"d\"\n"},
+      {"zero byte is dropped", std::string("a\0b", 3), "line\n  text \"a\"\n  text \"b\"\n"},
+  });
+  EXPECT_EQ(TestReport("a\tb").dump(1, kKeepTabs), "line\n  text \"a\"\n  text \"b\"\n");
+}
+
+TEST(CommandLanguage, HostileLinesAreReadInOnePass) {
+  std::string nested;
+  for (int i = 0; i < 300000; ++i) nested += "<b>";
+  nested += "x";
+  for (int i = 0; i < 300000; ++i) nested += "<i/>";
+  std::string words = "<text ";
+  for (int i = 0; i < 400000; ++i) words += "\"a b\" c ";
+  const std::vector<std::pair<std::string, std::string>> rows = {
+      {nested, "line\n  text \"x\" weight=700\n"},
+      {words + "tc=z/>", "line\n  text \"z\"\n"},
+      {std::string(2000000, '<') + "b>x",
+       "line\n  text \"" + std::string(1999999, '<') + "\"\n  text \"x\" weight=700\n"}};
+  for (const auto& [line, items] : rows) EXPECT_TRUE(TestReport(line).dump() == items);
+}
+
+}  // namespace
+}  // namespace qor::test

@@ -1,0 +1,92 @@
+// Text encodings, and files that are replaced only by complete ones.
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "base/errors.h"
+#include "platform/input_file.h"
+#include "platform/output_file.h"
+#include "platform/text_encoding.h"
+#include "support/temporary_directory.h"
+
+namespace qor::test {
+namespace fs = std::filesystem;
+namespace {
+
+TEST(TextEncoding, ConvertsBothWays) {
+  EXPECT_EQ(utf8FromCodePage("\x80\xE1 x", 866), "Ас x");
+  EXPECT_EQ(utf8FromCodePage("\xDD\xFE", 1254), "İş");
+  EXPECT_EQ(utf8FromCodePage("a\x98"
+                             "b",
+                             1251),
+            "a\uFFFD"
+            "b");
+  EXPECT_EQ(utf8FromCodePage("\xE9", 99999), "\uFFFD");
+  EXPECT_EQ(codePageFromUtf8("Ас Ж", 866, Substitute::questionMark), "\x80\xE1 \x86");
+  EXPECT_EQ(codePageFromUtf8("a€b", 866, Substitute::questionMark), "a?b");
+  EXPECT_EQ(codePageFromUtf8("aЖb", 1252, Substitute::htmlReference), "a&#1046;b");
+  EXPECT_EQ(codePageFromUtf8("\xFFz", 1251, Substitute::questionMark), "?z");
+}
+
+TEST(TextEncoding, ReadsUtf8Strictly) {
+  EXPECT_TRUE(codePointsFromUtf8("aЖ€😀") == U"aЖ€😀");
+  EXPECT_TRUE(codePointsFromUtf8("\xC0\x80") == U"\uFFFD\uFFFD");
+  EXPECT_TRUE(codePointsFromUtf8("\xED\xA0\x80x") == U"\uFFFD\uFFFD\uFFFDx");
+  EXPECT_TRUE(codePointsFromUtf8("\xE2\x82") == U"\uFFFD\uFFFD");
+}
+
+TEST(TextEncoding, LowersLettersOfEveryAlphabet) {
+  EXPECT_EQ(lowerUtf8("ОТЧЁТ Ğüİ.PNG"), "отчёт ğüi.png");
+  EXPECT_EQ(lowerUtf8("\xFF"
+                      "A"),
+            "\xFF"
+            "a");
+  EXPECT_EQ(firstCharacters("Отчёт", 2), "От");
+}
+
+TEST(OutputFile, ReplacesItsTargetOnlyWhenComplete) {
+  const TemporaryDirectory directory;
+  const std::string target = directory.write("a b.txt", "before");
+  fs::permissions(target, fs::perms(0640));
+  {
+    OutputFile file(target);
+    file.write(std::string(100000, 'x'));
+    EXPECT_EQ(directory.read("a b.txt"), "before");
+  }
+  EXPECT_EQ(directory.read("a b.txt"), "before");
+  OutputFile file(target);
+  file.write("after");
+  file.commit();
+  EXPECT_EQ(directory.read("a b.txt"), "after");
+  EXPECT_EQ(fs::status(target).permissions(), fs::perms(0640));
+  EXPECT_EQ(std::distance(fs::directory_iterator(directory.path()), fs::directory_iterator()), 1);
+}
+
+TEST(OutputFile, FollowsALinkAndTakesTheLongestName) {
+  const TemporaryDirectory directory;
+  const std::string target = directory.write("real/t.txt", "before");
+  fs::create_symlink(target, directory.path("link.txt"));
+  for (const std::string& name :
+       {directory.path("link.txt"), directory.path(std::string(255, 'n'))}) {
+    OutputFile file(name);
+    file.write("after");
+    file.commit();
+    EXPECT_EQ(readFile(name), "after");
+  }
+  EXPECT_EQ(directory.read("real/t.txt"), "after");
+  EXPECT_TRUE(fs::is_symlink(directory.path("link.txt")));
+}
+
+TEST(Files, RefuseWhatIsNone) {
+  const TemporaryDirectory directory;
+  EXPECT_THROW(OutputFile(directory.path()), FileError);
+  EXPECT_THROW(OutputFile(directory.path("none/x.txt")), FileError);
+  EXPECT_THROW(OutputFile("/dev/null"), FileError);
+  EXPECT_THROW(InputFile(directory.path()), FileError);
+  EXPECT_THROW(InputFile("/dev/zero"), FileError);
+  EXPECT_FALSE(fileExists(directory.path()));
+  EXPECT_FALSE(readWholeFile(directory.write("big", "12345"), 4).has_value());
+}
+
+}  // namespace
+}  // namespace qor::test

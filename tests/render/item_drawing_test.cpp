@@ -1,0 +1,158 @@
+// Shapes and images as they reach the canvas.
+#include <gtest/gtest.h>
+
+#include "platform/byte_sink.h"
+#include "platform/picture.h"
+#include "render/image_placing.h"
+#include "render/page_walk.h"
+#include "render/path_ellipsis.h"
+#include "support/recording_canvas.h"
+#include "support/report_reader.h"
+
+namespace qor::test {
+namespace {
+
+std::string drawn(VDocPage& page) {
+  RecordingCanvas canvas;
+  DrawPage(page, canvas);
+  return canvas.record();
+}
+
+std::string drawn(const std::string& bytes) {
+  TestReport report(bytes);
+  return drawn(report.page());
+}
+
+std::string pngFile(int width, int height) {
+  const std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width * height), 0xFF00FF00U);
+  StringSink sink;
+  encodePicture({width, height, width, pixels.data()}, PictureFormat::png, 96, sink);
+  return sink.text();
+}
+
+constexpr const char* kErrorFont = "Times New Roman 300x0 weight 400 color 0\n";
+
+TEST(ShapeDrawing, ShapesReachTheCanvas) {
+  struct Row {
+    const char* keys;
+    const char* record;
+  };
+  const Row rows[] = {
+      {"sh_type=1 pt=2 lw=0", "line 566,566 1133,1133 pen 2 15 0 brush 0 0\n"},
+      {"sh_type=2 bt=1 bc=Red", "rectangle 566,566 1133,1133 pen 1 15 0 brush 1 ff\n"},
+      {"sh_type=3 rw=100 rh=50 pc=Navy",
+       "roundRect 566,566 1133,1133 corner 100x50 pen 1 15 800000 brush 0 0\n"},
+      {"sh_type=4 lw=30 pt=0 bt=7", "ellipse 566,566 1133,1133 pen 0 30 0 brush 7 0\n"},
+      {"sh_type=2 pt=9 lw=-4", "rectangle 566,566 1133,1133 pen 1 15 0 brush 0 0\n"},
+      {"sh_type=6", ""},
+  };
+  for (const Row& row : rows) {
+    EXPECT_EQ(drawn(std::string("<shape left=10 top=10 right=20 bottom=20 ") + row.keys + "/>"),
+              row.record);
+  }
+}
+
+TEST(ShapeDrawing, AnUnknownBrushLeavesTheOneBefore) {
+  EXPECT_EQ(drawn("<shape sh_type=2 bt=1 bc=Red/><shape sh_type=2 bt=8 bc=Blue/>"),
+            "rectangle 0,0 0,0 pen 1 15 0 brush 1 ff\nrectangle 0,0 0,0 pen 1 15 0 brush 1 ff\n");
+}
+
+TEST(ShapeDrawing, TypeFiveLeavesAPictureBesideTheReport) {
+  TestReport report("<shape sh_type=5 left=10 top=20 right=50 bottom=40/>");
+  drawn(report.page());
+  const auto picture = decodePicture(readFile(report.path("report_shape_10_20.jpeg")));
+  ASSERT_TRUE(picture.has_value());
+  // 40 by 20 mm, 15 twips to the dot. The shape keeps its place on the page: its corner lies 10 and
+  // 20 mm into a bitmap of its own size, just below the last row.
+  EXPECT_EQ(picture->width, 151);
+  EXPECT_EQ(picture->height, 75);
+
+  TestReport corner("<shape sh_type=5 left=1 top=1 right=21 bottom=21 lw=60/>");
+  drawn(corner.page());
+  const auto inside = decodePicture(readFile(corner.path("report_shape_1_1.jpeg")));
+  ASSERT_TRUE(inside.has_value());
+  const auto level = [&](int x, int y) {
+    return inside->pixels[static_cast<std::size_t>(y * inside->width + x)] & 0xFF;
+  };
+  EXPECT_LT(level(3, 40), 50U);
+  EXPECT_LT(level(40, 3), 50U);
+  EXPECT_GT(level(40, 40), 200U);
+  EXPECT_GT(level(inside->width - 1, 40), 200U);
+}
+
+TEST(ImagePlacing, FollowsTheStretchMode) {
+  struct Row {
+    int mode;
+    Rect box;
+    int width;
+    int height;
+    const char* place;
+  };
+  const Row rows[] = {
+      {0, {100, 200, 9, 9}, 100, 50, "100,200 1600,950"},
+      {1, {100, 200, 1100, 700}, 100, 50, "100,200 1100,700"},
+      {2, {100, 200, 1100, 700}, 100, 50, "100,200 1100,700"},
+      {2, {100, 200, 1100, 1201}, 100, 50, "100,450 1100,950"},
+      {2, {0, 0, 1001, 100}, 100, 50, "400,0 600,100"},
+      {2, {0, 0, 0, 100}, 100, 50, "none"},
+      {3, {100, 200, 1100, 700}, 100, 50, "0,0 100,50"},
+      {4, {100, 200, 1100, 700}, 100, 50, "none"},
+  };
+  for (const Row& row : rows) {
+    const auto place = placeImage(row.mode, row.box, row.width, row.height);
+    const std::string text =
+        !place ? "none"
+               : std::to_string(place->left) + "," + std::to_string(place->top) + " " +
+                     std::to_string(place->right) + "," + std::to_string(place->bottom);
+    EXPECT_EQ(text, row.place) << row.mode;
+  }
+}
+
+TEST(ImageDrawing, ShowsThePictureOrTheReasonWhyNot) {
+  const TemporaryDirectory directory;
+  const std::string good = directory.write("logo.PNG", pngFile(10, 4));
+  const std::string other = directory.write("logo.tif", pngFile(10, 4));
+  const std::string broken = directory.write("broken.png", pngFile(10, 4).substr(0, 60));
+  const std::string place = " left=10 top=10 right=110 bottom=20 ";
+  const std::string frame =
+      "rectangle 566,566 6236,1133 pen 1 1 0 brush 1 ffffff\nclip 566,566 6236,1133\n";
+  EXPECT_EQ(drawn("<img imgSS=1 image=\"" + good + "\"" + place + "/>"),
+            "picture 10x4 at 566,566 6236,1133\n");
+  EXPECT_EQ(drawn("<img image=\"" + good + "\" sh_type=2" + place + "/>"),
+            "picture 10x4 at 566,566 716,626\nrectangle 566,566 716,626 pen 1 15 0 brush 0 0\n");
+  struct Row {
+    std::string keys;
+    std::string text;
+  };
+  for (const Row& row :
+       {Row{"imgn=3", "Resim ID = 3 yok"}, Row{"image=a.png", "Resim yok"},
+        Row{"image=\"no.png\"", "no.png"}, Row{"imgn=3 sh_type=2", "Resim ID = 3 yok"}}) {
+    const std::string record = drawn("<img " + row.keys + place + "/>");
+    EXPECT_EQ(record.substr(0, frame.size()), frame) << row.keys;
+    EXPECT_NE(record.find("\"" + row.text + "\" " + kErrorFont), std::string::npos) << record;
+  }
+  for (const std::string& name : {other, broken}) {
+    const std::string record = drawn("<img image=\"" + name + "\"" + place + "/>");
+    EXPECT_EQ(record.find("picture"), std::string::npos) << name;
+    EXPECT_NE(record.find(kErrorFont), std::string::npos) << name;
+  }
+}
+
+TEST(PathEllipsis, KeepsTheLastComponent) {
+  const auto width = [](std::u32string_view text) { return static_cast<double>(text.size()); };
+  struct Row {
+    const char32_t* text;
+    double room;
+    const char32_t* shown;
+  };
+  const Row rows[] = {{U"a/b/file.png", 20, U"a/b/file.png"},
+                      {U"directory/file.png", 15, U"dir.../file.png"},
+                      {U"directory\\file.png", 12, U"...\\file.png"},
+                      {U"directory/file.png", 6, U".../fi"},
+                      {U"filename.png", 6, U"...fil"},
+                      {U"a/b", 0, U""}};
+  for (const Row& row : rows) EXPECT_TRUE(withPathEllipsis(row.text, row.room, width) == row.shown);
+}
+
+}  // namespace
+}  // namespace qor::test

@@ -12,7 +12,6 @@ if [ $# -gt 0 ]; then
 fi
 
 mkdir -p "$here/out"
-rm -f "$here"/out/*
 cd "$here/samples"
 while IFS=$'\t' read -r report codepage; do
   for extension in png txt; do

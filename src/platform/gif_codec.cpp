@@ -2,13 +2,13 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 #include <gif_lib.h>
 
 #include "base/errors.h"
 #include "platform/byte_sink.h"
+#include "platform/palette.h"
 #include "platform/picture_codecs.h"
 
 namespace qor {
@@ -118,67 +118,20 @@ Picture placeImage(const GifFileType& gif, std::span<const GifPixelType> lines, 
   return picture;
 }
 
-struct IndexedPicture {
-  std::vector<GifColorType> palette;
-  std::vector<GifPixelType> indices;
-};
-
-GifColorType colourOf(std::uint32_t pixel) {
-  return {static_cast<GifByteType>(pixel >> 16 & 0xFF), static_cast<GifByteType>(pixel >> 8 & 0xFF),
-          static_cast<GifByteType>(pixel & 0xFF)};
+ColorMapObject* colourMap(const std::vector<std::uint32_t>& palette) {
+  // The palette must have a power of two of colours.
+  std::vector<GifColorType> colours(std::bit_ceil(std::max<std::size_t>(palette.size(), 2)));
+  std::transform(palette.begin(), palette.end(), colours.begin(), [](std::uint32_t colour) {
+    return GifColorType{static_cast<GifByteType>(colour >> 16),
+                        static_cast<GifByteType>(colour >> 8 & 0xFF),
+                        static_cast<GifByteType>(colour & 0xFF)};
+  });
+  return GifMakeMapObject(static_cast<int>(colours.size()), colours.data());
 }
 
-// Nothing if there are more colours than a palette can hold.
-std::optional<IndexedPicture> indexExactly(const PixelView& pixels) {
-  IndexedPicture picture;
-  std::unordered_map<std::uint32_t, GifPixelType> known;
-  std::uint32_t last = ~0u;
-  GifPixelType index = 0;
-  for (int y = 0; y < pixels.height; ++y) {
-    for (std::uint32_t pixel : pixels.row(y)) {
-      const std::uint32_t colour = pixel & 0xFFFFFF;
-      if (colour != last) {
-        const auto next = static_cast<GifPixelType>(picture.palette.size());
-        const auto [entry, isNew] = known.try_emplace(colour, next);
-        if (known.size() > kMaxColours) return std::nullopt;
-        if (isNew) picture.palette.push_back(colourOf(colour));
-        index = entry->second;
-        last = colour;
-      }
-      picture.indices.push_back(index);
-    }
-  }
-  return picture;
-}
-
-IndexedPicture indexNearly(const PixelView& pixels) {
-  const auto count =
-      static_cast<std::size_t>(pixels.width) * static_cast<std::size_t>(pixels.height);
-  std::vector<GifByteType> red, green, blue;
-  for (auto* plane : {&red, &green, &blue}) plane->reserve(count);
-  for (int y = 0; y < pixels.height; ++y) {
-    for (std::uint32_t pixel : pixels.row(y)) {
-      const GifColorType colour = colourOf(pixel);
-      red.push_back(colour.Red);
-      green.push_back(colour.Green);
-      blue.push_back(colour.Blue);
-    }
-  }
-  IndexedPicture picture{std::vector<GifColorType>(kMaxColours), std::vector<GifPixelType>(count)};
-  int colours = kMaxColours;
-  if (GifQuantizeBuffer(static_cast<unsigned>(pixels.width), static_cast<unsigned>(pixels.height),
-                        &colours, red.data(), green.data(), blue.data(), picture.indices.data(),
-                        picture.palette.data()) == GIF_ERROR) {
-    throw FileError("the picture can't be reduced to the colours of a GIF file");
-  }
-  return picture;
-}
-
-// The palette must have a power of two of colours.
 bool writeGif(GifFileType* gif, const PixelView& pixels, IndexedPicture& picture) {
-  const std::unique_ptr<ColorMapObject, void (*)(ColorMapObject*)> map(
-      GifMakeMapObject(static_cast<int>(picture.palette.size()), picture.palette.data()),
-      GifFreeMapObject);
+  const std::unique_ptr<ColorMapObject, void (*)(ColorMapObject*)> map(colourMap(picture.palette),
+                                                                       GifFreeMapObject);
   if (!map ||
       EGifPutScreenDesc(gif, pixels.width, pixels.height, kColourBits, 0, map.get()) == GIF_ERROR ||
       EGifPutImageDesc(gif, 0, 0, pixels.width, pixels.height, false, nullptr) == GIF_ERROR) {
@@ -217,12 +170,10 @@ void encodeGif(const PixelView& pixels, ByteSink& sink) {
   if (pixels.width > kMaxGifSide || pixels.height > kMaxGifSide) {
     throw FileError("the picture is too large for a GIF file");
   }
-  auto picture = indexExactly(pixels);
-  if (!picture) picture = indexNearly(pixels);
-  picture->palette.resize(std::bit_ceil(std::max<std::size_t>(picture->palette.size(), 2)));
+  IndexedPicture picture = indexed(pixels);
   SinkWriter out(sink);
   GifFileType* gif = EGifOpen(&out, onWrite, nullptr);
-  const bool written = gif != nullptr && writeGif(gif, pixels, *picture);
+  const bool written = gif != nullptr && writeGif(gif, pixels, picture);
   // Closing writes the last bytes.
   const bool closed = gif != nullptr && EGifCloseFile(gif, nullptr) == GIF_OK;
   if (!written || !closed) out.fail("the picture can't be written as GIF");

@@ -3,14 +3,14 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 namespace qor {
 
 class LineCursor {
  public:
-  explicit LineCursor(std::string_view line)
-      : line_(line), lastClose_(line.rfind('>')), lastEmptyClose_(line.rfind("/>")) {}
+  explicit LineCursor(std::string_view line) : line_(line) {}
 
   bool atEnd() const { return place_ >= line_.size(); }
   char current() const { return line_[place_]; }
@@ -24,8 +24,8 @@ class LineCursor {
   }
 
   // True if a ">" (or a "/>") stands anywhere behind the place.
-  bool closeFollows(std::size_t place) const { return isBehind(lastClose_, place); }
-  bool emptyCloseFollows(std::size_t place) const { return isBehind(lastEmptyClose_, place); }
+  bool closeFollows(std::size_t place) { return isLastBehind(lastClose_, ">", place); }
+  bool emptyCloseFollows(std::size_t place) { return isLastBehind(lastEmptyClose_, "/>", place); }
 
   // The first ">" at or behind the place, which has one.
   std::size_t nextClose(std::size_t place) {
@@ -37,14 +37,16 @@ class LineCursor {
   }
 
  private:
-  static bool isBehind(std::size_t found, std::size_t place) {
-    return found != std::string_view::npos && found > place;
+  // `last` is the last place of the mark, looked for at the first question: most lines hold no tag.
+  bool isLastBehind(std::optional<std::size_t>& last, std::string_view mark, std::size_t place) {
+    if (!last) last = line_.rfind(mark);
+    return *last != std::string_view::npos && *last > place;
   }
 
   std::string_view line_;
   std::size_t place_ = 0;
-  std::size_t lastClose_;
-  std::size_t lastEmptyClose_;
+  std::optional<std::size_t> lastClose_;
+  std::optional<std::size_t> lastEmptyClose_;
   std::size_t nextClose_ = 0;
   std::size_t searchedFrom_ = 1;
 };

@@ -1,0 +1,150 @@
+// Text and HTML exports, byte for byte, by the program from outside.
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "support/program.h"
+#include "support/temporary_directory.h"
+
+namespace qor::test {
+namespace {
+
+// Exports and gives the target's bytes. The report's directory is the current one and also holds a
+// picture of 3 by 2 pixels and a set file.
+class TextHtmlTest : public testing::Test {
+ protected:
+  TextHtmlTest() {
+    std::string picture("BM\x4E\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\3\0\0\0\2\0\0\0\1\0\x18\0", 30);
+    picture.resize(54 + 2 * 12);
+    place_.write("p.bmp", picture);
+    place_.write("s.vset",
+                 "<Set SetName=\"\xDE"
+                 "ube\">\r\n<Font>\r\n<Name=\"Arial\"/>\r\n<Font/>\r\n"
+                 "<Page>\r\n<BaseCodePage=\"866\"/>\r\n<Page/>\r\n<Set/>\r\n");
+  }
+
+  std::string exported(const std::string& report, const std::string& target,
+                       const std::vector<std::string>& options = {},
+                       const std::map<std::string, std::string>& environment = {}) {
+    place_.write("r.txt", report);
+    std::vector<std::string> arguments = {"-f", "r.txt", "-export", target};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    const Outcome outcome = runViewer(arguments, {place_.path(), environment, 0});
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.output + outcome.errors, "");
+    return place_.read(target);
+  }
+
+  // What stands between <pre> and </pre>, without the end of its last line.
+  std::string body(const std::string& report) {
+    const std::string html = exported(report, "o.html");
+    const auto start = html.find("<pre>\r\n") + 7;
+    return html.substr(start, html.find("\r\n</pre>\r\n") - start);
+  }
+
+  TemporaryDirectory place_;
+};
+
+const std::string kEnd = "\f\r\n\x1A\r\n";
+const std::string kPlain = "<basefont color=\"#000000\"></b>";
+
+TEST_F(TextHtmlTest, writesText) {
+  std::string highBytes;
+  for (int c = 128; c < 256; ++c) highBytes += static_cast<char>(c);
+  const std::pair<std::string, std::string> rows[] = {
+      {"", "\x1A\r\n"},
+      {"A", "A\r\n" + kEnd},
+      {"A\r\nB\r\n\x1A", "A\r\nB\r\n" + kEnd},
+      {"A\r\n\x1A"
+       "B",
+       "A\r\n" + kEnd},
+      {"\r\n", "\r\n" + kEnd},
+      // A form feed ends a line, be it an empty one; so does the CR that a page keeps of CR LF.
+      {"A\fB", "A\r\n\f\r\nB\r\n" + kEnd},
+      {"A\r\n\fB\r\n", "A\r\n\r\n\f\r\nB\r\n" + kEnd},
+      {"A\r\n\f\r\nB\r\n\x1A", "A\r\n\r\n\r\n\f\r\nB\r\n" + kEnd},
+      {"A\f", "A\r\n" + kEnd},
+      {"AAA\rBB\r\nC", "AAA\r\nBB\r\nC\r\n" + kEnd},
+      {"A\tB\nC\1D", "ABCD\r\n" + kEnd},
+      {highBytes, highBytes + "\r\n" + kEnd},
+      {"1 < 2 & <b>x<b/> </b><q>", "1 < 2 & x </b><q>\r\n" + kEnd},
+      {"\033Ehead\033(s3Bbold", "headbold\r\n" + kEnd},
+      {"a<text left=10 top=20 tc=\"box\"/>c", "aboxc\r\n" + kEnd},
+      {"<text memo left=1 top=1 tc=\"x\r\ny\"/>\r\nB\r\n", "x\nyB\r\n" + kEnd},
+      {"<shape left=1 right=9/><img image=\"p.bmp\"/>\r\nB", "\r\nB\r\n" + kEnd},
+      {std::string(5000, 'A'), std::string(5000, 'A') + "\r\n" + kEnd},
+  };
+  for (const auto& [report, expected] : rows) {
+    EXPECT_EQ(exported(report, "o.txt", {"-codepage", "866"}), expected) << report;
+  }
+}
+
+TEST_F(TextHtmlTest, writesAPageOfHtml) {
+  EXPECT_EQ(exported("\xCE\xF2\xF7\xB8\xF2\f<shape left=1/>\r\n\x1A", "o.html",
+                     {"-codepage", "1251", "-caption", "Отчёт <ş>"}),
+            "<html>\r\n<head>\r\n<title>\xCE\xF2\xF7\xB8\xF2 <&#351;></title>\r\n"
+            "<meta name=\"Description\" content=\"QOR Report convertor Ver.1.3b7\">\r\n"
+            "<meta http-equiv=\"Content-Type\" content=\"text/html;charset=windows-1251\">\r\n"
+            "</head>\r\n<body>\r\n<basefont face=\"Courier New\">\r\n<pre>\r\n" +
+                kPlain + "\xCE\xF2\xF7\xB8\xF2\r\n\r\n</pre>\r\n</body>\r\n</html>\r\n");
+}
+
+TEST_F(TextHtmlTest, namesTheCodePage) {
+  struct Row {
+    std::vector<std::string> options;
+    const char* locale;
+    const char* charset;
+    const char* report = "A";
+  };
+  const Row rows[] = {
+      {{"-codepage", "437"}, "C", ""},
+      {{"-codepage", "850"}, "C", ""},
+      {{"-codepage", "857"}, "C", ""},
+      {{"-codepage", "1250"}, "C", ""},
+      {{"-codepage", "866"}, "C", "cp866"},
+      {{"-codepage", "1252"}, "ru_RU.UTF-8", "windows-1252"},
+      {{"-codepage", "1254"}, "C", "windows-1254"},
+      {{}, "ru_RU.UTF-8", "windows-1251"},
+      {{}, "tr_TR.UTF-8", "windows-1254"},
+      {{"-codepage", "x"}, "C", "windows-1252"},
+      {{"-codepage", "1251"}, "C", "", "\033(9TA"},
+      {{"-i", "s.vset#Şube"}, "tr_TR.UTF-8", "cp866"},
+  };
+  for (const Row& row : rows) {
+    const std::string html = exported(row.report, "o.html", row.options, {{"LC_ALL", row.locale}});
+    EXPECT_NE(html.find(std::string("charset=") + row.charset + "\">\r\n"), std::string::npos)
+        << testing::PrintToString(row.options) << html;
+    const char* face = row.options.size() == 2 && row.options[0] == "-i" ? "Arial" : "Courier New";
+    EXPECT_NE(html.find(std::string("<basefont face=\"") + face + "\">"), std::string::npos);
+  }
+}
+
+TEST_F(TextHtmlTest, writesLinesOfHtml) {
+  const std::string red = "<basefont color=\"#FF0000\">";
+  const std::pair<std::string, std::string> rows[] = {
+      {"A\r\n\r\nB", kPlain + "A\r\n" + kPlain + "\r\n" + kPlain + "B"},
+      {"A\fB", kPlain + "A\r\n" + kPlain + "B"},
+      {"AAA\rBB", kPlain + "AAA\r\n" + kPlain + "BB"},
+      {"a < b & \xFF <q>", kPlain + "a < b & \xFF <q>"},
+      {"<b>x<b/>y", "<basefont color=\"#000000\"><b>x" + kPlain + "y"},
+      {"<font fc=\"Red\" fb=1>x<font/>y", red + "<b>x" + kPlain + "y"},
+      {"<font fc=\"Red\" fp=699/>x", red + "</b>x"},
+      {"<font fcHEX=$12AB56 fp=700/>x", "<basefont color=\"#56AB12\"><b>x"},
+      {"a<text left=9 top=9 tc=\"box\"/>c", kPlain + "a" + kPlain + "box" + kPlain + "c"},
+      {"<shape left=1 right=9/>", ""},
+      // 10 mm are 566 twips and 28 pixels, 50 mm 2834 and 141; 20 mm 1133 and 56, 70 mm 3968 and
+      // 198.
+      {"<img image=\"none.png\" left=10 top=20 right=50 bottom=70/>",
+       "<img src=\"none.png\" width=\"113\" height=\"142\">"},
+      {"<img image=\"p.bmp\" left=10 top=20/>", "<img src=\"p.bmp\" width=\"3\" height=\"2\">"},
+      {"A<img image=\"p.bmp\" left=10/>B",
+       kPlain + "A<img src=\"p.bmp\" width=\"3\" height=\"2\">" + kPlain + "B"},
+  };
+  for (const auto& [report, expected] : rows) EXPECT_EQ(body(report), expected) << report;
+}
+
+}  // namespace
+}  // namespace qor::test

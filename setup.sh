@@ -5,10 +5,11 @@ set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config
   libcairo2-dev libfreetype-dev libfontconfig-dev libpng-dev libjpeg62-turbo-dev libgif-dev
+  libzxing-dev
   fontconfig fonts-liberation2 fonts-dejavu-core)
 for group in "$@"; do
   case $group in
-    test) packages+=(libgtest-dev imagemagick-6.q16) ;;
+    test) packages+=(libgtest-dev imagemagick-6.q16 zbar-tools) ;;
     bench) packages+=(mupdf-tools python3) ;;
     fuzz) packages+=(clang-14 libclang-rt-14-dev) ;;
     *) echo "setup.sh: no such group: $group" >&2; exit 2 ;;

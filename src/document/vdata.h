@@ -124,7 +124,9 @@ class VData_BarCode : public VData_Font, public VData_Shape {
 
   // Takes a symbology's name or number; an unknown one makes the type -1.
   void SetType(std::string_view text);
-  void SetValue(std::string_view text);
+  // Takes the code, checked as the type stands at this moment; a check digit at its end is cut off.
+  // False, and the type -1, where it can't be a code of this type.
+  bool SetValue(std::string_view given);
 
   bool HasValue = false;
   std::string Value;

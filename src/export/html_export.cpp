@@ -3,10 +3,16 @@
 #include <cstdio>
 #include <string>
 
+#include "barcode/barcode_picture.h"
 #include "base/app_options.h"
+#include "base/errors.h"
+#include "base/text.h"
+#include "base/units.h"
 #include "document/code_page.h"
 #include "export/exporters.h"
 #include "export/loaded_page.h"
+#include "platform/directory.h"
+#include "platform/input_file.h"
 #include "platform/output_file.h"
 #include "platform/picture.h"
 #include "platform/text_encoding.h"
@@ -16,6 +22,7 @@ namespace {
 
 constexpr int kBoldWeight = 700;
 constexpr int kHtmlDpi = 72;
+constexpr std::uint64_t kMaxBarcodePicture = 64U << 20;
 
 std::int64_t htmlPixels(std::int32_t twips) {
   return std::int64_t{twips} * kHtmlDpi / 1440;
@@ -45,6 +52,32 @@ void appendImage(VData_Image& image, std::string& html) {
   appendSize(image.Bitmap ? image.Bitmap->width : 0, image.Bitmap ? image.Bitmap->height : 0, html);
 }
 
+// The picture's name for a browser: one that starts with a point is put beside the program.
+std::string linkOf(const std::string& name, int codePage) {
+  const std::string link = name.starts_with('.') ? programDirectory() + name.substr(2) : name;
+  return codePageFromUtf8(link, codePage, Substitute::htmlReference);
+}
+
+void appendBarcode(const VData_BarCode& code, std::string& html) {
+  const std::string name = barcodePictureName(code, ".jpeg");
+  const auto file = name.empty() ? std::nullopt : readWholeFile(name, kMaxBarcodePicture);
+  const auto picture = file ? decodePicture(*file) : std::nullopt;
+  if (!picture) return;
+  html.append("<img src=\"").append(linkOf(name, code.Settings->Page.BaseCodePage)).append("\"");
+  appendSize(picture->width, picture->height, html);
+}
+
+// Barcodes are linked as pictures, which drawing them would have left: here nobody draws.
+void writeBarcodePicturesOf(VDocPage& page) {
+  for (VDocStr& line : page.lines()) {
+    for (VData& item : line.items()) {
+      auto* code = dynamic_cast<VData_BarCode*>(&item);
+      if (code != nullptr && !trimmed(code->Value).empty())
+        writeBarcodePictures(*code, kPictureDpi);
+    }
+  }
+}
+
 std::string headOf(const VDoc& doc) {
   const int codePage = doc.Settings.Page.BaseCodePage;
   const auto line = [](std::string text) { return text + "\r\n"; };
@@ -70,6 +103,9 @@ void LineToHtml(const VDocStr& line, bool savePictures, std::string& html) {
     if (auto* image = dynamic_cast<VData_Image*>(&item); image && savePictures) {
       appendImage(*image, html);
     }
+    if (const auto* code = dynamic_cast<const VData_BarCode*>(&item); code && savePictures) {
+      appendBarcode(*code, html);
+    }
   }
 }
 
@@ -79,6 +115,7 @@ void ExportHtml(VDoc& doc, const ExportOptions& options) {
   std::string html;
   for (std::int32_t number = 1; number <= doc.PageCount; ++number) {
     const LoadedPage page(doc, number, options.PageMode);
+    if (options.SaveHtmlPictures) writeBarcodePicturesOf(*page);
     for (const VDocStr& line : page->lines()) {
       html.clear();
       LineToHtml(line, options.SaveHtmlPictures, html);

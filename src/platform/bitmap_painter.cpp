@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace qor {
 namespace {
@@ -145,17 +146,36 @@ void BitmapPainter::paintMask(const GlyphMask& mask, int x, int y, std::uint32_t
   }
 }
 
+void BitmapPainter::paintField(const DotRect& field, std::uint32_t color) {
+  const DotRect seen = intersection(field, clip_);
+  if (seen.left >= seen.right) return;
+  for (int line = seen.top; line < seen.bottom; ++line) {
+    const std::span dots(row(line) + seen.left, static_cast<std::size_t>(seen.right - seen.left));
+    if (seen.coverage == 255) {
+      std::fill(dots.begin(), dots.end(), color);
+    } else {
+      for (std::uint32_t& dot : dots) blend(dot, color, seen.coverage);
+    }
+  }
+}
+
 void BitmapPainter::paintBox(char32_t character, const DotRect& cell, std::uint32_t color) {
   const int stroke = std::max(1, roundedDot((cell.right - cell.left) * kBoxStroke));
   const BoxCharacter box(character, cell, stroke);
-  for (const DotRect& rect : box.rects()) {
-    const DotRect seen = intersection(rect, clip_);
-    for (int line = seen.top; line < seen.bottom; ++line) {
-      for (int column = seen.left; column < seen.right; ++column) {
-        blend(row(line)[column], color, seen.coverage);
-      }
-    }
+  for (const DotRect& rect : box.rects()) paintField(rect, color);
+}
+
+void BitmapPainter::rectangle(const Rect& rect) {
+  if (pen().style != PenStyle::none || brush().style != BrushStyle::solid) {
+    CairoCanvas::rectangle(rect);
+    return;
   }
+  const DotBox field = edges(rect);
+  cairo_surface_flush(surface_);
+  paintField({roundedDot(field.left), roundedDot(field.top), roundedDot(field.right),
+              roundedDot(field.bottom)},
+             pixelOf(brush().color));
+  cairo_surface_mark_dirty(surface_);
 }
 
 }  // namespace qor

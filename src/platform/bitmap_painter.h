@@ -17,6 +17,8 @@ class BitmapPainter : public CairoCanvas {
 
   void setClip(const Rect& dots) override;
   void clearClip() override;
+  // A field without an outline is filled dot by dot; barcodes are made of them.
+  void rectangle(const Rect& rect) override;
 
  protected:
   void clipText(const Rect& rect) override;
@@ -26,6 +28,7 @@ class BitmapPainter : public CairoCanvas {
  private:
   void showLevelGlyphs(const TextRun& run);
   void paintMask(const GlyphMask& mask, int x, int y, std::uint32_t color);
+  void paintField(const DotRect& field, std::uint32_t color);
   void paintBox(char32_t character, const DotRect& cell, std::uint32_t color);
 
   std::uint32_t* row(int y) { return pixels_ + static_cast<std::ptrdiff_t>(y) * stride_; }

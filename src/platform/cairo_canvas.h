@@ -53,14 +53,6 @@ class CairoCanvas : public Canvas {
     double y = 0;
   };
 
-  Dots dots(double x, double y) const;
-  Dots dotsPerTwip() const;
-  Point size() const { return size_; }
-
-  // Paints the glyphs of a run; `direction` is where it goes, one logical unit long.
-  virtual void showGlyphs(const TextRun& run, Dots direction);
-
- private:
   struct DotBox {
     double left = 0;
     double top = 0;
@@ -71,8 +63,17 @@ class CairoCanvas : public Canvas {
     double height() const { return bottom - top; }
   };
 
-  DotBox box(const Rect& rect) const;
+  Dots dots(double x, double y) const;
+  Dots dotsPerTwip() const;
+  // The rectangle with its edges where they are painted: on the grid of dots, for the pen in force.
   DotBox edges(const Rect& rect) const;
+  Point size() const { return size_; }
+
+  // Paints the glyphs of a run; `direction` is where it goes, one logical unit long.
+  virtual void showGlyphs(const TextRun& run, Dots direction);
+
+ private:
+  DotBox box(const Rect& rect) const;
   double penWidth() const;
   double onGrid(double edge) const;
 

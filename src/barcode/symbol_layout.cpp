@@ -1,0 +1,84 @@
+// Sizes and places of symbols.
+#include "barcode/symbol_layout.h"
+
+#include <algorithm>
+
+#include "base/units.h"
+#include "document/vdata.h"
+
+namespace qor {
+namespace {
+
+constexpr int kGuardModules = 5;
+
+double moduleWidth(const VData_BarCode& code, std::int64_t span, std::int64_t modules) {
+  if (code.ManualWidth) return code.LineWidth;
+  if (!code.SizeSet) return double(code.SizeFactor) * kBasicModule;
+  return static_cast<double>(span / modules);
+}
+
+// A symbol of a width of its own stands in the middle of its box, if it fits.
+std::int32_t offsetOf(const VData_BarCode& code, std::int64_t span, double width) {
+  const bool fitted = !code.ManualWidth && code.SizeSet;
+  const double left = static_cast<double>(span) - width;
+  return fitted || left <= 0 ? 0 : truncated(left / 2);
+}
+
+double textHeight(const VData_BarCode& code, double module) {
+  if (!code.ShowValue) return 0;
+  if (!code.SizeSet) return double(code.SizeFactor) * kBasicTextHeight;
+  if (code.ValueFont == 0) return module / kBasicModule * kBasicTextHeight;
+  // Millimetres, where the height of a text item is points.
+  return code.Font.Height * kTwipsPerInch / kMillimetresPerInch;
+}
+
+}  // namespace
+
+Point SymbolLayout::at(std::int64_t modules) const {
+  const std::int64_t way = modules * step;
+  return upright() ? Point{clamped(start.x + way), start.y}
+                   : Point{start.x, clamped(start.y + way)};
+}
+
+SymbolLayout layOutSymbol(const VData_BarCode& code, const Rect& rect, std::int64_t modules) {
+  SymbolLayout layout;
+  layout.orientation = code.Orientation >= 0 && code.Orientation <= 3 ? code.Orientation : 0;
+  const std::int64_t span = layout.upright() ? rect.width() : rect.height();
+  double room = static_cast<double>(layout.upright() ? rect.height() : rect.width());
+  double inset = 0;
+
+  layout.module = moduleWidth(code, span, modules);
+  layout.textHeight = textHeight(code, layout.module);
+  layout.textRow = truncated(layout.textHeight);
+  if (code.ManualHeight) {
+    room -= code.MarginTop + code.MarginBottom;
+    inset += code.MarginTop;
+  }
+  if (code.ShowValue) {
+    room -= layout.textRow;
+    if (code.ValuePosition == 0) inset += layout.textRow;
+  }
+  const std::int32_t offset = offsetOf(code, span, layout.module * static_cast<double>(modules));
+  const std::int32_t step = truncated(layout.module);
+  const std::int32_t guard = truncated(layout.module * kGuardModules);
+  layout.barLength = truncated(layout.forward() ? room : -room);
+  layout.guardLength = layout.forward() ? guard : -guard;
+  switch (layout.orientation) {
+    case 1:
+      layout.start = {truncated(rect.left + inset), clamped(std::int64_t{rect.bottom} - offset)};
+      break;
+    case 2:
+      layout.start = {clamped(std::int64_t{rect.right} - offset), truncated(rect.bottom - inset)};
+      break;
+    case 3:
+      layout.start = {truncated(rect.right - inset), clamped(std::int64_t{rect.top} + offset)};
+      break;
+    default:
+      layout.start = {clamped(std::int64_t{rect.left} + offset), truncated(rect.top + inset)};
+  }
+  const bool backward = layout.orientation == 1 || layout.orientation == 2;
+  layout.step = backward ? -step : step;
+  return layout;
+}
+
+}  // namespace qor

@@ -1,0 +1,249 @@
+// Drawn symbols, read back by independent readers: a library in memory, and a program from files.
+#include <ZXing/ReadBarcode.h>
+#include <gtest/gtest.h>
+
+#include "barcode/symbol_drawing.h"
+#include "barcode/symbol_layout.h"
+#include "platform/bitmap_canvas.h"
+#include "platform/picture.h"
+#include "render/page_walk.h"
+#include "support/program.h"
+#include "support/recording_canvas.h"
+#include "support/report_reader.h"
+
+namespace qor::test {
+namespace {
+
+// "Format text" of the one symbol in the pixels.
+std::string read(const PixelView& pixels) {
+  const ZXing::ImageView view(reinterpret_cast<const std::uint8_t*>(pixels.pixels), pixels.width,
+                              pixels.height, ZXing::ImageFormat::BGRX, pixels.stride * 4);
+  ZXing::DecodeHints hints;
+  hints.setTryHarder(true).setTryRotate(true);
+  const ZXing::Result result = ZXing::ReadBarcode(view, hints);
+  const std::wstring text = result.text();
+  return std::string(ZXing::ToString(result.format())) + " " +
+         std::string(text.begin(), text.end());
+}
+
+std::string read(const Picture& picture) {
+  return read({picture.width, picture.height, picture.width, picture.pixels.data()});
+}
+
+struct Symbol {
+  const char* keys;
+  const char* zxing;  // what the library reads
+  const char* zbar;   // what the program reads
+};
+
+const std::vector<Symbol> kSymbols = {
+    {"br_type=EAN_13 value=590123412345", "EAN-13 5901234123457", "EAN-13:5901234123457"},
+    {"br_type=EAN_13 value=000000000000", "UPC-A 000000000000", "EAN-13:0000000000000"},
+    {"br_type=EAN_8 value=9638507", "EAN-8 96385074", "EAN-8:96385074"},
+    {"br_type=UPCA value=03600029145", "UPC-A 036000291452", "EAN-13:0036000291452"},
+    {"br_type=UPCE value=0123456", "UPC-E 01234565", "EAN-13:0012345000065"},
+    {"br_type=ITF value=1540014128876", "ITF 15400141288763", "I2/5:15400141288763"},
+    {"br_type=128 value=\"PJJ 123-C\"", "Code128 PJJ 123-C", "CODE-128:PJJ 123-C"},
+    {"br_type=KAREKOD value=\"HTTP://QOR/1 a\"", "QRCode HTTP://QOR/1 a", "QR-Code:HTTP://QOR/1 a"},
+};
+
+// A box of 100 by 40 mm, or 40 by 100, where the symbol stands upright.
+std::string item(const Symbol& symbol, int orientation, const std::string& more = "") {
+  const bool turned = orientation % 2 == 1;
+  const bool square = std::string(symbol.keys).find("KAREKOD") != std::string::npos;
+  return "<barcode " + std::string(symbol.keys) + " orient=" + std::to_string(orientation) +
+         " left=20 top=30 right=" + (turned || square ? "60" : "120") +
+         " bottom=" + (turned && !square ? "130" : "70") + " " + more + "/>";
+}
+
+void drawPage(TestReport& report, BitmapCanvas& bitmap, int dpi) {
+  bitmap.canvas().setMapping({dpi, dpi, 0, 0});
+  DrawPage(report.page(), bitmap.canvas());
+}
+
+TEST(Symbols, AreReadBackInEveryOrientationAndResolution) {
+  for (const Symbol& symbol : kSymbols) {
+    for (int orientation = 0; orientation < 4; ++orientation) {
+      const char* turned = "value_show=1 value_pos=0 manual_height=1 margin_top=99";
+      for (const auto& [more, dpi] : {std::pair("", 300), {"value_show=1", 96}, {turned, 96}}) {
+        const std::string text = item(symbol, orientation, more);
+        TestReport report(text);
+        BitmapCanvas bitmap(210 * dpi / 25, 297 * dpi / 25, dpi);
+        drawPage(report, bitmap, dpi);
+        EXPECT_EQ(read(bitmap.pixels()), symbol.zxing) << text;
+      }
+    }
+  }
+}
+
+TEST(Symbols, AreReadBackFromTheirPictures) {
+  for (const Symbol& symbol : kSymbols) {
+    for (int orientation = 0; orientation < 4; ++orientation) {
+      TestReport report(item(symbol, orientation));
+      SCOPED_TRACE(item(symbol, orientation));
+      BitmapCanvas page(793, 1122, 96);
+      drawPage(report, page, 96);
+      int pictures = 0;
+      for (const auto& file : std::filesystem::directory_iterator(report.path(""))) {
+        const std::string name = file.path().string();
+        if (name.find("report_barcode_") == std::string::npos) continue;
+        EXPECT_TRUE(name.ends_with("_20_30.jpeg") || name.ends_with("_20_30.jpg")) << name;
+        if (name.find("HTTP") == std::string::npos) {
+          const auto picture = decodePicture(readFile(name));
+          ASSERT_TRUE(picture.has_value());
+          EXPECT_EQ(read(*picture), symbol.zxing);
+        }
+        ++pictures;
+      }
+      // A value with a separator is no file name: it costs the picture.
+      const bool named = std::string(symbol.keys).find('/') == std::string::npos;
+      EXPECT_EQ(pictures, named ? 2 : 0);
+    }
+  }
+}
+
+TEST(Symbols, AreReadBackFromAnExportedPage) {
+  for (const Symbol& symbol : kSymbols) {
+    const TemporaryDirectory directory;
+    directory.write("r.txt", item(symbol, 0, "value_show=1"));
+    runViewer({"-f", "r.txt", "-codepage", "1251", "-export", "r.png"},
+              {.directory = directory.path()});
+    const std::string found = run({"zbarimg", "-q", directory.path("r.png")}).output;
+    EXPECT_EQ(found, std::string(symbol.zbar) + "\n");
+  }
+}
+
+TEST(Symbols, LinkTheirPicturesInHtml) {
+  const TemporaryDirectory directory;
+  directory.write("r.txt",
+                  item(kSymbols[0], 0) + "<barcode br_type=39 value=\"a/b\" right=50 bottom=9/>");
+  runViewer({"-f", "r.txt", "-codepage", "1251", "-export", "r.html"},
+            {.directory = directory.path()});
+  const std::string html = directory.read("r.html");
+  const std::string name = directory.path("r_barcode_590123412345_20_30.jpeg");
+  EXPECT_NE(html.find("<img src=\"" + name + "\" width=\"378\" height=\"151\">"), std::string::npos)
+      << html;
+  EXPECT_EQ(html.find("<img", html.find("<img") + 1), std::string::npos);
+}
+
+std::string drawn(const std::string& bytes) {
+  TestReport report(bytes);
+  RecordingCanvas canvas;
+  DrawPage(report.page(), canvas);
+  return canvas.record();
+}
+
+std::size_t count(const std::string& text, const std::string& part) {
+  std::size_t found = 0;
+  for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++found;
+  return found;
+}
+
+TEST(Symbols, AreLaidOutByTheirKeys) {
+  struct Row {
+    std::string name;
+    std::string keys;
+    double module;
+    std::int32_t step;
+    Point start;
+    std::int32_t length;
+    std::int32_t textRow;
+  };
+  // A box from 1000,2000 to 2900,3000; EAN-13 has 113 modules with its quiet zones.
+  const std::vector<Row> rows = {
+      {"fitted", "", 16, 16, {1000, 2000}, 1000, 0},
+      {"percentage",
+       "size_set=0 size_factor=50 value_show=1",
+       0.5 * kBasicModule,
+       9,
+       {1421, 2000},
+       923,
+       77},
+      {"percentage too large",
+       "size_set=0 size_factor=200 value_show=1",
+       2 * kBasicModule,
+       37,
+       {1000, 2000},
+       689,
+       311},
+      {"manual width", "manual_width=1 line_width=10", 10, 10, {1385, 2000}, 1000, 0},
+      {"margins", "manual_height=1 margin_top=100 margin_bottom=50", 16, 16, {1000, 2050}, 950, 0},
+      {"text above", "value_show=1 value_pos=0", 16, 16, {1000, 2133}, 867, 133},
+      {"own text height",
+       "value_show=1 value_font=1 font_height=4",
+       16,
+       16,
+       {1000, 2000},
+       774,
+       226},
+      {"one quarter", "orient=1 value_show=1 value_pos=0", 8, -8, {1066, 3000}, 1834, 66},
+      {"two quarters", "orient=2 manual_height=1 margin_top=30", 16, -16, {2900, 2970}, -970, 0},
+      {"three quarters", "orient=3", 8, 8, {2900, 2000}, -1900, 0},
+  };
+  for (const Row& row : rows) {
+    TestReport report("<barcode " + row.keys + " value=590123412345/>");
+    auto& code = dynamic_cast<VData_BarCode&>(*report.page().FirstLine->FirstItem);
+    const SymbolLayout layout = layOutSymbol(code, {1000, 2000, 2900, 3000}, 113);
+    EXPECT_DOUBLE_EQ(layout.module, row.module) << row.name;
+    EXPECT_EQ(layout.step, row.step) << row.name;
+    EXPECT_EQ(layout.start, row.start) << row.name;
+    EXPECT_EQ(layout.barLength, row.length) << row.name;
+    EXPECT_EQ(layout.textRow, row.textRow) << row.name;
+  }
+}
+
+TEST(Symbols, GuardsReachIntoTheTextBelowOnly) {
+  const std::string box = "<barcode value=590123412345 left=0 top=0 right=33.5 bottom=20 ";
+  const std::string below = drawn(box + "value_show=1/>");
+  // 1899 twips give modules of 16; the text row is 133 high, so bars end at 1000 and guards 80
+  // later.
+  EXPECT_EQ(count(below, ",1000 pen"), 24U);
+  EXPECT_EQ(count(below, ",1080 pen"), 6U);
+  EXPECT_EQ(count(drawn(box + "value_show=1 value_pos=0/>"), ",1133 pen"), 30U);
+  EXPECT_EQ(count(drawn(box + "/>"), ",1133 pen"), 30U);
+  // The leading digit stands one width of the last label before the first guard.
+  EXPECT_EQ(below.substr(0, below.find(" \"5\"")), "text 176,1008");
+}
+
+TEST(Symbols, WithoutAnEncoderRepeatTheLastOne) {
+  const std::string place = " left=0 top=0 right=100 bottom=20";
+  const std::string first = drawn("<barcode br_type=39 value=AB" + place + "/>");
+  const std::string both = drawn("<barcode br_type=39 value=AB" + place +
+                                 "/><barcode br_type=InterLeave value=zz" + place + "/>");
+  EXPECT_EQ(both, first + first);
+}
+
+TEST(Symbols, HostileOnesDrawNothingAndLeaveNothingOutside) {
+  const std::string place = " left=10 top=10 right=60 bottom=30 ";
+  for (const std::string& keys :
+       {std::string("br_type=4 value=123"), std::string("br_type=8 value=12"),
+        std::string("value=\"  \""), std::string("br_type=ITF value=12")}) {
+    EXPECT_EQ(drawn("<barcode " + keys + place + "/>"), "") << keys;
+  }
+  EXPECT_EQ(drawn("<barcode value=590123412345 left=60 top=30 right=10 bottom=10/>"), "");
+  EXPECT_EQ(drawn("<barcode br_type=39 value=A/>"), "");
+  for (const char* keys : {"manual_width=1 line_width=0", "manual_width=1 line_width=1000000",
+                           "size_set=0 size_factor=0", "size_set=0 size_factor=100000000"}) {
+    drawn(std::string("<barcode value=590123412345 value_show=1 ") + keys + place + "/>");
+  }
+  TestReport report(
+      "<barcode br_type=39 value=\"../../A\" right=50 bottom=10/>"
+      "<barcode br_type=KAREKOD value=\"" +
+      std::string(900, 'q') +
+      "\" right=2540 bottom=2540/>"
+      "<barcode br_type=39 value=\"BIG\" right=2540 bottom=2540/>");
+  RecordingCanvas canvas;
+  DrawPage(report.page(), canvas);
+  int pictures = 0;
+  for (const auto& file : std::filesystem::directory_iterator(report.path(""))) {
+    if (file.path().extension() == ".txt") continue;
+    const auto picture = decodePicture(readFile(file.path().string()));
+    ASSERT_TRUE(picture.has_value());
+    EXPECT_LE(std::max(picture->width, picture->height), 1122);
+    ++pictures;
+  }
+  EXPECT_EQ(pictures, 2);
+}
+
+}  // namespace
+}  // namespace qor::test

@@ -15,11 +15,12 @@ namespace qor {
 namespace {
 
 // Lines and edges end this far off the surface at the latest, in dots. Thicker pens are cut.
-constexpr double kBeyond = 4096;
+constexpr double kBeyond = 1024;
 
 // Hatch lines are eight screen dots apart, and a dashed pen's unit is three, as on the screens that
 // these styles come from.
 constexpr double kHatchStep = 8.0 / kPictureDpi;
+constexpr double kHatchLine = 1.0 / 8;  // of the step
 constexpr double kDashUnit = 3.0 / kPictureDpi;
 
 // On and off lengths, in units.
@@ -52,6 +53,31 @@ bool cutLine(double& u1, double& v1, double& u2, double& v2, std::int32_t size) 
   cut(u1, v1);
   cut(u2, v2);
   return true;
+}
+
+// One tile of a hatch. Diagonals go on in the neighbouring tiles, so they start outside of it.
+void drawHatch(cairo_surface_t* tile, const Brush& brush, double step, double width) {
+  const CairoOwned<cairo_t> context(cairo_create(tile));
+  const auto is = [&brush](auto... styles) { return ((brush.style == styles) || ...); };
+  const auto line = [&context](double x1, double y1, double x2, double y2) {
+    cairo_move_to(context.get(), x1, y1);
+    cairo_line_to(context.get(), x2, y2);
+  };
+  const double middle = width / 2;
+  if (is(BrushStyle::horizontal, BrushStyle::cross)) line(0, middle, step, middle);
+  if (is(BrushStyle::vertical, BrushStyle::cross)) line(middle, 0, middle, step);
+  for (double shift = -step; shift <= step; shift += step) {
+    if (is(BrushStyle::forwardDiagonal, BrushStyle::diagonalCross)) {
+      line(shift - step, -step, shift + 2 * step, 2 * step);
+    }
+    if (is(BrushStyle::backwardDiagonal, BrushStyle::diagonalCross)) {
+      line(shift + 2 * step, -step, shift - step, 2 * step);
+    }
+  }
+  cairo_set_source_rgb(context.get(), redOf(brush.color) / 255.0, greenOf(brush.color) / 255.0,
+                       blueOf(brush.color) / 255.0);
+  cairo_set_line_width(context.get(), width);
+  cairo_stroke(context.get());
 }
 
 double near(double dot, std::int32_t size) {
@@ -161,51 +187,22 @@ void CairoCanvas::fillPath() {
   if (style == BrushStyle::none) return;
   if (style == BrushStyle::solid) {
     useColor(brush().color);
-    cairo_fill_preserve(context_.get());
-    return;
+  } else {
+    useHatch(brush());
   }
-  const auto is = [style](auto... styles) { return ((style == styles) || ...); };
-  DotBox area;
-  cairo_fill_extents(context_.get(), &area.left, &area.top, &area.right, &area.bottom);
-  cairo_path_t* outline = cairo_copy_path(context_.get());
-  cairo_save(context_.get());
-  cairo_clip(context_.get());
-  hatch(area, is(BrushStyle::forwardDiagonal, BrushStyle::diagonalCross),
-        is(BrushStyle::backwardDiagonal, BrushStyle::diagonalCross),
-        is(BrushStyle::horizontal, BrushStyle::cross), is(BrushStyle::vertical, BrushStyle::cross));
-  cairo_restore(context_.get());
-  cairo_append_path(context_.get(), outline);
-  cairo_path_destroy(outline);
+  cairo_fill_preserve(context_.get());
 }
 
-// Lines over the visible part of the area. They hang on the page's corner and not on the shape's,
-// so that hatches of neighbours join.
-void CairoCanvas::hatch(const DotBox& area, bool falling, bool rising, bool level, bool upright) {
-  const double left = std::max(area.left, 0.0);
-  const double top = std::max(area.top, 0.0);
-  const double right = std::min(area.right, double(size_.x));
-  const double bottom = std::min(area.bottom, double(size_.y));
-  if (left >= right || top >= bottom) return;
-  const double step = std::max(2.0, std::round(kHatchStep * mapping_.dpiX));
-  const auto firstLine = [step](double from) { return std::floor(from / step) * step + 0.5; };
-  const auto line = [this](double x1, double y1, double x2, double y2) {
-    cairo_move_to(context_.get(), x1, y1);
-    cairo_line_to(context_.get(), x2, y2);
-  };
-  const double height = bottom - top;
-  for (double y = firstLine(top); level && y < bottom; y += step) line(left, y, right, y);
-  for (double x = firstLine(left); upright && x < right; x += step) line(x, top, x, bottom);
-  for (double x = firstLine(left - bottom); rising && x < right + bottom; x += step) {
-    if (x >= left - height) line(x + bottom, 0, x, bottom);
-  }
-  for (double x = firstLine(left - bottom); falling && x < right; x += step) {
-    line(x, 0, x + bottom, bottom);
-  }
-  useColor(brush().color);
-  cairo_set_dash(context_.get(), nullptr, 0, 0);
-  cairo_set_line_width(context_.get(),
-                       std::max(1.0, std::round(mapping_.dpiX / double(kPictureDpi))));
-  cairo_stroke(context_.get());
+// Hatches are tiles that repeat from the page's corner and not from the shape's, so that those of
+// neighbours join.
+void CairoCanvas::useHatch(const Brush& brush) {
+  const int step = std::max(2, static_cast<int>(std::lround(kHatchStep * mapping_.dpiX)));
+  const CairoOwned<cairo_surface_t> tile(cairo_surface_create_similar(
+      cairo_get_target(context_.get()), CAIRO_CONTENT_COLOR_ALPHA, step, step));
+  drawHatch(tile.get(), brush, step, std::max(1.0, std::round(step * kHatchLine)));
+  cairo_set_source_surface(context_.get(), tile.get(), 0, 0);
+  cairo_pattern_set_extend(cairo_get_source(context_.get()), CAIRO_EXTEND_REPEAT);
+  cairo_pattern_set_filter(cairo_get_source(context_.get()), CAIRO_FILTER_NEAREST);
 }
 
 void CairoCanvas::paintPath() {

@@ -81,7 +81,7 @@ class CairoCanvas : public Canvas {
   void preparePen();
   void strokePath();
   void fillPath();
-  void hatch(const DotBox& area, bool falling, bool rising, bool level, bool upright);
+  void useHatch(const Brush& brush);
   void paintPath();
 
   bool isVisible(const TextRun& run) const;

@@ -12,8 +12,16 @@
 namespace qor {
 namespace {
 
-// Larger glyphs than this, in dots, are no text any more and would only fill Cairo's caches.
+// Larger glyphs than this, in dots, are no text any more.
 constexpr double kLargestGlyph = 8192;
+
+// Glyphs up to this size, in dots, are kept by Cairo as pictures. Larger ones are filled as
+// outlines, which cost no memory.
+constexpr double kLargestKept = 64;
+
+double glyphSize(const TextRun& run, double dotsPerTwip) {
+  return run.font.emSize() * std::max(1.0, run.font.widthScale()) * dotsPerTwip;
+}
 
 // Stands for an edge that isn't there, in dots.
 constexpr double kEdgeless = 1e6;
@@ -67,7 +75,13 @@ void CairoCanvas::showGlyphs(const TextRun& run, Dots direction) {
       glyphs_.push_back({glyph->index, place.x, place.y});
     }
     useFace(*face, run);
-    cairo_show_glyphs(context_.get(), glyphs_.data(), static_cast<int>(glyphs_.size()));
+    const int count = static_cast<int>(glyphs_.size());
+    if (glyphSize(run, dotsPerTwip().y) <= kLargestKept) {
+      cairo_show_glyphs(context_.get(), glyphs_.data(), count);
+    } else {
+      cairo_glyph_path(context_.get(), glyphs_.data(), count);
+      cairo_fill(context_.get());
+    }
   }
 }
 
@@ -91,9 +105,8 @@ void CairoCanvas::paintStroke(const TextRun& run, const TextStroke& stroke) {
 }
 
 void CairoCanvas::paintText(const TextRun& run) {
-  const double size = run.font.emSize() * mapping_.dpiY / kTwipsPerInch;
-  const double width = size * run.font.widthScale();
-  if (!isVisible(run) || size <= 0 || std::max(size, width) > kLargestGlyph) return;
+  const double size = glyphSize(run, dotsPerTwip().y);
+  if (!isVisible(run) || size <= 0 || size > kLargestGlyph) return;
   const double angle = angleOf(run);
   useColor(run.color);
   showGlyphs(run, {std::cos(angle), -std::sin(angle)});

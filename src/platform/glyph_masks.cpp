@@ -9,6 +9,7 @@ namespace qor {
 namespace {
 
 constexpr std::size_t kMaxMasks = 8192;
+constexpr std::size_t kMaxBytes = 8U << 20;
 
 // A size of our own for the face, because whoever else draws with it counts on finding its own.
 class OwnSize {
@@ -76,9 +77,15 @@ std::size_t GlyphMasks::Hash::operator()(const MaskKey& key) const {
 }
 
 const GlyphMask& GlyphMasks::get(const MaskKey& key) {
-  if (masks_.size() >= kMaxMasks) masks_.clear();
+  if (masks_.size() >= kMaxMasks || bytes_ > kMaxBytes) {
+    masks_.clear();
+    bytes_ = 0;
+  }
   const auto [place, isNew] = masks_.try_emplace(key);
-  if (isNew) place->second = render(key);
+  if (isNew) {
+    place->second = render(key);
+    bytes_ += place->second.coverage.size();
+  }
   return place->second;
 }
 

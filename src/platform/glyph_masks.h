@@ -42,6 +42,7 @@ class GlyphMasks {
   };
 
   std::unordered_map<MaskKey, GlyphMask, Hash> masks_;
+  std::size_t bytes_ = 0;
 };
 
 }  // namespace qor

@@ -32,6 +32,17 @@ double textHeight(const VData_BarCode& code, double module) {
   return code.Font.Height * kTwipsPerInch / kMillimetresPerInch;
 }
 
+// The corner of the rectangle where the symbol starts, moved in by the offset along the steps and
+// by the inset along the bars.
+Point startOf(int orientation, const Rect& rect, std::int32_t offset, double inset) {
+  switch (orientation) {
+    case 1: return {truncated(rect.left + inset), clamped(std::int64_t{rect.bottom} - offset)};
+    case 2: return {clamped(std::int64_t{rect.right} - offset), truncated(rect.bottom - inset)};
+    case 3: return {truncated(rect.right - inset), clamped(std::int64_t{rect.top} + offset)};
+    default: return {clamped(std::int64_t{rect.left} + offset), truncated(rect.top + inset)};
+  }
+}
+
 }  // namespace
 
 Point SymbolLayout::at(std::int64_t modules) const {
@@ -58,26 +69,14 @@ SymbolLayout layOutSymbol(const VData_BarCode& code, const Rect& rect, std::int6
     room -= layout.textRow;
     if (code.ValuePosition == 0) inset += layout.textRow;
   }
-  const std::int32_t offset = offsetOf(code, span, layout.module * static_cast<double>(modules));
-  const std::int32_t step = truncated(layout.module);
-  const std::int32_t guard = truncated(layout.module * kGuardModules);
-  layout.barLength = truncated(layout.forward() ? room : -room);
-  layout.guardLength = layout.forward() ? guard : -guard;
-  switch (layout.orientation) {
-    case 1:
-      layout.start = {truncated(rect.left + inset), clamped(std::int64_t{rect.bottom} - offset)};
-      break;
-    case 2:
-      layout.start = {clamped(std::int64_t{rect.right} - offset), truncated(rect.bottom - inset)};
-      break;
-    case 3:
-      layout.start = {truncated(rect.right - inset), clamped(std::int64_t{rect.top} + offset)};
-      break;
-    default:
-      layout.start = {clamped(std::int64_t{rect.left} + offset), truncated(rect.top + inset)};
-  }
+  const double direction = layout.forward() ? 1 : -1;
   const bool backward = layout.orientation == 1 || layout.orientation == 2;
+  const std::int32_t step = truncated(layout.module);
+  layout.barLength = truncated(direction * room);
+  layout.guardLength = truncated(direction * layout.module * kGuardModules);
   layout.step = backward ? -step : step;
+  const double width = layout.module * static_cast<double>(modules);
+  layout.start = startOf(layout.orientation, rect, offsetOf(code, span, width), inset);
   return layout;
 }
 

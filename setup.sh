@@ -10,7 +10,7 @@ packages=(g++ cmake ninja-build pkg-config
 for group in "$@"; do
   case $group in
     test) packages+=(libgtest-dev imagemagick-6.q16 zbar-tools) ;;
-    bench) packages+=(mupdf-tools python3) ;;
+    bench) packages+=(mupdf-tools python3 libzint-dev) ;;
     fuzz) packages+=(clang-14 libclang-rt-14-dev) ;;
     *) echo "setup.sh: no such group: $group" >&2; exit 2 ;;
   esac

@@ -23,13 +23,16 @@ void deleteReport() {
 int ExportWithoutInterface() {
   if (AppOptions.FileName.empty()) return 0;
   try {
+    // A report that can't be read must not replace an earlier export by an empty one.
+    if (!VDoc::OpenFile()) return -1;
+    // Nobody looks again at what a writer adds later: what is there is exported, to its last byte.
+    AppOptions.DynamicMode = false;
     VDoc doc;
     doc.ScanPages(false);
-    // A report that can't be read must not replace an earlier export by an empty one.
-    if (LastError.Number == kErrorOpenDocument) return -1;
     doc.Settings.ReloadSet();
     ExportByExtension(doc);
   } catch (int) {
+    // The report stays, also under DeleteAfterPrint: nothing came of it.
     return -1;
   }
   deleteReport();

@@ -1,6 +1,9 @@
 // Cleaning up behind a report.
 #include "app/side_files.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include "base/path.h"
 #include "base/text.h"
 #include "platform/directory.h"
@@ -14,8 +17,9 @@ constexpr std::uint64_t kMaxListFile = 16U << 20;
 }  // namespace
 
 void DeleteListedFiles(const std::string& dataFile) {
-  const auto list = readWholeFile(std::string(upTo(dataFile, '.')) + "_mail.tmp", kMaxListFile);
-  for (std::string_view rest = list ? *list : ""; !rest.empty();) {
+  const std::string listFile = std::string(upTo(dataFile, '.')) + "_mail.tmp";
+  const std::string list = readWholeFile(listFile, kMaxListFile).value_or("");
+  for (std::string_view rest = list; !rest.empty();) {
     const std::string_view line = rest.substr(0, rest.find_first_of("\r\n"));
     if (!line.empty()) deleteFile(std::string(line));
     rest.remove_prefix(std::min(rest.size(), line.size() + 1));

@@ -10,7 +10,7 @@ namespace qor {
 
 // Throws ConversionError for a character that is no digit.
 inline int digitOf(char c) {
-  if (c < '0' || c > '9') throw ConversionError(std::string(1, c));
+  if (c < '0' || c > '9') throw ConversionError(std::string("\"") + c + "\" is not a digit");
   return c - '0';
 }
 

@@ -1,6 +1,7 @@
 // Linear symbols: bars and their labels.
 #include "barcode/symbol_drawing.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 

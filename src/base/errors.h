@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace qor {
 
@@ -15,8 +16,7 @@ inline constexpr int kErrorReadCodePage = 6;
 // A text that had to be a number is none.
 class ConversionError : public std::runtime_error {
  public:
-  explicit ConversionError(const std::string& text)
-      : std::runtime_error("\"" + text + "\" is not a whole number") {}
+  using std::runtime_error::runtime_error;
 };
 
 // A list of lines ended before the line that had to be there.
@@ -28,6 +28,12 @@ class ListIndexError : public std::out_of_range {
 // A file could not be opened, read or written, or holds what it must not. The text names the file
 // and the reason, on one line.
 class FileError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// A picture can't be made of these dots. Whoever knows the file it was for makes it a FileError.
+class PictureError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };

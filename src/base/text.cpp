@@ -50,10 +50,6 @@ std::string_view upTo(std::string_view text, char mark) {
   return text.substr(0, text.find(mark));
 }
 
-std::string_view upTo(std::string_view text, std::string_view mark) {
-  return text.substr(0, text.find(mark));
-}
-
 std::optional<std::int32_t> parseInteger(std::string_view text) {
   const auto start = text.find_first_not_of(' ');
   if (start == std::string_view::npos) return std::nullopt;
@@ -71,7 +67,7 @@ std::optional<std::int32_t> parseInteger(std::string_view text) {
 
 std::int32_t toInteger(std::string_view text) {
   if (const auto value = parseInteger(text)) return *value;
-  throw ConversionError(std::string(text));
+  throw ConversionError("\"" + std::string(text) + "\" is not a whole number");
 }
 
 std::string lowerAscii(std::string_view text) {

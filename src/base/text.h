@@ -14,7 +14,6 @@ std::string_view trimmed(std::string_view text);
 
 // The text before the first `mark`, or all of it.
 std::string_view upTo(std::string_view text, char mark);
-std::string_view upTo(std::string_view text, std::string_view mark);
 
 // A whole number as report and set files write it: blanks before it, a sign, decimal digits, or
 // hexadecimal ones behind "$", "x" or "0x". Nothing may follow. Hexadecimal numbers may fill all

@@ -1,6 +1,7 @@
 // Built-in code pages and those from files.
 #include "document/code_page.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <string>
@@ -15,9 +16,9 @@ namespace {
 
 constexpr std::size_t kMaxFileSize = 4096;
 
-[[noreturn]] void fail(int number, const std::string& fileName, const char* reason) {
+[[noreturn]] void fail(int number, const std::string& fileName, const FileError& error) {
   LastError.set(number, fileName);
-  showWarning(fileName + ": " + reason);
+  showWarning(error.what());
   throw number;
 }
 
@@ -25,15 +26,15 @@ std::string readCodePageFile(const std::string& name) {
   std::optional<InputFile> file;
   try {
     file.emplace(name);
-  } catch (const FileError&) {
-    fail(kErrorOpenCodePage, name, "the code page file can't be opened");
+  } catch (const FileError& error) {
+    fail(kErrorOpenCodePage, name, error);
   }
   try {
     std::string text(kMaxFileSize, '\0');
     text.resize(file->readAt(0, text.data(), text.size()));
     return text;
-  } catch (const FileError&) {
-    fail(kErrorReadCodePage, name, "the code page file can't be read");
+  } catch (const FileError& error) {
+    fail(kErrorReadCodePage, name, error);
   }
 }
 
@@ -53,10 +54,10 @@ std::uint16_t entryOf(std::string_view line) {
 void readEntries(std::string_view text) {
   for (std::uint16_t& entry : CodePageTable) {
     if (text.empty()) return;
-    const std::string_view line = upTo(text, '\r');
+    const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
     entry = entryOf(line);
     text.remove_prefix(line.size());
-    text.remove_prefix(std::min<std::size_t>(2, text.size()));
+    text.remove_prefix(text.starts_with("\r\n") ? 2 : std::min<std::size_t>(1, text.size()));
   }
 }
 

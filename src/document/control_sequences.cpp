@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/units.h"
+#include "document/control_bytes.h"
 #include "document/font_state.h"
 #include "document/vset.h"
 

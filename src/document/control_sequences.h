@@ -10,13 +10,6 @@ namespace qor {
 struct FontState;
 struct VSetPage;
 
-inline constexpr char kEscape = 27;
-
-// True for ESC and the other bytes below 32.
-constexpr bool isControl(char c) {
-  return static_cast<unsigned char>(c) < 32;
-}
-
 // Runs the sequences that start at `cursor` and moves it behind them: any number of ESC commands
 // and then at most one single control byte. Page commands need `page`, which is null inside a line.
 // Commands cut off by the end of the text are read as far as they go.

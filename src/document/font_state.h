@@ -43,6 +43,8 @@ class VFont_List {
   // since. Nothing happens where no such tag is open.
   void Pop(int key, FontState& font);
 
+  bool hasOpenTags() const { return !open_.empty(); }
+
  private:
   std::uint32_t openKeys() const { return open_.empty() ? 0 : open_.back().OpenKeys; }
 

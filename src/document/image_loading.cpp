@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/path.h"
@@ -18,30 +19,29 @@ namespace {
 constexpr std::array<std::string_view, 6> kExtensions = {".png", ".jpg", ".jpeg",
                                                          ".gif", ".bmp", ".ico"};
 constexpr std::uint64_t kMaxPictureFile = 256U << 20;
+constexpr std::size_t kLargePixels = 1U << 20;
 
-// A report repeats its logo on each page: the pictures used last are kept decoded, as long as their
-// files stay as they are.
+// A report repeats its logo on each page: the pictures used last are kept decoded, by the bytes of
+// their files.
 class RecentPictures {
  public:
   std::shared_ptr<const Picture> get(const std::string& path) {
     const auto file = readWholeFile(path, kMaxPictureFile);
     if (!file) return nullptr;
-    const auto kept = std::find_if(kept_.begin(), kept_.end(), [&](const Entry& entry) {
-      return entry.path == path && entry.file == *file;
-    });
+    const auto kept = std::find_if(kept_.begin(), kept_.end(),
+                                   [&](const Entry& entry) { return entry.file == *file; });
     if (kept != kept_.end()) {
       std::rotate(kept_.begin(), kept, kept + 1);
       return kept_.front().picture;
     }
     auto picture = decodePicture(*file);
     if (!picture) return nullptr;
-    keep({path, *file, std::make_shared<const Picture>(std::move(*picture))});
+    keep({*file, std::make_shared<const Picture>(std::move(*picture))});
     return kept_.front().picture;
   }
 
  private:
   struct Entry {
-    std::string path;
     std::string file;
     std::shared_ptr<const Picture> picture;
 
@@ -99,6 +99,13 @@ void VData_Image::Load() {
     Bitmap = recentPictures().get(systemName(FileName, Settings->Page.BaseCodePage));
   }
   if (!Bitmap) ErrorText = FileName;
+}
+
+// Many large pictures on a page must not stand in memory together.
+void VData_Image::releaseLargePicture() {
+  if (Bitmap->pixels.size() < kLargePixels) return;
+  Bitmap.reset();
+  loaded_ = false;
 }
 
 }  // namespace qor

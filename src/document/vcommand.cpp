@@ -6,6 +6,7 @@
 #include <string>
 
 #include "document/attributes.h"
+#include "document/control_bytes.h"
 #include "document/control_sequences.h"
 #include "document/vdata.h"
 #include "document/vset.h"
@@ -24,7 +25,6 @@ enum ItemKey { kPage, kText, kShape, kImage, kBarcode };
 constexpr std::array<std::string_view, 5> kItemKeys = {"page", "text", "shape", "img", "barcode"};
 
 constexpr std::size_t kLongestKey = 7;
-constexpr char kFormFeed = 12;
 
 // The place of the key among the keys, or -1.
 template <std::size_t Count>

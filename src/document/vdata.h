@@ -98,7 +98,7 @@ class VData_Image : public VData_Shape {
   void Draw(Canvas& canvas) override;
   void DrawOnPage(Canvas& canvas) override;
 
-  // Finds the picture, or the text to show in its place. Runs at the first call only, so that a
+  // Finds the picture, or the text to show in its place. Does nothing while it has one, so that a
   // run that shows no pictures reads none.
   void Load();
 
@@ -109,7 +109,8 @@ class VData_Image : public VData_Shape {
   std::int32_t ImageStretch = 0;
 
  private:
-  bool drawPicture(Canvas& canvas);
+  bool drawPicture(Canvas& canvas, bool onPage);
+  void releaseLargePicture();
   void drawErrorText(Canvas& canvas);
 
   bool loaded_ = false;

@@ -1,13 +1,14 @@
 // The document's file: opening it, its head, and its pages on demand.
 #include "document/vdoc.h"
 
-#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/app_options.h"
 #include "base/errors.h"
+#include "document/control_bytes.h"
 #include "document/control_sequences.h"
 #include "document/vcommand.h"
 #include "platform/messages.h"

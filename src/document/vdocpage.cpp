@@ -6,17 +6,12 @@
 #include <utility>
 
 #include "base/errors.h"
+#include "document/control_bytes.h"
 #include "document/vcommand.h"
 #include "platform/input_file.h"
 
 namespace qor {
 namespace {
-
-constexpr char kTab = 9;
-constexpr char kLineFeed = 10;
-constexpr char kFormFeed = 12;
-constexpr char kCarriageReturn = 13;
-constexpr char kEndOfFile = 26;
 
 // While a line holds this, line ends belong to it: the text of such an item spans lines.
 constexpr std::string_view kMemoMark = "text memo";
@@ -98,7 +93,7 @@ class LineSplitter {
   std::size_t place_ = 0;
   std::string line_;
   std::size_t searched_ = 0;
-  bool memo_ = false;
+  bool memo_ = false;  // once true, no line of the page ends any more
   bool pendingOverprint_ = false;
   bool pendingFormFeed_ = false;
 };
@@ -114,7 +109,7 @@ VDocPage::~VDocPage() {
 
 void VDocPage::ReadLines(const InputFile& file, int mode) {
   ReleaseLines();
-  Commands = std::make_unique<VCommand>(*Settings);
+  if (!Commands) Commands = std::make_unique<VCommand>(*Settings);
   if (Length > kMaxPageBytes) {
     throw std::string("Error: page " + std::to_string(Number) + " is too long to be read: ");
   }
@@ -123,6 +118,7 @@ void VDocPage::ReadLines(const InputFile& file, int mode) {
   } catch (const FileError&) {
     throw std::string("Error: can't read data from document file: ");
   }
+  Loaded = true;
 }
 
 VDocStr& VDocPage::AddLine(std::string_view text) {
@@ -134,7 +130,9 @@ VDocStr& VDocPage::AddLine(std::string_view text) {
 void VDocPage::ReleaseLines() {
   deleteChain<&VDocStr::Next>(FirstLine);
   LastLine = nullptr;
-  Commands.reset();
+  Loaded = false;
+  // Tags that the page leaves open are there to be closed when it is loaded again.
+  if (Commands && !Commands->hasOpenTags()) Commands.reset();
 }
 
 }  // namespace qor

@@ -43,11 +43,12 @@ class VDocPage {
   VDocStr* FirstLine = nullptr;  // owned
   VDocStr* LastLine = nullptr;
   VSet* Settings;                      // the document's
-  std::unique_ptr<VCommand> Commands;  // exists while the page is loaded
+  std::unique_ptr<VCommand> Commands;  // exists while the page is loaded or has left tags open
   std::uint64_t Offset = 0;
   std::uint64_t Length = 0;
   std::int32_t Number;   // 1 for the first page
   bool Selected = true;  // in the print range
+  bool Loaded = false;   // the lines are those of the file
 };
 
 }  // namespace qor

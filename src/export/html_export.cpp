@@ -25,7 +25,7 @@ constexpr int kHtmlDpi = 72;
 constexpr std::uint64_t kMaxBarcodePicture = 64U << 20;
 
 std::int64_t htmlPixels(std::int32_t twips) {
-  return std::int64_t{twips} * kHtmlDpi / 1440;
+  return std::int64_t{twips} * kHtmlDpi / kTwipsPerInch;
 }
 
 void appendFont(const FontState& font, std::string& html) {

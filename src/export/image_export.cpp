@@ -2,13 +2,14 @@
 #include <array>
 #include <string>
 
+#include "base/errors.h"
 #include "base/path.h"
 #include "base/units.h"
 #include "document/code_page.h"
 #include "export/exporters.h"
 #include "export/loaded_page.h"
 #include "platform/bitmap_canvas.h"
-#include "platform/output_file.h"
+#include "platform/save_picture.h"
 #include "render/page_walk.h"
 #include "render/sheet.h"
 
@@ -44,10 +45,12 @@ class TargetNames {
   bool numbered_;
 };
 
-void savePicture(const PixelView& pixels, PictureFormat format, const std::string& name) {
-  OutputFile file(name);
-  encodePicture(pixels, format, kPictureDpi, file);
-  file.commit();
+BitmapCanvas bitmapOf(const VSetScr& screen, const std::string& target) {
+  try {
+    return {screen.paper_width, screen.paper_height, kPictureDpi};
+  } catch (const PictureError& error) {
+    throw FileError(target + ": " + error.what());
+  }
 }
 
 void layOutSheet(VSet& settings) {
@@ -71,7 +74,7 @@ int ExportImages(VDoc& doc, const ExportOptions& options, ExportFileList& files)
   if (extensionOf(options.TargetName).empty()) formats.set(kImageJpeg);
   const TargetNames names(options.TargetName, doc.PageCount != 1);
   layOutSheet(doc.Settings);
-  BitmapCanvas bitmap(doc.Settings.Scr.paper_width, doc.Settings.Scr.paper_height, kPictureDpi);
+  BitmapCanvas bitmap = bitmapOf(doc.Settings.Scr, options.TargetName);
   for (std::int32_t number = 1; number <= doc.PageCount; ++number) {
     const LoadedPage page(doc, number, options.PageMode);
     bitmap.clear();
@@ -79,7 +82,7 @@ int ExportImages(VDoc& doc, const ExportOptions& options, ExportFileList& files)
     for (std::size_t i = 0; i < kFormats.size(); ++i) {
       if (!formats.test(i)) continue;
       files.push_back(names.name(number, kFormats[i].extension));
-      savePicture(bitmap.pixels(), kFormats[i].format, files.back());
+      savePicture(bitmap.pixels(), kFormats[i].format, kPictureDpi, files.back());
     }
   }
   return kExportFiles;

@@ -1,17 +1,20 @@
 // A page of the document while somebody uses it.
 #pragma once
 
+#include "base/errors.h"
 #include "document/vdoc.h"
 
 namespace qor {
 
-// Loads the page and lets it go with the object.
+// Loads the page and lets it go with the object. Throws kErrorOpenDocument where the report can't
+// be opened any more: the rest of an export would be blank.
 class LoadedPage {
  public:
-  LoadedPage(VDoc& doc, std::int32_t number, int mode) : page_(doc.GetPage(number, mode)) {}
-  ~LoadedPage() {
-    if (page_ != nullptr) page_->ReleaseLines();
+  LoadedPage(VDoc& doc, std::int32_t number, int mode)
+      : doc_(doc), number_(number), page_(doc.GetPage(number, mode)) {
+    if (!page_->Loaded) throw kErrorOpenDocument;
   }
+  ~LoadedPage() { doc_.ReleasePage(number_); }
   LoadedPage(const LoadedPage&) = delete;
   LoadedPage& operator=(const LoadedPage&) = delete;
 
@@ -19,6 +22,8 @@ class LoadedPage {
   VDocPage* operator->() const { return page_; }
 
  private:
+  VDoc& doc_;
+  std::int32_t number_;
   VDocPage* page_;
 };
 

@@ -13,10 +13,14 @@ cairo_surface_t* createSurface(int width, int height) {
   const bool empty = width <= 0 || height <= 0;
   if (empty || width > kMaxPictureSide || height > kMaxPictureSide ||
       std::int64_t{width} * height > kMaxPicturePixels) {
-    throw FileError("a picture can't have " + std::to_string(width) + " by " +
-                    std::to_string(height) + " dots");
+    throw PictureError("a picture can't have " + std::to_string(width) + " by " +
+                       std::to_string(height) + " dots");
   }
-  return cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height);
+  cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height);
+  if (cairo_surface_status(surface) == CAIRO_STATUS_SUCCESS) return surface;
+  cairo_surface_destroy(surface);
+  throw PictureError("there is no memory for a picture of " + std::to_string(width) + " by " +
+                     std::to_string(height) + " dots");
 }
 
 }  // namespace
@@ -44,6 +48,7 @@ void BitmapCanvas::clear() {
   const CairoOwned<cairo_t> context(cairo_create(parts_->surface.get()));
   cairo_set_source_rgb(context.get(), 1, 1, 1);
   cairo_paint(context.get());
+  parts_->canvas.reset();
 }
 
 PixelView BitmapCanvas::pixels() {

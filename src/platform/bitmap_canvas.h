@@ -10,14 +10,14 @@ namespace qor {
 
 class BitmapCanvas {
  public:
-  // A white bitmap of width * height dots. Throws FileError where it is empty, or larger than the
-  // limits of pictures allow.
+  // A white bitmap of width * height dots. Throws PictureError where it is empty, larger than the
+  // limits of pictures allow, or too large for the memory.
   BitmapCanvas(int width, int height, int dpi);
   ~BitmapCanvas();
 
   Canvas& canvas();
 
-  // Makes every dot white.
+  // Makes every dot white and the canvas as a new one.
   void clear();
 
   // What has been drawn. Valid until the next drawing.

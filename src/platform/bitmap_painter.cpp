@@ -114,8 +114,7 @@ void BitmapPainter::showLevelGlyphs(const TextRun& run) {
   for (std::size_t i = 0; i < run.glyphs.size(); ++i) {
     const PlacedGlyph& glyph = run.glyphs[i];
     const double x = corner.x + glyph.distance * dotsPerTwip().x;
-    if (x > clip_.right) break;
-    if (x < clip_.left - kLargestMask / 64) continue;
+    if (x > clip_.right || x < clip_.left - kLargestMask / 64) continue;
     if (isBoxCharacter(run.text[i])) {
       const double end = i + 1 < run.glyphs.size() ? run.glyphs[i + 1].distance : run.length;
       const int right = roundedDot(corner.x + end * dotsPerTwip().x);

@@ -1,6 +1,7 @@
 // Windows and OS/2 bitmaps: as files, and their parts that icons share.
 #include <algorithm>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "base/errors.h"
@@ -18,10 +19,10 @@ constexpr std::size_t kMaskHeaderSize = 52;
 constexpr std::size_t kAlphaMaskHeaderSize = 56;
 // The header of OS/2 2.x, whose bytes at the place of the masks mean other things.
 constexpr std::size_t kOs2HeaderSize = 64;
-constexpr std::size_t kMaxColours = 256;
+constexpr std::size_t kMaxColors = 256;
 constexpr std::uint32_t kOpaque = 0xFF000000;
 
-using Palette = std::array<std::uint32_t, kMaxColours>;
+using Palette = std::array<std::uint32_t, kMaxColors>;
 
 // The compressions that can hold pixels of so many bits.
 bool isKnownKind(int bits, std::uint32_t compression) {
@@ -86,7 +87,7 @@ DibHeader readInfoHeader(std::string_view dib, std::size_t headerSize) {
 Palette readPalette(const DibHeader& header, std::string_view dib) {
   Palette palette;
   palette.fill(kOpaque);
-  for (std::size_t i = 0; i < std::min(header.paletteCount, kMaxColours); ++i) {
+  for (std::size_t i = 0; i < std::min(header.paletteCount, kMaxColors); ++i) {
     const std::size_t at = header.paletteAt + i * header.paletteEntrySize;
     if (at + header.paletteEntrySize > dib.size()) break;
     palette[i] |= littleEndian(dib, at, 3);
@@ -227,7 +228,7 @@ void putFileHeader(std::string& bytes, std::size_t size, std::size_t dataAt) {
 }
 
 void putGrayPalette(std::string& bytes) {
-  for (std::uint32_t gray = 0; gray < kMaxColours; ++gray) {
+  for (std::uint32_t gray = 0; gray < kMaxColors; ++gray) {
     putLittleEndian(bytes, gray * 0x010101, 4);
   }
 }
@@ -250,7 +251,7 @@ std::optional<DibHeader> readDibHeader(std::string_view dib) {
   const auto maskBytes = readMasks(dib, headerSize, header);
   if (!maskBytes) return std::nullopt;
   header.paletteAt = headerSize + *maskBytes;
-  if (header.bits <= 8 && (header.paletteCount == 0 || header.paletteCount > kMaxColours)) {
+  if (header.bits <= 8 && (header.paletteCount == 0 || header.paletteCount > kMaxColors)) {
     header.paletteCount = std::size_t{1} << header.bits;
   }
   return header;
@@ -332,11 +333,11 @@ std::optional<Picture> decodeBmp(std::string_view file) {
 
 void encodeBmp(const PixelView& pixels, bool gray, int dpi, ByteSink& sink) {
   const int bits = gray ? 8 : 24;
-  const std::size_t dataAt = kFileHeaderSize + kInfoHeaderSize + (gray ? kMaxColours * 4 : 0);
+  const std::size_t dataAt = kFileHeaderSize + kInfoHeaderSize + (gray ? kMaxColors * 4 : 0);
   const std::size_t size =
       dataAt + dibRowSize(pixels.width, bits) * static_cast<std::size_t>(pixels.height);
   if (size > std::numeric_limits<std::uint32_t>::max()) {
-    throw FileError("the picture is too large for a BMP file");
+    throw PictureError("the picture is too large for a BMP file");
   }
   std::string head;
   putFileHeader(head, size, dataAt);

@@ -16,6 +16,7 @@ namespace {
 
 // Lines and edges end this far off the surface at the latest, in dots. Thicker pens are cut.
 constexpr double kBeyond = 1024;
+constexpr double kCurveBeyond = 100000;  // curves can't be cut without another shape
 
 // Hatch lines are eight screen dots apart, and a dashed pen's unit is three, as on the screens that
 // these styles come from.
@@ -80,8 +81,8 @@ void drawHatch(cairo_surface_t* tile, const Brush& brush, double step, double wi
   cairo_stroke(context.get());
 }
 
-double near(double dot, std::int32_t size) {
-  return std::clamp(dot, -kBeyond, size + kBeyond);
+double near(double dot, std::int32_t size, double beyond) {
+  return std::clamp(dot, -beyond, size + beyond);
 }
 
 }  // namespace
@@ -127,13 +128,13 @@ CairoCanvas::Dots CairoCanvas::dotsPerTwip() const {
   return {double(mapping_.dpiX) / kTwipsPerInch, double(mapping_.dpiY) / kTwipsPerInch};
 }
 
-CairoCanvas::DotBox CairoCanvas::box(const Rect& rect) const {
+CairoCanvas::DotBox CairoCanvas::box(const Rect& rect, double beyond) const {
   const Dots first = dots(rect.left, rect.top);
   const Dots last = dots(rect.right, rect.bottom);
-  const double x1 = near(first.x, size_.x);
-  const double x2 = near(last.x, size_.x);
-  const double y1 = near(first.y, size_.y);
-  const double y2 = near(last.y, size_.y);
+  const double x1 = near(first.x, size_.x, beyond);
+  const double x2 = near(last.x, size_.x, beyond);
+  const double y1 = near(first.y, size_.y, beyond);
+  const double y2 = near(last.y, size_.y, beyond);
   return {std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)};
 }
 
@@ -150,7 +151,7 @@ double CairoCanvas::onGrid(double edge) const {
 }
 
 CairoCanvas::DotBox CairoCanvas::edges(const Rect& rect) const {
-  const DotBox exact = box(rect);
+  const DotBox exact = box(rect, kBeyond);
   return {onGrid(exact.left), onGrid(exact.top), onGrid(exact.right), onGrid(exact.bottom)};
 }
 
@@ -240,7 +241,7 @@ void CairoCanvas::roundRect(const Rect& rect, std::int32_t width, std::int32_t h
 }
 
 void CairoCanvas::ellipse(const Rect& rect) {
-  const DotBox place = box(rect);
+  const DotBox place = box(rect, kCurveBeyond);
   if (place.width() <= 0 || place.height() <= 0) return;
   cairo_save(context_.get());
   cairo_translate(context_.get(), (place.left + place.right) / 2, (place.top + place.bottom) / 2);
@@ -252,7 +253,7 @@ void CairoCanvas::ellipse(const Rect& rect) {
   paintPath();
 }
 
-void CairoCanvas::paintLine(Point start, Point end) {
+void CairoCanvas::line(Point start, Point end) {
   Dots from = dots(start.x, start.y);
   Dots to = dots(end.x, end.y);
   if (!cutLine(from.x, from.y, to.x, to.y, size_.x) ||

@@ -37,13 +37,13 @@ class CairoCanvas : public Canvas {
   void setClip(const Rect& dots) override;
   void clearClip() override;
 
+  void line(Point start, Point end) override;
   void rectangle(const Rect& rect) override;
   void roundRect(const Rect& rect, std::int32_t width, std::int32_t height) override;
   void ellipse(const Rect& rect) override;
   void drawPicture(const Picture& picture, const Rect& rect) override;
 
  protected:
-  void paintLine(Point start, Point end) override;
   void paintText(const TextRun& run) override;
   void clipText(const Rect& rect) override;
   void unclipText() override;
@@ -73,7 +73,7 @@ class CairoCanvas : public Canvas {
   virtual void showGlyphs(const TextRun& run, Dots direction);
 
  private:
-  DotBox box(const Rect& rect) const;
+  DotBox box(const Rect& rect, double beyond) const;
   double penWidth() const;
   double onGrid(double edge) const;
 

@@ -42,10 +42,14 @@ double angleOf(const TextRun& run) {
 }  // namespace
 
 bool CairoCanvas::isVisible(const TextRun& run) const {
-  const double reach = run.length + 2.0 * run.font.metrics().height;
-  const double before = run.record.Escapement == 0 ? 2.0 * run.font.metrics().height : reach;
-  const Dots first = dots(run.x - before, run.y - before);
-  const Dots last = dots(run.x + reach, run.y + before);
+  // Negative space between characters turns a text back on itself.
+  const double overhang = 2.0 * run.font.metrics().height;
+  const double reach = std::abs(run.length) + overhang;
+  const bool level = run.record.Escapement == 0;
+  const double before = level && run.length >= 0 ? overhang : reach;
+  const double beside = level ? overhang : reach;
+  const Dots first = dots(run.x - before, run.y - beside);
+  const Dots last = dots(run.x + reach, run.y + beside);
   return last.x >= 0 && last.y >= 0 && first.x <= size_.x && first.y <= size_.y;
 }
 
@@ -115,7 +119,7 @@ void CairoCanvas::paintText(const TextRun& run) {
 }
 
 void CairoCanvas::clipText(const Rect& rect) {
-  const DotBox room = box(rect);
+  const DotBox room = box(rect, kEdgeless);
   const bool columns = rect.right > rect.left;
   const bool rows = rect.bottom > rect.top;
   cairo_save(context_.get());

@@ -42,9 +42,12 @@ Point Canvas::currentPosition() const {
   return {truncated(position_.x), truncated(position_.y)};
 }
 
-void Canvas::lineTo(Point end) {
-  paintLine(currentPosition(), end);
-  moveTo(end);
+void Canvas::reset() {
+  pen_ = {};
+  brush_ = {};
+  textColor_ = kBlack;
+  characterExtra_ = 0;
+  position_ = {};
 }
 
 double Canvas::textLength(std::u32string_view text) const {

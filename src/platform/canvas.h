@@ -98,6 +98,9 @@ class Canvas {
   virtual void setClip(const Rect& dots) = 0;
   virtual void clearClip() = 0;
 
+  // Pen, brush, text settings and position as they are on a new canvas.
+  void reset();
+
   // Pen and brush stay selected until others are; shapes and frames use what they find.
   void setPen(const Pen& pen) { pen_ = pen; }
   void setBrush(const Brush& brush) { brush_ = brush; }
@@ -125,8 +128,8 @@ class Canvas {
   // The length of the text along its direction, in logical units.
   double textLength(std::u32string_view text) const;
 
-  // Draws a line and moves the current position to its end.
-  void lineTo(Point end);
+  // Shapes leave the current position alone.
+  virtual void line(Point start, Point end) = 0;
   virtual void rectangle(const Rect& rect) = 0;
   // The corners are quarters of an ellipse of the given width and height.
   virtual void roundRect(const Rect& rect, std::int32_t width, std::int32_t height) = 0;
@@ -136,7 +139,6 @@ class Canvas {
   virtual void drawPicture(const Picture& picture, const Rect& rect) = 0;
 
  protected:
-  virtual void paintLine(Point start, Point end) = 0;
   virtual void paintText(const TextRun& run) = 0;
   // Cuts what is painted to the columns and rows of the rectangle that have room, until unclipped.
   virtual void clipText(const Rect& rect) = 0;

@@ -103,14 +103,23 @@ class FallbackList {
   FontSet fonts_;
 };
 
-}  // namespace
-
-std::shared_ptr<const FontFace> matchFace(const FaceRequest& request) {
+std::shared_ptr<const FontFace> findFace(const FaceRequest& request) {
   const Pattern pattern = patternOf(request);
   FcResult result = FcResultNoMatch;
   const Pattern found(FcFontMatch(nullptr, pattern.get(), &result));
   auto face = found ? openFace(found.get(), request) : nullptr;
   if (!face) throw FileError("no font is installed");
+  return face;
+}
+
+}  // namespace
+
+std::shared_ptr<const FontFace> matchFace(const FaceRequest& request) {
+  constexpr std::size_t kMaxMatches = 256;
+  static std::map<std::tuple<std::string, int, bool>, std::shared_ptr<const FontFace>> known;
+  if (known.size() >= kMaxMatches) known.clear();
+  auto& face = known[{request.family, request.weight, request.italic}];
+  if (!face) face = findFace(request);
   return face;
 }
 

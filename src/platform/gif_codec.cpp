@@ -15,8 +15,8 @@ namespace qor {
 namespace {
 
 constexpr int kMaxGifSide = 65535;
-constexpr std::size_t kMaxColours = 256;
-constexpr int kColourBits = 8;
+constexpr std::size_t kMaxColors = 256;
+constexpr int kColorBits = 8;
 
 struct Closer {
   void operator()(GifFileType* gif) const { DGifCloseFile(gif, nullptr); }
@@ -89,12 +89,12 @@ std::vector<int> lineOrder(int height, bool interlaced) {
   return order;
 }
 
-std::array<std::uint32_t, kMaxColours> readPalette(const ColorMapObject& map, int transparent) {
-  std::array<std::uint32_t, kMaxColours> palette;
+std::array<std::uint32_t, kMaxColors> readPalette(const ColorMapObject& map, int transparent) {
+  std::array<std::uint32_t, kMaxColors> palette;
   palette.fill(0xFF000000u);
   for (std::size_t i = 0; i < static_cast<std::size_t>(map.ColorCount); ++i) {
-    const GifColorType& colour = map.Colors[i];
-    palette[i] |= static_cast<std::uint32_t>(colour.Red << 16 | colour.Green << 8 | colour.Blue);
+    const GifColorType& color = map.Colors[i];
+    palette[i] |= static_cast<std::uint32_t>(color.Red << 16 | color.Green << 8 | color.Blue);
   }
   if (transparent >= 0) palette[static_cast<std::size_t>(transparent)] = 0;
   return palette;
@@ -102,7 +102,7 @@ std::array<std::uint32_t, kMaxColours> readPalette(const ColorMapObject& map, in
 
 // Puts the image on its screen, which is transparent where the image isn't.
 Picture placeImage(const GifFileType& gif, std::span<const GifPixelType> lines, int screenWidth,
-                   int screenHeight, const std::array<std::uint32_t, kMaxColours>& palette) {
+                   int screenHeight, const std::array<std::uint32_t, kMaxColors>& palette) {
   const GifImageDesc& image = gif.Image;
   const auto stride = static_cast<std::size_t>(screenWidth);
   Picture picture{screenWidth, screenHeight, {}};
@@ -118,22 +118,26 @@ Picture placeImage(const GifFileType& gif, std::span<const GifPixelType> lines, 
   return picture;
 }
 
-ColorMapObject* colourMap(const std::vector<std::uint32_t>& palette) {
+struct EncoderCloser {
+  void operator()(GifFileType* gif) const { EGifCloseFile(gif, nullptr); }
+};
+
+ColorMapObject* colorMap(const std::vector<std::uint32_t>& palette) {
   // The palette must have a power of two of colours.
-  std::vector<GifColorType> colours(std::bit_ceil(std::max<std::size_t>(palette.size(), 2)));
-  std::transform(palette.begin(), palette.end(), colours.begin(), [](std::uint32_t colour) {
-    return GifColorType{static_cast<GifByteType>(colour >> 16),
-                        static_cast<GifByteType>(colour >> 8 & 0xFF),
-                        static_cast<GifByteType>(colour & 0xFF)};
+  std::vector<GifColorType> colors(std::bit_ceil(std::max<std::size_t>(palette.size(), 2)));
+  std::transform(palette.begin(), palette.end(), colors.begin(), [](std::uint32_t color) {
+    return GifColorType{static_cast<GifByteType>(color >> 16),
+                        static_cast<GifByteType>(color >> 8 & 0xFF),
+                        static_cast<GifByteType>(color & 0xFF)};
   });
-  return GifMakeMapObject(static_cast<int>(colours.size()), colours.data());
+  return GifMakeMapObject(static_cast<int>(colors.size()), colors.data());
 }
 
 bool writeGif(GifFileType* gif, const PixelView& pixels, IndexedPicture& picture) {
-  const std::unique_ptr<ColorMapObject, void (*)(ColorMapObject*)> map(colourMap(picture.palette),
+  const std::unique_ptr<ColorMapObject, void (*)(ColorMapObject*)> map(colorMap(picture.palette),
                                                                        GifFreeMapObject);
   if (!map ||
-      EGifPutScreenDesc(gif, pixels.width, pixels.height, kColourBits, 0, map.get()) == GIF_ERROR ||
+      EGifPutScreenDesc(gif, pixels.width, pixels.height, kColorBits, 0, map.get()) == GIF_ERROR ||
       EGifPutImageDesc(gif, 0, 0, pixels.width, pixels.height, false, nullptr) == GIF_ERROR) {
     return false;
   }
@@ -168,14 +172,14 @@ std::optional<Picture> decodeGif(std::string_view file) {
 
 void encodeGif(const PixelView& pixels, ByteSink& sink) {
   if (pixels.width > kMaxGifSide || pixels.height > kMaxGifSide) {
-    throw FileError("the picture is too large for a GIF file");
+    throw PictureError("the picture is too large for a GIF file");
   }
   IndexedPicture picture = indexed(pixels);
   SinkWriter out(sink);
-  GifFileType* gif = EGifOpen(&out, onWrite, nullptr);
-  const bool written = gif != nullptr && writeGif(gif, pixels, picture);
+  std::unique_ptr<GifFileType, EncoderCloser> gif(EGifOpen(&out, onWrite, nullptr));
+  const bool written = gif != nullptr && writeGif(gif.get(), pixels, picture);
   // Closing writes the last bytes.
-  const bool closed = gif != nullptr && EGifCloseFile(gif, nullptr) == GIF_OK;
+  const bool closed = gif != nullptr && EGifCloseFile(gif.release(), nullptr) == GIF_OK;
   if (!written || !closed) out.fail("the picture can't be written as GIF");
   out.throwIfFailed();
 }

@@ -155,7 +155,7 @@ void encodeIco(const PixelView& pixels, int dpi, ByteSink& sink) {
   const std::size_t size = kDibHeaderSize + rowSize * static_cast<std::size_t>(pixels.height);
   if (pixels.width > kMaxPictureSide || pixels.height > kMaxPictureSide ||
       size > std::numeric_limits<std::uint32_t>::max()) {
-    throw FileError("the picture is too large for an ICO file");
+    throw PictureError("the picture is too large for an ICO file");
   }
   std::string head;
   putDirectory(head, pixels, size);

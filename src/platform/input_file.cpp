@@ -62,14 +62,18 @@ bool fileExists(const std::string& path) {
   return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
+std::string loadWholeFile(const std::string& path, std::uint64_t limit) {
+  const InputFile file(path);
+  const std::uint64_t size = file.size();
+  if (size > limit) throw FileError(path + ": larger than " + std::to_string(limit) + " bytes");
+  std::string text(size, '\0');
+  text.resize(file.readAt(0, text.data(), text.size()));
+  return text;
+}
+
 std::optional<std::string> readWholeFile(const std::string& path, std::uint64_t limit) {
   try {
-    const InputFile file(path);
-    const std::uint64_t size = file.size();
-    if (size > limit) return std::nullopt;
-    std::string text(size, '\0');
-    text.resize(file.readAt(0, text.data(), text.size()));
-    return text;
+    return loadWholeFile(path, limit);
   } catch (const FileError&) {
     return std::nullopt;
   }

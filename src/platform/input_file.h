@@ -33,7 +33,10 @@ class InputFile {
 // True for a regular file; a directory or a device is none.
 bool fileExists(const std::string& path);
 
-// The whole file, or nothing if it can't be read or holds more than `limit` bytes.
+// The whole file. Throws FileError where it can't be read or holds more than `limit` bytes.
+std::string loadWholeFile(const std::string& path, std::uint64_t limit);
+
+// The same, or nothing where that throws.
 std::optional<std::string> readWholeFile(const std::string& path, std::uint64_t limit);
 
 }  // namespace qor

@@ -174,8 +174,8 @@ class JpegWriter {
     for (int y = 0; y < pixels.height; ++y) {
       if (gray) copyGrays(pixels.row(y), grays.data());
       // The library takes rows that it could change, and doesn't.
-      auto* colours = const_cast<std::uint32_t*>(pixels.row(y).data());
-      JSAMPROW row = gray ? grays.data() : reinterpret_cast<JSAMPROW>(colours);
+      auto* colors = const_cast<std::uint32_t*>(pixels.row(y).data());
+      JSAMPROW row = gray ? grays.data() : reinterpret_cast<JSAMPROW>(colors);
       step([&] { jpeg_write_scanlines(&info_, &row, 1); });
     }
     step([&] { jpeg_finish_compress(&info_); });

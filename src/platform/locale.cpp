@@ -52,9 +52,10 @@ int systemAnsiCodePage() {
 char decimalSeparator() {
   const locale_t locale = ::newlocale(LC_NUMERIC_MASK, "", nullptr);
   if (locale == nullptr) return '.';
-  const char mark = *::nl_langinfo_l(RADIXCHAR, locale);
+  const std::string_view mark = ::nl_langinfo_l(RADIXCHAR, locale);
+  const char separator = mark.size() == 1 ? mark.front() : '.';
   ::freelocale(locale);
-  return mark;
+  return separator;
 }
 
 }  // namespace qor

@@ -21,7 +21,8 @@ void showInformation(std::string_view text) {
 
 void showWarning(std::string_view text) {
   std::string line(text);
-  std::replace(line.begin(), line.end(), '\n', ' ');
+  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
+  std::replace_if(line.begin(), line.end(), isControl, ' ');
   print(stderr, line + "\n");
 }
 

@@ -61,7 +61,7 @@ bool isGray(const PixelView& pixels) {
 }
 
 void encodePicture(const PixelView& pixels, PictureFormat format, int dpi, ByteSink& sink) {
-  if (pixels.width <= 0 || pixels.height <= 0) throw FileError("the picture has no pixels");
+  if (pixels.width <= 0 || pixels.height <= 0) throw PictureError("the picture has no pixels");
   switch (format) {
     case PictureFormat::bmp: return encodeBmp(pixels, isGray(pixels), dpi, sink);
     case PictureFormat::jpeg: return encodeJpeg(pixels, isGray(pixels), dpi, sink);
@@ -122,7 +122,7 @@ void SinkWriter::throwIfFailed() const {
 
 void SinkWriter::fail(const char* text) const {
   throwIfFailed();
-  throw FileError(text);
+  throw PictureError(text);
 }
 
 std::uint32_t littleEndian(std::string_view bytes, std::size_t at, std::size_t size) {

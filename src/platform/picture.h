@@ -50,8 +50,8 @@ bool isGray(const PixelView& pixels);
 
 // Writes the pixels as a file of the format; gray pictures with one channel (or a gray palette),
 // others in colour. `dpi` goes into the header where the format has a place for it. JPEG is written
-// without colour subsampling. Throws FileError from the sink, and for pixels that the format can't
-// hold.
+// without colour subsampling. Throws what the sink throws, and PictureError for pixels that the
+// format can't hold.
 void encodePicture(const PixelView& pixels, PictureFormat format, int dpi, ByteSink& sink);
 
 }  // namespace qor

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <exception>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -61,7 +62,7 @@ class SinkWriter {
 
   bool write(const void* bytes, std::size_t size) noexcept;
   void throwIfFailed() const;
-  // Throws the sink's exception, or FileError with the text where the library itself gave up.
+  // Throws the sink's exception, or PictureError with the text where the library itself gave up.
   [[noreturn]] void fail(const char* text) const;
 
  private:

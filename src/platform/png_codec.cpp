@@ -122,7 +122,7 @@ class PngWriter {
       : out_(sink),
         png_(png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning)),
         info_(png_ == nullptr ? nullptr : png_create_info_struct(png_)) {
-    if (info_ == nullptr) throw FileError("no memory to write the picture as PNG");
+    if (info_ == nullptr) throw PictureError("no memory to write the picture as PNG");
   }
   PngWriter(const PngWriter&) = delete;
   PngWriter& operator=(const PngWriter&) = delete;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/font_catalogue.h"
@@ -71,8 +72,8 @@ class OutlineFont : public ScaledFont {
   void measure(double width) {
     const FaceMeasures& face = face_->measures();
     metrics_.ascent = rounded(scaled(face.ascent));
-    metrics_.descent = rounded(scaled(face.descent));
     metrics_.height = rounded(scaled(face.ascent + face.descent));
+    metrics_.descent = metrics_.height - metrics_.ascent;
     metrics_.externalLeading = rounded(scaled(face.externalLeading));
     const double natural = scaled(face.averageWidth);
     if (width > 0 && natural > 0) widthScale_ = width / natural;

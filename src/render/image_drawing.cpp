@@ -35,13 +35,14 @@ void VData_Image::drawErrorText(Canvas& canvas) {
   const std::string_view start = std::string_view(ErrorText).substr(0, kMaxErrorText);
   const std::u32string text = codePointsFromCodePage(start, Settings->Page.BaseCodePage);
   const std::u32string shown =
-      withPathEllipsis(text, static_cast<double>(rect.width()),
-                       [&canvas](std::u32string_view part) { return canvas.textLength(part); });
+      withPathEllipsis(text, static_cast<double>(rect.width()), [&canvas](char32_t c) {
+        return canvas.textLength({&c, 1});
+      });
   canvas.drawText(shown, rect, Align::centre, Align::centre);
 }
 
-// Draws the picture by the stretch mode; false where there is only an error text to show.
-bool VData_Image::drawPicture(Canvas& canvas) {
+// Draws the picture by the stretch mode, or what stands for it. True where its frame may follow.
+bool VData_Image::drawPicture(Canvas& canvas, bool onPage) {
   Load();
   if (!Bitmap) {
     drawErrorText(canvas);
@@ -49,27 +50,22 @@ bool VData_Image::drawPicture(Canvas& canvas) {
   }
   const auto place =
       placeImage(ImageStretch, {Left, Top, Right, Bottom}, Bitmap->width, Bitmap->height);
-  if (!place) return true;
+  if (!place || (ImageStretch == kTwipPerPixel && !onPage)) return true;
   if (ImageStretch == kNatural) {
     Right = place->right;
     Bottom = place->bottom;
   }
   canvas.drawPicture(*Bitmap, *place);
+  releaseLargePicture();
   return true;
 }
 
 void VData_Image::Draw(Canvas& canvas) {
-  const bool onPageOnly = ImageStretch == kTwipPerPixel;
-  Load();
-  if (Bitmap && onPageOnly) {
-    if (ShapeType == kFrameShape) VData_Shape::Draw(canvas);
-    return;
-  }
-  if (drawPicture(canvas) && ShapeType == kFrameShape) VData_Shape::Draw(canvas);
+  if (drawPicture(canvas, false) && ShapeType == kFrameShape) VData_Shape::Draw(canvas);
 }
 
 void VData_Image::DrawOnPage(Canvas& canvas) {
-  if (drawPicture(canvas) && ShapeType == kFrameShape) VData_Shape::DrawOnPage(canvas);
+  if (drawPicture(canvas, true) && ShapeType == kFrameShape) VData_Shape::DrawOnPage(canvas);
 }
 
 }  // namespace qor

@@ -39,10 +39,7 @@ void VData_Shape::drawOutline(Canvas& canvas) const {
   canvas.setBrush(brushOf(BrushType, BrushColor, canvas.brush()));
   const Rect rect = {Left, Top, Right, Bottom};
   switch (ShapeType) {
-    case kLine:
-      canvas.moveTo({Left, Top});
-      canvas.lineTo({Right, Bottom});
-      break;
+    case kLine: canvas.line({Left, Top}, {Right, Bottom}); break;
     case kRectangle:
     case kPictureRectangle: canvas.rectangle(rect); break;
     case kRoundRectangle: canvas.roundRect(rect, RoundWidth, RoundHeight); break;

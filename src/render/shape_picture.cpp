@@ -4,13 +4,12 @@
 #include <string>
 
 #include "base/app_options.h"
-#include "base/errors.h"
 #include "base/path.h"
 #include "base/units.h"
+#include "document/side_picture.h"
 #include "document/vdata.h"
-#include "platform/bitmap_canvas.h"
-#include "platform/messages.h"
-#include "platform/output_file.h"
+#include "document/vset.h"
+#include "platform/canvas.h"
 
 namespace qor {
 namespace {
@@ -24,21 +23,8 @@ std::string pictureName(const VData_Shape& shape) {
 }  // namespace
 
 void saveShapePicture(VData_Shape& shape, int dpi) {
-  const std::int32_t twipsPerDot = dpi > 0 ? kTwipsPerInch / dpi : 0;
-  if (twipsPerDot == 0) return;
-  const Rect rect = {shape.Left, shape.Top, shape.Right, shape.Bottom};
-  const int width = clamped(rect.width() / twipsPerDot);
-  const int height = clamped(rect.height() / twipsPerDot);
-  if (width <= 0 || height <= 0) return;
-  try {
-    BitmapCanvas bitmap(width, height, kTwipsPerInch / twipsPerDot);
-    shape.Draw(bitmap.canvas());
-    OutputFile file(pictureName(shape));
-    encodePicture(bitmap.pixels(), PictureFormat::jpeg, dpi, file);
-    file.commit();
-  } catch (const FileError& error) {
-    showWarning(error.what());
-  }
+  saveSidePicture({shape.Left, shape.Top, shape.Right, shape.Bottom}, dpi, shape.Settings->Page,
+                  {pictureName(shape)}, [&shape](Canvas& canvas) { shape.Draw(canvas); });
 }
 
 }  // namespace qor

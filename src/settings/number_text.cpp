@@ -1,6 +1,7 @@
 // Real numbers as text.
 #include "settings/number_text.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "base/text.h"

@@ -70,7 +70,11 @@ int VSet::ReloadSet() {
   Lines lines;
   ExtractSetLines(AppOptions.SetName, lines);
   if (lines.empty()) return -1;
-  readSections(lines);
+  try {
+    readSections(lines);
+  } catch (const ConversionError& error) {
+    throw ConversionError(AppOptions.IniFileName + ": " + error.what());
+  }
   return 0;
 }
 

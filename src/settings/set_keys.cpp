@@ -2,6 +2,7 @@
 #include "settings/set_keys.h"
 
 #include <array>
+#include <span>
 
 #include "base/text.h"
 #include "document/vset.h"

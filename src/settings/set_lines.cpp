@@ -37,10 +37,9 @@ bool GetKeyValue(std::string_view line, std::string_view key, std::string& value
 }
 
 std::vector<std::string> loadLines(const std::string& path) {
-  const auto text = readWholeFile(path, kMaxSetFile);
-  if (!text) throw FileError(path + ": the set file can't be read");
+  const std::string text = loadWholeFile(path, kMaxSetFile);
   std::vector<std::string> lines;
-  for (std::string_view rest = *text; !rest.empty();) {
+  for (std::string_view rest = text; !rest.empty();) {
     const std::string_view line = rest.substr(0, rest.find_first_of("\r\n"));
     lines.emplace_back(line);
     rest.remove_prefix(line.size());

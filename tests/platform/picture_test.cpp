@@ -11,10 +11,12 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
-#include "platform/byte_sink.h"
+#include "support/string_sink.h"
 
 namespace qor {
 namespace {
+
+using test::StringSink;
 
 namespace fs = std::filesystem;
 
@@ -325,10 +327,10 @@ TEST(EncodePictureTest, refusesSidesThatTheFormatCannotHold) {
   const std::vector<std::uint32_t> pixels(70000);
   StringSink sink;
   for (auto format : {PictureFormat::gif, PictureFormat::jpeg, PictureFormat::ico}) {
-    EXPECT_THROW(encodePicture({70000, 1, 70000, pixels.data()}, format, 96, sink), FileError);
-    EXPECT_THROW(encodePicture({1, 70000, 1, pixels.data()}, format, 96, sink), FileError);
+    EXPECT_THROW(encodePicture({70000, 1, 70000, pixels.data()}, format, 96, sink), PictureError);
+    EXPECT_THROW(encodePicture({1, 70000, 1, pixels.data()}, format, 96, sink), PictureError);
   }
-  EXPECT_THROW(encodePicture({0, 5, 0, pixels.data()}, PictureFormat::png, 96, sink), FileError);
+  EXPECT_THROW(encodePicture({0, 5, 0, pixels.data()}, PictureFormat::png, 96, sink), PictureError);
 }
 
 TEST(EncodePictureTest, passesOnWhatTheSinkThrows) {

@@ -44,6 +44,9 @@ TEST(PageWalk, PutsLinesUnderEachOther) {
       {"pieces follow each other", "ab<i/>c<font fi=1/>d",
        plain("0,0", "ab") + plain("240,0", "c") +
            "text 360,0 \"d\" Courier New -200x0 weight 400 italic color 0\n"},
+      {"a line leaves the flow alone", "a<shape left=50 top=90 right=90 bottom=90/>b\r\nc",
+       plain("0,0", "a") + "line 2834,5102 5102,5102 pen 1 15 0 brush 0 0\n" + plain("120,0", "b") +
+           plain("0,227", "c")},
       {"overprint", "a\rb\r\nc", plain("0,0", "a") + plain("10,0", "b") + plain("0,227", "c")},
       {"tallest text counts", "a<h1>b<h1/>\r\nc",
        plain("0,0", "a") + "text 120,0 \"b\" " + high + plain("0,544", "c")},
@@ -117,9 +120,9 @@ TEST(PageWalk, MeasuresTheExtentOfTheContent) {
   std::int32_t width = 0;
   std::int32_t height = 0;
   MeasurePage(report.page(), canvas, width, height);
-  // The line drawn last leaves the position at its end: 90 mm, 5102 twips.
-  EXPECT_EQ(width, 5102 / 15);
-  EXPECT_EQ(height, 5102 / 15);
+  // Three characters wide; the third line, without a height of its own, starts 454 twips down.
+  EXPECT_EQ(width, 360 / 15);
+  EXPECT_EQ(height, 454 / 15);
 }
 
 TEST(PageWalk, CharactersComeFromTheReportsCodePage) {

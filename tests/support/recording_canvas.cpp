@@ -59,7 +59,7 @@ void RecordingCanvas::drawPicture(const Picture& picture, const Rect& rect) {
        text(rect));
 }
 
-void RecordingCanvas::paintLine(Point start, Point end) {
+void RecordingCanvas::line(Point start, Point end) {
   note("line " + text(start) + " " + text(end) + tools());
 }
 

@@ -19,13 +19,13 @@ class RecordingCanvas : public Canvas {
   void setMapping(const Mapping&) override {}
   void setClip(const Rect&) override {}
   void clearClip() override {}
+  void line(Point start, Point end) override;
   void rectangle(const Rect& rect) override;
   void roundRect(const Rect& rect, std::int32_t width, std::int32_t height) override;
   void ellipse(const Rect& rect) override;
   void drawPicture(const Picture& picture, const Rect& rect) override;
 
  protected:
-  void paintLine(Point start, Point end) override;
   void paintText(const TextRun& run) override;
   void clipText(const Rect& rect) override;
   void unclipText() override {}

@@ -1,0 +1,214 @@
+"""Measures the viewer beside its peers: measure.py BUILD_DIRECTORY DATA_DIRECTORY
+
+Prints a table in Markdown. Every number is a ratio or a difference of two runs on the same machine
+in the same minutes; nothing here fails because a machine is slow.
+"""
+
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+
+from runs import Run, alternating_seconds, median_seconds
+
+BUILD, DATA = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
+VIEWER = str(BUILD / "qorutlview")
+LATIN, CYRILLIC = "850", "866"
+
+HUGE_BYTES = 1 << 30
+SPARE_BYTES = 1 << 30  # room for what the other rows write
+MEGABYTE = 1e6
+
+
+def note(text):
+    print(text, file=sys.stderr, flush=True)
+
+
+def row(what, ours, peer, ratio, aim, holds):
+    verdict = "yes" if holds else "no"
+    print(f"| {what} | {ours} | {peer} | {ratio} | {aim} | {verdict} |", flush=True)
+
+
+def make_report(name, *arguments):
+    path = DATA / name
+    with open(path, "wb") as file:
+        subprocess.run([str(BUILD / "make_report"), *arguments], stdout=file, check=True)
+    return path
+
+
+def index_bench(what, report):
+    return Run([str(BUILD / "page_index_bench"), what, str(report)])
+
+
+def emptied(name):
+    folder = DATA / name
+    shutil.rmtree(folder, ignore_errors=True)
+    folder.mkdir()
+    return folder
+
+
+def export_command(report, code_page, target):
+    return [VIEWER, "-f", str(report), "-codepage", code_page, "-export",
+            str(DATA / "ours" / target)]
+
+
+def export(report, code_page, target):
+    emptied("ours")
+    return Run(export_command(report, code_page, target))
+
+
+def files_of(folder, count):
+    """The files of a folder; the peer's and ours must be one a page, or the race is not fair."""
+    files = list((DATA / folder).iterdir())
+    if len(files) != count:
+        raise RuntimeError(f"{folder}: {len(files)} files instead of {count}")
+    return files
+
+
+def size_of(files):
+    return sum(file.stat().st_size for file in files)
+
+
+def is_gray(picture):
+    """True if the header of the PNG says gray: the colour type stands at byte 25."""
+    return picture.read_bytes()[25] == 0
+
+
+# The rows of the table, in their order.
+
+
+def measure_scan(huge):
+    grep = ["grep", "-c", "\f", str(huge)]
+    count = lambda: Run(["env", "LC_ALL=C", *grep])
+    pages = int(count().output)  # warms the page cache too
+    ours, peer = alternating_seconds(lambda: index_bench("scan", huge), count, 5)
+    found = index_bench("scan", huge).values()
+    if found["pages"] != pages:
+        raise RuntimeError(f"{found['pages']} pages instead of {pages}")
+    ratio = peer / ours
+    row("Page index of 1 GiB, cached; peer `grep -c`", f"{ours:.3f} s", f"{peer:.3f} s",
+        f"{ratio:.2f}", "≥ 0.7", ratio >= 0.7)
+    memory = found["bytes_a_page"]
+    row("Memory of the index for a page", f"{memory:.1f} B", "", "", "≤ 96 B", memory <= 96)
+
+
+def measure_openings(huge, small):
+    of_huge = index_bench("open", huge).values()
+    of_small = index_bench("open", small).values()
+    for what, ours, peer in (
+            ("Opening a page of 1 GiB: last; peer: first", of_huge["last"], of_huge["first"]),
+            ("Opening a page of 1 GiB: middle; peer: first", of_huge["middle"], of_huge["first"]),
+            ("Opening the last page: of 1 GiB; peer: of 10 pages", of_huge["last"],
+             of_small["last"])):
+        row(what, f"{ours * 1e6:.1f} µs", f"{peer * 1e6:.1f} µs", f"{ours / peer:.2f}", "≤ 1.5",
+            ours <= 1.5 * peer)
+
+
+def measure_walk(many, thousand):
+    best = lambda report: min(index_bench("walk", report).values()["seconds_a_page"]
+                              for _ in range(5))
+    ours, peer = best(many), best(thousand)
+    row("Opening all pages, time a page: 10,000 pages; peer: 1,000", f"{ours * 1e6:.1f} µs",
+        f"{peer * 1e6:.1f} µs", f"{ours / peer:.2f}", "≤ 1.2", ours <= 1.2 * peer)
+
+
+def make_pdf(report, code_page):
+    """The same pages as PDF."""
+    text = DATA / "utf8.txt"
+    text.write_bytes(report.read_bytes().decode("cp" + code_page).encode())
+    pdf = report.with_suffix(".pdf")
+    subprocess.run([str(BUILD / "make_pdf"), str(text), str(pdf)], check=True)
+    return pdf
+
+
+def draw_with_peer(pdf):
+    return Run(["mutool", "draw", "-q", "-r", "96", "-o", "p%d.png", str(pdf)], emptied("peer"))
+
+
+def speed_row(what, pages, seconds, aim):
+    ours, peer = seconds
+    ratio = peer / ours
+    row(what, f"{pages / ours:.0f} pages/s", f"{pages / peer:.0f} pages/s", f"{ratio:.2f}",
+        f"≥ {aim}", ratio >= aim)
+
+
+def size_rows(name, pages):
+    """Looks at the files that the last export as PNG and the last run of the peer left."""
+    ours, peer = files_of("ours", pages), files_of("peer", pages)
+    ratio = size_of(ours) / size_of(peer)
+    row(f"Size of the PNG files, {name}", f"{size_of(ours) / MEGABYTE:.2f} MB",
+        f"{size_of(peer) / MEGABYTE:.2f} MB", f"{ratio:.2f}", "≤ 1", ratio <= 1)
+    gray = sum(map(is_gray, ours))
+    row(f"PNG files that are gray, {name}", gray, f"of {pages}", "", "all", gray == pages)
+
+
+def measure_pictures(name, code_page, *options):
+    pages = 200
+    report = make_report(f"{name}.txt", str(pages), *options)
+    pdf = make_pdf(report, code_page)
+    race = lambda target: alternating_seconds(lambda: export(report, code_page, target),
+                                              lambda: draw_with_peer(pdf), 5)
+    speed_row(f"PNG export, {name}; peer `mutool draw`", pages, race("p.png"), 2)
+    size_rows(name, pages)
+    speed_row(f"JPEG export, {name}; peer `mutool draw` as PNG", pages, race("p.jpeg"), 3)
+
+
+def peak_of_export(report, target):
+    emptied("ours")
+    return int(Run([str(BUILD / "peak_memory"), *export_command(report, LATIN, target)]).output)
+
+
+def measure_memory(many, small):
+    for target in ("p.png", "p.txt"):
+        ours, peer = (peak_of_export(report, target) for report in (many, small))
+        growth = (ours - peer) / MEGABYTE
+        row(f"Peak memory of {target[2:].upper()} export: 10,000 pages; peer: 10",
+            f"{ours / MEGABYTE:.1f} MB", f"{peer / MEGABYTE:.1f} MB", f"+{growth:.1f} MB",
+            "≤ 16 MB", growth <= 16)
+    shutil.rmtree(DATA / "ours")
+
+
+def libraries(program):
+    listing = Run(["ldd", str(program)]).output
+    return set(re.sub(r" \(0x\w+\)", "", listing).split("\n"))
+
+
+def measure_start(page):
+    empty = BUILD / "empty_program"
+    if libraries(VIEWER) != libraries(empty):
+        note("empty_program loads other libraries than the viewer: the last row is not fair")
+    ours, peer = median_seconds(lambda: export(page, LATIN, "p.txt"), lambda: Run([str(empty)]), 50)
+    more = (ours - peer) * 1e3
+    row("Start to exit, one page as text; peer: an empty program with the same libraries",
+        f"{ours * 1e3:.1f} ms", f"{peer * 1e3:.1f} ms", f"+{more:.1f} ms", "≤ 10 ms", more <= 10)
+
+
+def measure_huge(small):
+    free = shutil.disk_usage(DATA).free
+    if free < HUGE_BYTES + SPARE_BYTES:
+        note(f"The rows of 1 GiB are skipped: only {free / MEGABYTE:.0f} MB are free in {DATA}.")
+        return
+    huge = make_report("huge.txt", "--bytes", str(HUGE_BYTES))
+    measure_scan(huge)
+    measure_openings(huge, small)
+    huge.unlink()
+
+
+def main():
+    os.environ["LC_ALL"] = "C.UTF-8"
+    load = os.getloadavg()[0]
+    note(f"{os.cpu_count()} processors, load average {load:.1f}: other programs should rest.")
+    page, small, thousand, many = (make_report(f"{count}.txt", str(count))
+                                   for count in (1, 10, 1000, 10000))
+    print("| What | Ours | Peer | Ratio | Aim | Holds |\n|---|---|---|---|---|---|")
+    measure_huge(small)
+    measure_walk(many, thousand)
+    measure_pictures("latin", LATIN)
+    measure_pictures("cyrillic", CYRILLIC, "--cyrillic")
+    measure_memory(many, small)
+    measure_start(page)
+
+
+main()

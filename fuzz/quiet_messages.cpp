@@ -1,0 +1,11 @@
+// Stands in for the messages of the program: a fuzzer's output is its own.
+#include "platform/messages.h"
+
+namespace qor {
+
+void showInformation(std::string_view) {
+}
+void showWarning(std::string_view) {
+}
+
+}  // namespace qor

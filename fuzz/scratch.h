@@ -1,0 +1,50 @@
+// What the fuzz targets share: a directory for the files of a run, and the failures that are not
+// faults.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "base/errors.h"
+
+namespace qor::fuzz {
+
+// A directory of the process's own. What is drawn from a report may leave files beside it, so it is
+// emptied for every input.
+class Scratch {
+ public:
+  Scratch();
+  ~Scratch();
+  Scratch(const Scratch&) = delete;
+  Scratch& operator=(const Scratch&) = delete;
+
+  void clear() const;
+
+  // Writes the file over what it was and returns its full name.
+  std::string write(std::string_view name, std::string_view bytes) const;
+
+ private:
+  std::filesystem::path place_;
+};
+
+// Runs what may fail in the ways that the program knows. Any other failure goes on to end the
+// process.
+template <class Work>
+void tolerant(Work work) {
+  try {
+    work();
+  } catch (int) {
+  } catch (const std::string&) {
+  } catch (const ConversionError&) {
+  } catch (const ListIndexError&) {
+  } catch (const FileError&) {
+  }
+}
+
+inline std::string_view textOf(const unsigned char* data, std::size_t size) {
+  return {reinterpret_cast<const char*>(data), size};
+}
+
+}  // namespace qor::fuzz

@@ -9,7 +9,7 @@ packages=(g++ cmake ninja-build pkg-config
   fontconfig fonts-liberation2 fonts-dejavu-core)
 for group in "$@"; do
   case $group in
-    test) packages+=(libgtest-dev imagemagick-6.q16 zbar-tools) ;;
+    test) packages+=(libgtest-dev imagemagick-6.q16 zbar-tools locales) ;;
     bench) packages+=(mupdf-tools python3 libzint-dev) ;;
     fuzz) packages+=(clang-14 libclang-rt-14-dev) ;;
     *) echo "setup.sh: no such group: $group" >&2; exit 2 ;;

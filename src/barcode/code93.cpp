@@ -1,4 +1,4 @@
-// Code 93 characters as modules, by the symbology's own specification (AIM USS-93).
+// Code 93 characters as modules; AIM USS-93.
 #include "barcode/alphabets.h"
 #include "barcode/vbarcodecalc.h"
 

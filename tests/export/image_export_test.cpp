@@ -81,6 +81,13 @@ TEST_F(ImageExport, WritesGrayUnlessAPageHasColour) {
   EXPECT_EQ(identify(directory_.path("colour.png"), "%[channels] %z"), "srgb 8");
 }
 
+TEST_F(ImageExport, StartsEachPageWithItsOwnPenAndBrush) {
+  exportTo("p.png",
+           "<shape sh_type=2 bt=1 bc=Red right=9 bottom=9/>\f\r\n"
+           "<img imgn=3 left=20 top=20 right=60 bottom=40/>\f\r\n");
+  EXPECT_EQ(identify(directory_.path("p(2).png"), "%[channels]"), "gray");
+}
+
 TEST_F(ImageExport, PutsShapesAtTheirMillimetres) {
   struct Row {
     const char* name;

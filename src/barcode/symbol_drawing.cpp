@@ -145,26 +145,29 @@ class SymbolPainter {
   const SymbolLayout& layout_;
 };
 
-}  // namespace
-
-void drawSymbol(VData_BarCode& code, Canvas& canvas, const Rect& rect, std::int32_t dot) {
-  if (code.BarcodeType == kQr) return drawQr(code, canvas, rect);
-  if (code.BarcodeType <= 0 || code.BarcodeType == kCodabar) return;
-  if (rect.width() <= 0 || rect.height() <= 0) return;
-  const Pen penBefore = canvas.pen();
-  const Brush brushBefore = canvas.brush();
-  const Point position = canvas.currentPosition();
-  canvas.setPen({PenStyle::none, dot, code.BarColor});
-  canvas.setBrush({BrushStyle::solid, code.BarColor});
-  if (!encode(code, barCodeCalc())) return;
-
+// Paints what the calculator holds. Labels leave the current position where it was.
+void paintSymbol(VData_BarCode& code, Canvas& canvas, const Rect& rect) {
   VBarCodeCalc::Texts patterns;
   VBarCodeCalc::Texts labels;
   barCodeCalc().Layout(patterns, labels);
   const SymbolLayout layout = layOutSymbol(code, rect, totalLength(patterns));
   code.LineWidth = layout.module;
+  const Point position = canvas.currentPosition();
   SymbolPainter(code, canvas, layout).paint(patterns, labels);
   canvas.moveTo(position);
+}
+
+}  // namespace
+
+void drawSymbol(VData_BarCode& code, Canvas& canvas, const Rect& rect, std::int32_t dot) {
+  if (code.BarcodeType == kQr) return drawQr(code, canvas, rect);
+  if (code.BarcodeType <= 0 || code.BarcodeType == kCodabar) return;
+  const Pen penBefore = canvas.pen();
+  const Brush brushBefore = canvas.brush();
+  canvas.setPen({PenStyle::none, dot, code.BarColor});
+  canvas.setBrush({BrushStyle::solid, code.BarColor});
+  if (!encode(code, barCodeCalc())) return;
+  if (rect.width() > 0 && rect.height() > 0) paintSymbol(code, canvas, rect);
   canvas.setPen(penBefore);
   canvas.setBrush(brushBefore);
 }

@@ -84,7 +84,7 @@ class SymbolPainter {
     }
     // The first digit of EAN-13 has no bars: it stands before them, as wide as the last label was.
     const std::int64_t width = code_.Font.LogFont.Width;
-    const std::int64_t back = layout_.step < 0 ? width : -width;
+    const std::int64_t back = layout_.backward() ? width : -width;
     (layout_.upright() ? from.x : from.y) = clamped((layout_.upright() ? to.x : to.y) + back);
     paintLabel(code_.Value.substr(0, 1), from, to);
   }
@@ -127,7 +127,7 @@ class SymbolPainter {
     const std::int64_t first = layout_.upright() ? from.x : from.y;
     const std::int64_t last = layout_.upright() ? to.x : to.y;
     const auto centre = static_cast<double>((last - first) / 2 + first);
-    return truncated(layout_.step < 0 ? centre + halfCharacter : centre - halfCharacter);
+    return truncated(layout_.backward() ? centre + halfCharacter : centre - halfCharacter);
   }
 
   void showText(const std::string& text, std::int32_t alongBar, std::int32_t alongStep) {
@@ -151,6 +151,9 @@ void paintSymbol(VData_BarCode& code, Canvas& canvas, const Rect& rect) {
   VBarCodeCalc::Texts labels;
   barCodeCalc().Layout(patterns, labels);
   const SymbolLayout layout = layOutSymbol(code, rect, totalLength(patterns));
+  // Fitted to a box that runs backward it would be mirrored, which no reader takes.
+  const std::int64_t span = layout.upright() ? rect.width() : rect.height();
+  if (isFitted(code) && span <= 0) return;
   code.LineWidth = layout.module;
   const Point position = canvas.currentPosition();
   SymbolPainter(code, canvas, layout).paint(patterns, labels);
@@ -167,7 +170,7 @@ void drawSymbol(VData_BarCode& code, Canvas& canvas, const Rect& rect, std::int3
   canvas.setPen({PenStyle::none, dot, code.BarColor});
   canvas.setBrush({BrushStyle::solid, code.BarColor});
   if (!encode(code, barCodeCalc())) return;
-  if (rect.width() > 0 && rect.height() > 0) paintSymbol(code, canvas, rect);
+  paintSymbol(code, canvas, rect);
   canvas.setPen(penBefore);
   canvas.setBrush(brushBefore);
 }

@@ -19,9 +19,8 @@ double moduleWidth(const VData_BarCode& code, std::int64_t span, std::int64_t mo
 
 // A symbol of a width of its own stands in the middle of its box, if it fits.
 std::int32_t offsetOf(const VData_BarCode& code, std::int64_t span, double width) {
-  const bool fitted = !code.ManualWidth && code.SizeSet;
   const double left = static_cast<double>(span) - width;
-  return fitted || left <= 0 ? 0 : truncated(left / 2);
+  return isFitted(code) || left <= 0 ? 0 : truncated(left / 2);
 }
 
 double textHeight(const VData_BarCode& code, double module) {
@@ -44,6 +43,10 @@ Point startOf(int orientation, const Rect& rect, std::int32_t offset, double ins
 }
 
 }  // namespace
+
+bool isFitted(const VData_BarCode& code) {
+  return !code.ManualWidth && code.SizeSet;
+}
 
 Point SymbolLayout::at(std::int64_t modules) const {
   const std::int64_t way = modules * step;

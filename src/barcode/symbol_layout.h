@@ -27,9 +27,14 @@ struct SymbolLayout {
   bool upright() const { return orientation == 0 || orientation == 2; }  // bars run up or down
   bool forward() const { return orientation == 0 || orientation == 1; }  // bars run down or right
 
+  bool backward() const { return orientation == 1 || orientation == 2; }  // steps run left or up
+
   // The place of a module, counted from the first one.
   Point at(std::int64_t modules) const;
 };
+
+// True if the modules are made to fill the rectangle.
+bool isFitted(const VData_BarCode& code);
 
 // The layout of a symbol of `modules` modules, quiet zones included, in the rectangle.
 SymbolLayout layOutSymbol(const VData_BarCode& code, const Rect& rect, std::int64_t modules);

@@ -2,9 +2,9 @@
 #include "document/side_picture.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
-#include "base/errors.h"
 #include "base/units.h"
 #include "document/vset.h"
 #include "platform/bitmap_canvas.h"
@@ -41,9 +41,8 @@ void saveSidePicture(const Rect& rect, int dpi, const VSetPage& page,
     for (const std::string& name : names) {
       savePicture(bitmap.pixels(), PictureFormat::jpeg, dpi, name);
     }
-  } catch (const FileError& error) {
-    warnOnce(error.what());
-  } catch (const PictureError& error) {
+  } catch (const std::runtime_error& error) {
+    // Whatever it is, it costs the picture and nothing else.
     warnOnce(error.what());
   }
 }

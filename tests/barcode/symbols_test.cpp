@@ -205,6 +205,16 @@ TEST(Symbols, GuardsReachIntoTheTextBelowOnly) {
   EXPECT_EQ(below.substr(0, below.find(" \"5\"")), "text 176,1008");
 }
 
+TEST(Symbols, OfTheirOwnWidthNeedNoRightEdge) {
+  const std::string place = "<barcode br_type=39 value=A left=10 top=10 bottom=20 ";
+  const std::string manual = drawn(place + "manual_width=1 line_width=20/>");
+  const std::string natural = drawn(place + "size_set=0 size_factor=200/>");
+  // Three characters of five bars, the first of them one module wide and 10 mm high.
+  EXPECT_EQ(count(manual, "rectangle"), 15U);
+  EXPECT_EQ(manual.substr(0, manual.find(" pen")), "rectangle 786,566 806,1133");
+  EXPECT_EQ(natural.substr(0, natural.find(" pen")), "rectangle 973,566 1010,1133");
+}
+
 TEST(Symbols, WithoutAnEncoderRepeatTheLastOne) {
   const std::string place = " left=0 top=0 right=100 bottom=20";
   const std::string first = drawn("<barcode br_type=39 value=AB" + place + "/>");

@@ -3,6 +3,8 @@
 
 namespace qor {
 
+void writeErrorLine(std::string_view) {
+}
 void showInformation(std::string_view) {
 }
 void showWarning(std::string_view) {

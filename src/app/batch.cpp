@@ -1,5 +1,8 @@
-// Exporting with no window.
+// Printing and exporting with no window.
 #include "app/batch.h"
+
+#include <exception>
+#include <string>
 
 #include "app/side_files.h"
 #include "base/app_options.h"
@@ -8,6 +11,8 @@
 #include "export/exporters.h"
 #include "platform/directory.h"
 #include "platform/input_file.h"
+#include "platform/messages.h"
+#include "settings/printers.h"
 
 namespace qor {
 namespace {
@@ -18,7 +23,40 @@ void deleteReport() {
   DeleteSideFiles(AppOptions.FileName);
 }
 
+// The whole of a print but for the clean-up behind it.
+void printReport() {
+  if (!VDoc::OpenFile()) throw kErrorOpenDocument;
+  InitPrinters();
+  // Nobody looks again at what a writer adds later: what is there is printed, to its last byte.
+  AppOptions.DynamicMode = false;
+  VDoc doc;
+  doc.ScanPages(false);
+  doc.Settings.LoadSet();
+  if (doc.SelectPrinter()) {
+    doc.PrintAll();
+  } else {
+    writeErrorLine(AppOptions.PrinterName + ": there is no such printer");
+  }
+}
+
 }  // namespace
+
+int PrintWithoutInterface() {
+  if (AppOptions.FileName.empty()) return 0;
+  bool failed = true;
+  try {
+    printReport();
+    failed = false;
+  } catch (int) {
+    // The user has been told where the error arose.
+  } catch (const std::exception& error) {
+    showWarning(error.what());
+  } catch (const std::string& text) {
+    showWarning(text + AppOptions.FileName);
+  }
+  deleteReport();
+  return failed ? -1 : 1;
+}
 
 int ExportWithoutInterface() {
   if (AppOptions.FileName.empty()) return 0;

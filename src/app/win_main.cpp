@@ -34,12 +34,12 @@ void ShowErrorNumber() {
 }
 
 int printReport() {
-  if (AppOptions.FileName.empty()) {
+  const int result = PrintWithoutInterface();
+  if (result == 0) {
     showWarning(interfaceTexts().NoFileSelected);
     return kExitNothingDone;
   }
-  showWarning(AppOptions.FileName + ": this version can't print");
-  return kExitPrintFailed;
+  return result < 0 ? kExitPrintFailed : kExitDone;
 }
 
 int previewReport() {

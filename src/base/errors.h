@@ -32,6 +32,12 @@ class FileError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// A print system didn't take a job. The text names the printer and the reason, on one line.
+class PrintError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
 // A picture can't be made of these dots. Whoever knows the file it was for makes it a FileError.
 class PictureError : public std::runtime_error {
  public:

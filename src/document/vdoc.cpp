@@ -84,10 +84,14 @@ VDocPage* VDoc::GetPage(std::int32_t number, int mode) {
   if (page == nullptr) return nullptr;
   const auto file = OpenFile();
   if (!file) return page;
-  // The first page of a quick scan starts at 0, before the control sequences.
-  if (number == 1 && HeaderLength > 0) page->Offset = HeaderLength;
-  page->ReadLines(*file, mode);
+  readPage(*page, *file, mode);
   return page;
+}
+
+void VDoc::readPage(VDocPage& page, const InputFile& file, int mode) const {
+  // The first page of a quick scan starts at 0, before the control sequences.
+  if (page.Number == 1 && HeaderLength > 0) page.Offset = HeaderLength;
+  page.ReadLines(file, mode);
 }
 
 void VDoc::ReleasePage(std::int32_t number) {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <deque>
 #include <optional>
+#include <string>
 
 #include "document/vdocpage.h"
 #include "document/vset.h"
@@ -46,6 +47,19 @@ class VDoc {
   // nothing. Throws ConversionError, and changes nothing, where the list can't be read.
   void SelectPages();
 
+  // Measures the printer of AppOptions.PrinterName, or the default one, for the settings. False
+  // where there is no such printer.
+  bool SelectPrinter();
+
+  // Print jobs on that printer: every page, one, those of the page list, and every page with the
+  // output in a file. A job that isn't taken ends silently but for a line on standard error. All
+  // but PrintPage throw kErrorOpenDocument where the report can't be opened, and the text "Error:
+  // not set file name for print" as a std::string; PrintSelected throws as SelectPages does.
+  void PrintAll();
+  void PrintPage(std::int32_t number);
+  void PrintSelected();
+  void PrintToFile(const std::string& path);
+
   VDocPage* findPage(std::int32_t number);
   VDocPage* LastPage() { return Pages.empty() ? nullptr : &Pages.back(); }
 
@@ -61,6 +75,8 @@ class VDoc {
  private:
   friend class PageScan;
 
+  void readPage(VDocPage& page, const InputFile& file, int mode) const;
+  void printPages(const std::string& output, bool selectedOnly);
   VDocPage& appendPage(std::uint64_t offset, std::uint64_t length);
   void dropControlPage(const InputFile& file);
 };

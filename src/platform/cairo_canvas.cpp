@@ -140,7 +140,7 @@ CairoCanvas::DotBox CairoCanvas::box(const Rect& rect, double beyond) const {
 
 double CairoCanvas::penWidth() const {
   const double width = std::min(double(pen().width) * mapping_.dpiX / kTwipsPerInch, kBeyond);
-  return grid_ == DotGrid::visible ? std::max(1.0, std::round(width)) : width;
+  return std::max(1.0, grid_ == DotGrid::visible ? std::round(width) : width);
 }
 
 // The place of a straight edge whose stroke covers whole dots.

@@ -3,6 +3,8 @@
 
 #include <map>
 #include <memory>
+#include <span>
+#include <string_view>
 #include <vector>
 
 #include <cairo.h>
@@ -69,8 +71,15 @@ class CairoCanvas : public Canvas {
   DotBox edges(const Rect& rect) const;
   Point size() const { return size_; }
 
+  // For surfaces that count in units of their own: dots become that many of them.
+  void setUnitsPerDot(double x, double y) { cairo_scale(context_.get(), x, y); }
+
   // Paints the glyphs of a run; `direction` is where it goes, one logical unit long.
   virtual void showGlyphs(const TextRun& run, Dots direction);
+
+  // Puts glyphs of the face in use, one for each character, at their places in dots.
+  virtual void putGlyphs(cairo_t* context, const TextRun& run, std::u32string_view text,
+                         std::span<const cairo_glyph_t> glyphs);
 
  private:
   DotBox box(const Rect& rect, double beyond) const;

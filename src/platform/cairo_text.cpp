@@ -68,24 +68,30 @@ void CairoCanvas::useFace(const FontFace& face, const TextRun& run) {
 // Glyphs of one face go out together.
 void CairoCanvas::showGlyphs(const TextRun& run, Dots direction) {
   const double ascent = run.font.metrics().ascent;
-  const double baseX = run.x - direction.y * ascent;
-  const double baseY = run.y + direction.x * ascent;
+  const Dots base = dots(run.x - direction.y * ascent, run.y + direction.x * ascent);
+  const Dots scale = dotsPerTwip();
+  const Dots step = {direction.x * scale.x, direction.y * scale.y};
   for (auto glyph = run.glyphs.begin(); glyph != run.glyphs.end();) {
     const FontFace* face = glyph->face;
+    const auto first = static_cast<std::size_t>(glyph - run.glyphs.begin());
     glyphs_.clear();
     for (; glyph != run.glyphs.end() && glyph->face == face; ++glyph) {
-      const Dots place =
-          dots(baseX + direction.x * glyph->distance, baseY + direction.y * glyph->distance);
-      glyphs_.push_back({glyph->index, place.x, place.y});
+      glyphs_.push_back(
+          {glyph->index, base.x + step.x * glyph->distance, base.y + step.y * glyph->distance});
     }
     useFace(*face, run);
-    const int count = static_cast<int>(glyphs_.size());
-    if (glyphSize(run, dotsPerTwip().y) <= kLargestKept) {
-      cairo_show_glyphs(context_.get(), glyphs_.data(), count);
-    } else {
-      cairo_glyph_path(context_.get(), glyphs_.data(), count);
-      cairo_fill(context_.get());
-    }
+    putGlyphs(context_.get(), run, run.text.substr(first, glyphs_.size()), glyphs_);
+  }
+}
+
+void CairoCanvas::putGlyphs(cairo_t* context, const TextRun& run, std::u32string_view,
+                            std::span<const cairo_glyph_t> glyphs) {
+  const int count = static_cast<int>(glyphs.size());
+  if (glyphSize(run, dotsPerTwip().y) <= kLargestKept) {
+    cairo_show_glyphs(context, glyphs.data(), count);
+  } else {
+    cairo_glyph_path(context, glyphs.data(), count);
+    cairo_fill(context);
   }
 }
 

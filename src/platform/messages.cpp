@@ -20,6 +20,10 @@ void showInformation(std::string_view text) {
 }
 
 void showWarning(std::string_view text) {
+  writeErrorLine(text);
+}
+
+void writeErrorLine(std::string_view text) {
   std::string line(text);
   const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
   std::replace_if(line.begin(), line.end(), isControl, ' ');

@@ -6,6 +6,9 @@
 
 namespace qor {
 
+// One line on standard error and nothing on any window, for the log of a server.
+void writeErrorLine(std::string_view text);
+
 void showInformation(std::string_view text);
 void showWarning(std::string_view text);
 

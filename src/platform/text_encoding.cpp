@@ -72,20 +72,6 @@ bool isAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return isAscii(c); });
 }
 
-void appendUtf8(std::string& out, char32_t c) {
-  const auto byte = [&out](char32_t value) { out += static_cast<char>(value); };
-  const auto trail = [&byte, c](int shift) { byte(0x80 | (c >> shift & 0x3F)); };
-  if (c < 0x80) {
-    byte(c);
-  } else if (c < 0x800) {
-    byte(0xC0 | c >> 6), trail(0);
-  } else if (c < 0x10000) {
-    byte(0xE0 | c >> 12), trail(6), trail(0);
-  } else {
-    byte(0xF0 | c >> 18), trail(12), trail(6), trail(0);
-  }
-}
-
 std::size_t sequenceLength(unsigned char lead) {
   return lead < 0x80 ? 1 : lead >= 0xF0 && lead < 0xF5 ? 4 : lead >= 0xE0 ? 3 : 2;
 }
@@ -114,6 +100,20 @@ Utf8Character takeCharacter(std::string_view& text) {
 }
 
 }  // namespace
+
+void appendUtf8(std::string& out, char32_t c) {
+  const auto byte = [&out](char32_t value) { out += static_cast<char>(value); };
+  const auto trail = [&byte, c](int shift) { byte(0x80 | (c >> shift & 0x3F)); };
+  if (c < 0x80) {
+    byte(c);
+  } else if (c < 0x800) {
+    byte(0xC0 | c >> 6), trail(0);
+  } else if (c < 0x10000) {
+    byte(0xE0 | c >> 12), trail(6), trail(0);
+  } else {
+    byte(0xF0 | c >> 18), trail(12), trail(6), trail(0);
+  }
+}
 
 std::string utf8FromCodePage(std::string_view bytes, int codePage) {
   if (codePage == kUtf8 || isAscii(bytes)) return std::string(bytes);

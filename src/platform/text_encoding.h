@@ -21,6 +21,9 @@ std::string codePageFromUtf8(std::string_view text, int codePage, Substitute sub
 std::u32string codePointsFromCodePage(std::string_view bytes, int codePage);
 std::u32string codePointsFromUtf8(std::string_view text);
 
+// Appends a code point, which must be one that UTF-8 can hold.
+void appendUtf8(std::string& out, char32_t c);
+
 // Every letter of a UTF-8 text in lower case, one letter for one letter, whatever the locale.
 std::string lowerUtf8(std::string_view text);
 

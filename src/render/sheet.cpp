@@ -21,6 +21,23 @@ VSetPrn sheetOf(const VSetPage& page, int dpi) {
   return sheet;
 }
 
+namespace {
+
+VSetScr withMargins(VSetScr screen, const VSetPage& page, int dpi) {
+  screen.margin_left = pixelsFromMillimetres(page.MarginLeft, dpi);
+  screen.margin_top = pixelsFromMillimetres(page.MarginTop, dpi);
+  return screen;
+}
+
+}  // namespace
+
+VSetScr screenForPrint(const VSetPage& page, const VSetPrn& device, int dpi) {
+  VSetScr screen;
+  screen.ref_dpi_x = device.LogPixelsX;
+  screen.ref_dpi_y = device.LogPixelsY;
+  return withMargins(screen, page, dpi);
+}
+
 VSetScr screenOf(const VSetPage& page, const VSetPrn& device, int dpi) {
   const double scaleX = device.LogPixelsX > 0 ? double(dpi) / device.LogPixelsX : 0;
   const double scaleY = device.LogPixelsY > 0 ? double(dpi) / device.LogPixelsY : 0;
@@ -34,9 +51,7 @@ VSetScr screenOf(const VSetPage& page, const VSetPrn& device, int dpi) {
   screen.print_top = truncated(device.PhysicalOffsetY * scaleY);
   screen.print_right = truncated(device.HorzRes * scaleX) + screen.print_left;
   screen.print_bottom = truncated(device.VertRes * scaleY) + screen.print_top;
-  screen.margin_left = pixelsFromMillimetres(page.MarginLeft, dpi);
-  screen.margin_top = pixelsFromMillimetres(page.MarginTop, dpi);
-  return screen;
+  return withMargins(screen, page, dpi);
 }
 
 }  // namespace qor

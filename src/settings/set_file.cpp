@@ -5,6 +5,7 @@
 #include "base/errors.h"
 #include "document/vset.h"
 #include "platform/input_file.h"
+#include "platform/messages.h"
 #include "settings/set_keys.h"
 #include "settings/set_lines.h"
 
@@ -58,11 +59,14 @@ int VSet::LoadSet() {
     AppOptions.IniFileName = AppOptions.WorkDir + std::string(kDefaultFile);
   }
   if (AppOptions.SetName.empty()) AppOptions.SetName = kDefaultSet;
-  if (!fileExists(AppOptions.IniFileName)) {
+  if (fileExists(AppOptions.IniFileName)) return ReloadSet();
+  try {
     SaveSet();
-    return 1;
+  } catch (const FileError& error) {
+    // A directory that can't be written is no reason not to print.
+    writeErrorLine(error.what());
   }
-  return ReloadSet();
+  return 1;
 }
 
 int VSet::ReloadSet() {

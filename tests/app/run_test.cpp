@@ -347,14 +347,5 @@ TEST(FailedExport, leavesEverythingAsItWas) {
   }
 }
 
-TEST(Print, saysThatItCanNotAndKeepsTheReport) {
-  const TemporaryDirectory place;
-  place.write("r.txt", "A");
-  place.write("r_1.jpeg", "side");
-  const Files before = contents(place);
-  expectOneLine(runViewer({"-f", "r.txt", "-g", "-dd"}, in(place)), "r.txt");
-  EXPECT_EQ(contents(place), before);
-}
-
 }  // namespace
 }  // namespace qor::test

@@ -21,6 +21,8 @@ void redirect(const std::string& file, int handle) {
 void enter(const Surroundings& surroundings) {
   ::unsetenv("DISPLAY");
   ::unsetenv("QOR_ANSI_CODEPAGE");
+  for (const char* name : {"PRINTER", "LPDEST"}) ::unsetenv(name);
+  ::setenv("CUPS_SERVER", "/nowhere", 1);
   ::setenv("LC_ALL", "C", 1);
   for (const auto& [name, value] : surroundings.environment) {
     ::setenv(name.c_str(), value.c_str(), 1);

@@ -15,9 +15,10 @@ struct Outcome {
 };
 
 struct Surroundings {
-  std::string directory{};                           // the current one of the program
-  std::map<std::string, std::string> environment{};  // beside a plain one: locale C, no display
-  unsigned long fileSizeLimit = 0;                   // bytes, 0: none
+  std::string directory{};  // the current one of the program
+  std::map<std::string, std::string>
+      environment{};                // beside a plain one: locale C, no display, no printers
+  unsigned long fileSizeLimit = 0;  // bytes, 0: none
 };
 
 // Runs any program found on the path and waits for its end.

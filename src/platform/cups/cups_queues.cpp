@@ -1,0 +1,205 @@
+// The queues of a CUPS scheduler.
+#include <array>
+#include <span>
+#include <utility>
+
+#include "platform/cups/cups_job.h"
+#include "platform/cups/ipp.h"
+#include "platform/print/paper_table.h"
+#include "platform/print/system_queues.h"
+
+namespace qor {
+namespace {
+
+// Longer names are no queue's.
+constexpr std::size_t kMaxName = 127;
+
+constexpr std::array<const char*, 3> kNameAttributes = {"printer-name", "printer-make-and-model",
+                                                        "device-uri"};
+
+constexpr std::array<const char*, 14> kQueueAttributes = {"printer-name",
+                                                          "printer-make-and-model",
+                                                          "device-uri",
+                                                          "printer-state",
+                                                          "media-supported",
+                                                          "media-size-supported",
+                                                          "media-default",
+                                                          "media-col-default",
+                                                          "media-col-database",
+                                                          "media-source-supported",
+                                                          "printer-resolution-supported",
+                                                          "printer-resolution-default",
+                                                          "print-color-mode-default",
+                                                          "orientation-requested-default"};
+
+void askFor(ipp_t* request, std::span<const char* const> attributes) {
+  ippAddStrings(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
+                static_cast<int>(attributes.size()), nullptr, attributes.data());
+}
+
+struct SheetCollection {
+  MediaSize size;
+  MediaMargins margins;
+};
+
+// A media-col: a size and its margins.
+SheetCollection sheetOf(ipp_t* collection) {
+  SheetCollection sheet;
+  ipp_attribute_t* size = ippFindAttribute(collection, "media-size", IPP_TAG_BEGIN_COLLECTION);
+  if (size != nullptr) {
+    ipp_t* sides = ippGetCollection(size, 0);
+    sheet.size = {numberOf(sides, "x-dimension", 0), numberOf(sides, "y-dimension", 0)};
+  }
+  sheet.margins = {numberOf(collection, "media-left-margin", 0),
+                   numberOf(collection, "media-top-margin", 0),
+                   numberOf(collection, "media-right-margin", 0),
+                   numberOf(collection, "media-bottom-margin", 0)};
+  return sheet;
+}
+
+std::vector<SheetCollection> sheetsOf(ipp_t* answer, const char* name) {
+  std::vector<SheetCollection> sheets;
+  ipp_attribute_t* all = ippFindAttribute(answer, name, IPP_TAG_BEGIN_COLLECTION);
+  for (int i = 0; i < ippGetCount(all); ++i) sheets.push_back(sheetOf(ippGetCollection(all, i)));
+  return sheets;
+}
+
+// Margins are told by size. Where a size comes with several, as with and without a border, the
+// sheet with the border is meant by its plain name.
+MediaMargins marginsOf(MediaSize size, const std::vector<SheetCollection>& sheets,
+                       const MediaMargins& otherwise) {
+  const SheetCollection* found = nullptr;
+  for (const SheetCollection& sheet : sheets) {
+    if (!sameSize(sheet.size, size)) continue;
+    if (found == nullptr || sheet.margins.left > found->margins.left) found = &sheet;
+  }
+  return found == nullptr ? otherwise : found->margins;
+}
+
+void addMedia(Queue& queue, ipp_t* answer) {
+  const auto sheets = sheetsOf(answer, "media-col-database");
+  for (const std::string& name : textsOf(answer, "media-supported")) {
+    const bool isLimit = name.starts_with("custom_min") || name.starts_with("custom_max");
+    const auto size = sizeOfMedia(name);
+    if (isLimit || !size) continue;
+    queue.media.push_back({name, *size, marginsOf(*size, sheets, queue.defaultMargins)});
+  }
+}
+
+// The range of sizes that are cut from a roll or fed by hand.
+void addCustomSizes(Queue& queue, ipp_t* answer) {
+  ipp_attribute_t* sizes =
+      ippFindAttribute(answer, "media-size-supported", IPP_TAG_BEGIN_COLLECTION);
+  for (int i = 0; i < ippGetCount(sizes); ++i) {
+    ipp_t* size = ippGetCollection(sizes, i);
+    ipp_attribute_t* width = ippFindAttribute(size, "x-dimension", IPP_TAG_RANGE);
+    ipp_attribute_t* length = ippFindAttribute(size, "y-dimension", IPP_TAG_RANGE);
+    if (width == nullptr || length == nullptr) continue;
+    queue.smallest.width = ippGetRange(width, 0, &queue.largest.width);
+    queue.smallest.length = ippGetRange(length, 0, &queue.largest.length);
+  }
+}
+
+void addText(QueueName& queue, ipp_attribute_t* attribute) {
+  const std::string name = ippGetName(attribute);
+  const char* text = ippGetString(attribute, 0, nullptr);
+  if (text == nullptr) return;
+  if (name == "printer-name") queue.name = text;
+  if (name == "printer-make-and-model") queue.driver = text;
+  if (name == "device-uri") queue.port = text;
+}
+
+QueueName nameOf(ipp_t* answer) {
+  return {textOf(answer, "printer-name"), textOf(answer, "printer-make-and-model"),
+          textOf(answer, "device-uri")};
+}
+
+Queue queueOf(ipp_t* answer) {
+  Queue queue;
+  queue.id = nameOf(answer);
+  const auto usual = sheetsOf(answer, "media-col-default");
+  if (!usual.empty()) queue.defaultMargins = usual.front().margins;
+  addMedia(queue, answer);
+  addCustomSizes(queue, answer);
+  queue.defaultMedia = textOf(answer, "media-default");
+  queue.sources = textsOf(answer, "media-source-supported");
+  queue.resolutions = resolutionsOf(answer, "printer-resolution-supported");
+  const auto resolution = resolutionsOf(answer, "printer-resolution-default");
+  if (!resolution.empty()) queue.defaultResolution = resolution.front();
+  queue.color = textOf(answer, "print-color-mode-default") != "monochrome";
+  const int orientation = numberOf(answer, "orientation-requested-default", IPP_ORIENT_PORTRAIT);
+  queue.landscape =
+      orientation == IPP_ORIENT_LANDSCAPE || orientation == IPP_ORIENT_REVERSE_LANDSCAPE;
+  queue.stopped = numberOf(answer, "printer-state", IPP_PSTATE_IDLE) == IPP_PSTATE_STOPPED;
+  return queue;
+}
+
+// Each queue is a group of attributes, in any order.
+std::vector<QueueName> namesOf(ipp_t* answer) {
+  std::vector<QueueName> names;
+  bool inGroup = false;
+  for (ipp_attribute_t* attribute = ippFirstAttribute(answer); attribute != nullptr;
+       attribute = ippNextAttribute(answer)) {
+    const bool belongs = ippGetGroupTag(attribute) == IPP_TAG_PRINTER;
+    if (belongs && !inGroup) names.emplace_back();
+    inGroup = belongs;
+    if (belongs) addText(names.back(), attribute);
+  }
+  std::erase_if(names, [](const QueueName& queue) { return queue.name.empty(); });
+  return names;
+}
+
+// One connection serves all questions; libcups opens it anew where the scheduler has closed it.
+class CupsQueues : public PrintQueues {
+ public:
+  std::vector<QueueName> list() override {
+    Ipp request(ippNewRequest(IPP_OP_CUPS_GET_PRINTERS));
+    askFor(request.get(), kNameAttributes);
+    const Ipp answer = ask(std::move(request));
+    return namesOf(answer.get());
+  }
+
+  std::string defaultName() override {
+    if (!connected()) return {};
+    cups_dest_t* found = cupsGetNamedDest(connection_.get(), nullptr, nullptr);
+    if (found == nullptr) return {};
+    std::string name = found->name;
+    cupsFreeDests(1, found);
+    return name;
+  }
+
+  std::optional<Queue> find(const std::string& name) override {
+    if (name.empty() || name.size() > kMaxName) return std::nullopt;
+    Ipp request = queueRequest(IPP_OP_GET_PRINTER_ATTRIBUTES, name);
+    askFor(request.get(), kQueueAttributes);
+    const Ipp answer = ask(std::move(request));
+    if (!answer || textOf(answer.get(), "printer-name").empty()) return std::nullopt;
+    return queueOf(answer.get());
+  }
+
+  std::unique_ptr<PrintJob> open(const std::string& name, const JobTicket& ticket) override {
+    return std::make_unique<CupsJob>(name, ticket);
+  }
+
+ private:
+  bool connected() {
+    if (!connection_) connection_ = connectToScheduler();
+    return connection_ != nullptr;
+  }
+
+  Ipp ask(Ipp request) {
+    if (!connected()) return nullptr;
+    Ipp answer(cupsDoRequest(connection_.get(), request.release(), "/"));
+    if (!answer) connection_.reset();
+    return answer;
+  }
+
+  Connection connection_;
+};
+
+}  // namespace
+}  // namespace qor
+
+extern "C" __attribute__((visibility("default"))) qor::PrintQueues* qorMakeSystemQueues() {
+  return new qor::CupsQueues;
+}

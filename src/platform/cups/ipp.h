@@ -1,0 +1,41 @@
+// Reading and writing Internet Printing Protocol messages, for the files of this module.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <cups/cups.h>
+
+#include "platform/print/print_queues.h"
+
+namespace qor {
+
+struct IppDeleter {
+  void operator()(ipp_t* message) const { ippDelete(message); }
+};
+using Ipp = std::unique_ptr<ipp_t, IppDeleter>;
+
+struct HttpCloser {
+  void operator()(http_t* connection) const { httpClose(connection); }
+};
+using Connection = std::unique_ptr<http_t, HttpCloser>;
+
+// A connection to the scheduler on which nothing waits for ever; null where none answers.
+Connection connectToScheduler();
+
+// A request about a queue, from the user of the process.
+Ipp queueRequest(ipp_op_t operation, const std::string& queue);
+
+// The first text of an attribute, or all of them; empty where it is not there.
+std::string textOf(ipp_t* message, const char* attribute);
+std::vector<std::string> textsOf(ipp_t* message, const char* attribute);
+
+// The first number or boolean of an attribute.
+int numberOf(ipp_t* message, const char* attribute, int otherwise);
+bool isTrue(ipp_t* message, const char* attribute, bool otherwise);
+
+// Resolutions in dots per inch; those that make no sense are left out.
+std::vector<Dpi> resolutionsOf(ipp_t* message, const char* attribute);
+
+}  // namespace qor

@@ -1,0 +1,87 @@
+// Listing font families by character set, by fontconfig.
+#include "platform/font_families.h"
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+
+#include <fontconfig/fontconfig.h>
+
+#include "platform/text_encoding.h"
+
+namespace qor {
+namespace {
+
+constexpr int kAnyCharset = 1;
+constexpr int kSymbolCharset = 2;
+
+struct PatternDeleter {
+  void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+};
+struct ObjectSetDeleter {
+  void operator()(FcObjectSet* objects) const { FcObjectSetDestroy(objects); }
+};
+struct FontSetDeleter {
+  void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
+};
+using FontSet = std::unique_ptr<FcFontSet, FontSetDeleter>;
+
+// Letters that a character set has and its neighbours lack.
+std::u32string lettersOf(int charset) {
+  switch (charset) {
+    case 128: return U"\u3042\u30A2";
+    case 129:
+    case 130: return U"\uAC00\uD55C";
+    case 134: return U"\u4E2D\u6C49";
+    case 136: return U"\u4E2D\u6F22";
+    default:
+      return codePointsFromCodePage("\xE0\xE6\xEA\xF0\xF2\xF4\xF8", codePageOfCharset(charset));
+  }
+}
+
+FontSet trueTypeFonts() {
+  const std::unique_ptr<FcPattern, PatternDeleter> pattern(FcPatternCreate());
+  FcPatternAddString(pattern.get(), FC_FONTFORMAT, reinterpret_cast<const FcChar8*>("TrueType"));
+  const std::unique_ptr<FcObjectSet, ObjectSetDeleter> objects(
+      FcObjectSetBuild(FC_FAMILY, FC_CHARSET, FC_SYMBOL, nullptr));
+  return FontSet(FcFontList(nullptr, pattern.get(), objects.get()));
+}
+
+bool isSymbol(FcPattern* font) {
+  FcBool symbol = FcFalse;
+  FcPatternGetBool(font, FC_SYMBOL, 0, &symbol);
+  return symbol != FcFalse;
+}
+
+bool hasAll(FcPattern* font, std::u32string_view letters) {
+  FcCharSet* characters = nullptr;
+  if (FcPatternGetCharSet(font, FC_CHARSET, 0, &characters) != FcResultMatch) return false;
+  return std::all_of(letters.begin(), letters.end(), [characters](char32_t c) {
+    return c == U'\xFFFD' || FcCharSetHasChar(characters, c) != FcFalse;
+  });
+}
+
+bool serves(FcPattern* font, int charset, std::u32string_view letters) {
+  if (charset == kAnyCharset) return true;
+  if (charset == kSymbolCharset) return isSymbol(font);
+  return hasAll(font, letters);
+}
+
+}  // namespace
+
+std::vector<std::string> trueTypeFamilies(int charset) {
+  const std::u32string letters = lettersOf(charset);
+  std::vector<std::string> names;
+  const FontSet fonts = trueTypeFonts();
+  for (int i = 0; fonts && i < fonts->nfont; ++i) {
+    FcChar8* name = nullptr;
+    if (!serves(fonts->fonts[i], charset, letters)) continue;
+    if (FcPatternGetString(fonts->fonts[i], FC_FAMILY, 0, &name) != FcResultMatch) continue;
+    names.emplace_back(reinterpret_cast<const char*>(name));
+  }
+  std::sort(names.begin(), names.end());
+  names.erase(std::unique(names.begin(), names.end()), names.end());
+  return names;
+}
+
+}  // namespace qor

@@ -1,0 +1,13 @@
+// The families of fonts that a user can choose from.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace qor {
+
+// Names of the families that have a TrueType file with the letters of a Windows character set, in
+// order and each once.
+std::vector<std::string> trueTypeFamilies(int charset);
+
+}  // namespace qor

@@ -1,0 +1,23 @@
+// A job that becomes a file.
+#pragma once
+
+#include <string>
+
+#include "platform/output_file.h"
+#include "platform/print/print_queues.h"
+
+namespace qor {
+
+class FileJob : public PrintJob {
+ public:
+  // Throws FileError.
+  explicit FileJob(const std::string& target) : file_(target) {}
+
+  void write(std::string_view bytes) override { file_.write(bytes); }
+  void finish() override { file_.commit(); }
+
+ private:
+  OutputFile file_;
+};
+
+}  // namespace qor

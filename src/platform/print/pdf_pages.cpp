@@ -1,0 +1,102 @@
+// PDF pages by Cairo.
+#include "platform/print/pdf_pages.h"
+
+#include <algorithm>
+#include <vector>
+
+#include <cairo-pdf.h>
+
+#include "base/errors.h"
+#include "base/units.h"
+#include "platform/byte_sink.h"
+#include "platform/text_encoding.h"
+
+namespace qor {
+
+// A canvas in dots on a surface in points.
+class PdfPages::Page : public CairoCanvas {
+ public:
+  Page(cairo_surface_t* surface, const PdfSheet& sheet)
+      : CairoCanvas(surface, sheet.dots, sheet.dotsPerInch, DotGrid::fine) {
+    setUnitsPerDot(double(kPointsPerInch) / sheet.dotsPerInch.x,
+                   double(kPointsPerInch) / sheet.dotsPerInch.y);
+  }
+
+ protected:
+  // The text goes with its glyphs, so that readers of the document find and copy it. Cairo finds
+  // ASCII by itself: no other character of a font comes before it.
+  void putGlyphs(cairo_t* context, const TextRun&, std::u32string_view text,
+                 std::span<const cairo_glyph_t> glyphs) override {
+    const auto isAscii = [](char32_t c) { return c < 0x7F; };
+    if (std::all_of(text.begin(), text.end(), isAscii)) {
+      cairo_show_glyphs(context, glyphs.data(), static_cast<int>(glyphs.size()));
+    } else {
+      showWithText(context, text, glyphs);
+    }
+  }
+
+ private:
+  void showWithText(cairo_t* context, std::u32string_view text,
+                    std::span<const cairo_glyph_t> glyphs) {
+    utf8_.clear();
+    clusters_.clear();
+    for (const char32_t c : text) {
+      const std::size_t before = utf8_.size();
+      appendUtf8(utf8_, c < U' ' ? U' ' : c);
+      clusters_.push_back({static_cast<int>(utf8_.size() - before), 1});
+    }
+    cairo_show_text_glyphs(context, utf8_.data(), static_cast<int>(utf8_.size()), glyphs.data(),
+                           static_cast<int>(glyphs.size()), clusters_.data(),
+                           static_cast<int>(clusters_.size()), cairo_text_cluster_flags_t{});
+  }
+
+  std::string utf8_;
+  std::vector<cairo_text_cluster_t> clusters_;
+};
+
+PdfPages::PdfPages(ByteSink& sink, const PdfSheet& sheet, const std::string& title)
+    : sink_(sink),
+      surface_(cairo_pdf_surface_create_for_stream(take, this, sheet.width, sheet.height)) {
+  cairo_pdf_surface_set_metadata(surface_.get(), CAIRO_PDF_METADATA_TITLE, title.c_str());
+  page_ = std::make_unique<Page>(surface_.get(), sheet);
+}
+
+PdfPages::~PdfPages() {
+  // Cairo finishes a surface that is destroyed; the sink may be gone by then.
+  abandoned_ = true;
+}
+
+cairo_status_t PdfPages::take(void* self, const unsigned char* bytes, unsigned count) {
+  PdfPages& pages = *static_cast<PdfPages*>(self);
+  if (pages.failure_ || pages.abandoned_) return CAIRO_STATUS_WRITE_ERROR;
+  try {
+    pages.sink_.write({reinterpret_cast<const char*>(bytes), count});
+    return CAIRO_STATUS_SUCCESS;
+  } catch (...) {
+    pages.failure_ = std::current_exception();
+    return CAIRO_STATUS_WRITE_ERROR;
+  }
+}
+
+void PdfPages::check() {
+  if (failure_) std::rethrow_exception(failure_);
+  const cairo_status_t status = cairo_surface_status(surface_.get());
+  if (status != CAIRO_STATUS_SUCCESS) throw PrintError(cairo_status_to_string(status));
+}
+
+Canvas& PdfPages::canvas() {
+  return *page_;
+}
+
+void PdfPages::endPage() {
+  cairo_surface_show_page(surface_.get());
+  check();
+}
+
+void PdfPages::finish() {
+  page_.reset();
+  cairo_surface_finish(surface_.get());
+  check();
+}
+
+}  // namespace qor

@@ -1,0 +1,232 @@
+// From queues to printers, and from device modes to sheets.
+#include "platform/print/printer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+#include <utility>
+
+#include "base/units.h"
+#include "platform/print/paper_table.h"
+
+namespace qor {
+namespace {
+
+constexpr int kFirstOwnNumber = kUserPaper + 1;
+constexpr int kFormSourceBin = 15;  // DMBIN_FORMSOURCE: the paper tells the tray
+constexpr double kHundredthsPerInch = 100 * kMillimetresPerInch;
+constexpr std::string_view kUsualMedia = "iso_a4_210x297mm";
+
+// The table's paper, or null. Sizes count last.
+const PaperRow* rowOf(const Media& media) {
+  const auto rows = paperTable();
+  auto row = std::find_if(rows.begin(), rows.end(),
+                          [&](const PaperRow& candidate) { return candidate.media == media.name; });
+  if (row == rows.end()) {
+    row = std::find_if(rows.begin(), rows.end(), [&](const PaperRow& candidate) {
+      return sameSize(*sizeOfMedia(candidate.media), media.size);
+    });
+  }
+  return row == rows.end() ? nullptr : &*row;
+}
+
+// Papers in the queue's order. Of two with one Windows number the first has it.
+std::vector<Paper> papersOf(const Queue& queue) {
+  std::vector<Paper> papers;
+  int ownNumber = kFirstOwnNumber;
+  for (const Media& media : queue.media) {
+    const PaperRow* row = rowOf(media);
+    const bool taken =
+        row == nullptr || std::any_of(papers.begin(), papers.end(), [row](const Paper& paper) {
+          return paper.number == row->number;
+        });
+    if (taken) {
+      papers.push_back({ownNumber++, media.name, media});
+    } else {
+      papers.push_back({row->number, std::string(row->name), media});
+    }
+  }
+  return papers;
+}
+
+// A queue that passes documents on as they are tells no papers: every known sheet may be in it.
+std::vector<Media> usualMedia() {
+  std::vector<Media> media = {{std::string(kUsualMedia), *sizeOfMedia(kUsualMedia), {}}};
+  for (const PaperRow& row : paperTable()) {
+    const bool known = std::any_of(media.begin(), media.end(), [&row](const Media& candidate) {
+      return candidate.name == row.media;
+    });
+    if (!known) media.push_back({std::string(row.media), *sizeOfMedia(row.media), {}});
+  }
+  return media;
+}
+
+std::vector<Bin> binsOf(const std::vector<std::string>& sources) {
+  std::vector<Bin> bins = {{kFormSourceBin, "Automatically Select"}};
+  int ownNumber = kFirstOwnNumber;
+  const auto rows = binTable();
+  for (const std::string& source : sources) {
+    const auto row = std::find_if(rows.begin(), rows.end(),
+                                  [&](const BinRow& bin) { return bin.source == source; });
+    if (row == rows.end()) {
+      bins.push_back({ownNumber++, source});
+    } else {
+      bins.push_back({row->number, std::string(row->name)});
+    }
+  }
+  return bins;
+}
+
+const Paper& defaultPaper(const std::vector<Paper>& papers, const std::string& media) {
+  const auto found = std::find_if(papers.begin(), papers.end(), [&media](const Paper& paper) {
+    return paper.media.name == media;
+  });
+  return found == papers.end() ? papers.front() : *found;
+}
+
+DeviceMode modeOf(const Queue& queue, const Paper& paper, Dpi resolution) {
+  DeviceMode mode;
+  mode.dmOrientation = queue.landscape ? kLandscape : kPortrait;
+  mode.dmPaperSize = paper.number;
+  mode.dmPaperWidth = tenthsOf(paper.media.size.width);
+  mode.dmPaperLength = tenthsOf(paper.media.size.length);
+  mode.dmPrintQuality = resolution.x;
+  mode.dmColor = queue.color ? kInColor : kMonochrome;
+  return mode;
+}
+
+const Paper* paperOf(const Printer& printer, int number) {
+  const auto& papers = printer.papers;
+  const auto first = [&papers](auto&& fits) -> const Paper* {
+    const auto found = std::find_if(papers.begin(), papers.end(), fits);
+    return found == papers.end() ? nullptr : &*found;
+  };
+  if (const Paper* same = first([&](const Paper& paper) { return paper.number == number; })) {
+    return same;
+  }
+  const auto rows = paperTable();
+  const auto row = std::find_if(rows.begin(), rows.end(),
+                                [number](const PaperRow& paper) { return paper.number == number; });
+  if (row == rows.end()) return nullptr;
+  const MediaSize size = *sizeOfMedia(row->media);
+  return first([&](const Paper& paper) { return sameSize(paper.media.size, size); });
+}
+
+bool takesCustomSizes(const Printer& printer) {
+  return printer.smallest.width > 0 && printer.smallest.width <= printer.largest.width &&
+         printer.smallest.length > 0 && printer.smallest.length <= printer.largest.length;
+}
+
+bool asksCustomSize(const DeviceMode& mode) {
+  return mode.dmPaperSize == kUserPaper && mode.has(DM_PAPERLENGTH) && mode.has(DM_PAPERWIDTH);
+}
+
+// A length of 1/100 mm that is a whole number of tenths.
+std::string millimetres(int hundredths) {
+  const int tenth = hundredths / 10 % 10;
+  return std::to_string(hundredths / 100) + (tenth == 0 ? "" : "." + std::to_string(tenth));
+}
+
+// The nearest sheet that the printer takes.
+Media customMedia(const Printer& printer, const DeviceMode& mode) {
+  const auto near = [](int asked, int low, int high) {
+    return static_cast<int>(std::clamp<std::int64_t>(std::int64_t{asked} * 10, low, high));
+  };
+  const MediaSize size = {
+      near(mode.dmPaperWidth, printer.smallest.width, printer.largest.width),
+      near(mode.dmPaperLength, printer.smallest.length, printer.largest.length)};
+  const std::string sides = millimetres(size.width) + "x" + millimetres(size.length) + "mm";
+  return {"custom_" + sides + "_" + sides, size, printer.margins};
+}
+
+// A sheet fed upright whose content is turned by a quarter, counter-clockwise: its left edge
+// becomes the bottom of the content's right side and so on.
+Media turned(const Media& upright) {
+  const MediaMargins& edges = upright.margins;
+  return {upright.name,
+          {upright.size.length, upright.size.width},
+          {edges.bottom, edges.left, edges.top, edges.right}};
+}
+
+int dots(int hundredths, int dpi) {
+  return truncated(hundredths * double(dpi) / kHundredthsPerInch);
+}
+
+// What is touched by an edge is lost.
+int dotsOfMargin(int hundredths, int dpi) {
+  return truncated(std::ceil(hundredths * double(dpi) / kHundredthsPerInch));
+}
+
+}  // namespace
+
+Printer printerOf(const Queue& queue) {
+  Queue known = queue;
+  if (known.media.empty()) {
+    known.media = usualMedia();
+    known.smallest = {100, 100};
+    known.largest = {1000000, 1000000};
+  }
+  Printer printer;
+  printer.name = queue.id.name;
+  printer.driver = queue.id.driver;
+  printer.port = queue.id.port;
+  printer.processor = "PDF";
+  printer.papers = papersOf(known);
+  printer.bins = binsOf(queue.sources);
+  printer.resolutions = queue.resolutions;
+  printer.resolution = queue.defaultResolution.value_or(
+      queue.resolutions.empty() ? Dpi{} : queue.resolutions.front());
+  printer.margins = queue.defaultMargins;
+  printer.smallest = known.smallest;
+  printer.largest = known.largest;
+  printer.stopped = queue.stopped;
+  printer.mode =
+      modeOf(queue, defaultPaper(printer.papers, queue.defaultMedia), printer.resolution);
+  return printer;
+}
+
+Media mediaOf(const Printer& printer, const DeviceMode& mode) {
+  if (asksCustomSize(mode) && takesCustomSizes(printer)) return customMedia(printer, mode);
+  const Paper* paper = paperOf(printer, mode.dmPaperSize);
+  if (paper == nullptr) paper = paperOf(printer, printer.mode.dmPaperSize);
+  return paper->media;
+}
+
+DeviceCaps deviceCaps(const Printer& printer, const DeviceMode& mode) {
+  const Media upright = mediaOf(printer, mode);
+  const Media sheet = mode.dmOrientation == kLandscape ? turned(upright) : upright;
+  const MediaMargins& edges = sheet.margins;
+  const Dpi dpi = printer.resolution;
+  DeviceCaps caps;
+  caps.logPixelsX = caps.aspectX = dpi.x;
+  caps.logPixelsY = caps.aspectY = dpi.y;
+  caps.scalingFactorX = caps.scalingFactorY = 1;
+  caps.physicalWidth = std::max(1, dots(sheet.size.width, dpi.x));
+  caps.physicalHeight = std::max(1, dots(sheet.size.length, dpi.y));
+  caps.physicalOffsetX = dotsOfMargin(edges.left, dpi.x);
+  caps.physicalOffsetY = dotsOfMargin(edges.top, dpi.y);
+  const int right = dotsOfMargin(edges.right, dpi.x);
+  const int bottom = dotsOfMargin(edges.bottom, dpi.y);
+  caps.horzRes = std::max(1, caps.physicalWidth - caps.physicalOffsetX - right);
+  caps.vertRes = std::max(1, caps.physicalHeight - caps.physicalOffsetY - bottom);
+  caps.horzSize = (sheet.size.width - edges.left - edges.right) / 100;
+  caps.vertSize = (sheet.size.length - edges.top - edges.bottom) / 100;
+  return caps;
+}
+
+JobTicket ticketOf(const Printer& printer, const DeviceMode& mode) {
+  JobTicket ticket;
+  ticket.media = mediaOf(printer, mode).name;
+  if (mode.has(DM_COPIES)) ticket.copies = mode.dmCopies;
+  ticket.collated = mode.has(DM_COLLATE) && mode.dmCollate != 0;
+  if (mode.has(DM_PRINTQUALITY)) {
+    constexpr PrintQuality kQualities[] = {PrintQuality::draft, PrintQuality::draft,
+                                           PrintQuality::normal, PrintQuality::high};
+    const int place = std::clamp(-mode.dmPrintQuality, 1, 4) - 1;
+    ticket.quality = kQualities[place];
+  }
+  if (mode.has(DM_COLOR)) ticket.color = mode.dmColor != kMonochrome;
+  return ticket;
+}
+
+}  // namespace qor

@@ -1,0 +1,76 @@
+// A printer in the terms of the Windows print system, made of what its queue tells: numbered papers
+// and bins, device modes, and the measurements of the device under a mode.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/print/device_mode.h"
+#include "platform/print/print_queues.h"
+
+namespace qor {
+
+struct Paper {
+  int number = 0;  // Windows paper number; from 257 on the printer's own
+  std::string name;
+  Media media;
+};
+
+struct Bin {
+  int number = 0;  // Windows bin number; from 257 on the printer's own
+  std::string name;
+};
+
+struct Printer {
+  std::string name;
+  std::string driver;
+  std::string port;
+  std::string processor;  // what turns documents into pages
+  std::vector<Paper> papers;
+  std::vector<Bin> bins;
+  std::vector<Dpi> resolutions;
+  Dpi resolution;
+  MediaMargins margins;  // of papers that tell none
+  MediaSize smallest;    // of papers cut to size
+  MediaSize largest;
+  DeviceMode mode;  // as the printer has it, dmFields 0
+  bool stopped = false;
+};
+
+// What a device context tells. Lengths in dots unless told; the printable area lies at the offset
+// on the physical sheet.
+struct DeviceCaps {
+  std::int32_t horzSize = 0;  // printable area, mm
+  std::int32_t vertSize = 0;
+  std::int32_t horzRes = 0;
+  std::int32_t vertRes = 0;
+  std::int32_t logPixelsX = 0;  // dots per inch
+  std::int32_t logPixelsY = 0;
+  std::int32_t physicalWidth = 0;
+  std::int32_t physicalHeight = 0;
+  std::int32_t physicalOffsetX = 0;
+  std::int32_t physicalOffsetY = 0;
+  std::int32_t scalingFactorX = 0;
+  std::int32_t scalingFactorY = 0;
+  std::int32_t aspectX = 0;  // relative width and height of a dot, as dots per inch
+  std::int32_t aspectY = 0;
+};
+
+// Tenths of a millimetre, rounded, as the Windows print system tells papers.
+constexpr int tenthsOf(int hundredths) {
+  return (hundredths + 5) / 10;
+}
+
+Printer printerOf(const Queue& queue);
+
+// The sheet that a job of this mode gets: the paper of that number; else one of the same name or
+// size; else the printer's own. Never empty.
+Media mediaOf(const Printer& printer, const DeviceMode& mode);
+
+DeviceCaps deviceCaps(const Printer& printer, const DeviceMode& mode);
+
+// The job's wishes, without its title.
+JobTicket ticketOf(const Printer& printer, const DeviceMode& mode);
+
+}  // namespace qor

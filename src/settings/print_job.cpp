@@ -1,0 +1,154 @@
+// Print jobs: pages of the document, drawn one by one on a printer's sheet. A job that fails leaves
+// one line on standard error and nothing else: the report stays as it is.
+#include <functional>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "base/app_options.h"
+#include "base/errors.h"
+#include "base/interface_texts.h"
+#include "base/path.h"
+#include "base/units.h"
+#include "document/code_page.h"
+#include "document/vdoc.h"
+#include "platform/canvas.h"
+#include "platform/messages.h"
+#include "platform/print/print_system.h"
+#include "render/page_walk.h"
+#include "render/sheet.h"
+#include "settings/printers.h"
+
+namespace qor {
+namespace {
+
+// Where the printer that makes files puts a job that names none: beside the report.
+std::string fileBesideReport() {
+  std::string name(directoryOf(AppOptions.FileName));
+  return name.append(baseNameOf(AppOptions.FileName)).append("(print).pdf");
+}
+
+// A job of one document. It says once what went wrong and then takes nothing more.
+class PrintRun {
+ public:
+  PrintRun(const VDoc& doc, std::string_view title, const std::string& output) {
+    LoadCodePage(doc.Settings.Page.BaseCodePage);
+    context_ = CreatePrintDC(AppOptions.PrinterName, doc.Settings.Page, doc.PrintScale,
+                             doc.PrintScaleFlag);
+    if (!context_) return;
+    const DeviceCaps& caps = context_->caps();
+    mapping_ = {gPrintMetrics.LogPixelsX, gPrintMetrics.LogPixelsY, caps.physicalOffsetX,
+                caps.physicalOffsetY};
+    attempt([&] { context_->startDocument({std::string(title), output, fileBesideReport()}); });
+    tellIfStopped(output);
+  }
+
+  bool going() const { return context_ != nullptr; }
+
+  void print(VDocPage& page) {
+    page.Settings->Scr = screenForPrint(page.Settings->Page, page.Settings->Prn, kPictureDpi);
+    Canvas& canvas = context_->startPage();
+    canvas.reset();
+    canvas.setMapping(mapping_);
+    DrawPage(page, canvas);
+    attempt([this] { context_->endPage(); });
+  }
+
+  void end() {
+    attempt([this] { context_->endDocument(); });
+  }
+
+  // What scaling has changed is told as the device has it.
+  void unscaleMetrics() const {
+    if (going()) gPrintMetrics.LogPixelsX = context_->caps().logPixelsX;
+  }
+
+ private:
+  void attempt(const std::function<void()>& step) {
+    if (!going()) return;
+    try {
+      step();
+    } catch (const PrintError& error) {
+      fail(error);
+    } catch (const FileError& error) {
+      fail(error);
+    }
+  }
+
+  void fail(const std::runtime_error& error) {
+    writeErrorLine(AppOptions.FileName + ": not printed: " + error.what());
+    context_.reset();
+  }
+
+  void tellIfStopped(const std::string& output) const {
+    if (!going() || !output.empty() || !context_->printer().stopped) return;
+    writeErrorLine(context_->printer().name + ": the printer is stopped, the job waits for it");
+  }
+
+  std::unique_ptr<PrintContext> context_;
+  Mapping mapping_;
+};
+
+// Lets go of a page's lines when it is printed, or fails to be.
+class PrintedPage {
+ public:
+  explicit PrintedPage(VDocPage& page) : page_(page) {}
+  ~PrintedPage() { page_.ReleaseLines(); }
+  PrintedPage(const PrintedPage&) = delete;
+  PrintedPage& operator=(const PrintedPage&) = delete;
+
+ private:
+  VDocPage& page_;
+};
+
+}  // namespace
+
+bool VDoc::SelectPrinter() {
+  const std::string& name = AppOptions.PrinterName;
+  const bool found = name.empty() || printSystem().find(name) != nullptr;
+  const bool measured = found && MeasureNamedPrinter(name, nullptr);
+  Settings.Prn = gDefaultPrn;
+  return measured;
+}
+
+void VDoc::printPages(const std::string& output, bool selectedOnly) {
+  PrintRun run(*this, interfaceTexts().DocumentJobName, output);
+  if (!run.going()) return;
+  if (AppOptions.FileName.empty()) throw std::string("Error: not set file name for print");
+  const auto file = OpenFile();
+  if (!file) throw kErrorOpenDocument;
+  for (VDocPage& page : Pages) {
+    if (selectedOnly && !page.Selected) continue;
+    const PrintedPage inUse(page);
+    readPage(page, *file, 0);
+    run.print(page);
+    if (!run.going()) return;
+    if (!selectedOnly) run.unscaleMetrics();
+  }
+  run.end();
+}
+
+void VDoc::PrintAll() {
+  printPages({}, false);
+}
+
+void VDoc::PrintToFile(const std::string& path) {
+  printPages(path, false);
+}
+
+void VDoc::PrintSelected() {
+  SelectPages();
+  printPages({}, true);
+}
+
+void VDoc::PrintPage(std::int32_t number) {
+  PrintRun run(*this, std::string(interfaceTexts().PageJobName) + std::to_string(number), {});
+  VDocPage* page = run.going() ? GetPage(number, 0) : nullptr;
+  if (page == nullptr) return;
+  const PrintedPage inUse(*page);
+  if (!page->Loaded) return;
+  run.print(*page);
+  run.end();
+}
+
+}  // namespace qor

@@ -1,0 +1,149 @@
+// The printer tree. Labels are padded for a fixed-pitch reading: their colons stand in one column.
+#include "settings/printer_tree.h"
+
+#include <algorithm>
+#include <set>
+
+#include "platform/print/paper_table.h"
+#include "platform/print/print_system.h"
+#include "settings/number_text.h"
+#include "settings/printer_lists.h"
+
+namespace qor {
+namespace {
+
+constexpr const char* kFormKinds[] = {"[Form User]", "[Form BuiltIn]", "[Form Printer]"};
+enum FormKind { kFormUser, kFormBuiltIn, kFormPrinter };
+
+struct Form {
+  std::string name;
+  Media media;
+  FormKind kind;
+};
+
+std::string millimetres(int hundredths, int margin) {
+  return FloatToStr((hundredths - margin) / 100.0);
+}
+
+TreeNode nodeOf(const Form& form) {
+  const auto [name, size, margins] = form.media;
+  return {form.name + "  (" + sizeText(size.width / 100.0, size.length / 100.0) + ")   (" +
+          millimetres(size.width, margins.right) + " x " +
+          millimetres(size.length, margins.bottom) + " mm)  " + kFormKinds[form.kind]};
+}
+
+// Every paper that has a number of its own, and those that single printers add.
+TreeNode serverNode(const std::vector<const Printer*>& printers) {
+  TreeNode node{"PrintServer"};
+  for (const PaperRow& row : paperTable()) {
+    const Media media = {std::string(row.media), *sizeOfMedia(row.media), {}};
+    node.children.push_back(nodeOf({std::string(row.name), media, kFormBuiltIn}));
+  }
+  std::set<std::string> seen;
+  for (const Printer* printer : printers) {
+    for (const Paper& paper : printer->papers) {
+      const bool own = paper.number > kUserPaper && seen.insert(paper.name).second;
+      if (own) node.children.push_back(nodeOf({paper.name, paper.media, kFormPrinter}));
+    }
+  }
+  return node;
+}
+
+std::string paperName(const Printer& printer) {
+  const auto& papers = printer.papers;
+  const auto found = std::find_if(papers.begin(), papers.end(), [&printer](const Paper& paper) {
+    return paper.number == printer.mode.dmPaperSize;
+  });
+  return found == papers.end() ? "" : found->name;
+}
+
+TreeNode parametersNode(const Printer& printer) {
+  const DeviceMode& mode = printer.mode;
+  const DeviceCaps caps = deviceCaps(printer, mode);
+  TreeNode node{"Printer Parameters"};
+  const auto add = [&node](const char* label, const std::string& value, const char* unit = "") {
+    node.children.push_back({label + value + unit});
+  };
+  const auto addNumber = [&add](const char* label, double value, const char* unit = "") {
+    add(label, FloatToStr(value), unit);
+  };
+  add("        Paper Size: ", paperName(printer));
+  addNumber("       Paper Width: ", mode.dmPaperWidth / 10.0, " mm");
+  addNumber("      Paper Height: ", mode.dmPaperLength / 10.0, " mm");
+  add("       Orientation: ", mode.dmOrientation == kPortrait ? "Portrait" : "Landscape");
+  addNumber("       Paper Width: ", caps.horzSize, " mm");
+  addNumber("      Paper Height: ", caps.vertSize, " mm");
+  add("              Port: ", printer.port);
+  addNumber("      Resolution X: ", caps.horzRes, " pixels");
+  addNumber("      Resolution Y: ", caps.vertRes, " pixels");
+  addNumber("    Physical Width: ", caps.physicalWidth, " pixels");
+  addNumber("   Physical Height: ", caps.physicalHeight, " pixels");
+  addNumber("       LogPixels X: ", caps.logPixelsX, " pixels per inch");
+  addNumber("       LogPixels Y: ", caps.logPixelsY, " pixels per inch");
+  addNumber(" Physical Offset X: ", caps.physicalOffsetX, " pixels");
+  addNumber(" Physical Offset Y: ", caps.physicalOffsetY, " pixels");
+  addNumber("  Scaling Factor X: ", caps.scalingFactorX);
+  addNumber("  Scaling Factor Y: ", caps.scalingFactorY);
+  addNumber("          Aspect X: ", caps.aspectX);
+  addNumber("          Aspect Y: ", caps.aspectY);
+  return node;
+}
+
+TreeNode papersNode(const Printer& printer) {
+  TreeNode node{"Paper Size"};
+  for (const Paper& paper : printer.papers) {
+    const MediaSize size = paper.media.size;
+    node.children.push_back({paper.name + "  (" +
+                             sizeText(tenthsOf(size.width) / 10.0, tenthsOf(size.length) / 10.0) +
+                             ")  (#" + numberText(paper.number) + ")"});
+  }
+  return node;
+}
+
+TreeNode resolutionsNode(const Printer& printer) {
+  TreeNode node{"Printer's Resolutions"};
+  const auto add = [&node](Dpi dpi) {
+    node.children.push_back({FloatToStr(dpi.x) + " x " + FloatToStr(dpi.y) + " DPI"});
+  };
+  std::for_each(printer.resolutions.begin(), printer.resolutions.end(), add);
+  if (printer.resolutions.empty()) add(printer.resolution);
+  return node;
+}
+
+TreeNode binsNode(const Printer& printer) {
+  TreeNode node{"Paper Sources"};
+  for (const Bin& bin : printer.bins) {
+    node.children.push_back({bin.name + "  ( #" + numberText(bin.number) + " )"});
+  }
+  return node;
+}
+
+TreeNode printerNode(const Printer& printer) {
+  return {printer.name,
+          {{"Driver Name: " + printer.driver},
+           {"Print Processor: " + printer.processor},
+           parametersNode(printer),
+           papersNode(printer),
+           resolutionsNode(printer),
+           binsNode(printer)}};
+}
+
+}  // namespace
+
+void FillPrinterTree(std::vector<TreeNode>& tree) {
+  tree.clear();
+  PrintSystem& system = printSystem();
+  system.refresh();
+  std::vector<const Printer*> printers;
+  for (const QueueName& queue : system.list()) {
+    const Printer* printer = system.find(queue.name);
+    tree.push_back(printer == nullptr ? TreeNode{queue.name} : printerNode(*printer));
+    tree.back().isDefault = queue.name == system.defaultName();
+    if (printer != nullptr) printers.push_back(printer);
+  }
+  if (tree.empty()) return;
+  tree.push_back(serverNode(printers));
+  std::reverse(tree.begin(), tree.end());
+}
+
+}  // namespace qor

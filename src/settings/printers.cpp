@@ -1,0 +1,144 @@
+// Measuring printers, and device modes made of page options.
+#include "settings/printers.h"
+
+#include "base/text.h"
+#include "base/units.h"
+#include "platform/print/print_system.h"
+
+namespace qor {
+namespace {
+
+// Measuring and printing build their device modes alike but for these two.
+enum class Purpose { measure, print };
+
+// The paper number that stands for the sheet's own width and height.
+int customPaperOf(Purpose purpose) {
+  return purpose == Purpose::measure ? kUserPaper : 0;
+}
+
+int tenths(double millimetres) {
+  return truncated(millimetres * 10);
+}
+
+void setPaper(DeviceMode& mode, const VSetPage& page, Purpose purpose) {
+  mode.dmFields |= DM_PAPERSIZE;
+  mode.dmPaperSize = page.PaperSize;
+  if (page.PaperSize != customPaperOf(purpose)) return;
+  mode.dmFields |= DM_PAPERLENGTH | DM_PAPERWIDTH;
+  mode.dmPaperSize = kUserPaper;
+  const bool turned = mode.dmOrientation == kLandscape;
+  mode.dmPaperLength = tenths(turned ? page.PaperWidth : page.PaperHeight);
+  mode.dmPaperWidth = tenths(turned ? page.PaperHeight : page.PaperWidth);
+}
+
+DeviceMode deviceModeOf(const Printer& printer, const VSetPage& page, Purpose purpose) {
+  DeviceMode mode = printer.mode;
+  mode.dmFields = 0;
+  if (page.Orientation != 0) {
+    mode.dmFields |= DM_ORIENTATION;
+    mode.dmOrientation = page.landscape() ? kLandscape : kPortrait;
+  }
+  if (page.PaperSize != printer.mode.dmPaperSize) setPaper(mode, page, purpose);
+  if (page.NumOfCopies != 1) {
+    mode.dmFields |= DM_COPIES;
+    mode.dmCopies = purpose == Purpose::measure ? -page.NumOfCopies : page.NumOfCopies;
+  }
+  if (page.SortByCopies) {
+    mode.dmFields |= DM_COLLATE;
+    mode.dmCollate = 1;
+  }
+  if (page.PrintQuality != 0) {
+    mode.dmFields |= DM_PRINTQUALITY;
+    mode.dmPrintQuality = -page.PrintQuality;
+  }
+  if (page.PrintColor != 0) {
+    mode.dmFields |= DM_COLOR;
+    mode.dmColor = page.PrintColor;
+  }
+  return mode;
+}
+
+std::int32_t scaled(std::int32_t dotsPerInch, int percent, bool scale) {
+  return scale ? clamped(std::int64_t{dotsPerInch} * percent / 100) : dotsPerInch;
+}
+
+PrintMetrics metricsOf(const DeviceMode& mode, const DeviceCaps& caps, int percent, bool scale) {
+  return {mode.dmOrientation,
+          scaled(caps.logPixelsX, percent, scale),
+          scaled(caps.logPixelsY, percent, scale),
+          caps.horzRes,
+          caps.vertRes,
+          caps.horzSize,
+          caps.vertSize,
+          caps.physicalWidth,
+          caps.physicalHeight,
+          caps.physicalOffsetX,
+          caps.physicalOffsetY};
+}
+
+}  // namespace
+
+void InitPrinters() {
+  printSystem().refresh();
+  gPrinterMeasured = false;
+  MeasureDefaultPrinter();
+}
+
+std::string GetDefaultPrinterName() {
+  return printSystem().defaultName();
+}
+
+const Printer* FindPrinter(const std::string& name) {
+  return printSystem().find(name.empty() ? GetDefaultPrinterName() : name);
+}
+
+void MeasurePrinter(const Printer& printer, VSetPrn& measures) {
+  const DeviceCaps caps = deviceCaps(printer, printer.mode);
+  measures.ResolutionX = printer.mode.dmPrintQuality;
+  measures.ResolutionY = printer.mode.dmColor;
+  measures.Orientation = caps.horzSize < caps.vertSize ? kPortrait : kLandscape;
+  measures.HorzRes = caps.horzRes;
+  measures.VertRes = caps.vertRes;
+  measures.LogPixelsX = caps.logPixelsX;
+  measures.LogPixelsY = caps.logPixelsY;
+  measures.HorzSize = caps.horzSize;
+  measures.VertSize = caps.vertSize;
+  measures.PhysicalWidth = caps.physicalWidth;
+  measures.PhysicalHeight = caps.physicalHeight;
+  measures.PhysicalOffsetX = caps.physicalOffsetX;
+  measures.PhysicalOffsetY = caps.physicalOffsetY;
+  measures.DeviceName = printer.name;
+  measures.PortName = upTo(printer.port, ',');
+  gPrinterMeasured = true;
+}
+
+bool MeasureNamedPrinter(const std::string& name, VSetPrn* target) {
+  const Printer* printer = FindPrinter(name);
+  if (printer != nullptr) MeasurePrinter(*printer, target == nullptr ? gDefaultPrn : *target);
+  return gPrinterMeasured;
+}
+
+bool MeasureDefaultPrinter() {
+  return MeasureNamedPrinter({}, nullptr);
+}
+
+int UpdatePrintMetrics(const std::string& printerName, const VSetPage& page, int scalePercent,
+                       bool scaleFlag) {
+  const Printer* printer = FindPrinter(printerName);
+  if (printer == nullptr) return 0;
+  const DeviceMode mode = deviceModeOf(*printer, page, Purpose::measure);
+  gPrintMetrics = metricsOf(mode, deviceCaps(*printer, mode), scalePercent, scaleFlag);
+  return 1;
+}
+
+std::unique_ptr<PrintContext> CreatePrintDC(const std::string& printerName, const VSetPage& page,
+                                            int scalePercent, bool scaleFlag) {
+  const Printer* printer = FindPrinter(printerName);
+  if (printer == nullptr) return nullptr;
+  auto context =
+      std::make_unique<PrintContext>(*printer, deviceModeOf(*printer, page, Purpose::print));
+  gPrintMetrics = metricsOf(context->mode(), context->caps(), scalePercent, scaleFlag);
+  return context;
+}
+
+}  // namespace qor

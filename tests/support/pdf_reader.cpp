@@ -1,0 +1,64 @@
+#include "support/pdf_reader.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <sstream>
+#include <stdexcept>
+
+#include "support/program.h"
+#include "support/temporary_directory.h"
+
+namespace qor::test {
+namespace {
+
+constexpr double kMillimetresPerPoint = 25.4 / 72;
+
+std::string valueBehind(const std::string& text, const std::string& key, const char* end) {
+  const auto place = text.find(key);
+  if (place == std::string::npos) return {};
+  const auto first = text.find_first_not_of(' ', place + key.size());
+  return text.substr(first, text.find(end, first) - first);
+}
+
+double millimetres(const std::string& line, const std::string& key) {
+  return std::atof(valueBehind(line, key + "=\"", "\"").c_str()) * kMillimetresPerPoint;
+}
+
+}  // namespace
+
+PdfWord PdfDocument::word(const std::string& text) const {
+  const auto found = std::find_if(words.begin(), words.end(),
+                                  [&text](const PdfWord& word) { return word.text == text; });
+  return found == words.end() ? PdfWord{} : *found;
+}
+
+PdfDocument readPdf(const std::string& path) {
+  PdfDocument document;
+  const std::string information = run({"pdfinfo", path}).output;
+  document.pages = std::atoi(valueBehind(information, "Pages:", "\n").c_str());
+  document.title = valueBehind(information, "Title:", "\n");
+  std::istringstream boxes(run({"pdftotext", "-bbox", path, "-"}).output);
+  int page = 0;
+  for (std::string line; std::getline(boxes, line);) {
+    if (line.find("<page ") != std::string::npos && ++page == 1) {
+      document.width = millimetres(line, "width");
+      document.height = millimetres(line, "height");
+    }
+    if (line.find("<word ") == std::string::npos) continue;
+    document.words.push_back({page, millimetres(line, "xMin"), millimetres(line, "yMin"),
+                              valueBehind(line, "\">", "</word>")});
+  }
+  return document;
+}
+
+Picture renderPdf(const std::string& path, int page) {
+  const TemporaryDirectory place;
+  const std::string number = std::to_string(page);
+  run({"pdftoppm", "-r", "96", "-png", "-singlefile", "-f", number, "-l", number, path,
+       place.path("page")});
+  auto picture = decodePicture(place.read("page.png"));
+  if (!picture) throw std::runtime_error("no page " + number + " in " + path);
+  return *picture;
+}
+
+}  // namespace qor::test

@@ -5,11 +5,12 @@ set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config
   libcairo2-dev libfreetype-dev libfontconfig-dev libpng-dev libjpeg62-turbo-dev libgif-dev
-  libzxing-dev libcups2-dev
+  libzxing-dev libcups2-dev libharfbuzz-dev libdeflate-dev
   fontconfig fonts-liberation2 fonts-dejavu-core)
 for group in "$@"; do
   case $group in
-    test) packages+=(libgtest-dev imagemagick-6.q16 zbar-tools locales cups poppler-utils) ;;
+    test) packages+=(libgtest-dev imagemagick-6.q16 zbar-tools locales cups poppler-utils
+      qpdf) ;;
     bench) packages+=(mupdf-tools python3 libzint-dev qt6-base-dev) ;;
     fuzz) packages+=(clang-14 libclang-rt-14-dev) ;;
     *) echo "setup.sh: no such group: $group" >&2; exit 2 ;;

@@ -1,20 +1,39 @@
 // Pictures of barcodes beside the report, which exporters that can't draw link to.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace qor {
 
 class VData_BarCode;
+class VDocPage;
 
-// "<report>_barcode_<value>_<x>_<y>" and the ending; x and y in whole millimetres. Empty where the
+// Where the picture of a barcode is found: the start of its name, the value in its code page, and
+// the place in twips.
+struct BarcodePlace {
+  std::string_view stem;
+  std::string_view value;
+  int codePage = 0;
+  std::int32_t left = 0;
+  std::int32_t top = 0;
+};
+
+// "<stem>_barcode_<value>_<x>_<y>" and the ending; x and y in whole millimetres. Empty where the
 // value can't be part of a file name.
+std::string barcodePictureName(const BarcodePlace& place, std::string_view ending);
+
+// The same with the stem of the report.
 std::string barcodePictureName(const VData_BarCode& code, std::string_view ending);
 
 // Writes the symbol in both endings, ".jpeg" and ".jpg", with the dots of a device of this
 // resolution and never more of them than the page has. A picture that can't be made or written is
 // left out.
 void writeBarcodePictures(VData_BarCode& code, int dpi);
+
+// The pictures of all barcodes of a page, at 96 dots per inch, for exporters that link to them
+// without drawing. They start with the stem.
+void writeBarcodePicturesOf(VDocPage& page, std::string_view stem);
 
 }  // namespace qor

@@ -1,32 +1,25 @@
 // Pictures of a report, from their files.
 #include <algorithm>
-#include <array>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "base/path.h"
-#include "base/text.h"
+#include "document/picture_file.h"
 #include "document/vdata.h"
 #include "document/vset.h"
-#include "platform/input_file.h"
 #include "platform/picture.h"
-#include "platform/text_encoding.h"
 
 namespace qor {
 namespace {
 
-constexpr std::array<std::string_view, 6> kExtensions = {".png", ".jpg", ".jpeg",
-                                                         ".gif", ".bmp", ".ico"};
-constexpr std::uint64_t kMaxPictureFile = 256U << 20;
 constexpr std::size_t kLargePixels = 1U << 20;
 
 // A report repeats its logo on each page: the pictures used last are kept decoded, by the bytes of
 // their files.
 class RecentPictures {
  public:
-  std::shared_ptr<const Picture> get(const std::string& path) {
-    const auto file = readWholeFile(path, kMaxPictureFile);
+  std::shared_ptr<const Picture> get(std::string_view fileName, int codePage) {
+    const auto file = readPictureFile(fileName, codePage);
     if (!file) return nullptr;
     const auto kept = std::find_if(kept_.begin(), kept_.end(),
                                    [&](const Entry& entry) { return entry.file == *file; });
@@ -69,19 +62,6 @@ RecentPictures& recentPictures() {
   return pictures;
 }
 
-// The file's name for the system. A name with "\" is tried with "/" where it is not found.
-std::string systemName(std::string_view fileName, int codePage) {
-  std::string name = utf8FromCodePage(fileName, codePage);
-  if (name.find('\\') == std::string::npos || fileExists(name)) return name;
-  std::replace(name.begin(), name.end(), '\\', '/');
-  return name;
-}
-
-bool hasPictureExtension(std::string_view name) {
-  const std::string extension = lowerAscii(extensionOf(name));
-  return std::find(kExtensions.begin(), kExtensions.end(), extension) != kExtensions.end();
-}
-
 }  // namespace
 
 void VData_Image::Load() {
@@ -95,9 +75,7 @@ void VData_Image::Load() {
     ErrorText = "Resim yok";
     return;
   }
-  if (hasPictureExtension(FileName)) {
-    Bitmap = recentPictures().get(systemName(FileName, Settings->Page.BaseCodePage));
-  }
+  Bitmap = recentPictures().get(FileName, Settings->Page.BaseCodePage);
   if (!Bitmap) ErrorText = FileName;
 }
 

@@ -37,7 +37,7 @@ constexpr std::array<ExtensionRow, 13> kExporters = {{
     {".html", [](VDoc& doc, ExportOptions& options) { ExportHtml(doc, options); }},
     {".rtf", exportNothing},
     {".doc", exportNothing},
-    {".pdf", exportNothing},
+    {".pdf", [](VDoc& doc, ExportOptions& options) { ExportPdf(doc, options); }},
     {".bmp", exportImage<kImageBmp>},
     {".jpeg", exportImage<kImageJpeg>},
     {".gif", exportImage<kImageGif>},

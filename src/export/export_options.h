@@ -18,6 +18,7 @@ struct ExportOptions {
   bool SaveDocPictures = false;
   bool PrintToPdfPrinter = false;
   bool ScaleToPaper = false;
+  int PaperScale = 100;  // percent, where the page is to be scaled to the paper
   std::bitset<kImageFormatCount> ImageFormats;
   bool PagePerSheet = false;
   char CsvSeparator = ';';

@@ -23,6 +23,11 @@ void LineToText(const VDocStr& line, std::string& text);
 void ExportHtml(VDoc& doc, const ExportOptions& options);
 void LineToHtml(const VDocStr& line, bool savePictures, std::string& html);
 
+// The document as PDF. Page by page, so that memory doesn't grow with it; the printer that makes
+// PDF files takes it where the options say so. 0, or -1 where the resource file beside the program
+// is missing, which has been told.
+int ExportPdf(VDoc& doc, const ExportOptions& options);
+
 // One picture of each page in each chosen format, 96 dots per inch. Appends the names to `files`
 // and returns kExportFiles.
 int ExportImages(VDoc& doc, const ExportOptions& options, ExportFileList& files);

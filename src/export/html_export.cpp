@@ -6,6 +6,7 @@
 #include "barcode/barcode_picture.h"
 #include "base/app_options.h"
 #include "base/errors.h"
+#include "base/path.h"
 #include "base/text.h"
 #include "base/units.h"
 #include "document/code_page.h"
@@ -67,17 +68,6 @@ void appendBarcode(const VData_BarCode& code, std::string& html) {
   appendSize(picture->width, picture->height, html);
 }
 
-// Barcodes are linked as pictures, which drawing them would have left: here nobody draws.
-void writeBarcodePicturesOf(VDocPage& page) {
-  for (VDocStr& line : page.lines()) {
-    for (VData& item : line.items()) {
-      auto* code = dynamic_cast<VData_BarCode*>(&item);
-      if (code != nullptr && !trimmed(code->Value).empty())
-        writeBarcodePictures(*code, kPictureDpi);
-    }
-  }
-}
-
 std::string headOf(const VDoc& doc) {
   const int codePage = doc.Settings.Page.BaseCodePage;
   const auto line = [](std::string text) { return text + "\r\n"; };
@@ -115,7 +105,9 @@ void ExportHtml(VDoc& doc, const ExportOptions& options) {
   std::string html;
   for (std::int32_t number = 1; number <= doc.PageCount; ++number) {
     const LoadedPage page(doc, number, options.PageMode);
-    if (options.SaveHtmlPictures) writeBarcodePicturesOf(*page);
+    if (options.SaveHtmlPictures) {
+      writeBarcodePicturesOf(*page, sideFileStem(AppOptions.FileName));
+    }
     for (const VDocStr& line : page->lines()) {
       html.clear();
       LineToHtml(line, options.SaveHtmlPictures, html);

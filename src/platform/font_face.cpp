@@ -26,6 +26,9 @@ void measureCell(FT_Face face, FaceMeasures& measures) {
   measures.ascent = os2 != nullptr ? os2->usWinAscent : face->ascender;
   measures.descent = os2 != nullptr ? os2->usWinDescent : -face->descender;
   measures.averageWidth = os2 != nullptr ? os2->xAvgCharWidth : face->max_advance_width;
+  // Older tables don't tell it; in most faces it is about this part of the ascent.
+  measures.capHeight =
+      os2 != nullptr && os2->version >= 2 ? os2->sCapHeight : face->ascender * 0.75;
   if (hhea != nullptr) {
     const double beyondCell =
         measures.ascent + measures.descent - (hhea->Ascender - hhea->Descender);
@@ -49,7 +52,8 @@ void measureStrokes(FT_Face face, FaceMeasures& measures) {
 
 }  // namespace
 
-FontFace::FontFace(const std::string& file, int index, FaceStyle style) : style_(style) {
+FontFace::FontFace(const std::string& file, int index, FaceStyle style)
+    : file_(file), index_(index), style_(style) {
   if (FT_New_Face(library(), file.c_str(), index, &face_) != 0) {
     throw FileError(file + ": the font can't be read");
   }

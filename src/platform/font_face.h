@@ -26,6 +26,7 @@ struct FaceMeasures {
   double descent = 0;          // OS/2 usWinDescent
   double externalLeading = 0;  // hhea gap beyond the cell
   double averageWidth = 0;     // OS/2 xAvgCharWidth
+  double capHeight = 0;        // OS/2 sCapHeight
   double underlineOffset = 0;
   double underlineThickness = 0;
   double strikeOutOffset = 0;
@@ -40,6 +41,8 @@ class FontFace {
   FontFace(const FontFace&) = delete;
   FontFace& operator=(const FontFace&) = delete;
 
+  const std::string& file() const { return file_; }
+  int index() const { return index_; }
   FT_Face handle() const { return face_; }
   FaceStyle style() const { return style_; }
   const FaceMeasures& measures() const { return measures_; }
@@ -49,6 +52,8 @@ class FontFace {
   double advance(std::uint32_t glyph) const;  // font units
 
  private:
+  std::string file_;
+  int index_;
   FT_Face face_ = nullptr;
   FaceStyle style_;
   FaceMeasures measures_;

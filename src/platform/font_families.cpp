@@ -24,6 +24,7 @@ struct ObjectSetDeleter {
 struct FontSetDeleter {
   void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
 };
+using Pattern = std::unique_ptr<FcPattern, PatternDeleter>;
 using FontSet = std::unique_ptr<FcFontSet, FontSetDeleter>;
 
 // Letters that a character set has and its neighbours lack.
@@ -40,7 +41,7 @@ std::u32string lettersOf(int charset) {
 }
 
 FontSet trueTypeFonts() {
-  const std::unique_ptr<FcPattern, PatternDeleter> pattern(FcPatternCreate());
+  const Pattern pattern(FcPatternCreate());
   FcPatternAddString(pattern.get(), FC_FONTFORMAT, reinterpret_cast<const FcChar8*>("TrueType"));
   const std::unique_ptr<FcObjectSet, ObjectSetDeleter> objects(
       FcObjectSetBuild(FC_FAMILY, FC_CHARSET, FC_SYMBOL, nullptr));
@@ -67,7 +68,28 @@ bool serves(FcPattern* font, int charset, std::u32string_view letters) {
   return hasAll(font, letters);
 }
 
+// The family that fontconfig takes for a name.
+std::string matchedFamily(const std::string& name) {
+  const Pattern pattern(FcPatternCreate());
+  FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(name.c_str()));
+  FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
+  FcDefaultSubstitute(pattern.get());
+  FcResult result = FcResultNoMatch;
+  const Pattern found(FcFontMatch(nullptr, pattern.get(), &result));
+  FcChar8* family = nullptr;
+  if (!found || FcPatternGetString(found.get(), FC_FAMILY, 0, &family) != FcResultMatch) return {};
+  return reinterpret_cast<const char*>(family);
+}
+
 }  // namespace
+
+bool hasFamily(const std::string& name) {
+  const std::string family = matchedFamily(name);
+  if (lowerUtf8(family) == lowerUtf8(name)) return true;
+  // What comes for a name that nobody has is no stand-in.
+  static const std::string anyFamily = matchedFamily("no such family");
+  return family != anyFamily;
+}
 
 std::vector<std::string> trueTypeFamilies(int charset) {
   const std::u32string letters = lettersOf(charset);

@@ -10,4 +10,8 @@ namespace qor {
 // order and each once.
 std::vector<std::string> trueTypeFamilies(int charset);
 
+// True if the system has the family (UTF-8) or one that is made to stand in for it, and not just
+// any.
+bool hasFamily(const std::string& name);
+
 }  // namespace qor

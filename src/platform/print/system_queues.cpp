@@ -1,18 +1,12 @@
-// Loading the module of the machine's print system, on POSIX.
+// Loading the module of the machine's print system.
 #include "platform/print/system_queues.h"
 
-#include <dlfcn.h>
-
-#include "platform/directory.h"
+#include "platform/module.h"
 
 namespace qor {
 
 std::unique_ptr<PrintQueues> loadSystemQueues() {
-  const std::string file = programDirectory() + "qor_cups.so";
-  // Never unloaded: the queues live as long as the process.
-  void* module = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
-  if (module == nullptr) return nullptr;
-  auto* make = reinterpret_cast<MakeSystemQueues*>(::dlsym(module, kMakeSystemQueues));
+  auto* make = reinterpret_cast<MakeSystemQueues*>(moduleSymbol("qor_cups", kMakeSystemQueues));
   return std::unique_ptr<PrintQueues>(make == nullptr ? nullptr : make());
 }
 

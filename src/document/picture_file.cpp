@@ -1,0 +1,36 @@
+// Finding picture files.
+#include "document/picture_file.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/path.h"
+#include "base/text.h"
+#include "platform/input_file.h"
+#include "platform/text_encoding.h"
+
+namespace qor {
+namespace {
+
+constexpr std::array<std::string_view, 6> kExtensions = {".png", ".jpg", ".jpeg",
+                                                         ".gif", ".bmp", ".ico"};
+constexpr std::uint64_t kMaxPictureFile = 256U << 20;
+
+std::string systemName(std::string_view fileName, int codePage) {
+  std::string name = utf8FromCodePage(fileName, codePage);
+  if (name.find('\\') == std::string::npos || fileExists(name)) return name;
+  std::replace(name.begin(), name.end(), '\\', '/');
+  return name;
+}
+
+}  // namespace
+
+std::optional<std::string> readPictureFile(std::string_view fileName, int codePage) {
+  const std::string extension = lowerAscii(extensionOf(fileName));
+  const bool known =
+      std::find(kExtensions.begin(), kExtensions.end(), extension) != kExtensions.end();
+  if (!known) return std::nullopt;
+  return readWholeFile(systemName(fileName, codePage), kMaxPictureFile);
+}
+
+}  // namespace qor

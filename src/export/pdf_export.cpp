@@ -1,0 +1,115 @@
+// Reports as PDF documents: through the markup, or as a print job into a file.
+#include <cstdlib>
+#include <ctime>
+#include <string>
+
+#include "barcode/barcode_picture.h"
+#include "base/app_options.h"
+#include "base/errors.h"
+#include "base/interface_texts.h"
+#include "base/path.h"
+#include "base/text.h"
+#include "document/code_page_tables.h"
+#include "document/vdoc.h"
+#include "export/exporters.h"
+#include "export/loaded_page.h"
+#include "export/pdf_markup.h"
+#include "export/pdf_writer.h"
+#include "platform/directory.h"
+#include "platform/input_file.h"
+#include "platform/messages.h"
+#include "platform/output_file.h"
+#include "platform/print/pdf_file_printer.h"
+
+namespace qor {
+namespace {
+
+constexpr int kResourcesMissing = -1;
+constexpr std::int32_t kUprightWidth = 595;  // points
+constexpr std::int32_t kLandscapeWidth = 842;
+
+std::string missingText(const std::string& path, int codePage) {
+  if (codePage == 1251) return path + " файл не найден!";
+  if (codePage == 1254) return path + " dosyas? bulunamad?!";
+  return "File " + path + " was not found!";
+}
+
+// Documents of the same report are the same where the time is told, as builders of packages do it.
+std::time_t creationTime() {
+  const char* fixed = std::getenv("SOURCE_DATE_EPOCH");
+  const auto seconds = fixed == nullptr ? std::nullopt : parseInteger(fixed);
+  return seconds ? *seconds : std::time(nullptr);
+}
+
+// The language of texts in a code page, where it tells one.
+const char* languageOf(int codePage) {
+  switch (codePage) {
+    case 866:
+    case 1251: return "ru";
+    case 857:
+    case 1254: return "tr";
+    default: return "";
+  }
+}
+
+PdfInformation informationOf(const VDoc& doc) {
+  const std::string report(baseNameOf(AppOptions.FileName));
+  return {AppOptions.WindowCaption.empty() ? report : AppOptions.WindowCaption,
+          languageOf(doc.Settings.Page.BaseCodePage),
+          AppOptions.ProgramName + " " + AppOptions.ProgramVersion, creationTime()};
+}
+
+PdfEncoding encodingOf(int codePage) {
+  PdfEncoding encoding = encodingOfCodePage(codePage);
+  if (codePage == 857) std::copy(kCodePage857.begin(), kCodePage857.end(), encoding.begin() + 128);
+  return encoding;
+}
+
+int exportByPrinter(VDoc& doc, const ExportOptions& options) {
+  AppOptions.PrinterName = kPdfFilePrinter;
+  doc.PrintScale = options.ScaleToPaper ? options.PaperScale : 100;
+  doc.PrintScaleFlag = options.ScaleToPaper;
+  doc.PrintToFile(options.TargetName);
+  return 0;
+}
+
+void writePages(VDoc& doc, const ExportOptions& options, PdfDocument& document) {
+  const int codePage = doc.Settings.Page.BaseCodePage;
+  const std::string stem(sideFileStem(options.TargetName));
+  const std::int32_t width = doc.Settings.Page.landscape() ? kLandscapeWidth : kUprightWidth;
+  document.defineEncoding("cp" + std::to_string(codePage), encodingOf(codePage));
+  PdfWriter writer(document, width, codePage, stem);
+  PdfLines lines;
+  for (std::int32_t number = 1; number <= doc.PageCount; ++number) {
+    const LoadedPage page(doc, number, options.PageMode);
+    writeBarcodePicturesOf(*page, stem);
+    lines.clear();
+    for (const VDocStr& line : page->lines()) {
+      lines.emplace_back();
+      LineToMarkup(line, lines, lines.size() - 1);
+    }
+    if (number != doc.PageCount) lines.back().emplace_back(1, kPageMark);
+    writer.WritePdf(lines);
+  }
+  writer.endPage();
+}
+
+}  // namespace
+
+int ExportPdf(VDoc& doc, const ExportOptions& options) {
+  if (options.PrintToPdfPrinter) return exportByPrinter(doc, options);
+  const std::string resources = programDirectory() + "pdflib.upr";
+  if (!fileExists(resources)) {
+    showWarning(missingText(resources, doc.Settings.Page.BaseCodePage));
+    return kResourcesMissing;
+  }
+  OutputFile file(options.TargetName);
+  PdfDocument document(file, informationOf(doc));
+  document.setResourceFile(resources);
+  writePages(doc, options, document);
+  document.finish();
+  file.commit();
+  return 0;
+}
+
+}  // namespace qor

@@ -1,0 +1,86 @@
+// Lines as records of bracket markup, the language between the items of a report and the writer of
+// PDF pages. A record is a text followed by fields "[name:value:name]"; nothing is escaped, and
+// fields are found by searching for their marks.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qor {
+
+class VDocStr;
+
+// The records of each line.
+using PdfLines = std::vector<std::vector<std::string>>;
+
+// The record that ends a page and starts the next one.
+inline constexpr char kPageMark = '\f';
+
+// Appends the records of a line, one for each item, to list number `index`. The first of them ends
+// with a line feed for each item.
+void LineToMarkup(const VDocStr& line, PdfLines& lines, std::size_t index);
+
+// Fields by their names.
+enum class PdfField {
+  fn,
+  fs,
+  fc,
+  fb,
+  fi,
+  tl,
+  tt,
+  tr,
+  tc,
+  ta,
+  tb,
+  th,
+  tv,  // texts
+  st,
+  gl,
+  gt,
+  gr,
+  gb,
+  gc,
+  pt,   // shapes
+  bcv,  // barcodes
+  ist,
+  ifn,
+  il,
+  it,
+  ir,
+  ib,
+  ic,
+  iss,  // pictures
+  count
+};
+
+// A record as it is read: the values of its fields, each where its marks are found first.
+class MarkupRecord {
+ public:
+  // The record must live as long.
+  explicit MarkupRecord(std::string_view record);
+
+  // Empty where the field isn't there.
+  std::string_view operator[](PdfField field) const {
+    return values_[static_cast<std::size_t>(field)];
+  }
+  // True where the field starts, whether it ends or not.
+  bool has(PdfField field) const { return has_[static_cast<std::size_t>(field)]; }
+
+  // What stands before the name of the font; nothing where there is none.
+  std::string_view plainText() const { return plainText_; }
+  std::string_view whole() const { return whole_; }
+
+ private:
+  static constexpr auto kCount = static_cast<std::size_t>(PdfField::count);
+
+  std::string_view whole_;
+  std::string_view plainText_;
+  std::array<std::string_view, kCount> values_{};
+  std::array<bool, kCount> has_{};
+};
+
+}  // namespace qor

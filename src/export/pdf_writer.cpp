@@ -1,0 +1,264 @@
+// Records on pages. Every page is taken to be 842 points high, and positions that a text has set go
+// on for the texts behind it: readers of these documents know them so.
+#include "export/pdf_writer.h"
+
+#include <charconv>
+#include <optional>
+#include <utility>
+
+#include "barcode/barcode_picture.h"
+#include "base/text.h"
+#include "base/units.h"
+#include "document/picture_file.h"
+#include "platform/color.h"
+#include "platform/font_families.h"
+#include "platform/input_file.h"
+#include "platform/text_encoding.h"
+
+namespace qor {
+namespace {
+
+constexpr double kPageHeight = 842;
+constexpr const char* kUsualFace = "Courier New";
+constexpr double kUsualSize = 9;
+constexpr std::uint64_t kMaxBarcodePicture = 64U << 20;
+constexpr double kImageDpi = 96;
+
+std::int32_t integerOf(std::string_view value) {
+  std::int64_t number = 0;
+  std::from_chars(value.data(), value.data() + value.size(), number);
+  return clamped(number);
+}
+
+double realOf(std::string_view value) {
+  double number = 0;
+  std::from_chars(value.data(), value.data() + value.size(), number);
+  return number;
+}
+
+// Whole points, and points.
+double wholePoints(std::string_view twips) {
+  return static_cast<double>(std::int64_t{integerOf(twips)} * kPointsPerInch / kTwipsPerInch);
+}
+
+double points(double twips) {
+  return twips * kPointsPerInch / kTwipsPerInch;
+}
+
+PdfColor colorOf(std::string_view value) {
+  std::uint32_t number = 0;
+  std::from_chars(value.data(), value.data() + value.size(), number);
+  const auto color = static_cast<Color>(number);
+  return {redOf(color) / 255.0, greenOf(color) / 255.0, blueOf(color) / 255.0};
+}
+
+std::string decimal(double value) {
+  std::array<char, 40> digits;
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+  return std::string(digits.data(), end);
+}
+
+std::string boxOption(double width, double height) {
+  return "boxsize={" + decimal(width) + " " + decimal(height) + "}";
+}
+
+// Lengths on and off by pen type.
+std::span<const double> dashesOf(std::int32_t penType) {
+  static constexpr std::array<double, 2> dash = {4, 2};
+  static constexpr std::array<double, 2> dot = {2, 2};
+  static constexpr std::array<double, 4> dashDot = {4, 3, 1, 3};
+  static constexpr std::array<double, 6> dashDotDot = {4, 3, 1, 3, 1, 3};
+  switch (penType) {
+    case 2: return dash;
+    case 3: return dot;
+    case 4: return dashDot;
+    case 5: return dashDotDot;
+    default: return {};
+  }
+}
+
+// The face that is written for one that a record names.
+std::string faceFor(const std::string& name) {
+  return name.empty() || name == "Courier" || !hasFamily(name) ? kUsualFace : name;
+}
+
+}  // namespace
+
+PdfWriter::PdfWriter(PdfDocument& document, std::int32_t pageWidth, int codePage, std::string stem)
+    : document_(document),
+      pageWidth_(pageWidth),
+      codePage_(codePage),
+      encoding_("cp" + std::to_string(codePage)),
+      stem_(std::move(stem)) {
+  document_.beginPage(pageWidth_, kPageHeight);
+  document_.setTextPosition(0, kPageHeight);
+}
+
+void PdfWriter::WritePdf(const PdfLines& lines) {
+  for (const auto& line : lines) {
+    for (const std::string& text : line) {
+      const MarkupRecord record(text);
+      // Pictures and barcodes are empty texts as well: their lines go on below.
+      if (record.has(PdfField::st)) {
+        writeShape(record);
+      } else {
+        writeText(record);
+      }
+      if (record.has(PdfField::ist)) writeImage(record);
+      if (record.has(PdfField::bcv)) writeBarcode(record);
+    }
+  }
+}
+
+void PdfWriter::newPage() {
+  document_.endPage();
+  document_.beginPage(pageWidth_, kPageHeight);
+  document_.setTextPosition(0, kPageHeight);
+}
+
+// Loads and sets the font of a record; gives its size.
+double PdfWriter::selectFont(const MarkupRecord& record) {
+  const std::string_view name = record[PdfField::fn];
+  auto face = faces_.find(name);
+  if (face == faces_.end()) {
+    const std::string key(name);
+    face = faces_.emplace(key, faceFor(utf8FromCodePage(key, codePage_))).first;
+  }
+  std::string styled = face->second;
+  if (record[PdfField::fb] == "1") styled += ",Bold";
+  if (record[PdfField::fi] == "1") styled += ",Italic";
+  const double size = record[PdfField::fs].empty() ? kUsualSize : realOf(record[PdfField::fs]);
+  document_.setFont(document_.loadFont(styled, encoding_), size);
+  return size;
+}
+
+// How a text stands in its box; empty for a text without one.
+std::string PdfWriter::fitOptionsOf(const MarkupRecord& record, double size) const {
+  if (record[PdfField::ta].empty() || record[PdfField::tb].empty()) return {};
+  static constexpr std::array<const char*, 3> kAcross = {"left", "center", "right"};
+  const std::int32_t across = integerOf(record[PdfField::th]);
+  const std::int32_t along = integerOf(record[PdfField::tv]);
+  const double width = wholePoints(record[PdfField::ta]) - wholePoints(record[PdfField::tl]);
+  double height = wholePoints(record[PdfField::tt]) - wholePoints(record[PdfField::tb]);
+  if (along == 0 || along == 2) height += size;
+  const std::string words = across < 0 || across > 2
+                                ? ""
+                                : std::string(kAcross[static_cast<std::size_t>(across)]) +
+                                      (along == 2 ? " top" : " center");
+  return boxOption(width, height) + "  position={" + words + "}";
+}
+
+void PdfWriter::writeText(const MarkupRecord& record) {
+  const std::string_view placed = record[PdfField::tc];
+  const std::string_view text = trimmed(placed).empty() ? record.plainText() : placed;
+  const double angle = realOf(record[PdfField::tr]) / 10;
+  if (!record[PdfField::fc].empty()) color_ = colorOf(record[PdfField::fc]);
+  if (record.whole().find(kPageMark) != std::string_view::npos) newPage();
+  const double size = selectFont(record);
+  document_.setLeading(size + 1);
+  document_.setFillColor(color_);
+  if (!record[PdfField::tl].empty()) left_ = realOf(record[PdfField::tl]);
+  if (!record[PdfField::tt].empty()) top_ = realOf(record[PdfField::tt]);
+  const bool positioned = left_ > 0 || top_ > 0;
+  const PdfPoint before = document_.currentPoint();
+  std::string options;
+  if (positioned) {
+    document_.setTextPosition(points(left_), kPageHeight - points(top_) - size);
+    options = fitOptionsOf(record, size);
+  }
+  if (angle > 0) {
+    const PdfPoint corner = document_.textPosition();
+    document_.save();
+    document_.translate(corner.x, corner.y);
+    document_.rotate(angle);
+  }
+  const bool newLine = record.whole().find('\n') != std::string_view::npos;
+  if (newLine && record.has(PdfField::tl)) document_.setLeading(0);
+  if (angle > 0) document_.setTextPosition(0, 0);
+  if (!options.empty()) {
+    document_.fitTextline(placed, points(left_), kPageHeight - points(top_), options);
+  } else if (newLine) {
+    document_.continueText(text);
+  } else {
+    document_.show(text);
+  }
+  if (angle > 0) document_.restore();
+  // The point is in points already, and is scaled all the same.
+  if (positioned)
+    document_.setTextPosition(points(before.x), kPageHeight - points(before.y) - size);
+}
+
+void PdfWriter::writeShape(const MarkupRecord& record) {
+  enum { kLine = 1, kRectangle = 2 };
+  constexpr std::int32_t kPenTypes = 6;
+  document_.setStrokeColor(colorOf(record[PdfField::gc]));
+  const double left = wholePoints(record[PdfField::gl]);
+  const double right = wholePoints(record[PdfField::gr]);
+  const double top = kPageHeight - wholePoints(record[PdfField::gt]);
+  const double bottom = kPageHeight - wholePoints(record[PdfField::gb]);
+  const std::int32_t type = integerOf(record[PdfField::st]);
+  const std::int32_t pen = integerOf(record[PdfField::pt]);
+  if (type == kLine) {
+    document_.moveTo(left, top);
+    document_.lineTo(right, bottom);
+    document_.stroke();
+  } else if (type == kRectangle && pen >= 0 && pen < kPenTypes) {
+    document_.setDash(dashesOf(pen));
+    document_.rectangle(left, top, right - left, bottom - top);
+    document_.stroke();
+    document_.setDash({});
+  }
+}
+
+void PdfWriter::writeImage(const MarkupRecord& record) {
+  enum { kNatural = 0, kEntire = 1, kMeet = 2 };
+  const std::int32_t frame = integerOf(record[PdfField::ic]);
+  document_.setStrokeColor(frame == 0 ? PdfColor{1, 1, 1} : colorOf(record[PdfField::ic]));
+  const double left = points(realOf(record[PdfField::il]));
+  const double width = points(realOf(record[PdfField::ir])) - left;
+  const double height = points(realOf(record[PdfField::ib]) - realOf(record[PdfField::it]));
+  const double bottom = kPageHeight - height - points(realOf(record[PdfField::it]));
+  const double corner = wholePoints(record[PdfField::il]);
+  const double top = kPageHeight - wholePoints(record[PdfField::it]);
+  const std::int32_t stretch = integerOf(record[PdfField::iss]);
+
+  const auto file = readPictureFile(record[PdfField::ifn], codePage_);
+  const PdfImage* image = file ? document_.loadImage(*file) : nullptr;
+  if (image != nullptr) {
+    lastImage_ = {double(image->width), double(image->height)};
+    const std::string box = boxOption(width, height);
+    if (stretch == kEntire) {
+      document_.fitImage(*image, left, bottom, box + " position={left top} fitmethod=entire");
+    } else if (stretch == kMeet) {
+      document_.fitImage(*image, left, bottom, box + " position={center} fitmethod=meet");
+    } else if (stretch == kNatural) {
+      document_.fitImage(*image, corner, top, "position={left top} dpi 96");
+    }
+  }
+  if (stretch == kEntire || stretch == kMeet) {
+    document_.rectangle(left, bottom, width, height);
+  } else if (stretch == kNatural) {
+    const double perPixel = kPointsPerInch / kImageDpi;
+    document_.rectangle(corner, top - lastImage_.y * perPixel, lastImage_.x * perPixel,
+                        lastImage_.y * perPixel);
+  } else {
+    return;
+  }
+  document_.stroke();
+}
+
+void PdfWriter::writeBarcode(const MarkupRecord& record) {
+  if (!record[PdfField::gc].empty()) document_.setStrokeColor(colorOf(record[PdfField::gc]));
+  const std::string name =
+      barcodePictureName({stem_, record[PdfField::bcv], codePage_, integerOf(record[PdfField::gl]),
+                          integerOf(record[PdfField::gt])},
+                         ".jpeg");
+  const auto file = name.empty() ? std::nullopt : readWholeFile(name, kMaxBarcodePicture);
+  const PdfImage* image = file ? document_.loadImage(*file) : nullptr;
+  if (image == nullptr) return;
+  lastImage_ = {double(image->width), double(image->height)};
+  document_.fitImage(*image, wholePoints(record[PdfField::gl]),
+                     kPageHeight - wholePoints(record[PdfField::gt]), "position={left top} dpi 96");
+}
+
+}  // namespace qor

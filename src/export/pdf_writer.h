@@ -1,0 +1,45 @@
+// The second stage of the PDF export: records of markup in, calls of the PDF engine out.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "export/pdf_markup.h"
+#include "platform/pdf/pdf_document.h"
+
+namespace qor {
+
+class PdfWriter {
+ public:
+  // The document's first page is begun. `stem` starts the names of the pictures of barcodes.
+  PdfWriter(PdfDocument& document, std::int32_t pageWidth, int codePage, std::string stem);
+
+  // Writes the records of some lines. Position and colour go on from one call to the next.
+  void WritePdf(const PdfLines& lines);
+
+  void endPage() { document_.endPage(); }
+
+ private:
+  void writeText(const MarkupRecord& record);
+  void writeShape(const MarkupRecord& record);
+  void writeImage(const MarkupRecord& record);
+  void writeBarcode(const MarkupRecord& record);
+
+  double selectFont(const MarkupRecord& record);
+  std::string fitOptionsOf(const MarkupRecord& record, double size) const;
+  void newPage();
+
+  PdfDocument& document_;
+  std::int32_t pageWidth_;
+  int codePage_;
+  std::string encoding_;
+  std::string stem_;
+  std::map<std::string, std::string, std::less<>> faces_;  // by the names in records
+  double left_ = 0;  // twips; they stay until a record tells others
+  double top_ = 0;
+  PdfColor color_;
+  PdfPoint lastImage_;  // pixels; frames of pictures that fail have the size of the last one
+};
+
+}  // namespace qor

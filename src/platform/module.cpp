@@ -1,0 +1,16 @@
+// Modules, on POSIX.
+#include "platform/module.h"
+
+#include <dlfcn.h>
+
+#include "platform/directory.h"
+
+namespace qor {
+
+void* moduleSymbol(const char* module, const char* name) {
+  const std::string file = programDirectory() + module + ".so";
+  void* handle = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+  return handle == nullptr ? nullptr : ::dlsym(handle, name);
+}
+
+}  // namespace qor

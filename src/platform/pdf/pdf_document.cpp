@@ -1,0 +1,153 @@
+// Pages, and what is drawn on them.
+#include "platform/pdf/pdf_document.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "base/units.h"
+#include "platform/pdf/pdf_fonts.h"
+
+namespace qor {
+namespace {
+
+constexpr std::size_t kPagesOfNode = 64;
+
+std::string rectangleText(double width, double height) {
+  std::string text = "[0 0 ";
+  appendNumber(text, width);
+  text += ' ';
+  appendNumber(text, height);
+  return text + "]";
+}
+
+std::string references(const std::vector<PdfId>& ids) {
+  std::string text = "[";
+  for (const PdfId id : ids) text += (text.size() == 1 ? "" : " ") + pdfReference(id);
+  return text + "]";
+}
+
+}  // namespace
+
+PdfDocument::PdfDocument(ByteSink& sink, const PdfInformation& information)
+    : information_(information),
+      file_(sink),
+      fonts_(std::make_unique<PdfFonts>()),
+      images_(file_),
+      fontDictionary_(file_.reserve()),
+      pageTree_(file_.reserve()) {
+}
+
+PdfDocument::~PdfDocument() = default;
+
+void PdfDocument::setResourceFile(const std::string& path) {
+  resources_ = PdfResources(path);
+}
+
+void PdfDocument::defineEncoding(const std::string& name, const PdfEncoding& encoding) {
+  encodings_[name] = fonts_->addEncoding(encoding);
+}
+
+void PdfDocument::beginPage(double width, double height) {
+  width_ = width;
+  height_ = height;
+  content_.clear();
+  imagesOfPage_.clear();
+  saved_.clear();
+  state_ = {};
+  path_ = {};
+}
+
+void PdfDocument::endPage() {
+  if (pages_.empty()) nodes_.push_back(file_.reserve());
+  const PdfId contents = file_.addStream("", content_.bytes());
+  std::string images;
+  for (const auto& [id, name] : imagesOfPage_) images += "/" + name + " " + pdfReference(id);
+  const PdfId page = file_.addObject("<</Type/Page/Parent " + pdfReference(nodes_.back()) +
+                                     "/MediaBox" + rectangleText(width_, height_) +
+                                     "/Resources<</Font " + pdfReference(fontDictionary_) +
+                                     (images.empty() ? "" : "/XObject<<" + images + ">>") +
+                                     ">>/Contents " + pdfReference(contents) + ">>");
+  if (pageCount_++ == 0) firstPage_ = page;
+  pages_.push_back(page);
+  if (pages_.size() == kPagesOfNode) closeNode();
+}
+
+void PdfDocument::closeNode() {
+  file_.writeObject(nodes_.back(), "<</Type/Pages/Parent " + pdfReference(pageTree_) + "/Count " +
+                                       std::to_string(pages_.size()) + "/Kids" +
+                                       references(pages_) + ">>");
+  pages_.clear();
+}
+
+void PdfDocument::finish() {
+  if (!pages_.empty()) closeNode();
+  file_.writeObject(pageTree_, "<</Type/Pages/Count " + std::to_string(pageCount_) + "/Kids" +
+                                   references(nodes_) + ">>");
+  fonts_->write(file_, fontDictionary_);
+  const std::string metadata = writeMetadata(file_, information_);
+  const PdfId catalog =
+      file_.addObject("<</Type/Catalog/Pages " + pdfReference(pageTree_) + "/OpenAction[" +
+                      pdfReference(firstPage_) + "/FitB]" + metadata + ">>");
+  file_.finish(catalog, writeInformation(file_, information_));
+}
+
+void PdfDocument::save() {
+  content_.save();
+  saved_.push_back(state_);
+}
+
+void PdfDocument::restore() {
+  if (saved_.empty()) return;
+  content_.restore();
+  state_ = saved_.back();
+  saved_.pop_back();
+}
+
+void PdfDocument::translate(double x, double y) {
+  content_.transform(1, 0, 0, 1, x, y);
+}
+
+void PdfDocument::rotate(double degrees) {
+  const double angle = degrees * std::numbers::pi / 180;
+  content_.transform(std::cos(angle), std::sin(angle), -std::sin(angle), std::cos(angle), 0, 0);
+}
+
+void PdfDocument::moveTo(double x, double y) {
+  content_.moveTo(x, y);
+  path_ = {x, y};
+}
+
+void PdfDocument::lineTo(double x, double y) {
+  content_.lineTo(x, y);
+  path_ = {x, y};
+}
+
+void PdfDocument::rectangle(double x, double y, double width, double height) {
+  content_.rectangle(x, y, width, height);
+  path_ = {x, y};
+}
+
+void PdfDocument::stroke() {
+  content_.stroke();
+  path_ = {};
+}
+
+void PdfDocument::fitImage(const PdfImage& image, double x, double y, std::string_view options) {
+  const FitOptions fit = parseFitOptions(options);
+  const double perPixel = kPointsPerInch / fit.dpi.value_or(kPointsPerInch);
+  FitOptions::Box size = {image.width * perPixel, image.height * perPixel};
+  const FitOptions::Box box = fit.box.value_or(FitOptions::Box{});
+  if (fit.box && fit.method == FitMethod::entire) size = box;
+  if (fit.box && fit.method == FitMethod::meet) {
+    const double scale = std::min(box.width / size.width, box.height / size.height);
+    size = {size.width * scale, size.height * scale};
+  }
+  if (!(size.width > 0) || !(size.height > 0)) return;
+  const auto [name, isNew] =
+      imagesOfPage_.try_emplace(image.object, "I" + std::to_string(image.object));
+  content_.image(name->second, x + fit.horizontal * (box.width - size.width),
+                 y + fit.vertical * (box.height - size.height), size.width, size.height);
+}
+
+}  // namespace qor

@@ -1,0 +1,140 @@
+// The PDF engine: a document that is written page by page. Coordinates are points from the lower
+// left corner of the page, y runs upward. All that is drawn goes on the open page; texts are bytes
+// of their font's encoding.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/pdf/fit_options.h"
+#include "platform/pdf/pdf_content.h"
+#include "platform/pdf/pdf_encoding.h"
+#include "platform/pdf/pdf_images.h"
+#include "platform/pdf/pdf_metadata.h"
+#include "platform/pdf/pdf_resources.h"
+
+namespace qor {
+
+class PdfFonts;
+
+struct PdfPoint {
+  double x = 0;
+  double y = 0;
+};
+
+class PdfDocument {
+ public:
+  // Starts a document. The sink must live as long; what it throws comes through everywhere.
+  PdfDocument(ByteSink& sink, const PdfInformation& information);
+  ~PdfDocument();
+  PdfDocument(const PdfDocument&) = delete;
+  PdfDocument& operator=(const PdfDocument&) = delete;
+
+  // Takes fonts and encodings by the names of a resource file. Throws FileError.
+  void setResourceFile(const std::string& path);
+
+  // What the bytes of an encoding of this name mean, where the system's tables aren't to be taken.
+  void defineEncoding(const std::string& name, const PdfEncoding& encoding);
+
+  // A page starts with everything as in a new document. At least one page must have been ended
+  // when the document is finished.
+  void beginPage(double width, double height);
+  void endPage();
+  void finish();
+
+  // A font for setFont. The name may end in ",Bold" and ",Italic"; encodings are those defined and
+  // "cp" with a number. Throws FileError where no font can be embedded.
+  std::size_t loadFont(const std::string& name, const std::string& encoding);
+
+  void setFont(std::size_t font, double size);
+  // How far below the last line continueText starts the next one.
+  void setLeading(double leading) { state_.leading = leading; }
+  void setFillColor(const PdfColor& color) { content_.setFillColor(color); }
+  void setStrokeColor(const PdfColor& color) { content_.setStrokeColor(color); }
+  void setDash(std::span<const double> lengths) { content_.setDash(lengths); }
+
+  // Where the next text's baseline starts, and the next lines below it.
+  void setTextPosition(double x, double y);
+  PdfPoint textPosition() const { return state_.text; }
+
+  // The end of the path at hand; the corner of the page where there is none.
+  PdfPoint currentPoint() const { return path_; }
+
+  // Shows a text and moves the position behind it.
+  void show(std::string_view text);
+
+  // The same, on the next line: below the start of the last one.
+  void continueText(std::string_view text);
+
+  // Puts one line of text into a box with this lower left corner. Its own box reaches from the
+  // baseline to the top of capitals. Without a box the corner is where the text's box is placed by.
+  // The text position stays.
+  void fitTextline(std::string_view text, double x, double y, std::string_view options);
+
+  // Coordinates, colours, font and text position of the time of save come back with restore.
+  void save();
+  void restore();
+  void translate(double x, double y);
+  void rotate(double degrees);  // counter-clockwise
+
+  void moveTo(double x, double y);
+  void lineTo(double x, double y);
+  void rectangle(double x, double y, double width, double height);
+  void stroke();
+
+  // The picture of a file's bytes, or null where they are none that can be read. Valid as long as
+  // the document.
+  const PdfImage* loadImage(std::string_view file) { return images_.add(file); }
+
+  // Puts a picture into a box with this lower left corner: filling it, or as large as it fits.
+  // Without a box it has its own size at the resolution of the options, else 72 dots an inch.
+  void fitImage(const PdfImage& image, double x, double y, std::string_view options);
+
+ private:
+  struct State {
+    std::size_t font = 0;
+    double size = 0;
+    double leading = 0;
+    PdfPoint text;
+    double lineStart = 0;
+  };
+
+  // One piece of text in one face.
+  struct Piece {
+    std::size_t face = 0;
+    double length = 0;
+    std::string_view codes;
+  };
+
+  Piece takePiece(std::string_view& text);
+  double lengthOf(std::string_view text);
+  PdfPoint showAt(PdfPoint place, std::string_view text);
+  std::size_t encodingNumber(const std::string& name);
+  void closeNode();
+
+  PdfInformation information_;
+  PdfFile file_;
+  PdfResources resources_;
+  std::unique_ptr<PdfFonts> fonts_;
+  PdfImages images_;
+  PdfContent content_;
+  std::map<std::string, std::size_t> encodings_;
+  State state_;
+  std::vector<State> saved_;
+  PdfPoint path_;
+  std::map<PdfId, std::string> imagesOfPage_;  // the names of their resources
+  double width_ = 0;
+  double height_ = 0;
+  PdfId fontDictionary_;
+  PdfId pageTree_;
+  std::vector<PdfId> nodes_;  // of the page tree
+  std::vector<PdfId> pages_;  // of the node at hand
+  std::size_t pageCount_ = 0;
+  PdfId firstPage_ = 0;
+};
+
+}  // namespace qor

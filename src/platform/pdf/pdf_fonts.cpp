@@ -1,0 +1,103 @@
+// Fonts of a document: choosing faces, and the codes of their characters.
+#include "platform/pdf/pdf_fonts.h"
+
+#include <algorithm>
+
+#include "base/errors.h"
+
+namespace qor {
+namespace {
+
+constexpr int kBoldWeight = 700;
+constexpr int kPlainWeight = 400;
+
+// Cuts a style off the end of a font's name.
+bool takeSuffix(std::string_view& name, std::string_view suffix) {
+  if (!name.ends_with(suffix)) return false;
+  name.remove_suffix(suffix.size());
+  return true;
+}
+
+FaceRequest requestOf(std::string_view name) {
+  FaceRequest request;
+  request.italic = takeSuffix(name, ",Italic");
+  request.weight = takeSuffix(name, ",Bold") ? kBoldWeight : kPlainWeight;
+  request.family = name;
+  return request;
+}
+
+// Only outlines in tables can be cut to subsets.
+bool canBeEmbedded(const FontFace& face) {
+  return FT_IS_SFNT(face.handle()) != 0;
+}
+
+std::shared_ptr<const FontFace> embeddableFace(FaceRequest request) {
+  auto face = matchFace(request);
+  if (canBeEmbedded(*face)) return face;
+  request.family = "Courier New";
+  face = matchFace(request);
+  if (canBeEmbedded(*face)) return face;
+  throw FileError(face->file() + ": the font can't be embedded");
+}
+
+}  // namespace
+
+std::size_t PdfFonts::addEncoding(const PdfEncoding& encoding) {
+  encodings_.push_back(encoding);
+  return encodings_.size() - 1;
+}
+
+std::size_t PdfFonts::load(std::string_view name, std::size_t encoding) {
+  const auto [place, isNew] = loaded_.try_emplace({std::string(name), encoding}, fonts_.size());
+  if (!isNew) return place->second;
+  Font font;
+  font.request = requestOf(name);
+  font.encoding = encoding;
+  const auto face = embeddableFace(font.request);
+  font.face = faceNumber(face, encoding);
+  font.capHeight = face->measures().capHeight / face->measures().unitsPerEm;
+  fonts_.push_back(font);
+  return place->second;
+}
+
+std::size_t PdfFonts::faceNumber(const std::shared_ptr<const FontFace>& face,
+                                 std::size_t encoding) {
+  const auto found = std::find_if(faces_.begin(), faces_.end(), [&](const Face& known) {
+    return known.face == face && known.encoding == encoding;
+  });
+  if (found != faces_.end()) return static_cast<std::size_t>(found - faces_.begin());
+  Face added;
+  added.face = face;
+  added.encoding = encoding;
+  faces_.push_back(added);
+  return faces_.size() - 1;
+}
+
+PdfFonts::Glyph PdfFonts::makeGlyph(const Font& font, unsigned char byte) {
+  char32_t character = encodings_[font.encoding][byte];
+  if (character < U' ' || character == U'\xFFFD') character = U' ';
+  std::size_t number = font.face;
+  std::uint32_t index = faces_[number].face->glyphIndex(character);
+  if (index == 0) {
+    const auto other = fallbackFace(font.request, character);
+    if (other != nullptr && canBeEmbedded(*other)) {
+      number = faceNumber(other, font.encoding);
+      index = other->glyphIndex(character);
+    }
+  }
+  Face& face = faces_[number];
+  face.used.set(byte);
+  face.glyphs[byte] = index;
+  return {number, face.face->advance(index) / face.face->measures().unitsPerEm};
+}
+
+void PdfFonts::write(PdfFile& file, PdfId dictionary) const {
+  std::string names = "<<";
+  for (std::size_t i = 0; i < faces_.size(); ++i) {
+    if (faces_[i].used.none()) continue;
+    names += "/F" + std::to_string(i) + " " + pdfReference(writeFace(file, i));
+  }
+  file.writeObject(dictionary, names + ">>");
+}
+
+}  // namespace qor

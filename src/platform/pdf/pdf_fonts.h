@@ -1,0 +1,76 @@
+// The fonts of a document. A text's bytes are the codes of its font, so that one byte is one
+// character; a character that the face lacks comes from another one under the same code.
+#pragma once
+
+#include <array>
+#include <bitset>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/font_catalogue.h"
+#include "platform/pdf/pdf_encoding.h"
+#include "platform/pdf/pdf_file.h"
+
+namespace qor {
+
+class PdfFonts {
+ public:
+  // A character in a face: which of the faces, and how far it goes on.
+  static constexpr std::size_t kUnknown = static_cast<std::size_t>(-1);
+  struct Glyph {
+    std::size_t face = kUnknown;
+    double advance = 0;  // of an em
+  };
+
+  // An encoding for fonts that are loaded later; its number.
+  std::size_t addEncoding(const PdfEncoding& encoding);
+
+  // The best face of the family, which may end in ",Bold" and ",Italic". The same font again for
+  // the same name and encoding. Throws FileError where no font can be embedded.
+  std::size_t load(std::string_view name, std::size_t encoding);
+
+  const Glyph& glyph(std::size_t font, unsigned char byte) {
+    Glyph& known = fonts_[font].glyphs[byte];
+    if (known.face == kUnknown) known = makeGlyph(fonts_[font], byte);
+    return known;
+  }
+
+  // The height of capital letters, of an em.
+  double capHeight(std::size_t font) const { return fonts_[font].capHeight; }
+
+  // Styles that a face lacks and the page has to make.
+  FaceStyle styleOf(std::size_t face) const { return faces_[face].face->style(); }
+
+  // Writes the fonts and, as `dictionary`, the names "F0" and on of the faces. Throws FileError.
+  void write(PdfFile& file, PdfId dictionary) const;
+
+ private:
+  struct Face {
+    std::shared_ptr<const FontFace> face;
+    std::size_t encoding = 0;
+    std::bitset<256> used;
+    std::array<std::uint32_t, 256> glyphs{};
+  };
+
+  struct Font {
+    FaceRequest request;
+    std::size_t encoding = 0;
+    std::size_t face = 0;
+    double capHeight = 0;
+    std::array<Glyph, 256> glyphs;
+  };
+
+  std::size_t faceNumber(const std::shared_ptr<const FontFace>& face, std::size_t encoding);
+  Glyph makeGlyph(const Font& font, unsigned char byte);
+  PdfId writeFace(PdfFile& file, std::size_t number) const;
+
+  std::vector<PdfEncoding> encodings_;
+  std::vector<Face> faces_;
+  std::vector<Font> fonts_;
+  std::map<std::pair<std::string, std::size_t>, std::size_t> loaded_;
+};
+
+}  // namespace qor

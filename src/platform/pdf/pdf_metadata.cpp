@@ -1,0 +1,150 @@
+// The information dictionary, the same as XMP, and the colour space that the page's red, green and
+// blue are meant in (ISO 19005-2, 6.2 and 6.6).
+#include "platform/pdf/pdf_metadata.h"
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+
+namespace qor {
+namespace {
+
+std::string timeText(std::time_t time, const char* format) {
+  std::tm parts{};
+  ::gmtime_r(&time, &parts);
+  std::array<char, 40> text{};
+  return std::string(text.data(), std::strftime(text.data(), text.size(), format, &parts));
+}
+
+std::string xmlText(std::string_view text) {
+  std::string escaped;
+  for (const char c : text) {
+    switch (c) {
+      case '<': escaped += "&lt;"; break;
+      case '>': escaped += "&gt;"; break;
+      case '&': escaped += "&amp;"; break;
+      default: escaped += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
+    }
+  }
+  return escaped;
+}
+
+std::string xmpOf(const PdfInformation& information) {
+  const std::string created = timeText(information.created, "%Y-%m-%dT%H:%M:%SZ");
+  return "<?xpacket begin=\"\xEF\xBB\xBF\" id=\"W5M0MpCehiHzreSzNTczkc9d\"?>\n"
+         "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
+         "<rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
+         "<rdf:Description rdf:about=\"\" xmlns:dc=\"http://purl.org/dc/elements/1.1/\""
+         " xmlns:xmp=\"http://ns.adobe.com/xap/1.0/\""
+         " xmlns:pdf=\"http://ns.adobe.com/pdf/1.3/\""
+         " xmlns:pdfaid=\"http://www.aiim.org/pdfa/ns/id/\">\n"
+         "<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">" +
+         xmlText(information.title) + "</rdf:li></rdf:Alt></dc:title>\n<xmp:CreateDate>" + created +
+         "</xmp:CreateDate>\n<pdf:Producer>" + xmlText(information.producer) +
+         "</pdf:Producer>\n<pdfaid:part>2</pdfaid:part>\n"
+         "<pdfaid:conformance>B</pdfaid:conformance>\n"
+         "</rdf:Description>\n</rdf:RDF>\n</x:xmpmeta>\n<?xpacket end=\"w\"?>\n";
+}
+
+// Numbers of a colour profile: the highest byte first, and reals as 16.16 bits.
+void putNumber(std::string& bytes, std::uint32_t value, int size = 4) {
+  for (int shift = (size - 1) * 8; shift >= 0; shift -= 8) {
+    bytes += static_cast<char>(value >> shift & 0xFF);
+  }
+}
+
+void putReal(std::string& bytes, double value) {
+  putNumber(bytes, static_cast<std::uint32_t>(std::lround(value * 65536)));
+}
+
+std::string colorTag(const std::array<double, 3>& xyz) {
+  std::string tag = "XYZ ";
+  putNumber(tag, 0);
+  for (const double part : xyz) putReal(tag, part);
+  return tag;
+}
+
+// The curve of sRGB as the 'para' type 3: (ax + b)^g from d on, cx below (IEC 61966-2-1).
+std::string curveTag() {
+  std::string tag = "para";
+  putNumber(tag, 0);
+  putNumber(tag, 3, 2);
+  putNumber(tag, 0, 2);
+  for (const double part : {2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92, 0.04045}) putReal(tag, part);
+  return tag;
+}
+
+std::string textTag(std::string_view text) {
+  std::string tag = "mluc";
+  putNumber(tag, 0);
+  putNumber(tag, 1);
+  putNumber(tag, 12);
+  tag += "enUS";
+  putNumber(tag, static_cast<std::uint32_t>(text.size() * 2));
+  putNumber(tag, 28);
+  for (const char c : text) putNumber(tag, static_cast<unsigned char>(c), 2);
+  tag.resize((tag.size() + 3) / 4 * 4);
+  return tag;
+}
+
+// sRGB as a display profile of version 4 (ICC.1): primaries adapted to D50.
+std::string colorProfile() {
+  struct Tag {
+    std::string name;
+    std::string data;
+  };
+  const std::array<Tag, 9> tags = {{{"desc", textTag("sRGB")},
+                                    {"cprt", textTag("No copyright, use freely")},
+                                    {"wtpt", colorTag({0.9642, 1, 0.8249})},
+                                    {"rXYZ", colorTag({0.4360, 0.2225, 0.0139})},
+                                    {"gXYZ", colorTag({0.3851, 0.7169, 0.0971})},
+                                    {"bXYZ", colorTag({0.1431, 0.0606, 0.7139})},
+                                    {"rTRC", curveTag()},
+                                    {"gTRC", curveTag()},
+                                    {"bTRC", curveTag()}}};
+  std::string table;
+  std::string data;
+  putNumber(table, tags.size());
+  constexpr std::size_t kHeader = 128;
+  const std::size_t start = kHeader + 4 + tags.size() * 12;
+  for (const Tag& tag : tags) {
+    table += tag.name;
+    putNumber(table, static_cast<std::uint32_t>(start + data.size()));
+    putNumber(table, static_cast<std::uint32_t>(tag.data.size()));
+    data += tag.data;
+  }
+  std::string header;
+  putNumber(header, static_cast<std::uint32_t>(start + data.size()));
+  putNumber(header, 0);
+  putNumber(header, 0x04200000);
+  header += "mntrRGB XYZ ";
+  for (const std::uint32_t part : {2024, 1, 1, 0, 0, 0}) putNumber(header, part, 2);
+  header += "acsp";
+  header.resize(68);
+  for (const double part : {0.9642, 1.0, 0.8249}) putReal(header, part);
+  header.resize(kHeader);
+  return header + table + data;
+}
+
+}  // namespace
+
+PdfId writeInformation(PdfFile& file, const PdfInformation& information) {
+  return file.addObject("<</Title" + pdfText(information.title) + "/Producer" +
+                        pdfText(information.producer) + "/CreationDate(" +
+                        timeText(information.created, "D:%Y%m%d%H%M%SZ") + ")>>");
+}
+
+std::string writeMetadata(PdfFile& file, const PdfInformation& information) {
+  const PdfId metadata = file.reserve();
+  // Plain, so that programs that don't read the format find it.
+  file.writePlainStream(metadata, "/Type/Metadata/Subtype/XML", xmpOf(information));
+  const PdfId profile = file.addStream("/N 3", colorProfile());
+  std::string entries = "/Metadata " + pdfReference(metadata) +
+                        "/OutputIntents[<</Type/OutputIntent/S/GTS_PDFA1"
+                        "/OutputConditionIdentifier(sRGB)/Info(sRGB)/DestOutputProfile " +
+                        pdfReference(profile) + ">>]";
+  if (!information.language.empty()) entries += "/Lang" + pdfText(information.language);
+  return entries;
+}
+
+}  // namespace qor

@@ -1,0 +1,24 @@
+// What a document says of itself, in the form that archives ask for (PDF/A-2b).
+#pragma once
+
+#include <ctime>
+#include <string>
+
+#include "platform/pdf/pdf_file.h"
+
+namespace qor {
+
+struct PdfInformation {
+  std::string title;     // UTF-8
+  std::string language;  // such as "tr", empty where it isn't known
+  std::string producer;
+  std::time_t created = 0;
+};
+
+// The dictionary of the trailer; its number.
+PdfId writeInformation(PdfFile& file, const PdfInformation& information);
+
+// The entries of the catalog for metadata, language and colours, beside what they refer to.
+std::string writeMetadata(PdfFile& file, const PdfInformation& information);
+
+}  // namespace qor

@@ -1,0 +1,86 @@
+// Texts of a document: fonts by name, and pieces of text in the faces that have their characters.
+#include <algorithm>
+
+#include "platform/pdf/pdf_document.h"
+#include "platform/pdf/pdf_fonts.h"
+
+namespace qor {
+
+std::size_t PdfDocument::encodingNumber(const std::string& name) {
+  const auto known = encodings_.find(name);
+  if (known != encodings_.end()) return known->second;
+  defineEncoding(name, encodingOfCodePage(resources_.codePageOf(name)));
+  return encodings_.at(name);
+}
+
+std::size_t PdfDocument::loadFont(const std::string& name, const std::string& encoding) {
+  const auto style = std::min(name.find(",Bold"), name.find(",Italic"));
+  const std::string face = name.substr(0, style);
+  const std::string suffix = style == std::string::npos ? "" : name.substr(style);
+  return fonts_->load(resources_.familyOf(face) + suffix, encodingNumber(encoding));
+}
+
+void PdfDocument::setFont(std::size_t font, double size) {
+  state_.font = font;
+  state_.size = size;
+}
+
+void PdfDocument::setTextPosition(double x, double y) {
+  state_.text = {x, y};
+  state_.lineStart = x;
+}
+
+// Cuts off the front of a text what one face shows.
+PdfDocument::Piece PdfDocument::takePiece(std::string_view& text) {
+  Piece piece;
+  std::size_t count = 0;
+  for (; count < text.size(); ++count) {
+    const PdfFonts::Glyph& glyph =
+        fonts_->glyph(state_.font, static_cast<unsigned char>(text[count]));
+    if (count == 0) piece.face = glyph.face;
+    if (glyph.face != piece.face) break;
+    piece.length += glyph.advance;
+  }
+  piece.codes = text.substr(0, count);
+  piece.length *= state_.size;
+  text.remove_prefix(count);
+  return piece;
+}
+
+double PdfDocument::lengthOf(std::string_view text) {
+  double length = 0;
+  while (!text.empty()) length += takePiece(text).length;
+  return length;
+}
+
+PdfPoint PdfDocument::showAt(PdfPoint place, std::string_view text) {
+  while (!text.empty()) {
+    const Piece piece = takePiece(text);
+    const FaceStyle style = fonts_->styleOf(piece.face);
+    content_.show(place.x, place.y,
+                  {piece.face, state_.size, style.syntheticBold, style.syntheticSlant}, piece.codes,
+                  piece.length);
+    place.x += piece.length;
+  }
+  return place;
+}
+
+void PdfDocument::show(std::string_view text) {
+  state_.text = showAt(state_.text, text);
+}
+
+void PdfDocument::continueText(std::string_view text) {
+  state_.text = {state_.lineStart, state_.text.y - state_.leading};
+  show(text);
+}
+
+void PdfDocument::fitTextline(std::string_view text, double x, double y, std::string_view options) {
+  const FitOptions fit = parseFitOptions(options);
+  const FitOptions::Box box = fit.box.value_or(FitOptions::Box{});
+  const double height = fonts_->capHeight(state_.font) * state_.size;
+  showAt(
+      {x + fit.horizontal * (box.width - lengthOf(text)), y + fit.vertical * (box.height - height)},
+      text);
+}
+
+}  // namespace qor

@@ -1,0 +1,315 @@
+// PDF documents, made by the program and read by others.
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "export/pdf_markup.h"
+#include "support/pdf_reader.h"
+#include "support/program.h"
+#include "support/report_reader.h"
+
+namespace qor::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kSamples = std::string(QOR_SOURCE_DIR) + "/samples";
+
+class PdfExport : public testing::Test {
+ protected:
+  Outcome exportReport(const std::string& report, const std::string& codePage = "1254",
+                       unsigned long limit = 0) {
+    directory_.write("r.txt", report);
+    return runViewer({"-f", "r.txt", "-codepage", codePage, "-caption", "T", "-export", "r.pdf"},
+                     {directory_.path(), {{"SOURCE_DATE_EPOCH", "86400"}}, limit});
+  }
+
+  // The operators of all pages, each page between "page" lines, as qpdf unpacks them.
+  std::string operators(const std::string& report, const std::string& codePage = "1254") {
+    const Outcome outcome = exportReport(report, codePage);
+    EXPECT_EQ(outcome.errors, "");
+    run({"qpdf", "--qdf", "--object-streams=disable", directory_.path("r.pdf"),
+         directory_.path("q.pdf")});
+    const std::string file = directory_.read("q.pdf");
+    std::string pages;
+    for (auto page = file.find("%% Contents for page"); page != std::string::npos;
+         page = file.find("%% Contents for page", page + 1)) {
+      const auto first = file.find("stream\n", page) + 7;
+      pages += (pages.empty() ? "" : "page\n") +
+               file.substr(first, file.find("endstream", first) - first);
+    }
+    return pages;
+  }
+
+  TemporaryDirectory directory_;
+};
+
+// What a report's lines become, worked out by hand: 1 mm is 56.69 twips and a point 20, baselines
+// of plain lines are 11 points apart, the page is 842 points high.
+TEST_F(PdfExport, putsEachKindOfRecordWhereTheArithmeticSays) {
+  struct Row {
+    const char* what;
+    const char* report;
+    const char* operators;
+  };
+  const Row rows[] = {
+      {"plain lines", "A\r\nB\r\nC(\\)\r\n",
+       "BT\n/F0 10 Tf\n0 831 Td\n(A)Tj\n11 TL\n(B)'\n(C\\(\\\\\\))'\nET\n"},
+      {"pieces of a line", "A<font fc=Red>B<font/>C\r\n",
+       "BT\n/F0 10 Tf\n0 831 Td\n(A)Tj\n1 0 0 rg\n(B)Tj\n0 0 0 rg\n(C)Tj\nET\n"},
+      {"overprint", "A\rB\r\n", "BT\n/F0 10 Tf\n0 831 Td\n(A)Tj\n0 0 Td\n(B)Tj\nET\n"},
+      // 566 and 1133 twips are 28.3 and 56.65 points; plain text goes to the same spot from then
+      // on.
+      {"placed text", "<text left=10 top=20 tc=X/>\r\nY\r\n",
+       "BT\n/F0 10 Tf\n28.3 775.35 Td\n(X)Tj\n11 TL\n(Y)'\nET\n"},
+      {"placed text behind plain", "A<text left=10 top=20 tc=X/>\r\n",
+       "BT\n/F0 10 Tf\n0 831 Td\n(A)Tj\n28.3 -55.65 Td\n(X)Tj\nET\n"},
+      {"turned text", "<text left=10 top=20 o=1 tc=X/>\r\n",
+       "q\n1.000000 0.000000 0.000000 1.000000 28.3 775.35 cm\n"
+       "0.000000 1.000000 -1.000000 0.000000 0 0 cm\nBT\n/F0 10 Tf\n(X)Tj\nET\nQ\n"},
+      {"turned to the right", "<text left=10 top=20 od=-900 tc=X/>\r\n",
+       "BT\n/F0 10 Tf\n28.3 775.35 Td\n(X)Tj\nET\n"},
+      {"face and size", "<text left=10 top=20 fn=Arial height=20 fb=1 fc=Blue tc=X/>\r\n",
+       "BT\n0 0 1 rg\n/F0 20 Tf\n28.3 765.35 Td\n(X)Tj\nET\n"},
+      // Whole points: 566, 1133, 1700 and 2267 twips are 28, 56, 85 and 113.
+      {"line", "<shape left=10 top=20 right=30 bottom=40 pt=2/>\r\n", "28 786 m\n85 729 l\nS\n"},
+      {"rectangle", "<shape sh_type=2 left=10 top=20 right=30 bottom=40 pc=Red/>\r\n",
+       "1 0 0 RG\n28 786 57 -57 re\nS\n"},
+      {"dashes and the next rectangle",
+       "<shape sh_type=2 left=10 top=20 right=30 bottom=40 pt=4/>"
+       "<shape sh_type=2 left=10 top=20 right=30 bottom=40 pt=0/>\r\n",
+       "[ 4 3 1 3]0 d\n28 786 57 -57 re\nS\n[]0 d\n28 786 57 -57 re\nS\n"},
+      {"what isn't drawn",
+       "<shape sh_type=3 left=10 top=20 right=30 bottom=40/>"
+       "<shape sh_type=4 left=10 top=20 right=30 bottom=40/>"
+       "<shape sh_type=2 left=10 top=20 right=30 bottom=40 pt=6/>\r\n",
+       "\n"},
+      {"frame of a missing picture",
+       "<img image=\"none.png\" left=10 top=20 right=30 bottom=40 imgSS=1 pc=Red/>"
+       "<img image=\"none.png\" left=10 top=20 right=30 bottom=40/>\r\n",
+       "1 0 0 RG\n28.3 728.65 56.7 56.7 re\nS\n1 1 1 RG\n28 786 0 0 re\nS\n"},
+      {"marks in a text", "A[fn:B:fn]C\r\n", "BT\n/F0 10 Tf\n0 831 Td\n(A)Tj\nET\n"},
+      {"marks of a shape in a text", "A[st:1:st][gr:200:gr]\r\n", "0 842 m\n10 842 l\nS\n"},
+      {"pages", "A\r\n\fB\r\n\f",
+       "BT\n/F0 10 Tf\n0 831 Td\n(A)Tj\nET\npage\nBT\n/F0 10 Tf\n0 831 Td\n(B)Tj\nET\n"},
+  };
+  for (const Row& row : rows) EXPECT_EQ(operators(row.report), row.operators) << row.what;
+}
+
+TEST_F(PdfExport, alignsTextsInTheirBoxes) {
+  const std::string text = operators("A\r\n");
+  const std::string file = directory_.read("q.pdf");
+  const auto number = [&file](const std::string& key) {
+    return std::atof(file.c_str() + file.find(key) + key.size());
+  };
+  const double capitals = number("/CapHeight ") / 100;  // of 10 points
+  const double width = 6.001;                           // of one character
+  // From 10, 20 to 30, 25 mm: 57 by -14 points, from 28.3, 785.35.
+  for (int across = 0; across < 3; ++across) {
+    for (int along = 0; along < 3; ++along) {
+      std::istringstream drawn(
+          operators("<text left=10 top=20 right=30 bottom=25 alignH=" + std::to_string(across) +
+                    " alignV=" + std::to_string(along) + " tc=X/>\r\n"));
+      double x = 0;
+      double y = 0;
+      for (std::string word; drawn >> word && word != "Tf";) {
+      }
+      drawn >> x >> y;
+      const double height = along == 1 ? -14 : -4;
+      const double part = along == 2 ? 1 : 0.5;
+      EXPECT_NEAR(x, 28.3 + across / 2.0 * (57 - width), 0.01) << across;
+      EXPECT_NEAR(y, 785.35 + part * (height - capitals), 0.01) << along;
+    }
+  }
+}
+
+TEST_F(PdfExport, fitsPicturesInThreeWays) {
+  fs::create_directory(directory_.path("pictures"));
+  run({"convert-im6.q16", "-size", "96x48", "xc:red", directory_.path("p.png")});
+  run({"convert-im6.q16", "-size", "96x48", "xc:blue", directory_.path("p.jpg")});
+  struct Row {
+    const char* keys;
+    const char* matrix;
+    const char* frame;
+  };
+  // The box is 56.7 points square; the picture 72 by 36 by itself.
+  for (const Row& row :
+       {Row{"imgSS=0", "72 0 0 36 28 750 cm", "28 750 72 36 re"},
+        Row{"imgSS=1", "56.7 0 0 56.7 28.3 728.65 cm", "28.3 728.65 56.7 56.7 re"},
+        Row{"imgSS=2", "56.7 0 0 28.35 28.3 742.825 cm", "28.3 728.65 56.7 56.7 re"}}) {
+    for (const char* name : {"p.png", "p.jpg"}) {
+      const std::string drawn =
+          operators("<img image=\"" + std::string(name) + "\" left=10 top=20 right=30 bottom=40 " +
+                    row.keys + "/>");
+      EXPECT_NE(drawn.find(row.matrix), std::string::npos) << drawn;
+      EXPECT_NE(drawn.find(row.frame), std::string::npos) << drawn;
+    }
+  }
+  // A picture shown often is in the file once, and a JPEG as it stands.
+  const std::string line = "<img image=\"p.jpg\" left=10 top=20/>\r\n\f";
+  exportReport(line + line + line);
+  const std::string images = run({"pdfimages", "-list", directory_.path("r.pdf")}).output;
+  EXPECT_EQ(std::count(images.begin(), images.end(), '\n'), 5) << images;
+  EXPECT_NE(images.find("jpeg"), std::string::npos);
+  EXPECT_NE(directory_.read("r.pdf").find(directory_.read("p.jpg")), std::string::npos);
+}
+
+TEST_F(PdfExport, keepsColoursAndTransparencyOfPictures) {
+  run({"convert-im6.q16", "-size", "40x40", "xc:none", "-fill", "#00FF0080", "-draw",
+       "rectangle 0,0 19,39", directory_.path("p.png")});
+  operators("<img image=\"p.png\" left=0 top=0 imgSS=0/>");
+  const Picture page = renderPdf(directory_.path("r.pdf"), 1);
+  const auto dot = [&page](int x, int y) {
+    return page.pixels[static_cast<std::size_t>(y * page.width + x)] & 0xFFFFFF;
+  };
+  const auto near = [](std::uint32_t color, int shift, int value) {
+    return std::abs(static_cast<int>(color >> shift & 0xFF) - value) < 3;
+  };
+  EXPECT_TRUE(near(dot(8, 20), 16, 127) && near(dot(8, 20), 8, 255) && near(dot(8, 20), 0, 127));
+  EXPECT_EQ(dot(30, 20), 0xFFFFFFU);
+}
+
+TEST_F(PdfExport, isTheSameEachTimeAndTellsOfItself) {
+  exportReport("A\r\n");
+  const std::string first = directory_.read("r.pdf");
+  exportReport("A\r\n");
+  EXPECT_EQ(directory_.read("r.pdf"), first);
+  const std::string information = run({"pdfinfo", "-isodates", directory_.path("r.pdf")}).output;
+  for (const char* part : {"Title:           T\n", "Producer:        QorUtlView 1.3b7\n",
+                           "CreationDate:    1970-01-02T00:00:00Z\n", "595 x 842 pts"}) {
+    EXPECT_NE(information.find(part), std::string::npos) << information;
+  }
+  const std::string metadata = run({"pdfinfo", "-meta", directory_.path("r.pdf")}).output;
+  EXPECT_NE(metadata.find("<pdfaid:part>2</pdfaid:part>"), std::string::npos);
+}
+
+// Words of a text, in order of the alphabet: readers put them in their own.
+std::vector<std::string> wordsOf(const std::string& text) {
+  std::vector<std::string> words;
+  std::istringstream in(text);
+  for (std::string word; in >> word;) words.push_back(word);
+  std::sort(words.begin(), words.end());
+  return words;
+}
+
+TEST_F(PdfExport, givesBackTheTextOfEveryCodePage) {
+  struct Row {
+    const char* codePage;
+    std::string bytes;
+    const char* text;
+  };
+  for (const Row& row :
+       {Row{"866", "\x8F\xE0\xA8\xA2\xA5\xE2 \xFC 5", "Привет № 5"},
+        Row{"1251", "\xCF\xF0\xE8\xE2\xE5\xF2 \xB9 5", "Привет № 5"},
+        Row{"857", "\x98\x8D \xA6\xA7 \x9E\x9F", "İı Ğğ Şş"},
+        Row{"1254", "\xDD\xFD \xD0\xF0 \xDE\xFE", "İı Ğğ Şş"},
+        Row{"850", "\x84\x94\x81 \xE1 \xC9\xCD\xBB", "äöü ß ╔═╗"}, Row{"1253", "\xC1\xE2", "Αβ"}}) {
+    EXPECT_EQ(exportReport(row.bytes + "\r\n<b>" + row.bytes, row.codePage).errors, "");
+    const std::string text = run({"pdftotext", directory_.path("r.pdf"), "-"}).output;
+    EXPECT_EQ(wordsOf(text), wordsOf(std::string(row.text) + " " + row.text)) << row.codePage;
+  }
+}
+
+TEST_F(PdfExport, makesSoundDocumentsOfTheSamples) {
+  fs::copy(kSamples, directory_.path(), fs::copy_options::recursive);
+  std::ifstream list(kSamples + "/samples.list");
+  std::string report;
+  std::string codePage;
+  while (list >> report >> codePage) {
+    SCOPED_TRACE(report);
+    const Outcome outcome = runViewer({"-f", report, "-codepage", codePage, "-export", "o.pdf"},
+                                      {directory_.path(), {}, 0});
+    EXPECT_EQ(outcome.errors, "");
+    const Outcome check = run({"qpdf", "--check", directory_.path("o.pdf")});
+    EXPECT_EQ(check.exitCode, 0) << check.output << check.errors;
+    std::istringstream fonts(run({"pdffonts", directory_.path("o.pdf")}).output);
+    std::string line;
+    std::getline(fonts, line);
+    std::getline(fonts, line);
+    while (std::getline(fonts, line)) {
+      EXPECT_NE(line.find("yes yes yes"), std::string::npos) << line;  // embedded, subset, unicode
+    }
+  }
+}
+
+TEST_F(PdfExport, endsAsEachFailureShould) {
+  directory_.write("r.pdf", "old");
+  std::string large;
+  for (int i = 0; i < 20000; ++i) large += std::to_string(i * 7919) + " line\r\n";
+  const Outcome full = exportReport(large, "1254", 8192);
+  EXPECT_EQ(full.exitCode, 0);
+  EXPECT_NE(full.errors.find("r.pdf: "), std::string::npos);
+  EXPECT_EQ(directory_.read("r.pdf"), "old");
+
+  const TemporaryDirectory program;
+  for (const char* name : {"qorutlview", "qor_harfbuzz.so"}) {
+    fs::copy_file(fs::path(QOR_PROGRAM).parent_path() / name, program.path(name));
+  }
+  const Outcome missing =
+      run({program.path("qorutlview"), "-f", "r.txt", "-codepage", "1254", "-export", "r.pdf"},
+          {directory_.path(), {}, 0});
+  EXPECT_EQ(missing.exitCode, 0);
+  EXPECT_EQ(missing.errors, program.path("pdflib.upr") + " dosyas? bulunamad?!\n");
+  EXPECT_EQ(directory_.read("r.pdf"), "old");
+}
+
+TEST_F(PdfExport, takesWhateverAReportHolds) {
+  directory_.write("broken.png", "\x89PNG\r\n\x1A\nand no more");
+  directory_.write("cut.jpg", "\xFF\xD8\xFF\xE0");
+  const std::string hostile =
+      "<img image=\"broken.png\" left=1 top=1/><img image=\"cut.jpg\" left=1 top=1 imgSS=1/>\r\n"
+      "<text left=50 top=50 right=10 bottom=10 tc=X/><img left=9 top=9 right=1 bottom=1 imgSS=2 "
+      "image=\"broken.png\"/>\r\n[tl:[tt:[fc:\r\n<text left=99999 top=-99999 height=30000 "
+      "tc=X/>\r\n"
+      "<text left=1 top=1 tc=\"\"/><font fn=\"No such face\" height=0>y\r\n" +
+      std::string(1000000, 'z') + "\r\n";
+  EXPECT_EQ(exportReport(hostile).errors, "");
+  EXPECT_EQ(run({"qpdf", "--check", directory_.path("r.pdf")}).exitCode, 0);
+}
+
+TEST(PdfMarkup, isFoundByItsFirstMarks) {
+  const MarkupRecord record("a[fn:x[fs:7:fs]y:fn][fs:8:fs][tl:5[ist:3:ist]\n");
+  EXPECT_EQ(record.plainText(), "a");
+  EXPECT_EQ(record[PdfField::fn], "x[fs:7:fs]y");
+  EXPECT_EQ(record[PdfField::fs], "7");
+  EXPECT_TRUE(record.has(PdfField::tl));
+  EXPECT_EQ(record[PdfField::tl], "");
+  EXPECT_EQ(record[PdfField::ist], "3");
+  EXPECT_FALSE(record.has(PdfField::tt));
+}
+
+TEST(PdfMarkup, tellsEveryItem) {
+  struct Row {
+    const char* line;
+    const char* records;
+  };
+  const std::string font = "[fn:Courier New:fn][fs:10:fs][fc:0:fc]";
+  for (const Row& row :
+       {Row{"a", "a@\n|"}, Row{"a<b>c<b/>", "a@\n\n|c@[fb:1:fb]|"},
+        Row{"<text left=1 tc=x/>", "@[tl:56:tl][tt:0:tt][tr:0:tr][tc:x:tc]\n|"},
+        Row{"<text left=1 right=2 bottom=3 alignH=1 alignV=2 tc=x/>",
+            "@[tl:56:tl][tt:0:tt][tr:0:tr][tc:x:tc][ta:113:ta][tb:170:tb][th:1:th][tv:2:tv]\n|"},
+        Row{"<shape left=-1 top=2 right=3 bottom=4 pc=Red pt=3/>",
+            "[st:1:st][gl:-56:gl][gt:113:gt][gr:170:gr][gb:226:gb][gc:255:gc][pt:3:pt]\n|"},
+        Row{"<barcode br_type=39 value=A left=1/>",
+            "[bcv:A:bcv][gl:56:gl][gt:0:gt][gr:0:gr][gb:0:gb][gc:0:gc]\n|"},
+        Row{"<img image=\"p.png\" top=1 imgSS=2/>",
+            "[ist:1:ist][ifn:p.png:ifn][il:0:il][it:56:it][ir:0:ir][ib:0:ib][ic:0:ic][iss:2:iss]"
+            "\n|"}}) {
+    TestReport report(row.line);
+    PdfLines lines(1);
+    LineToMarkup(*report.page().FirstLine, lines, 0);
+    std::string records;
+    for (const std::string& record : lines[0]) records += record + "|";
+    EXPECT_EQ(std::regex_replace(
+                  records, std::regex(R"(\[fn:Courier New:fn\]\[fs:10:fs\]\[fc:0:fc\])"), "@"),
+              row.records);
+  }
+}
+
+}  // namespace
+}  // namespace qor::test

@@ -11,7 +11,8 @@ for group in "$@"; do
   case $group in
     test) packages+=(libgtest-dev imagemagick-6.q16 zbar-tools locales cups poppler-utils
       qpdf) ;;
-    bench) packages+=(mupdf-tools python3 libzint-dev qt6-base-dev) ;;
+    bench) packages+=(mupdf-tools python3 libzint-dev qt6-base-dev cups-filters
+      enscript ghostscript libreoffice-writer-nogui) ;;
     fuzz) packages+=(clang-14 libclang-rt-14-dev) ;;
     *) echo "setup.sh: no such group: $group" >&2; exit 2 ;;
   esac

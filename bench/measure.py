@@ -160,6 +160,47 @@ def print_command(report):
     return [VIEWER, "-g", "-f", str(report), "-codepage", LATIN, "-p", "Microsoft Print to PDF"]
 
 
+TEXTTOPDF = "/usr/lib/cups/filter/texttopdf"
+
+
+def as_utf8(report, code_page):
+    text = DATA / "utf8.txt"
+    text.write_bytes(report.read_bytes().decode("cp" + code_page).encode())
+    return text
+
+
+def pdf_peers(text):
+    """What else makes PDFs of plain text: names, commands, how often to run them, the aim."""
+    layout = "media=A4 cpi=12 lpi=7 page-top=18 page-bottom=18"
+    quoted = f"'{text}'"
+    return [
+        ("texttopdf", f"{TEXTTOPDF} 1 user title 1 '{layout}' {quoted} >peer.pdf", 5, 1),
+        ("enscript and ps2pdf", f"enscript -q -B -M A4 --margins=20:20:10:10 -f Courier9 -p - "
+         f"{quoted} | ps2pdf - peer.pdf", 2, 10),
+        ("LibreOffice", f"soffice --headless --convert-to pdf {quoted}", 1, 10),
+    ]
+
+
+def race_pdf(name, report, code_page, pages, peers):
+    ours = lambda: export(report, code_page, "p.pdf")
+    for peer, command, rounds, aim in peers:
+        quiet = ["sh", "-c", f"{command} 2>/dev/null"]
+        seconds = alternating_seconds(ours, lambda: Run(quiet, DATA), rounds)
+        speed_row(f"PDF export of {pages:,} pages, {name}; peer {peer}", pages, seconds, aim)
+    size = size_of(files_of("ours", 1)) / pages
+    row(f"Size of a page of the PDF, {name}", f"{size / 1e3:.2f} KB", "", "", "≤ 2.1 KB",
+        size <= 2100)
+
+
+def measure_pdf(thousand, many):
+    race_pdf("latin", thousand, LATIN, 1000, pdf_peers(as_utf8(thousand, LATIN)))
+    cyrillic = make_report("cyrillic.txt", "1000", "--cyrillic")
+    race_pdf("cyrillic", cyrillic, CYRILLIC, 1000, pdf_peers(as_utf8(cyrillic, CYRILLIC))[:1])
+    race_pdf("latin", many, LATIN, 10000, pdf_peers(as_utf8(many, LATIN))[:1])
+    peak = peak_of(export_command(many, LATIN, "p.pdf")) / MEGABYTE
+    row("Peak memory of PDF export, 10,000 pages", f"{peak:.1f} MB", "", "", "≤ 20 MB", peak <= 20)
+
+
 def measure_printing(thousand):
     for name, aim in (("qt", 2), ("cairo", 0.8)):
         command = [str(BUILD / f"print_with_{name}"), str(thousand), str(DATA / f"{name}.pdf")]
@@ -234,6 +275,7 @@ def main():
     measure_walk(many, thousand)
     measure_pictures("latin", LATIN)
     measure_pictures("cyrillic", CYRILLIC, "--cyrillic")
+    measure_pdf(thousand, many)
     measure_printing(thousand)
     measure_memory(many, small)
     measure_start(page)

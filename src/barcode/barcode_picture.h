@@ -20,8 +20,8 @@ struct BarcodePlace {
   std::int32_t top = 0;
 };
 
-// "<stem>_barcode_<value>_<x>_<y>" and the ending; x and y in whole millimetres. Empty where the
-// value can't be part of a file name.
+// "<stem>_barcode_<value>_<x>_<y>" and the ending; x and y in whole millimetres. A value that can't be
+// part of a file name has a short stand-in.
 std::string barcodePictureName(const BarcodePlace& place, std::string_view ending);
 
 // The same with the stem of the report.

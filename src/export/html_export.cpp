@@ -61,7 +61,7 @@ std::string linkOf(const std::string& name, int codePage) {
 
 void appendBarcode(const VData_BarCode& code, std::string& html) {
   const std::string name = barcodePictureName(code, ".jpeg");
-  const auto file = name.empty() ? std::nullopt : readWholeFile(name, kMaxBarcodePicture);
+  const auto file = readWholeFile(name, kMaxBarcodePicture);
   const auto picture = file ? decodePicture(*file) : std::nullopt;
   if (!picture) return;
   html.append("<img src=\"").append(linkOf(name, code.Settings->Page.BaseCodePage)).append("\"");

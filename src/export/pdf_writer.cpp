@@ -253,7 +253,7 @@ void PdfWriter::writeBarcode(const MarkupRecord& record) {
       barcodePictureName({stem_, record[PdfField::bcv], codePage_, integerOf(record[PdfField::gl]),
                           integerOf(record[PdfField::gt])},
                          ".jpeg");
-  const auto file = name.empty() ? std::nullopt : readWholeFile(name, kMaxBarcodePicture);
+  const auto file = readWholeFile(name, kMaxBarcodePicture);
   const PdfImage* image = file ? document_.loadImage(*file) : nullptr;
   if (image == nullptr) return;
   lastImage_ = {double(image->width), double(image->height)};

@@ -8,21 +8,11 @@
 #include <utility>
 #include <vector>
 
-#include <fontconfig/fontconfig.h>
-
 #include "base/errors.h"
+#include "platform/fontconfig_handles.h"
 
 namespace qor {
 namespace {
-
-struct PatternDeleter {
-  void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
-};
-struct FontSetDeleter {
-  void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
-};
-using Pattern = std::unique_ptr<FcPattern, PatternDeleter>;
-using FontSet = std::unique_ptr<FcFontSet, FontSetDeleter>;
 
 // Windows weights from here on are bold.
 constexpr int kBoldFrom = 600;
@@ -37,8 +27,8 @@ const FcChar8* text(const char* value) {
   return reinterpret_cast<const FcChar8*>(value);
 }
 
-Pattern patternOf(const FaceRequest& request) {
-  Pattern pattern(FcPatternCreate());
+FontPattern patternOf(const FaceRequest& request) {
+  FontPattern pattern(FcPatternCreate());
   FcPatternAddString(pattern.get(), FC_FAMILY, text(request.family.c_str()));
   for (const auto& [name, standIn] : kStandIns) {
     if (request.family == name) FcPatternAddString(pattern.get(), FC_FAMILY, text(standIn));
@@ -81,7 +71,7 @@ std::shared_ptr<const FontFace> openFace(FcPattern* found, const FaceRequest& re
 class FallbackList {
  public:
   explicit FallbackList(const FaceRequest& request) : request_(request) {
-    const Pattern pattern = patternOf(request);
+    const FontPattern pattern = patternOf(request);
     FcResult result = FcResultNoMatch;
     fonts_.reset(FcFontSort(nullptr, pattern.get(), FcTrue, nullptr, &result));
   }
@@ -104,9 +94,9 @@ class FallbackList {
 };
 
 std::shared_ptr<const FontFace> findFace(const FaceRequest& request) {
-  const Pattern pattern = patternOf(request);
+  const FontPattern pattern = patternOf(request);
   FcResult result = FcResultNoMatch;
-  const Pattern found(FcFontMatch(nullptr, pattern.get(), &result));
+  const FontPattern found(FcFontMatch(nullptr, pattern.get(), &result));
   auto face = found ? openFace(found.get(), request) : nullptr;
   if (!face) throw FileError("no font is installed");
   return face;

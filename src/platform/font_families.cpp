@@ -5,8 +5,7 @@
 #include <memory>
 #include <string_view>
 
-#include <fontconfig/fontconfig.h>
-
+#include "platform/fontconfig_handles.h"
 #include "platform/text_encoding.h"
 
 namespace qor {
@@ -14,18 +13,6 @@ namespace {
 
 constexpr int kAnyCharset = 1;
 constexpr int kSymbolCharset = 2;
-
-struct PatternDeleter {
-  void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
-};
-struct ObjectSetDeleter {
-  void operator()(FcObjectSet* objects) const { FcObjectSetDestroy(objects); }
-};
-struct FontSetDeleter {
-  void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
-};
-using Pattern = std::unique_ptr<FcPattern, PatternDeleter>;
-using FontSet = std::unique_ptr<FcFontSet, FontSetDeleter>;
 
 // Letters that a character set has and its neighbours lack.
 std::u32string lettersOf(int charset) {
@@ -41,9 +28,9 @@ std::u32string lettersOf(int charset) {
 }
 
 FontSet trueTypeFonts() {
-  const Pattern pattern(FcPatternCreate());
+  const FontPattern pattern(FcPatternCreate());
   FcPatternAddString(pattern.get(), FC_FONTFORMAT, reinterpret_cast<const FcChar8*>("TrueType"));
-  const std::unique_ptr<FcObjectSet, ObjectSetDeleter> objects(
+  const std::unique_ptr<FcObjectSet, FontconfigDeleter> objects(
       FcObjectSetBuild(FC_FAMILY, FC_CHARSET, FC_SYMBOL, nullptr));
   return FontSet(FcFontList(nullptr, pattern.get(), objects.get()));
 }
@@ -70,12 +57,12 @@ bool serves(FcPattern* font, int charset, std::u32string_view letters) {
 
 // The family that fontconfig takes for a name.
 std::string matchedFamily(const std::string& name) {
-  const Pattern pattern(FcPatternCreate());
+  const FontPattern pattern(FcPatternCreate());
   FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(name.c_str()));
   FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
   FcDefaultSubstitute(pattern.get());
   FcResult result = FcResultNoMatch;
-  const Pattern found(FcFontMatch(nullptr, pattern.get(), &result));
+  const FontPattern found(FcFontMatch(nullptr, pattern.get(), &result));
   FcChar8* family = nullptr;
   if (!found || FcPatternGetString(found.get(), FC_FAMILY, 0, &family) != FcResultMatch) return {};
   return reinterpret_cast<const char*>(family);

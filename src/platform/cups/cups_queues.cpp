@@ -1,5 +1,6 @@
 // The queues of a CUPS scheduler.
 #include <array>
+#include <chrono>
 #include <span>
 #include <utility>
 
@@ -10,6 +11,9 @@
 
 namespace qor {
 namespace {
+
+// Somewhat less than what a connection waits.
+constexpr std::chrono::seconds kUnansweredAfter(kAnswerSeconds - 2);
 
 // Longer names are no queue's.
 constexpr std::size_t kMaxName = 127;
@@ -149,7 +153,9 @@ std::vector<QueueName> namesOf(ipp_t* answer) {
   return names;
 }
 
-// One connection serves all questions; libcups opens it anew where the scheduler has closed it.
+// One connection serves all questions; libcups opens it anew where the scheduler has closed it. A
+// scheduler that has let a question go unanswered is left alone for a while, so that a run doesn't
+// wait for it again and again.
 class CupsQueues : public PrintQueues {
  public:
   std::vector<QueueName> list() override {
@@ -161,7 +167,9 @@ class CupsQueues : public PrintQueues {
 
   std::string defaultName() override {
     if (!connected()) return {};
+    const auto start = Clock::now();
     cups_dest_t* found = cupsGetNamedDest(connection_.get(), nullptr, nullptr);
+    noteAnswer(start);
     if (found == nullptr) return {};
     std::string name = found->name;
     cupsFreeDests(1, found);
@@ -182,19 +190,33 @@ class CupsQueues : public PrintQueues {
   }
 
  private:
+  using Clock = std::chrono::steady_clock;
+
+  void noteAnswer(Clock::time_point start) {
+    constexpr std::chrono::minutes kPause(1);
+    const auto now = Clock::now();
+    if (now - start < kUnansweredAfter) return;
+    silentUntil_ = now + kPause;
+    connection_.reset();
+  }
+
   bool connected() {
+    if (Clock::now() < silentUntil_) return false;
     if (!connection_) connection_ = connectToScheduler();
     return connection_ != nullptr;
   }
 
   Ipp ask(Ipp request) {
     if (!connected()) return nullptr;
+    const auto start = Clock::now();
     Ipp answer(cupsDoRequest(connection_.get(), request.release(), "/"));
     if (!answer) connection_.reset();
+    noteAnswer(start);
     return answer;
   }
 
   Connection connection_;
+  Clock::time_point silentUntil_{};
 };
 
 }  // namespace

@@ -5,7 +5,6 @@ namespace qor {
 namespace {
 
 constexpr int kConnectMilliseconds = 5000;
-constexpr double kAnswerSeconds = 30;
 constexpr int kMaxDpi = 19200;
 
 int giveUp(http_t*, void*) {

@@ -21,6 +21,9 @@ struct HttpCloser {
 };
 using Connection = std::unique_ptr<http_t, HttpCloser>;
 
+// How long an answer may take.
+inline constexpr int kAnswerSeconds = 20;
+
 // A connection to the scheduler on which nothing waits for ever; null where none answers.
 Connection connectToScheduler();
 

@@ -71,6 +71,9 @@ class CairoCanvas : public Canvas {
   DotBox edges(const Rect& rect) const;
   Point size() const { return size_; }
 
+  // Whether drawing has failed so far.
+  cairo_status_t status() const { return cairo_status(context_.get()); }
+
   // For surfaces that count in units of their own: dots become that many of them.
   void setUnitsPerDot(double x, double y) { cairo_scale(context_.get(), x, y); }
 

@@ -1,6 +1,8 @@
 // Lists of papers, bins and fonts.
 #include "settings/printer_lists.h"
 
+#include <utility>
+
 #include "platform/font_families.h"
 #include "platform/print/print_system.h"
 #include "settings/number_text.h"
@@ -32,8 +34,9 @@ std::string sizeText(double width, double height) {
 void ListPapers(const std::string& printerName, ItemList& items, int* selected, VSetPage& page) {
   const Printer* printer = FindPrinter(printerName);
   if (printer == nullptr) return;
-  page.MaxExtent = extentOf(printer->largest);
-  page.MinExtent = extentOf(printer->smallest);
+  const auto [smallest, largest] = sizeLimits(*printer);
+  page.MaxExtent = extentOf(largest);
+  page.MinExtent = extentOf(smallest);
   if (page.PaperSize == kUserPaper) *selected = 0;
   takePaperSize(*printer, page);
   for (const Paper& paper : printer->papers) {

@@ -36,7 +36,7 @@ TreeNode nodeOf(const Form& form) {
 TreeNode serverNode(const std::vector<const Printer*>& printers) {
   TreeNode node{"PrintServer"};
   for (const PaperRow& row : paperTable()) {
-    const Media media = {std::string(row.media), *sizeOfMedia(row.media), {}};
+    const Media media = {std::string(row.media), sizeOf(row), {}};
     node.children.push_back(nodeOf({std::string(row.name), media, kFormBuiltIn}));
   }
   std::set<std::string> seen;
@@ -137,7 +137,8 @@ void FillPrinterTree(std::vector<TreeNode>& tree) {
   std::vector<const Printer*> printers;
   for (const QueueName& queue : system.list()) {
     const Printer* printer = system.find(queue.name);
-    tree.push_back(printer == nullptr ? TreeNode{queue.name} : printerNode(*printer));
+    tree.push_back(printer == nullptr ? TreeNode{queue.name, {{"Driver Name: " + queue.driver}}}
+                                      : printerNode(*printer));
     tree.back().isDefault = queue.name == system.defaultName();
     if (printer != nullptr) printers.push_back(printer);
   }

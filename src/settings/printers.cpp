@@ -11,6 +11,9 @@ namespace {
 // Measuring and printing build their device modes alike but for these two.
 enum class Purpose { measure, print };
 
+// Names in the measurements are no longer than the suite's programs keep.
+constexpr std::size_t kMaxName = 127;
+
 // The paper number that stands for the sheet's own width and height.
 int customPaperOf(Purpose purpose) {
   return purpose == Purpose::measure ? kUserPaper : 0;
@@ -41,7 +44,8 @@ DeviceMode deviceModeOf(const Printer& printer, const VSetPage& page, Purpose pu
   if (page.PaperSize != printer.mode.dmPaperSize) setPaper(mode, page, purpose);
   if (page.NumOfCopies != 1) {
     mode.dmFields |= DM_COPIES;
-    mode.dmCopies = purpose == Purpose::measure ? -page.NumOfCopies : page.NumOfCopies;
+    mode.dmCopies =
+        purpose == Purpose::measure ? clamped(-std::int64_t{page.NumOfCopies}) : page.NumOfCopies;
   }
   if (page.SortByCopies) {
     mode.dmFields |= DM_COLLATE;
@@ -107,8 +111,8 @@ void MeasurePrinter(const Printer& printer, VSetPrn& measures) {
   measures.PhysicalHeight = caps.physicalHeight;
   measures.PhysicalOffsetX = caps.physicalOffsetX;
   measures.PhysicalOffsetY = caps.physicalOffsetY;
-  measures.DeviceName = printer.name;
-  measures.PortName = upTo(printer.port, ',');
+  measures.DeviceName = printer.name.substr(0, kMaxName);
+  measures.PortName = upTo(printer.port, ',').substr(0, kMaxName);
   gPrinterMeasured = true;
 }
 

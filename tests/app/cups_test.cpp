@@ -42,7 +42,8 @@ void expectDone(const Outcome& outcome) {
 
 TEST(Cups, printsOnEveryKindOfQueue) {
   CupsScheduler scheduler;
-  scheduler.addQueue("pdf", kPdfDriver);
+  // Pages lie as they are to be read, whatever the queue does with others.
+  scheduler.addQueue("pdf", kPdfDriver, {"orientation-requested-default=4"});
   scheduler.addQueue("postscript", kPostScriptDriver);
   scheduler.addQueue("matrix", kMatrixDriver);
   scheduler.addQueue("raw", "raw");

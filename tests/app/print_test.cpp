@@ -121,6 +121,16 @@ TEST(Print, keepsTextTitleAndPages) {
   EXPECT_EQ(text, "1Привет 1world 2zweite 4vierte 4Seite ");
 }
 
+TEST(Print, goesOnBehindCharactersThatNoTextMayHold) {
+  const TemporaryDirectory place;
+  place.write("cp1253.ini", "128-0xFFFF\r\n129-0xD800\r\n130-0x0391\r\n");
+  place.write("r.txt", "before\r\nodd \x80\x81\x82\r\nafter\r\n\fnext\r\n");
+  EXPECT_EQ(runViewer({"-g", "-f", "r.txt", "-codepage", "1253"}, in(place)).errors, "");
+  const PdfDocument document = readPdf(place.path("r(print).pdf"));
+  EXPECT_EQ(document.word("after").page, 1);
+  EXPECT_EQ(document.word("next").page, 2);
+}
+
 // The set that a run makes for itself, with other values for some keys.
 std::string setWith(const std::vector<std::pair<std::string, std::string>>& values) {
   std::string set = "<ReportSetsIniFile Ver=\"1.0\"/>\r\n<Set SetName=\"Name\">\r\n";

@@ -117,6 +117,11 @@ TEST_F(Printers, takeDeviceModesFromThePage) {
        2,
        {279, 431},
        {279, 431}},
+      {"wide by nature",
+       with([](VSetPage& page) { page.PaperSize = 4; }),
+       2,
+       {210, 297},
+       {210, 297}},
       {"not offered", with([](VSetPage& page) { page.PaperSize = 8; }), 2, {210, 297}, {210, 297}},
       {"size 0",
        with([](VSetPage& page) { page.PaperSize = 0, page.PaperWidth = 100; }),
@@ -164,6 +169,16 @@ TEST_F(Printers, takeDeviceModesFromThePage) {
   EXPECT_EQ(CreatePrintDC("nobody", {}, 100, false), nullptr);
 }
 
+TEST_F(Printers, askForCopiesThatAnyQueueTakes) {
+  for (const auto& [asked, sent] : {std::pair{-2147483647 - 1, 1}, {0, 1}, {70000, 9999}, {2, 2}}) {
+    VSetPage page;
+    page.NumOfCopies = asked;
+    const auto context = CreatePrintDC("", page, 100, false);
+    EXPECT_EQ(ticketOf(context->printer(), context->mode()).copies, sent);
+    EXPECT_EQ(UpdatePrintMetrics("", page, 100, false), 1);
+  }
+}
+
 TEST_F(Printers, turnTheMarginsWithTheSheet) {
   VSetPage page;
   page.Orientation = 2;
@@ -183,7 +198,7 @@ TEST_F(Printers, listPapersAndBins) {
   ListPapers("", papers, &selected, page);
   EXPECT_EQ(papers,
             (ItemList{"1|Letter   (215.9 x 279.4 mm)", "9|A4   (210 x 297 mm)",
-                      "3|Tabloid   (279.4 x 431.8 mm)", "257|om_label_62x100mm   (62 x 100 mm)"}));
+                      "3|Tabloid   (279.4 x 431.8 mm)", "317|om_label_62x100mm   (62 x 100 mm)"}));
   EXPECT_EQ(selected, 1);
   EXPECT_EQ(page.PrintColor, 1);
   EXPECT_EQ(page.MaxExtent.Height, 5000);
@@ -250,7 +265,7 @@ TEST_F(Printers, standInTheTreeWithAllTheyTell) {
     Letter  (215.9 x 279.4 mm)  (#1)
     A4  (210 x 297 mm)  (#9)
     Tabloid  (279.4 x 431.8 mm)  (#3)
-    om_label_62x100mm  (62 x 100 mm)  (#257)
+    om_label_62x100mm  (62 x 100 mm)  (#317)
   Printer's Resolutions
     300 x 300 DPI
     600 x 300 DPI

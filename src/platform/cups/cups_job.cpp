@@ -1,6 +1,9 @@
 // Create-Job and Send-Document.
 #include "platform/cups/cups_job.h"
 
+#include <algorithm>
+#include <array>
+
 #include "base/errors.h"
 
 namespace qor {
@@ -8,6 +11,7 @@ namespace {
 
 constexpr std::size_t kBufferSize = 64 * 1024;
 constexpr const char* kDocumentFormat = "application/pdf";
+constexpr const char* kUpright = "3";  // pages lie as they are to be read already
 
 // Options as names and values, in libcups' own list.
 class Options {
@@ -32,19 +36,31 @@ struct DestinationDeleter {
   void operator()(cups_dest_t* destination) const { cupsFreeDests(1, destination); }
 };
 
-// What the user has set for the queue with lpoptions.
+// Options that speak of the sheet, the colours or the quality, by the names of drivers and of the
+// protocol: a job has them from its ticket, with which its pages were made.
+constexpr std::array<std::string_view, 17> kTicketOptions = {
+    "PageSize",   "PageRegion",    "media",      "media-col",        "orientation-requested",
+    "landscape",  "fit-to-page",   "scaling",    "natural-scaling",  "print-scaling",
+    "fitplot",    "print-quality", "OutputMode", "cupsPrintQuality", "print-color-mode",
+    "ColorModel", "Resolution"};
+
+// What else the user has set for the queue with lpoptions.
 void addUserOptions(Options& options, http_t* connection, const std::string& queue) {
   const std::unique_ptr<cups_dest_t, DestinationDeleter> destination(
       cupsGetNamedDest(connection, queue.c_str(), nullptr));
   if (!destination) return;
   for (int i = 0; i < destination->num_options; ++i) {
-    options.add(destination->options[i].name, destination->options[i].value);
+    const cups_option_t& option = destination->options[i];
+    const auto* end = kTicketOptions.end();
+    if (std::find(kTicketOptions.begin(), end, option.name) != end) continue;
+    options.add(option.name, option.value);
   }
 }
 
 void addTicket(Options& options, const JobTicket& ticket) {
   // Pages have the size of the sheet and keep clear of its edges: nothing is to be fitted.
   options.add("print-scaling", "none");
+  options.add("orientation-requested", kUpright);
   options.add("media", ticket.media);
   if (ticket.copies) options.add("copies", std::to_string(*ticket.copies));
   if (ticket.collated) {
@@ -58,10 +74,12 @@ void addTicket(Options& options, const JobTicket& ticket) {
 
 }  // namespace
 
-CupsJob::CupsJob(const std::string& queue, const JobTicket& ticket)
-    : queue_(queue), connection_(connectToScheduler()) {
+CupsJob::CupsJob(const std::string& queue) : queue_(queue), connection_(connectToScheduler()) {
   if (!connection_) fail();
   buffer_.reserve(kBufferSize);
+}
+
+void CupsJob::start(const JobTicket& ticket) {
   create(ticket);
   startDocument(ticket);
 }

@@ -9,11 +9,14 @@ namespace qor {
 
 class CupsJob : public PrintJob {
  public:
-  // Asks the scheduler for a job. Throws PrintError.
-  CupsJob(const std::string& queue, const JobTicket& ticket);
+  // Throws PrintError where no scheduler answers.
+  explicit CupsJob(const std::string& queue);
   ~CupsJob() override;
   CupsJob(const CupsJob&) = delete;
   CupsJob& operator=(const CupsJob&) = delete;
+
+  // Asks the scheduler for a job, before anything is written. Throws PrintError.
+  void start(const JobTicket& ticket);
 
   void write(std::string_view bytes) override;
   void finish() override;

@@ -1,4 +1,5 @@
 // The queues of a CUPS scheduler.
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <span>
@@ -82,12 +83,36 @@ MediaMargins marginsOf(MediaSize size, const std::vector<SheetCollection>& sheet
 
 void addMedia(Queue& queue, ipp_t* answer) {
   const auto sheets = sheetsOf(answer, "media-col-database");
-  for (const std::string& name : textsOf(answer, "media-supported")) {
+  const auto names = textsOf(answer, "media-supported");
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const std::string& name = names[i];
     const bool isLimit = name.starts_with("custom_min") || name.starts_with("custom_max");
     const auto size = sizeOfMedia(name);
     if (isLimit || !size) continue;
-    queue.media.push_back({name, *size, marginsOf(*size, sheets, queue.defaultMargins)});
+    // Most schedulers tell both lists in one order.
+    const bool sameOrder = i < sheets.size() && sameSize(sheets[i].size, *size);
+    queue.media.push_back(
+        {name, *size,
+         sameOrder ? sheets[i].margins : marginsOf(*size, sheets, queue.defaultMargins)});
   }
+}
+
+struct Range {
+  int low = 0;
+  int high = 0;
+};
+
+// A side that may have any length in a range, or just one.
+std::optional<Range> rangeOf(ipp_t* size, const char* side) {
+  ipp_attribute_t* attribute = ippFindAttribute(size, side, IPP_TAG_ZERO);
+  if (ippGetValueTag(attribute) == IPP_TAG_INTEGER) {
+    const int length = ippGetInteger(attribute, 0);
+    return Range{length, length};
+  }
+  if (ippGetValueTag(attribute) != IPP_TAG_RANGE) return std::nullopt;
+  Range range;
+  range.low = ippGetRange(attribute, 0, &range.high);
+  return range;
 }
 
 // The range of sizes that are cut from a roll or fed by hand.
@@ -96,11 +121,17 @@ void addCustomSizes(Queue& queue, ipp_t* answer) {
       ippFindAttribute(answer, "media-size-supported", IPP_TAG_BEGIN_COLLECTION);
   for (int i = 0; i < ippGetCount(sizes); ++i) {
     ipp_t* size = ippGetCollection(sizes, i);
-    ipp_attribute_t* width = ippFindAttribute(size, "x-dimension", IPP_TAG_RANGE);
-    ipp_attribute_t* length = ippFindAttribute(size, "y-dimension", IPP_TAG_RANGE);
-    if (width == nullptr || length == nullptr) continue;
-    queue.smallest.width = ippGetRange(width, 0, &queue.largest.width);
-    queue.smallest.length = ippGetRange(length, 0, &queue.largest.length);
+    const auto width = rangeOf(size, "x-dimension");
+    const auto length = rangeOf(size, "y-dimension");
+    if (!width || !length || (width->low == width->high && length->low == length->high)) continue;
+    const bool isFirst = queue.largest == MediaSize{};
+    const auto least = [isFirst](int known, int low) {
+      return isFirst ? low : std::min(known, low);
+    };
+    queue.smallest = {least(queue.smallest.width, width->low),
+                      least(queue.smallest.length, length->low)};
+    queue.largest = {std::max(queue.largest.width, width->high),
+                     std::max(queue.largest.length, length->high)};
   }
 }
 
@@ -186,7 +217,9 @@ class CupsQueues : public PrintQueues {
   }
 
   std::unique_ptr<PrintJob> open(const std::string& name, const JobTicket& ticket) override {
-    return std::make_unique<CupsJob>(name, ticket);
+    auto job = std::make_unique<CupsJob>(name);
+    job->start(ticket);
+    return job;
   }
 
  private:
@@ -223,5 +256,9 @@ class CupsQueues : public PrintQueues {
 }  // namespace qor
 
 extern "C" __attribute__((visibility("default"))) qor::PrintQueues* qorMakeSystemQueues() {
+  // Nobody is there to type a password.
+  cupsSetPasswordCB2(
+      [](const char*, http_t*, const char*, const char*, void*) -> const char* { return nullptr; },
+      nullptr);
   return new qor::CupsQueues;
 }

@@ -14,14 +14,17 @@ struct PaperRow {
   int number;  // DMPAPER_*
   std::string_view name;
   std::string_view media;
+  bool turned = false;  // the sheet lies on the long side of what the name tells
 };
 
-// Every paper of both lists, by number.
+// Every paper that is in both lists. Of papers with one name or size the first is the usual one.
 std::span<const PaperRow> paperTable();
 
 // The size that a registered name ends with: "iso_a4_210x297mm" or "na_letter_8.5x11in". Nothing
 // where it ends otherwise or tells a size beyond 100 m.
 std::optional<MediaSize> sizeOfMedia(std::string_view name);
+
+MediaSize sizeOf(const PaperRow& row);
 
 // True if the sheets differ by less than what cutting does (1 mm on either side).
 bool sameSize(MediaSize first, MediaSize second);

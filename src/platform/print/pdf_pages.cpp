@@ -12,6 +12,17 @@
 #include "platform/text_encoding.h"
 
 namespace qor {
+namespace {
+
+// Bytes below 32 are drawn as blanks. Code points that no text may hold, as code pages from files
+// may name them, would end the drawing.
+char32_t plainCharacter(char32_t c) {
+  const bool isText = c <= 0x10FFFF && (c < 0xD800 || c > 0xDFFF) && (c < 0xFDD0 || c > 0xFDEF) &&
+                      (c & 0xFFFE) != 0xFFFE;
+  return c < U' ' ? U' ' : isText ? c : U'\xFFFD';
+}
+
+}  // namespace
 
 // A canvas in dots on a surface in points.
 class PdfPages::Page : public CairoCanvas {
@@ -21,6 +32,8 @@ class PdfPages::Page : public CairoCanvas {
     setUnitsPerDot(double(kPointsPerInch) / sheet.dotsPerInch.x,
                    double(kPointsPerInch) / sheet.dotsPerInch.y);
   }
+
+  cairo_status_t drawingStatus() const { return status(); }
 
  protected:
   // The text goes with its glyphs, so that readers of the document find and copy it. Cairo finds
@@ -42,7 +55,7 @@ class PdfPages::Page : public CairoCanvas {
     clusters_.clear();
     for (const char32_t c : text) {
       const std::size_t before = utf8_.size();
-      appendUtf8(utf8_, c < U' ' ? U' ' : c);
+      appendUtf8(utf8_, plainCharacter(c));
       clusters_.push_back({static_cast<int>(utf8_.size() - before), 1});
     }
     cairo_show_text_glyphs(context, utf8_.data(), static_cast<int>(utf8_.size()), glyphs.data(),
@@ -80,7 +93,9 @@ cairo_status_t PdfPages::take(void* self, const unsigned char* bytes, unsigned c
 
 void PdfPages::check() {
   if (failure_) std::rethrow_exception(failure_);
-  const cairo_status_t status = cairo_surface_status(surface_.get());
+  const cairo_status_t onPage = page_ ? page_->drawingStatus() : CAIRO_STATUS_SUCCESS;
+  const cairo_status_t status =
+      onPage == CAIRO_STATUS_SUCCESS ? cairo_surface_status(surface_.get()) : onPage;
   if (status != CAIRO_STATUS_SUCCESS) throw PrintError(cairo_status_to_string(status));
 }
 

@@ -18,7 +18,6 @@ struct DocumentInfo {
 
 class PrintContext {
  public:
-  // The printer must live as long.
   PrintContext(const Printer& printer, const DeviceMode& mode);
   ~PrintContext();
   PrintContext(const PrintContext&) = delete;
@@ -42,7 +41,7 @@ class PrintContext {
  private:
   struct Document;
 
-  const Printer& printer_;
+  Printer printer_;
   DeviceMode mode_;
   DeviceCaps caps_;
   std::unique_ptr<Document> document_;

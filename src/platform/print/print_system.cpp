@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "base/errors.h"
 #include "platform/print/pdf_file_printer.h"
 #include "platform/print/system_queues.h"
 
@@ -43,8 +44,11 @@ const std::string& PrintSystem::defaultName() {
   if (!default_) {
     default_.emplace();
     for (const auto& system : systems_) {
-      *default_ = system->defaultName();
-      if (!default_->empty()) break;
+      std::string name = system->defaultName();
+      // A default may be told that is not there.
+      if (name.empty() || find(name) == nullptr) continue;
+      *default_ = std::move(name);
+      break;
     }
   }
   return *default_;
@@ -57,6 +61,8 @@ const PrintSystem::KnownPrinter& PrintSystem::known(const std::string& name) {
       const auto queue = system->find(name);
       if (!queue) continue;
       place->second = {system.get(), printerOf(*queue)};
+      // The queue may be known by another spelling.
+      printers_.try_emplace(queue->id.name, place->second);
       break;
     }
   }
@@ -69,7 +75,9 @@ const Printer* PrintSystem::find(const std::string& name) {
 }
 
 std::unique_ptr<PrintJob> PrintSystem::open(const Printer& printer, const JobTicket& ticket) {
-  return known(printer.name).system->open(printer.name, ticket);
+  PrintQueues* system = known(printer.name).system;
+  if (system == nullptr) throw PrintError(printer.name + ": the printer is gone");
+  return system->open(printer.name, ticket);
 }
 
 void PrintSystem::refresh() {

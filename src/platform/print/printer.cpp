@@ -13,35 +13,47 @@ namespace qor {
 namespace {
 
 constexpr int kFirstOwnNumber = kUserPaper + 1;
+constexpr int kOwnNumbers = 30000;
+constexpr int kMostCopies = 9999;
 constexpr int kFormSourceBin = 15;  // DMBIN_FORMSOURCE: the paper tells the tray
 constexpr double kHundredthsPerInch = 100 * kMillimetresPerInch;
 constexpr std::string_view kUsualMedia = "iso_a4_210x297mm";
 
 // The table's paper, or null. Sizes count last.
 const PaperRow* rowOf(const Media& media) {
+  const bool lies = media.size.width > media.size.length;
   const auto rows = paperTable();
-  auto row = std::find_if(rows.begin(), rows.end(),
-                          [&](const PaperRow& candidate) { return candidate.media == media.name; });
+  auto row = std::find_if(rows.begin(), rows.end(), [&](const PaperRow& candidate) {
+    return candidate.media == media.name && candidate.turned == lies;
+  });
   if (row == rows.end()) {
     row = std::find_if(rows.begin(), rows.end(), [&](const PaperRow& candidate) {
-      return sameSize(*sizeOfMedia(candidate.media), media.size);
+      return sameSize(sizeOf(candidate), media.size);
     });
   }
   return row == rows.end() ? nullptr : &*row;
 }
 
+// A number for a paper that Windows has none for: the same whatever other papers the queue has.
+int ownNumber(std::string_view name) {
+  std::uint32_t hash = 2166136261U;
+  for (const char c : name) hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
+  return kFirstOwnNumber + static_cast<int>(hash % kOwnNumbers);
+}
+
 // Papers in the queue's order. Of two with one Windows number the first has it.
 std::vector<Paper> papersOf(const Queue& queue) {
   std::vector<Paper> papers;
-  int ownNumber = kFirstOwnNumber;
+  const auto isTaken = [&papers](int number) {
+    return std::any_of(papers.begin(), papers.end(),
+                       [number](const Paper& paper) { return paper.number == number; });
+  };
   for (const Media& media : queue.media) {
     const PaperRow* row = rowOf(media);
-    const bool taken =
-        row == nullptr || std::any_of(papers.begin(), papers.end(), [row](const Paper& paper) {
-          return paper.number == row->number;
-        });
-    if (taken) {
-      papers.push_back({ownNumber++, media.name, media});
+    if (row == nullptr || isTaken(row->number)) {
+      int number = ownNumber(media.name);
+      while (isTaken(number)) ++number;
+      papers.push_back({number, media.name, media});
     } else {
       papers.push_back({row->number, std::string(row->name), media});
     }
@@ -54,9 +66,9 @@ std::vector<Media> usualMedia() {
   std::vector<Media> media = {{std::string(kUsualMedia), *sizeOfMedia(kUsualMedia), {}}};
   for (const PaperRow& row : paperTable()) {
     const bool known = std::any_of(media.begin(), media.end(), [&row](const Media& candidate) {
-      return candidate.name == row.media;
+      return candidate.size == sizeOf(row);
     });
-    if (!known) media.push_back({std::string(row.media), *sizeOfMedia(row.media), {}});
+    if (!known) media.push_back({std::string(row.media), sizeOf(row), {}});
   }
   return media;
 }
@@ -108,7 +120,7 @@ const Paper* paperOf(const Printer& printer, int number) {
   const auto row = std::find_if(rows.begin(), rows.end(),
                                 [number](const PaperRow& paper) { return paper.number == number; });
   if (row == rows.end()) return nullptr;
-  const MediaSize size = *sizeOfMedia(row->media);
+  const MediaSize size = sizeOf(*row);
   return first([&](const Paper& paper) { return sameSize(paper.media.size, size); });
 }
 
@@ -185,6 +197,18 @@ Printer printerOf(const Queue& queue) {
   return printer;
 }
 
+std::pair<MediaSize, MediaSize> sizeLimits(const Printer& printer) {
+  if (takesCustomSizes(printer)) return {printer.smallest, printer.largest};
+  MediaSize smallest = printer.papers.front().media.size;
+  MediaSize largest = smallest;
+  for (const Paper& paper : printer.papers) {
+    const MediaSize size = paper.media.size;
+    smallest = {std::min(smallest.width, size.width), std::min(smallest.length, size.length)};
+    largest = {std::max(largest.width, size.width), std::max(largest.length, size.length)};
+  }
+  return {smallest, largest};
+}
+
 Media mediaOf(const Printer& printer, const DeviceMode& mode) {
   if (asksCustomSize(mode) && takesCustomSizes(printer)) return customMedia(printer, mode);
   const Paper* paper = paperOf(printer, mode.dmPaperSize);
@@ -217,7 +241,7 @@ DeviceCaps deviceCaps(const Printer& printer, const DeviceMode& mode) {
 JobTicket ticketOf(const Printer& printer, const DeviceMode& mode) {
   JobTicket ticket;
   ticket.media = mediaOf(printer, mode).name;
-  if (mode.has(DM_COPIES)) ticket.copies = mode.dmCopies;
+  if (mode.has(DM_COPIES)) ticket.copies = std::clamp(mode.dmCopies, 1, kMostCopies);
   ticket.collated = mode.has(DM_COLLATE) && mode.dmCollate != 0;
   if (mode.has(DM_PRINTQUALITY)) {
     constexpr PrintQuality kQualities[] = {PrintQuality::draft, PrintQuality::draft,

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/print/device_mode.h"
@@ -63,6 +64,10 @@ constexpr int tenthsOf(int hundredths) {
 }
 
 Printer printerOf(const Queue& queue);
+
+// The smallest and the largest sheet that the printer takes, of a size of one's own or of its
+// papers.
+std::pair<MediaSize, MediaSize> sizeLimits(const Printer& printer);
 
 // The sheet that a job of this mode gets: the paper of that number; else one of the same name or
 // size; else the printer's own. Never empty.

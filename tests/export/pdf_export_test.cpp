@@ -172,6 +172,21 @@ TEST_F(PdfExport, keepsColoursAndTransparencyOfPictures) {
   EXPECT_EQ(dot(30, 20), 0xFFFFFFU);
 }
 
+TEST_F(PdfExport, showsBarcodesThatAreRead) {
+  const std::string report =
+      "<barcode br_type=EAN_13 value=590123412345 left=20 top=20 right=90 bottom=50/>"
+      "<barcode br_type=ITF value=1540014128876 left=20 top=70 right=120 bottom=100/>"
+      "<barcode br_type=KAREKOD value=\"https://qor/a?b=1\" left=20 top=120 right=60 bottom=160/>";
+  EXPECT_EQ(exportReport(report).errors, "");
+  run({"pdftoppm", "-r", "192", "-png", "-singlefile", directory_.path("r.pdf"),
+       directory_.path("page")});
+  const std::string read = run({"zbarimg", "-q", directory_.path("page.png")}).output;
+  for (const char* code :
+       {"EAN-13:5901234123457", "I2/5:15400141288763", "QR-Code:https://qor/a?b=1"}) {
+    EXPECT_NE(read.find(code), std::string::npos) << read;
+  }
+}
+
 TEST_F(PdfExport, isTheSameEachTimeAndTellsOfItself) {
   exportReport("A\r\n");
   const std::string first = directory_.read("r.pdf");

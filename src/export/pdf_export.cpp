@@ -88,6 +88,7 @@ void writePages(VDoc& doc, const ExportOptions& options, PdfDocument& document) 
       lines.emplace_back();
       LineToMarkup(line, lines, lines.size() - 1);
     }
+    if (lines.empty()) lines.emplace_back();
     if (number != doc.PageCount) lines.back().emplace_back(1, kPageMark);
     writer.WritePdf(lines);
   }

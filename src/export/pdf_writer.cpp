@@ -211,7 +211,7 @@ void PdfWriter::writeShape(const MarkupRecord& record) {
 }
 
 void PdfWriter::writeImage(const MarkupRecord& record) {
-  enum { kNatural = 0, kEntire = 1, kMeet = 2 };
+  enum { kNone = -1, kNatural = 0, kEntire = 1, kMeet = 2 };
   const std::int32_t frame = integerOf(record[PdfField::ic]);
   document_.setStrokeColor(frame == 0 ? PdfColor{1, 1, 1} : colorOf(record[PdfField::ic]));
   const double left = points(realOf(record[PdfField::il]));
@@ -220,7 +220,8 @@ void PdfWriter::writeImage(const MarkupRecord& record) {
   const double bottom = kPageHeight - height - points(realOf(record[PdfField::it]));
   const double corner = wholePoints(record[PdfField::il]);
   const double top = kPageHeight - wholePoints(record[PdfField::it]);
-  const std::int32_t stretch = integerOf(record[PdfField::iss]);
+  const std::int32_t stretch =
+      record[PdfField::iss].empty() ? kNone : integerOf(record[PdfField::iss]);
 
   const auto file = readPictureFile(record[PdfField::ifn], codePage_);
   const PdfImage* image = file ? document_.loadImage(*file) : nullptr;

@@ -55,10 +55,12 @@ std::string hex(unsigned value, int digits) {
   return text;
 }
 
-std::string characterMap(const std::string& name, const std::string& rows) {
+// Type 1 leads to glyphs, type 2 to Unicode.
+std::string characterMap(const std::string& name, int type, const std::string& rows) {
   return "/CIDInit/ProcSet findresource begin\n12 dict begin\nbegincmap\n/CIDSystemInfo " +
-         std::string(kSystemInfo) + " def\n/CMapName/" + name +
-         " def\n/CMapType 2 def\n/WMode 0 def\n1 begincodespacerange\n<00><FF>\n"
+         std::string(kSystemInfo) + " def\n/CMapName/" + name + " def\n/CMapType " +
+         std::to_string(type) +
+         " def\n/WMode 0 def\n1 begincodespacerange\n<00><FF>\n"
          "endcodespacerange\n" +
          rows + "endcmap\nCMapName currentdict/CMap defineresource pop\nend\nend\n";
 }
@@ -162,8 +164,8 @@ PdfId PdfFonts::writeFace(PdfFile& file, std::size_t number) const {
   const std::string mapName = "QOR-" + std::to_string(number);
   const PdfId encoding =
       file.addStream("/Type/CMap/CMapName/" + mapName + "/CIDSystemInfo" + kSystemInfo + "/WMode 0",
-                     characterMap(mapName, codes.take()));
-  const PdfId unicode = file.addStream("", characterMap(mapName + "-U", characters.take()));
+                     characterMap(mapName, 1, codes.take()));
+  const PdfId unicode = file.addStream("", characterMap(mapName + "-U", 2, characters.take()));
   return file.addObject("<</Type/Font/Subtype/Type0/BaseFont/" + name + "/Encoding " +
                         pdfReference(encoding) + "/DescendantFonts[" + pdfReference(descendant) +
                         "]/ToUnicode " + pdfReference(unicode) + ">>");

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the program and runs it with the given arguments. Without arguments it exports the sample
-# reports, as pictures and as text, to out/.
+# reports, as pictures, PDF and text, to out/.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 
@@ -14,7 +14,7 @@ fi
 mkdir -p "$here/out"
 cd "$here/samples"
 while IFS=$'\t' read -r report codepage; do
-  for extension in png txt; do
+  for extension in png pdf txt; do
     "$here/build/qorutlview" -f "$report" -codepage "$codepage" \
       -export "$here/out/${report%.txt}.$extension"
   done

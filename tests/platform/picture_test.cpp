@@ -4,56 +4,38 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <random>
 
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
 #include "support/string_sink.h"
+#include "support/temporary_directory.h"
 
 namespace qor {
 namespace {
 
 using test::StringSink;
-
-namespace fs = std::filesystem;
-
-std::string readFile(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
-void writeFile(const fs::path& path, std::string_view bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
-}
+using test::TemporaryDirectory;
 
 class PictureTest : public testing::Test {
  protected:
-  void SetUp() override {
-    std::string name = (fs::temp_directory_path() / "qor-picture-XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    folder_ = name;
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
   void run(const std::string& command) const {
-    const std::string line = "cd '" + folder_.string() + "' && " + command;
+    const std::string line = "cd '" + folder_.path() + "' && " + command;
     ASSERT_EQ(std::system(line.c_str()), 0) << command;
   }
 
   // A file of 37 by 23 pixels that ImageMagick writes.
   std::string make(const std::string& arguments, const std::string& file) const {
     run("convert-im6.q16 -seed 5 -size 37x23 plasma:tomato-steelblue " + arguments + " " + file);
-    return readFile(folder_ / file.substr(file.find(':') + 1));
+    return folder_.read(file.substr(file.find(':') + 1));
   }
 
   // The pixels that ImageMagick sees, each with its colours multiplied by alpha.
   std::vector<std::uint32_t> seen(const std::string& file) const {
     run("convert-im6.q16 '" + file +
         "' -background none -layers flatten -colorspace sRGB -depth 8 RGBA:seen");
-    const std::string bytes = readFile(folder_ / "seen");
+    const std::string bytes = folder_.read("seen");
     std::vector<std::uint32_t> pixels(bytes.size() / 4);
     for (std::size_t i = 0; i < pixels.size(); ++i) {
       const auto byte = [&](std::size_t at) -> unsigned {
@@ -67,10 +49,10 @@ class PictureTest : public testing::Test {
 
   std::string identify(const std::string& format, const std::string& file) const {
     run("identify-im6.q16 -units PixelsPerInch -format '" + format + "' '" + file + "' > said");
-    return readFile(folder_ / "said");
+    return folder_.read("said");
   }
 
-  fs::path folder_;
+  TemporaryDirectory folder_;
 };
 
 // The mean distance of the bytes of two pictures; more than any byte can be if their sizes differ.
@@ -193,7 +175,7 @@ TEST_F(PictureTest, readsBitmapsThatFewProgramsWrite) {
       makeBitmap(2, 1, 16, 3, kMasks565, bytesOf({0x34, 0x12, 0xFF, 0x7B})),
   };
   for (const std::string& file : kFiles) {
-    writeFile(folder_ / "made.bmp", file);
+    folder_.write("made.bmp", file);
     const auto picture = decodePicture(file);
     ASSERT_TRUE(picture);
     EXPECT_EQ(distance(picture->pixels, seen("made.bmp")), 0) << &file - kFiles;
@@ -220,7 +202,7 @@ TEST_F(PictureTest, takesTheLargestImageOfAnIcon) {
   const auto large = decodePicture(make("-resize 48x48!", "PNG24:large.png"));
   run("convert-im6.q16 large.png -resize 16x16 small.png");
   run("convert-im6.q16 small.png large.png small.png three.ico");
-  EXPECT_EQ(decodePicture(readFile(folder_ / "three.ico"))->pixels, large->pixels);
+  EXPECT_EQ(decodePicture(folder_.read("three.ico"))->pixels, large->pixels);
 }
 
 // Pictures to write: the rows have pixels beyond their width, and the top bytes are of no account.
@@ -274,7 +256,7 @@ TEST_F(PictureTest, writesFilesThatOthersReadToTheSamePixels) {
   for (const Writing& writing : kWritings) {
     for (const Sample& sample : kSamples) {
       const std::string file = encoded(sample, writing.format);
-      writeFile(folder_ / writing.file, file);
+      folder_.write(writing.file, file);
       auto expected = pixelsOf(sample, 0xFF000000, kWidth);
       if (writing.format == PictureFormat::ico) std::ranges::replace(expected, 0xFFFFFFFF, 0u);
       const bool reduced = writing.format == PictureFormat::gif && &sample == &kSamples[3];
@@ -293,8 +275,8 @@ TEST_F(PictureTest, writesOneChannelForGrayPicturesOnly) {
   EXPECT_EQ(encoded(kSamples[3], PictureFormat::png)[25], 2);
   EXPECT_EQ(encoded(kSamples[0], PictureFormat::bmp)[28], 8);
   EXPECT_EQ(encoded(kSamples[3], PictureFormat::bmp)[28], 24);
-  writeFile(folder_ / "gray.jpg", encoded(kSamples[0], PictureFormat::jpeg));
-  writeFile(folder_ / "colour.jpg", encoded(kSamples[3], PictureFormat::jpeg));
+  folder_.write("gray.jpg", encoded(kSamples[0], PictureFormat::jpeg));
+  folder_.write("colour.jpg", encoded(kSamples[3], PictureFormat::jpeg));
   EXPECT_EQ(identify("%[jpeg:sampling-factor] %Q", "gray.jpg"), "1x1 90");
   EXPECT_EQ(identify("%[jpeg:sampling-factor] %Q", "colour.jpg"), "1x1,1x1,1x1 90");
 }

@@ -2,6 +2,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 #include "base/errors.h"
@@ -68,6 +69,15 @@ std::optional<std::int32_t> parseInteger(std::string_view text) {
 std::int32_t toInteger(std::string_view text) {
   if (const auto value = parseInteger(text)) return *value;
   throw ConversionError("\"" + std::string(text) + "\" is not a whole number");
+}
+
+void appendDecimal(std::string& text, double value) {
+  // The largest numbers have 309 digits before the point, the smallest about 1,080 behind it.
+  std::array<char, 1100> digits;
+  const auto end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed)
+          .ptr;
+  text.append(digits.data(), end);
 }
 
 std::string lowerAscii(std::string_view text) {

@@ -23,6 +23,9 @@ std::optional<std::int32_t> parseInteger(std::string_view text);
 // The same; throws ConversionError where the text is no such number.
 std::int32_t toInteger(std::string_view text);
 
+// Appends the number with the fewest digits that tell it, and never with an exponent.
+void appendDecimal(std::string& text, double value);
+
 // Letters A to Z become a to z, all other bytes stay.
 std::string lowerAscii(std::string_view text);
 

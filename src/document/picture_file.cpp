@@ -25,12 +25,15 @@ std::string systemName(std::string_view fileName, int codePage) {
 
 }  // namespace
 
+std::optional<std::string> readNamedFile(std::string_view fileName, int codePage) {
+  return readWholeFile(systemName(fileName, codePage), kMaxPictureFile);
+}
+
 std::optional<std::string> readPictureFile(std::string_view fileName, int codePage) {
   const std::string extension = lowerAscii(extensionOf(fileName));
   const bool known =
       std::find(kExtensions.begin(), kExtensions.end(), extension) != kExtensions.end();
-  if (!known) return std::nullopt;
-  return readWholeFile(systemName(fileName, codePage), kMaxPictureFile);
+  return known ? readNamedFile(fileName, codePage) : std::nullopt;
 }
 
 }  // namespace qor

@@ -22,7 +22,8 @@ struct ExportOptions {
   std::bitset<kImageFormatCount> ImageFormats;
   bool PagePerSheet = false;
   char CsvSeparator = ';';
-  int PageMode = 0;  // how pages are read: only kKeepTabs has an effect
+  int PageMode = 0;          // how pages are read: only kKeepTabs has an effect
+  int PreviewPageWidth = 0;  // of the page as the window first painted it, pixels
 };
 
 // The names of the files that a picture export wrote, in order.

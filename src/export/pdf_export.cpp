@@ -1,6 +1,8 @@
 // Reports as PDF documents: through the markup, or as a print job into a file.
+#include <algorithm>
 #include <cstdlib>
 #include <ctime>
+#include <iterator>
 #include <string>
 
 #include "barcode/barcode_picture.h"
@@ -9,6 +11,7 @@
 #include "base/interface_texts.h"
 #include "base/path.h"
 #include "base/text.h"
+#include "base/units.h"
 #include "document/code_page_tables.h"
 #include "document/vdoc.h"
 #include "export/exporters.h"
@@ -73,10 +76,32 @@ int exportByPrinter(VDoc& doc, const ExportOptions& options) {
   return 0;
 }
 
+// The windows ask for pages in this mode, and their PDFs have the width of the page on view.
+constexpr int kWindowPageMode = 7;
+
+struct WidthRow {
+  double fontHeight;  // points
+  double divisor;
+};
+constexpr WidthRow kWidthDivisors[] = {{10, 1.335}, {9, 1.295}, {8, 1.455}, {12, 1.39}, {14, 1.31}};
+constexpr double kOtherDivisor = 1.35;
+
+// Points.
+std::int32_t pageWidthOf(const VSet& settings, const ExportOptions& options) {
+  if (options.PageMode != kWindowPageMode)
+    return settings.Page.landscape() ? kLandscapeWidth : kUprightWidth;
+  const double height = settings.Font.Height;
+  const auto* row =
+      std::find_if(std::begin(kWidthDivisors), std::end(kWidthDivisors),
+                   [height](const WidthRow& each) { return each.fontHeight == height; });
+  const double divisor = row == std::end(kWidthDivisors) ? kOtherDivisor : row->divisor;
+  return truncated(options.PreviewPageWidth / divisor);
+}
+
 void writePages(VDoc& doc, const ExportOptions& options, PdfDocument& document) {
   const int codePage = doc.Settings.Page.BaseCodePage;
   const std::string stem(sideFileStem(options.TargetName));
-  const std::int32_t width = doc.Settings.Page.landscape() ? kLandscapeWidth : kUprightWidth;
+  const std::int32_t width = pageWidthOf(doc.Settings, options);
   document.defineEncoding("cp" + std::to_string(codePage), encodingOf(codePage));
   PdfWriter writer(document, width, codePage, stem);
   PdfLines lines;

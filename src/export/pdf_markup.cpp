@@ -2,9 +2,10 @@
 #include "export/pdf_markup.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
+#include <type_traits>
 
+#include "base/text.h"
 #include "document/vdata.h"
 #include "document/vdocstr.h"
 
@@ -33,9 +34,13 @@ class MarkupWriter {
 
   template <class Number>
   void number(PdfField name, Number value) {
-    std::array<char, 40> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-    field(name, std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data())));
+    if constexpr (std::is_floating_point_v<Number>) {
+      std::string digits;
+      appendDecimal(digits, value);
+      field(name, digits);
+    } else {
+      field(name, std::to_string(value));
+    }
   }
 
   std::string take() { return std::move(record_); }

@@ -52,14 +52,12 @@ PdfColor colorOf(std::string_view value) {
   return {redOf(color) / 255.0, greenOf(color) / 255.0, blueOf(color) / 255.0};
 }
 
-std::string decimal(double value) {
-  std::array<char, 40> digits;
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-  return std::string(digits.data(), end);
-}
-
 std::string boxOption(double width, double height) {
-  return "boxsize={" + decimal(width) + " " + decimal(height) + "}";
+  std::string option = "boxsize={";
+  appendDecimal(option, width);
+  option += ' ';
+  appendDecimal(option, height);
+  return option += '}';
 }
 
 // Lengths on and off by pen type.
@@ -122,7 +120,7 @@ double PdfWriter::selectFont(const MarkupRecord& record) {
   auto face = faces_.find(name);
   if (face == faces_.end()) {
     const std::string key(name);
-    face = faces_.emplace(key, faceFor(utf8FromCodePage(key, codePage_))).first;
+    face = faces_.emplace(key, faceFor(utf8FromCodePage(trimmed(key), codePage_))).first;
   }
   std::string styled = face->second;
   if (record[PdfField::fb] == "1") styled += ",Bold";
@@ -223,7 +221,7 @@ void PdfWriter::writeImage(const MarkupRecord& record) {
   const std::int32_t stretch =
       record[PdfField::iss].empty() ? kNone : integerOf(record[PdfField::iss]);
 
-  const auto file = readPictureFile(record[PdfField::ifn], codePage_);
+  const auto file = readNamedFile(record[PdfField::ifn], codePage_);
   const PdfImage* image = file ? document_.loadImage(*file) : nullptr;
   if (image != nullptr) {
     lastImage_ = {double(image->width), double(image->height)};

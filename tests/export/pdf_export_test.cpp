@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "export/exporters.h"
 #include "export/pdf_markup.h"
 #include "support/pdf_reader.h"
 #include "support/program.h"
@@ -323,6 +324,24 @@ TEST(PdfMarkup, tellsEveryItem) {
       records.replace(place, font.size(), "@");
     }
     EXPECT_EQ(records, row.records);
+  }
+}
+
+// A window asks for the width of its page, 813 pixels, by what the font's height divides it.
+TEST(PdfPage, takesItsWidthFromTheWindow) {
+  struct Row {
+    double fontHeight;
+    double points;
+  };
+  for (const Row& row : {Row{10, 608}, Row{8, 558}, Row{11, 602}}) {
+    TestReport report("A\r\n");
+    report.doc().Settings.Font.Height = row.fontHeight;
+    ExportOptions options;
+    options.TargetName = report.path("w.pdf");
+    options.PageMode = 7;
+    options.PreviewPageWidth = 813;
+    EXPECT_EQ(ExportPdf(report.doc(), options), 0);
+    EXPECT_NEAR(readPdf(options.TargetName).width / 25.4 * 72, row.points, 0.1) << row.fontHeight;
   }
 }
 

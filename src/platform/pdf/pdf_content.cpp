@@ -27,6 +27,7 @@ std::string_view PdfContent::bytes() {
 void PdfContent::clear() {
   bytes_.clear();
   wanted_ = written_ = {};
+  written_.text.size = -1;  // no font yet
   saved_.clear();
   inText_ = false;
 }

@@ -9,5 +9,9 @@ void showInformation(std::string_view) {
 }
 void showWarning(std::string_view) {
 }
+void showError(std::string_view) {
+}
+void setMessageSink(MessageSink) {
+}
 
 }  // namespace qor

@@ -35,7 +35,8 @@ void printReport() {
   if (doc.SelectPrinter()) {
     doc.PrintAll();
   } else {
-    writeErrorLine(AppOptions.PrinterName + ": there is no such printer, or the print system doesn't answer");
+    writeErrorLine(AppOptions.PrinterName +
+                   ": there is no such printer, or the print system doesn't answer");
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include "app/batch.h"
 #include "app/command_line.h"
+#include "app/preview_report.h"
 #include "base/app_options.h"
 #include "base/errors.h"
 #include "base/interface_texts.h"
@@ -42,12 +43,6 @@ int printReport() {
   return result < 0 ? kExitPrintFailed : kExitDone;
 }
 
-int previewReport() {
-  if (AppOptions.FileName.empty()) throw kErrorOpenDocument;
-  showWarning(AppOptions.FileName + ": this version has no preview window");
-  return kExitDone;
-}
-
 // The switches that other programs of this system have; the rest of the parameters has its own
 // rules.
 bool answersSwitch(const std::string& parameters) {
@@ -68,7 +63,7 @@ int run(const std::string& parameters) {
     case kRunStop: return kExitNothingDone;
     case kRunPrint: return printReport();
     case kRunExport: ExportWithoutInterface(); return kExitDone;
-    default: return previewReport();
+    default: PreviewReport(); return kExitDone;
   }
 }
 

@@ -41,7 +41,7 @@ std::optional<InputFile> VDoc::OpenFile() {
   try {
     return InputFile(AppOptions.FileName);
   } catch (const FileError& error) {
-    showWarning(std::string("Error: ") + error.what());
+    showError(std::string("Error: ") + error.what());
     LastError.set(kErrorOpenDocument, AppOptions.FileName);
     return std::nullopt;
   }

@@ -1,26 +1,43 @@
-// Messages without windows.
+// Messages: where they go.
 #include "platform/messages.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <string>
+#include <utility>
 
 namespace qor {
 namespace {
+
+MessageSink windowSink;
 
 void print(std::FILE* stream, const std::string& text) {
   std::fwrite(text.data(), 1, text.size(), stream);
   std::fflush(stream);
 }
 
+void show(MessageKind kind, std::string_view text) {
+  if (windowSink) {
+    windowSink(kind, text);
+  } else if (kind == MessageKind::information) {
+    print(stdout, std::string(text) + "\n");
+  } else {
+    writeErrorLine(text);
+  }
+}
+
 }  // namespace
 
 void showInformation(std::string_view text) {
-  print(stdout, std::string(text) + "\n");
+  show(MessageKind::information, text);
 }
 
 void showWarning(std::string_view text) {
-  writeErrorLine(text);
+  show(MessageKind::warning, text);
+}
+
+void showError(std::string_view text) {
+  show(MessageKind::error, text);
 }
 
 void writeErrorLine(std::string_view text) {
@@ -28,6 +45,10 @@ void writeErrorLine(std::string_view text) {
   const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
   std::replace_if(line.begin(), line.end(), isControl, ' ');
   print(stderr, line + "\n");
+}
+
+void setMessageSink(MessageSink sink) {
+  windowSink = std::move(sink);
 }
 
 }  // namespace qor

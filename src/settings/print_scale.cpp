@@ -19,15 +19,28 @@ double widthRatio(const ScaleQuestion& question, const VSetPage& page, const VSe
   return static_cast<double>(sheet) / paper;
 }
 
+// How much of the paper's width the page as drawn takes, at the zoom.
+std::int64_t fillingPercent(const ScaleQuestion& question, const VSetPage& page) {
+  const std::int64_t paper = truncated(question.screenDpi * page.PaperWidth / kMillimetresPerInch);
+  return question.zoom * paper / question.pageWidth;
+}
+
 }  // namespace
 
 std::int32_t ComputePrintScale(const ScaleQuestion& question, const VSetPage& page,
                                const VSetPrn& printer) {
   if (question.pageWidth == 0) return kNaturalSize;
-  const std::int64_t paper = truncated(question.screenDpi * page.PaperWidth / kMillimetresPerInch);
-  const std::int64_t percent = question.zoom * paper / question.pageWidth;
+  const std::int64_t percent = fillingPercent(question, page);
   if (page.PaperSize != kA4) return clamped(percent);
   return truncated(static_cast<double>(percent - kAllowance) - widthRatio(question, page, printer));
+}
+
+std::optional<std::int32_t> previewPrintScale(const ScaleQuestion& question, const VSetPage& page,
+                                              const VSetPrn& printer) {
+  if (question.pageWidth == 0) return std::nullopt;
+  const std::int64_t percent = fillingPercent(question, page);
+  if (page.PaperSize != kA4) return clamped(percent);
+  return truncated(static_cast<double>(percent - kAllowance) * widthRatio(question, page, printer));
 }
 
 }  // namespace qor

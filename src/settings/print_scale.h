@@ -1,7 +1,8 @@
-// The scale that makes a page, as it stands on the screen, fill the paper.
+// The scales that make a page, as it stands on the screen, fill the paper.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "document/vset.h"
 
@@ -13,8 +14,12 @@ struct ScaleQuestion {
   std::int32_t pageWidth = 0;  // of the page as drawn at that zoom, pixels
 };
 
-// Percent. 100 for a page that isn't drawn; negative for the automatic zooms.
+// For a print job, in percent. 100 for a page that isn't drawn; negative for the automatic zooms.
 std::int32_t ComputePrintScale(const ScaleQuestion& question, const VSetPage& page,
                                const VSetPrn& printer);
+
+// For the printer that a view opens, in percent; nothing for a page that isn't drawn.
+std::optional<std::int32_t> previewPrintScale(const ScaleQuestion& question, const VSetPage& page,
+                                              const VSetPrn& printer);
 
 }  // namespace qor

@@ -135,6 +135,21 @@ int UpdatePrintMetrics(const std::string& printerName, const VSetPage& page, int
   return 1;
 }
 
+void TakePrintMetrics(VSetPrn& measures) {
+  const PrintMetrics& metrics = gPrintMetrics;
+  if (metrics.LogPixelsX == 0 || metrics.LogPixelsY == 0) return;
+  measures.HorzRes = metrics.HorzRes;
+  measures.VertRes = metrics.VertRes;
+  measures.LogPixelsX = metrics.LogPixelsX;
+  measures.LogPixelsY = metrics.LogPixelsY;
+  measures.HorzSize = metrics.HorzSize;
+  measures.VertSize = metrics.VertSize;
+  measures.PhysicalWidth = metrics.PhysicalWidth;
+  measures.PhysicalHeight = metrics.PhysicalHeight;
+  measures.PhysicalOffsetX = metrics.PhysicalOffsetX;
+  measures.PhysicalOffsetY = metrics.PhysicalOffsetY;
+}
+
 std::unique_ptr<PrintContext> CreatePrintDC(const std::string& printerName, const VSetPage& page,
                                             int scalePercent, bool scaleFlag) {
   const Printer* printer = FindPrinter(printerName);

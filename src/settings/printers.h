@@ -51,7 +51,11 @@ bool MeasureDefaultPrinter();
 int UpdatePrintMetrics(const std::string& printerName, const VSetPage& page, int scalePercent,
                        bool scaleFlag);
 
-// Does the same and gives the context to print in, or null.
+// Takes what gPrintMetrics holds over into the measurements of a printer; nothing where it holds
+// none.
+void TakePrintMetrics(VSetPrn& measures);
+
+// Does as UpdatePrintMetrics and gives the context to print in, or null.
 std::unique_ptr<PrintContext> CreatePrintDC(const std::string& printerName, const VSetPage& page,
                                             int scalePercent, bool scaleFlag);
 

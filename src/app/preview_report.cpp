@@ -1,0 +1,68 @@
+// The way of the preview: everything around its window.
+#include "app/preview_report.h"
+
+#include "app/side_files.h"
+#include "base/app_options.h"
+#include "base/errors.h"
+#include "document/vdoc.h"
+#include "platform/directory.h"
+#include "platform/input_file.h"
+#include "platform/messages.h"
+#include "platform/module.h"
+#include "preview/run_preview.h"
+#include "settings/printers.h"
+
+namespace qor {
+namespace {
+
+// The set of the default file, or that of the file that was named.
+void loadSettings(VDoc& doc) {
+  if (AppOptions.IniFileName.empty()) {
+    doc.Settings.LoadSet();
+  } else {
+    doc.Settings.ReloadSet();
+  }
+}
+
+// The file that loading the default set names is not one that the user named.
+void loadFirstSettings(VDoc& doc) {
+  const bool named = !AppOptions.IniFileName.empty();
+  loadSettings(doc);
+  if (!named) AppOptions.IniFileName.clear();
+}
+
+void scanReport(VDoc& doc) {
+  if (AppOptions.DynamicMode) {
+    doc.ScanFirstPage();
+  } else {
+    doc.ScanPages(false);
+  }
+}
+
+void deleteReport() {
+  if (!AppOptions.DeleteAfterPrint || !fileExists(AppOptions.FileName)) return;
+  deleteFile(AppOptions.FileName);
+  DeleteListedFiles(AppOptions.FileName);
+  DeleteSideFiles(AppOptions.FileName);
+}
+
+}  // namespace
+
+void PreviewReport() {
+  // Ends at once: not even the default set is made.
+  if (AppOptions.FileName.empty()) throw kErrorOpenDocument;
+  InitPrinters();
+  VDoc doc;
+  loadFirstSettings(doc);
+  doc.SelectPrinter();
+  scanReport(doc);
+  auto* runPreview = reinterpret_cast<RunPreview*>(moduleSymbol(kPreviewModule, kRunPreviewSymbol));
+  if (runPreview == nullptr) {
+    writeErrorLine(AppOptions.FileName + ": this installation has no preview window");
+    return;
+  }
+  // What the head of the report says of paper and font gives way to the set.
+  if (runPreview(doc, loadSettings)) deleteReport();
+}
+
+}  // namespace qor

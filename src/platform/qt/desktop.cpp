@@ -1,0 +1,75 @@
+// The desktop, by Qt.
+#include "platform/qt/desktop.h"
+
+#include <QApplication>
+#include <QMessageLogContext>
+#include <cstdlib>
+#include <exception>
+#include <string>
+
+#include "base/app_options.h"
+#include "platform/messages.h"
+
+namespace qor {
+namespace {
+
+// Qt wants these for as long as it runs.
+int argumentCount = 1;
+char programName[] = "qorutlview";
+char* arguments[] = {programName, nullptr};
+
+// The first thing that Qt said while it started: the reason where it then gives up.
+std::string startWarning;
+bool started = false;
+
+void handleMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtFatalMsg) {
+    const std::string reason = startWarning.empty() ? text.toStdString() : startWarning;
+    writeErrorLine(AppOptions.FileName + ": no window can be opened: " + reason);
+    std::_Exit(EXIT_SUCCESS);
+  }
+  if (type != QtWarningMsg && type != QtCriticalMsg) return;
+  if (started) {
+    writeErrorLine(text.toStdString());
+  } else if (startWarning.empty()) {
+    startWarning = text.toStdString();
+  }
+}
+
+// What a handler lets through is shown, and the program goes on.
+class Application : public QApplication {
+ public:
+  using QApplication::QApplication;
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (int) {
+      // The user has been told where the error arose.
+    } catch (const std::string& text) {
+      showError(text + AppOptions.FileName);
+    } catch (const std::exception& error) {
+      showError(error.what());
+    }
+    return true;
+  }
+};
+
+}  // namespace
+
+Desktop::Desktop() {
+  qInstallMessageHandler(handleMessage);
+  // Texts of reports and numbers in files must not depend on what Qt makes of the locale.
+  application_ = std::make_unique<Application>(argumentCount, arguments);
+  started = true;
+  QApplication::setApplicationName("QorUtlView");
+  QApplication::setOrganizationName("QOR");
+}
+
+Desktop::~Desktop() = default;
+
+void Desktop::run() {
+  QApplication::exec();
+}
+
+}  // namespace qor

@@ -1,0 +1,26 @@
+// The desktop that windows stand on: one object for the process, made before the first window.
+#pragma once
+
+#include <memory>
+
+class QApplication;
+
+namespace qor {
+
+class Desktop {
+ public:
+  // Connects to it. Where there is none the process ends with one line on standard error and exit
+  // code 0: Qt knows no other way back.
+  Desktop();
+  ~Desktop();
+  Desktop(const Desktop&) = delete;
+  Desktop& operator=(const Desktop&) = delete;
+
+  // Handles events until the last window is closed.
+  void run();
+
+ private:
+  std::unique_ptr<QApplication> application_;
+};
+
+}  // namespace qor

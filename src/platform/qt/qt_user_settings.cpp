@@ -1,0 +1,42 @@
+// User settings by QSettings.
+#include "platform/qt/qt_user_settings.h"
+
+#include "platform/qt/qt_text.h"
+
+namespace qor {
+
+QtUserSettings::QtUserSettings()
+    : settings_(QSettings::IniFormat, QSettings::UserScope, "QOR", "QorUtlView") {
+}
+
+std::optional<int> QtUserSettings::integer(std::string_view name) const {
+  bool isNumber = false;
+  const int value = settings_.value(qtText(name)).toInt(&isNumber);
+  return isNumber ? std::optional(value) : std::nullopt;
+}
+
+std::optional<bool> QtUserSettings::flag(std::string_view name) const {
+  const QString text = settings_.value(qtText(name)).toString();
+  if (text == "true" || text == "1") return true;
+  if (text == "false" || text == "0") return false;
+  return std::nullopt;
+}
+
+void QtUserSettings::setInteger(std::string_view name, int value) {
+  settings_.setValue(qtText(name), value);
+}
+
+void QtUserSettings::setFlag(std::string_view name, bool value) {
+  settings_.setValue(qtText(name), value);
+}
+
+bool QtUserSettings::save() {
+  settings_.sync();
+  return isUsable();
+}
+
+std::string QtUserSettings::place() const {
+  return settings_.fileName().toStdString();
+}
+
+}  // namespace qor

@@ -1,0 +1,59 @@
+// Pages in rows and columns.
+#include "preview/model/page_layout.h"
+
+#include <algorithm>
+
+namespace qor {
+namespace {
+
+// Places along one direction: how many, and the room between them.
+struct Row {
+  std::int32_t count = 1;
+  std::int32_t gap = 0;
+};
+
+Row rowOf(std::int32_t view, std::int32_t client) {
+  if (std::int64_t{2} * view >= client) return {};
+  const std::int32_t count = client / view;
+  return {count, client % view / (count + 1)};
+}
+
+// Where the places start so that they stand in the middle, half a gap around each.
+std::int32_t startOf(std::int32_t view, const Row& row, std::int32_t client) {
+  return (client - (view + row.gap) * row.count) / 2 + row.gap / 2;
+}
+
+// Rows and columns that no page is left for go.
+void cutTo(std::int32_t pages, Row& columns, Row& rows) {
+  if (columns.count * rows.count <= pages) return;
+  if (pages < columns.count) {
+    rows.count = 1;
+    columns.count = pages;
+  } else {
+    rows.count = (pages + columns.count - 1) / columns.count;
+  }
+}
+
+}  // namespace
+
+std::optional<std::vector<PagePlace>> layOutPages(const Extent& view, const Extent& client,
+                                                  std::int32_t first, std::int32_t total) {
+  if (first < 1 || total < first) return std::nullopt;
+  if (view.Width < 1 || view.Height < 1) return std::vector<PagePlace>();
+  Row columns = rowOf(view.Width, client.Width);
+  Row rows = rowOf(view.Height, client.Height);
+  if (columns.count == 1 && rows.count == 1) return std::vector<PagePlace>();
+  const std::int32_t left = total - first + 1;
+  cutTo(left, columns, rows);
+  const std::int32_t startX = startOf(view.Width, columns, client.Width);
+  const std::int32_t startY = startOf(view.Height, rows, client.Height);
+  std::vector<PagePlace> places;
+  for (std::int32_t i = 0; i < std::min(left, columns.count * rows.count); ++i) {
+    places.push_back({first + i,
+                      {startX + i % columns.count * (view.Width + columns.gap),
+                       startY + i / columns.count * (view.Height + rows.gap)}});
+  }
+  return places;
+}
+
+}  // namespace qor

@@ -1,0 +1,26 @@
+// Several pages at once: how many there is room for, and where each stands.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "document/vset.h"
+#include "platform/canvas.h"
+
+namespace qor {
+
+struct PagePlace {
+  std::int32_t number;  // of the page, 1 for the first
+  Point corner;         // of its view, pixels from the corner of the area
+
+  bool operator==(const PagePlace&) const = default;
+};
+
+// Pages from `first` to `total` laid out in rows on an area of `client` pixels, each taking `view`
+// pixels. None at all where there is room for one only: it is then shown as a single page. Nothing
+// where there is no such page.
+std::optional<std::vector<PagePlace>> layOutPages(const Extent& view, const Extent& client,
+                                                  std::int32_t first, std::int32_t total);
+
+}  // namespace qor

@@ -1,0 +1,156 @@
+// Texts of the preview window in three languages.
+#include "preview/model/preview_texts.h"
+
+#include "base/interface_texts.h"
+
+namespace qor {
+namespace {
+
+constexpr PreviewTexts kEnglish = {
+    .close = "Close",
+    .firstPage = "First page",
+    .previousPage = "Previous page",
+    .nextPage = "Next page",
+    .lastPage = "Last page",
+    .zoom = "Zoom",
+    .zoomIn = "Zoom in",
+    .zoomOut = "Zoom out",
+    .fitWidth = "Fit to width",
+    .fitHeight = "Fit to height",
+    .singlePage = "Single page",
+    .multiPage = "Several pages",
+    .normalView = "Normal view",
+    .wideView = "Wide view",
+    .pageList = "List of pages",
+    .unprintable = "Margins and unprintable area",
+    .fullWindow = "Page only",
+    .showRowLine = "Show row line",
+    .hideRowLine = "Hide row line",
+    .showShapeLine = "Show alignment line",
+    .hideShapeLine = "Hide alignment line",
+    .lineProperties = "Line properties",
+    .settings = "Print and settings",
+    .mail = "Send by mail",
+    .convert = "Export",
+    .language = "Language",
+    .pageNumber = "Page number",
+    .pageCount = "Number of pages",
+    .pageArea = "Pages of the report",
+    .scale = "Scale to paper size",
+    .reportMenu = "Report",
+    .page = "Page",
+    .of = "of",
+    .noPages = "The report has no pages.",
+    .waiting = "Waiting for the first page of the report.",
+    .fileChanged = "The file of the report has changed since it was opened.",
+    .fileGone = "The file of the report is gone.",
+    .stateNotRead = "The settings of the window can't be read: ",
+    .companionMissing = " can't be started.",
+};
+
+constexpr PreviewTexts kRussian = {
+    .close = "Закрыть",
+    .firstPage = "Первая страница",
+    .previousPage = "Предыдущая страница",
+    .nextPage = "Следующая страница",
+    .lastPage = "Последняя страница",
+    .zoom = "Масштаб",
+    .zoomIn = "Увеличить",
+    .zoomOut = "Уменьшить",
+    .fitWidth = "По ширине",
+    .fitHeight = "По высоте",
+    .singlePage = "Одна страница",
+    .multiPage = "Несколько страниц",
+    .normalView = "Обычный вид",
+    .wideView = "Широкий вид",
+    .pageList = "Список страниц",
+    .unprintable = "Поля и непечатаемая область",
+    .fullWindow = "Только страница",
+    .showRowLine = "Показать линию строки",
+    .hideRowLine = "Скрыть линию строки",
+    .showShapeLine = "Показать линию выравнивания",
+    .hideShapeLine = "Скрыть линию выравнивания",
+    .lineProperties = "Свойства линии",
+    .settings = "Печать и настройки",
+    .mail = "Отправить по почте",
+    .convert = "Экспорт",
+    .language = "Язык",
+    .pageNumber = "Номер страницы",
+    .pageCount = "Число страниц",
+    .pageArea = "Страницы отчёта",
+    .scale = "Масштаб по размеру бумаги",
+    .reportMenu = "Отчёт",
+    .page = "Страница",
+    .of = "из",
+    .noPages = "В отчёте нет страниц.",
+    .waiting = "Ожидание первой страницы отчёта.",
+    .fileChanged = "Файл отчёта изменился после открытия.",
+    .fileGone = "Файл отчёта больше не существует.",
+    .stateNotRead = "Не читаются настройки окна: ",
+    .companionMissing = " не запускается.",
+};
+
+constexpr PreviewTexts kTurkish = {
+    .close = "Kapat",
+    .firstPage = "İlk sayfa",
+    .previousPage = "Önceki sayfa",
+    .nextPage = "Sonraki sayfa",
+    .lastPage = "Son sayfa",
+    .zoom = "Yakınlaştırma",
+    .zoomIn = "Yakınlaştır",
+    .zoomOut = "Uzaklaştır",
+    .fitWidth = "Genişliğe sığdır",
+    .fitHeight = "Yüksekliğe sığdır",
+    .singlePage = "Tek sayfa",
+    .multiPage = "Birden çok sayfa",
+    .normalView = "Normal görünüm",
+    .wideView = "Geniş görünüm",
+    .pageList = "Sayfa listesi",
+    .unprintable = "Kenar boşlukları ve yazdırılamayan alan",
+    .fullWindow = "Yalnızca sayfa",
+    .showRowLine = "Satır çizgisini göster",
+    .hideRowLine = "Satır çizgisini gizle",
+    .showShapeLine = "Hizalama çizgisini göster",
+    .hideShapeLine = "Hizalama çizgisini gizle",
+    .lineProperties = "Çizgi özellikleri",
+    .settings = "Yazdırma ve ayarlar",
+    .mail = "E-posta ile gönder",
+    .convert = "Dışa aktar",
+    .language = "Dil",
+    .pageNumber = "Sayfa numarası",
+    .pageCount = "Sayfa sayısı",
+    .pageArea = "Rapor sayfaları",
+    .scale = "Kağıt boyutuna ölçeklendirme",
+    .reportMenu = "Rapor",
+    .page = "Sayfa",
+    .of = "/",
+    .noPages = "Raporda sayfa yok.",
+    .waiting = "Raporun ilk sayfası bekleniyor.",
+    .fileChanged = "Rapor dosyası açıldıktan sonra değişti.",
+    .fileGone = "Rapor dosyası artık yok.",
+    .stateNotRead = "Pencere ayarları okunamıyor: ",
+    .companionMissing = " başlatılamıyor.",
+};
+
+}  // namespace
+
+const PreviewTexts& previewTexts() {
+  switch (GetAnsiCodePage()) {
+    case 1251: return kRussian;
+    case 1254: return kTurkish;
+    default: return kEnglish;
+  }
+}
+
+std::string pageOfText(int page, int total) {
+  const PreviewTexts& texts = previewTexts();
+  std::string text(texts.page);
+  text.append(" ").append(std::to_string(page)).append(" ").append(texts.of);
+  return text.append(" ").append(std::to_string(total));
+}
+
+std::string pageListText(int page) {
+  return "   " + std::string(previewTexts().page) + " " + std::to_string(page);
+}
+
+}  // namespace qor

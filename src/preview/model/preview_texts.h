@@ -1,0 +1,61 @@
+// The texts of the preview window, in the language of the interface.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace qor {
+
+struct PreviewTexts {
+  // Commands: tool tips, menu entries and accessible names.
+  std::string_view close;
+  std::string_view firstPage;
+  std::string_view previousPage;
+  std::string_view nextPage;
+  std::string_view lastPage;
+  std::string_view zoom;
+  std::string_view zoomIn;
+  std::string_view zoomOut;
+  std::string_view fitWidth;
+  std::string_view fitHeight;
+  std::string_view singlePage;
+  std::string_view multiPage;
+  std::string_view normalView;
+  std::string_view wideView;
+  std::string_view pageList;
+  std::string_view unprintable;
+  std::string_view fullWindow;
+  std::string_view showRowLine;
+  std::string_view hideRowLine;
+  std::string_view showShapeLine;
+  std::string_view hideShapeLine;
+  std::string_view lineProperties;
+  std::string_view settings;
+  std::string_view mail;
+  std::string_view convert;
+  std::string_view language;
+  // Names of controls that show no text of their own.
+  std::string_view pageNumber;
+  std::string_view pageCount;
+  std::string_view pageArea;
+  std::string_view scale;
+  std::string_view reportMenu;
+  // Words and messages.
+  std::string_view page;  // before a page's number
+  std::string_view of;    // between a page's number and their count
+  std::string_view noPages;
+  std::string_view waiting;  // for the first page of a report that is being written
+  std::string_view fileChanged;
+  std::string_view fileGone;
+  std::string_view stateNotRead;
+  std::string_view companionMissing;
+};
+
+// In the language that SelectInterfaceTexts chose last.
+const PreviewTexts& previewTexts();
+
+// Such as "Page 3 of 12" and "   Page 3".
+std::string pageOfText(int page, int total);
+std::string pageListText(int page);
+
+}  // namespace qor

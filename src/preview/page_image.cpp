@@ -1,0 +1,63 @@
+// Pictures of pages.
+#include "preview/page_image.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <utility>
+
+#include "platform/qt/qt_text.h"
+#include "preview/failure_text.h"
+
+namespace qor {
+namespace {
+
+// The dots of the bitmap, not copied.
+QImage imageOf(PageBitmap& bitmap) {
+  const PixelView pixels = bitmap.pixels();
+  QImage image(reinterpret_cast<const uchar*>(pixels.pixels), pixels.width, pixels.height,
+               qsizetype{pixels.stride} * 4, QImage::Format_RGB32);
+  image.setDevicePixelRatio(bitmap.dotsPerPixel());
+  return image;
+}
+
+}  // namespace
+
+void PageImage::show(PageBitmap::Paint paint) {
+  paint_ = std::move(paint);
+  bitmap_.start({width(), height()}, devicePixelRatioF(), logicalDpiX(), paint_);
+  QWidget::show();
+  update();
+}
+
+void PageImage::draw() {
+  waiting_ = false;
+  if (cover(rect())) update();
+}
+
+bool PageImage::cover(const QRect& seen) {
+  if (!paint_) return false;
+  // The window may have been moved to a screen of another resolution.
+  if (bitmap_.dotsPerPixel() != devicePixelRatioF())
+    bitmap_.start({width(), height()}, devicePixelRatioF(), logicalDpiX(), paint_);
+  const QString failure = failureOf([&] {
+    bitmap_.cover(
+        {seen.left(), seen.top(), seen.left() + seen.width(), seen.top() + seen.height()});
+  });
+  if (failure.isNull()) return true;
+  paint_ = nullptr;
+  emit drawingFailed(failure);
+  return false;
+}
+
+void PageImage::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  if (waiting_ || !cover(visibleRegion().boundingRect())) return;
+  const qreal ratio = bitmap_.dotsPerPixel();
+  const QPointF corner(bitmap_.corner().x / ratio, bitmap_.corner().y / ratio);
+  const QImage image = imageOf(bitmap_);
+  const QRectF target = event->rect();
+  const QRectF source((target.topLeft() - corner) * ratio, target.size() * ratio);
+  painter.drawImage(target, image, source);
+}
+
+}  // namespace qor

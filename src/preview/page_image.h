@@ -1,0 +1,40 @@
+// The picture of a page on the screen, drawn when it is first seen.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "preview/model/page_bitmap.h"
+
+namespace qor {
+
+class PageImage : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit PageImage(QWidget* parent) : QWidget(parent) {}
+
+  // Shows a view of the widget's size. A drawing that fails is reported once, by drawingFailed.
+  void show(PageBitmap::Paint paint);
+
+  // Draws all of it now, where it would wait to be seen.
+  void draw();
+
+  // Paints the ground only, while the drawing waits for its turn.
+  void setWaiting(bool waiting) { waiting_ = waiting; }
+
+ signals:
+  void drawingFailed(const QString& reason);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  bool cover(const QRect& seen);
+
+  PageBitmap bitmap_;
+  PageBitmap::Paint paint_;
+  bool waiting_ = false;
+};
+
+}  // namespace qor

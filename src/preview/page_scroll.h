@@ -1,0 +1,57 @@
+// The scrolling area that a VPage stands in. The left button drags what is seen; the wheel scrolls,
+// turns pages at their ends and, with Ctrl, zooms.
+#pragma once
+
+#include <QScrollArea>
+#include <QScrollBar>
+
+namespace qor {
+
+class PageScroll : public QScrollArea {
+  Q_OBJECT
+
+ public:
+  explicit PageScroll(QWidget* parent = nullptr);
+
+  // The control that stands at a place of the area.
+  void setControl(QWidget* control);
+
+  // The area without bars, and how thick a bar is.
+  QSize fullArea() const { return maximumViewportSize(); }
+  int barThickness() const;
+
+  void scrollToStart();
+  void scrollToEnd() { verticalScrollBar()->setValue(verticalScrollBar()->maximum()); }
+
+  // Whether there is nothing more to see above or below.
+  bool isAtTop() const { return verticalScrollBar()->value() <= verticalScrollBar()->minimum(); }
+  bool isAtBottom() const { return verticalScrollBar()->value() >= verticalScrollBar()->maximum(); }
+
+ public slots:
+  void place(const QPoint& origin, const QSize& size);
+
+ signals:
+  void resized();
+  // A step of the wheel beyond the end of what there is to scroll: -1 up, 1 down.
+  void wheelBeyondEnd(int direction);
+  void wheelZoomed(int direction);  // 1 larger, -1 smaller
+
+ protected:
+  bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  bool pScrollMouseDown(const QMouseEvent& event);
+  bool pScrollMouseMove(const QMouseEvent& event);
+  bool pScrollMouseUp(const QMouseEvent& event);
+  int wheelSteps(int delta);
+
+  QWidget* board_;
+  QWidget* control_ = nullptr;
+  bool dragging_ = false;
+  QPoint drag_;  // last point of the mouse, on the screen
+  int wheelRest_ = 0;
+};
+
+}  // namespace qor

@@ -1,0 +1,17 @@
+// The entry of the module that holds the windows: only runs that open one load it, since its
+// libraries take longer to start than most exports.
+#pragma once
+
+namespace qor {
+
+class VDoc;
+
+inline constexpr const char* kPreviewModule = "qor_preview";
+inline constexpr const char* kRunPreviewSymbol = "qorRunPreview";
+
+// Shows a scanned document and returns when the window is closed; false if none could be opened,
+// which standard error then tells. `loadSettings` runs between the making of the window and its
+// showing.
+using RunPreview = bool(VDoc& doc, void (*loadSettings)(VDoc&));
+
+}  // namespace qor

@@ -1,0 +1,152 @@
+// The life of the window: made, shown, closed.
+#include "preview/tfrm_view.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QListView>
+#include <QMessageBox>
+#include <QScrollBar>
+#include <QTimer>
+#include <QWindow>
+
+#include "base/app_options.h"
+#include "base/interface_texts.h"
+#include "base/text.h"
+#include "document/vdoc.h"
+#include "platform/owner_notice.h"
+#include "platform/qt/qt_text.h"
+#include "platform/user_settings.h"
+#include "preview/model/file_dates.h"
+#include "preview/model/owner_number.h"
+#include "preview/model/preview_texts.h"
+#include "preview/page_list_model.h"
+#include "preview/page_scroll.h"
+#include "preview/size_line.h"
+#include "preview/tqor_image_form.h"
+#include "preview/view_menu.h"
+#include "preview/vpage.h"
+#include "ui_tfrm_view.h"
+
+namespace qor {
+namespace {
+
+constexpr int kBlinkInterval = 1700;  // ms
+constexpr int kListWidth = 150;       // pixels
+constexpr int kSmallestList = 60;
+constexpr int kLargestList = 600;
+
+std::unique_ptr<Ui::TfrmView> createForm(QMainWindow* window) {
+  auto form = std::make_unique<Ui::TfrmView>();
+  form->setupUi(window);
+  return form;
+}
+
+}  // namespace
+
+TfrmView::TfrmView(UserSettings& settings, ViewCommands commands)
+    : ui_(createForm(this)),
+      settings_(settings),
+      commands_(std::move(commands)),
+      page_control_(new VPage(this)),
+      pageList_(new PageListModel(this)),
+      status_(*ui_->stBar),
+      TimerDynamicBlinc_(new QTimer(this)) {
+  setWindowIcon(TQorImageForm::ImageMenuList(ImageIndex::program));
+  page_control_->setObjectName("page_control");
+  ui_->pScroll->setControl(page_control_);
+  ui_->lstPages->setModel(pageList_);
+  ui_->lstPages->setFixedWidth(kListWidth);
+  ui_->pSizeLine->setSized(ui_->lstPages, kSmallestList, kLargestList);
+  createMenu();
+  connectTools();
+  connectEdits();
+  connectPages();
+  connect(TimerDynamicBlinc_, &QTimer::timeout, this, &TfrmView::TimerDynamicBlincTimer);
+  if (AppOptions.DynamicMode) TimerDynamicBlinc_->start(kBlinkInterval);
+}
+
+TfrmView::~TfrmView() {
+  if (!shown_) return;
+  storeViewState(state_, settings_);
+  if (!settings_.save())
+    writeErrorLine(settings_.place() + ": the settings of the window can't be written");
+}
+
+void TfrmView::SetDocument(VDoc* doc, VDocPage* page) {
+  doc_ = doc;
+  page_ = page;
+  firstPageShown_ = false;
+  if (page == nullptr) page_control_->releasePage();
+}
+
+void TfrmView::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  if (std::exchange(shown_, true)) return;
+  // The window sees each key before the control that has the focus.
+  windowHandle()->installEventFilter(this);
+  FormShow();
+}
+
+void TfrmView::FormShow() {
+  state_ = loadViewState(settings_);
+  applyFullWindow();
+  ui_->cmbZoom->setCurrentIndex(state_.ZoomID);
+  setCurrentPage(1);
+  setPageTotal(doc_ == nullptr ? 0 : doc_->PageCount);
+  stamp_ = fileStamp(AppOptions.FileName);
+  showDates();
+  applyCaptions();
+  cmdView_SetListViewClick();
+  rbMultiPageViewClick(state_.MultipageView);
+  cmdView_SetPreviewTypeClick(state_.PreviewType);
+  cmbPagesChange();
+  ui_->pScroll->setFocus();
+  if (!settings_.isUsable())
+    status_.setMessage(qtText(previewTexts().stateNotRead) + qtText(settings_.place()));
+}
+
+void TfrmView::showDates() {
+  const auto times = fileTimes(AppOptions.FileName);
+  if (!times) return;
+  const int bias = timeZoneBias();
+  status_.setDates(qtText(fileDateText(times->created, bias)) + "   " +
+                   qtText(fileDateText(times->modified, bias)));
+}
+
+void TfrmView::closeEvent(QCloseEvent* event) {
+  FormClose();
+  QMainWindow::closeEvent(event);
+}
+
+void TfrmView::FormClose() {
+  TimerDynamicBlinc_->stop();
+  const std::int32_t number = ownerNumber(AppOptions.FileName);
+  if (AppOptions.OwnerWindow != 0 && number != 0)
+    notifyOwner(AppOptions.OwnerWindow, kViewerClosed, number);
+}
+
+void TfrmView::FormResize() {
+  if (shown_) ShowPage();
+}
+
+void TfrmView::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && shown_) ShowPage();
+}
+
+void TfrmView::showMessage(MessageKind kind, const QString& text) {
+  status_.setMessage(text);
+  if (kind != MessageKind::error) return;
+  lastError_ = text;
+  if (std::exchange(shownError_, text) == text) return;
+  if (errorBox_ == nullptr) {
+    errorBox_ = new QMessageBox(this);
+    errorBox_->setIcon(QMessageBox::Information);
+    errorBox_->setModal(false);
+  }
+  errorBox_->setWindowTitle(qtText(interfaceTexts().ApplicationTitle));
+  errorBox_->setText(text);
+  errorBox_->show();
+}
+
+}  // namespace qor

@@ -1,0 +1,167 @@
+// The preview window: toolbar, scrolling area with the pages, list of pages, status bar. It shows a
+// document that somebody else owns, remembers the user's view, and calls the other forms. Order of
+// calls: constructor, SetDocument, show. What is shown where is computed in preview/model.
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+#include <optional>
+
+#include "platform/file_times.h"
+#include "platform/messages.h"
+#include "preview/model/page_moves.h"
+#include "preview/model/view_state.h"
+#include "preview/status_panels.h"
+#include "preview/view_commands.h"
+
+class QAbstractButton;
+class QAction;
+class QActionGroup;
+class QKeyEvent;
+class QMessageBox;
+class QTimer;
+
+namespace Ui {
+class TfrmView;
+}
+
+namespace qor {
+
+class PageListModel;
+class UserSettings;
+class VDoc;
+class VDocPage;
+class VPage;
+struct ViewMenu;
+
+class TfrmView : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // FormCreate. The settings must outlive the window.
+  TfrmView(UserSettings& settings, ViewCommands commands);
+  ~TfrmView() override;  // FormDestroy
+
+  // The document on show, and its page that is loaded; both null to let go of them.
+  void SetDocument(VDoc* doc, VDocPage* page);
+
+  // Messages of the document code while the window is open: errors in a box and in the status bar,
+  // all others in the status bar.
+  void showMessage(MessageKind kind, const QString& text);
+
+  // Re-reads the page and shows it, or says why not.
+  void ShowPage();
+
+  // One tick of the timer that follows a growing report.
+  void TimerDynamicBlincTimer();
+
+  // Commands.
+  void cmdView_PageMoveTo(PageMove move);
+  void cmbPagesChange();
+  void cmbZoomChange();
+  void cmdView_ZoomInClick();
+  void cmdView_ZoomOutClick();
+  void mnuZoomListClick(int tag);
+  void cmdView_SetPreviewTypeClick(int type);
+  void rbMultiPageViewClick(bool several);
+  void cmdView_SetListViewClick();
+  void mnuListViewClick();
+  void mnuUnprintableClick();
+  void mnuFullScreenClick();
+  void ShowPageScale();
+  void UpDown1Click();
+  void cmdSettings_Click();
+  void cmdView_ConvertClick();
+  void cmdView_MailClick();
+  void chooseLanguage(int codePage);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void connectTools();
+  void connectEdits();
+  void connectPages();
+
+  void FormShow();
+  void FormClose();
+  void FormResize();
+  void showDates();
+
+  // Pages.
+  int currentPage() const;
+  void setCurrentPage(int number);
+  void setPageTotal(int total);
+  int pagesInStep() const;
+  bool loadPage();
+  bool keepsLoadedPage();
+  void releasePage();
+  void forgetPage();
+  void showLoadedPage();
+  void showMulti(std::int32_t zoom);
+  void updateArea();
+  void updateMoves();
+  void showPageStatus();
+  void showFileState();
+  QString reasonForNoPages();
+  void fillPageList();
+  void selectInPageList();
+  void lblPageCurrentClick();
+  void txtPageCurrentEditExit();
+  void lstPagesClick(int row);
+
+  // Views.
+  void openPrinter(std::int32_t scale, bool flag);
+  void openPrinterForView();
+  void applyFullWindow();
+
+  // Keys.
+  bool FormKeyDown(const QKeyEvent& event);
+  bool commandKey(const QKeyEvent& event);
+  bool movementKey(const QKeyEvent& event);
+  void pageKey(PageMove move, bool leap);
+  void homeKey(Qt::KeyboardModifiers modifiers);
+  void endKey(Qt::KeyboardModifiers modifiers);
+  void scrollVertically(int steps);
+  void scrollHorizontally(int steps);
+  void replayKey(int key);
+  void turnPage(int direction);
+  void startCalculator();
+
+  // Menu and captions.
+  void createMenu();
+  void enableCommands();
+  void showPopup(const QPoint& place);
+  void updateMenu();
+  void applyCaptions();
+  void nameControls();
+  void printChosenPages();
+  void followGrowth();
+
+  std::unique_ptr<Ui::TfrmView> ui_;
+  UserSettings& settings_;
+  ViewCommands commands_;
+  ViewState state_;
+  VDoc* doc_ = nullptr;
+  VDocPage* page_ = nullptr;  // on show, loaded
+  VPage* page_control_;
+  PageListModel* pageList_;
+  StatusPanels status_;
+  std::unique_ptr<ViewMenu> menu_;
+  QTimer* TimerDynamicBlinc_;
+  QMessageBox* errorBox_ = nullptr;
+  QString lastError_;  // since the page was asked for
+  QString shownError_;
+  std::optional<FileStamp> stamp_;  // of the file as it was opened
+  int pages_on_view_ = 1;
+  int first_on_view_ = 1;
+  bool shown_ = false;
+  bool firstPageShown_ = false;
+  bool endAfterMove_ = false;  // the next move shows the end of its page
+  bool totalBlinks_ = false;
+};
+
+}  // namespace qor

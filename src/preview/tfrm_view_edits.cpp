@@ -1,0 +1,101 @@
+// The edits of the window, and what the mouse does in it.
+#include <QIntValidator>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QRegularExpressionValidator>
+#include <QScrollBar>
+#include <QWindow>
+
+#include "document/vdoc.h"
+#include "preview/page_scroll.h"
+#include "preview/size_line.h"
+#include "preview/tfrm_view.h"
+#include "preview/vpage.h"
+#include "ui_tfrm_view.h"
+
+namespace qor {
+
+void TfrmView::connectEdits() {
+  auto* digits = new QRegularExpressionValidator(QRegularExpression("[0-9]*"), this);
+  for (QLineEdit* edit : {ui_->txtPageCurrentEdit, ui_->txtZoom}) {
+    edit->setValidator(digits);
+    edit->setContextMenuPolicy(Qt::NoContextMenu);
+  }
+  const int width = ui_->txtPageCurrentEdit->fontMetrics().horizontalAdvance("0000000") + 8;
+  ui_->txtPageCurrentEdit->setFixedWidth(width);
+  ui_->txtPageCurrentEdit->installEventFilter(this);
+  for (QLabel* label : {ui_->lblPageCurrent, ui_->lblPageTotal}) {
+    label->setCursor(Qt::IBeamCursor);
+    label->installEventFilter(this);
+  }
+  ui_->lblPageCurrent->setFocusPolicy(Qt::TabFocus);
+  connect(ui_->txtPageCurrentEdit, &QLineEdit::returnPressed, this,
+          [this] { ui_->pScroll->setFocus(); });
+  connect(ui_->txtZoom, &QLineEdit::returnPressed, this, &TfrmView::ShowPageScale);
+  connect(ui_->UpDown1, &QScrollBar::valueChanged, this, &TfrmView::UpDown1Click);
+}
+
+void TfrmView::connectPages() {
+  // Pages are changed once the control that asks for it has done with its event.
+  connect(page_control_, &VPage::placed, ui_->pScroll, &PageScroll::place);
+  connect(
+      page_control_, &VPage::pageClicked, this,
+      [this](int number) {
+        setCurrentPage(number);
+        cmbPagesChange();
+      },
+      Qt::QueuedConnection);
+  connect(
+      page_control_, &VPage::drawingFailed, this,
+      [this](const QString& reason) {
+        page_control_->ShowMessage(reason);
+        showMessage(MessageKind::warning, reason);
+      },
+      Qt::QueuedConnection);
+  connect(ui_->pScroll, &PageScroll::resized, this, &TfrmView::FormResize);
+  connect(ui_->pScroll, &PageScroll::wheelZoomed, this, [this](int direction) {
+    if (direction > 0) {
+      cmdView_ZoomInClick();
+    } else {
+      cmdView_ZoomOutClick();
+    }
+  });
+  connect(ui_->pScroll, &PageScroll::wheelBeyondEnd, this, &TfrmView::turnPage);
+  ui_->pScroll->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(ui_->pScroll, &QWidget::customContextMenuRequested, this, &TfrmView::showPopup);
+  connect(ui_->lstPages, &QListView::clicked, this,
+          [this](const QModelIndex& index) { lstPagesClick(index.row()); });
+}
+
+// A walk over the pages: up comes to the end of the page before, down to the start of the next.
+void TfrmView::turnPage(int direction) {
+  const int total = doc_ == nullptr ? 0 : doc_->PageCount;
+  if (direction > 0 && currentPage() < total) {
+    cmdView_PageMoveTo(PageMove::next);
+  } else if (direction < 0 && currentPage() > 1) {
+    endAfterMove_ = true;
+    cmdView_PageMoveTo(PageMove::previous);
+  }
+}
+
+bool TfrmView::eventFilter(QObject* watched, QEvent* event) {
+  const bool isLabel = watched == ui_->lblPageCurrent || watched == ui_->lblPageTotal;
+  const auto opens = [event] {
+    if (event->type() == QEvent::MouseButtonPress) return true;
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+  };
+  if (isLabel && opens()) {
+    lblPageCurrentClick();
+    return true;
+  }
+  if (watched == ui_->txtPageCurrentEdit && event->type() == QEvent::FocusOut)
+    txtPageCurrentEditExit();
+  if (watched == windowHandle() && event->type() == QEvent::KeyPress)
+    return FormKeyDown(*static_cast<QKeyEvent*>(event));
+  return QMainWindow::eventFilter(watched, event);
+}
+
+}  // namespace qor

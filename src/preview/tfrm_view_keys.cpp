@@ -1,0 +1,117 @@
+// The keys of the window.
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QToolButton>
+#include <QWindow>
+
+#include "document/vdoc.h"
+#include "platform/companion.h"
+#include "platform/qt/qt_text.h"
+#include "preview/model/preview_texts.h"
+#include "preview/page_scroll.h"
+#include "preview/tfrm_view.h"
+#include "ui_tfrm_view.h"
+
+namespace qor {
+namespace {
+
+constexpr const char* kCalculator = "QorUtlCalc";
+constexpr int kLargeStep = 8;  // steps of a bar with Ctrl
+
+}  // namespace
+
+// True if the key was one of the window's: nobody else gets it then.
+bool TfrmView::FormKeyDown(const QKeyEvent& event) {
+  return commandKey(event) || movementKey(event);
+}
+
+bool TfrmView::commandKey(const QKeyEvent& event) {
+  switch (event.key()) {
+    case Qt::Key_Escape: close(); return true;
+    case Qt::Key_F4: cmdSettings_Click(); return true;
+    case Qt::Key_F5: cmdView_MailClick(); return true;
+    case Qt::Key_F6: cmdView_ConvertClick(); return true;
+    case Qt::Key_F9:
+      if (!event.modifiers().testFlag(Qt::ShiftModifier)) return false;
+      startCalculator();
+      return true;
+    case Qt::Key_F11: mnuFullScreenClick(); return true;
+    case Qt::Key_Plus: cmdView_ZoomInClick(); return true;
+    case Qt::Key_Minus: cmdView_ZoomOutClick(); return true;
+    default: return false;
+  }
+}
+
+bool TfrmView::movementKey(const QKeyEvent& event) {
+  const bool ctrl = event.modifiers().testFlag(Qt::ControlModifier);
+  const int step = ctrl ? kLargeStep : 1;
+  switch (event.key()) {
+    case Qt::Key_PageUp: pageKey(PageMove::previous, ctrl); return true;
+    case Qt::Key_PageDown: pageKey(PageMove::next, ctrl); return true;
+    case Qt::Key_Home: homeKey(event.modifiers()); return true;
+    case Qt::Key_End: endKey(event.modifiers()); return true;
+    case Qt::Key_Left: scrollHorizontally(-step); return true;
+    case Qt::Key_Right: scrollHorizontally(step); return true;
+    case Qt::Key_Up: scrollVertically(-step); return true;
+    case Qt::Key_Down: scrollVertically(step); return true;
+    default: return false;
+  }
+}
+
+void TfrmView::pageKey(PageMove move, bool leap) {
+  if (!leap || state_.showsSeveral()) {
+    cmdView_PageMoveTo(move);
+  } else if (doc_ != nullptr && doc_->PageCount > 0) {
+    const int current = currentPage();
+    setCurrentPage(move == PageMove::previous ? leapBack(current)
+                                              : leapOn(current, doc_->PageCount));
+    cmbPagesChange();
+  }
+}
+
+void TfrmView::homeKey(Qt::KeyboardModifiers modifiers) {
+  if (modifiers.testFlag(Qt::ControlModifier)) cmdView_PageMoveTo(PageMove::first);
+  QScrollBar* bar = modifiers.testFlag(Qt::ShiftModifier) ? ui_->pScroll->horizontalScrollBar()
+                                                          : ui_->pScroll->verticalScrollBar();
+  bar->setValue(bar->minimum());
+}
+
+void TfrmView::endKey(Qt::KeyboardModifiers modifiers) {
+  if (modifiers.testFlag(Qt::ControlModifier)) cmdView_PageMoveTo(PageMove::last);
+  QScrollBar* bar = modifiers.testFlag(Qt::ShiftModifier) ? ui_->pScroll->horizontalScrollBar()
+                                                          : ui_->pScroll->verticalScrollBar();
+  bar->setValue(bar->maximum());
+}
+
+void TfrmView::scrollHorizontally(int steps) {
+  QScrollBar* bar = ui_->pScroll->horizontalScrollBar();
+  bar->setValue(bar->value() + steps * bar->singleStep());
+}
+
+// At an end of the page the walk goes on with the page before or behind it.
+void TfrmView::scrollVertically(int steps) {
+  QScrollBar* bar = ui_->pScroll->verticalScrollBar();
+  const int total = doc_ == nullptr ? 0 : doc_->PageCount;
+  if (steps < 0 && ui_->pScroll->isAtTop()) {
+    if (currentPage() <= 1) return;
+    endAfterMove_ = true;
+    replayKey(Qt::Key_PageUp);
+  } else if (steps > 0 && ui_->pScroll->isAtBottom()) {
+    if (currentPage() < total) replayKey(Qt::Key_PageDown);
+  } else {
+    bar->setValue(bar->value() + steps * bar->singleStep());
+  }
+}
+
+// The key comes again as if it were pressed, once the events before it are done.
+void TfrmView::replayKey(int key) {
+  QCoreApplication::postEvent(windowHandle(), new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier));
+}
+
+void TfrmView::startCalculator() {
+  if (!startCompanion(kCalculator))
+    status_.setMessage(kCalculator + qtText(previewTexts().companionMissing));
+}
+
+}  // namespace qor

@@ -1,0 +1,198 @@
+// Showing pages and moving between them.
+#include <QLineEdit>
+#include <QListView>
+#include <QScrollBar>
+#include <QTimer>
+
+#include "base/app_options.h"
+#include "document/code_page.h"
+#include "document/vdoc.h"
+#include "platform/qt/qt_text.h"
+#include "preview/failure_text.h"
+#include "preview/model/preview_texts.h"
+#include "preview/page_list_model.h"
+#include "preview/page_scroll.h"
+#include "preview/tfrm_view.h"
+#include "preview/vpage.h"
+#include "settings/printers.h"
+#include "ui_tfrm_view.h"
+
+namespace qor {
+
+int TfrmView::currentPage() const {
+  return ui_->lblPageCurrent->text().toInt();
+}
+
+void TfrmView::setCurrentPage(int number) {
+  ui_->lblPageCurrent->setText(QString::number(number));
+}
+
+void TfrmView::setPageTotal(int total) {
+  ui_->lblPageTotal->setText(QString::number(total));
+}
+
+// How many pages a move passes over.
+int TfrmView::pagesInStep() const {
+  return state_.showsSeveral() ? pages_on_view_ : 1;
+}
+
+void TfrmView::cmdView_PageMoveTo(PageMove move) {
+  const bool toEnd = std::exchange(endAfterMove_, false);
+  if (doc_ == nullptr || doc_->PageCount == 0) return;
+  ui_->pScroll->scrollToStart();
+  setCurrentPage(movedPage(move, currentPage(), doc_->PageCount, pagesInStep()));
+  cmbPagesChange();
+  ui_->pScroll->scrollToStart();
+  if (toEnd) ui_->pScroll->scrollToEnd();
+}
+
+void TfrmView::cmbPagesChange() {
+  const int total = doc_ == nullptr ? 0 : doc_->PageCount;
+  if (currentPage() > total && total > 0) setCurrentPage(total);
+  if (currentPage() < 1) setCurrentPage(1);
+  selectInPageList();
+  first_on_view_ = currentPage();
+  ShowPage();
+}
+
+void TfrmView::ShowPage() {
+  updateArea();
+  showPageStatus();
+  updateMoves();
+  if (doc_ == nullptr || doc_->PageCount == 0) {
+    page_control_->ShowMessage(reasonForNoPages());
+    return;
+  }
+  if (!loadPage()) return;
+  TakePrintMetrics(doc_->Settings.Prn);
+  showLoadedPage();
+  showFileState();
+}
+
+void TfrmView::updateArea() {
+  const QSize size = ui_->pScroll->fullArea();
+  page_control_->setSurroundings({{size.width(), size.height()}, logicalDpiX(), logicalDpiY()},
+                                 ui_->pScroll->barThickness());
+}
+
+// The first page of a report of one page has just been read.
+bool TfrmView::keepsLoadedPage() {
+  const bool first = !std::exchange(firstPageShown_, true);
+  return first && doc_->PageCount == 1 && page_ != nullptr && page_->Loaded;
+}
+
+bool TfrmView::loadPage() {
+  if (keepsLoadedPage()) return true;
+  releasePage();
+  lastError_.clear();
+  QString failure = failureOf([this] {
+    page_ = doc_->GetPage(currentPage(), 0);
+    LoadCodePage(doc_->Settings.Page.BaseCodePage);
+  });
+  if (failure.isNull() && page_ != nullptr && page_->Loaded) {
+    shownError_.clear();
+    return true;
+  }
+  if (failure.isNull()) failure = lastError_;
+  releasePage();
+  page_control_->ShowMessage(failure);
+  status_.setMessage(failure);
+  return false;
+}
+
+void TfrmView::releasePage() {
+  if (page_ != nullptr) page_->ReleaseLines();
+  forgetPage();
+}
+
+// For a page that the document has taken back.
+void TfrmView::forgetPage() {
+  page_control_->releasePage();
+  page_ = nullptr;
+}
+
+void TfrmView::showLoadedPage() {
+  std::int32_t zoom = zoomPercent(state_.ZoomID);
+  if (state_.showsSeveral()) {
+    showMulti(zoom);
+  } else {
+    page_control_->ShowNormal(page_, zoom, state_.ShowUnprintable, state_.PreviewType);
+  }
+}
+
+void TfrmView::showMulti(std::int32_t zoom) {
+  const int count =
+      page_control_->ShowMulti(doc_, page_, zoom, state_.ShowUnprintable, first_on_view_);
+  if (state_.ZoomID == kNaturalZoomEntry || count > pages_on_view_) pages_on_view_ = count;
+  updateMoves();
+}
+
+// Moves that lead nowhere are off.
+void TfrmView::updateMoves() {
+  const int total = doc_ == nullptr ? 0 : doc_->PageCount;
+  const int current = currentPage();
+  const auto leads = [&](PageMove move) {
+    return total > 0 && std::min(total, movedPage(move, current, total, pagesInStep())) != current;
+  };
+  ui_->cmdView_First->setEnabled(leads(PageMove::first));
+  ui_->cmdView_Prev->setEnabled(leads(PageMove::previous));
+  ui_->cmdView_Next->setEnabled(leads(PageMove::next));
+  ui_->cmdView_Last->setEnabled(leads(PageMove::last));
+}
+
+void TfrmView::showPageStatus() {
+  status_.setMessage({});
+  status_.setPages(qtText(pageOfText(currentPage(), doc_ == nullptr ? 0 : doc_->PageCount)));
+}
+
+// A report that nobody said would change has changed: its pages may not be where they were.
+void TfrmView::showFileState() {
+  if (AppOptions.DynamicMode) return;
+  const auto now = fileStamp(AppOptions.FileName);
+  if (now != stamp_)
+    status_.setMessage(qtText(now ? previewTexts().fileChanged : previewTexts().fileGone));
+}
+
+QString TfrmView::reasonForNoPages() {
+  lastError_.clear();
+  const QString failure = failureOf([] { VDoc::OpenFile(); });
+  if (!lastError_.isEmpty()) return lastError_;
+  if (!failure.isNull()) return failure;
+  return qtText(TimerDynamicBlinc_->isActive() ? previewTexts().waiting : previewTexts().noPages);
+}
+
+void TfrmView::fillPageList() {
+  pageList_->setPageCount(state_.ListView && doc_ != nullptr ? doc_->PageCount : 0);
+  selectInPageList();
+}
+
+void TfrmView::selectInPageList() {
+  if (!state_.ListView) return;
+  const QModelIndex index = pageList_->index(currentPage() - 1);
+  ui_->lstPages->setCurrentIndex(index);
+  ui_->lstPages->scrollTo(index);
+}
+
+void TfrmView::lstPagesClick(int row) {
+  setCurrentPage(row + 1);
+  cmbPagesChange();
+}
+
+void TfrmView::lblPageCurrentClick() {
+  ui_->lblPageCurrent->hide();
+  ui_->txtPageCurrentEdit->setText(ui_->lblPageCurrent->text());
+  ui_->txtPageCurrentEdit->show();
+  ui_->txtPageCurrentEdit->selectAll();
+  ui_->txtPageCurrentEdit->setFocus();
+}
+
+void TfrmView::txtPageCurrentEditExit() {
+  if (ui_->txtPageCurrentEdit->isHidden()) return;
+  const int number = ui_->txtPageCurrentEdit->text().toInt();
+  ui_->txtPageCurrentEdit->hide();
+  ui_->lblPageCurrent->show();
+  if (number != 0) setCurrentPage(number);
+  cmbPagesChange();
+}
+
+}  // namespace qor

@@ -1,0 +1,120 @@
+// How pages are shown: zoom, kind of view, several at once, list of pages, what is hidden.
+#include <QLineEdit>
+#include <QListView>
+#include <QScrollBar>
+
+#include "base/app_options.h"
+#include "document/vdoc.h"
+#include "preview/page_scroll.h"
+#include "preview/size_line.h"
+#include "preview/tfrm_view.h"
+#include "preview/vpage.h"
+#include "settings/print_scale.h"
+#include "settings/printers.h"
+#include "ui_tfrm_view.h"
+
+namespace qor {
+
+void TfrmView::cmbZoomChange() {
+  state_.ZoomID = ui_->cmbZoom->currentIndex();
+  pages_on_view_ = 1;
+  ui_->pScroll->scrollToStart();
+  ShowPage();
+}
+
+void TfrmView::cmdView_ZoomInClick() {
+  const int entry = largerZoomEntry(state_.ZoomID);
+  if (entry != state_.ZoomID) mnuZoomListClick(entry);
+}
+
+void TfrmView::cmdView_ZoomOutClick() {
+  const int entry = smallerZoomEntry(state_.ZoomID);
+  if (entry != state_.ZoomID) mnuZoomListClick(entry);
+}
+
+void TfrmView::mnuZoomListClick(int tag) {
+  ui_->cmbZoom->setCurrentIndex(tag);
+  cmbZoomChange();
+}
+
+void TfrmView::cmdView_SetPreviewTypeClick(int type) {
+  state_.PreviewType = type;
+  ui_->cmdView_NormalView->setChecked(type == kNormalView);
+  ui_->cmdView_WideView->setChecked(type == kWideView);
+  ui_->pScroll->scrollToStart();
+  openPrinterForView();
+  ShowPage();
+  ui_->txtZoom->setText("100");
+}
+
+// The printer as the page on view would fill its paper.
+void TfrmView::openPrinterForView() {
+  if (doc_ == nullptr) return;
+  const VSet& settings = doc_->Settings;
+  const ScaleQuestion question = {logicalDpiX(), zoomPercent(state_.ZoomID),
+                                  settings.Scr.view_width};
+  const std::int32_t scale =
+      previewPrintScale(question, settings.Page, settings.Prn).value_or(doc_->PrintScale);
+  openPrinter(scale, false);
+}
+
+void TfrmView::openPrinter(std::int32_t scale, bool flag) {
+  doc_->PrintScale = scale;
+  doc_->PrintScaleFlag = flag;
+  UpdatePrintMetrics(AppOptions.PrinterName, doc_->Settings.Page, scale, flag);
+}
+
+void TfrmView::rbMultiPageViewClick(bool several) {
+  state_.MultipageView = several;
+  ui_->cmdView_SinglePage->setChecked(!several);
+  ui_->cmdView_MultiPage->setChecked(several);
+  if (several) first_on_view_ = currentPage();
+  ui_->pScroll->scrollToStart();
+  ShowPage();
+  ui_->pScroll->scrollToStart();
+}
+
+void TfrmView::cmdView_SetListViewClick() {
+  ui_->lstPages->setVisible(state_.ListView);
+  ui_->pSizeLine->setVisible(state_.ListView);
+  fillPageList();
+  ShowPage();
+}
+
+void TfrmView::mnuListViewClick() {
+  state_.ListView = !state_.ListView;
+  cmdView_SetListViewClick();
+}
+
+void TfrmView::mnuUnprintableClick() {
+  state_.ShowUnprintable = !state_.ShowUnprintable;
+  ShowPage();
+}
+
+void TfrmView::mnuFullScreenClick() {
+  state_.FlagFullWindow = !state_.FlagFullWindow;
+  applyFullWindow();
+}
+
+void TfrmView::applyFullWindow() {
+  ui_->pTools->setVisible(!state_.FlagFullWindow);
+  ui_->stBar->setVisible(!state_.FlagFullWindow);
+}
+
+void TfrmView::ShowPageScale() {
+  if (ui_->txtZoom->text().isEmpty()) ui_->txtZoom->setText("100");
+  const int percent = std::max(1, ui_->txtZoom->text().toInt());
+  updateArea();
+  if (page_ == nullptr && !loadPage()) return;
+  TakePrintMetrics(doc_->Settings.Prn);
+  page_control_->ShowScaled(page_, percent, state_.ShowUnprintable);
+}
+
+void TfrmView::UpDown1Click() {
+  pages_on_view_ = 1;
+  ui_->txtZoom->setText(QString::number(ui_->UpDown1->value()));
+  ui_->pScroll->scrollToStart();
+  ShowPageScale();
+}
+
+}  // namespace qor

@@ -1,0 +1,40 @@
+// The images of toolbars, menus and buttons, 24 by 24 pixels and any other size.
+#pragma once
+
+#include <QIcon>
+
+namespace qor {
+
+enum class ImageIndex {
+  close,
+  first,
+  previous,
+  next,
+  last,
+  zoomOut,
+  zoomIn,
+  singlePage,
+  multiPage,
+  normalView,
+  wideView,
+  pageList,
+  margins,
+  fullScreen,
+  alignmentLine,
+  properties,
+  print,
+  mail,
+  convert,
+  language,
+  program
+};
+
+class TQorImageForm {
+ public:
+  static constexpr int kImageSize = 24;  // pixels
+
+  // The image of a command. Drawn when it is first shown.
+  static QIcon ImageMenuList(ImageIndex index);
+};
+
+}  // namespace qor

@@ -1,0 +1,100 @@
+#include "preview/window.h"
+
+#include <gtest/gtest.h>
+#include <QFile>
+#include <QListView>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSettings>
+#include <QWindow>
+
+#include "base/interface_texts.h"
+#include "platform/messages.h"
+#include "platform/qt/qt_text.h"
+#include "settings/printers.h"
+
+namespace qor::test {
+
+std::string reportOfPages(int pages) {
+  std::string report;
+  for (int number = 1; number <= pages; ++number)
+    report += "This is page " + std::to_string(number) + ".\r\n\f";
+  return report;
+}
+
+Window::Window(const Start& start) {
+  prepare(start);
+  InitPrinters();
+  doc_.SelectPrinter();
+  if (start.dynamic) {
+    doc_.ScanFirstPage();
+  } else {
+    doc_.ScanPages(false);
+  }
+  settings_ = std::make_unique<QtUserSettings>();
+  form_ = std::make_unique<TfrmView>(*settings_, start.commands);
+  setMessageSink(
+      [this](MessageKind kind, std::string_view text) { form_->showMessage(kind, qtText(text)); });
+  form_->SetDocument(&doc_, doc_.findPage(1));
+  form_->resize(start.size);
+  form_->show();
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(form_.get()));
+}
+
+void Window::prepare(const Start& start) {
+  QSettings stored(QSettings::IniFormat, QSettings::UserScope, "QOR", "QorUtlView");
+  stored.clear();
+  for (const auto& [name, value] : start.stored) stored.setValue(qtText(name), value);
+  stored.sync();
+  SelectErrorTexts(1252);
+  SelectInterfaceTexts(1252);
+  AppOptions.FileName = directory_.write("report.txt", start.report);
+  AppOptions.DynamicMode = start.dynamic;
+  AppOptions.DocCodePage = 1251;
+  AppOptions.OwnerWindow = 0;
+  AppOptions.PrinterName.clear();
+  AppOptions.WindowCaption.clear();
+}
+
+Window::~Window() {
+  close();
+}
+
+std::map<std::string, std::string> Window::close() {
+  if (form_) {
+    form_->close();
+    form_->SetDocument(nullptr, nullptr);
+    setMessageSink({});
+    form_.reset();
+  }
+  std::map<std::string, std::string> values;
+  const QSettings stored(QSettings::IniFormat, QSettings::UserScope, "QOR", "QorUtlView");
+  for (const QString& key : stored.allKeys())
+    values[key.toStdString()] = stored.value(key).toString().toStdString();
+  return values;
+}
+
+void Window::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+  QTest::keyClick(form_->windowHandle(), key, modifiers);
+  QCoreApplication::processEvents();
+}
+
+void Window::click(const char* name) {
+  QTest::mouseClick(&control(name), Qt::LeftButton);
+  QCoreApplication::processEvents();
+}
+
+void Window::type(const char* text) {
+  for (const char* letter = text; *letter != '\0'; ++letter)
+    QTest::keyClick(form_->windowHandle(), *letter);
+}
+
+std::string Window::status(const char* panel) {
+  return control<QLabel>(panel).text().toStdString();
+}
+
+int Window::scrolled() {
+  return control<QScrollArea>("pScroll").verticalScrollBar()->value();
+}
+
+}  // namespace qor::test

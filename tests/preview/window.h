@@ -1,0 +1,73 @@
+// A window on a report of a test's own.
+#pragma once
+
+#include <QLabel>
+#include <QTest>
+#include <functional>
+#include <map>
+#include <string>
+
+#include "base/app_options.h"
+#include "document/vdoc.h"
+#include "platform/qt/qt_user_settings.h"
+#include "preview/tfrm_view.h"
+#include "support/report_reader.h"
+#include "support/temporary_directory.h"
+
+namespace qor::test {
+
+// A report of that many pages; each says its number.
+std::string reportOfPages(int pages);
+
+class Window {
+ public:
+  struct Start {
+    std::string report;
+    std::map<std::string, int> stored{};  // values that the user's settings hold
+    ViewCommands commands{};
+    bool dynamic = false;
+    QSize size{1000, 800};
+  };
+
+  explicit Window(const Start& start);
+  ~Window();
+
+  TfrmView& form() { return *form_; }
+  VDoc& doc() { return doc_; }
+  std::string path() const { return AppOptions.FileName; }
+  const TemporaryDirectory& directory() const { return directory_; }
+
+  // A control by its name.
+  template <class Control = QWidget>
+  Control& control(const char* name) {
+    return *form_->findChild<Control*>(name);
+  }
+
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  void click(const char* name);
+  // Types into whatever has the focus.
+  void type(const char* text);
+
+  int page() { return control<QLabel>("lblPageCurrent").text().toInt(); }
+  int total() { return control<QLabel>("lblPageTotal").text().toInt(); }
+  std::string status(const char* panel = "stBarMessage");
+  int scrolled();  // pixels, down
+  QWidget& view() { return control("page_control"); }
+
+  // What stands on the screen of a control.
+  QImage picture(const char* name) { return control(name).grab().toImage(); }
+
+  // Closes the window and gives the settings that it left.
+  std::map<std::string, std::string> close();
+
+ private:
+  void prepare(const Start& start);
+
+  OptionsGuard guard_;
+  TemporaryDirectory directory_;
+  VDoc doc_;
+  std::unique_ptr<QtUserSettings> settings_;
+  std::unique_ptr<TfrmView> form_;
+};
+
+}  // namespace qor::test

@@ -11,9 +11,10 @@ packages=(g++ cmake ninja-build pkg-config
 for group in "$@"; do
   case $group in
     test) packages+=(libgtest-dev imagemagick-6.q16 zbar-tools locales cups poppler-utils
-      qpdf) ;;
-    bench) packages+=(mupdf-tools python3 libzint-dev qt6-base-dev cups-filters
-      enscript ghostscript libreoffice-writer-nogui) ;;
+      qpdf xvfb) ;;
+    bench) packages+=(mupdf-tools python3 libzint-dev cups-filters
+      enscript ghostscript libreoffice-writer-nogui xvfb libxcb-shm0-dev libxcb-xtest0-dev
+      mupdf qpdfview zathura zathura-pdf-poppler) ;;
     fuzz) packages+=(clang-14 libclang-rt-14-dev) ;;
     *) echo "setup.sh: no such group: $group" >&2; exit 2 ;;
   esac

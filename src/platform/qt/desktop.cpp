@@ -32,7 +32,7 @@ void handleMessage(QtMsgType type, const QMessageLogContext&, const QString& tex
   if (started) {
     writeErrorLine(text.toStdString());
   } else if (startWarning.empty()) {
-    startWarning = text.toStdString();
+    startWarning = text.trimmed().toStdString();
   }
 }
 

@@ -7,6 +7,8 @@ namespace qor {
 
 QtUserSettings::QtUserSettings()
     : settings_(QSettings::IniFormat, QSettings::UserScope, "QOR", "QorUtlView") {
+  // The file is read when the first value is asked for: only then is it known to be broken.
+  settings_.allKeys();
 }
 
 std::optional<int> QtUserSettings::integer(std::string_view name) const {

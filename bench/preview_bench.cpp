@@ -1,0 +1,88 @@
+// How soon the window has painted what a command asks for: preview_bench REPORT. It stands on the
+// display in force at 1920 by 1080 and prints lines "name seconds", medians.
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <QApplication>
+
+#include "base/app_options.h"
+#include "document/vdoc.h"
+#include "platform/user_settings.h"
+#include "preview/model/zoom_list.h"
+#include "preview/tfrm_view.h"
+#include "settings/printers.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kRounds = 15;
+
+// Nothing is stored, and nothing was.
+class NoSettings : public qor::UserSettings {
+ public:
+  bool isUsable() const override { return false; }
+  std::optional<int> integer(std::string_view) const override { return {}; }
+  std::optional<bool> flag(std::string_view) const override { return {}; }
+  void setInteger(std::string_view, int) override {}
+  void setFlag(std::string_view, bool) override {}
+  bool save() override { return true; }
+  std::string place() const override { return {}; }
+};
+
+double secondsOf(const std::function<void()>& command) {
+  const auto start = Clock::now();
+  command();
+  QApplication::processEvents();
+  return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+void print(const std::string& name, std::vector<double> seconds) {
+  std::sort(seconds.begin(), seconds.end());
+  std::printf("%s %.6f\n", name.c_str(), seconds[seconds.size() / 2]);
+}
+
+// A step from one entry of the zoom list to the next larger one.
+void measureZoom(qor::TfrmView& window, int entry) {
+  std::vector<double> seconds;
+  for (int i = 0; i < kRounds; ++i) {
+    secondsOf([&] { window.mnuZoomListClick(entry + 1); });
+    seconds.push_back(secondsOf([&] { window.mnuZoomListClick(entry); }));
+  }
+  print("zoom_" + std::to_string(qor::zoomPercent(entry)), seconds);
+}
+
+void measureSeveral(qor::TfrmView& window) {
+  window.mnuZoomListClick(9);
+  std::vector<double> seconds;
+  for (int i = 0; i < kRounds; ++i) {
+    secondsOf([&] { window.rbMultiPageViewClick(false); });
+    seconds.push_back(secondsOf([&] { window.rbMultiPageViewClick(true); }));
+  }
+  print("several_pages", seconds);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) return 2;
+  const QApplication application(argc, argv);
+  qor::AppOptions.FileName = argv[1];
+  qor::InitPrinters();
+  qor::VDoc doc;
+  doc.SelectPrinter();
+  doc.ScanPages(false);
+  NoSettings settings;
+  qor::TfrmView window(settings, {});
+  window.SetDocument(&doc, doc.findPage(1));
+  window.resize(1920, 1080);
+  window.show();
+  secondsOf([] {});
+  for (const int entry : {0, 2, 3, 4, 5, 6, 8, 10}) measureZoom(window, entry);
+  measureSeveral(window);
+  window.SetDocument(nullptr, nullptr);
+}

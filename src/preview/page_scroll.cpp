@@ -52,13 +52,16 @@ bool PageScroll::event(QEvent* event) {
 }
 
 bool PageScroll::eventFilter(QObject* watched, QEvent* event) {
-  const auto& mouse = *static_cast<QMouseEvent*>(event);
-  switch (event->type()) {
-    case QEvent::MouseButtonPress: return pScrollMouseDown(mouse);
-    case QEvent::MouseMove: return pScrollMouseMove(mouse);
-    case QEvent::MouseButtonRelease: return pScrollMouseUp(mouse);
-    default: return QScrollArea::eventFilter(watched, event);
+  const auto* mouse = dynamic_cast<QMouseEvent*>(event);
+  if (mouse != nullptr) {
+    switch (mouse->type()) {
+      case QEvent::MouseButtonPress: return pScrollMouseDown(*mouse);
+      case QEvent::MouseMove: return pScrollMouseMove(*mouse);
+      case QEvent::MouseButtonRelease: return pScrollMouseUp(*mouse);
+      default: break;
+    }
   }
+  return QScrollArea::eventFilter(watched, event);
 }
 
 bool PageScroll::pScrollMouseDown(const QMouseEvent& event) {

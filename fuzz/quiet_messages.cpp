@@ -11,7 +11,5 @@ void showWarning(std::string_view) {
 }
 void showError(std::string_view) {
 }
-void setMessageSink(MessageSink) {
-}
 
 }  // namespace qor

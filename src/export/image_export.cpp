@@ -63,7 +63,8 @@ void layOutSheet(VSet& settings) {
 void RenderPageToImage(VDocPage& page, Canvas& canvas) {
   const VSetScr& screen = page.Settings->Scr;
   canvas.setClip({screen.print_left, screen.print_top, screen.print_right, screen.print_bottom});
-  canvas.setMapping({screen.dpi_x, screen.dpi_y, screen.print_left, screen.print_top});
+  canvas.setMapping(
+      {double(screen.dpi_x), double(screen.dpi_y), screen.print_left, screen.print_top});
   LoadCodePage(page.Settings->Page.BaseCodePage);
   DrawPage(page, canvas);
   canvas.clearClip();

@@ -93,7 +93,7 @@ CairoCanvas::CairoCanvas(cairo_surface_t* surface, Point size, Point dotsPerInch
       size_(size),
       dotsPerInch_(dotsPerInch),
       grid_(grid),
-      mapping_{dotsPerInch.x, dotsPerInch.y, 0, 0} {
+      mapping_{double(dotsPerInch.x), double(dotsPerInch.y), 0, 0} {
   const bool hinted = grid == DotGrid::visible;
   cairo_font_options_set_antialias(fontOptions_.get(), CAIRO_ANTIALIAS_GRAY);
   cairo_font_options_set_hint_metrics(fontOptions_.get(), CAIRO_HINT_METRICS_OFF);

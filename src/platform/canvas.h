@@ -36,8 +36,8 @@ struct Rect {
 
 // 1440 logical units are dpi dots; logical (0, 0) is the dot (originX, originY).
 struct Mapping {
-  std::int32_t dpiX = 0;
-  std::int32_t dpiY = 0;
+  double dpiX = 0;
+  double dpiY = 0;
   std::int32_t originX = 0;
   std::int32_t originY = 0;
 };

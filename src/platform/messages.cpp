@@ -9,7 +9,7 @@
 namespace qor {
 namespace {
 
-MessageSink windowSink;
+MessageSink::Show windowSink;
 
 void print(std::FILE* stream, const std::string& text) {
   std::fwrite(text.data(), 1, text.size(), stream);
@@ -47,8 +47,12 @@ void writeErrorLine(std::string_view text) {
   print(stderr, line + "\n");
 }
 
-void setMessageSink(MessageSink sink) {
-  windowSink = std::move(sink);
+MessageSink::MessageSink(Show show) {
+  windowSink = std::move(show);
+}
+
+MessageSink::~MessageSink() {
+  windowSink = nullptr;
 }
 
 }  // namespace qor

@@ -16,8 +16,15 @@ void showInformation(std::string_view text);
 void showWarning(std::string_view text);
 void showError(std::string_view text);  // something was lost: a file, a page
 
-// Takes all messages, UTF-8, in the place of the streams; an empty one gives them back.
-using MessageSink = std::function<void(MessageKind, std::string_view)>;
-void setMessageSink(MessageSink sink);
+// Takes all messages, UTF-8, in the place of the streams for as long as it lives. One at a time.
+class MessageSink {
+ public:
+  using Show = std::function<void(MessageKind, std::string_view)>;
+
+  explicit MessageSink(Show show);
+  ~MessageSink();
+  MessageSink(const MessageSink&) = delete;
+  MessageSink& operator=(const MessageSink&) = delete;
+};
 
 }  // namespace qor

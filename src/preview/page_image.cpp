@@ -5,7 +5,6 @@
 #include <QPainter>
 #include <utility>
 
-#include "platform/qt/qt_text.h"
 #include "preview/failure_text.h"
 
 namespace qor {
@@ -24,6 +23,7 @@ QImage imageOf(PageBitmap& bitmap) {
 
 void PageImage::show(PageBitmap::Paint paint) {
   paint_ = std::move(paint);
+  failure_.clear();
   bitmap_.start({width(), height()}, devicePixelRatioF(), logicalDpiX(), paint_);
   QWidget::show();
   update();
@@ -35,29 +35,35 @@ void PageImage::draw() {
 }
 
 bool PageImage::cover(const QRect& seen) {
-  if (!paint_) return false;
+  if (!failure_.isNull()) return false;
   // The window may have been moved to a screen of another resolution.
   if (bitmap_.dotsPerPixel() != devicePixelRatioF())
     bitmap_.start({width(), height()}, devicePixelRatioF(), logicalDpiX(), paint_);
-  const QString failure = failureOf([&] {
+  failure_ = failureOf([&] {
     bitmap_.cover(
         {seen.left(), seen.top(), seen.left() + seen.width(), seen.top() + seen.height()});
   });
-  if (failure.isNull()) return true;
-  paint_ = nullptr;
-  emit drawingFailed(failure);
+  if (failure_.isNull()) return true;
+  emit drawingFailed(failure_);
   return false;
 }
 
 void PageImage::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
-  if (waiting_ || !cover(visibleRegion().boundingRect())) return;
+  if (waiting_) return;
+  if (cover(visibleRegion().boundingRect())) {
+    paintPart(painter, event->rect());
+  } else {
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, failure_);
+  }
+}
+
+void PageImage::paintPart(QPainter& painter, const QRect& part) {
   const qreal ratio = bitmap_.dotsPerPixel();
   const QPointF corner(bitmap_.corner().x / ratio, bitmap_.corner().y / ratio);
-  const QImage image = imageOf(bitmap_);
-  const QRectF target = event->rect();
+  const QRectF target = part;
   const QRectF source((target.topLeft() - corner) * ratio, target.size() * ratio);
-  painter.drawImage(target, image, source);
+  painter.drawImage(target, imageOf(bitmap_), source);
 }
 
 }  // namespace qor

@@ -6,6 +6,8 @@
 
 #include "preview/model/page_bitmap.h"
 
+class QPainter;
+
 namespace qor {
 
 class PageImage : public QWidget {
@@ -14,7 +16,8 @@ class PageImage : public QWidget {
  public:
   explicit PageImage(QWidget* parent) : QWidget(parent) {}
 
-  // Shows a view of the widget's size. A drawing that fails is reported once, by drawingFailed.
+  // Shows a view of the widget's size. Where its drawing fails, the reason stands in its place and
+  // is reported once.
   void show(PageBitmap::Paint paint);
 
   // Draws all of it now, where it would wait to be seen.
@@ -31,9 +34,11 @@ class PageImage : public QWidget {
 
  private:
   bool cover(const QRect& seen);
+  void paintPart(QPainter& painter, const QRect& part);
 
   PageBitmap bitmap_;
   PageBitmap::Paint paint_;
+  QString failure_;
   bool waiting_ = false;
 };
 

@@ -5,14 +5,17 @@
 #include "platform/qt/desktop.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_user_settings.h"
+#include "preview/failure_text.h"
 #include "preview/tfrm_view.h"
 
 namespace qor {
 namespace {
 
-// The first page, or none where it can't be read: the window tells why.
+// The first page, or none where it can't be read: the window will tell why.
 VDocPage* firstPage(VDoc& doc) {
-  return doc.PageCount == 0 ? nullptr : doc.findPage(1);
+  VDocPage* page = nullptr;
+  failureOf([&] { page = doc.GetPage(1, 0); });
+  return page;
 }
 
 }  // namespace
@@ -22,15 +25,14 @@ extern "C" __attribute__((visibility("default"))) bool qorRunPreview(VDoc& doc,
   Desktop desktop;
   QtUserSettings settings;
   TfrmView window(settings, {});
-  setMessageSink([&window](MessageKind kind, std::string_view text) {
+  loadSettings(doc);
+  const MessageSink messages([&window](MessageKind kind, std::string_view text) {
     window.showMessage(kind, qtText(text));
   });
-  loadSettings(doc);
   window.SetDocument(&doc, firstPage(doc));
   window.show();
   desktop.run();
   window.SetDocument(nullptr, nullptr);
-  setMessageSink({});
   return true;
 }
 

@@ -26,8 +26,4 @@ void SizeLine::mouseMoveEvent(QMouseEvent* event) {
   sized_->setFixedWidth(std::clamp(width, smallest_, largest_));
 }
 
-void SizeLine::mouseReleaseEvent(QMouseEvent*) {
-  emit dropped();
-}
-
 }  // namespace qor

@@ -13,13 +13,9 @@ class SizeLine : public QFrame {
 
   void setSized(QWidget* sized, int smallest, int largest);
 
- signals:
-  void dropped();  // the new width stands
-
  protected:
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
   QWidget* sized_ = nullptr;

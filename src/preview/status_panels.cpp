@@ -15,6 +15,7 @@ constexpr int kDatesWidth = 130;
 QLabel* panel(QStatusBar& bar, const char* name, int width, int stretch) {
   auto* label = new QLabel(&bar);
   label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);
   label->setMinimumWidth(width);
   label->setContentsMargins(6, 2, 6, 2);
   bar.addWidget(label, stretch);

@@ -76,7 +76,7 @@ void TfrmView::SetDocument(VDoc* doc, VDocPage* page) {
   doc_ = doc;
   page_ = page;
   firstPageShown_ = false;
-  if (page == nullptr) page_control_->releasePage();
+  if (page == nullptr) page_control_->usePage(nullptr);
 }
 
 void TfrmView::showEvent(QShowEvent* event) {
@@ -119,6 +119,7 @@ void TfrmView::closeEvent(QCloseEvent* event) {
 }
 
 void TfrmView::FormClose() {
+  if (std::exchange(closed_, true)) return;
   TimerDynamicBlinc_->stop();
   const std::int32_t number = ownerNumber(AppOptions.FileName);
   if (AppOptions.OwnerWindow != 0 && number != 0)
@@ -143,6 +144,7 @@ void TfrmView::showMessage(MessageKind kind, const QString& text) {
     errorBox_ = new QMessageBox(this);
     errorBox_->setIcon(QMessageBox::Information);
     errorBox_->setModal(false);
+    errorBox_->setTextFormat(Qt::PlainText);
   }
   errorBox_->setWindowTitle(qtText(interfaceTexts().ApplicationTitle));
   errorBox_->setText(text);

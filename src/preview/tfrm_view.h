@@ -19,6 +19,7 @@ class QAction;
 class QActionGroup;
 class QKeyEvent;
 class QMessageBox;
+class QScrollBar;
 class QTimer;
 
 namespace Ui {
@@ -105,6 +106,7 @@ class TfrmView : public QMainWindow {
   void updateArea();
   void updateMoves();
   void showPageStatus();
+  void showPageNumber();
   void showFileState();
   QString reasonForNoPages();
   void fillPageList();
@@ -123,6 +125,7 @@ class TfrmView : public QMainWindow {
   bool commandKey(const QKeyEvent& event);
   bool movementKey(const QKeyEvent& event);
   void pageKey(PageMove move, bool leap);
+  QScrollBar* barOf(Qt::KeyboardModifiers modifiers) const;
   void homeKey(Qt::KeyboardModifiers modifiers);
   void endKey(Qt::KeyboardModifiers modifiers);
   void scrollVertically(int steps);
@@ -159,6 +162,7 @@ class TfrmView : public QMainWindow {
   int pages_on_view_ = 1;
   int first_on_view_ = 1;
   bool shown_ = false;
+  bool closed_ = false;
   bool firstPageShown_ = false;
   bool endAfterMove_ = false;  // the next move shows the end of its page
   bool totalBlinks_ = false;

@@ -61,7 +61,7 @@ void TfrmView::cmdView_ConvertClick() {
   if (!commands_.convert || doc_ == nullptr) return;
   releasePage();
   commands_.convert(*doc_, state_);
-  if (doc_->PageCount > 0) loadPage();
+  if (doc_->PageCount > 0 && loadPage()) page_control_->usePage(page_);
 }
 
 void TfrmView::cmdView_MailClick() {
@@ -95,10 +95,10 @@ void TfrmView::followGrowth() {
   if (currentPage() > doc_->PageCount) {
     forgetPage();
     cmbPagesChange();
-  } else if (page_ == nullptr) {
-    cmdView_PageMoveTo(PageMove::first);
+  } else if (!page_control_->showsPages()) {
+    cmbPagesChange();
   }
-  showPageStatus();
+  showPageNumber();
   updateMoves();
   fillPageList();
 }

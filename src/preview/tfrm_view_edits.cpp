@@ -1,5 +1,5 @@
 // The edits of the window, and what the mouse does in it.
-#include <QIntValidator>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
@@ -15,6 +15,16 @@
 #include "ui_tfrm_view.h"
 
 namespace qor {
+namespace {
+
+// True for an edit that is left for another control, and not with its window.
+bool leavesForGood(QEvent* event) {
+  if (event->type() != QEvent::FocusOut) return false;
+  const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+  return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+}
+
+}  // namespace
 
 void TfrmView::connectEdits() {
   auto* digits = new QRegularExpressionValidator(QRegularExpression("[0-9]*"), this);
@@ -46,13 +56,8 @@ void TfrmView::connectPages() {
         cmbPagesChange();
       },
       Qt::QueuedConnection);
-  connect(
-      page_control_, &VPage::drawingFailed, this,
-      [this](const QString& reason) {
-        page_control_->ShowMessage(reason);
-        showMessage(MessageKind::warning, reason);
-      },
-      Qt::QueuedConnection);
+  connect(page_control_, &VPage::drawingFailed, this,
+          [this](const QString& reason) { status_.setMessage(reason); });
   connect(ui_->pScroll, &PageScroll::resized, this, &TfrmView::FormResize);
   connect(ui_->pScroll, &PageScroll::wheelZoomed, this, [this](int direction) {
     if (direction > 0) {
@@ -91,9 +96,10 @@ bool TfrmView::eventFilter(QObject* watched, QEvent* event) {
     lblPageCurrentClick();
     return true;
   }
-  if (watched == ui_->txtPageCurrentEdit && event->type() == QEvent::FocusOut)
-    txtPageCurrentEditExit();
-  if (watched == windowHandle() && event->type() == QEvent::KeyPress)
+  if (watched == ui_->txtPageCurrentEdit && leavesForGood(event)) txtPageCurrentEditExit();
+  // Keys for an open menu or list come by here, too.
+  const bool isOurs = watched == windowHandle() && QApplication::activePopupWidget() == nullptr;
+  if (isOurs && event->type() == QEvent::KeyPress)
     return FormKeyDown(*static_cast<QKeyEvent*>(event));
   return QMainWindow::eventFilter(watched, event);
 }

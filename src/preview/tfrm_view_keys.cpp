@@ -61,26 +61,32 @@ bool TfrmView::movementKey(const QKeyEvent& event) {
 
 void TfrmView::pageKey(PageMove move, bool leap) {
   if (!leap || state_.showsSeveral()) {
-    cmdView_PageMoveTo(move);
+    (move == PageMove::previous ? ui_->cmdView_Prev : ui_->cmdView_Next)->click();
   } else if (doc_ != nullptr && doc_->PageCount > 0) {
     const int current = currentPage();
     setCurrentPage(move == PageMove::previous ? leapBack(current)
                                               : leapOn(current, doc_->PageCount));
+    ui_->pScroll->scrollToStart();
     cmbPagesChange();
   }
 }
 
+// The bar that Home and End move.
+QScrollBar* TfrmView::barOf(Qt::KeyboardModifiers modifiers) const {
+  const bool sideways =
+      modifiers.testFlag(Qt::ShiftModifier) && !modifiers.testFlag(Qt::ControlModifier);
+  return sideways ? ui_->pScroll->horizontalScrollBar() : ui_->pScroll->verticalScrollBar();
+}
+
 void TfrmView::homeKey(Qt::KeyboardModifiers modifiers) {
   if (modifiers.testFlag(Qt::ControlModifier)) cmdView_PageMoveTo(PageMove::first);
-  QScrollBar* bar = modifiers.testFlag(Qt::ShiftModifier) ? ui_->pScroll->horizontalScrollBar()
-                                                          : ui_->pScroll->verticalScrollBar();
+  QScrollBar* bar = barOf(modifiers);
   bar->setValue(bar->minimum());
 }
 
 void TfrmView::endKey(Qt::KeyboardModifiers modifiers) {
   if (modifiers.testFlag(Qt::ControlModifier)) cmdView_PageMoveTo(PageMove::last);
-  QScrollBar* bar = modifiers.testFlag(Qt::ShiftModifier) ? ui_->pScroll->horizontalScrollBar()
-                                                          : ui_->pScroll->verticalScrollBar();
+  QScrollBar* bar = barOf(modifiers);
   bar->setValue(bar->maximum());
 }
 

@@ -87,7 +87,6 @@ constexpr QAction* ViewMenu::*kCheckable[] = {&ViewMenu::mnuSinglePage, &ViewMen
                                               &ViewMenu::mnuFullScreen};
 
 constexpr int kLanguagePages[] = {1251, 1252, 1254};
-constexpr int kDefaultLanguagePage = 1252;
 
 // A text with its key, as tool tips show it and as menus do.
 QString hint(const QString& text, const char* key) {
@@ -155,10 +154,14 @@ void TfrmView::connectTools() {
     connect(button, &QToolButton::clicked, this, handler);
   };
   onCommand(&ViewMenu::mnuClose, [this] { close(); });
-  onCommand(&ViewMenu::mnuFirst, [this] { cmdView_PageMoveTo(PageMove::first); });
-  onCommand(&ViewMenu::mnuPrev, [this] { cmdView_PageMoveTo(PageMove::previous); });
-  onCommand(&ViewMenu::mnuNext, [this] { cmdView_PageMoveTo(PageMove::next); });
-  onCommand(&ViewMenu::mnuLast, [this] { cmdView_PageMoveTo(PageMove::last); });
+  const auto onMove = [&](QAction* ViewMenu::*entry, PageMove move) {
+    (menu_.get()->*entry)->setData(static_cast<int>(move));
+    onCommand(entry, [this, move] { cmdView_PageMoveTo(move); });
+  };
+  onMove(&ViewMenu::mnuFirst, PageMove::first);
+  onMove(&ViewMenu::mnuPrev, PageMove::previous);
+  onMove(&ViewMenu::mnuNext, PageMove::next);
+  onMove(&ViewMenu::mnuLast, PageMove::last);
   onCommand(&ViewMenu::mnuZoomPlus, [this] { cmdView_ZoomInClick(); });
   onCommand(&ViewMenu::mnuZoomMinus, [this] { cmdView_ZoomOutClick(); });
   onCommand(&ViewMenu::mnuSinglePage, [this] { rbMultiPageViewClick(false); });
@@ -253,8 +256,11 @@ void TfrmView::nameControls() {
 }
 
 void TfrmView::chooseLanguage(int codePage) {
+  // The report stays in the code page that it was opened with.
+  const int documentCodePage = AppOptions.DocCodePage;
   SelectErrorTexts(codePage);
   SelectInterfaceTexts(codePage);
+  AppOptions.DocCodePage = documentCodePage;
   applyCaptions();
   ShowPage();
 }

@@ -107,7 +107,7 @@ void TfrmView::releasePage() {
 
 // For a page that the document has taken back.
 void TfrmView::forgetPage() {
-  page_control_->releasePage();
+  page_control_->usePage(nullptr);
   page_ = nullptr;
 }
 
@@ -142,6 +142,10 @@ void TfrmView::updateMoves() {
 
 void TfrmView::showPageStatus() {
   status_.setMessage({});
+  showPageNumber();
+}
+
+void TfrmView::showPageNumber() {
   status_.setPages(qtText(pageOfText(currentPage(), doc_ == nullptr ? 0 : doc_->PageCount)));
 }
 

@@ -105,7 +105,8 @@ void TfrmView::ShowPageScale() {
   if (ui_->txtZoom->text().isEmpty()) ui_->txtZoom->setText("100");
   const int percent = std::max(1, ui_->txtZoom->text().toInt());
   updateArea();
-  if (page_ == nullptr && !loadPage()) return;
+  if (doc_ == nullptr || doc_->PageCount == 0) return;
+  if ((page_ == nullptr || !page_->Loaded) && !loadPage()) return;
   TakePrintMetrics(doc_->Settings.Prn);
   page_control_->ShowScaled(page_, percent, state_.ShowUnprintable);
 }

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QTimer>
+#include <algorithm>
 
 #include "document/vdoc.h"
 #include "document/vdocpage.h"
@@ -20,8 +21,39 @@ namespace {
 // Small pages are drawn for so long before the window answers again.
 constexpr qint64 kDrawingSlice = 40;  // ms
 
+// The property of a small page that holds its number.
+constexpr const char* kNumber = "tag";
+
+constexpr int kMessageMargin = 24;  // pixels
+
 Color canvasColor(const QColor& color) {
   return static_cast<Color>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
+// A page of the document that is read, and let go with the object.
+class PageOnLoan {
+ public:
+  PageOnLoan(VDoc& doc, std::int32_t number)
+      : doc_(doc), number_(number), page_(doc.GetPage(number, 0)) {}
+  ~PageOnLoan() { doc_.ReleasePage(number_); }
+  PageOnLoan(const PageOnLoan&) = delete;
+  PageOnLoan& operator=(const PageOnLoan&) = delete;
+
+  VDocPage* get() const { return page_; }
+
+ private:
+  VDoc& doc_;
+  std::int32_t number_;
+  VDocPage* page_;
+};
+
+// The sheet alone where there is no page.
+void paintPageOrSheet(VDocPage* page, Canvas& canvas, const PageView& view, const ViewPart& part) {
+  if (page != nullptr) {
+    paintPage(*page, canvas, view, part);
+  } else {
+    DrawSheet(canvas, view, part);
+  }
 }
 
 }  // namespace
@@ -34,32 +66,22 @@ VPage::VPage(QWidget* parent)
   setFrameShape(QFrame::NoFrame);
   setCursor(Qt::OpenHandCursor);
   message_->setAlignment(Qt::AlignCenter);
+  message_->setTextFormat(Qt::PlainText);
   message_->setWordWrap(true);
-  message_->setTextInteractionFlags(Qt::NoTextInteraction);
   message_->hide();
   drawing_->setSingleShot(true);
   connect(drawing_, &QTimer::timeout, this, &VPage::drawWaiting);
   connect(single_, &PageImage::drawingFailed, this, &VPage::drawingFailed);
 }
 
-VPage::~VPage() = default;
-
 void VPage::setSurroundings(const ScreenArea& area, int barThickness) {
   area_ = area;
   barThickness_ = barThickness;
 }
 
-VSetScr VPage::laidOut(VDocPage& page, std::int32_t& zoom, int preview_type) const {
-  const VSet& settings = *page.Settings;
-  const bool wide = preview_type == kWideView;
-  const Extent content = wide ? contentOf(page, {area_.dpi_x, area_.dpi_y}) : Extent();
-  const auto layOut = [&](const ScreenArea& area, std::int32_t& percent) {
-    return wide ? wideSheet(settings.Page, settings.Prn, area, content, percent)
-                : normalSheet(settings.Page, settings.Prn, area, percent);
-  };
-  std::int32_t firstZoom = zoom;
-  const VSetScr first = layOut(area_, firstZoom);
-  return layOut(areaBesideBars(area_, first, barThickness_), zoom);
+// The area that is left for a sheet once the bars that it needs are there.
+ScreenArea VPage::areaFor(const VSetScr& sheet) const {
+  return areaBesideBars(area_, sheet, barThickness_);
 }
 
 PageView VPage::viewOf(const VSetScr& screen, std::int32_t zoom, bool show_unprintable,
@@ -70,41 +92,29 @@ PageView VPage::viewOf(const VSetScr& screen, std::int32_t zoom, bool show_unpri
 
 void VPage::ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable,
                        int preview_type) {
+  VSet& settings = *page->Settings;
   const bool wide = preview_type == kWideView;
-  page->Settings->Scr = laidOut(*page, zoom, preview_type);
-  showSingle(page, viewOf(page->Settings->Scr, zoom, show_unprintable && !wide, wide));
+  if (wide) {
+    ShowMeasured(page, zoom);
+  } else {
+    std::int32_t firstZoom = zoom;
+    const VSetScr first = normalSheet(settings.Page, settings.Prn, area_, firstZoom);
+    settings.Scr = normalSheet(settings.Page, settings.Prn, areaFor(first), zoom);
+  }
+  showSingle(page, viewOf(settings.Scr, zoom, show_unprintable && !wide, wide));
 }
 
-void VPage::ShowMeasured(VDocPage* page, std::int32_t& zoom, bool show_unprintable) {
-  show_unprintable_ = show_unprintable;
-  page->Settings->Scr = laidOut(*page, zoom, kWideView);
+void VPage::ShowMeasured(VDocPage* page, std::int32_t& zoom) {
+  VSet& settings = *page->Settings;
+  const Extent content = contentOf(*page, {area_.dpi_x, area_.dpi_y});
+  settings.Scr = wideSheet(settings.Page, settings.Prn, area_, content, zoom);
 }
 
 void VPage::ShowScaled(VDocPage* page, int percent, bool show_unprintable) {
-  const VSet& settings = *page->Settings;
+  VSet& settings = *page->Settings;
   const VSetScr first = scaledSheet(settings.Page, settings.Prn, area_, percent);
-  const ScreenArea area = areaBesideBars(area_, first, barThickness_);
-  page->Settings->Scr = scaledSheet(settings.Page, settings.Prn, area, percent);
-  showSingle(page, viewOf(page->Settings->Scr, percent, show_unprintable, false));
-}
-
-void VPage::showSingle(VDocPage* page, const PageView& view) {
-  removeThumbnails();
-  message_->hide();
-  page_ = page;
-  zoom_ = view.zoom;
-  show_unprintable_ = view.show_unprintable;
-  const QSize size(view.screen.view_width, view.screen.view_height);
-  resize(size);
-  single_->setGeometry(QRect(QPoint(0, 0), size));
-  single_->show([this, view](Canvas& canvas, const ViewPart& part) {
-    if (page_ != nullptr) {
-      paintPage(*page_, canvas, view, part);
-    } else {
-      DrawSheet(canvas, view, part);
-    }
-  });
-  emit placed({view.screen.origin_x, view.screen.origin_y}, size);
+  settings.Scr = scaledSheet(settings.Page, settings.Prn, areaFor(first), percent);
+  showSingle(page, viewOf(settings.Scr, percent, show_unprintable, false));
 }
 
 int VPage::ShowMulti(VDoc* doc, VDocPage* page, std::int32_t& zoom, bool show_unprintable,
@@ -113,8 +123,8 @@ int VPage::ShowMulti(VDoc* doc, VDocPage* page, std::int32_t& zoom, bool show_un
   const VSet& settings = *page->Settings;
   std::int32_t percent = zoom;
   const VSetScr screen = normalSheet(settings.Page, settings.Prn, area_, percent);
-  const auto places =
-      layOutPages({screen.view_width, screen.view_height}, area_.client, first, doc->PageCount);
+  const Extent view = {screen.view_width, screen.view_height};
+  const auto places = layOutPages(view, areaFor(screen).client, first, doc->PageCount);
   if (!places) return -1;
   if (places->empty()) {
     ShowNormal(page, zoom, show_unprintable, kNormalView);
@@ -127,21 +137,47 @@ int VPage::ShowMulti(VDoc* doc, VDocPage* page, std::int32_t& zoom, bool show_un
   return static_cast<int>(places->size());
 }
 
-void VPage::showThumbnails(VDoc* doc, const PageView& view, const std::vector<PagePlace>& places) {
-  removeThumbnails();
+void VPage::ShowMessage(const QString& text) {
+  clearForSingle();
   single_->hide();
-  message_->hide();
-  const QSize size(area_.client.Width, area_.client.Height);
-  resize(size);
-  for (const PagePlace& place : places) thumbnails_.emplace_back(addThumbnail(doc, view, place));
-  emit placed({0, 0}, size);
+  showsPages_ = false;
+  page_ = nullptr;
+  resize(area_.client.Width, area_.client.Height);
+  message_->setText(text);
+  message_->setGeometry(
+      rect().adjusted(kMessageMargin, kMessageMargin, -kMessageMargin, -kMessageMargin));
+  message_->show();
+  emit placed({0, 0}, size());
+}
+
+void VPage::showSingle(VDocPage* page, const PageView& view) {
+  clearForSingle();
+  page_ = page;
+  resize(view.screen.view_width, view.screen.view_height);
+  single_->setGeometry(rect());
+  single_->show([this, view](Canvas& canvas, const ViewPart& part) {
+    paintPageOrSheet(page_, canvas, view, part);
+  });
+  emit placed({view.screen.origin_x, view.screen.origin_y}, size());
+}
+
+void VPage::showThumbnails(VDoc* doc, const PageView& view, const std::vector<PagePlace>& places) {
+  clearForSingle();
+  single_->hide();
+  // Where a page is larger than the area in one direction, the control is, too.
+  const Extent client = areaFor(view.screen).client;
+  resize(std::max(client.Width, view.screen.view_width),
+         std::max(client.Height, view.screen.view_height));
+  for (const PagePlace& place : places) addThumbnail(doc, view, place);
+  emit placed({0, 0}, size());
   drawWaiting();
 }
 
-PageImage* VPage::addThumbnail(VDoc* doc, const PageView& view, const PagePlace& place) {
+void VPage::addThumbnail(VDoc* doc, const PageView& view, const PagePlace& place) {
   auto* image = new PageImage(this);
+  thumbnails_.push_back(image);
   const std::int32_t number = place.number;
-  image->setProperty("number", number);
+  image->setProperty(kNumber, number);
   image->setToolTip(qtText(previewTexts().page) + QString(" %1").arg(number));
   image->setGeometry(place.corner.x, place.corner.y, view.screen.view_width,
                      view.screen.view_height);
@@ -150,15 +186,21 @@ PageImage* VPage::addThumbnail(VDoc* doc, const PageView& view, const PagePlace&
   connect(image, &PageImage::drawingFailed, this, &VPage::drawingFailed);
   image->setWaiting(true);
   image->show([doc, view, number](Canvas& canvas, const ViewPart& part) {
-    if (VDocPage* page = doc->GetPage(number, 0)) paintPage(*page, canvas, view, part);
-    doc->ReleasePage(number);
+    paintPageOrSheet(PageOnLoan(*doc, number).get(), canvas, view, part);
   });
-  return image;
 }
 
-void VPage::removeThumbnails() {
+// Takes away what stands in the place of a single page. Small pages may be handling an event that
+// led here.
+void VPage::clearForSingle() {
+  for (PageImage* image : thumbnails_) {
+    image->hide();
+    image->deleteLater();
+  }
   thumbnails_.clear();
   drawnThumbnails_ = 0;
+  message_->hide();
+  showsPages_ = true;
 }
 
 // Draws small pages one by one and lets the window answer in between.
@@ -170,29 +212,12 @@ void VPage::drawWaiting() {
   if (drawnThumbnails_ < thumbnails_.size()) drawing_->start(0);
 }
 
-void VPage::ShowMessage(const QString& text) {
-  removeThumbnails();
-  single_->hide();
-  page_ = nullptr;
-  const QSize size(area_.client.Width, area_.client.Height);
-  resize(size);
-  message_->setText(text);
-  message_->setGeometry(rect().adjusted(24, 24, -24, -24));
-  message_->show();
-  emit placed({0, 0}, size);
-}
-
-void VPage::releasePage() {
-  page_ = nullptr;
-}
-
 bool VPage::eventFilter(QObject* watched, QEvent* event) {
-  const auto isLeftClick = [](QEvent* what) {
-    return what->type() == QEvent::MouseButtonPress &&
-           static_cast<QMouseEvent*>(what)->button() == Qt::LeftButton;
-  };
-  if (!isLeftClick(event)) return QFrame::eventFilter(watched, event);
-  emit pageClicked(watched->property("number").toInt());
+  const auto* mouse = dynamic_cast<QMouseEvent*>(event);
+  const bool isClick = mouse != nullptr && mouse->type() == QEvent::MouseButtonPress &&
+                       mouse->button() == Qt::LeftButton;
+  if (!isClick) return QFrame::eventFilter(watched, event);
+  emit pageClicked(watched->property(kNumber).toInt());
   return true;
 }
 

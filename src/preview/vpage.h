@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QFrame>
-#include <memory>
 #include <vector>
 
 #include "document/vset.h"
@@ -25,17 +24,17 @@ class VPage : public QFrame {
 
  public:
   explicit VPage(QWidget* parent);
-  ~VPage() override;
 
   // The area around the control, without bars for scrolling, and their thickness.
   void setSurroundings(const ScreenArea& area, int barThickness);
 
-  // One page. `page` must be loaded and stay so while it is shown; its set takes the sheet's
-  // measurements, and a zoom that fits is replaced by its percentage.
+  // One page, on its sheet or as wide as its content needs. `page` must be loaded and stay so while
+  // it is shown; its set takes the sheet's measurements, and a zoom that fits is replaced by its
+  // percentage.
   void ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable, int preview_type);
 
-  // The same as wide as the content needs, and nothing is painted.
-  void ShowMeasured(VDocPage* page, std::int32_t& zoom, bool show_unprintable);
+  // Measures a page for the wide view and paints nothing.
+  void ShowMeasured(VDocPage* page, std::int32_t& zoom);
 
   // Pages from `first` on, as many as there is room for. How many that are; 1 also where a single
   // page takes the place, -1 where there is nothing to show.
@@ -47,8 +46,12 @@ class VPage : public QFrame {
   // A text in the middle of the area, in the place of pages.
   void ShowMessage(const QString& text);
 
-  // Forgets the page: it is about to be released. What is on view stays.
-  void releasePage();
+  // The page that is on view as it is read again, or null before it is released. What is painted
+  // stays.
+  void usePage(VDocPage* page) { page_ = page; }
+
+  // False where a text stands in the place of pages.
+  bool showsPages() const { return showsPages_; }
 
  signals:
   void placed(const QPoint& origin, const QSize& size);
@@ -59,23 +62,22 @@ class VPage : public QFrame {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  VSetScr laidOut(VDocPage& page, std::int32_t& zoom, int preview_type) const;
+  ScreenArea areaFor(const VSetScr& sheet) const;
   PageView viewOf(const VSetScr& screen, std::int32_t zoom, bool show_unprintable, bool wide) const;
   void showSingle(VDocPage* page, const PageView& view);
   void showThumbnails(VDoc* doc, const PageView& view, const std::vector<PagePlace>& places);
-  PageImage* addThumbnail(VDoc* doc, const PageView& view, const PagePlace& place);
-  void removeThumbnails();
+  void addThumbnail(VDoc* doc, const PageView& view, const PagePlace& place);
+  void clearForSingle();
   void drawWaiting();
 
-  std::int32_t zoom_ = 100;
   VDocPage* page_ = nullptr;  // on show; the document's
-  bool show_unprintable_ = true;
   ScreenArea area_;
   int barThickness_ = 0;
   PageImage* single_;
   QLabel* message_;
   QTimer* drawing_;  // of thumbnails that wait
-  std::vector<std::unique_ptr<PageImage>> thumbnails_;
+  std::vector<PageImage*> thumbnails_;
+  bool showsPages_ = false;
   std::size_t drawnThumbnails_ = 0;
 };
 

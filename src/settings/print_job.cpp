@@ -37,8 +37,8 @@ class PrintRun {
                              doc.PrintScaleFlag);
     if (!context_) return;
     const DeviceCaps& caps = context_->caps();
-    mapping_ = {gPrintMetrics.LogPixelsX, gPrintMetrics.LogPixelsY, caps.physicalOffsetX,
-                caps.physicalOffsetY};
+    mapping_ = {double(gPrintMetrics.LogPixelsX), double(gPrintMetrics.LogPixelsY),
+                caps.physicalOffsetX, caps.physicalOffsetY};
     attempt([&] { context_->startDocument({std::string(title), output, fileBesideReport()}); });
     tellIfStopped(output);
   }

@@ -57,7 +57,7 @@ std::string item(const Symbol& symbol, int orientation, const std::string& more 
 }
 
 void drawPage(TestReport& report, BitmapCanvas& bitmap, int dpi) {
-  bitmap.canvas().setMapping({dpi, dpi, 0, 0});
+  bitmap.canvas().setMapping({double(dpi), double(dpi), 0, 0});
   DrawPage(report.page(), bitmap.canvas());
 }
 

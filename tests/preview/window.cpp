@@ -1,12 +1,13 @@
 #include "preview/window.h"
 
-#include <gtest/gtest.h>
 #include <QFile>
 #include <QListView>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
 #include <QWindow>
+
+#include <gtest/gtest.h>
 
 #include "base/interface_texts.h"
 #include "platform/messages.h"
@@ -33,7 +34,7 @@ Window::Window(const Start& start) {
   }
   settings_ = std::make_unique<QtUserSettings>();
   form_ = std::make_unique<TfrmView>(*settings_, start.commands);
-  setMessageSink(
+  messages_.emplace(
       [this](MessageKind kind, std::string_view text) { form_->showMessage(kind, qtText(text)); });
   form_->SetDocument(&doc_, doc_.findPage(1));
   form_->resize(start.size);
@@ -64,7 +65,7 @@ std::map<std::string, std::string> Window::close() {
   if (form_) {
     form_->close();
     form_->SetDocument(nullptr, nullptr);
-    setMessageSink({});
+    messages_.reset();
     form_.reset();
   }
   std::map<std::string, std::string> values;

@@ -68,6 +68,7 @@ class Window {
   VDoc doc_;
   std::unique_ptr<QtUserSettings> settings_;
   std::unique_ptr<TfrmView> form_;
+  std::optional<MessageSink> messages_;
 };
 
 }  // namespace qor::test

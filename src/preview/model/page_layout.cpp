@@ -18,9 +18,10 @@ Row rowOf(std::int32_t view, std::int32_t client) {
   return {count, client % view / (count + 1)};
 }
 
-// Where the places start so that they stand in the middle, half a gap around each.
+// Where the places start: what they and their gaps leave stands at both ends. A single one that is
+// larger than the area starts with it.
 std::int32_t startOf(std::int32_t view, const Row& row, std::int32_t client) {
-  return (client - (view + row.gap) * row.count) / 2 + row.gap / 2;
+  return std::max(0, (client - (view + row.gap) * row.count) / 2);
 }
 
 // Rows and columns that no page is left for go.

@@ -22,18 +22,10 @@ std::int32_t inDots(std::int32_t pixels, const ViewPart& part) {
   return clamped(std::llround(pixels * part.dotsPerPixel));
 }
 
-// The sheet is drawn as on a screen of the common resolution, where a pixel is whole twips.
-constexpr std::int32_t kTwipsPerPixel = kTwipsPerInch / kPictureDpi;
-
-void mapPixels(Canvas& canvas, const ViewPart& part) {
-  const std::int32_t dpi = inDots(kPictureDpi, part);
-  canvas.setMapping({dpi, dpi, -part.corner.x, -part.corner.y});
-}
-
 void mapTwips(Canvas& canvas, const PageView& view, const ViewPart& part) {
   const VSetScr& screen = view.screen;
   const auto extent = [&](std::int32_t dpi) {
-    return inDots(clamped(std::int64_t{dpi} * view.zoom / 100), part);
+    return static_cast<double>(std::int64_t{dpi} * view.zoom / 100) * part.dotsPerPixel;
   };
   canvas.setMapping({extent(screen.dpi_x), extent(screen.dpi_y),
                      inDots(screen.print_left, part) - part.corner.x,
@@ -47,40 +39,60 @@ Rect printableDots(const VSetScr& screen, const ViewPart& part) {
           inDots(screen.print_bottom, part) - part.corner.y};
 }
 
-// A rectangle in pixels of the view.
-void drawField(Canvas& canvas, const Rect& pixels, const Pen& pen, Color fill) {
-  const auto twips = [](std::int32_t pixel) {
-    return clamped(std::int64_t{pixel} * kTwipsPerPixel);
-  };
-  canvas.setPen(pen);
-  canvas.setBrush({BrushStyle::solid, fill});
-  canvas.rectangle(
-      {twips(pixels.left), twips(pixels.top), twips(pixels.right), twips(pixels.bottom)});
-}
+// Fields of the sheet, told in pixels of the view. An outline is one dot wide and lies inside of
+// the right and bottom edges. Whatever a dot is, it is drawn as on a screen of the common
+// resolution.
+class SheetPainter {
+ public:
+  SheetPainter(Canvas& canvas, const ViewPart& part) : canvas_(canvas), part_(part) {
+    canvas.setMapping({kPictureDpi, kPictureDpi, -part.corner.x, -part.corner.y});
+  }
 
-void drawShadow(Canvas& canvas, std::int32_t width, std::int32_t height) {
-  const Pen pen = {PenStyle::solid, 0, kShadow};
-  drawField(canvas, {kShadowDepth, height, width + kShadowDepth, height + kShadowDepth}, pen,
-            kShadow);
-  drawField(canvas, {width, kShadowDepth, width + kShadowDepth, height}, pen, kShadow);
-}
+  void fill(const Rect& pixels, Color color) { draw(pixels, {PenStyle::none}, color, 0); }
+
+  void outline(const Rect& pixels, PenStyle style, Color color, Color fillColor) {
+    draw(pixels, {style, 0, color}, fillColor, 1);
+  }
+
+  void shadow(std::int32_t width, std::int32_t height) {
+    outline({kShadowDepth, height, width + kShadowDepth, height + kShadowDepth}, PenStyle::solid,
+            kShadow, kShadow);
+    outline({width, kShadowDepth, width + kShadowDepth, height}, PenStyle::solid, kShadow, kShadow);
+  }
+
+ private:
+  static constexpr std::int32_t kTwipsPerDot = kTwipsPerInch / kPictureDpi;
+
+  void draw(const Rect& pixels, const Pen& pen, Color fillColor, std::int32_t inside) {
+    const auto twips = [this](std::int32_t pixel, std::int32_t less) {
+      return clamped((std::int64_t{inDots(pixel, part_)} - less) * kTwipsPerDot);
+    };
+    canvas_.setPen(pen);
+    canvas_.setBrush({BrushStyle::solid, fillColor});
+    canvas_.rectangle({twips(pixels.left, 0), twips(pixels.top, 0), twips(pixels.right, inside),
+                       twips(pixels.bottom, inside)});
+  }
+
+  Canvas& canvas_;
+  const ViewPart& part_;
+};
 
 }  // namespace
 
 void DrawSheet(Canvas& canvas, const PageView& view, const ViewPart& part) {
   const VSetScr& screen = view.screen;
-  mapPixels(canvas, part);
-  drawField(canvas, {0, 0, screen.view_width, screen.view_height}, {PenStyle::none}, view.panel);
-  if (!view.wide) drawShadow(canvas, screen.paper_width, screen.paper_height);
-  drawField(canvas, {0, 0, screen.paper_width, screen.paper_height}, {PenStyle::solid, 0, kBlack},
-            view.show_unprintable ? kUnprintable : kWhite);
-  drawField(canvas, {screen.print_left, screen.print_top, screen.print_right, screen.print_bottom},
-            {PenStyle::solid, 0, kWhite}, kWhite);
+  SheetPainter sheet(canvas, part);
+  sheet.fill({0, 0, screen.view_width, screen.view_height}, view.panel);
+  if (!view.wide) sheet.shadow(screen.paper_width, screen.paper_height);
+  sheet.outline({0, 0, screen.paper_width, screen.paper_height}, PenStyle::solid, kBlack,
+                view.show_unprintable ? kUnprintable : kWhite);
+  sheet.outline({screen.print_left, screen.print_top, screen.print_right, screen.print_bottom},
+                PenStyle::solid, kWhite, kWhite);
   if (!view.show_unprintable) return;
-  drawField(canvas,
-            {screen.print_left + screen.margin_left, screen.print_top + screen.margin_top,
-             screen.print_right - screen.margin_right, screen.print_bottom - screen.margin_bottom},
-            {PenStyle::dot, 0, kMargins}, kWhite);
+  sheet.outline(
+      {screen.print_left + screen.margin_left, screen.print_top + screen.margin_top,
+       screen.print_right - screen.margin_right, screen.print_bottom - screen.margin_bottom},
+      PenStyle::dot, kMargins, kWhite);
 }
 
 void paintPage(VDocPage& page, Canvas& canvas, const PageView& view, const ViewPart& part) {
@@ -96,7 +108,7 @@ void paintPage(VDocPage& page, Canvas& canvas, const PageView& view, const ViewP
 Extent contentOf(VDocPage& page, Point dpi) {
   LoadCodePage(page.Settings->Page.BaseCodePage);
   BitmapCanvas bitmap(1, 1, dpi.x);
-  bitmap.canvas().setMapping({dpi.x, dpi.y, 0, 0});
+  bitmap.canvas().setMapping({double(dpi.x), double(dpi.y), 0, 0});
   Extent content;
   MeasurePage(page, bitmap.canvas(), content.Width, content.Height);
   return content;

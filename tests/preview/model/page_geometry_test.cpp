@@ -149,14 +149,16 @@ std::string places(const Extent& view, const Extent& client, std::int32_t first,
 TEST(PageGeometry, SeveralPagesStandInRows) {
   const Extent view = {300, 400};
   EXPECT_EQ(places(view, {1000, 900}, 3, 20),
-            "3 at 24,33 4 at 349,33 5 at 674,33 6 at 24,466 7 at 349,466 8 at 674,466 ");
+            "3 at 12,17 4 at 337,17 5 at 662,17 6 at 12,450 7 at 337,450 8 at 662,450 ");
   // The rows and columns that are left stand in the middle.
-  EXPECT_EQ(places(view, {1300, 900}, 1, 3), "1 at 180,249 2 at 500,249 3 at 820,249 ");
+  EXPECT_EQ(places(view, {1300, 900}, 1, 3), "1 at 170,233 2 at 490,233 3 at 810,233 ");
   EXPECT_EQ(places(view, {1000, 900}, 17, 20),
-            "17 at 24,33 18 at 349,33 19 at 674,33 20 at 24,466 ");
+            "17 at 12,17 18 at 337,17 19 at 662,17 20 at 12,450 ");
   // Two pages must leave room.
   EXPECT_EQ(places(view, {600, 800}, 1, 20), "");
   EXPECT_EQ(places(view, {601, 500}, 1, 20), "1 at 0,50 2 at 300,50 ");
+  // A page that is higher than the area starts with it.
+  EXPECT_EQ(places({450, 1142}, {1000, 900}, 1, 20), "1 at 17,0 2 at 500,0 ");
   EXPECT_EQ(places(view, {1000, 900}, 21, 20), "nothing");
   EXPECT_EQ(places(view, {1000, 900}, 1, 0), "nothing");
   EXPECT_EQ(places({0, 0}, {1000, 900}, 1, 5), "");

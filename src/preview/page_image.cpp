@@ -21,6 +21,11 @@ QImage imageOf(PageBitmap& bitmap) {
 
 }  // namespace
 
+PageImage::PageImage(QWidget* parent) : QWidget(parent) {
+  // Nothing behind it needs to be painted.
+  setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
 void PageImage::show(PageBitmap::Paint paint) {
   paint_ = std::move(paint);
   failure_.clear();
@@ -50,12 +55,12 @@ bool PageImage::cover(const QRect& seen) {
 
 void PageImage::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
-  if (waiting_) return;
-  if (cover(visibleRegion().boundingRect())) {
+  if (!waiting_ && cover(visibleRegion().boundingRect())) {
     paintPart(painter, event->rect());
-  } else {
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, failure_);
+    return;
   }
+  painter.fillRect(rect(), palette().color(QPalette::Mid));
+  painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, failure_);
 }
 
 void PageImage::paintPart(QPainter& painter, const QRect& part) {

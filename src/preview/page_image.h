@@ -14,7 +14,7 @@ class PageImage : public QWidget {
   Q_OBJECT
 
  public:
-  explicit PageImage(QWidget* parent) : QWidget(parent) {}
+  explicit PageImage(QWidget* parent);
 
   // Shows a view of the widget's size. Where its drawing fails, the reason stands in its place and
   // is reported once.

@@ -10,11 +10,12 @@
 namespace qor {
 namespace {
 
-// A view of more dots is kept in parts. A page of A4 stays below up to 200 percent.
-constexpr std::int64_t kWholeView = 4'500'000;
+// A view of more dots is kept in parts. A page of A4 stays below up to 150 percent; a larger one
+// would be drawn mostly unseen on the usual screen.
+constexpr std::int64_t kWholeView = 2'500'000;
 
 // A part goes this much of what is seen beyond it, at each end.
-constexpr std::int64_t kBeyondDivisor = 4;
+constexpr std::int64_t kBeyondDivisor = 8;
 
 std::int32_t inDots(std::int32_t pixels, double dotsPerPixel) {
   return clamped(static_cast<std::int64_t>(std::ceil(pixels * dotsPerPixel)));

@@ -48,27 +48,36 @@ class SheetPainter {
     canvas.setMapping({kPictureDpi, kPictureDpi, -part.corner.x, -part.corner.y});
   }
 
-  void fill(const Rect& pixels, Color color) { draw(pixels, {PenStyle::none}, color, 0); }
+  void fill(const Rect& pixels, Color color) {
+    draw(pixels, {PenStyle::none}, {BrushStyle::solid, color}, 0);
+  }
 
-  void outline(const Rect& pixels, PenStyle style, Color color, Color fillColor) {
-    draw(pixels, {style, 0, color}, fillColor, 1);
+  // Leaves out what will be filled anyway.
+  void fillAround(const Rect& outer, const Rect& inner, Color color) {
+    fill({outer.left, outer.top, outer.right, inner.top}, color);
+    fill({outer.left, inner.top, inner.left, inner.bottom}, color);
+    fill({inner.right, inner.top, outer.right, inner.bottom}, color);
+    fill({outer.left, inner.bottom, outer.right, outer.bottom}, color);
+  }
+
+  void outline(const Rect& pixels, PenStyle style, Color color) {
+    draw(pixels, {style, 0, color}, {BrushStyle::none}, 1);
   }
 
   void shadow(std::int32_t width, std::int32_t height) {
-    outline({kShadowDepth, height, width + kShadowDepth, height + kShadowDepth}, PenStyle::solid,
-            kShadow, kShadow);
-    outline({width, kShadowDepth, width + kShadowDepth, height}, PenStyle::solid, kShadow, kShadow);
+    fill({kShadowDepth, height, width + kShadowDepth, height + kShadowDepth}, kShadow);
+    fill({width, kShadowDepth, width + kShadowDepth, height}, kShadow);
   }
 
  private:
   static constexpr std::int32_t kTwipsPerDot = kTwipsPerInch / kPictureDpi;
 
-  void draw(const Rect& pixels, const Pen& pen, Color fillColor, std::int32_t inside) {
+  void draw(const Rect& pixels, const Pen& pen, const Brush& brush, std::int32_t inside) {
     const auto twips = [this](std::int32_t pixel, std::int32_t less) {
       return clamped((std::int64_t{inDots(pixel, part_)} - less) * kTwipsPerDot);
     };
     canvas_.setPen(pen);
-    canvas_.setBrush({BrushStyle::solid, fillColor});
+    canvas_.setBrush(brush);
     canvas_.rectangle({twips(pixels.left, 0), twips(pixels.top, 0), twips(pixels.right, inside),
                        twips(pixels.bottom, inside)});
   }
@@ -81,18 +90,22 @@ class SheetPainter {
 
 void DrawSheet(Canvas& canvas, const PageView& view, const ViewPart& part) {
   const VSetScr& screen = view.screen;
+  const Rect paper = {0, 0, screen.paper_width, screen.paper_height};
+  const Rect printable = {screen.print_left, screen.print_top, screen.print_right,
+                          screen.print_bottom};
   SheetPainter sheet(canvas, part);
-  sheet.fill({0, 0, screen.view_width, screen.view_height}, view.panel);
-  if (!view.wide) sheet.shadow(screen.paper_width, screen.paper_height);
-  sheet.outline({0, 0, screen.paper_width, screen.paper_height}, PenStyle::solid, kBlack,
-                view.show_unprintable ? kUnprintable : kWhite);
-  sheet.outline({screen.print_left, screen.print_top, screen.print_right, screen.print_bottom},
-                PenStyle::solid, kWhite, kWhite);
+  sheet.fillAround({0, 0, screen.view_width, screen.view_height}, paper, view.panel);
+  if (!view.wide) sheet.shadow(paper.right, paper.bottom);
+  sheet.fillAround(paper, printable, view.show_unprintable ? kUnprintable : kWhite);
+  sheet.outline(paper, PenStyle::solid, kBlack);
+  sheet.fill(printable, kWhite);
   if (!view.show_unprintable) return;
-  sheet.outline(
-      {screen.print_left + screen.margin_left, screen.print_top + screen.margin_top,
-       screen.print_right - screen.margin_right, screen.print_bottom - screen.margin_bottom},
-      PenStyle::dot, kMargins, kWhite);
+  const Rect margins = {printable.left + screen.margin_left, printable.top + screen.margin_top,
+                        printable.right - screen.margin_right,
+                        printable.bottom - screen.margin_bottom};
+  // Negative ones, which count cells of text, lead out of what is white already.
+  if (screen.margin_left < 0 || screen.margin_top < 0) sheet.fill(margins, kWhite);
+  sheet.outline(margins, PenStyle::dot, kMargins);
 }
 
 void paintPage(VDocPage& page, Canvas& canvas, const PageView& view, const ViewPart& part) {

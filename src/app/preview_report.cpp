@@ -62,7 +62,8 @@ void PreviewReport() {
     return;
   }
   // What the head of the report says of paper and font gives way to the set.
-  if (runPreview(doc, loadSettings)) deleteReport();
+  runPreview(doc, loadSettings);
+  deleteReport();
 }
 
 }  // namespace qor

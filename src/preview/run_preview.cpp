@@ -20,7 +20,7 @@ VDocPage* firstPage(VDoc& doc) {
 
 }  // namespace
 
-extern "C" __attribute__((visibility("default"))) bool qorRunPreview(VDoc& doc,
+extern "C" __attribute__((visibility("default"))) void qorRunPreview(VDoc& doc,
                                                                      void (*loadSettings)(VDoc&)) {
   Desktop desktop;
   QtUserSettings settings;
@@ -33,7 +33,6 @@ extern "C" __attribute__((visibility("default"))) bool qorRunPreview(VDoc& doc,
   window.show();
   desktop.run();
   window.SetDocument(nullptr, nullptr);
-  return true;
 }
 
 }  // namespace qor

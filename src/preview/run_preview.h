@@ -9,9 +9,8 @@ class VDoc;
 inline constexpr const char* kPreviewModule = "qor_preview";
 inline constexpr const char* kRunPreviewSymbol = "qorRunPreview";
 
-// Shows a scanned document and returns when the window is closed; false if none could be opened,
-// which standard error then tells. `loadSettings` runs between the making of the window and its
-// showing.
-using RunPreview = bool(VDoc& doc, void (*loadSettings)(VDoc&));
+// Shows a scanned document and returns when the window is closed. `loadSettings` runs between the
+// making of the window and its showing.
+using RunPreview = void(VDoc& doc, void (*loadSettings)(VDoc&));
 
 }  // namespace qor

@@ -146,7 +146,9 @@ void TfrmView::showPageStatus() {
 }
 
 void TfrmView::showPageNumber() {
-  status_.setPages(qtText(pageOfText(currentPage(), doc_ == nullptr ? 0 : doc_->PageCount)));
+  const QString text = qtText(pageOfText(currentPage(), doc_ == nullptr ? 0 : doc_->PageCount));
+  status_.setPages(text);
+  ui_->pScroll->setAccessibleDescription(text);
 }
 
 // A report that nobody said would change has changed: its pages may not be where they were.

@@ -1,11 +1,13 @@
 #include "preview/window.h"
 
 #include <QFile>
-#include <QListView>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
+#include <QWheelEvent>
 #include <QWindow>
+#include <filesystem>
+#include <fstream>
 
 #include <gtest/gtest.h>
 
@@ -44,9 +46,12 @@ Window::Window(const Start& start) {
 
 void Window::prepare(const Start& start) {
   QSettings stored(QSettings::IniFormat, QSettings::UserScope, "QOR", "QorUtlView");
+  std::filesystem::remove(stored.fileName().toStdString());
   stored.clear();
   for (const auto& [name, value] : start.stored) stored.setValue(qtText(name), value);
   stored.sync();
+  if (!start.settingsFile.empty())
+    std::ofstream(stored.fileName().toStdString()) << start.settingsFile;
   SelectErrorTexts(1252);
   SelectInterfaceTexts(1252);
   AppOptions.FileName = directory_.write("report.txt", start.report);
@@ -85,9 +90,11 @@ void Window::click(const char* name) {
   QCoreApplication::processEvents();
 }
 
-void Window::type(const char* text) {
-  for (const char* letter = text; *letter != '\0'; ++letter)
-    QTest::keyClick(form_->windowHandle(), *letter);
+void Window::wheel(int delta, Qt::KeyboardModifiers modifiers) {
+  QWidget* area = control<QScrollArea>("pScroll").viewport();
+  QWheelEvent event({50, 50}, area->mapToGlobal(QPointF(50, 50)), {}, {0, delta}, Qt::NoButton,
+                    modifiers, Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(area, &event);
 }
 
 std::string Window::status(const char* panel) {

@@ -24,10 +24,14 @@ class Window {
   struct Start {
     std::string report;
     std::map<std::string, int> stored{};  // values that the user's settings hold
+    std::string settingsFile{};           // the whole file, in their place
     ViewCommands commands{};
     bool dynamic = false;
     QSize size{1000, 800};
   };
+
+  // A stored zoom.
+  static std::map<std::string, int> zoomed(int entry) { return {{"ZoomID", entry}}; }
 
   explicit Window(const Start& start);
   ~Window();
@@ -45,8 +49,8 @@ class Window {
 
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
   void click(const char* name);
-  // Types into whatever has the focus.
-  void type(const char* text);
+  // Turns the wheel over the page; a step counts 120, up is positive.
+  void wheel(int delta, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
   int page() { return control<QLabel>("lblPageCurrent").text().toInt(); }
   int total() { return control<QLabel>("lblPageTotal").text().toInt(); }

@@ -1,0 +1,201 @@
+// Keys, wheel and mouse in the window. Pages are A4 on the printer that makes files, higher than
+// the window at 100 percent.
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include <gtest/gtest.h>
+
+#include "preview/model/zoom_list.h"
+#include "preview/page_image.h"
+#include "preview/window.h"
+
+namespace qor::test {
+namespace {
+
+TEST(PreviewKeys, answersEachKey) {
+  struct Row {
+    const char* what;
+    int start;
+    Qt::Key key;
+    Qt::KeyboardModifiers modifiers;
+    int page;
+    const char* scrolled;  // "top", "end", or what lies between
+  };
+  const Qt::KeyboardModifiers none = Qt::NoModifier;
+  const Qt::KeyboardModifiers ctrl = Qt::ControlModifier;
+  const std::vector<Row> rows = {
+      {"next", 5, Qt::Key_PageDown, none, 6, "top"},
+      {"previous", 5, Qt::Key_PageUp, none, 4, "top"},
+      {"next at the end", 20, Qt::Key_PageDown, none, 20, "top"},
+      {"previous at the start", 1, Qt::Key_PageUp, none, 1, "top"},
+      {"eight on", 5, Qt::Key_PageDown, ctrl, 13, "top"},
+      {"eight on, near the end", 12, Qt::Key_PageDown, ctrl, 20, "top"},
+      {"eight back", 11, Qt::Key_PageUp, ctrl, 3, "top"},
+      {"eight back, near the start", 8, Qt::Key_PageUp, ctrl, 1, "top"},
+      {"end of the page", 5, Qt::Key_End, none, 5, "end"},
+      {"last page", 5, Qt::Key_End, ctrl, 20, "end"},
+      {"first page", 5, Qt::Key_Home, ctrl, 1, "top"},
+      {"one step down", 5, Qt::Key_Down, none, 5, "20"},
+      {"eight steps down", 5, Qt::Key_Down, ctrl, 5, "160"},
+      {"up leads to the end of the page before", 5, Qt::Key_Up, none, 4, "end"},
+      {"nothing is above the first page", 1, Qt::Key_Up, none, 1, "top"},
+      {"F9 alone is nothing", 5, Qt::Key_F9, none, 5, "top"},
+      {"a disabled command does nothing", 5, Qt::Key_F4, none, 5, "top"},
+  };
+  Window window({reportOfPages(20), Window::zoomed(kNaturalZoomEntry)});
+  const int end = window.control<QScrollArea>("pScroll").verticalScrollBar()->maximum();
+  ASSERT_GT(end, 160);
+  for (const Row& row : rows) {
+    window.press(Qt::Key_Home, ctrl);
+    for (int i = 1; i < row.start; ++i) window.press(Qt::Key_PageDown);
+    ASSERT_EQ(window.page(), row.start);
+    window.press(row.key, row.modifiers);
+    EXPECT_EQ(window.page(), row.page) << row.what;
+    const std::string place = row.scrolled;
+    EXPECT_EQ(window.scrolled(), place == "top"   ? 0
+                                 : place == "end" ? end
+                                                  : std::stoi(place))
+        << row.what;
+  }
+}
+
+TEST(PreviewKeys, walksThroughTheReportWithOneKey) {
+  Window window({reportOfPages(3), Window::zoomed(kNaturalZoomEntry)});
+  for (int i = 0; i < 200; ++i) window.press(Qt::Key_Down);
+  EXPECT_EQ(window.page(), 3);
+  const int end = window.scrolled();
+  EXPECT_GT(end, 0);
+  window.press(Qt::Key_Down);
+  EXPECT_EQ(window.scrolled(), end) << "nothing is behind the last page";
+  window.press(Qt::Key_Home);
+  EXPECT_EQ(window.scrolled(), 0);
+}
+
+TEST(PreviewKeys, scrollsSidewaysWhereThePageIsWider) {
+  Window window({reportOfPages(1), Window::zoomed(3)});
+  QScrollBar& bar = *window.control<QScrollArea>("pScroll").horizontalScrollBar();
+  window.press(Qt::Key_Right);
+  EXPECT_EQ(bar.value(), bar.singleStep());
+  window.press(Qt::Key_End, Qt::ShiftModifier);
+  EXPECT_EQ(bar.value(), bar.maximum());
+  window.press(Qt::Key_Left, Qt::ControlModifier);
+  EXPECT_EQ(bar.value(), bar.maximum() - 8 * bar.singleStep());
+  window.press(Qt::Key_Home, Qt::ShiftModifier);
+  EXPECT_EQ(bar.value(), 0);
+}
+
+TEST(PreviewKeys, leavesTheKeysOfAMenuToIt) {
+  Window window({reportOfPages(3)});
+  auto& menu = window.control<QMenu>("mnuPopup");
+  menu.popup(window.form().mapToGlobal(QPoint(200, 200)));
+  ASSERT_TRUE(menu.isVisible());
+  window.press(Qt::Key_PageDown);
+  window.press(Qt::Key_Escape);
+  EXPECT_TRUE(window.form().isVisible());
+  EXPECT_EQ(window.page(), 1);
+  menu.close();
+  window.press(Qt::Key_Escape);
+  EXPECT_FALSE(window.form().isVisible());
+}
+
+TEST(PreviewKeys, wheelTurnsPagesAtTheirEnds) {
+  Window window({reportOfPages(3), Window::zoomed(kNaturalZoomEntry)});
+  window.wheel(120);
+  EXPECT_EQ(window.page(), 1);
+  window.press(Qt::Key_End);
+  window.wheel(-120);
+  EXPECT_EQ(window.page(), 2);
+  EXPECT_EQ(window.scrolled(), 0);
+  window.wheel(120);
+  EXPECT_EQ(window.page(), 1);
+  EXPECT_GT(window.scrolled(), 0) << "back at the end of the page";
+}
+
+TEST(PreviewKeys, zoomsInSteps) {
+  Window window({reportOfPages(1), Window::zoomed(kNaturalZoomEntry)});
+  auto& list = window.control<QComboBox>("cmbZoom");
+  struct Row {
+    std::function<void()> step;
+    int entry;
+  };
+  const std::vector<Row> rows = {
+      {[&] { window.press(Qt::Key_Plus, Qt::KeypadModifier); }, 5},
+      {[&] { window.press(Qt::Key_Minus, Qt::KeypadModifier); }, 6},
+      {[&] { window.click("cmdView_ZoomOut"); }, 7},
+      {[&] { window.click("cmdView_ZoomIn"); }, 6},
+      {[&] { window.wheel(120, Qt::ControlModifier); }, 5},
+      {[&] { window.wheel(-60, Qt::ControlModifier); }, 5},
+      {[&] { window.wheel(-60, Qt::ControlModifier); }, 6},
+      // The entries of the menu from 100 percent down pick the next larger one.
+      {[&] { window.control<QMenu>("mnuZoom").actions()[4]->trigger(); }, 4},
+      {[&] { window.control<QMenu>("mnuZoom").actions()[5]->trigger(); }, 5},
+      {[&] { window.control<QMenu>("mnuZoom").actions()[6]->trigger(); }, 6},
+      {[&] { window.control<QMenu>("mnuZoom").actions()[11]->trigger(); }, 11},
+      {[&] { window.control<QMenu>("mnuZoom").actions()[12]->trigger(); }, 12},
+  };
+  for (const Row& row : rows) {
+    row.step();
+    EXPECT_EQ(list.currentIndex(), row.entry);
+  }
+}
+
+TEST(PreviewKeys, dragsThePage) {
+  Window window({reportOfPages(1), Window::zoomed(3)});
+  QWidget& view = window.view();
+  const auto drag = [&view](QEvent::Type type, QPoint point) {
+    QMouseEvent event(type, point, view.parentWidget()->parentWidget()->mapToGlobal(point),
+                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&view, &event);
+  };
+  drag(QEvent::MouseButtonPress, {300, 300});
+  drag(QEvent::MouseMove, {280, 250});
+  EXPECT_EQ(window.scrolled(), 50);
+  drag(QEvent::MouseButtonRelease, {280, 250});
+  drag(QEvent::MouseMove, {200, 100});
+  EXPECT_EQ(window.scrolled(), 50);
+  EXPECT_EQ(window.control<QScrollArea>("pScroll").horizontalScrollBar()->value(), 20);
+}
+
+TEST(PreviewKeys, goesToATypedPage) {
+  struct Row {
+    const char* typed;
+    int page;
+  };
+  Window window({reportOfPages(20), Window::zoomed(kNaturalZoomEntry)});
+  auto& edit = window.control<QLineEdit>("txtPageCurrentEdit");
+  for (const Row& row :
+       {Row{"7", 7}, Row{"0", 7}, Row{"", 7}, Row{"99", 20}, Row{"1x2", 12}, Row{"12345678", 20}}) {
+    window.click("lblPageCurrent");
+    ASSERT_TRUE(edit.isVisible());
+    edit.clear();
+    QTest::keyClicks(&edit, row.typed);
+    EXPECT_LE(edit.text().size(), 6);
+    QTest::keyClick(&edit, Qt::Key_Return);
+    EXPECT_EQ(window.page(), row.page) << row.typed;
+    EXPECT_FALSE(edit.isVisible());
+  }
+}
+
+// A press on the screen, as the system reports it, moves the focus before anything else.
+TEST(PreviewKeys, clicksOnPagesWhileAPageNumberIsTyped) {
+  Window window({reportOfPages(20), {{"ZoomID", 9}, {"MultipageView", 1}}});
+  window.click("lblPageCurrent");
+  window.control<QLineEdit>("txtPageCurrentEdit").setText("2");
+  const auto pages = window.view().findChildren<PageImage*>();
+  const auto third = std::find_if(pages.begin(), pages.end(), [](PageImage* image) {
+    return image->isVisible() && image->property("tag").toInt() == 3;
+  });
+  ASSERT_NE(third, pages.end());
+  const QPoint place = (*third)->mapTo(&window.form(), (*third)->rect().center());
+  QTest::mouseClick(window.form().windowHandle(), Qt::LeftButton, {}, place);
+  QTest::qWait(20);
+  EXPECT_FALSE(window.control("txtPageCurrentEdit").isVisible());
+  EXPECT_TRUE(window.page() == 2 || window.page() == 3) << window.page();
+}
+
+}  // namespace
+}  // namespace qor::test

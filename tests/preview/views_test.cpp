@@ -1,0 +1,124 @@
+// The views of the window. Pages are A4 on the printer that makes files: 793 by 1122 pixels at 100
+// percent, with a gap of 10 around the sheet.
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListView>
+#include <QMouseEvent>
+#include <QScrollArea>
+
+#include <gtest/gtest.h>
+
+#include "preview/window.h"
+#define ZX_USE_UTF8 1
+#include <ZXing/ReadBarcode.h>
+
+#include "preview/model/zoom_list.h"
+#include "preview/page_image.h"
+
+namespace qor::test {
+namespace {
+
+TEST(PreviewViews, hasEveryZoomOfItsList) {
+  struct Row {
+    int width;  // of the sheet and the gaps
+    int height;
+  };
+  const std::vector<Row> rows = {{4068, 5712}, {3254, 4569}, {2440, 3427}, {1627, 2284},
+                                 {1220, 1713}, {1016, 1427}, {813, 1142},  {609, 855},
+                                 {406, 571},   {202, 284},   {97, 136},    {39, 56}};
+  Window window({reportOfPages(1)});
+  auto& list = window.control<QComboBox>("cmbZoom");
+  EXPECT_EQ(list.currentIndex(), -1) << "nothing is stored yet";
+  EXPECT_EQ(window.view().size(), QSize(813, 1142)) << "which counts as 100 percent";
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    list.setCurrentIndex(static_cast<int>(i));
+    window.form().cmbZoomChange();
+    EXPECT_EQ(window.view().size(), QSize(rows[i].width, rows[i].height)) << kZoomList[i].text;
+  }
+  const QSize area = window.control<QScrollArea>("pScroll").maximumViewportSize();
+  window.form().mnuZoomListClick(13);
+  EXPECT_NEAR(window.view().height(), area.height(), 25) << "AutoH";
+  window.form().mnuZoomListClick(12);
+  EXPECT_NEAR(window.view().width(), area.width(), 25) << "AutoW";
+}
+
+TEST(PreviewViews, showsSeveralPages) {
+  Window window({reportOfPages(20), Window::zoomed(9)});
+  window.click("cmdView_MultiPage");
+  const QSize area = window.control<QScrollArea>("pScroll").maximumViewportSize();
+  const int count = (area.width() / 202) * (area.height() / 284);
+  ASSERT_GE(count, 8);
+  QTest::qWait(50);
+  auto pages = window.view().findChildren<PageImage*>();
+  const auto shown = [](PageImage* image) { return image->isVisible(); };
+  EXPECT_EQ(std::count_if(pages.begin(), pages.end(), shown), count);
+  window.press(Qt::Key_PageDown, Qt::ControlModifier);
+  EXPECT_EQ(window.page(), count + 1) << "Ctrl is nothing here";
+  window.press(Qt::Key_PageUp);
+  EXPECT_EQ(window.page(), 1);
+  window.press(Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(window.page(), 20 - count + 1);
+  window.press(Qt::Key_Home, Qt::ControlModifier);
+  for (PageImage* image : window.view().findChildren<PageImage*>()) {
+    if (image->property("tag").toInt() == 3) QTest::mouseClick(image, Qt::LeftButton);
+  }
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window.page(), 3);
+  window.click("cmdView_SinglePage");
+  window.press(Qt::Key_PageDown);
+  EXPECT_EQ(window.page(), 4);
+}
+
+TEST(PreviewViews, wideViewHoldsTheWholeLine) {
+  Window window({std::string(200, 'w') + "\r\n", Window::zoomed(kNaturalZoomEntry)});
+  window.click("cmdView_WideView");
+  EXPECT_NEAR(window.view().width(), 200 * 8, 4) << "of 10 points, a twelfth of an inch each";
+  EXPECT_EQ(window.view().height(), 1122);
+  EXPECT_EQ(window.view().pos(), QPoint(0, 0));
+  window.click("cmdView_NormalView");
+  EXPECT_EQ(window.view().width(), 813);
+}
+
+TEST(PreviewViews, scalesTheSheetUnderThePage) {
+  Window window({reportOfPages(1), Window::zoomed(kNaturalZoomEntry)});
+  window.control<QLineEdit>("txtZoom").setText("200");
+  window.form().ShowPageScale();
+  EXPECT_EQ(window.view().size(), QSize(436, 601));
+  window.form().cmbZoomChange();
+  EXPECT_EQ(window.view().size(), QSize(813, 1142)) << "the next zoom ends it";
+}
+
+TEST(PreviewViews, listsPages) {
+  Window window({reportOfPages(20), {{"ListView", 1}}});
+  auto& list = window.control<QListView>("lstPages");
+  EXPECT_TRUE(list.isVisible());
+  EXPECT_EQ(list.model()->rowCount(), 20);
+  EXPECT_EQ(list.model()->index(6, 0).data().toString(), "   Page 7");
+  window.press(Qt::Key_PageDown);
+  EXPECT_EQ(list.currentIndex().row(), 1);
+  const QRect line = list.visualRect(list.model()->index(4, 0));
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, line.center());
+  EXPECT_EQ(window.page(), 5);
+  QWidget& divider = window.control("pSizeLine");
+  QTest::mousePress(&divider, Qt::LeftButton, {}, {2, 50});
+  QMouseEvent move(QEvent::MouseMove, {52, 50}, divider.mapToGlobal(QPointF(52, 50)), Qt::NoButton,
+                   Qt::LeftButton, Qt::NoModifier);
+  const int before = list.width();
+  QCoreApplication::sendEvent(&divider, &move);
+  EXPECT_EQ(list.width(), before + 50);
+}
+
+TEST(PreviewViews, showsTheReportsOwnBarcodes) {
+  Window window(
+      {"<barcode br_type=EAN_13 value=590123412345 left=20 top=20 right=100 bottom=60 "
+       "value_show=1/>\r\n",
+       Window::zoomed(kNaturalZoomEntry)});
+  const QImage picture = window.picture("pScroll").convertToFormat(QImage::Format_RGB32);
+  const ZXing::ImageView image(picture.constBits(), picture.width(), picture.height(),
+                               ZXing::ImageFormat::BGRX, static_cast<int>(picture.bytesPerLine()));
+  const auto found = ZXing::ReadBarcode(image, ZXing::DecodeHints().setTryHarder(true));
+  EXPECT_EQ(found.text(), "5901234123457");
+}
+
+}  // namespace
+}  // namespace qor::test

@@ -2,10 +2,8 @@
 #include "preview/tfrm_view.h"
 
 #include <QCloseEvent>
-#include <QKeyEvent>
 #include <QListView>
 #include <QMessageBox>
-#include <QScrollBar>
 #include <QTimer>
 #include <QWindow>
 

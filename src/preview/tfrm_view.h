@@ -14,9 +14,6 @@
 #include "preview/status_panels.h"
 #include "preview/view_commands.h"
 
-class QAbstractButton;
-class QAction;
-class QActionGroup;
 class QKeyEvent;
 class QMessageBox;
 class QScrollBar;

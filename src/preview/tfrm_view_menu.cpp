@@ -1,10 +1,7 @@
 // Buttons, popup menu and their captions.
 #include <QActionGroup>
 #include <QComboBox>
-#include <QIntValidator>
-#include <QLineEdit>
 #include <QListView>
-#include <QMouseEvent>
 #include <QToolButton>
 
 #include "base/app_options.h"

@@ -1,7 +1,6 @@
 // Showing pages and moving between them.
 #include <QLineEdit>
 #include <QListView>
-#include <QScrollBar>
 #include <QTimer>
 
 #include "base/app_options.h"

@@ -1,7 +1,6 @@
 // How pages are shown: zoom, kind of view, several at once, list of pages, what is hidden.
 #include <QLineEdit>
 #include <QListView>
-#include <QScrollBar>
 
 #include "base/app_options.h"
 #include "document/vdoc.h"

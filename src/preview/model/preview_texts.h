@@ -16,8 +16,6 @@ struct PreviewTexts {
   std::string_view zoom;
   std::string_view zoomIn;
   std::string_view zoomOut;
-  std::string_view fitWidth;
-  std::string_view fitHeight;
   std::string_view singlePage;
   std::string_view multiPage;
   std::string_view normalView;
@@ -26,9 +24,7 @@ struct PreviewTexts {
   std::string_view unprintable;
   std::string_view fullWindow;
   std::string_view showRowLine;
-  std::string_view hideRowLine;
   std::string_view showShapeLine;
-  std::string_view hideShapeLine;
   std::string_view lineProperties;
   std::string_view settings;
   std::string_view mail;

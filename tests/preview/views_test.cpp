@@ -6,12 +6,10 @@
 #include <QMouseEvent>
 #include <QScrollArea>
 
+#include <ZXing/ReadBarcode.h>
 #include <gtest/gtest.h>
 
 #include "preview/window.h"
-#define ZX_USE_UTF8 1
-#include <ZXing/ReadBarcode.h>
-
 #include "preview/model/zoom_list.h"
 #include "preview/page_image.h"
 

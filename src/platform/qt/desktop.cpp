@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QMessageLogContext>
+#include <clocale>
 #include <cstdlib>
 #include <exception>
 #include <string>
@@ -59,8 +60,9 @@ class Application : public QApplication {
 
 Desktop::Desktop() {
   qInstallMessageHandler(handleMessage);
-  // Texts of reports and numbers in files must not depend on what Qt makes of the locale.
   application_ = std::make_unique<Application>(argumentCount, arguments);
+  // Qt has told the C library the user's locale; numbers in files are not to depend on it.
+  std::setlocale(LC_NUMERIC, "C");
   started = true;
   QApplication::setApplicationName("QorUtlView");
   QApplication::setOrganizationName("QOR");

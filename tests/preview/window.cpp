@@ -50,8 +50,11 @@ void Window::prepare(const Start& start) {
   stored.clear();
   for (const auto& [name, value] : start.stored) stored.setValue(qtText(name), value);
   stored.sync();
-  if (!start.settingsFile.empty())
-    std::ofstream(stored.fileName().toStdString()) << start.settingsFile;
+  if (!start.settingsFile.empty()) {
+    const std::filesystem::path file = stored.fileName().toStdString();
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file) << start.settingsFile;
+  }
   SelectErrorTexts(1252);
   SelectInterfaceTexts(1252);
   AppOptions.FileName = directory_.write("report.txt", start.report);

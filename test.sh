@@ -9,5 +9,6 @@ for preset in asan release; do
   echo "== $preset"
   cmake --preset "$preset" -DQOR_TESTS=ON >/dev/null
   cmake --build --preset "$preset"
-  ctest --preset "$preset" -j "$(nproc)"
+  # A test that hangs is ended, so that the run can name it.
+  ctest --preset "$preset" -j "$(nproc)" --timeout 600
 done

@@ -3,7 +3,6 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
-#include <future>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -156,15 +155,15 @@ TEST(Cups, outlivesASchedulerThatDiesDuringTheJob) {
   scheduler.addQueue("pdf", kPdfDriver);
   const TemporaryDirectory place;
   place.write("r.txt", report(20000));
-  auto running = std::async(std::launch::async, [&] {
-    return print(scheduler, place, {"-dd", "-p", "pdf"});
-  });
+  Process printing(viewer({"-g", "-f", "r.txt", "-dd", "-p", "pdf"}),
+                   scheduler.surroundings(place));
   // The first pages are there long before the last one is drawn.
   while (scheduler.received() < 100000) {
-    ASSERT_NE(running.wait_for(std::chrono::milliseconds(1)), std::future_status::ready);
+    ASSERT_TRUE(printing.isRunning());
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
   scheduler.kill();
-  const Outcome outcome = running.get();
+  const Outcome outcome = printing.wait();
   EXPECT_EQ(outcome.exitCode, 0);
   EXPECT_EQ(outcome.signal, 0);
   EXPECT_NE(outcome.errors.find("/r.txt: not printed: pdf: "), std::string::npos) << outcome.errors;

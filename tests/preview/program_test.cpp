@@ -4,7 +4,6 @@
 #include <QProcess>
 #include <QThread>
 #include <cstdlib>
-#include <future>
 #include <memory>
 #include <span>
 
@@ -129,12 +128,10 @@ TEST(PreviewProgram, tellsItsOwnerAndCleansUpWhenItIsClosed) {
     place.write(name, "A\r\n\f");
   place.write("rep0731_mail.tmp", place.path("listed.txt") + "\n");
   const xcb_window_t owner = server.makeWindow();
-  auto outcome = std::async(std::launch::async, [&] {
-    return runViewer(
-        {"-f", "rep0731.txt", "-dd", "-handle", std::to_string(owner)},
-        {place.path(),
-         {{"DISPLAY", server.display()}, {"QT_QPA_PLATFORM", "xcb"}, {"HOME", place.path()}}});
-  });
+  Process program(
+      viewer({"-f", "rep0731.txt", "-dd", "-handle", std::to_string(owner)}),
+      {place.path(),
+       {{"DISPLAY", server.display()}, {"QT_QPA_PLATFORM", "xcb"}, {"HOME", place.path()}}});
   const xcb_window_t window = server.waitForWindow();
   ASSERT_NE(window, XCB_NONE);
   server.askToClose(window);
@@ -145,7 +142,7 @@ TEST(PreviewProgram, tellsItsOwnerAndCleansUpWhenItIsClosed) {
   EXPECT_EQ(message->format, 32);
   EXPECT_EQ(message->data.data32[0], 731U);
   EXPECT_EQ(message->data.data32[1], owner);
-  EXPECT_EQ(outcome.get().exitCode, 0);
+  EXPECT_EQ(program.wait().exitCode, 0);
   for (const char* name : {"rep0731.txt", "rep0731_shape_1.jpeg", "rep0731_mail.tmp", "listed.txt"})
     EXPECT_FALSE(place.has(name)) << name;
   EXPECT_TRUE(place.has("kept.txt"));

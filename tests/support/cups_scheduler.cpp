@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <csignal>
-#include <cstdio>
 #include <filesystem>
 #include <sstream>
 #include <stdexcept>
@@ -12,7 +10,6 @@
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace qor::test {
@@ -62,25 +59,10 @@ std::vector<std::string> linesOf(const std::string& text) {
 CupsScheduler::CupsScheduler(const std::string& directives, const std::string& queues)
     : server_("127.0.0.1:" + std::to_string(freePort())) {
   writeFiles(directives, queues);
-  process_ = ::fork();
-  if (process_ == 0) {
-    std::freopen(place_.path("log").c_str(), "w", stderr);
-    ::execlp("/usr/sbin/cupsd", "cupsd", "-f", "-c", place_.path("cupsd.conf").c_str(), "-s",
-             place_.path("cups-files.conf").c_str(), nullptr);
-    ::_exit(127);
-  }
+  process_.emplace(std::vector<std::string>{"/usr/sbin/cupsd", "-f", "-c",
+                                            place_.path("cupsd.conf"), "-s",
+                                            place_.path("cups-files.conf")});
   waitUntil("doesn't start", [this] { return answers(); });
-}
-
-CupsScheduler::~CupsScheduler() {
-  kill();
-}
-
-void CupsScheduler::kill() {
-  if (process_ <= 0) return;
-  ::kill(process_, SIGKILL);
-  ::waitpid(process_, nullptr, 0);
-  process_ = -1;
 }
 
 void CupsScheduler::writeFiles(const std::string& directives, const std::string& queues) {

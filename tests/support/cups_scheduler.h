@@ -2,10 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
-
-#include <sys/types.h>
 
 #include "support/program.h"
 #include "support/temporary_directory.h"
@@ -17,9 +16,6 @@ class CupsScheduler {
   // Starts it and waits until it answers. `directives` go into its configuration, `queues` are the
   // contents of its list of printers.
   explicit CupsScheduler(const std::string& directives = {}, const std::string& queues = {});
-  ~CupsScheduler();
-  CupsScheduler(const CupsScheduler&) = delete;
-  CupsScheduler& operator=(const CupsScheduler&) = delete;
 
   const std::string& server() const { return server_; }
 
@@ -51,7 +47,7 @@ class CupsScheduler {
   // How often it was asked something.
   int requests() const;
 
-  void kill();
+  void kill() { process_->kill(); }
 
  private:
   void writeFiles(const std::string& directives, const std::string& queues);
@@ -59,7 +55,7 @@ class CupsScheduler {
 
   TemporaryDirectory place_;
   std::string server_;
-  pid_t process_ = -1;
+  std::optional<Process> process_;
 };
 
 }  // namespace qor::test

@@ -1,68 +1,118 @@
 #include "support/program.h"
 
-#include <cstdlib>
+#include <csignal>
+#include <system_error>
 
 #include <fcntl.h>
-#include <sys/resource.h>
+#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include "support/temporary_directory.h"
 
 namespace qor::test {
 namespace {
 
-void redirect(const std::string& file, int handle) {
-  const int opened = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-  ::dup2(opened, handle);
-  ::close(opened);
+// What the program does between its start and its first instruction.
+class StartActions {
+ public:
+  StartActions() { ::posix_spawn_file_actions_init(&actions_); }
+  ~StartActions() { ::posix_spawn_file_actions_destroy(&actions_); }
+  StartActions(const StartActions&) = delete;
+  StartActions& operator=(const StartActions&) = delete;
+
+  void redirect(int handle, const std::string& file) {
+    ::posix_spawn_file_actions_addopen(&actions_, handle, file.c_str(),
+                                       O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  }
+  void enter(const std::string& directory) {
+    ::posix_spawn_file_actions_addchdir_np(&actions_, directory.c_str());
+  }
+  const posix_spawn_file_actions_t* get() const { return &actions_; }
+
+ private:
+  posix_spawn_file_actions_t actions_{};
+};
+
+std::vector<std::string> environmentOf(const Surroundings& surroundings) {
+  std::map<std::string, std::string> variables;
+  for (char** entry = environ; *entry != nullptr; ++entry) {
+    const std::string variable = *entry;
+    const std::size_t end = variable.find('=');
+    variables[variable.substr(0, end)] = variable.substr(end + 1);
+  }
+  for (const char* name : {"DISPLAY", "QOR_ANSI_CODEPAGE", "PRINTER", "LPDEST"}) {
+    variables.erase(name);
+  }
+  variables["CUPS_SERVER"] = "/nowhere";
+  variables["LC_ALL"] = "C";
+  for (const auto& [name, value] : surroundings.environment) variables[name] = value;
+  std::vector<std::string> entries;
+  for (const auto& [name, value] : variables) entries.push_back(name + "=" + value);
+  return entries;
 }
 
-void enter(const Surroundings& surroundings) {
-  ::unsetenv("DISPLAY");
-  ::unsetenv("QOR_ANSI_CODEPAGE");
-  for (const char* name : {"PRINTER", "LPDEST"}) ::unsetenv(name);
-  ::setenv("CUPS_SERVER", "/nowhere", 1);
-  ::setenv("LC_ALL", "C", 1);
-  for (const auto& [name, value] : surroundings.environment) {
-    ::setenv(name.c_str(), value.c_str(), 1);
-  }
-  if (!surroundings.directory.empty() && ::chdir(surroundings.directory.c_str()) != 0) ::_exit(126);
-  if (surroundings.fileSizeLimit != 0) {
-    const rlimit limit = {surroundings.fileSizeLimit, surroundings.fileSizeLimit};
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-  }
-}
-
-[[noreturn]] void become(std::vector<std::string> command) {
-  std::vector<char*> arguments;
-  for (std::string& argument : command) arguments.push_back(argument.data());
-  arguments.push_back(nullptr);
-  ::execvp(arguments[0], arguments.data());
-  ::_exit(127);
+std::vector<char*> pointersTo(std::vector<std::string>& texts) {
+  std::vector<char*> pointers;
+  for (std::string& text : texts) pointers.push_back(text.data());
+  pointers.push_back(nullptr);
+  return pointers;
 }
 
 }  // namespace
 
-Outcome run(const std::vector<std::string>& command, const Surroundings& surroundings) {
-  const TemporaryDirectory place;
-  const pid_t child = ::fork();
-  if (child == 0) {
-    redirect(place.path("output"), 1);
-    redirect(place.path("errors"), 2);
-    enter(surroundings);
-    become(command);
+// Tests have threads, and what a child of fork may do beside them is next to nothing: hence spawn.
+Process::Process(std::vector<std::string> command, const Surroundings& surroundings) {
+  if (surroundings.fileSizeLimit != 0) {
+    command.insert(command.begin(),
+                   {"prlimit", "--fsize=" + std::to_string(surroundings.fileSizeLimit)});
   }
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : 0, WIFSIGNALED(status) ? WTERMSIG(status) : 0,
-          place.read("output"), place.read("errors")};
+  StartActions actions;
+  actions.redirect(STDOUT_FILENO, place_.path("output"));
+  actions.redirect(STDERR_FILENO, place_.path("errors"));
+  if (!surroundings.directory.empty()) actions.enter(surroundings.directory);
+  std::vector<std::string> environment = environmentOf(surroundings);
+  const int error = ::posix_spawnp(&id_, command.front().c_str(), actions.get(), nullptr,
+                                   pointersTo(command).data(), pointersTo(environment).data());
+  if (error != 0) throw std::system_error(error, std::generic_category(), command.front());
+}
+
+Process::~Process() {
+  kill();
+}
+
+bool Process::isRunning() {
+  collect(WNOHANG);
+  return !ended_;
+}
+
+Outcome Process::wait() {
+  collect(0);
+  return {WIFEXITED(status_) ? WEXITSTATUS(status_) : 0,
+          WIFSIGNALED(status_) ? WTERMSIG(status_) : 0, place_.read("output"),
+          place_.read("errors")};
+}
+
+void Process::kill() {
+  if (ended_) return;
+  ::kill(id_, SIGKILL);
+  collect(0);
+}
+
+void Process::collect(int options) {
+  if (!ended_) ended_ = ::waitpid(id_, &status_, options) == id_;
+}
+
+Outcome run(const std::vector<std::string>& command, const Surroundings& surroundings) {
+  return Process(command, surroundings).wait();
+}
+
+std::vector<std::string> viewer(const std::vector<std::string>& arguments) {
+  std::vector<std::string> command = {QOR_PROGRAM};
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  return command;
 }
 
 Outcome runViewer(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
-  std::vector<std::string> command = {QOR_PROGRAM};
-  command.insert(command.end(), arguments.begin(), arguments.end());
-  return run(command, surroundings);
+  return run(viewer(arguments), surroundings);
 }
 
 }  // namespace qor::test

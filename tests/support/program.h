@@ -5,6 +5,10 @@
 #include <string>
 #include <vector>
 
+#include <sys/types.h>
+
+#include "support/temporary_directory.h"
+
 namespace qor::test {
 
 struct Outcome {
@@ -21,8 +25,33 @@ struct Surroundings {
   unsigned long fileSizeLimit = 0;  // bytes, 0: none
 };
 
-// Runs any program found on the path and waits for its end.
+// A program that runs beside the test. What is still running goes with the object.
+class Process {
+ public:
+  // Takes any program found on the path; throws std::runtime_error if it can't be started.
+  explicit Process(std::vector<std::string> command, const Surroundings& surroundings = {});
+  ~Process();
+  Process(const Process&) = delete;
+  Process& operator=(const Process&) = delete;
+
+  bool isRunning();
+  Outcome wait();
+  void kill();
+
+ private:
+  void collect(int options);
+
+  TemporaryDirectory place_;  // of what it writes
+  pid_t id_ = 0;
+  bool ended_ = false;
+  int status_ = 0;  // as waitpid tells it
+};
+
+// Runs a program and waits for its end.
 Outcome run(const std::vector<std::string>& command, const Surroundings& surroundings = {});
+
+// The command line of the program under test.
+std::vector<std::string> viewer(const std::vector<std::string>& arguments);
 
 // Runs the program under test with these arguments.
 Outcome runViewer(const std::vector<std::string>& arguments, const Surroundings& surroundings = {});

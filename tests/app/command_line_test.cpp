@@ -2,9 +2,9 @@
 #include "app/command_line.h"
 
 #include <cstdlib>
-#include <initializer_list>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -16,22 +16,22 @@
 namespace qor::test {
 namespace {
 
-void setVariable(const char* name, const char* value) {
-  value != nullptr ? ::setenv(name, value, 1) : ::unsetenv(name);
-}
-
 // An environment variable for the length of a test; a null value unsets it.
 class Variable {
  public:
   Variable(const char* name, const char* value) : name_(name) {
     if (const char* before = std::getenv(name)) before_ = before;
-    setVariable(name, value);
+    set(value);
   }
-  ~Variable() { setVariable(name_, before_ ? before_->c_str() : nullptr); }
+  ~Variable() { set(before_ ? before_->c_str() : nullptr); }
   Variable(const Variable&) = delete;
   Variable& operator=(const Variable&) = delete;
 
  private:
+  void set(const char* value) const {
+    value != nullptr ? ::setenv(name_, value, 1) : ::unsetenv(name_);
+  }
+
   const char* name_;
   std::optional<std::string> before_;
 };
@@ -55,130 +55,85 @@ class CommandLineTest : public testing::Test {
     const bool warned = !testing::internal::GetCapturedStderr().empty();
     const bool told = !testing::internal::GetCapturedStdout().empty();
     const char* const modes[] = {"stop", "print", "preview", "export"};
-    text_ = modes[mode + 1];
-    if (told) text_ += " told";
-    if (warned) text_ += " warned";
-    addOptions();
-    return text_;
+    return modes[mode + 1] + std::string(told ? " told" : "") + (warned ? " warned" : "") +
+           options(mode == kRunStop ? 850 : 1253);
   }
 
-  struct Row {
-    const char* parameters;
-    const char* expected;
-  };
-  void expectParsed(std::initializer_list<Row> rows) {
-    for (const Row& row : rows) EXPECT_EQ(parsed(row.parameters), row.expected) << row.parameters;
+  void expectParsed(const std::vector<std::pair<const char*, const char*>>& rows) {
+    for (const auto& [parameters, expected] : rows) {
+      EXPECT_EQ(parsed(parameters), expected) << parameters;
+    }
   }
 
  private:
-  void addOptions() {
-    const AppOptionsRecord start;
-    add("file", AppOptions.FileName, start.FileName);
-    add("ini", AppOptions.IniFileName, start.IniFileName);
-    add("set", AppOptions.SetName, start.SetName);
-    add("printer", AppOptions.PrinterName, start.PrinterName);
-    add("caption", AppOptions.WindowCaption, start.WindowCaption);
-    add("codepage", AppOptions.DocCodePage, ansi_);
-    add("mail", AppOptions.MailProgram, start.MailProgram);
-    add("dd", AppOptions.DeleteAfterPrint, false);
-    add("dynamic", AppOptions.DynamicMode, false);
-    add("test", AppOptions.TestMode, false);
-    add("target", AppOptions.ExportTarget, start.ExportTarget);
-    add("owner", AppOptions.OwnerWindow, start.OwnerWindow);
-  }
-
-  void add(const char* name, std::string value, const std::string& start) {
-    if (value == start) return;
-    if (value.starts_with(place_.path())) value.replace(0, place_.path().size(), "@");
-    text_.append(" ").append(name).append("=").append(value);
-  }
-  template <class Number>
-  void add(const char* name, Number value, Number start) {
-    if (text_.starts_with("stop")) return;
-    add(name, std::to_string(value), std::to_string(start));
+  std::string options(int usualCodePage) const {
+    std::string text;
+    const auto add = [&](const char* name, std::string value, const std::string& usual = "") {
+      if (value.starts_with(place_.path())) value.replace(0, place_.path().size(), "@");
+      if (value != usual) text.append(" ").append(name).append("=").append(value);
+    };
+    add("file", AppOptions.FileName);
+    add("ini", AppOptions.IniFileName);
+    add("set", AppOptions.SetName);
+    add("printer", AppOptions.PrinterName);
+    add("caption", AppOptions.WindowCaption);
+    add("codepage", std::to_string(AppOptions.DocCodePage), std::to_string(usualCodePage));
+    add("mail", std::to_string(AppOptions.MailProgram), "1");
+    add("dd", std::to_string(AppOptions.DeleteAfterPrint), "0");
+    add("dynamic", std::to_string(AppOptions.DynamicMode), "0");
+    add("test", std::to_string(AppOptions.TestMode), "0");
+    add("target", AppOptions.ExportTarget, "pdf");
+    add("owner", std::to_string(AppOptions.OwnerWindow), "0");
+    return text;
   }
 
   OptionsGuard guard_;
   Variable codePage_{"QOR_ANSI_CODEPAGE", "1253"};
-  int ansi_ = 1253;
   TemporaryDirectory place_;
-  std::string text_;
 };
 
 TEST(GetOptionValue, takesTheValueAndCutsItOut) {
-  struct Row {
-    const char* name;
-    std::string parameters;
-    std::string key;
-    bool found;
+  const auto taken = [](std::string parameters) {
     std::string value;
-    std::string rest;
+    const bool found = GetOptionValue(value, parameters, "-f");
+    return (found ? value : "none") + "|" + parameters;
   };
-  const std::string longTail(1100, 'x');
-  const Row rows[] = {
-      {"no key", "-g -dd", "-f", false, "", "-g -dd"},
-      {"value in the middle", "a -f b c", "-f", true, "b", "a  c"},
-      {"value at the end stays", "a -f b", "-f", true, "b", "a -f b"},
-      {"quoted value", "-f \"a b\" -g", "-f", true, "a b", " -g"},
-      {"quoted value at the end", "x -f \"a b\"", "-f", true, "a b", "x "},
-      {"text right behind the quote", "-f \"a\"b c", "-f", true, "a", "b c"},
-      {"empty quotes", "-f \"\" -g", "-f", true, "", " -g"},
-      {"open quote", "-f \"a b", "-f", false, "", "-f \"a b"},
-      {"several blanks", "-f    a b", "-f", true, "a", " b"},
-      {"glued value, no blank", "-fa.txt", "-f", true, "a.txt", "-fa.txt"},
-      {"glued value is lost before a blank", "-fa.txt -g", "-f", true, "-g", "-fa.txt -g"},
-      {"first occurrence counts", "my-file -f x y", "-f", true, "-f", "my x y"},
-      {"nothing behind the key", "-f", "-f", true, "", "-f"},
-      {"rest is cut", "-f a " + longTail, "-f", true, "a", " " + longTail.substr(0, 1023)},
+  // The value, and the parameters that are left.
+  const std::pair<const char*, const char*> rows[] = {
+      {"-g -dd", "none|-g -dd"},       {"a -f b c", "b|a  c"},
+      {"a -f b", "b|a -f b"},          {"-f \"a b\" -g", "a b| -g"},
+      {"x -f \"a b\"", "a b|x "},      {"-f \"a\"b c", "a|b c"},
+      {"-f \"\" -g", "| -g"},          {"-f \"a b", "none|-f \"a b"},
+      {"-f    a b", "a| b"},           {"-fa.txt", "a.txt|-fa.txt"},
+      {"-fa.txt -g", "-g|-fa.txt -g"}, {"my-file -f x y", "-f|my x y"},
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.name);
-    std::string value;
-    std::string parameters = row.parameters;
-    EXPECT_EQ(GetOptionValue(value, parameters, row.key), row.found);
-    if (row.found) {
-      EXPECT_EQ(value, row.value);
-    }
-    EXPECT_EQ(parameters, row.rest);
-  }
+  for (const auto& [parameters, expected] : rows) EXPECT_EQ(taken(parameters), expected);
+  EXPECT_EQ(taken("-f"), "|-f");
+  const std::string tail(1100, 'x');
+  EXPECT_EQ(taken("-f a " + tail), "a| " + tail.substr(0, 1023));
 }
 
 TEST_F(CommandLineTest, fillsTheOptions) {
   expectParsed({
-      {"-f r.txt", "preview file=@r.txt"},
-      {"-F r.txt", "preview file=@r.txt"},
-      {"-f @r.txt", "preview file=@r.txt"},
-      {"-f \"r.txt\"", "preview file=@r.txt"},
+      {"-caption \"A -g B\" -f r.txt -i s.vset#Q -p \"HP 4 L\" -codepage $362 -mail 2 -dd -dynamic "
+       "-test -export Dir/O.TXT -handle 4660",
+       "export file=@r.txt ini=@s.vset set=Q printer=HP 4 L caption=A -g B codepage=866 mail=2 "
+       "dd=1 dynamic=1 test=1 target=Dir/o.txt owner=4660"},
+      {"-EXPORT ОТЧЁТ_ŞÇĞ.TXT -F r.txt -I s.vset#Q -P HP -CODEPAGE 866 -MAIL 2 -DD -DYNAMIC -TEST "
+       "-CAPTION Sales -HANDLE 7",
+       "export file=@r.txt ini=@s.vset set=Q printer=HP caption=Sales codepage=866 mail=2 dd=1 "
+       "dynamic=1 test=1 target=отчёт_şçğ.txt owner=7"},
       {"-f missing.txt", "stop warned"},
-      {"-f \"r.txt", "preview"},
-      {"-f \"r.txt -F r.txt", "preview file=@r.txt"},
       {"-g -f r.txt", "print file=@r.txt"},
       {"-f r.txt -G", "print file=@r.txt"},
-      {"-f r.txt -p HP", "preview file=@r.txt printer=HP"},
-      {"-P \"HP 4 L\" -f r.txt", "preview file=@r.txt printer=HP 4 L"},
-      {"-codepage 866", "preview codepage=866"},
-      {"-CODEPAGE $362 -f r.txt", "preview file=@r.txt codepage=866"},
-      {"-codepage abc", "preview"},
-      {"-f r.txt -mail 2", "preview file=@r.txt mail=2"},
-      {"-f r.txt -MAIL 2", "preview file=@r.txt mail=2"},
-      {"-f r.txt -mail abc", "preview file=@r.txt"},
+      {"-P HP -f r.txt", "preview file=@r.txt printer=HP"},
       {"-dd -f r.txt", "preview file=@r.txt dd=1"},
-      {"-f r.txt -DD", "preview file=@r.txt dd=1"},
-      {"-f r.txt -dynamic", "preview file=@r.txt dynamic=1"},
-      {"-f r.txt -TEST", "preview file=@r.txt test=1"},
-      {"-export O.PDF -f r.txt", "export file=@r.txt target=o.pdf"},
-      {"-f r.txt -EXPORT Dir/O.PDF", "export file=@r.txt target=Dir/o.pdf"},
-      {"-export ОТЧЁТ_ŞÇĞ.TXT", "export target=отчёт_şçğ.txt"},
       {"-f r.txt -g -export o.txt", "export file=@r.txt target=o.txt"},
-      {"-handle 4660 -f r.txt", "preview file=@r.txt owner=4660"},
-      {"-HANDLE abc -f r.txt", "preview file=@r.txt"},
-      {"-caption \"My -g report\" -f r.txt", "preview file=@r.txt caption=My -g report"},
-      {"-CAPTION Sales -f r.txt", "preview file=@r.txt caption=Sales"},
-      {"-caption \"A B\" -f r.txt -i s.vset#Q -p HP -codepage 1254 -mail 2 -dd -dynamic -test "
-       "-export O.TXT -handle 7",
-       "export file=@r.txt ini=@s.vset set=Q printer=HP caption=A B codepage=1254 mail=2 dd=1 "
-       "dynamic=1 test=1 target=o.txt owner=7"},
   });
+  for (const char* parameters : {"-F r.txt", "-f @r.txt", "-f \"r.txt\"", "-f \"r.txt -F r.txt",
+                                 "-f r.txt -mail abc", "-HANDLE abc -f r.txt"}) {
+    EXPECT_EQ(parsed(parameters), "preview file=@r.txt") << parameters;
+  }
 }
 
 TEST_F(CommandLineTest, splitsTheSettingsAtTheLastMark) {
@@ -202,18 +157,7 @@ TEST_F(CommandLineTest, splitsTheSettingsAtTheLastMark) {
 
 TEST_F(CommandLineTest, searchesSubstrings) {
   expectParsed({
-      {"-g", "preview"},
-      {"-dd", "preview"},
-      {"-p", "preview"},
-      {"-fr.txt", "preview"},
-      {"x -fr.txt", "preview file=@r.txt"},
       {"x -fr.txt -g", "stop warned"},  // takes "-g" for the name
-      {"-dynamic -f r.txt", "preview file=@r.txt"},
-      {"-test -f r.txt", "preview file=@r.txt"},
-      {"-mail 2 -f r.txt", "preview file=@r.txt"},
-      {"-Export o.txt", "preview"},
-      {"-f r.txt -e txt", "preview file=@r.txt"},
-      {"-f r.txt -Dd -Dynamic -Test", "preview file=@r.txt"},
       {"-f r.txt -green", "print file=@r.txt"},
       {"-f \"a -g b.txt\"", "print file=@a -g b.txt"},
       {"-f r.txt -caption -g", "print file=@r.txt caption=-g"},
@@ -221,16 +165,22 @@ TEST_F(CommandLineTest, searchesSubstrings) {
       {"-export a-f.txt -f r.txt", "stop warned"},          // report "-f"
       {"-f r.txt -export a-p.txt -p HP", "export file=@r.txt printer=-p target=a"},
   });
+  for (const char* parameters :
+       {"x -fr.txt", "-dynamic -f r.txt", "-test -f r.txt", "-mail 2 -f r.txt", "-f r.txt -e txt",
+        "-f r.txt -Dd -Dynamic -Test"}) {
+    EXPECT_EQ(parsed(parameters), "preview file=@r.txt") << parameters;
+  }
+  for (const char* parameters : {"-g", "-dd", "-p", "-fr.txt", "-f \"r.txt", "-codepage abc",
+                                 "-Export o.txt", "x -h", "-hx", "-?", "--h"}) {
+    EXPECT_EQ(parsed(parameters), "preview") << parameters;
+  }
 }
 
-TEST_F(CommandLineTest, showsHelpOnlyForASwitchAlone) {
+TEST_F(CommandLineTest, showsHelpForASwitchAlone) {
   for (const char* parameters : {"/?", "/h", "/H", "-h", "-H", "  -h "}) {
     EXPECT_EQ(parsed(parameters), "stop told") << parameters;
   }
   EXPECT_EQ(parsed("-caption X -h"), "stop told caption=X");
-  for (const char* parameters : {"x -h", "-hx", "-?", "--h"}) {
-    EXPECT_EQ(parsed(parameters), "preview") << parameters;
-  }
 }
 
 TEST(ParameterString, quotesWhatHoldsBlanks) {

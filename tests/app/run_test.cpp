@@ -1,5 +1,6 @@
 // The program from outside: arguments in, files, exit code and messages out.
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <map>
 #include <sstream>
@@ -67,60 +68,34 @@ const std::string kExportedA = "A\r\n\f\r\n\x1A\r\n";
 TEST(Help, speaksThreeLanguages) {
   struct Row {
     const char* locale;
-    std::vector<std::string> expected;  // the second line is free
+    const char* version;
+    const char* heading;
+    const char* caption;
+    const char* lastOptions;
   };
   const Row rows[] = {
-      {"de_DE.UTF-8",
-       {"QorUtlView - report viewer. Version 1.3b7", "", "    <commands>",
-        "\t-g (-G)  - don't show graphisc interface",
-        "\t-f (-F)   <file name> - name of file for printing",
-        "\t-p (-P)   <name>      - name of printer device",
-        "\t-i (-I)   <file name> - name of .ini file with printing settings",
-        "\t-caption  <name>      - header of window",
-        "\t-codepage <number>    - codepage of document",
-        "\t-mail     <1 or 2>    - choosing of EMail program for send report",
-        "\t-dd(-DD) - delete data file after print report",
-        "\t-dynamic - dynamic mode of reading data file",
-        "\t-test    - test mode for preview, print button disabled",
-        "\t-e (-E)  <file extension> - File Export (rtf,doc,pdf,bmp,jpeg,gif,ico)",
-        "\t/?, /h, -h - show help window"}},
-      {"ru_RU.UTF-8",
-       {"QorUtlView - программа просмотра отчётов. Версия 1.3b7", "", "    <команды>",
-        "\t-g (-G)  - отключить графический интерфейс",
-        "\t-f (-F)   <имя файла> - имя файла, который выводится на печать",
-        "\t-p (-P)   <имя>       - имя принтера",
-        "\t-i (-I)   <имя файла> - имя файла установок печати",
-        "\t-caption  <имя>       - заголовок окна",
-        "\t-codepage <номер>     - кодовая страница документа",
-        "\t-mail     <1 или 2>   - выбор почтовой программы для отправки отчёта",
-        "\t-dd(-DD) - удалить файл данных после печати отчёта",
-        "\t-dynamic - динамический режим чтения файла данных",
-        "\t-test    - тестовый режим, кнопка \"Печать\" неактивна",
-        "\t/?, /h, -h - показать окно помощи"}},
-      {"tr_TR.UTF-8",
-       {"QorUtlView -  Yazdırma uygulaması. Versiyon 1.3b7", "", "    <komutlar>",
-        "\t-g (-G)  - grafik arayüzünü gösterme",
-        "\t-f (-F)   <dosya adı>  - basılacak dosyanın adı",
-        "\t-p (-P)   <ad>         - yazıcının adı",
-        "\t-i (-I)   <dosya adı>  - yazdırma ayarlarını içeren .ini dosyasının adı",
-        "\t-caption  <ad>         - pencere başlığı",
-        "\t-codepage <number>     - dosya kod sayfası",
-        "\t-mail     <1 or 2>     - choosing of EMail program for send report",
-        "\t-dd(-DD) - rapor basma işleminden sonra veri dosyasını sil",
-        "\t-dynamic - veri dosyasını dinamik olarak oku",
-        "\t-test    - önizleme için test, yazdırma işlemi yapılamaz",
-        "\t-e (-E)  <dosya uzantısı> - Dosya Export(rtf,doc,pdf,bmp,jpeg,gif,ico)",
-        "\t/?, /h, -h - yardım"}},
+      {"de_DE.UTF-8", "QorUtlView - report viewer. Version 1.3b7", "    <commands>",
+       "\t-caption  <name>      - header of window", "\t-e\t/?,"},
+      {"ru_RU.UTF-8", "QorUtlView - программа просмотра отчётов. Версия 1.3b7", "    <команды>",
+       "\t-caption  <имя>       - заголовок окна", "\t/?,"},
+      {"tr_TR.UTF-8", "QorUtlView -  Yazdırma uygulaması. Versiyon 1.3b7", "    <komutlar>",
+       "\t-caption  <ad>         - pencere başlığı", "\t-e\t/?,"},
   };
+  const std::string options =
+      "\t-g\t-f\t-p\t-i\t-caption\t-codepage\t-mail\t-dd(-DD)\t-dynamic\t-test";
   for (const Row& row : rows) {
     SCOPED_TRACE(row.locale);
     const Outcome help = runViewer({"-h"}, {"", {{"LC_ALL", row.locale}}, 0});
     EXPECT_EQ(help.exitCode, 255);
     EXPECT_EQ(help.errors, "");
-    auto lines = linesOf(help.output);
-    ASSERT_GT(lines.size(), 1U);
-    lines[1].clear();
-    EXPECT_EQ(lines, row.expected);
+    const auto lines = linesOf(help.output);
+    ASSERT_GT(lines.size(), 7U);
+    EXPECT_EQ(lines[0], row.version);
+    EXPECT_EQ(lines[2], row.heading);
+    EXPECT_EQ(lines[7], row.caption);
+    std::string keys;
+    for (std::size_t i = 3; i < lines.size(); ++i) keys += lines[i].substr(0, lines[i].find(' '));
+    EXPECT_EQ(keys, options + row.lastOptions);
   }
 }
 
@@ -155,10 +130,6 @@ TEST(Run, tellsOfMissingFiles) {
     expectOneLine(outcome, "- file not exists.");
     EXPECT_FALSE(place.has("o.txt"));
   }
-  const Outcome unnamed = runViewer({"-g", "-test"});
-  EXPECT_EQ(unnamed.exitCode, 255);
-  expectOneLine(unnamed, "File for print not selected.");
-
   const Outcome settings =
       runViewer({"-f", "r.txt", "-i", "none.vset#A", "-export", "o.txt"}, in(place));
   EXPECT_EQ(settings.exitCode, 0);
@@ -168,14 +139,9 @@ TEST(Run, tellsOfMissingFiles) {
 }
 
 TEST(Export, findsFilesByAnyName) {
-  struct Row {
-    const char* directory;
-    const char* report;
-    const char* reportOption;
-    const char* targetOption;
-    const char* target;
-  };
-  const Row rows[] = {
+  // The current directory, the report, how it is named, how the target is named, the target; "@"
+  // is the directory of them all.
+  const std::array<const char*, 5> rows[] = {
       {"", "r.txt", "r.txt", "o.txt", "o.txt"},
       {"", "my report.txt", "my report.txt", "my export.txt", "my export.txt"},
       {"", "Отчёт за май.txt", "Отчёт за май.txt", "итог ё.txt", "итог ё.txt"},
@@ -190,18 +156,18 @@ TEST(Export, findsFilesByAnyName) {
       {"", "r.txt", "r.txt", "Out/O.Txt", "Out/o.txt"},
       {"", "r.txt", "r.txt", "ИТОГ ŞÇ.TXT", "итог şç.txt"},
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.targetOption);
+  for (const auto& [directory, report, reportOption, targetOption, target] : rows) {
+    SCOPED_TRACE(targetOption);
     const TemporaryDirectory place;
-    place.write(row.report, "A");
-    for (const char* directory : {"in", "out", "Out"}) fs::create_directory(place.path(directory));
+    place.write(report, "A");
+    for (const char* name : {"in", "out", "Out"}) fs::create_directory(place.path(name));
     const auto option = [&](std::string name) {
       return name.starts_with('@') ? place.path(name.substr(1)) : name;
     };
     Files expected = contents(place);
-    expected[row.target] = kExportedA;
-    expectSilence(runViewer({"-f", option(row.reportOption), "-export", option(row.targetOption)},
-                            in(place, row.directory)));
+    expected[target] = kExportedA;
+    expectSilence(runViewer({"-f", option(reportOption), "-export", option(targetOption)},
+                            in(place, directory)));
     EXPECT_EQ(contents(place), expected);
   }
 }
@@ -234,27 +200,10 @@ TEST(Export, tellsOfFormatsThatAreNotThereYet) {
 }
 
 TEST(Export, numbersThePicturesOfSeveralPages) {
-  struct Row {
-    const char* report;
-    const char* target;
-    std::vector<std::string> names;
-    std::string start;
-  };
-  const Row rows[] = {
-      {"A", "O.BMP", {"o.bmp"}, "BM"},
-      {"A\fB", "o.jpeg", {"o(1).jpeg", "o(2).jpeg"}, "\xFF\xD8"},
-      {"A\fB\fC", "o.gif", {"o(1).gif", "o(2).gif", "o(3).gif"}, "GIF8"},
-      {"A", "o.ico", {"o.ico"}, std::string("\0\0\1\0", 4)},
-      {"A\fB", "o.2.png", {"o.2(1).png", "o.2(2).png"}, "\x89PNG"},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.target);
-    const TemporaryDirectory place;
-    place.write("r.txt", row.report);
-    expectSilence(runViewer({"-f", "r.txt", "-export", row.target, "-dd"}, in(place)));
-    EXPECT_EQ(names(place), row.names);
-    for (const auto& name : row.names) EXPECT_TRUE(place.read(name).starts_with(row.start)) << name;
-  }
+  const TemporaryDirectory place;
+  place.write("r.txt", "A\fB\fC");
+  expectSilence(runViewer({"-f", "r.txt", "-export", "o.2.GIF", "-dd"}, in(place)));
+  EXPECT_EQ(names(place), (std::vector<std::string>{"o.2(1).gif", "o.2(2).gif", "o.2(3).gif"}));
 }
 
 TEST(DeleteAfterwards, takesTheReportAndItsSideFiles) {
@@ -305,27 +254,6 @@ Outcome runUnprivileged(const std::vector<std::string>& arguments, const Surroun
 }
 
 TEST(FailedExport, leavesEverythingAsItWas) {
-  struct Row {
-    const char* name;
-    const char* target;
-    unsigned long limit = 0;
-    const char* codePage = "1252";
-  };
-  const Row rows[] = {
-      {"no directory, text", "none/o.txt"},
-      {"no directory, html", "none/o.html"},
-      {"no directory, picture", "none/o.png"},
-      {"file for a directory", "r.txt/o.txt"},
-      {"directory, text", "taken.txt"},
-      {"directory, picture", "taken.bmp"},
-      {"no right to write", "locked.txt"},
-      {"no right to write, picture", "locked.png"},
-      {"too large, text", "old.txt", 8192},
-      {"too large, html", "old.html", 8192},
-      {"too large, picture", "old.bmp", 8192},
-      {"too large, new file", "new.txt", 8192},
-      {"no file for the code page", "old.png", 0, "1250"},
-  };
   const TemporaryDirectory place;
   std::string report;
   for (int i = 0; i < 10000; ++i) report += "line of the report\r\n";
@@ -340,15 +268,24 @@ TEST(FailedExport, leavesEverythingAsItWas) {
   }
   fs::permissions(place.path(), fs::perms(0777));
   const Files before = contents(place);
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.name);
+  const auto expectFailure = [&](const std::string& target, const std::string& codePage,
+                                 unsigned long limit, const std::string& told) {
+    SCOPED_TRACE(target);
     const Outcome outcome =
-        runUnprivileged({"-f", "r.txt", "-codepage", row.codePage, "-export", row.target, "-dd"},
-                        {place.path(), {}, row.limit});
+        runUnprivileged({"-f", "r.txt", "-codepage", codePage, "-export", target, "-dd"},
+                        {place.path(), {}, limit});
     EXPECT_EQ(outcome.exitCode, 0);
-    expectOneLine(outcome, row.codePage == std::string("1250") ? "cp1250.ini" : row.target);
+    expectOneLine(outcome, told);
     EXPECT_EQ(contents(place), before);
+  };
+  for (const char* target : {"none/o.txt", "none/o.html", "none/o.png", "r.txt/o.txt", "taken.txt",
+                             "taken.bmp", "locked.txt", "locked.png"}) {
+    expectFailure(target, "1252", 0, target);
   }
+  for (const char* tooLarge : {"old.txt", "old.html", "old.bmp", "new.txt"}) {
+    expectFailure(tooLarge, "1252", 8192, tooLarge);
+  }
+  expectFailure("old.png", "1250", 0, "cp1250.ini");
 }
 
 }  // namespace

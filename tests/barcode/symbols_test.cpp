@@ -1,4 +1,8 @@
 // Drawn symbols, read back by independent readers: a library in memory, and a program from files.
+#include <filesystem>
+#include <map>
+#include <sstream>
+
 #include <ZXing/ReadBarcode.h>
 #include <gtest/gtest.h>
 
@@ -24,10 +28,6 @@ std::string read(const PixelView& pixels) {
   const std::wstring text = result.text();
   return std::string(ZXing::ToString(result.format())) + " " +
          std::string(text.begin(), text.end());
-}
-
-std::string read(const Picture& picture) {
-  return read({picture.width, picture.height, picture.width, picture.pixels.data()});
 }
 
 struct Symbol {
@@ -56,54 +56,56 @@ std::string item(const Symbol& symbol, int orientation, const std::string& more 
          " bottom=" + (turned && !square ? "130" : "70") + " " + more + "/>";
 }
 
-void drawPage(TestReport& report, BitmapCanvas& bitmap, int dpi) {
+// The pictures beside a report.
+std::map<std::string, Picture> pictures(const TestReport& report) {
+  std::map<std::string, Picture> found;
+  for (const auto& file : std::filesystem::directory_iterator(report.path(""))) {
+    const std::string name = file.path().string();
+    if (!name.ends_with(".txt")) found[name] = decodePicture(readFile(name)).value();
+  }
+  return found;
+}
+
+void expectReadable(const std::string& text, int dpi, const std::string& expected) {
+  SCOPED_TRACE(text);
+  TestReport report(text);
+  BitmapCanvas bitmap(210 * dpi / 25, 297 * dpi / 25, dpi);
   bitmap.canvas().setMapping({double(dpi), double(dpi), 0, 0});
   DrawPage(report.page(), bitmap.canvas());
+  EXPECT_EQ(read(bitmap.pixels()), expected);
+  const auto found = pictures(report);
+  EXPECT_EQ(found.size(), 2U);
+  for (const auto& [name, picture] : found) {
+    EXPECT_NE(name.find("report_barcode_"), std::string::npos) << name;
+    EXPECT_TRUE(name.ends_with("_20_30.jpeg") || name.ends_with("_20_30.jpg")) << name;
+    EXPECT_EQ(read({picture.width, picture.height, picture.width, picture.pixels.data()}),
+              expected);
+  }
 }
 
-TEST(Symbols, AreReadBackInEveryOrientationAndResolution) {
+TEST(Symbols, AreReadBackFromPagesAndPicturesInEveryOrientation) {
   for (const Symbol& symbol : kSymbols) {
     for (int orientation = 0; orientation < 4; ++orientation) {
-      const char* turned = "value_show=1 value_pos=0 manual_height=1 margin_top=99";
-      for (const auto& [more, dpi] : {std::pair("", 300), {"value_show=1", 96}, {turned, 96}}) {
-        const std::string text = item(symbol, orientation, more);
-        TestReport report(text);
-        BitmapCanvas bitmap(210 * dpi / 25, 297 * dpi / 25, dpi);
-        drawPage(report, bitmap, dpi);
-        EXPECT_EQ(read(bitmap.pixels()), symbol.zxing) << text;
-      }
+      expectReadable(item(symbol, orientation), 300, symbol.zxing);
+      expectReadable(item(symbol, orientation), 96, symbol.zxing);
+      expectReadable(item(symbol, orientation, "value_show=1"), 96, symbol.zxing);
+      const char* above = "value_show=1 value_pos=0 manual_height=1 margin_top=99";
+      expectReadable(item(symbol, orientation, above), 96, symbol.zxing);
     }
   }
 }
 
-TEST(Symbols, AreReadBackFromTheirPictures) {
-  for (const Symbol& symbol : kSymbols) {
-    for (int orientation = 0; orientation < 4; ++orientation) {
-      TestReport report(item(symbol, orientation));
-      SCOPED_TRACE(item(symbol, orientation));
-      BitmapCanvas page(793, 1122, 96);
-      drawPage(report, page, 96);
-      int pictures = 0;
-      for (const auto& file : std::filesystem::directory_iterator(report.path(""))) {
-        const std::string name = file.path().string();
-        if (name.find("report_barcode_") == std::string::npos) continue;
-        EXPECT_TRUE(name.ends_with("_20_30.jpeg") || name.ends_with("_20_30.jpg")) << name;
-        const auto picture = decodePicture(readFile(name));
-        ASSERT_TRUE(picture.has_value());
-        EXPECT_EQ(read(*picture), symbol.zxing);
-        ++pictures;
-      }
-      EXPECT_EQ(pictures, 2);
-    }
-  }
+void exportTo(const std::string& target, const std::string& report,
+              const TemporaryDirectory& directory) {
+  directory.write("r.txt", report);
+  runViewer({"-f", "r.txt", "-codepage", "1251", "-export", target},
+            {.directory = directory.path()});
 }
 
 TEST(Symbols, AreReadBackFromAnExportedPage) {
   for (const Symbol& symbol : kSymbols) {
     const TemporaryDirectory directory;
-    directory.write("r.txt", item(symbol, 0, "value_show=1"));
-    runViewer({"-f", "r.txt", "-codepage", "1251", "-export", "r.png"},
-              {.directory = directory.path()});
+    exportTo("r.png", item(symbol, 0, "value_show=1"), directory);
     const std::string found = run({"zbarimg", "-q", directory.path("r.png")}).output;
     EXPECT_EQ(found, std::string(symbol.zbar) + "\n");
   }
@@ -111,10 +113,8 @@ TEST(Symbols, AreReadBackFromAnExportedPage) {
 
 TEST(Symbols, LinkTheirPicturesInHtml) {
   const TemporaryDirectory directory;
-  directory.write("r.txt",
-                  item(kSymbols[0], 0) + "<barcode br_type=39 value=\"a/b\" right=50 bottom=9/>");
-  runViewer({"-f", "r.txt", "-codepage", "1251", "-export", "r.html"},
-            {.directory = directory.path()});
+  exportTo("r.html", item(kSymbols[0], 0) + "<barcode br_type=39 value=\"a/b\" right=50 bottom=9/>",
+           directory);
   const std::string html = directory.read("r.html");
   const std::string name = directory.path("r_barcode_590123412345_20_30.jpeg");
   EXPECT_NE(html.find("<img src=\"" + name + "\" width=\"378\" height=\"151\">"), std::string::npos)
@@ -136,55 +136,28 @@ std::size_t count(const std::string& text, const std::string& part) {
 }
 
 TEST(Symbols, AreLaidOutByTheirKeys) {
-  struct Row {
-    std::string name;
-    std::string keys;
-    double module;
-    std::int32_t step;
-    Point start;
-    std::int32_t length;
-    std::int32_t textRow;
+  // Module, step, start, length of the bars, row of the text. The box goes from 1000,2000 to
+  // 2900,3000; EAN-13 has 113 modules with its quiet zones; 0.33 mm are 18.7087 twips.
+  const std::pair<const char*, const char*> rows[] = {
+      {"", "16 16 1000,2000 1000 0"},
+      {"size_set=0 size_factor=50 value_show=1", "9.35433 9 1421,2000 923 77"},
+      {"size_set=0 size_factor=200 value_show=1", "37.4173 37 1000,2000 689 311"},
+      {"manual_width=1 line_width=10", "10 10 1385,2000 1000 0"},
+      {"manual_height=1 margin_top=100 margin_bottom=50", "16 16 1000,2050 950 0"},
+      {"value_show=1 value_pos=0", "16 16 1000,2133 867 133"},
+      {"value_show=1 value_font=1 font_height=4", "16 16 1000,2000 774 226"},
+      {"orient=1 value_show=1 value_pos=0", "8 -8 1066,3000 1834 66"},
+      {"orient=2 manual_height=1 margin_top=30", "16 -16 2900,2970 -970 0"},
+      {"orient=3", "8 8 2900,2000 -1900 0"},
   };
-  // A box from 1000,2000 to 2900,3000; EAN-13 has 113 modules with its quiet zones.
-  const std::vector<Row> rows = {
-      {"fitted", "", 16, 16, {1000, 2000}, 1000, 0},
-      {"percentage",
-       "size_set=0 size_factor=50 value_show=1",
-       0.5 * kBasicModule,
-       9,
-       {1421, 2000},
-       923,
-       77},
-      {"percentage too large",
-       "size_set=0 size_factor=200 value_show=1",
-       2 * kBasicModule,
-       37,
-       {1000, 2000},
-       689,
-       311},
-      {"manual width", "manual_width=1 line_width=10", 10, 10, {1385, 2000}, 1000, 0},
-      {"margins", "manual_height=1 margin_top=100 margin_bottom=50", 16, 16, {1000, 2050}, 950, 0},
-      {"text above", "value_show=1 value_pos=0", 16, 16, {1000, 2133}, 867, 133},
-      {"own text height",
-       "value_show=1 value_font=1 font_height=4",
-       16,
-       16,
-       {1000, 2000},
-       774,
-       226},
-      {"one quarter", "orient=1 value_show=1 value_pos=0", 8, -8, {1066, 3000}, 1834, 66},
-      {"two quarters", "orient=2 manual_height=1 margin_top=30", 16, -16, {2900, 2970}, -970, 0},
-      {"three quarters", "orient=3", 8, 8, {2900, 2000}, -1900, 0},
-  };
-  for (const Row& row : rows) {
-    TestReport report("<barcode " + row.keys + " value=590123412345/>");
+  for (const auto& [keys, expected] : rows) {
+    TestReport report("<barcode " + std::string(keys) + " value=590123412345/>");
     auto& code = dynamic_cast<VData_BarCode&>(*report.page().FirstLine->FirstItem);
     const SymbolLayout layout = layOutSymbol(code, {1000, 2000, 2900, 3000}, 113);
-    EXPECT_DOUBLE_EQ(layout.module, row.module) << row.name;
-    EXPECT_EQ(layout.step, row.step) << row.name;
-    EXPECT_EQ(layout.start, row.start) << row.name;
-    EXPECT_EQ(layout.barLength, row.length) << row.name;
-    EXPECT_EQ(layout.textRow, row.textRow) << row.name;
+    std::ostringstream text;
+    text << layout.module << " " << layout.step << " " << layout.start.x << "," << layout.start.y
+         << " " << layout.barLength << " " << layout.textRow;
+    EXPECT_EQ(text.str(), expected) << keys;
   }
 }
 
@@ -221,10 +194,9 @@ TEST(Symbols, WithoutAnEncoderRepeatTheLastOne) {
 
 TEST(Symbols, HostileOnesDrawNothingAndLeaveNothingOutside) {
   const std::string place = " left=10 top=10 right=60 bottom=30 ";
-  for (const std::string& keys :
-       {std::string("br_type=4 value=123"), std::string("br_type=8 value=12"),
-        std::string("value=\"  \""), std::string("br_type=ITF value=12")}) {
-    EXPECT_EQ(drawn("<barcode " + keys + place + "/>"), "") << keys;
+  for (const char* keys :
+       {"br_type=4 value=123", "br_type=8 value=12", "value=\"  \"", "br_type=ITF value=12"}) {
+    EXPECT_EQ(drawn("<barcode " + std::string(keys) + place + "/>"), "") << keys;
   }
   EXPECT_EQ(drawn("<barcode value=590123412345 left=60 top=30 right=10 bottom=10/>"), "");
   EXPECT_EQ(drawn("<barcode br_type=39 value=A/>"), "");
@@ -240,15 +212,11 @@ TEST(Symbols, HostileOnesDrawNothingAndLeaveNothingOutside) {
       "<barcode br_type=39 value=\"BIG\" right=2540 bottom=2540/>");
   RecordingCanvas canvas;
   DrawPage(report.page(), canvas);
-  int pictures = 0;
-  for (const auto& file : std::filesystem::directory_iterator(report.path(""))) {
-    if (file.path().extension() == ".txt") continue;
-    const auto picture = decodePicture(readFile(file.path().string()));
-    ASSERT_TRUE(picture.has_value());
-    EXPECT_LE(std::max(picture->width, picture->height), 1122);
-    ++pictures;
+  const auto found = pictures(report);
+  EXPECT_EQ(found.size(), 6U);
+  for (const auto& [name, picture] : found) {
+    EXPECT_LE(std::max(picture.width, picture.height), 1122) << name;
   }
-  EXPECT_EQ(pictures, 6);
 }
 
 }  // namespace

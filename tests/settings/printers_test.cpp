@@ -2,12 +2,10 @@
 #include "settings/printers.h"
 
 #include <algorithm>
-#include <functional>
 #include <memory>
 
 #include <gtest/gtest.h>
 
-#include "base/units.h"
 #include "platform/canvas.h"
 #include "platform/print/paper_table.h"
 #include "platform/print/print_system.h"
@@ -65,22 +63,33 @@ class Printers : public testing::Test {
   ~Printers() override { setPrintSystem(nullptr); }
 };
 
+VSetPage pageOf(std::int32_t paper, double width = 210, double height = 297,
+                std::int32_t orientation = 1) {
+  VSetPage page;
+  page.PaperSize = paper;
+  page.PaperWidth = width;
+  page.PaperHeight = height;
+  page.Orientation = orientation;
+  return page;
+}
+
+// Orientation; dots to the inch; printable millimetres; sheet, offset and printable area in dots.
+template <class Measures>
+std::vector<std::int32_t> numbersOf(const Measures& of) {
+  return {of.Orientation,     of.LogPixelsX,    of.LogPixelsY,     of.HorzSize,
+          of.VertSize,        of.PhysicalWidth, of.PhysicalHeight, of.PhysicalOffsetX,
+          of.PhysicalOffsetY, of.HorzRes,       of.VertRes};
+}
+
 TEST_F(Printers, areMeasuredAsTheyAreSetUp) {
   EXPECT_EQ(GetDefaultPrinterName(), "laser");
   EXPECT_TRUE(gPrinterMeasured);
   const VSetPrn& laser = gDefaultPrn;
   // 210 x 297 mm less 5, 6, 7 and 8 mm, at 300 dots per inch.
-  EXPECT_EQ(laser.HorzSize, 198);
-  EXPECT_EQ(laser.VertSize, 283);
-  EXPECT_EQ(laser.PhysicalWidth, 2480);
-  EXPECT_EQ(laser.PhysicalHeight, 3507);
-  EXPECT_EQ(laser.PhysicalOffsetX, 60);
-  EXPECT_EQ(laser.PhysicalOffsetY, 71);
-  EXPECT_EQ(laser.HorzRes, 2480 - 60 - 83);
-  EXPECT_EQ(laser.VertRes, 3507 - 71 - 95);
+  EXPECT_EQ(numbersOf(laser), (std::vector{1, 300, 300, 198, 283, 2480, 3507, 60, 71,
+                                           2480 - 60 - 83, 3507 - 71 - 95}));
   EXPECT_EQ(laser.ResolutionX, 300);
   EXPECT_EQ(laser.ResolutionY, 1);  // what stands there is the colour mode
-  EXPECT_EQ(laser.Orientation, 1);
   EXPECT_EQ(laser.PortName, "lpt1:");
   VSetPrn other;
   EXPECT_TRUE(MeasureNamedPrinter("nobody", &other));  // some printer was measured
@@ -90,80 +99,52 @@ TEST_F(Printers, areMeasuredAsTheyAreSetUp) {
   EXPECT_EQ(other.HorzRes, 4960);
 }
 
+TEST_F(Printers, turnTheMarginsWithTheSheet) {
+  CreatePrintDC("laser", pageOf(9, 210, 297, 2), 50, true);
+  // The upright sheet's bottom is at the left, its left at the top; half the scale.
+  EXPECT_EQ(numbersOf(gPrintMetrics), (std::vector{2, 150, 150, 283, 198, 3507, 2480, 95, 60,
+                                                   3507 - 95 - 71, 2480 - 60 - 83}));
+}
+
 TEST_F(Printers, takeDeviceModesFromThePage) {
   struct Row {
     const char* what;
-    std::function<void(VSetPage&)> set;
+    VSetPage page;
     std::uint32_t fields;
-    Point sheet;  // mm, of the print context
+    Point sheet;  // of the print context, dots of 1/300 inch
     Point measured;
   };
-  const auto nothing = [](VSetPage& page) {
-    page.Orientation = page.PrintQuality = page.PrintColor = 0;
+  VSetPage nothing;
+  nothing.Orientation = nothing.PrintQuality = nothing.PrintColor = 0;
+  VSetPage copies;
+  copies.NumOfCopies = 3;
+  copies.SortByCopies = true;
+  // The defaults ask for an orientation, a quality and a colour.
+  const Row rows[] = {
+      {"nothing", nothing, 0, {2480, 3507}, {2480, 3507}},
+      {"defaults", pageOf(9), 0xC01, {2480, 3507}, {2480, 3507}},
+      {"across", pageOf(9, 210, 297, 7), 0xC01, {3507, 2480}, {3507, 2480}},
+      {"Letter", pageOf(1), 0xC03, {2550, 3300}, {2550, 3300}},
+      {"by its other number", pageOf(17), 0xC03, {3300, 5100}, {3300, 5100}},
+      {"wide by nature", pageOf(4), 0xC03, {2480, 3507}, {2480, 3507}},
+      {"not offered", pageOf(8), 0xC03, {2480, 3507}, {2480, 3507}},
+      {"size 0", pageOf(0, 100), 0xC0F, {1181, 3507}, {2480, 3507}},
+      {"size 256", pageOf(256, 100), 0xC03, {2480, 3507}, {1181, 3507}},
+      {"size 0 across", pageOf(0, 250, 80, 2), 0xC0F, {2952, 944}, {3507, 2480}},
+      {"size too large", pageOf(0, 1e9, 1e9), 0xC0F, {3543, 5905}, {2480, 3507}},
+      {"copies", copies, 0x8D01, {2480, 3507}, {2480, 3507}},
   };
-  const auto with = [&nothing](auto change) {
-    return [&nothing, change](VSetPage& page) {
-      nothing(page);
-      change(page);
-    };
-  };
-  const std::vector<Row> rows = {
-      {"nothing", nothing, 0, {210, 297}, {210, 297}},
-      {"defaults", [](VSetPage&) {}, 0xC01, {210, 297}, {210, 297}},
-      {"across", with([](VSetPage& page) { page.Orientation = 7; }), 1, {297, 210}, {297, 210}},
-      {"Letter", with([](VSetPage& page) { page.PaperSize = 1; }), 2, {215, 279}, {215, 279}},
-      {"by its other number",
-       with([](VSetPage& page) { page.PaperSize = 17; }),
-       2,
-       {279, 431},
-       {279, 431}},
-      {"wide by nature",
-       with([](VSetPage& page) { page.PaperSize = 4; }),
-       2,
-       {210, 297},
-       {210, 297}},
-      {"not offered", with([](VSetPage& page) { page.PaperSize = 8; }), 2, {210, 297}, {210, 297}},
-      {"size 0",
-       with([](VSetPage& page) { page.PaperSize = 0, page.PaperWidth = 100; }),
-       14,
-       {100, 297},
-       {210, 297}},
-      {"size 256",
-       with([](VSetPage& page) { page.PaperSize = 256, page.PaperWidth = 100; }),
-       2,
-       {210, 297},
-       {100, 297}},
-      {"size 0 across",
-       with([](VSetPage& page) {
-         page.PaperSize = 0, page.PaperWidth = 250, page.PaperHeight = 80, page.Orientation = 2;
-       }),
-       15,
-       {250, 80},
-       {297, 210}},
-      {"size too large",
-       with([](VSetPage& page) { page.PaperSize = 0, page.PaperWidth = page.PaperHeight = 1e9; }),
-       14,
-       {300, 500},
-       {210, 297}},
-      {"copies",
-       with([](VSetPage& page) { page.NumOfCopies = 3, page.SortByCopies = true; }),
-       0x8100,
-       {210, 297},
-       {210, 297}},
-  };
-  const auto sheet = [](std::int32_t width, std::int32_t height) {
-    return Point{truncated((width + 1) * 25.4 / 300), truncated((height + 1) * 25.4 / 300)};
+  const auto sheet = [] {
+    return Point{gPrintMetrics.PhysicalWidth, gPrintMetrics.PhysicalHeight};
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.what);
-    VSetPage page;
-    row.set(page);
-    const auto context = CreatePrintDC("", page, 100, false);
+    const auto context = CreatePrintDC("", row.page, 100, false);
     ASSERT_TRUE(context);
     EXPECT_EQ(context->mode().dmFields, row.fields);
-    EXPECT_EQ(sheet(gPrintMetrics.PhysicalWidth, gPrintMetrics.PhysicalHeight), row.sheet);
-    EXPECT_EQ(UpdatePrintMetrics("laser", page, 100, false), 1);
-    EXPECT_EQ(sheet(gPrintMetrics.PhysicalWidth, gPrintMetrics.PhysicalHeight), row.measured);
+    EXPECT_EQ(sheet(), row.sheet);
+    EXPECT_EQ(UpdatePrintMetrics("laser", row.page, 100, false), 1);
+    EXPECT_EQ(sheet(), row.measured);
   }
   EXPECT_EQ(UpdatePrintMetrics("nobody", {}, 100, false), 0);
   EXPECT_EQ(CreatePrintDC("nobody", {}, 100, false), nullptr);
@@ -177,18 +158,6 @@ TEST_F(Printers, askForCopiesThatAnyQueueTakes) {
     EXPECT_EQ(ticketOf(context->printer(), context->mode()).copies, sent);
     EXPECT_EQ(UpdatePrintMetrics("", page, 100, false), 1);
   }
-}
-
-TEST_F(Printers, turnTheMarginsWithTheSheet) {
-  VSetPage page;
-  page.Orientation = 2;
-  CreatePrintDC("laser", page, 50, true);
-  EXPECT_EQ(gPrintMetrics.Orientation, 2);
-  EXPECT_EQ(gPrintMetrics.LogPixelsX, 150);
-  EXPECT_EQ(gPrintMetrics.LogPixelsY, 150);
-  EXPECT_EQ(gPrintMetrics.HorzSize, 283);
-  EXPECT_EQ(gPrintMetrics.PhysicalOffsetX, 95);  // the upright sheet's bottom
-  EXPECT_EQ(gPrintMetrics.PhysicalOffsetY, 60);  // its left
 }
 
 TEST_F(Printers, listPapersAndBins) {
@@ -289,27 +258,16 @@ TEST_F(Printers, haveTheFontsOfACharacterSet) {
 }
 
 TEST(PrintScale, fillsThePaperWithThePage) {
-  struct Row {
-    const char* what;
-    ScaleQuestion question;
-    std::int32_t paper;
-    double width;
-    std::int32_t percent;
-  };
   VSetPrn printer;
   printer.LogPixelsX = 600;
   printer.PhysicalWidth = 4960;
   // 210 mm are 793 dots on the screen; the printer's sheet is 793 wide there, a ratio of 0.999.
-  for (const Row& row :
-       {Row{"A4", {96, 100, 793}, 9, 210, 97}, Row{"Letter", {96, 100, 793}, 1, 210, 100},
-        Row{"smaller page", {96, 50, 400}, 1, 210, 99}, Row{"automatic", {96, -1, 400}, 1, 210, -1},
-        Row{"no page", {96, 100, 0}, 9, 210, 100}, Row{"wide page", {96, 100, 1586}, 9, 210, 47},
-        Row{"huge", {96, 500, 1}, 1, 1e9, 2147483647}}) {
-    VSetPage page;
-    page.PaperSize = row.paper;
-    page.PaperWidth = row.width;
-    EXPECT_EQ(ComputePrintScale(row.question, page, printer), row.percent) << row.what;
-  }
+  EXPECT_EQ(ComputePrintScale({96, 100, 793}, pageOf(9), printer), 97);
+  EXPECT_EQ(ComputePrintScale({96, 100, 793}, pageOf(1), printer), 100);
+  EXPECT_EQ(ComputePrintScale({96, 50, 400}, pageOf(1), printer), 99);
+  EXPECT_EQ(ComputePrintScale({96, -1, 400}, pageOf(1), printer), -1);
+  EXPECT_EQ(ComputePrintScale({96, 100, 0}, pageOf(9), printer), 100);
+  EXPECT_EQ(ComputePrintScale({96, 500, 1}, pageOf(1, 1e9), printer), 2147483647);
 }
 
 TEST(PaperTable, namesTellSizes) {

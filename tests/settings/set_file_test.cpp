@@ -1,4 +1,6 @@
 // Settings sets in their file.
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <sstream>
 #include <string>
@@ -17,9 +19,10 @@
 namespace qor::test {
 namespace {
 
-// "|" stands for the end of a line.
-VSet::Lines linesOf(const std::string& text) {
+// "|" stands for the end of a line, "'" for a double quote.
+VSet::Lines linesOf(std::string text) {
   VSet::Lines lines;
+  std::ranges::replace(text, '\'', '"');
   std::istringstream in(text);
   for (std::string line; std::getline(in, line, '|');) lines.push_back(line);
   return lines;
@@ -95,47 +98,37 @@ class SetFileTest : public testing::Test {
   OptionsGuard guard_;
 };
 
-constexpr const char* kDefaultFile =
-    "<ReportSetsIniFile Ver=\"1.0\"/>|"
-    "<Set SetName=\"Default\">|"
-    "    <Print>|"
-    "        <PrinterName   = \"(default printer)\"/>|"
-    "        <PrintColor    = \"monochrome\"/>|"
-    "        <NumOfCopies   = \"1\"/>|"
-    "        <PaperSource   = \"15\"/>|"
-    "        <PrintPagesSet = \"0\"/>|"
-    "        <PagesForPrint = \"\"/>|"
-    "        <SortByCopies  = \"0\"/>|"
-    "    <Print/>|"
-    "    <Page>|"
-    "        <PaperSize     = \"9\"/>|"
-    "        <PaperWidth    = \"210\"/>|"
-    "        <PaperHeight   = \"297\"/>|"
-    "        <Orientation   = \"1\"/>|"
-    "        <MarginLeft    = \"0\"/>|"
-    "        <MarginTop     = \"0\"/>|"
-    "        <BaseCodePage  = \"857\"/>|"
-    "    <Page/>|"
-    "    <Font>|"
-    "        <Name          = \"Courier New\"/>|"
-    "        <Height        = \"10\"/>|"
-    "        <Width         = \"0\"/>|"
-    "        <Space         = \"0\"/>|"
-    "        <Charset       = \"162\"/>|"
-    "        <Color         = \"0\"/>|"
-    "        <Weight        = \"400\"/>|"
-    "        <Italic        = \"0\"/>|"
-    "        <Underline     = \"0\"/>|"
-    "        <StrikeOut     = \"0\"/>|"
-    "    <Font/>|"
-    "<Set/>|";
+// A section as a file holds it, of values such as "PaperSize=9|PaperWidth=210".
+std::string sectionOf(const std::string& name, const std::string& values) {
+  std::string text = "    <" + name + ">|";
+  for (const std::string& value : linesOf(values)) {
+    const auto equals = value.find('=');
+    const std::string key = value.substr(0, equals) + std::string(14 - equals, ' ');
+    text += "        <" + key + "= '" + value.substr(equals + 1) + "'/>|";
+  }
+  return text + "    <" + name + "/>|";
+}
+
+std::string fileOfDefaultSet(const std::string& print, const std::string& page,
+                             const std::string& font) {
+  return fileOf("<ReportSetsIniFile Ver='1.0'/>|<Set SetName='Default'>|" +
+                sectionOf("Print", print) + sectionOf("Page", page) + sectionOf("Font", font) +
+                "<Set/>|");
+}
 
 TEST_F(SetFileTest, createsTheDefaultFile) {
   VSet set;
   EXPECT_EQ(set.LoadSet(), 1);
   EXPECT_EQ(AppOptions.IniFileName, place_.path("QorUtlView.vset"));
   EXPECT_EQ(AppOptions.SetName, "Default");
-  EXPECT_EQ(place_.read("QorUtlView.vset"), fileOf(kDefaultFile));
+  EXPECT_EQ(place_.read("QorUtlView.vset"),
+            fileOfDefaultSet(
+                "PrinterName=(default printer)|PrintColor=monochrome|NumOfCopies=1|PaperSource=15|"
+                "PrintPagesSet=0|PagesForPrint=|SortByCopies=0",
+                "PaperSize=9|PaperWidth=210|PaperHeight=297|Orientation=1|MarginLeft=0|MarginTop=0|"
+                "BaseCodePage=857",
+                "Name=Courier New|Height=10|Width=0|Space=0|Charset=162|Color=0|Weight=400|"
+                "Italic=0|Underline=0|StrikeOut=0"));
   EXPECT_EQ(set.LoadSet(), 0);
   AppOptions.SetName = "Other";
   EXPECT_EQ(set.LoadSet(), -1);
@@ -153,25 +146,21 @@ TEST_F(SetFileTest, neverCreatesAFileThatWasNamed) {
 }
 
 TEST_F(SetFileTest, bringsBackWhatWasSaved) {
-  const std::string changes =
+  const std::string text = fileText(fileOfDefaultSet(
       "PrinterName=HP İ|PrintColor=color|NumOfCopies=3|PaperSource=7|PrintPagesSet=2|"
-      "PagesForPrint=1,3-5|SortByCopies=1|PaperSize=256|PaperWidth=100.5|PaperHeight=80.25|"
-      "Orientation=2|MarginLeft=-4|MarginTop=12|BaseCodePage=866|Name=Arial|Height=7.2|Width=0.1|"
-      "Space=1.5|Charset=204|Color=16711680|Weight=700|Italic=1|Underline=1|StrikeOut=1";
-  std::string text = kDefaultFile;
-  for (const std::string& change : linesOf(changes)) {
-    const auto equals = change.find('=');
-    const auto start = text.find('"', text.find("<" + change.substr(0, equals) + " ")) + 1;
-    text.replace(start, text.find('"', start) - start, change.substr(equals + 1));
-  }
-  use(fileText(fileOf(text)), "Default");
+      "PagesForPrint=1,3-5|SortByCopies=1",
+      "PaperSize=256|PaperWidth=100.5|PaperHeight=80.25|Orientation=2|MarginLeft=-4|MarginTop=12|"
+      "BaseCodePage=866",
+      "Name=Arial|Height=7.2|Width=0.1|Space=1.5|Charset=204|Color=16711680|Weight=700|Italic=1|"
+      "Underline=1|StrikeOut=1"));
+  use(text, "Default");
   VSet set;
   set.Page.PrintQuality = 1;
   EXPECT_EQ(set.LoadSet(), 0);
   EXPECT_EQ(set.PrinterName, "HP İ");
   EXPECT_EQ(set.Page.PrintQuality, 1);
   EXPECT_EQ(set.SaveSet(), 0);
-  EXPECT_EQ(file(), fileText(fileOf(text)));
+  EXPECT_EQ(file(), text);
 
   set.Page.PrintColor = 3;
   set.DefaultPrinterName = set.PrinterName;
@@ -187,61 +176,62 @@ TEST_F(SetFileTest, readsLineByLine) {
   const std::string longName(40, 'n');
   const std::pair<std::string, std::string> sections[] = {
       {"", "0"},
-      {"<Page>|<PaperSize = \"11\"/>|<Page/>", "0 PaperSize=11"},
-      {"<Font>|<Height = \"12,5\"/>|<Font/>|<Print>|<NumOfCopies=\"3\"/>|<Print/>",
+      {"<Page>|<PaperSize = '11'/>|<Page/>", "0 PaperSize=11"},
+      {"<Font>|<Height = '12,5'/>|<Font/>|<Print>|<NumOfCopies='3'/>|<Print/>",
        "0 NumOfCopies=3 Height=12.5"},
-      {"<Page>|; note|<Foo = \"1\"/>||<Orientation = \"2\"/>|<Page/>", "0 Orientation=2"},
-      {"<Page>|<Weight = \"700\"/>|<Page/>|<PaperSize = \"11\"/>", "0"},
-      {"<Print>|<PagesForPrint = \"PrintColor x\"/>|<Print/>", "0 PrintColor=(default)"},
-      {"<Font>|<Height = \"Name=x y\"/>|<Font/>", "0 Name=x"},
+      {"<Page>|; note|<Foo = '1'/>||<Orientation = '2'/>|<Page/>", "0 Orientation=2"},
+      {"<Page>|<Weight = '700'/>|<Page/>|<PaperSize = '11'/>", "0"},
+      {"<Print>|<PagesForPrint = 'PrintColor x'/>|<Print/>", "0 PrintColor=(default)"},
+      {"<Font>|<Height = 'Name=x y'/>|<Font/>", "0 Name=x"},
       {"<Font>|<Height = 12/>|<Font/>", "0 Height=12"},
-      {"<Print>|<PrintColor = \"color\"/>|<NumOfCopies = 3/>|<PaperSource = \"7\"/>|<Print/>",
+      {"<Print>|<PrintColor = 'color'/>|<NumOfCopies = 3/>|<PaperSource = '7'/>|<Print/>",
        "conversion PrintColor=color"},
-      {"<Print>|<PrintColor = \"blue\"/>|<PrintQuality = \"high\"/>|<Print/>",
+      {"<Print>|<PrintColor = 'blue'/>|<PrintQuality = 'high'/>|<Print/>",
        "0 PrintColor=(default) PrintQuality=4"},
-      {"<Print>|<PrintQuality = \"best\"/>|<SortByCopies = \"2\"/>|<Print/>",
+      {"<Print>|<PrintQuality = 'best'/>|<SortByCopies = '2'/>|<Print/>",
        "0 SortByCopies=1 PrintQuality=0"},
-      {"<Print>|<PrinterName = \"(default printer)\"/>|<Print/>", "0 PrinterName=(defaultprinter)"},
+      {"<Print>|<PrinterName = '(default printer)'/>|<Print/>", "0 PrinterName=(defaultprinter)"},
       {"<Print>|<PrinterName = HP/>|<Print/>", "0 PrinterName=HP/>"},
-      {"<Font>|<Charset = \"204\"/>|<Charset = \"300\"/>|<Font/>", "0"},
-      {"<Font>|<Charset = \"204\"/>|<Charset = \"-1\"/>|<Font/>", "0"},
-      {"<Font>|<Italic = \"1\"/>|<Underline = \"2\"/>|<StrikeOut = \"on\"/>|<Font/>", "0 Italic=1"},
-      {"<Font>|<Name = \"" + longName + "\"/>|<Font/>", "0 Name=" + longName.substr(0, 31)},
-      {"<Page>|<PaperSize = \"11\"/>", "index PaperSize=11"},
+      {"<Font>|<Charset = '204'/>|<Charset = '300'/>|<Font/>", "0"},
+      {"<Font>|<Charset = '204'/>|<Charset = '-1'/>|<Font/>", "0"},
+      {"<Font>|<Italic = '1'/>|<Underline = '2'/>|<StrikeOut = 'on'/>|<Font/>", "0 Italic=1"},
+      {"<Font>|<Name = '" + longName + "'/>|<Font/>", "0 Name=" + longName.substr(0, 31)},
+      {"<Page>|<PaperSize = '11'/>", "index PaperSize=11"},
   };
   for (const auto& [section, expected] : sections) {
-    EXPECT_EQ(loaded("<Set SetName=\"A\">|" + section + "|<Set/>"), expected) << section;
+    EXPECT_EQ(loaded("<Set SetName='A'>|" + section + "|<Set/>"), expected) << section;
   }
-  const std::string page11 = "|<Page>|<PaperSize = \"11\"/>|<Page/>|";
-  const std::string page12 = "|<Page>|<PaperSize = \"12\"/>|<Page/>|";
+}
+
+TEST_F(SetFileTest, findsItsSet) {
+  const std::string page11 = "|<Page>|<PaperSize = '11'/>|<Page/>|";
+  const std::string page12 = "|<Page>|<PaperSize = '12'/>|<Page/>|";
   const std::pair<std::string, std::string> files[] = {
       {"", "-1"},
-      {"<ReportSetsIniFile Ver=\"1.0\"/>", "-1"},
-      {"<Set SetName=\"A\">" + page11 + "<Set/>", "0 PaperSize=11"},
+      {"<ReportSetsIniFile Ver='1.0'/>", "-1"},
       {"<Set SetName=A >" + page11 + "<Set/>", "0 PaperSize=11"},
-      {"<Set SetName=\"A\"B\">" + page11 + "<Set/>", "0 PaperSize=11"},
-      {"<Set SetName=\"a\">" + page11 + "<Set/>", "-1"},
-      {" <Set SetName=\"A\">" + page11 + "<Set/>", "-1"},
-      {"<Set SetName=\"A\">" + page11 + "<Set/>|<Set SetName=\"A\">" + page12 + "<Set/>",
+      {"<Set SetName='A'B'>" + page11 + "<Set/>", "0 PaperSize=11"},
+      {"<Set SetName='a'>" + page11 + "<Set/>", "-1"},
+      {" <Set SetName='A'>" + page11 + "<Set/>", "-1"},
+      {"<Set SetName='A'>" + page11 + "<Set/>|<Set SetName='A'>" + page12 + "<Set/>",
        "0 PaperSize=11"},
-      {"<Set SetName=\"A\">" + page11 + "<Set SetName=\"B\">" + page12 + "<Set/>",
-       "0 PaperSize=12"},
-      {"<Set SetName=\"A\">" + page11, "index"},
+      {"<Set SetName='A'>" + page11 + "<Set SetName='B'>" + page12 + "<Set/>", "0 PaperSize=12"},
+      {"<Set SetName='A'>" + page11, "index"},
   };
   for (const auto& [text, expected] : files) EXPECT_EQ(loaded(text), expected) << text;
 }
 
 TEST_F(SetFileTest, savesTheSetFirst) {
   const std::string body = "|x|<Set/>|";
-  use(fileOf("<Ver/>|<Set SetName=\"A\">" + body + "<Set SetName=\"B\">" + body +
-             "garbage|<Set SetName=\"C\">" + body),
+  use(fileOf("<Ver/>|<Set SetName='A'>" + body + "<Set SetName='B'>" + body +
+             "garbage|<Set SetName='C'>" + body),
       "B");
   EXPECT_EQ(VSet().SaveSet(), 0);
   EXPECT_EQ(namesInFile(), (std::vector<std::string>{"B", "A", "C"}));
   const std::string saved = file();
-  EXPECT_TRUE(saved.starts_with("<ReportSetsIniFile Ver=\"1.0\"/>\r\n<Set SetName=\"B\">\r\n"));
+  EXPECT_TRUE(saved.starts_with(fileOf("<ReportSetsIniFile Ver='1.0'/>|<Set SetName='B'>")));
   EXPECT_TRUE(saved.ends_with(
-      fileOf("    <Font/>|<Set/>|<Set SetName=\"A\">" + body + "<Set SetName=\"C\">" + body)));
+      fileOf("    <Font/>|<Set/>|<Set SetName='A'>" + body + "<Set SetName='C'>" + body)));
   EXPECT_EQ(VSet().SaveSet(), 0);
   EXPECT_EQ(file(), saved);
 
@@ -255,99 +245,69 @@ TEST_F(SetFileTest, savesTheSetFirst) {
 }
 
 TEST_F(SetFileTest, removesLinesUpToTheNextName) {
-  struct Row {
-    const char* lines;
-    const char* left;
+  const std::pair<const char*, const char*> rows[] = {
+      {"<Ver/>|<Set SetName='A'>|x|<Set/>|<Set SetName='B'>|y|<Set/>",
+       "<Set SetName='B'>|y|<Set/>"},
+      {"<Set SetName='B'>|y|<Set SetName='A'>|x|<Set/>|garbage", "<Set SetName='B'>|y"},
+      {"<Set SetName='A'>|x|<Set/>| <Set SetName='B'>|y", " <Set SetName='B'>|y"},
+      {"<Set SetName='A'>|x|<Set SetName='A'>|y", "<Set SetName='A'>|y"},
+      {" <Set SetName='A'>|x|<Set/>", " <Set SetName='A'>|x|<Set/>"},
+      {"<Ver/>|<Set SetName='B'>|y", "<Set SetName='B'>|y"},
+      {"<Set SetName='Version'>|y|<Set/>", "y|<Set/>"},
   };
-  const Row rows[] = {
-      {"<Ver/>|<Set SetName=\"A\">|x|<Set/>|<Set SetName=\"B\">|y|<Set/>",
-       "<Set SetName=\"B\">|y|<Set/>"},
-      {"<Ver/>|<Set SetName=\"B\">|y|<Set/>|<Set SetName=\"A\">|x|<Set/>|garbage",
-       "<Set SetName=\"B\">|y|<Set/>"},
-      {"<Set SetName=\"A\">|x|<Set/>| <Set SetName=\"B\">|y", " <Set SetName=\"B\">|y"},
-      {"<Set SetName=\"A\">|x|<Set SetName=\"A\">|y", "<Set SetName=\"A\">|y"},
-      {" <Set SetName=\"A\">|x|<Set/>", " <Set SetName=\"A\">|x|<Set/>"},
-      {"<Ver/>|<Set SetName=\"B\">|y", "<Set SetName=\"B\">|y"},
-      {"<Set SetName=\"Version\">|y|<Set/>", "y|<Set/>"},
-  };
-  for (const Row& row : rows) {
-    VSet::Lines lines = linesOf(row.lines);
+  for (const auto& [before, left] : rows) {
+    VSet::Lines lines = linesOf(before);
     VSet::RemoveSetLines("A", lines);
-    EXPECT_EQ(lines, linesOf(row.left)) << row.lines;
+    EXPECT_EQ(lines, linesOf(left)) << before;
   }
   VSet::Lines none;
   EXPECT_THROW(VSet::RemoveSetLines("A", none), ListIndexError);
 }
 
 TEST_F(SetFileTest, holdsNamesInTheAnsiCodePage) {
-  struct Row {
-    const char* codePage;
-    std::string name;
-    std::string bytes;
-  };
-  const Row rows[] = {{"1254", "Şçğ İı", "\xDE\xE7\xF0 \xDD\xFD"},
-                      {"1251", "Отчёт №", "\xCE\xF2\xF7\xB8\xF2 \xB9"},
-                      {"1252", "Été", "\xC9t\xE9"}};
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.codePage);
-    ::setenv("QOR_ANSI_CODEPAGE", row.codePage, 1);
-    use("<Ver/>\n", row.name);
+  const std::array<const char*, 3> rows[] = {{"1254", "Şçğ İı", "\xDE\xE7\xF0 \xDD\xFD"},
+                                             {"1251", "Отчёт №", "\xCE\xF2\xF7\xB8\xF2 \xB9"},
+                                             {"1252", "Été", "\xC9t\xE9"}};
+  for (const auto& [codePage, name, bytes] : rows) {
+    SCOPED_TRACE(codePage);
+    ::setenv("QOR_ANSI_CODEPAGE", codePage, 1);
+    use("<Ver/>\n", name);
     EXPECT_EQ(VSet().SaveSet(), 0);
-    EXPECT_NE(file().find("\r\n<Set SetName=\"" + row.bytes + "\">\r\n"), std::string::npos);
-    EXPECT_EQ(namesInFile(), std::vector<std::string>{row.name});
+    EXPECT_NE(file().find(fileOf("|<Set SetName='" + std::string(bytes) + "'>")),
+              std::string::npos);
+    EXPECT_EQ(namesInFile(), std::vector<std::string>{name});
     EXPECT_EQ(VSet().ReloadSet(), 0);
   }
 }
 
 TEST(GetKeyValue, takesWhatStandsBehindTheKey) {
   const std::pair<const char*, const char*> rows[] = {
-      {"<Key = \"a b\"/>", "a b"},
-      {"Key=1 x", "1"},
-      {"<Set Key=abc>", "abc>"},
-      {"Key \"a\" b", "a"},
-      {"Key a b", "a"},
-      {"x Key: y = z", "z"},
-      {"Key=\"\"", ""},
-      {"Key=", ""},
+      {"<Key = \"a b\"/>", "a b"},  {"Key=1 x", "1"}, {"<Set Key=abc>", "abc>"}, {"Key a b", "a"},
+      {"Key \"a\" b", "a"},         {"Key=\"\"", ""}, {"x Key: y = z", "z"},     {"Key=", ""},
       {"a=\"Key=1\" Key=2", "1\""},
-      {"Key=\"a", "none"},
-      {"key=1", "none"},
-      {"", "none"},
   };
+  std::string value;
   for (const auto& [line, expected] : rows) {
-    std::string value;
-    EXPECT_EQ(GetKeyValue(line, "Key", value) ? value : "none", expected) << line;
+    EXPECT_TRUE(GetKeyValue(line, "Key", value)) << line;
+    EXPECT_EQ(value, expected) << line;
   }
+  for (const char* line : {"Key=\"a", "key=1", ""}) EXPECT_FALSE(GetKeyValue(line, "Key", value));
 }
 
 TEST_F(SetFileTest, writesAndReadsNumbers) {
   const std::pair<double, const char*> written[] = {
-      {0, "0"},
-      {210, "210"},
-      {-12.5, "-12.5"},
-      {0.1, "0.1"},
-      {1.0 / 3, "0.333333333333333"},
-      {0.0001, "0.0001"},
-      {123456789012345, "123456789012345"},
-      {1e20, "1E20"},
+      {0, "0"}, {210, "210"}, {-12.5, "-12.5"}, {0.1, "0.1"}, {0.0001, "0.0001"}, {1e20, "1E20"},
   };
   for (const auto& [value, text] : written) EXPECT_EQ(FloatToStr(value), text);
+  EXPECT_EQ(FloatToStr(1.0 / 3), "0.333333333333333");
+  EXPECT_EQ(FloatToStr(123456789012345), "123456789012345");
   const std::pair<const char*, double> read[] = {
-      {"12,5", 12.5},
-      {"12.5", 12.5},
-      {"1,234.5", 1.234},
-      {"1.234,5", 1.2345},
-      {"1 000,5", 1000.5},
-      {"-3,5mm", -3.5},
-      {"+3", 3},
-      {".5", 0.5},
-      {"1e3", 1000},
-      {"12/>", 12},
-      {"", 0},
-      {"abc", 0},
-      {"-", 0},
+      {"12,5", 12.5},      {"12.5", 12.5},   {"1,234.5", 1.234}, {"1.234,5", 1.2345},
+      {"1 000,5", 1000.5}, {"-3,5mm", -3.5}, {"+3", 3},          {".5", 0.5},
+      {"1e3", 1000},       {"12/>", 12},
   };
   for (const auto& [text, value] : read) EXPECT_EQ(ParseDoubleAnyLocale(text), value) << text;
+  for (const char* text : {"", "abc", "-"}) EXPECT_EQ(ParseDoubleAnyLocale(text), 0) << text;
 
   if (run({"localedef", "-i", "ru_RU", "-f", "UTF-8", place_.path("ru_RU.utf8")}).exitCode != 0) {
     GTEST_SKIP() << "no source of a locale with a decimal comma";

@@ -25,9 +25,7 @@ std::string read(const PixelView& pixels) {
   ZXing::DecodeHints hints;
   hints.setTryHarder(true).setTryRotate(true);
   const ZXing::Result result = ZXing::ReadBarcode(view, hints);
-  const std::wstring text = result.text();
-  return std::string(ZXing::ToString(result.format())) + " " +
-         std::string(text.begin(), text.end());
+  return std::string(ZXing::ToString(result.format())) + " " + result.text();
 }
 
 struct Symbol {

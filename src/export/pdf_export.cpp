@@ -62,9 +62,10 @@ PdfInformation informationOf(const VDoc& doc) {
           AppOptions.ProgramName + " " + AppOptions.ProgramVersion, creationTime()};
 }
 
-PdfEncoding encodingOf(int codePage) {
-  PdfEncoding encoding = encodingOfCodePage(codePage);
-  if (codePage == 857) std::copy(kCodePage857.begin(), kCodePage857.end(), encoding.begin() + 128);
+// As pages show the code page, which is not as the system has it.
+PdfEncoding encodingOfCodePage857() {
+  PdfEncoding encoding = encodingOfCodePage(857);
+  std::copy(kCodePage857.begin(), kCodePage857.end(), encoding.begin() + 128);
   return encoding;
 }
 
@@ -86,7 +87,7 @@ struct WidthRow {
 constexpr WidthRow kWidthDivisors[] = {{10, 1.335}, {9, 1.295}, {8, 1.455}, {12, 1.39}, {14, 1.31}};
 constexpr double kOtherDivisor = 1.35;
 
-// Points.
+// Points. Pages may change the font, and the last one decides.
 std::int32_t pageWidthOf(const VSet& settings, const ExportOptions& options) {
   if (options.PageMode != kWindowPageMode)
     return settings.Page.landscape() ? kLandscapeWidth : kUprightWidth;
@@ -101,9 +102,8 @@ std::int32_t pageWidthOf(const VSet& settings, const ExportOptions& options) {
 void writePages(VDoc& doc, const ExportOptions& options, PdfDocument& document) {
   const int codePage = doc.Settings.Page.BaseCodePage;
   const std::string stem(sideFileStem(options.TargetName));
-  const std::int32_t width = pageWidthOf(doc.Settings, options);
-  document.defineEncoding("cp" + std::to_string(codePage), encodingOf(codePage));
-  PdfWriter writer(document, width, codePage, stem);
+  if (codePage == 857) document.defineEncoding("cp857", encodingOfCodePage857());
+  PdfWriter writer(document, codePage, stem);
   PdfLines lines;
   for (std::int32_t number = 1; number <= doc.PageCount; ++number) {
     const LoadedPage page(doc, number, options.PageMode);
@@ -117,7 +117,7 @@ void writePages(VDoc& doc, const ExportOptions& options, PdfDocument& document) 
     if (number != doc.PageCount) lines.back().emplace_back(1, kPageMark);
     writer.WritePdf(lines);
   }
-  writer.endPage();
+  writer.endPages(pageWidthOf(doc.Settings, options));
 }
 
 }  // namespace

@@ -11,7 +11,6 @@
 #include "base/units.h"
 #include "document/picture_file.h"
 #include "platform/color.h"
-#include "platform/font_families.h"
 #include "platform/input_file.h"
 #include "platform/text_encoding.h"
 
@@ -30,8 +29,8 @@ std::int32_t integerOf(std::string_view value) {
   return clamped(number);
 }
 
-double realOf(std::string_view value) {
-  double number = 0;
+double realOf(std::string_view value, double otherwise = 0) {
+  double number = otherwise;
   std::from_chars(value.data(), value.data() + value.size(), number);
   return number;
 }
@@ -75,21 +74,19 @@ std::span<const double> dashesOf(std::int32_t penType) {
   }
 }
 
-// The face that is written for one that a record names.
-std::string faceFor(const std::string& name) {
-  return name.empty() || name == "Courier" || !hasFamily(name) ? kUsualFace : name;
-}
-
 }  // namespace
 
-PdfWriter::PdfWriter(PdfDocument& document, std::int32_t pageWidth, int codePage, std::string stem)
+PdfWriter::PdfWriter(PdfDocument& document, int codePage, std::string stem)
     : document_(document),
-      pageWidth_(pageWidth),
       codePage_(codePage),
       encoding_("cp" + std::to_string(codePage)),
       stem_(std::move(stem)) {
-  document_.beginPage(pageWidth_, kPageHeight);
-  document_.setTextPosition(0, kPageHeight);
+  beginPage();
+}
+
+void PdfWriter::endPages(std::int32_t width) {
+  document_.endPage();
+  document_.setPageSize(width, kPageHeight);
 }
 
 void PdfWriter::WritePdf(const PdfLines& lines) {
@@ -108,10 +105,19 @@ void PdfWriter::WritePdf(const PdfLines& lines) {
   }
 }
 
+void PdfWriter::beginPage() {
+  document_.beginPage();
+  document_.setTextPosition(0, kPageHeight);
+}
+
 void PdfWriter::newPage() {
   document_.endPage();
-  document_.beginPage(pageWidth_, kPageHeight);
-  document_.setTextPosition(0, kPageHeight);
+  beginPage();
+}
+
+// The face that is written for one that a record names.
+std::string PdfWriter::faceFor(const std::string& name) const {
+  return name.empty() || name == "Courier" || !document_.hasFace(name) ? kUsualFace : name;
 }
 
 // Loads and sets the font of a record; gives its size.
@@ -125,7 +131,7 @@ double PdfWriter::selectFont(const MarkupRecord& record) {
   std::string styled = face->second;
   if (record[PdfField::fb] == "1") styled += ",Bold";
   if (record[PdfField::fi] == "1") styled += ",Italic";
-  const double size = record[PdfField::fs].empty() ? kUsualSize : realOf(record[PdfField::fs]);
+  const double size = realOf(record[PdfField::fs], kUsualSize);
   document_.setFont(document_.loadFont(styled, encoding_), size);
   return size;
 }

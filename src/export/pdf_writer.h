@@ -13,12 +13,13 @@ namespace qor {
 class PdfWriter {
  public:
   // The document's first page is begun. `stem` starts the names of the pictures of barcodes.
-  PdfWriter(PdfDocument& document, std::int32_t pageWidth, int codePage, std::string stem);
+  PdfWriter(PdfDocument& document, int codePage, std::string stem);
 
   // Writes the records of some lines. Position and colour go on from one call to the next.
   void WritePdf(const PdfLines& lines);
 
-  void endPage() { document_.endPage(); }
+  // Ends the last page. All pages are as wide, in points.
+  void endPages(std::int32_t width);
 
  private:
   void writeText(const MarkupRecord& record);
@@ -28,10 +29,11 @@ class PdfWriter {
 
   double selectFont(const MarkupRecord& record);
   std::string fitOptionsOf(const MarkupRecord& record, double size) const;
+  std::string faceFor(const std::string& name) const;
+  void beginPage();
   void newPage();
 
   PdfDocument& document_;
-  std::int32_t pageWidth_;
   int codePage_;
   std::string encoding_;
   std::string stem_;

@@ -48,16 +48,28 @@ int integerOf(FcPattern* pattern, const char* object, int otherwise) {
   return value;
 }
 
+// What the file lacks of the request. Rules of the system may have noted that the face is to be
+// made bold or slanted, and call it so already.
+FaceStyle styleOf(FcPattern* found, const FaceRequest& request) {
+  FcBool emboldened = FcFalse;
+  FcPatternGetBool(found, FC_EMBOLDEN, 0, &emboldened);
+  FcMatrix* matrix = nullptr;
+  const bool slanted =
+      FcPatternGetMatrix(found, FC_MATRIX, 0, &matrix) == FcResultMatch && matrix->xy != 0;
+  const bool isBold =
+      integerOf(found, FC_WEIGHT, FC_WEIGHT_REGULAR) >= FC_WEIGHT_DEMIBOLD && emboldened == FcFalse;
+  const bool isItalic = integerOf(found, FC_SLANT, FC_SLANT_ROMAN) != FC_SLANT_ROMAN && !slanted;
+  FaceStyle style;
+  style.syntheticBold = request.weight >= kBoldFrom && !isBold;
+  style.syntheticSlant = request.italic && !isItalic;
+  return style;
+}
+
 // Faces are opened once for the process.
 std::shared_ptr<const FontFace> openFace(FcPattern* found, const FaceRequest& request) {
   FcChar8* file = nullptr;
   if (FcPatternGetString(found, FC_FILE, 0, &file) != FcResultMatch) return nullptr;
-  FaceStyle style;
-  style.syntheticBold = request.weight >= kBoldFrom &&
-                        integerOf(found, FC_WEIGHT, FC_WEIGHT_REGULAR) < FC_WEIGHT_DEMIBOLD;
-  style.syntheticSlant =
-      request.italic && integerOf(found, FC_SLANT, FC_SLANT_ROMAN) == FC_SLANT_ROMAN;
-
+  const FaceStyle style = styleOf(found, request);
   using Key = std::tuple<std::string, int, bool, bool>;
   static std::map<Key, std::shared_ptr<const FontFace>> open;
   const std::string name = reinterpret_cast<const char*>(file);

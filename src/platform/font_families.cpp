@@ -55,27 +55,35 @@ bool serves(FcPattern* font, int charset, std::u32string_view letters) {
   return hasAll(font, letters);
 }
 
-// The family that fontconfig takes for a name.
-std::string matchedFamily(const std::string& name) {
+// All names of the family that fontconfig takes for one.
+std::vector<std::string> matchedFamilies(const std::string& name) {
   const FontPattern pattern(FcPatternCreate());
   FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(name.c_str()));
   FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
   FcDefaultSubstitute(pattern.get());
   FcResult result = FcResultNoMatch;
   const FontPattern found(FcFontMatch(nullptr, pattern.get(), &result));
+  std::vector<std::string> families;
   FcChar8* family = nullptr;
-  if (!found || FcPatternGetString(found.get(), FC_FAMILY, 0, &family) != FcResultMatch) return {};
-  return reinterpret_cast<const char*>(family);
+  for (int i = 0; found && FcPatternGetString(found.get(), FC_FAMILY, i, &family) == FcResultMatch;
+       ++i) {
+    families.emplace_back(reinterpret_cast<const char*>(family));
+  }
+  return families;
 }
 
 }  // namespace
 
 bool hasFamily(const std::string& name) {
-  const std::string family = matchedFamily(name);
-  if (lowerUtf8(family) == lowerUtf8(name)) return true;
+  const std::vector<std::string> families = matchedFamilies(name);
+  const bool isNamed = std::any_of(families.begin(), families.end(),
+                                   [wanted = lowerUtf8(name)](const std::string& family) {
+                                     return lowerUtf8(family) == wanted;
+                                   });
+  if (isNamed) return true;
   // What comes for a name that nobody has is no stand-in.
-  static const std::string anyFamily = matchedFamily("no such family");
-  return family != anyFamily;
+  static const std::vector<std::string> anyFamilies = matchedFamilies("no such family");
+  return families != anyFamilies;
 }
 
 std::vector<std::string> trueTypeFamilies(int charset) {

@@ -45,6 +45,15 @@ class PdfExport : public testing::Test {
     return pages;
   }
 
+  // The same report, by a program that stands elsewhere.
+  Outcome exportByCopy(const TemporaryDirectory& program) {
+    for (const char* name : {"qorutlview", "qor_harfbuzz.so"}) {
+      fs::copy_file(fs::path(QOR_PROGRAM).parent_path() / name, program.path(name));
+    }
+    return run({program.path("qorutlview"), "-f", "r.txt", "-codepage", "1254", "-export", "r.pdf"},
+               {directory_.path(), {}, 0});
+  }
+
   TemporaryDirectory directory_;
 };
 
@@ -92,7 +101,13 @@ TEST_F(PdfExport, putsEachKindOfRecordWhereTheArithmeticSays) {
        "<img image=\"none.png\" left=10 top=20 right=30 bottom=40 imgSS=1 pc=Red/>"
        "<img image=\"none.png\" left=10 top=20 right=30 bottom=40/>\r\n",
        "1 0 0 RG\n28.3 728.65 56.7 56.7 re\nS\n1 1 1 RG\n28 786 0 0 re\nS\n"},
+      {"bold that the face hasn't, behind dashes",
+       "<shape sh_type=2 left=10 top=20 right=30 bottom=40 pt=2/>"
+       "<text left=10 top=20 fn=Z003 height=30 fb=1 tc=X/>\r\n",
+       "[ 4 2]0 d\n28 786 57 -57 re\nS\n"
+       "BT\n/F0 30 Tf\n2 Tr\n[]0 d\n28.3 755.35 Td\n(X)Tj\nET\n"},
       {"marks in a text", "A[fn:B:fn]C\r\n", "BT\n/F0 10 Tf\n0 831 Td\n(A)Tj\nET\n"},
+      {"a size that is none", "A[fs:x\r\n", "BT\n/F0 9 Tf\n0 832 Td\n(A[fs:x)Tj\nET\n"},
       {"marks of a shape in a text", "A[st:1:st][gr:200:gr]\r\n", "0 842 m\n10 842 l\nS\n"},
       {"pages", "A\r\n\fB\r\n\f",
        "BT\n/F0 10 Tf\n0 831 Td\n(A)Tj\nET\npage\nBT\n/F0 10 Tf\n0 831 Td\n(B)Tj\nET\n"},
@@ -198,8 +213,12 @@ TEST_F(PdfExport, isTheSameEachTimeAndTellsOfItself) {
                            "CreationDate:    1970-01-02T00:00:00Z\n", "595 x 842 pts"}) {
     EXPECT_NE(information.find(part), std::string::npos) << information;
   }
+  runViewer({"-f", "r.txt", "-codepage", "1254", "-caption", "A\xE8\1<", "-export", "r.pdf"},
+            {directory_.path(), {}, 0});
   const std::string metadata = run({"pdfinfo", "-meta", directory_.path("r.pdf")}).output;
-  EXPECT_NE(metadata.find("<pdfaid:part>2</pdfaid:part>"), std::string::npos);
+  for (const char* part : {">A\uFFFD &lt;</rdf:li>", "<pdfaid:part>2</pdfaid:part>"}) {
+    EXPECT_NE(metadata.find(part), std::string::npos) << metadata;
+  }
 }
 
 // Words of a text, in order of the alphabet: readers put them in their own.
@@ -251,6 +270,20 @@ TEST_F(PdfExport, makesSoundDocumentsOfTheSamples) {
   }
 }
 
+TEST_F(PdfExport, takesFacesAndEncodingsFromItsResourceFile) {
+  const TemporaryDirectory program;
+  program.write("pdflib.upr",
+                "FontOutline % ours\nHouse Face = Liberation Serif\nGone Face = No such face\n.\n"
+                "Encoding\ncp1254 = cp1251\n.\n");
+  directory_.write("r.txt", "<font fn=\"House Face\">\xCF<font/><font fn=\"Gone Face\">b<font/>");
+  EXPECT_EQ(exportByCopy(program).errors, "");
+  const std::string fonts = run({"pdffonts", directory_.path("r.pdf")}).output;
+  EXPECT_NE(fonts.find("+LiberationSerif "), std::string::npos) << fonts;
+  EXPECT_NE(fonts.find("+LiberationMono "), std::string::npos) << fonts;
+  EXPECT_EQ(std::count(fonts.begin(), fonts.end(), '\n'), 4) << fonts;
+  EXPECT_EQ(readPdf(directory_.path("r.pdf")).words.at(0).text, "Пb");
+}
+
 TEST_F(PdfExport, endsAsEachFailureShould) {
   directory_.write("r.pdf", "old");
   std::string large;
@@ -261,12 +294,7 @@ TEST_F(PdfExport, endsAsEachFailureShould) {
   EXPECT_EQ(directory_.read("r.pdf"), "old");
 
   const TemporaryDirectory program;
-  for (const char* name : {"qorutlview", "qor_harfbuzz.so"}) {
-    fs::copy_file(fs::path(QOR_PROGRAM).parent_path() / name, program.path(name));
-  }
-  const Outcome missing =
-      run({program.path("qorutlview"), "-f", "r.txt", "-codepage", "1254", "-export", "r.pdf"},
-          {directory_.path(), {}, 0});
+  const Outcome missing = exportByCopy(program);
   EXPECT_EQ(missing.exitCode, 0);
   EXPECT_EQ(missing.errors, program.path("pdflib.upr") + " dosyas? bulunamad?!\n");
   EXPECT_EQ(directory_.read("r.pdf"), "old");

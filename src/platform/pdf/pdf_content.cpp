@@ -61,22 +61,21 @@ void PdfContent::transform(double a, double b, double c, double d, double e, dou
   operate({e, f}, "cm");
 }
 
-void PdfContent::useStroke(const PdfColor& color, double width) {
+void PdfContent::useStroke(const PdfColor& color, double width, const std::vector<double>& dash) {
   if (written_.stroke != color) operate({color.red, color.green, color.blue}, "RG");
   if (written_.lineWidth != width) operate({width}, "w");
   written_.stroke = color;
   written_.lineWidth = width;
+  if (written_.dash == dash) return;
+  bytes_ += "[";
+  for (const double length : dash) appendNumber(bytes_ += ' ', length);
+  bytes_ += "]0 d\n";
+  written_.dash = dash;
 }
 
 void PdfContent::preparePath() {
   closeText();
-  useStroke(wanted_.stroke, 1);
-  if (written_.dash != wanted_.dash) {
-    bytes_ += "[";
-    for (const double length : wanted_.dash) appendNumber(bytes_ += ' ', length);
-    bytes_ += "]0 d\n";
-    written_.dash = wanted_.dash;
-  }
+  useStroke(wanted_.stroke, 1, wanted_.dash);
 }
 
 void PdfContent::moveTo(double x, double y) {
@@ -128,7 +127,7 @@ void PdfContent::useStyle(const PdfTextStyle& style) {
     operate({style.size}, "Tf");
   }
   if (before.bold != style.bold) operate({style.bold ? 2.0 : 0.0}, "Tr");
-  if (style.bold) useStroke(color, style.size * kBoldStroke);
+  if (style.bold) useStroke(color, style.size * kBoldStroke, {});
 }
 
 bool PdfContent::place(std::int64_t x, std::int64_t y, bool slanted) {

@@ -76,7 +76,7 @@ class PdfContent {
   void openText();
   void closeText();
   void preparePath();
-  void useStroke(const PdfColor& color, double width);
+  void useStroke(const PdfColor& color, double width, const std::vector<double>& dash);
   void useStyle(const PdfTextStyle& style);
   void appendString(std::string_view codes);
   // Moves to the start of the text; true where the operator that shows it has to go to a new line.

@@ -48,9 +48,12 @@ void PdfDocument::defineEncoding(const std::string& name, const PdfEncoding& enc
   encodings_[name] = fonts_->addEncoding(encoding);
 }
 
-void PdfDocument::beginPage(double width, double height) {
+void PdfDocument::setPageSize(double width, double height) {
   width_ = width;
   height_ = height;
+}
+
+void PdfDocument::beginPage() {
   content_.clear();
   imagesOfPage_.clear();
   saved_.clear();
@@ -64,7 +67,6 @@ void PdfDocument::endPage() {
   std::string images;
   for (const auto& [id, name] : imagesOfPage_) images += "/" + name + " " + pdfReference(id);
   const PdfId page = file_.addObject("<</Type/Page/Parent " + pdfReference(nodes_.back()) +
-                                     "/MediaBox" + rectangleText(width_, height_) +
                                      "/Resources<</Font " + pdfReference(fontDictionary_) +
                                      (images.empty() ? "" : "/XObject<<" + images + ">>") +
                                      ">>/Contents " + pdfReference(contents) + ">>");
@@ -82,7 +84,8 @@ void PdfDocument::closeNode() {
 
 void PdfDocument::finish() {
   if (!pages_.empty()) closeNode();
-  file_.writeObject(pageTree_, "<</Type/Pages/Count " + std::to_string(pageCount_) + "/Kids" +
+  file_.writeObject(pageTree_, "<</Type/Pages/MediaBox" + rectangleText(width_, height_) +
+                                   "/Count " + std::to_string(pageCount_) + "/Kids" +
                                    references(nodes_) + ">>");
   fonts_->write(file_, fontDictionary_);
   const std::string metadata = writeMetadata(file_, information_);

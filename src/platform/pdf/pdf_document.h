@@ -40,11 +40,17 @@ class PdfDocument {
   // What the bytes of an encoding of this name mean, where the system's tables aren't to be taken.
   void defineEncoding(const std::string& name, const PdfEncoding& encoding);
 
+  // The size of every page. It may be told until the document is finished.
+  void setPageSize(double width, double height);
+
   // A page starts with everything as in a new document. At least one page must have been ended
   // when the document is finished.
-  void beginPage(double width, double height);
+  void beginPage();
   void endPage();
   void finish();
+
+  // True if the system has the face or the one that the resource file names for it.
+  bool hasFace(const std::string& name) const;
 
   // A font for setFont. The name may end in ",Bold" and ",Italic"; encodings are those defined and
   // "cp" with a number. Throws FileError where no font can be embedded.

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <cstdint>
 
+#include "platform/text_encoding.h"
+
 namespace qor {
 namespace {
 
@@ -16,6 +18,16 @@ std::string timeText(std::time_t time, const char* format) {
   return std::string(text.data(), std::strftime(text.data(), text.size(), format, &parts));
 }
 
+// What both forms can hold: titles come from command lines, in whatever bytes.
+std::string printable(std::string_view utf8) {
+  std::string text;
+  for (const char32_t c : codePointsFromUtf8(utf8)) {
+    const bool isText = c >= U' ' && c != 0xFFFE && c != 0xFFFF;
+    appendUtf8(text, isText ? c : U' ');
+  }
+  return text;
+}
+
 std::string xmlText(std::string_view text) {
   std::string escaped;
   for (const char c : text) {
@@ -23,7 +35,7 @@ std::string xmlText(std::string_view text) {
       case '<': escaped += "&lt;"; break;
       case '>': escaped += "&gt;"; break;
       case '&': escaped += "&amp;"; break;
-      default: escaped += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
+      default: escaped += c;
     }
   }
   return escaped;
@@ -39,8 +51,9 @@ std::string xmpOf(const PdfInformation& information) {
          " xmlns:pdf=\"http://ns.adobe.com/pdf/1.3/\""
          " xmlns:pdfaid=\"http://www.aiim.org/pdfa/ns/id/\">\n"
          "<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">" +
-         xmlText(information.title) + "</rdf:li></rdf:Alt></dc:title>\n<xmp:CreateDate>" + created +
-         "</xmp:CreateDate>\n<pdf:Producer>" + xmlText(information.producer) +
+         xmlText(printable(information.title)) +
+         "</rdf:li></rdf:Alt></dc:title>\n<xmp:CreateDate>" + created +
+         "</xmp:CreateDate>\n<pdf:Producer>" + xmlText(printable(information.producer)) +
          "</pdf:Producer>\n<pdfaid:part>2</pdfaid:part>\n"
          "<pdfaid:conformance>B</pdfaid:conformance>\n"
          "</rdf:Description>\n</rdf:RDF>\n</x:xmpmeta>\n<?xpacket end=\"w\"?>\n";
@@ -129,8 +142,8 @@ std::string colorProfile() {
 }  // namespace
 
 PdfId writeInformation(PdfFile& file, const PdfInformation& information) {
-  return file.addObject("<</Title" + pdfText(information.title) + "/Producer" +
-                        pdfText(information.producer) + "/CreationDate(" +
+  return file.addObject("<</Title" + pdfText(printable(information.title)) + "/Producer" +
+                        pdfText(printable(information.producer)) + "/CreationDate(" +
                         timeText(information.created, "D:%Y%m%d%H%M%SZ") + ")>>");
 }
 

@@ -1,6 +1,7 @@
 // Texts of a document: fonts by name, and pieces of text in the faces that have their characters.
 #include <algorithm>
 
+#include "platform/font_families.h"
 #include "platform/pdf/pdf_document.h"
 #include "platform/pdf/pdf_fonts.h"
 
@@ -11,6 +12,10 @@ std::size_t PdfDocument::encodingNumber(const std::string& name) {
   if (known != encodings_.end()) return known->second;
   defineEncoding(name, encodingOfCodePage(resources_.codePageOf(name)));
   return encodings_.at(name);
+}
+
+bool PdfDocument::hasFace(const std::string& name) const {
+  return hasFamily(resources_.familyOf(name));
 }
 
 std::size_t PdfDocument::loadFont(const std::string& name, const std::string& encoding) {

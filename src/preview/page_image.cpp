@@ -3,6 +3,7 @@
 
 #include <QPaintEvent>
 #include <QPainter>
+#include <cmath>
 #include <utility>
 
 #include "preview/failure_text.h"
@@ -67,6 +68,8 @@ void PageImage::paintPart(QPainter& painter, const QRect& part) {
   const qreal ratio = bitmap_.dotsPerPixel();
   const QPointF corner(bitmap_.corner().x / ratio, bitmap_.corner().y / ratio);
   const QRectF target = part;
+  // Where dots are finer than pixels, the widget may touch a dot beyond the last of the view.
+  if (ratio != std::floor(ratio)) painter.fillRect(part, palette().color(QPalette::Mid));
   const QRectF source((target.topLeft() - corner) * ratio, target.size() * ratio);
   painter.drawImage(target, imageOf(bitmap_), source);
 }

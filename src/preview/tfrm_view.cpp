@@ -97,10 +97,11 @@ void TfrmView::FormShow() {
   cmdView_SetListViewClick();
   rbMultiPageViewClick(state_.MultipageView);
   cmdView_SetPreviewTypeClick(state_.PreviewType);
+  if (!settings_.isUsable())
+    standingMessage_ = qtText(previewTexts().stateNotRead) + qtText(settings_.place());
+  ready_ = true;
   cmbPagesChange();
   ui_->pScroll->setFocus();
-  if (!settings_.isUsable())
-    status_.setMessage(qtText(previewTexts().stateNotRead) + qtText(settings_.place()));
 }
 
 void TfrmView::showDates() {
@@ -125,12 +126,12 @@ void TfrmView::FormClose() {
 }
 
 void TfrmView::FormResize() {
-  if (shown_) ShowPage();
+  ShowPage();
 }
 
 void TfrmView::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange && shown_) ShowPage();
+  if (event->type() == QEvent::PaletteChange) ShowPage();
 }
 
 void TfrmView::showMessage(MessageKind kind, const QString& text) {

@@ -158,7 +158,9 @@ class TfrmView : public QMainWindow {
   std::optional<FileStamp> stamp_;  // of the file as it was opened
   int pages_on_view_ = 1;
   int first_on_view_ = 1;
+  QString standingMessage_;  // for the status bar while there is nothing else to say
   bool shown_ = false;
+  bool ready_ = false;  // pages are shown from now on
   bool closed_ = false;
   bool firstPageShown_ = false;
   bool endAfterMove_ = false;  // the next move shows the end of its page

@@ -75,6 +75,7 @@ void TfrmView::TimerDynamicBlincTimer() {
     if (doc_->ScanPages(true)) {
       TimerDynamicBlinc_->stop();
       totalBlinks_ = false;
+      stamp_ = fileStamp(AppOptions.FileName);
     }
     followGrowth();
   });

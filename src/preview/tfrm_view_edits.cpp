@@ -32,8 +32,6 @@ void TfrmView::connectEdits() {
     edit->setValidator(digits);
     edit->setContextMenuPolicy(Qt::NoContextMenu);
   }
-  const int width = ui_->txtPageCurrentEdit->fontMetrics().horizontalAdvance("0000000") + 8;
-  ui_->txtPageCurrentEdit->setFixedWidth(width);
   ui_->txtPageCurrentEdit->installEventFilter(this);
   for (QLabel* label : {ui_->lblPageCurrent, ui_->lblPageTotal}) {
     label->setCursor(Qt::IBeamCursor);

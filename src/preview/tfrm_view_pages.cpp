@@ -2,6 +2,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QTimer>
+#include <algorithm>
 
 #include "base/app_options.h"
 #include "document/code_page.h"
@@ -17,6 +18,12 @@
 #include "ui_tfrm_view.h"
 
 namespace qor {
+namespace {
+
+constexpr int kFewestDigits = 3;  // of a page number that the window leaves room for
+constexpr int kEditFrame = 14;    // and for what is around them in an edit, pixels
+
+}  // namespace
 
 int TfrmView::currentPage() const {
   return ui_->lblPageCurrent->text().toInt();
@@ -26,8 +33,15 @@ void TfrmView::setCurrentPage(int number) {
   ui_->lblPageCurrent->setText(QString::number(number));
 }
 
+// The number before it takes the same room whatever it is, and while it is typed: nothing beside it
+// moves away under the mouse.
 void TfrmView::setPageTotal(int total) {
-  ui_->lblPageTotal->setText(QString::number(total));
+  const QString digits = QString::number(total);
+  ui_->lblPageTotal->setText(digits);
+  const int width = kEditFrame + ui_->txtPageCurrentEdit->fontMetrics().horizontalAdvance(QString(
+                                     std::max<qsizetype>(kFewestDigits, digits.size()), '0'));
+  ui_->lblPageCurrent->setFixedWidth(width);
+  ui_->txtPageCurrentEdit->setFixedWidth(width);
 }
 
 // How many pages a move passes over.
@@ -55,6 +69,7 @@ void TfrmView::cmbPagesChange() {
 }
 
 void TfrmView::ShowPage() {
+  if (!ready_) return;
   updateArea();
   showPageStatus();
   updateMoves();
@@ -112,11 +127,11 @@ void TfrmView::forgetPage() {
 
 void TfrmView::showLoadedPage() {
   std::int32_t zoom = zoomPercent(state_.ZoomID);
-  if (state_.showsSeveral()) {
-    showMulti(zoom);
-  } else {
-    page_control_->ShowNormal(page_, zoom, state_.ShowUnprintable, state_.PreviewType);
-  }
+  if (state_.showsSeveral()) return showMulti(zoom);
+  const std::int32_t wanted = zoom;
+  page_control_->ShowNormal(page_, zoom, state_.ShowUnprintable, state_.PreviewType);
+  if (wanted > zoom && state_.PreviewType == kWideView)
+    status_.setMessage(qtText(previewTexts().zoomHeld) + QString::number(zoom) + "%");
 }
 
 void TfrmView::showMulti(std::int32_t zoom) {
@@ -140,7 +155,7 @@ void TfrmView::updateMoves() {
 }
 
 void TfrmView::showPageStatus() {
-  status_.setMessage({});
+  status_.setMessage(standingMessage_);
   showPageNumber();
 }
 
@@ -152,7 +167,7 @@ void TfrmView::showPageNumber() {
 
 // A report that nobody said would change has changed: its pages may not be where they were.
 void TfrmView::showFileState() {
-  if (AppOptions.DynamicMode) return;
+  if (TimerDynamicBlinc_->isActive()) return;
   const auto now = fileStamp(AppOptions.FileName);
   if (now != stamp_)
     status_.setMessage(qtText(now ? previewTexts().fileChanged : previewTexts().fileGone));

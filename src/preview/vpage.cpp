@@ -26,6 +26,10 @@ constexpr const char* kNumber = "tag";
 
 constexpr int kMessageMargin = 24;  // pixels
 
+// The longest side of a view that a window can scroll over with what is around it (QWidget ends at
+// 2^24 - 1), pixels.
+constexpr std::int32_t kLongestSide = 16'000'000;
+
 Color canvasColor(const QColor& color) {
   return static_cast<Color>(color.red() | color.green() << 8 | color.blue() << 16);
 }
@@ -107,6 +111,10 @@ void VPage::ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable
 void VPage::ShowMeasured(VDocPage* page, std::int32_t& zoom) {
   VSet& settings = *page->Settings;
   const Extent content = contentOf(*page, {area_.dpi_x, area_.dpi_y});
+  settings.Scr = wideSheet(settings.Page, settings.Prn, area_, content, zoom);
+  const std::int64_t side = std::max(settings.Scr.view_width, settings.Scr.view_height);
+  if (side <= kLongestSide) return;
+  zoom = std::max(1, static_cast<std::int32_t>(zoom * std::int64_t{kLongestSide} / side));
   settings.Scr = wideSheet(settings.Page, settings.Prn, area_, content, zoom);
 }
 

@@ -9,9 +9,9 @@
 #include <ZXing/ReadBarcode.h>
 #include <gtest/gtest.h>
 
-#include "preview/window.h"
 #include "preview/model/zoom_list.h"
 #include "preview/page_image.h"
+#include "preview/window.h"
 
 namespace qor::test {
 namespace {
@@ -75,6 +75,15 @@ TEST(PreviewViews, wideViewHoldsTheWholeLine) {
   EXPECT_EQ(window.view().pos(), QPoint(0, 0));
   window.click("cmdView_NormalView");
   EXPECT_EQ(window.view().width(), 813);
+}
+
+TEST(PreviewViews, wideViewStaysWhereAWindowCanScroll) {
+  std::string lines;
+  for (int i = 0; i < 250000; ++i) lines += "w\r\n";
+  Window window({lines, {{"ZoomID", 0}, {"PreviewType", kWideView}}});
+  EXPECT_NEAR(window.view().height(), 16e6, 1e5) << "at 500 percent it would end beyond 2^24";
+  EXPECT_EQ(window.view().height(), window.doc().Settings.Scr.view_height);
+  EXPECT_NE(window.status().find("and stands at 42"), std::string::npos) << window.status();
 }
 
 TEST(PreviewViews, scalesTheSheetUnderThePage) {

@@ -43,6 +43,21 @@ TEST(PreviewWindow, opensWithBrokenSettings) {
   EXPECT_EQ(window.control<QComboBox>("cmbZoom").currentText(), "100%");
   window.press(Qt::Key_PageDown);
   EXPECT_EQ(window.page(), 2);
+  EXPECT_NE(window.status().find(file.toStdString()), std::string::npos) << "it stays told";
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(window.close()["ZoomID"], "6") << "written whole again";
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST(PreviewWindow, keepsItsToolsInPlace) {
+  Window window({reportOfPages(12)});
+  const int place = window.control("cmdView_Next").x();
+  window.press(Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(window.page(), 12);
+  EXPECT_EQ(window.control("cmdView_Next").x(), place) << "a digit more";
+  QTest::mouseClick(&window.control("lblPageCurrent"), Qt::LeftButton);
+  EXPECT_TRUE(window.control("txtPageCurrentEdit").isVisible());
+  EXPECT_EQ(window.control("cmdView_Next").x(), place) << "while a number is typed";
 }
 
 TEST(PreviewWindow, speaksThreeLanguages) {
@@ -110,6 +125,10 @@ TEST(PreviewWindow, followsAReportThatAnotherProgramWrites) {
   }
   window.press(Qt::Key_End, Qt::ControlModifier);
   EXPECT_EQ(window.page(), 4);
+  EXPECT_EQ(window.status(), "");
+  run({"truncate", "-s", "0", window.path()});
+  window.press(Qt::Key_PageUp);
+  EXPECT_EQ(window.status(), "The file of the report has changed since it was opened.");
 }
 
 TEST(PreviewWindow, saysWhatIsWrongWithTheFile) {

@@ -32,9 +32,10 @@ void QtUserSettings::setFlag(std::string_view name, bool value) {
   settings_.setValue(qtText(name), value);
 }
 
+// What couldn't be read stays noted as the status.
 bool QtUserSettings::save() {
   settings_.sync();
-  return isUsable();
+  return settings_.status() != QSettings::AccessError && settings_.isWritable();
 }
 
 std::string QtUserSettings::place() const {

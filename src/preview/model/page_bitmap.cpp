@@ -2,7 +2,6 @@
 #include "preview/model/page_bitmap.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "base/units.h"
@@ -16,10 +15,6 @@ constexpr std::int64_t kWholeView = 2'500'000;
 
 // A part goes this much of what is seen beyond it, at each end.
 constexpr std::int64_t kBeyondDivisor = 8;
-
-std::int32_t inDots(std::int32_t pixels, double dotsPerPixel) {
-  return clamped(static_cast<std::int64_t>(std::ceil(pixels * dotsPerPixel)));
-}
 
 struct Span {
   std::int32_t start;
@@ -72,8 +67,8 @@ void PageBitmap::prepareBitmap(const Rect& part) {
 void PageBitmap::cover(const Rect& seen) {
   const Rect wanted = {std::max(0, inDots(seen.left, dotsPerPixel_) - 1),
                        std::max(0, inDots(seen.top, dotsPerPixel_) - 1),
-                       std::min(view_.Width, inDots(seen.right, dotsPerPixel_)),
-                       std::min(view_.Height, inDots(seen.bottom, dotsPerPixel_))};
+                       std::min(view_.Width, inDots(seen.right, dotsPerPixel_) + 1),
+                       std::min(view_.Height, inDots(seen.bottom, dotsPerPixel_) + 1)};
   if (wanted.width() <= 0 || wanted.height() <= 0 || (drawn_ && holds(part_, wanted))) return;
   drawn_ = false;
   const Rect part = partAround(wanted);

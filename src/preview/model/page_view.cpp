@@ -19,7 +19,7 @@ constexpr Color kMargins = 0xFF0000;
 constexpr std::int32_t kShadowDepth = 7;  // pixels
 
 std::int32_t inDots(std::int32_t pixels, const ViewPart& part) {
-  return clamped(std::llround(pixels * part.dotsPerPixel));
+  return qor::inDots(pixels, part.dotsPerPixel);
 }
 
 void mapTwips(Canvas& canvas, const PageView& view, const ViewPart& part) {
@@ -87,6 +87,10 @@ class SheetPainter {
 };
 
 }  // namespace
+
+std::int32_t inDots(std::int32_t pixels, double dotsPerPixel) {
+  return clamped(std::llround(pixels * dotsPerPixel));
+}
 
 void DrawSheet(Canvas& canvas, const PageView& view, const ViewPart& part) {
   const VSetScr& screen = view.screen;

@@ -26,6 +26,9 @@ struct ViewPart {
   double dotsPerPixel = 1;
 };
 
+// The dot where an edge at this pixel falls.
+std::int32_t inDots(std::int32_t pixels, double dotsPerPixel);
+
 // Fills the canvas with the sheet and draws the loaded page on it. Throws what LoadCodePage throws.
 void paintPage(VDocPage& page, Canvas& canvas, const PageView& view, const ViewPart& part);
 

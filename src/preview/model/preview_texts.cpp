@@ -41,6 +41,7 @@ constexpr PreviewTexts kEnglish = {
     .fileChanged = "The file of the report has changed since it was opened.",
     .fileGone = "The file of the report is gone.",
     .stateNotRead = "The settings of the window can't be read: ",
+    .zoomHeld = "The page is too large for this zoom and stands at ",
     .companionMissing = " can't be started.",
 };
 
@@ -79,6 +80,7 @@ constexpr PreviewTexts kRussian = {
     .fileChanged = "Файл отчёта изменился после открытия.",
     .fileGone = "Файл отчёта больше не существует.",
     .stateNotRead = "Не читаются настройки окна: ",
+    .zoomHeld = "Страница слишком велика для этого масштаба, показано: ",
     .companionMissing = " не запускается.",
 };
 
@@ -117,6 +119,7 @@ constexpr PreviewTexts kTurkish = {
     .fileChanged = "Rapor dosyası açıldıktan sonra değişti.",
     .fileGone = "Rapor dosyası artık yok.",
     .stateNotRead = "Pencere ayarları okunamıyor: ",
+    .zoomHeld = "Sayfa bu ölçek için çok büyük, gösterilen ölçek: ",
     .companionMissing = " başlatılamıyor.",
 };
 

@@ -44,6 +44,7 @@ struct PreviewTexts {
   std::string_view fileChanged;
   std::string_view fileGone;
   std::string_view stateNotRead;
+  std::string_view zoomHeld;  // before the zoom that is shown
   std::string_view companionMissing;
 };
 

@@ -18,7 +18,7 @@ class PdfWriter {
   // Writes the records of some lines. Position and colour go on from one call to the next.
   void WritePdf(const PdfLines& lines);
 
-  // Ends the last page. All pages are as wide, in points.
+  // Ends the last page; all pages get this width, in points.
   void endPages(std::int32_t width);
 
  private:

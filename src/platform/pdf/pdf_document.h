@@ -40,7 +40,7 @@ class PdfDocument {
   // What the bytes of an encoding of this name mean, where the system's tables aren't to be taken.
   void defineEncoding(const std::string& name, const PdfEncoding& encoding);
 
-  // The size of every page. It may be told until the document is finished.
+  // The size of every page, in points. It may be told until the document is finished.
   void setPageSize(double width, double height);
 
   // A page starts with everything as in a new document. At least one page must have been ended

@@ -18,8 +18,13 @@ constexpr Color kUnprintable = 0xF0F0F0;
 constexpr Color kMargins = 0xFF0000;
 constexpr std::int32_t kShadowDepth = 7;  // pixels
 
-std::int32_t inDots(std::int32_t pixels, const ViewPart& part) {
-  return qor::inDots(pixels, part.dotsPerPixel);
+// Dots of the part.
+Rect printableDots(const VSetScr& screen, const ViewPart& part) {
+  const double ratio = part.dotsPerPixel;
+  return {inDots(screen.print_left, ratio) - part.corner.x,
+          inDots(screen.print_top, ratio) - part.corner.y,
+          inDots(screen.print_right, ratio) - part.corner.x,
+          inDots(screen.print_bottom, ratio) - part.corner.y};
 }
 
 void mapTwips(Canvas& canvas, const PageView& view, const ViewPart& part) {
@@ -27,16 +32,8 @@ void mapTwips(Canvas& canvas, const PageView& view, const ViewPart& part) {
   const auto extent = [&](std::int32_t dpi) {
     return static_cast<double>(std::int64_t{dpi} * view.zoom / 100) * part.dotsPerPixel;
   };
-  canvas.setMapping({extent(screen.dpi_x), extent(screen.dpi_y),
-                     inDots(screen.print_left, part) - part.corner.x,
-                     inDots(screen.print_top, part) - part.corner.y});
-}
-
-Rect printableDots(const VSetScr& screen, const ViewPart& part) {
-  return {inDots(screen.print_left, part) - part.corner.x,
-          inDots(screen.print_top, part) - part.corner.y,
-          inDots(screen.print_right, part) - part.corner.x,
-          inDots(screen.print_bottom, part) - part.corner.y};
+  const Rect printable = printableDots(screen, part);
+  canvas.setMapping({extent(screen.dpi_x), extent(screen.dpi_y), printable.left, printable.top});
 }
 
 // Fields of the sheet, told in pixels of the view. An outline is one dot wide and lies inside of
@@ -74,7 +71,7 @@ class SheetPainter {
 
   void draw(const Rect& pixels, const Pen& pen, const Brush& brush, std::int32_t inside) {
     const auto twips = [this](std::int32_t pixel, std::int32_t less) {
-      return clamped((std::int64_t{inDots(pixel, part_)} - less) * kTwipsPerDot);
+      return clamped((std::int64_t{inDots(pixel, part_.dotsPerPixel)} - less) * kTwipsPerDot);
     };
     canvas_.setPen(pen);
     canvas_.setBrush(brush);

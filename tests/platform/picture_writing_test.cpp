@@ -1,0 +1,147 @@
+// Pictures that are written, as others read them.
+#include <algorithm>
+
+#include <gtest/gtest.h>
+
+#include "base/errors.h"
+#include "platform/picture.h"
+#include "support/image_magick.h"
+#include "support/string_sink.h"
+
+namespace qor::test {
+namespace {
+
+// Pictures to write: the rows have pixels beyond their width, and the top bytes are of no account.
+struct Sample {
+  const char* name;
+  std::uint32_t (*pixel)(int x, int y);
+};
+
+constexpr int kWidth = 201, kHeight = 70, kStride = 220;
+
+const Sample kSamples[] = {
+    {"gray", [](int x, int y) { return 0x010101u * static_cast<unsigned>((x * 7 + y) / 9 % 256); }},
+    {"black and white", [](int x, int y) { return x / 5 % 2 == y / 7 % 2 ? 0xFFFFFFu : 0u; }},
+    {"few colours",
+     [](int x, int y) { return 0xFF0000u | static_cast<unsigned>(x / 20 << 4 | y / 20); }},
+    {"many colours",
+     [](int x, int y) { return static_cast<unsigned>(x * 255 / kWidth << 16 | y * 3 << 8 | 99); }},
+};
+
+std::vector<std::uint32_t> pixelsOf(const Sample& sample, std::uint32_t top, int stride) {
+  std::vector<std::uint32_t> pixels;
+  for (int y = 0; y < kHeight; ++y) {
+    for (int x = 0; x < stride; ++x) {
+      pixels.push_back(x < kWidth ? top | sample.pixel(x, y) : 0x12345678);
+    }
+  }
+  return pixels;
+}
+
+std::string encoded(const Sample& sample, PictureFormat format) {
+  const auto pixels = pixelsOf(sample, 0x5A000000, kStride);
+  StringSink sink;
+  encodePicture({kWidth, kHeight, kStride, pixels.data()}, format, 96, sink);
+  return sink.text();
+}
+
+struct Writing {
+  PictureFormat format;
+  const char* file;
+  double tolerance;
+  bool hasDensity;
+};
+
+constexpr Writing kWritings[] = {{PictureFormat::png, "out.png", 0, true},
+                                 {PictureFormat::bmp, "out.bmp", 0, true},
+                                 {PictureFormat::gif, "out.gif", 0, false},
+                                 {PictureFormat::ico, "out.ico", 0, false},
+                                 {PictureFormat::jpeg, "out.jpg", 3, true}};
+
+TEST(PictureWriting, writesFilesThatOthersReadToTheSamePixels) {
+  const ImageMagick magick;
+  for (const Writing& writing : kWritings) {
+    for (const Sample& sample : kSamples) {
+      const std::string file = encoded(sample, writing.format);
+      magick.folder().write(writing.file, file);
+      auto expected = pixelsOf(sample, 0xFF000000, kWidth);
+      if (writing.format == PictureFormat::ico) std::ranges::replace(expected, 0xFFFFFFFF, 0u);
+      const bool reduced = writing.format == PictureFormat::gif && &sample == &kSamples[3];
+      const double tolerance = reduced ? 6 : writing.tolerance;
+      EXPECT_LE(distance(magick.seen(writing.file), expected), tolerance)
+          << writing.file << sample.name;
+      EXPECT_LE(distance(decodePicture(file)->pixels, expected), tolerance) << writing.file;
+      if (writing.hasDensity) {
+        EXPECT_NEAR(std::stod(magick.identify("%x", writing.file)), 96, 0.1) << writing.file;
+      }
+    }
+  }
+}
+
+TEST(PictureWriting, writesOneChannelForGrayPicturesOnly) {
+  const ImageMagick magick;
+  EXPECT_EQ(encoded(kSamples[0], PictureFormat::bmp)[28], 8);
+  EXPECT_EQ(encoded(kSamples[3], PictureFormat::bmp)[28], 24);
+  magick.folder().write("gray.jpg", encoded(kSamples[0], PictureFormat::jpeg));
+  magick.folder().write("colour.jpg", encoded(kSamples[3], PictureFormat::jpeg));
+  EXPECT_EQ(magick.identify("%[jpeg:sampling-factor] %Q", "gray.jpg"), "1x1 90");
+  EXPECT_EQ(magick.identify("%[jpeg:sampling-factor] %Q", "colour.jpg"), "1x1,1x1,1x1 90");
+}
+
+TEST(PictureWriting, writesIconsThatAreWiderThanTheirDirectoryCanSay) {
+  const std::vector<std::uint32_t> pixels(300 * 400, 0x00112233);
+  StringSink sink;
+  encodePicture({300, 400, 300, pixels.data()}, PictureFormat::ico, 96, sink);
+  EXPECT_EQ(sink.text().substr(6, 2), std::string(2, '\0'));
+  const auto picture = decodePicture(sink.text());
+  ASSERT_TRUE(picture);
+  EXPECT_EQ(picture->width, 300);
+  EXPECT_EQ(picture->pixels, std::vector<std::uint32_t>(300 * 400, 0xFF112233));
+}
+
+TEST(PictureWriting, findsASingleColouredPixelAnywhere) {
+  std::vector<std::uint32_t> pixels(150 * 3, 0xAB777777);
+  const PixelView view{149, 3, 150, pixels.data()};
+  EXPECT_TRUE(isGray(view));
+  for (std::size_t i = 0; i < pixels.size(); ++i) {
+    for (std::uint32_t bit : {0x1u, 0x100u, 0x10000u}) {
+      pixels[i] ^= bit;
+      EXPECT_EQ(isGray(view), i % 150 == 149) << i;
+      pixels[i] ^= bit;
+    }
+  }
+}
+
+TEST(PictureWriting, refusesSidesThatTheFormatCannotHold) {
+  const std::vector<std::uint32_t> pixels(70000);
+  StringSink sink;
+  for (auto format : {PictureFormat::gif, PictureFormat::jpeg, PictureFormat::ico}) {
+    EXPECT_THROW(encodePicture({70000, 1, 70000, pixels.data()}, format, 96, sink), PictureError);
+    EXPECT_THROW(encodePicture({1, 70000, 1, pixels.data()}, format, 96, sink), PictureError);
+  }
+  EXPECT_THROW(encodePicture({0, 5, 0, pixels.data()}, PictureFormat::png, 96, sink), PictureError);
+}
+
+TEST(PictureWriting, passesOnWhatTheSinkThrows) {
+  struct FullSink : ByteSink {
+    explicit FullSink(std::size_t room) : left(room) {}
+    void write(std::string_view bytes) override {
+      if (bytes.size() > left) throw FileError("the disk is full");
+      left -= bytes.size();
+    }
+    std::size_t left;
+  };
+  const auto pixels = pixelsOf(kSamples[3], 0, kStride);
+  for (const Writing& writing : kWritings) {
+    const std::size_t size = encoded(kSamples[3], writing.format).size();
+    for (std::size_t room : {std::size_t{0}, std::size_t{20}, size / 2, size - 1}) {
+      FullSink sink(room);
+      const PixelView view{kWidth, kHeight, kStride, pixels.data()};
+      EXPECT_THROW(encodePicture(view, writing.format, 96, sink), FileError)
+          << writing.file << room;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace qor::test

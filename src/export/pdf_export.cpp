@@ -12,7 +12,7 @@
 #include "base/path.h"
 #include "base/text.h"
 #include "base/units.h"
-#include "document/code_page_tables.h"
+#include "document/code_page.h"
 #include "document/vdoc.h"
 #include "export/exporters.h"
 #include "export/loaded_page.h"
@@ -62,11 +62,15 @@ PdfInformation informationOf(const VDoc& doc) {
           AppOptions.ProgramName + " " + AppOptions.ProgramVersion, creationTime()};
 }
 
-// As pages show the code page, which is not as the system has it.
-PdfEncoding encodingOfCodePage857() {
-  PdfEncoding encoding = encodingOfCodePage(857);
-  std::copy(kCodePage857.begin(), kCodePage857.end(), encoding.begin() + 128);
-  return encoding;
+// A code page that isn't as the system has it, or that the system doesn't have. Throws as
+// LoadCodePage.
+void defineCodePage(PdfDocument& document, int codePage) {
+  const std::string name = "cp" + std::to_string(codePage);
+  if (codePage != 857 && document.hasEncoding(name)) return;
+  LoadCodePage(codePage);
+  PdfEncoding encoding = encodingOfCodePage(codePage);
+  std::copy(CodePageTable.begin(), CodePageTable.end(), encoding.begin() + 128);
+  document.defineEncoding(name, encoding);
 }
 
 int exportByPrinter(VDoc& doc, const ExportOptions& options) {
@@ -102,7 +106,7 @@ std::int32_t pageWidthOf(const VSet& settings, const ExportOptions& options) {
 void writePages(VDoc& doc, const ExportOptions& options, PdfDocument& document) {
   const int codePage = doc.Settings.Page.BaseCodePage;
   const std::string stem(sideFileStem(options.TargetName));
-  if (codePage == 857) document.defineEncoding("cp857", encodingOfCodePage857());
+  defineCodePage(document, codePage);
   PdfWriter writer(document, codePage, stem);
   PdfLines lines;
   for (std::int32_t number = 1; number <= doc.PageCount; ++number) {

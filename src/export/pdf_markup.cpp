@@ -13,6 +13,7 @@ namespace qor {
 namespace {
 
 constexpr int kBoldFrom = 700;
+constexpr std::size_t kLongestName = 3;
 
 constexpr std::array<std::string_view, static_cast<std::size_t>(PdfField::count)> kNames = {
     "fn", "fs", "fc", "fb", "fi", "tl",  "tt",  "tr",  "tc", "ta", "tb", "th", "tv", "st", "gl",
@@ -124,15 +125,15 @@ std::string recordOf(const VData& item, bool overprint) {
 
 // The field that starts with the bracket here, or count.
 PdfField fieldAt(std::string_view text) {
-  const auto colon = text.find(':');
-  if (colon == std::string_view::npos || colon > 4) return PdfField::count;
+  const auto colon = text.substr(0, kLongestName + 2).find(':');
+  if (colon == std::string_view::npos) return PdfField::count;
   const auto found = std::find(kNames.begin(), kNames.end(), text.substr(1, colon - 1));
   return static_cast<PdfField>(found - kNames.begin());
 }
 
 // The value of a field whose marks frame it; empty where the second one is missing.
 std::string_view valueOf(std::string_view text, std::string_view name) {
-  std::array<char, 5> end{':'};
+  std::array<char, kLongestName + 2> end{':'};
   name.copy(end.data() + 1, name.size());
   end[name.size() + 1] = ']';
   text.remove_prefix(name.size() + 2);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/errors.h"
+#include "base/text.h"
 #include "platform/fontconfig_handles.h"
 
 namespace qor {
@@ -19,9 +20,9 @@ constexpr int kBoldFrom = 600;
 
 // Bitmap fonts of Windows that reports ask for, and outlines of the same look.
 constexpr std::pair<std::string_view, const char*> kStandIns[] = {
-    {"MS Sans Serif", "Arial"}, {"MS Serif", "Times New Roman"}, {"System", "Arial"},
-    {"Courier", "Courier New"}, {"Fixedsys", "Courier New"},     {"Terminal", "Courier New"},
-    {"Helv", "Arial"},          {"Tms Rmn", "Times New Roman"}};
+    {"ms sans serif", "Arial"}, {"ms serif", "Times New Roman"}, {"system", "Arial"},
+    {"courier", "Courier New"}, {"fixedsys", "Courier New"},     {"terminal", "Courier New"},
+    {"helv", "Arial"},          {"tms rmn", "Times New Roman"}};
 
 const FcChar8* text(const char* value) {
   return reinterpret_cast<const FcChar8*>(value);
@@ -30,8 +31,9 @@ const FcChar8* text(const char* value) {
 FontPattern patternOf(const FaceRequest& request) {
   FontPattern pattern(FcPatternCreate());
   FcPatternAddString(pattern.get(), FC_FAMILY, text(request.family.c_str()));
+  const std::string lowerName = lowerAscii(request.family);
   for (const auto& [name, standIn] : kStandIns) {
-    if (request.family == name) FcPatternAddString(pattern.get(), FC_FAMILY, text(standIn));
+    if (lowerName == name) FcPatternAddString(pattern.get(), FC_FAMILY, text(standIn));
   }
   const int weight = request.weight <= 0 ? 400 : std::min(request.weight, 1000);
   FcPatternAddInteger(pattern.get(), FC_WEIGHT, FcWeightFromOpenType(weight));

@@ -20,15 +20,21 @@ FT_Library library() {
   return handle;
 }
 
+// Older tables don't tell how high capitals are. Where there is no H either, it is about this part
+// of the ascent in most faces.
+double heightOfH(FT_Face face) {
+  const FT_UInt glyph = FT_Get_Char_Index(face, 'H');
+  if (glyph == 0 || FT_Load_Glyph(face, glyph, FT_LOAD_NO_SCALE) != 0) return face->ascender * 0.75;
+  return static_cast<double>(face->glyph->metrics.horiBearingY);
+}
+
 void measureCell(FT_Face face, FaceMeasures& measures) {
   const auto* os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
   const auto* hhea = static_cast<const TT_HoriHeader*>(FT_Get_Sfnt_Table(face, FT_SFNT_HHEA));
   measures.ascent = os2 != nullptr ? os2->usWinAscent : face->ascender;
   measures.descent = os2 != nullptr ? os2->usWinDescent : -face->descender;
   measures.averageWidth = os2 != nullptr ? os2->xAvgCharWidth : face->max_advance_width;
-  // Older tables don't tell it; in most faces it is about this part of the ascent.
-  measures.capHeight =
-      os2 != nullptr && os2->version >= 2 ? os2->sCapHeight : face->ascender * 0.75;
+  measures.capHeight = os2 != nullptr && os2->version >= 2 ? os2->sCapHeight : heightOfH(face);
   if (hhea != nullptr) {
     const double beyondCell =
         measures.ascent + measures.descent - (hhea->Ascender - hhea->Descender);

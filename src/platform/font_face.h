@@ -26,7 +26,7 @@ struct FaceMeasures {
   double descent = 0;          // OS/2 usWinDescent
   double externalLeading = 0;  // hhea gap beyond the cell
   double averageWidth = 0;     // OS/2 xAvgCharWidth
-  double capHeight = 0;        // OS/2 sCapHeight
+  double capHeight = 0;        // OS/2 sCapHeight, or that of "H"
   double underlineOffset = 0;
   double underlineThickness = 0;
   double strikeOutOffset = 0;

@@ -2,6 +2,7 @@
 #include "platform/text_encoding.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <memory>
 #include <utility>
 
@@ -41,14 +42,33 @@ class Converter {
     std::size_t left = character.size();
     std::size_t room = sizeof result;
     if (!known() || ::iconv(handle_, &in, &left, &next, &room) != 0 || left != 0) {
-      if (known()) ::iconv(handle_, nullptr, nullptr, nullptr, nullptr);
+      reset();
       return false;
     }
+    // Letters that a mark may follow are held back until they are asked for.
+    ::iconv(handle_, nullptr, nullptr, &next, &room);
     out.append(result, sizeof result - room);
     return true;
   }
 
+  // Whether the byte is only the beginning of a character.
+  bool wantsMore(char byte) const {
+    char result[16];
+    char* in = &byte;
+    char* next = result;
+    std::size_t left = 1;
+    std::size_t room = sizeof result;
+    const bool more = ::iconv(handle_, &in, &left, &next, &room) == static_cast<std::size_t>(-1) &&
+                      errno == EINVAL;
+    reset();
+    return more;
+  }
+
  private:
+  void reset() const {
+    if (known()) ::iconv(handle_, nullptr, nullptr, nullptr, nullptr);
+  }
+
   std::string to_;
   std::string from_;
   iconv_t handle_;
@@ -60,8 +80,18 @@ const Converter& converter(const std::string& to, const std::string& from) {
   return *kept;
 }
 
+// The numbers that Windows gives to code pages whose own names are no numbers.
 std::string nameOf(int codePage) {
-  return codePage == kUtf8 ? "UTF-8" : "CP" + std::to_string(codePage);
+  constexpr int kIso8859 = 28590;
+  if (codePage > kIso8859 && codePage <= kIso8859 + 16)
+    return "ISO-8859-" + std::to_string(codePage - kIso8859);
+  switch (codePage) {
+    case kUtf8: return "UTF-8";
+    case 10000: return "MACINTOSH";
+    case 20866: return "KOI8-R";
+    case 21866: return "KOI8-U";
+    default: return "CP" + std::to_string(codePage);
+  }
 }
 
 bool isAscii(char c) {
@@ -127,6 +157,15 @@ std::string utf8FromCodePage(std::string_view bytes, int codePage) {
     }
   }
   return result;
+}
+
+bool isSingleByteCodePage(int codePage) {
+  const Converter& conversion = converter("UTF-8", nameOf(codePage));
+  if (!conversion.known()) return false;
+  for (int byte = 0x80; byte <= 0xFF; ++byte) {
+    if (conversion.wantsMore(static_cast<char>(byte))) return false;
+  }
+  return true;
 }
 
 std::string codePageFromUtf8(std::string_view text, int codePage, Substitute substitute) {

@@ -12,6 +12,9 @@ namespace qor {
 // system doesn't know counts as ASCII.
 std::string utf8FromCodePage(std::string_view bytes, int codePage);
 
+// Whether the system has a table of the code page, with one byte for each character.
+bool isSingleByteCodePage(int codePage);
+
 // UTF-8 as bytes of the code page. `substitute` stands for what it can't hold: "?" where the text
 // must stay plain, or a numeric character reference in HTML.
 enum class Substitute { questionMark, htmlReference };

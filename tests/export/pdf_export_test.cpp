@@ -236,15 +236,29 @@ TEST_F(PdfExport, givesBackTheTextOfEveryCodePage) {
     std::string bytes;
     const char* text;
   };
-  for (const Row& row :
-       {Row{"866", "\x8F\xE0\xA8\xA2\xA5\xE2 \xFC 5", "Привет № 5"},
-        Row{"1251", "\xCF\xF0\xE8\xE2\xE5\xF2 \xB9 5", "Привет № 5"},
-        Row{"857", "\x98\x8D \xA6\xA7 \x9E\x9F", "İı Ğğ Şş"},
-        Row{"1254", "\xDD\xFD \xD0\xF0 \xDE\xFE", "İı Ğğ Şş"},
-        Row{"850", "\x84\x94\x81 \xE1 \xC9\xCD\xBB", "äöü ß ╔═╗"}, Row{"1253", "\xC1\xE2", "Αβ"}}) {
+  directory_.write("cp708.ini", "128-0x0416\r\n129-0x00E9\r\n");
+  for (const Row& row : {Row{"866", "\x8F\xE0\xA8\xA2\xA5\xE2 \xFC 5", "Привет № 5"},
+                         Row{"1251", "\xCF\xF0\xE8\xE2\xE5\xF2 \xB9 5", "Привет № 5"},
+                         Row{"857", "\x98\x8D \xA6\xA7 \x9E\x9F", "İı Ğğ Şş"},
+                         Row{"1254", "\xDD\xFD \xD0\xF0 \xDE\xFE", "İı Ğğ Şş"},
+                         Row{"850", "\x84\x94\x81 \xE1 \xC9\xCD\xBB", "äöü ß ╔═╗"},
+                         Row{"1253", "\xC1\xE2", "Αβ"}, Row{"1258", "\xD0\xE1", "Đá"},
+                         Row{"28595", "\xB6\xD0", "Жа"}, Row{"708", "\x80\x81", "Жé"}}) {
     EXPECT_EQ(exportReport(row.bytes + "\r\n<b>" + row.bytes, row.codePage).errors, "");
     const std::string text = run({"pdftotext", directory_.path("r.pdf"), "-"}).output;
     EXPECT_EQ(wordsOf(text), wordsOf(std::string(row.text) + " " + row.text)) << row.codePage;
+  }
+}
+
+// Archived documents must not show glyph 0. The last letter is one that no font has.
+TEST_F(PdfExport, showsAGlyphForEveryByte) {
+  directory_.write("cp708.ini", "128-0xFDD0\r\n");
+  operators("A\x7F\x01\x80", "708");
+  const std::string file = directory_.read("q.pdf");
+  for (const char* code : {"<41> ", "<7F> ", "<80> "}) {
+    const auto place = file.find(code);
+    ASSERT_NE(place, std::string::npos) << code;
+    EXPECT_GT(std::atoi(file.c_str() + place + 5), 0) << code;
   }
 }
 
@@ -273,7 +287,7 @@ TEST_F(PdfExport, makesSoundDocumentsOfTheSamples) {
 TEST_F(PdfExport, takesFacesAndEncodingsFromItsResourceFile) {
   const TemporaryDirectory program;
   program.write("pdflib.upr",
-                "FontOutline % ours\nHouse Face = Liberation Serif\nGone Face = No such face\n.\n"
+                "FontOutline % ours\nhouse face = Liberation Serif\nGone Face = No such face\n.\n"
                 "Encoding\ncp1254 = cp1251\n.\n");
   directory_.write("r.txt", "<font fn=\"House Face\">\xCF<font/><font fn=\"Gone Face\">b<font/>");
   EXPECT_EQ(exportByCopy(program).errors, "");
@@ -292,6 +306,12 @@ TEST_F(PdfExport, endsAsEachFailureShould) {
   EXPECT_EQ(full.exitCode, 0);
   EXPECT_NE(full.errors.find("r.pdf: "), std::string::npos);
   EXPECT_EQ(directory_.read("r.pdf"), "old");
+
+  for (const char* codePage : {"709", "932", "65001"}) {
+    const Outcome unknown = exportReport("A", codePage);
+    EXPECT_EQ(unknown.errors, "cp" + std::string(codePage) + ".ini: No such file or directory\n");
+    EXPECT_EQ(directory_.read("r.pdf"), "old");
+  }
 
   const TemporaryDirectory program;
   const Outcome missing = exportByCopy(program);

@@ -49,6 +49,9 @@ class PdfDocument {
   void endPage();
   void finish();
 
+  // True if the name is defined, or tells a code page that the system has a table of.
+  bool hasEncoding(const std::string& name) const;
+
   // True if the system has the face or the one that the resource file names for it.
   bool hasFace(const std::string& name) const;
 

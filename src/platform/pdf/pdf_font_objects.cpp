@@ -156,10 +156,8 @@ PdfId PdfFonts::writeFace(PdfFile& file, std::size_t number) const {
   MapRows characters("bfchar");
   for (unsigned code = 0; code < face.used.size(); ++code) {
     if (!face.used.test(code)) continue;
-    const char32_t character = encodings_[face.encoding][code];
-    const bool isBlank = character < U' ' || character == U'\xFFFD';
     codes.add(hex(code, 2) + " " + std::to_string(subset.places.at(face.glyphs[code])));
-    characters.add(hex(code, 2) + utf16Hex(isBlank ? U' ' : character));
+    characters.add(hex(code, 2) + utf16Hex(encodings_[face.encoding][code]));
   }
   const std::string mapName = "QOR-" + std::to_string(number);
   const PdfId encoding =

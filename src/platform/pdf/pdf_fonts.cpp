@@ -26,6 +26,11 @@ FaceRequest requestOf(std::string_view name) {
   return request;
 }
 
+// Controls, and bytes without a character.
+bool showsNothing(char32_t character) {
+  return character < U' ' || (character >= 0x7F && character < 0xA0) || character == U'\xFFFD';
+}
+
 // Only outlines in tables can be cut to subsets.
 bool canBeEmbedded(const FontFace& face) {
   return FT_IS_SFNT(face.handle()) != 0;
@@ -43,7 +48,8 @@ std::shared_ptr<const FontFace> embeddableFace(FaceRequest request) {
 }  // namespace
 
 std::size_t PdfFonts::addEncoding(const PdfEncoding& encoding) {
-  encodings_.push_back(encoding);
+  PdfEncoding& added = encodings_.emplace_back(encoding);
+  std::replace_if(added.begin(), added.end(), showsNothing, U' ');
   return encodings_.size() - 1;
 }
 
@@ -73,22 +79,23 @@ std::size_t PdfFonts::faceNumber(const std::shared_ptr<const FontFace>& face,
   return faces_.size() - 1;
 }
 
+// The glyph of a character in the font's own face, or else in another one; 0 where none has it.
+PdfFonts::Outline PdfFonts::outlineOf(const Font& font, char32_t character) {
+  const std::uint32_t own = faces_[font.face].face->glyphIndex(character);
+  if (own != 0) return {font.face, own};
+  const auto other = fallbackFace(font.request, character);
+  if (other == nullptr || !canBeEmbedded(*other)) return {font.face, 0};
+  return {faceNumber(other, font.encoding), other->glyphIndex(character)};
+}
+
+// Archived documents must not show the glyph that stands for missing ones.
 PdfFonts::Glyph PdfFonts::makeGlyph(const Font& font, unsigned char byte) {
-  char32_t character = encodings_[font.encoding][byte];
-  if (character < U' ' || character == U'\xFFFD') character = U' ';
-  std::size_t number = font.face;
-  std::uint32_t index = faces_[number].face->glyphIndex(character);
-  if (index == 0) {
-    const auto other = fallbackFace(font.request, character);
-    if (other != nullptr && canBeEmbedded(*other)) {
-      number = faceNumber(other, font.encoding);
-      index = other->glyphIndex(character);
-    }
-  }
-  Face& face = faces_[number];
+  Outline outline = outlineOf(font, encodings_[font.encoding][byte]);
+  if (outline.glyph == 0) outline = outlineOf(font, U'?');
+  Face& face = faces_[outline.face];
   face.used.set(byte);
-  face.glyphs[byte] = index;
-  return {number, face.face->advance(index) / face.face->measures().unitsPerEm};
+  face.glyphs[byte] = outline.glyph;
+  return {outline.face, face.face->advance(outline.glyph) / face.face->measures().unitsPerEm};
 }
 
 void PdfFonts::write(PdfFile& file, PdfId dictionary) const {

@@ -25,7 +25,8 @@ class PdfFonts {
     double advance = 0;  // of an em
   };
 
-  // An encoding for fonts that are loaded later; its number.
+  // An encoding for fonts that are loaded later; its number. Controls, and bytes that are U+FFFD,
+  // become blanks.
   std::size_t addEncoding(const PdfEncoding& encoding);
 
   // The best face of the family, which may end in ",Bold" and ",Italic". The same font again for
@@ -63,7 +64,14 @@ class PdfFonts {
     std::array<Glyph, 256> glyphs;
   };
 
+  // A glyph of one of the faces.
+  struct Outline {
+    std::size_t face = 0;
+    std::uint32_t glyph = 0;
+  };
+
   std::size_t faceNumber(const std::shared_ptr<const FontFace>& face, std::size_t encoding);
+  Outline outlineOf(const Font& font, char32_t character);
   Glyph makeGlyph(const Font& font, unsigned char byte);
   PdfId writeFace(PdfFile& file, std::size_t number) const;
 

@@ -30,7 +30,7 @@ PdfResources::PdfResources(const std::string& path) {
     } else if (name.size() == line.size()) {
       section = line;
     } else {
-      sections_[section][std::string(name)] = trimmed(line.substr(line.find('=') + 1));
+      sections_[section][lowerAscii(name)] = trimmed(line.substr(line.find('=') + 1));
     }
   }
 }
@@ -38,7 +38,7 @@ PdfResources::PdfResources(const std::string& path) {
 const std::string* PdfResources::find(const std::string& section, const std::string& name) const {
   const auto found = sections_.find(section);
   if (found == sections_.end()) return nullptr;
-  const auto entry = found->second.find(name);
+  const auto entry = found->second.find(lowerAscii(name));
   return entry == found->second.end() ? nullptr : &entry->second;
 }
 

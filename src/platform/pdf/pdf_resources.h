@@ -9,7 +9,7 @@
 namespace qor {
 
 // A text file of sections. A section is its name on a line of its own, entries "name=value", and a
-// line with a point alone; "%" starts a comment.
+// line with a point alone; "%" starts a comment. The case of names doesn't count.
 class PdfResources {
  public:
   PdfResources() = default;

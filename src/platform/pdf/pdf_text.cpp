@@ -1,17 +1,24 @@
 // Texts of a document: fonts by name, and pieces of text in the faces that have their characters.
 #include <algorithm>
 
+#include "base/errors.h"
 #include "platform/font_families.h"
 #include "platform/pdf/pdf_document.h"
 #include "platform/pdf/pdf_fonts.h"
+#include "platform/text_encoding.h"
 
 namespace qor {
 
 std::size_t PdfDocument::encodingNumber(const std::string& name) {
   const auto known = encodings_.find(name);
   if (known != encodings_.end()) return known->second;
+  if (!hasEncoding(name)) throw FileError(name + ": the encoding is unknown");
   defineEncoding(name, encodingOfCodePage(resources_.codePageOf(name)));
   return encodings_.at(name);
+}
+
+bool PdfDocument::hasEncoding(const std::string& name) const {
+  return encodings_.contains(name) || isSingleByteCodePage(resources_.codePageOf(name));
 }
 
 bool PdfDocument::hasFace(const std::string& name) const {

@@ -4,6 +4,8 @@
 #include <QCloseEvent>
 #include <QListView>
 #include <QMessageBox>
+#include <QScreen>
+#include <QStyle>
 #include <QTimer>
 #include <QWindow>
 
@@ -28,6 +30,8 @@
 namespace qor {
 namespace {
 
+constexpr QSize kSize = {1000, 760};  // pixels, on a screen that has them
+constexpr int kFrame = 8;             // around a window, besides its title
 constexpr int kBlinkInterval = 1700;  // ms
 constexpr int kListWidth = 150;       // pixels
 constexpr int kSmallestList = 60;
@@ -49,7 +53,9 @@ TfrmView::TfrmView(UserSettings& settings, ViewCommands commands)
       pageList_(new PageListModel(this)),
       status_(*ui_->stBar),
       TimerDynamicBlinc_(new QTimer(this)) {
-  setWindowIcon(TQorImageForm::ImageMenuList(ImageIndex::program));
+  setWindowIcon(TQorImageForm::ImageMenuList(ImageIndex::program, IconPlace::button));
+  const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight) + kFrame;
+  resize(kSize.boundedTo(screen()->availableSize() - QSize(kFrame, title)));
   page_control_->setObjectName("page_control");
   ui_->pScroll->setControl(page_control_);
   ui_->lstPages->setModel(pageList_);
@@ -83,6 +89,11 @@ void TfrmView::showEvent(QShowEvent* event) {
   // The window sees each key before the control that has the focus.
   windowHandle()->installEventFilter(this);
   FormShow();
+  // Once this event is done, the window is there and boxes stand over it.
+  QTimer::singleShot(0, this, [this] {
+    onScreen_ = true;
+    if (!shownError_.isEmpty()) showErrorBox();
+  });
 }
 
 void TfrmView::FormShow() {
@@ -138,7 +149,10 @@ void TfrmView::showMessage(MessageKind kind, const QString& text) {
   status_.setMessage(text);
   if (kind != MessageKind::error) return;
   lastError_ = text;
-  if (std::exchange(shownError_, text) == text) return;
+  if (std::exchange(shownError_, text) != text && onScreen_) showErrorBox();
+}
+
+void TfrmView::showErrorBox() {
   if (errorBox_ == nullptr) {
     errorBox_ = new QMessageBox(this);
     errorBox_->setIcon(QMessageBox::Information);
@@ -146,7 +160,7 @@ void TfrmView::showMessage(MessageKind kind, const QString& text) {
     errorBox_->setTextFormat(Qt::PlainText);
   }
   errorBox_->setWindowTitle(qtText(interfaceTexts().ApplicationTitle));
-  errorBox_->setText(text);
+  errorBox_->setText(shownError_);
   errorBox_->show();
 }
 

@@ -88,6 +88,7 @@ class TfrmView : public QMainWindow {
   void FormClose();
   void FormResize();
   void showDates();
+  void showErrorBox();
 
   // Pages.
   int currentPage() const;
@@ -110,7 +111,8 @@ class TfrmView : public QMainWindow {
   void selectInPageList();
   void lblPageCurrentClick();
   void txtPageCurrentEditExit();
-  void lstPagesClick(int row);
+  void leavePageEdit();
+  void lstPagesClick();
 
   // Views.
   void openPrinter(std::int32_t scale, bool flag);
@@ -160,7 +162,8 @@ class TfrmView : public QMainWindow {
   int first_on_view_ = 1;
   QString standingMessage_;  // for the status bar while there is nothing else to say
   bool shown_ = false;
-  bool ready_ = false;  // pages are shown from now on
+  bool ready_ = false;     // pages are shown from now on
+  bool onScreen_ = false;  // boxes stand over the window from now on
   bool closed_ = false;
   bool firstPageShown_ = false;
   bool endAfterMove_ = false;  // the next move shows the end of its page

@@ -67,8 +67,8 @@ void TfrmView::connectPages() {
   connect(ui_->pScroll, &PageScroll::wheelBeyondEnd, this, &TfrmView::turnPage);
   ui_->pScroll->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(ui_->pScroll, &QWidget::customContextMenuRequested, this, &TfrmView::showPopup);
-  connect(ui_->lstPages, &QListView::clicked, this,
-          [this](const QModelIndex& index) { lstPagesClick(index.row()); });
+  connect(ui_->lstPages->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &TfrmView::lstPagesClick, Qt::QueuedConnection);
 }
 
 // A walk over the pages: up comes to the end of the page before, down to the start of the next.
@@ -97,8 +97,11 @@ bool TfrmView::eventFilter(QObject* watched, QEvent* event) {
   if (watched == ui_->txtPageCurrentEdit && leavesForGood(event)) txtPageCurrentEditExit();
   // Keys for an open menu or list come by here, too.
   const bool isOurs = watched == windowHandle() && QApplication::activePopupWidget() == nullptr;
-  if (isOurs && event->type() == QEvent::KeyPress)
+  if (isOurs && event->type() == QEvent::KeyPress) {
+    // A key that is to come again comes before this one.
+    QCoreApplication::sendPostedEvents(watched, QEvent::KeyPress);
     return FormKeyDown(*static_cast<QKeyEvent*>(event));
+  }
   return QMainWindow::eventFilter(watched, event);
 }
 

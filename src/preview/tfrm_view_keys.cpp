@@ -36,6 +36,10 @@ bool TfrmView::commandKey(const QKeyEvent& event) {
       if (!event.modifiers().testFlag(Qt::ShiftModifier)) return false;
       startCalculator();
       return true;
+    case Qt::Key_F10:
+      if (!event.modifiers().testFlag(Qt::ShiftModifier)) return false;
+      showPopup(ui_->pScroll->rect().center());
+      return true;
     case Qt::Key_F11: mnuFullScreenClick(); return true;
     case Qt::Key_Plus: cmdView_ZoomInClick(); return true;
     case Qt::Key_Minus: cmdView_ZoomOutClick(); return true;
@@ -63,6 +67,7 @@ void TfrmView::pageKey(PageMove move, bool leap) {
   if (!leap || state_.showsSeveral()) {
     (move == PageMove::previous ? ui_->cmdView_Prev : ui_->cmdView_Next)->click();
   } else if (doc_ != nullptr && doc_->PageCount > 0) {
+    leavePageEdit();
     const int current = currentPage();
     setCurrentPage(move == PageMove::previous ? leapBack(current)
                                               : leapOn(current, doc_->PageCount));

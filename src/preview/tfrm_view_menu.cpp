@@ -100,10 +100,16 @@ void addZoomMenu(ViewMenu& menu) {
     menu.mnuZoom->addAction(qtText(kZoomMenu[tag]))->setData(static_cast<int>(tag));
 }
 
+// One of them is chosen at any time.
+void groupEntries(QObject* owner, std::initializer_list<QAction*> entries) {
+  auto* group = new QActionGroup(owner);
+  for (QAction* entry : entries) group->addAction(entry);
+}
+
 void addLanguageMenu(ViewMenu& menu, QObject* owner) {
   menu.mnuPopup.addSeparator();
   menu.mnuLanguage = menu.mnuPopup.addMenu(QString());
-  menu.mnuLanguage->setIcon(TQorImageForm::ImageMenuList(ImageIndex::language));
+  menu.mnuLanguage->setIcon(TQorImageForm::ImageMenuList(ImageIndex::language, IconPlace::menu));
   auto* group = new QActionGroup(owner);
   for (std::size_t i = 0; i < menu.languages.size(); ++i) {
     menu.languages[i] = group->addAction(menu.mnuLanguage->addAction(QString()));
@@ -115,9 +121,11 @@ void addLanguageMenu(ViewMenu& menu, QObject* owner) {
 void addEntry(ViewMenu& menu, const Command& command) {
   QAction* entry = menu.mnuPopup.addAction(QString());
   menu.*command.entry = entry;
-  entry->setIcon(TQorImageForm::ImageMenuList(command.image));
+  entry->setIcon(TQorImageForm::ImageMenuList(command.image, IconPlace::menu));
   const auto is = [&command](QAction* ViewMenu::*member) { return command.entry == member; };
   entry->setCheckable(std::any_of(std::begin(kCheckable), std::end(kCheckable), is));
+  // A check mark needs the place of the image.
+  entry->setIconVisibleInMenu(!entry->isCheckable());
   if (command.entry == &ViewMenu::mnuZoomMinus) addZoomMenu(menu);
   if (std::any_of(std::begin(kGroupEnds), std::end(kGroupEnds), is)) menu.mnuPopup.addSeparator();
 }
@@ -132,6 +140,8 @@ void TfrmView::createMenu() {
     if (command.entry == &ViewMenu::mnuClose) addLanguageMenu(menu, this);
     addEntry(menu, command);
   }
+  groupEntries(this, {menu.mnuSinglePage, menu.mnuMultiPage});
+  groupEntries(this, {menu.mnuNormalView, menu.mnuWideView});
   menu.mnuRowLine->setVisible(false);
   connect(menu.mnuZoom, &QMenu::triggered, this,
           [this](QAction* entry) { mnuZoomListClick(entry->data().toInt()); });
@@ -146,7 +156,7 @@ void TfrmView::connectTools() {
     const Command& command = commandOf(entry);
     if (command.button == kNoButton) return;
     QToolButton* button = ui_.get()->*command.button;
-    button->setIcon(TQorImageForm::ImageMenuList(command.image));
+    button->setIcon(TQorImageForm::ImageMenuList(command.image, IconPlace::button));
     button->setIconSize({TQorImageForm::kImageSize, TQorImageForm::kImageSize});
     connect(button, &QToolButton::clicked, this, handler);
   };
@@ -206,10 +216,6 @@ void TfrmView::updateMenu() {
   menu.mnuListView->setChecked(state_.ListView);
   menu.mnuUnprintable->setChecked(state_.ShowUnprintable);
   menu.mnuFullScreen->setChecked(state_.FlagFullWindow);
-  menu.mnuFirst->setEnabled(ui_->cmdView_First->isEnabled());
-  menu.mnuPrev->setEnabled(ui_->cmdView_Prev->isEnabled());
-  menu.mnuNext->setEnabled(ui_->cmdView_Next->isEnabled());
-  menu.mnuLast->setEnabled(ui_->cmdView_Last->isEnabled());
 }
 
 void TfrmView::applyCaptions() {

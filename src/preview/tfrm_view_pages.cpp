@@ -2,6 +2,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QTimer>
+#include <QToolButton>
 #include <algorithm>
 
 #include "base/app_options.h"
@@ -13,6 +14,7 @@
 #include "preview/page_list_model.h"
 #include "preview/page_scroll.h"
 #include "preview/tfrm_view.h"
+#include "preview/view_menu.h"
 #include "preview/vpage.h"
 #include "settings/printers.h"
 #include "ui_tfrm_view.h"
@@ -52,6 +54,7 @@ int TfrmView::pagesInStep() const {
 void TfrmView::cmdView_PageMoveTo(PageMove move) {
   const bool toEnd = std::exchange(endAfterMove_, false);
   if (doc_ == nullptr || doc_->PageCount == 0) return;
+  leavePageEdit();
   ui_->pScroll->scrollToStart();
   setCurrentPage(movedPage(move, currentPage(), doc_->PageCount, pagesInStep()));
   cmbPagesChange();
@@ -148,10 +151,14 @@ void TfrmView::updateMoves() {
   const auto leads = [&](PageMove move) {
     return total > 0 && std::min(total, movedPage(move, current, total, pagesInStep())) != current;
   };
-  ui_->cmdView_First->setEnabled(leads(PageMove::first));
-  ui_->cmdView_Prev->setEnabled(leads(PageMove::previous));
-  ui_->cmdView_Next->setEnabled(leads(PageMove::next));
-  ui_->cmdView_Last->setEnabled(leads(PageMove::last));
+  const auto enable = [&leads](PageMove move, QToolButton* button, QAction* entry) {
+    button->setEnabled(leads(move));
+    entry->setEnabled(leads(move));
+  };
+  enable(PageMove::first, ui_->cmdView_First, menu_->mnuFirst);
+  enable(PageMove::previous, ui_->cmdView_Prev, menu_->mnuPrev);
+  enable(PageMove::next, ui_->cmdView_Next, menu_->mnuNext);
+  enable(PageMove::last, ui_->cmdView_Last, menu_->mnuLast);
 }
 
 void TfrmView::showPageStatus() {
@@ -193,8 +200,13 @@ void TfrmView::selectInPageList() {
   ui_->lstPages->scrollTo(index);
 }
 
-void TfrmView::lstPagesClick(int row) {
-  setCurrentPage(row + 1);
+// The list always shows the page on view.
+void TfrmView::lstPagesClick() {
+  const QModelIndexList chosen = ui_->lstPages->selectionModel()->selectedIndexes();
+  if (chosen.isEmpty()) return selectInPageList();
+  const int number = chosen.front().row() + 1;
+  if (number == currentPage()) return;
+  setCurrentPage(number);
   cmbPagesChange();
 }
 
@@ -204,6 +216,13 @@ void TfrmView::lblPageCurrentClick() {
   ui_->txtPageCurrentEdit->show();
   ui_->txtPageCurrentEdit->selectAll();
   ui_->txtPageCurrentEdit->setFocus();
+}
+
+// A move starts from the number that was typed.
+void TfrmView::leavePageEdit() {
+  if (ui_->txtPageCurrentEdit->isHidden()) return;
+  ui_->pScroll->setFocus();
+  txtPageCurrentEditExit();
 }
 
 void TfrmView::txtPageCurrentEditExit() {

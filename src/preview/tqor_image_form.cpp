@@ -3,8 +3,6 @@
 
 #include <array>
 
-#include "platform/qt/svg_icon.h"
-
 namespace qor {
 namespace {
 
@@ -18,8 +16,8 @@ static_assert(kFiles.size() == static_cast<std::size_t>(ImageIndex::program) + 1
 
 }  // namespace
 
-QIcon TQorImageForm::ImageMenuList(ImageIndex index) {
-  return svgIcon(QString(":/icons/%1.svg").arg(kFiles[static_cast<std::size_t>(index)]));
+QIcon TQorImageForm::ImageMenuList(ImageIndex index, IconPlace place) {
+  return svgIcon(QString(":/icons/%1.svg").arg(kFiles[static_cast<std::size_t>(index)]), place);
 }
 
 }  // namespace qor

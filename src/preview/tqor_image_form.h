@@ -3,6 +3,8 @@
 
 #include <QIcon>
 
+#include "platform/qt/svg_icon.h"
+
 namespace qor {
 
 enum class ImageIndex {
@@ -34,7 +36,7 @@ class TQorImageForm {
   static constexpr int kImageSize = 24;  // pixels
 
   // The image of a command. Drawn when it is first shown.
-  static QIcon ImageMenuList(ImageIndex index);
+  static QIcon ImageMenuList(ImageIndex index, IconPlace place);
 };
 
 }  // namespace qor

@@ -75,6 +75,18 @@ TEST(PreviewKeys, walksThroughTheReportWithOneKey) {
   EXPECT_EQ(window.scrolled(), 0);
 }
 
+// As they come where the window was busy for a while.
+TEST(PreviewKeys, keepsTheOrderOfKeysThatComeAtOnce) {
+  Window window({reportOfPages(3), Window::zoomed(kNaturalZoomEntry)});
+  window.press(Qt::Key_End);
+  for (int i = 0; i < 3; ++i) {
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QCoreApplication::sendEvent(window.form().windowHandle(), &down);
+  }
+  EXPECT_EQ(window.page(), 2);
+  EXPECT_EQ(window.scrolled(), 40);
+}
+
 TEST(PreviewKeys, scrollsSidewaysWhereThePageIsWider) {
   Window window({reportOfPages(1), Window::zoomed(3)});
   QScrollBar& bar = *window.control<QScrollArea>("pScroll").horizontalScrollBar();
@@ -91,7 +103,7 @@ TEST(PreviewKeys, scrollsSidewaysWhereThePageIsWider) {
 TEST(PreviewKeys, leavesTheKeysOfAMenuToIt) {
   Window window({reportOfPages(3)});
   auto& menu = window.control<QMenu>("mnuPopup");
-  menu.popup(window.form().mapToGlobal(QPoint(200, 200)));
+  window.press(Qt::Key_F10, Qt::ShiftModifier);
   ASSERT_TRUE(menu.isVisible());
   window.press(Qt::Key_PageDown);
   window.press(Qt::Key_Escape);
@@ -178,6 +190,11 @@ TEST(PreviewKeys, goesToATypedPage) {
     EXPECT_EQ(window.page(), row.page) << row.typed;
     EXPECT_FALSE(edit.isVisible());
   }
+  window.click("lblPageCurrent");
+  edit.setText("6");
+  window.click("cmdView_Prev");
+  EXPECT_EQ(window.page(), 5) << "a move starts from what was typed";
+  EXPECT_FALSE(edit.isVisible());
 }
 
 // A press on the screen, as the system reports it, moves the focus before anything else.

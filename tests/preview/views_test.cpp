@@ -103,9 +103,17 @@ TEST(PreviewViews, listsPages) {
   EXPECT_EQ(list.model()->index(6, 0).data().toString(), "   Page 7");
   window.press(Qt::Key_PageDown);
   EXPECT_EQ(list.currentIndex().row(), 1);
+  const auto click = [&list](Qt::MouseButton button, QPoint place) {
+    QTest::mouseClick(list.viewport(), button, {}, place);
+    QCoreApplication::processEvents();
+  };
   const QRect line = list.visualRect(list.model()->index(4, 0));
-  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, line.center());
+  click(Qt::LeftButton, line.center());
   EXPECT_EQ(window.page(), 5);
+  click(Qt::RightButton, line.center() - QPoint(0, line.height()));
+  EXPECT_EQ(window.page(), 4) << "the line on the bar is the page on view";
+  click(Qt::LeftButton, {10, list.viewport()->height() - 2});
+  EXPECT_EQ(list.selectionModel()->selectedIndexes().value(0).row(), 3) << "below the last line";
   QWidget& divider = window.control("pSizeLine");
   QTest::mousePress(&divider, Qt::LeftButton, {}, {2, 50});
   QMouseEvent move(QEvent::MouseMove, {52, 50}, divider.mapToGlobal(QPointF(52, 50)), Qt::NoButton,

@@ -6,8 +6,10 @@
 
 namespace qor {
 
-// The icon of an SVG file or resource. What is "currentColor" in it takes the colour of text on
-// buttons, grayed where a button is disabled.
-QIcon svgIcon(const QString& file);
+// The icon of an SVG file or resource, for a button or a line of a menu. What is "currentColor" in
+// it takes the colour of the text there, grayed where it is disabled; on the bar of a menu all of
+// it.
+enum class IconPlace { button, menu };
+QIcon svgIcon(const QString& file, IconPlace place);
 
 }  // namespace qor

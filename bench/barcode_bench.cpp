@@ -1,7 +1,9 @@
 // Barcodes beside their peers, as lines "what<TAB>ours<TAB>peer<TAB>aim": units a second, and the
 // ratio to reach. Encoding beside zint, and a page of symbols beside one of rectangles and texts.
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <string>
 #include <vector>
@@ -58,8 +60,9 @@ const std::vector<Encoder> kEncoders = {
 void encodeByZint(int symbology, const std::string& value) {
   zint_symbol* symbol = ZBarcode_Create();
   symbol->symbology = symbology;
-  ZBarcode_Encode(symbol, reinterpret_cast<const unsigned char*>(value.data()),
-                  static_cast<int>(value.size()));
+  if (ZBarcode_Encode(symbol, reinterpret_cast<const unsigned char*>(value.data()),
+                      static_cast<int>(value.size())) >= ZINT_ERROR)
+    std::exit(EXIT_FAILURE);
   ZBarcode_Delete(symbol);
 }
 

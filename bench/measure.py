@@ -115,12 +115,16 @@ def measure_walk(many, thousand):
         f"{peer * 1e6:.1f} µs", f"{ours / peer:.2f}", "≤ 1.2", ours <= 1.2 * peer)
 
 
-def make_pdf(report, code_page):
-    """The same pages as PDF."""
+def as_utf8(report, code_page):
     text = DATA / "utf8.txt"
     text.write_bytes(report.read_bytes().decode("cp" + code_page).encode())
+    return text
+
+
+def make_pdf(report, code_page):
+    """The same pages as PDF."""
     pdf = report.with_suffix(".pdf")
-    subprocess.run([str(BUILD / "make_pdf"), str(text), str(pdf)], check=True)
+    subprocess.run([str(BUILD / "make_pdf"), str(as_utf8(report, code_page)), str(pdf)], check=True)
     return pdf
 
 
@@ -162,12 +166,6 @@ def print_command(report):
 
 
 TEXTTOPDF = "/usr/lib/cups/filter/texttopdf"
-
-
-def as_utf8(report, code_page):
-    text = DATA / "utf8.txt"
-    text.write_bytes(report.read_bytes().decode("cp" + code_page).encode())
-    return text
 
 
 def pdf_peers(text):

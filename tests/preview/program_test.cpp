@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <memory>
 #include <span>
+#include <stdexcept>
 
 #include <gtest/gtest.h>
 #include <xcb/xcb.h>
@@ -20,9 +21,11 @@ class XServer {
  public:
   XServer() {
     server_.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1024x768x24", "-nolisten", "tcp"});
-    server_.waitForReadyRead();
+    if (!server_.waitForReadyRead()) throw std::runtime_error("no X server can be started");
     display_ = ":" + server_.readAllStandardOutput().trimmed().toStdString();
     connection_ = xcb_connect(display_.c_str(), nullptr);
+    if (xcb_connection_has_error(connection_) != 0)
+      throw std::runtime_error("the X server can't be reached");
     screen_ = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data;
   }
   ~XServer() {

@@ -11,6 +11,8 @@
 namespace qor::test {
 namespace {
 
+constexpr int kKilled = 128;  // what shells add to a signal
+
 // What the program does between its start and its first instruction.
 class StartActions {
  public:
@@ -86,9 +88,9 @@ bool Process::isRunning() {
 
 Outcome Process::wait() {
   collect(0);
-  return {WIFEXITED(status_) ? WEXITSTATUS(status_) : 0,
-          WIFSIGNALED(status_) ? WTERMSIG(status_) : 0, place_.read("output"),
-          place_.read("errors")};
+  const int signal = WIFSIGNALED(status_) ? WTERMSIG(status_) : 0;
+  return {WIFEXITED(status_) ? WEXITSTATUS(status_) : kKilled + signal, signal,
+          place_.read("output"), place_.read("errors")};
 }
 
 void Process::kill() {

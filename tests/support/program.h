@@ -12,7 +12,7 @@
 namespace qor::test {
 
 struct Outcome {
-  int exitCode = 0;    // 0 to 255
+  int exitCode = 0;    // 0 to 255; 128 and the signal that ended it
   int signal = 0;      // what ended the process, 0 if it ended by itself
   std::string output;  // standard output
   std::string errors;  // standard error

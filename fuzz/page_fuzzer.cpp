@@ -6,9 +6,9 @@
 
 #include "base/app_options.h"
 #include "document/code_page.h"
+#include "document/loaded_page.h"
 #include "document/vdoc.h"
 #include "export/exporters.h"
-#include "export/loaded_page.h"
 #include "platform/bitmap_canvas.h"
 #include "render/page_walk.h"
 #include "scratch.h"

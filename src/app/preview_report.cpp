@@ -58,7 +58,7 @@ void PreviewReport() {
   scanReport(doc);
   auto* runPreview = reinterpret_cast<RunPreview*>(moduleSymbol(kPreviewModule, kRunPreviewSymbol));
   if (runPreview == nullptr) {
-    writeErrorLine(AppOptions.FileName + ": this installation has no preview window");
+    writeErrorLine(AppOptions.FileName + ": no window can be opened: " + moduleError());
     return;
   }
   // What the head of the report says of paper and font gives way to the set.

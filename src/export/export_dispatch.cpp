@@ -19,6 +19,11 @@ using Exporter = void (*)(VDoc&, ExportOptions&);
   throw FileError(options.TargetName + ": this version can't write such files");
 }
 
+void exportPdf(VDoc& doc, ExportOptions& options) {
+  // The user has been told why.
+  if (ExportPdf(doc, options) == kExportStop) throw kExportStop;
+}
+
 template <ImageFormat Format>
 void exportImage(VDoc& doc, ExportOptions& options) {
   if (doc.PageCount == 0) showWarning(options.TargetName + ": the report has no pages");
@@ -37,7 +42,7 @@ constexpr std::array<ExtensionRow, 13> kExporters = {{
     {".html", [](VDoc& doc, ExportOptions& options) { ExportHtml(doc, options); }},
     {".rtf", exportNothing},
     {".doc", exportNothing},
-    {".pdf", [](VDoc& doc, ExportOptions& options) { ExportPdf(doc, options); }},
+    {".pdf", exportPdf},
     {".bmp", exportImage<kImageBmp>},
     {".jpeg", exportImage<kImageJpeg>},
     {".gif", exportImage<kImageGif>},

@@ -22,9 +22,12 @@ struct ExportOptions {
   std::bitset<kImageFormatCount> ImageFormats;
   bool PagePerSheet = false;
   char CsvSeparator = ';';
-  int PageMode = 0;          // how pages are read: only kKeepTabs has an effect
+  int PageMode = 0;          // how pages are read; the windows ask in kWindowPageMode
   int PreviewPageWidth = 0;  // of the page as the window first painted it, pixels
 };
+
+// PDFs that are asked for in this page mode have the width of the page on view.
+inline constexpr int kWindowPageMode = 7;
 
 // The names of the files that a picture export wrote, in order.
 using ExportFileList = std::vector<std::string>;

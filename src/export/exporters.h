@@ -23,9 +23,9 @@ void LineToText(const VDocStr& line, std::string& text);
 void ExportHtml(VDoc& doc, const ExportOptions& options);
 void LineToHtml(const VDocStr& line, bool savePictures, std::string& html);
 
-// The document as PDF. Page by page, so that memory doesn't grow with it; the printer that makes
-// PDF files takes it where the options say so. 0, or -1 where the resource file beside the program
-// is missing, which has been told.
+// The document as PDF. Page by page: of those that are written only their places in the file are
+// kept. The printer that makes PDF files takes it where the options say so. 0, or kExportStop where
+// the resource file beside the program is missing, which has been told.
 int ExportPdf(VDoc& doc, const ExportOptions& options);
 
 // One picture of each page in each chosen format, 96 dots per inch. Appends the names to `files`
@@ -36,7 +36,7 @@ int ExportImages(VDoc& doc, const ExportOptions& options, ExportFileList& files)
 void RenderPageToImage(VDocPage& page, Canvas& canvas);
 
 // Runs the exporter that the extension of AppOptions.ExportTarget names; any other extension
-// exports nothing.
+// exports nothing. Throws what the exporter throws, and kExportStop where it returns that.
 void ExportByExtension(VDoc& doc);
 
 }  // namespace qor

@@ -1,21 +1,21 @@
 // Reports as PDF documents: through the markup, or as a print job into a file.
 #include <algorithm>
+#include <charconv>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <iterator>
 #include <string>
 
 #include "barcode/barcode_picture.h"
 #include "base/app_options.h"
-#include "base/errors.h"
-#include "base/interface_texts.h"
 #include "base/path.h"
 #include "base/text.h"
 #include "base/units.h"
 #include "document/code_page.h"
+#include "document/loaded_page.h"
 #include "document/vdoc.h"
 #include "export/exporters.h"
-#include "export/loaded_page.h"
 #include "export/pdf_markup.h"
 #include "export/pdf_writer.h"
 #include "platform/directory.h"
@@ -27,7 +27,6 @@
 namespace qor {
 namespace {
 
-constexpr int kResourcesMissing = -1;
 constexpr std::int32_t kUprightWidth = 595;  // points
 constexpr std::int32_t kLandscapeWidth = 842;
 
@@ -40,8 +39,10 @@ std::string missingText(const std::string& path, int codePage) {
 // Documents of the same report are the same where the time is told, as builders of packages do it.
 std::time_t creationTime() {
   const char* fixed = std::getenv("SOURCE_DATE_EPOCH");
-  const auto seconds = fixed == nullptr ? std::nullopt : parseInteger(fixed);
-  return seconds ? *seconds : std::time(nullptr);
+  if (fixed == nullptr) return std::time(nullptr);
+  std::int64_t seconds = 0;
+  std::from_chars(fixed, fixed + std::strlen(fixed), seconds);
+  return seconds;
 }
 
 // The language of texts in a code page, where it tells one.
@@ -81,9 +82,6 @@ int exportByPrinter(VDoc& doc, const ExportOptions& options) {
   return 0;
 }
 
-// The windows ask for pages in this mode, and their PDFs have the width of the page on view.
-constexpr int kWindowPageMode = 7;
-
 struct WidthRow {
   double fontHeight;  // points
   double divisor;
@@ -108,18 +106,17 @@ void writePages(VDoc& doc, const ExportOptions& options, PdfDocument& document) 
   const std::string stem(sideFileStem(options.TargetName));
   defineCodePage(document, codePage);
   PdfWriter writer(document, codePage, stem);
-  PdfLines lines;
+  PdfLines lines(1);
+  const PdfLines pageEnd = {{std::string(1, kPageMark)}};
   for (std::int32_t number = 1; number <= doc.PageCount; ++number) {
     const LoadedPage page(doc, number, options.PageMode);
     writeBarcodePicturesOf(*page, stem);
-    lines.clear();
     for (const VDocStr& line : page->lines()) {
-      lines.emplace_back();
-      LineToMarkup(line, lines, lines.size() - 1);
+      lines.front().clear();
+      LineToMarkup(line, lines, 0);
+      writer.WritePdf(lines);
     }
-    if (lines.empty()) lines.emplace_back();
-    if (number != doc.PageCount) lines.back().emplace_back(1, kPageMark);
-    writer.WritePdf(lines);
+    if (number != doc.PageCount) writer.WritePdf(pageEnd);
   }
   writer.endPages(pageWidthOf(doc.Settings, options));
 }
@@ -131,7 +128,7 @@ int ExportPdf(VDoc& doc, const ExportOptions& options) {
   const std::string resources = programDirectory() + "pdflib.upr";
   if (!fileExists(resources)) {
     showWarning(missingText(resources, doc.Settings.Page.BaseCodePage));
-    return kResourcesMissing;
+    return kExportStop;
   }
   OutputFile file(options.TargetName);
   PdfDocument document(file, informationOf(doc));

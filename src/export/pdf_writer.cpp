@@ -3,6 +3,7 @@
 #include "export/pdf_writer.h"
 
 #include <charconv>
+#include <cmath>
 #include <optional>
 #include <utility>
 
@@ -32,7 +33,7 @@ std::int32_t integerOf(std::string_view value) {
 double realOf(std::string_view value, double otherwise = 0) {
   double number = otherwise;
   std::from_chars(value.data(), value.data() + value.size(), number);
-  return number;
+  return std::isfinite(number) ? number : otherwise;
 }
 
 // Whole points, and points.
@@ -120,19 +121,23 @@ std::string PdfWriter::faceFor(const std::string& name) const {
   return name.empty() || name == "Courier" || !document_.hasFace(name) ? kUsualFace : name;
 }
 
-// Loads and sets the font of a record; gives its size.
-double PdfWriter::selectFont(const MarkupRecord& record) {
+// The document's font for that of a record.
+std::size_t PdfWriter::fontOf(const MarkupRecord& record) {
   const std::string_view name = record[PdfField::fn];
-  auto face = faces_.find(name);
-  if (face == faces_.end()) {
-    const std::string key(name);
-    face = faces_.emplace(key, faceFor(utf8FromCodePage(trimmed(key), codePage_))).first;
-  }
-  std::string styled = face->second;
-  if (record[PdfField::fb] == "1") styled += ",Bold";
-  if (record[PdfField::fi] == "1") styled += ",Italic";
+  const bool bold = record[PdfField::fb] == "1";
+  const bool italic = record[PdfField::fi] == "1";
+  const auto known = fonts_.find(std::tuple(name, bold, italic));
+  if (known != fonts_.end()) return known->second;
+  std::string face = faceFor(utf8FromCodePage(trimmed(name), codePage_));
+  if (bold) face += ",Bold";
+  if (italic) face += ",Italic";
+  return fonts_[{std::string(name), bold, italic}] = document_.loadFont(face, encoding_);
+}
+
+// Sets the font of a record; gives its size.
+double PdfWriter::selectFont(const MarkupRecord& record) {
   const double size = realOf(record[PdfField::fs], kUsualSize);
-  document_.setFont(document_.loadFont(styled, encoding_), size);
+  document_.setFont(fontOf(record), size);
   return size;
 }
 

@@ -28,6 +28,7 @@ class PdfWriter {
   void writeBarcode(const MarkupRecord& record);
 
   double selectFont(const MarkupRecord& record);
+  std::size_t fontOf(const MarkupRecord& record);
   std::string fitOptionsOf(const MarkupRecord& record, double size) const;
   std::string faceFor(const std::string& name) const;
   void beginPage();
@@ -37,7 +38,8 @@ class PdfWriter {
   int codePage_;
   std::string encoding_;
   std::string stem_;
-  std::map<std::string, std::string, std::less<>> faces_;  // by the names in records
+  // The document's fonts by their names in records, bold and italic.
+  std::map<std::tuple<std::string, bool, bool>, std::size_t, std::less<>> fonts_;
   double left_ = 0;  // twips; they stay until a record tells others
   double top_ = 0;
   PdfColor color_;

@@ -1,8 +1,8 @@
 // Reports as plain text.
 #include <string>
 
+#include "document/loaded_page.h"
 #include "export/exporters.h"
-#include "export/loaded_page.h"
 #include "platform/output_file.h"
 
 namespace qor {

@@ -13,4 +13,9 @@ void* moduleSymbol(const char* module, const char* name) {
   return handle == nullptr ? nullptr : ::dlsym(handle, name);
 }
 
+std::string moduleError() {
+  const char* error = ::dlerror();
+  return error == nullptr ? "" : error;
+}
+
 }  // namespace qor

@@ -1,7 +1,6 @@
 // What a user's programs remember from run to run: named values under the program's own key.
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QStyle>
 #include <QWheelEvent>
+#include <utility>
 
 namespace qor {
 namespace {
@@ -73,6 +74,8 @@ bool PageScroll::pScrollMouseDown(const QMouseEvent& event) {
 }
 
 bool PageScroll::pScrollMouseMove(const QMouseEvent& event) {
+  // The release may have gone to somebody else.
+  if (!event.buttons().testFlag(Qt::LeftButton)) endDrag();
   if (!dragging_) return false;
   const QPoint point = event.globalPosition().toPoint();
   const QPoint way = point - drag_;
@@ -86,9 +89,13 @@ bool PageScroll::pScrollMouseMove(const QMouseEvent& event) {
 
 bool PageScroll::pScrollMouseUp(const QMouseEvent& event) {
   if (event.button() != Qt::LeftButton) return false;
-  dragging_ = false;
-  if (control_ != nullptr) control_->setCursor(Qt::OpenHandCursor);
+  endDrag();
   return true;
+}
+
+void PageScroll::endDrag() {
+  if (!std::exchange(dragging_, false)) return;
+  if (control_ != nullptr) control_->setCursor(Qt::OpenHandCursor);
 }
 
 // Whole steps; fine wheels give parts of one, which add up.

@@ -45,6 +45,7 @@ class PageScroll : public QScrollArea {
   bool pScrollMouseDown(const QMouseEvent& event);
   bool pScrollMouseMove(const QMouseEvent& event);
   bool pScrollMouseUp(const QMouseEvent& event);
+  void endDrag();
   int wheelSteps(int delta);
 
   QWidget* board_;

@@ -88,12 +88,12 @@ void TfrmView::showEvent(QShowEvent* event) {
   if (std::exchange(shown_, true)) return;
   // The window sees each key before the control that has the focus.
   windowHandle()->installEventFilter(this);
-  FormShow();
   // Once this event is done, the window is there and boxes stand over it.
   QTimer::singleShot(0, this, [this] {
     onScreen_ = true;
     if (!shownError_.isEmpty()) showErrorBox();
   });
+  FormShow();
 }
 
 void TfrmView::FormShow() {

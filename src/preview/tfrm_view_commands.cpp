@@ -6,7 +6,6 @@
 #include "base/app_options.h"
 #include "document/vdoc.h"
 #include "preview/failure_text.h"
-#include "preview/page_list_model.h"
 #include "preview/page_scroll.h"
 #include "preview/tfrm_view.h"
 #include "preview/vpage.h"

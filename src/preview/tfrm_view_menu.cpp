@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QListView>
 #include <QToolButton>
+#include <algorithm>
 
 #include "base/app_options.h"
 #include "base/interface_texts.h"

@@ -23,6 +23,7 @@ namespace qor {
 namespace {
 
 constexpr int kFewestDigits = 3;  // of a page number that the window leaves room for
+constexpr int kTypedDigits = 6;   // that can be typed at least
 constexpr int kEditFrame = 14;    // and for what is around them in an edit, pixels
 
 }  // namespace
@@ -44,6 +45,7 @@ void TfrmView::setPageTotal(int total) {
                                      std::max<qsizetype>(kFewestDigits, digits.size()), '0'));
   ui_->lblPageCurrent->setFixedWidth(width);
   ui_->txtPageCurrentEdit->setFixedWidth(width);
+  ui_->txtPageCurrentEdit->setMaxLength(std::max(kTypedDigits, static_cast<int>(digits.size())));
 }
 
 // How many pages a move passes over.
@@ -92,10 +94,10 @@ void TfrmView::updateArea() {
                                  ui_->pScroll->barThickness());
 }
 
-// The first page of a report of one page has just been read.
+// The first page has just been read.
 bool TfrmView::keepsLoadedPage() {
   const bool first = !std::exchange(firstPageShown_, true);
-  return first && doc_->PageCount == 1 && page_ != nullptr && page_->Loaded;
+  return first && page_ != nullptr && page_->Loaded && page_->Number == currentPage();
 }
 
 bool TfrmView::loadPage() {

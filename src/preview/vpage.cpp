@@ -7,7 +7,7 @@
 #include <QTimer>
 #include <algorithm>
 
-#include "document/vdoc.h"
+#include "document/loaded_page.h"
 #include "document/vdocpage.h"
 #include "platform/qt/qt_text.h"
 #include "preview/model/page_view.h"
@@ -33,23 +33,6 @@ constexpr std::int32_t kLongestSide = 16'000'000;
 Color canvasColor(const QColor& color) {
   return static_cast<Color>(color.red() | color.green() << 8 | color.blue() << 16);
 }
-
-// A page of the document that is read, and let go with the object.
-class PageOnLoan {
- public:
-  PageOnLoan(VDoc& doc, std::int32_t number)
-      : doc_(doc), number_(number), page_(doc.GetPage(number, 0)) {}
-  ~PageOnLoan() { doc_.ReleasePage(number_); }
-  PageOnLoan(const PageOnLoan&) = delete;
-  PageOnLoan& operator=(const PageOnLoan&) = delete;
-
-  VDocPage* get() const { return page_; }
-
- private:
-  VDoc& doc_;
-  std::int32_t number_;
-  VDocPage* page_;
-};
 
 // The sheet alone where there is no page.
 void paintPageOrSheet(VDocPage* page, Canvas& canvas, const PageView& view, const ViewPart& part) {
@@ -194,7 +177,7 @@ void VPage::addThumbnail(VDoc* doc, const PageView& view, const PagePlace& place
   connect(image, &PageImage::drawingFailed, this, &VPage::drawingFailed);
   image->setWaiting(true);
   image->show([doc, view, number](Canvas& canvas, const ViewPart& part) {
-    paintPageOrSheet(PageOnLoan(*doc, number).get(), canvas, view, part);
+    paintPage(*LoadedPage(*doc, number, 0), canvas, view, part);
   });
 }
 

@@ -46,11 +46,12 @@ class PdfExport : public testing::Test {
   }
 
   // The same report, by a program that stands elsewhere.
-  Outcome exportByCopy(const TemporaryDirectory& program) {
+  Outcome exportByCopy(const TemporaryDirectory& program, const char* option = "") {
     for (const char* name : {"qorutlview", "qor_harfbuzz.so"}) {
       fs::copy_file(fs::path(QOR_PROGRAM).parent_path() / name, program.path(name));
     }
-    return run({program.path("qorutlview"), "-f", "r.txt", "-codepage", "1254", "-export", "r.pdf"},
+    return run({program.path("qorutlview"), "-f", "r.txt", "-codepage", "1254", option, "-export",
+                "r.pdf"},
                {directory_.path(), {}, 0});
   }
 
@@ -314,10 +315,11 @@ TEST_F(PdfExport, endsAsEachFailureShould) {
   }
 
   const TemporaryDirectory program;
-  const Outcome missing = exportByCopy(program);
+  const Outcome missing = exportByCopy(program, "-dd");
   EXPECT_EQ(missing.exitCode, 0);
   EXPECT_EQ(missing.errors, program.path("pdflib.upr") + " dosyas? bulunamad?!\n");
   EXPECT_EQ(directory_.read("r.pdf"), "old");
+  EXPECT_TRUE(directory_.has("r.txt")) << "nothing came of it";
 }
 
 TEST_F(PdfExport, takesWhateverAReportHolds) {
@@ -326,12 +328,14 @@ TEST_F(PdfExport, takesWhateverAReportHolds) {
   const std::string hostile =
       "<img image=\"broken.png\" left=1 top=1/><img image=\"cut.jpg\" left=1 top=1 imgSS=1/>\r\n"
       "<text left=50 top=50 right=10 bottom=10 tc=X/><img left=9 top=9 right=1 bottom=1 imgSS=2 "
-      "image=\"broken.png\"/>\r\n[tl:[tt:[fc:\r\n<text left=99999 top=-99999 height=30000 "
+      "image=\"broken.png\"/>\r\n[tl:[tt:[fc:\r\n"
+      "A[tr:inf:tr][tl:5:tl][fs:nan:fs]\r\n<text left=99999 top=-99999 height=30000 "
       "tc=X/>\r\n"
       "<text left=1 top=1 tc=\"\"/><font fn=\"No such face\" height=0>y\r\n" +
       std::string(1000000, 'z') + "\r\n";
   EXPECT_EQ(exportReport(hostile).errors, "");
   EXPECT_EQ(run({"qpdf", "--check", directory_.path("r.pdf")}).exitCode, 0);
+  EXPECT_EQ(run({"pdftotext", directory_.path("r.pdf"), "-"}).errors, "");
 }
 
 TEST(PdfMarkup, isFoundByItsFirstMarks) {

@@ -209,7 +209,7 @@ TEST(PreviewKeys, clicksOnPagesWhileAPageNumberIsTyped) {
   ASSERT_NE(third, pages.end());
   const QPoint place = (*third)->mapTo(&window.form(), (*third)->rect().center());
   QTest::mouseClick(window.form().windowHandle(), Qt::LeftButton, {}, place);
-  QTest::qWait(20);
+  QCoreApplication::processEvents();
   EXPECT_FALSE(window.control("txtPageCurrentEdit").isVisible());
   EXPECT_TRUE(window.page() == 2 || window.page() == 3) << window.page();
 }

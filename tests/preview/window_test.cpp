@@ -157,7 +157,7 @@ TEST(PreviewWindow, saysWhatIsWrongWithTheFile) {
   empty.click("cmdView_MultiPage");
 }
 
-// A form of a later day stands behind each command: here one that says what was asked of it.
+// Behind the command stands a dialog that counts and answers.
 TEST(PreviewWindow, printsWhatTheSettingsDialogAsksFor) {
   struct Row {
     DialogResult result;

@@ -27,11 +27,6 @@ constexpr hb_tag_t kDropped[] = {
     HB_TAG('a', 'v', 'a', 'r'), HB_TAG('S', 'T', 'A', 'T'), HB_TAG('H', 'V', 'A', 'R'),
     HB_TAG('M', 'V', 'A', 'R'), HB_TAG('F', 'F', 'T', 'M'), HB_TAG('m', 'e', 't', 'a')};
 
-bool hasTable(hb_face_t* face, hb_tag_t tag) {
-  const HarfBuzz<hb_blob_t> table(hb_face_reference_table(face, tag));
-  return hb_blob_get_length(table.get()) > 0;
-}
-
 HarfBuzz<hb_subset_input_t> inputOf(const std::set<std::uint32_t>& glyphs) {
   HarfBuzz<hb_subset_input_t> input(hb_subset_input_create_or_fail());
   if (!input) return input;
@@ -44,8 +39,9 @@ HarfBuzz<hb_subset_input_t> inputOf(const std::set<std::uint32_t>& glyphs) {
   return input;
 }
 
-std::string bytesOf(hb_face_t* face) {
-  const HarfBuzz<hb_blob_t> blob(hb_face_reference_blob(face));
+// Takes over the blob.
+std::string bytesOf(hb_blob_t* taken) {
+  const HarfBuzz<hb_blob_t> blob(taken);
   unsigned length = 0;
   const char* data = hb_blob_get_data(blob.get(), &length);
   return std::string(data, length);
@@ -63,8 +59,9 @@ FontSubset cutFont(const std::string& file, int index, const std::set<std::uint3
   const HarfBuzz<hb_face_t> cut(hb_subset_plan_execute_or_fail(plan.get()));
   if (!cut) throw fail();
   FontSubset subset;
-  subset.bytes = bytesOf(cut.get());
-  subset.hasCff = hasTable(whole.get(), HB_TAG('C', 'F', 'F', ' '));
+  subset.bytes = bytesOf(hb_face_reference_table(cut.get(), HB_TAG('C', 'F', 'F', ' ')));
+  subset.hasCff = !subset.bytes.empty();
+  if (!subset.hasCff) subset.bytes = bytesOf(hb_face_reference_blob(cut.get()));
   const hb_map_t* places = hb_subset_plan_old_to_new_glyph_mapping(plan.get());
   for (const std::uint32_t glyph : glyphs) {
     const hb_codepoint_t place = hb_map_get(places, glyph);

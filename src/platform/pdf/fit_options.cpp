@@ -59,7 +59,7 @@ FitOptions parseFitOptions(std::string_view text) {
       const auto first = partOf(word(i + 1));
       const auto second = partOf(word(i + 2));
       if (first) options.horizontal = *first;
-      if (first || second) options.vertical = second.value_or(*first);
+      if (first || second) options.vertical = second ? *second : *first;
     } else if (words[i] == "fitmethod") {
       if (word(i + 1) == "entire") options.method = FitMethod::entire;
       if (word(i + 1) == "meet") options.method = FitMethod::meet;

@@ -9,8 +9,8 @@
 namespace qor {
 
 struct FontSubset {
-  std::string bytes;  // a TrueType or OpenType file
-  bool hasCff = false;
+  std::string bytes;    // a TrueType file, or the CFF table of an OpenType one
+  bool hasCff = false;  // the latter
   std::map<std::uint32_t, std::uint32_t> places;  // the file's glyphs to the subset's
 };
 

@@ -68,8 +68,6 @@ class PdfContent {
     double lineWidth = 1;
     PdfTextStyle text;
     std::int64_t leading = 0;  // thousandths of a point
-
-    bool operator==(const State&) const = default;
   };
 
   void operate(std::initializer_list<double> operands, std::string_view operation);

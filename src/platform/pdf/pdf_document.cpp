@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "base/units.h"
+#include "platform/pdf/fit_options.h"
 #include "platform/pdf/pdf_fonts.h"
 
 namespace qor {

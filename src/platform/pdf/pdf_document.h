@@ -10,7 +10,6 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/pdf/fit_options.h"
 #include "platform/pdf/pdf_content.h"
 #include "platform/pdf/pdf_encoding.h"
 #include "platform/pdf/pdf_images.h"

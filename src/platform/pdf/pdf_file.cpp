@@ -10,6 +10,7 @@
 
 #include <libdeflate.h>
 
+#include "base/errors.h"
 #include "platform/byte_sink.h"
 #include "platform/text_encoding.h"
 
@@ -18,6 +19,7 @@ namespace {
 
 constexpr int kCompressionLevel = 6;
 constexpr double kLargest = 1e9;
+constexpr std::uint64_t kFarthest = 9'999'999'999;  // the table has ten digits for a place
 
 // Fowler, Noll and Vo's hash, eight bytes at a time.
 constexpr std::uint64_t kHashStart = 0xCBF29CE484222325;
@@ -160,15 +162,14 @@ PdfId PdfFile::addStream(std::string_view entries, std::string_view bytes) {
 
 void PdfFile::finish(PdfId catalog, PdfId information) {
   const std::uint64_t table = position_;
+  if (table > kFarthest) throw FileError("the report is too long for a PDF file");
   const std::string size = std::to_string(places_.size() + 1);
   write("xref\n0 " + size + "\n0000000000 65535 f \n");
-  std::string rows;
   for (const std::uint64_t place : places_) {
     char row[32];
     std::snprintf(row, sizeof row, "%010llu 00000 n \n", static_cast<unsigned long long>(place));
-    rows += row;
+    write(row);
   }
-  write(rows);
   char identifier[33];
   std::snprintf(identifier, sizeof identifier, "%016llX%016llX",
                 static_cast<unsigned long long>(hash_), static_cast<unsigned long long>(table));

@@ -42,7 +42,7 @@ class PdfFile {
   PdfId addStream(std::string_view entries, std::string_view bytes);
   void writePlainStream(PdfId id, std::string_view entries, std::string_view bytes);
 
-  // The table of objects and the trailer.
+  // The table of objects and the trailer. Throws FileError beyond ten billion bytes.
   void finish(PdfId catalog, PdfId information);
 
  private:
@@ -54,7 +54,7 @@ class PdfFile {
   ByteSink& sink_;
   std::unique_ptr<Compressor> compressor_;
   std::uint64_t position_ = 0;
-  std::uint64_t hash_;  // of all bytes, for the file's identifier
+  std::uint64_t hash_;  // of the streams, for the file's identifier
   std::vector<std::uint64_t> places_;
 };
 

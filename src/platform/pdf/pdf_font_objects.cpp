@@ -9,6 +9,7 @@
 #include "platform/pdf/font_subset.h"
 #include "platform/pdf/pdf_fonts.h"
 
+#include FT_CID_H
 #include FT_TRUETYPE_TABLES_H
 
 namespace qor {
@@ -133,6 +134,15 @@ std::string widthsOf(const FontFace& face, const FontSubset& subset) {
   return text + "]]";
 }
 
+// Fonts whose glyphs have numbers of their own keep them, and are asked for them (9.7.4.2).
+// FreeType finds none in all other fonts.
+void useCharacterIds(FT_Face face, FontSubset& subset) {
+  for (auto& [glyph, place] : subset.places) {
+    FT_UInt id = 0;
+    if (FT_Get_CID_From_Glyph_Index(face, glyph, &id) == 0) place = id;
+  }
+}
+
 }  // namespace
 
 PdfId PdfFonts::writeFace(PdfFile& file, std::size_t number) const {
@@ -141,10 +151,11 @@ PdfId PdfFonts::writeFace(PdfFile& file, std::size_t number) const {
   for (std::size_t code = 0; code < face.used.size(); ++code) {
     if (face.used.test(code)) glyphs.insert(face.glyphs[code]);
   }
-  const FontSubset subset = subsetFont(face.face->file(), face.face->index(), glyphs);
+  FontSubset subset = subsetFont(face.face->file(), face.face->index(), glyphs);
+  useCharacterIds(face.face->handle(), subset);
   const std::string name = subsetName(*face.face, number, glyphs.size());
   const PdfId program = file.addStream(
-      subset.hasCff ? "/Subtype/OpenType" : "/Length1 " + std::to_string(subset.bytes.size()),
+      subset.hasCff ? "/Subtype/CIDFontType0C" : "/Length1 " + std::to_string(subset.bytes.size()),
       subset.bytes);
   const PdfId descriptor = file.addObject(descriptorOf(*face.face, name, subset.hasCff, program));
   const PdfId descendant = file.addObject(

@@ -2,8 +2,13 @@
 #include "platform/pdf/pdf_fonts.h"
 
 #include <algorithm>
+#include <utility>
+
+#include FT_TRUETYPE_TABLES_H
+#include FT_TRUETYPE_TAGS_H
 
 #include "base/errors.h"
+#include "platform/font_face.h"
 
 namespace qor {
 namespace {
@@ -31,9 +36,14 @@ bool showsNothing(char32_t character) {
   return character < U' ' || (character >= 0x7F && character < 0xA0) || character == U'\xFFFD';
 }
 
-// Only outlines in tables can be cut to subsets.
+bool hasTable(const FontFace& face, FT_ULong tag) {
+  FT_ULong length = 0;
+  return FT_Load_Sfnt_Table(face.handle(), tag, 0, nullptr, &length) == 0 && length > 0;
+}
+
+// Only outlines in tables can be cut to subsets, and PDF knows those of TrueType and CFF.
 bool canBeEmbedded(const FontFace& face) {
-  return FT_IS_SFNT(face.handle()) != 0;
+  return FT_IS_SFNT(face.handle()) != 0 && (hasTable(face, TTAG_glyf) || hasTable(face, TTAG_CFF));
 }
 
 std::shared_ptr<const FontFace> embeddableFace(FaceRequest request) {
@@ -54,8 +64,9 @@ std::size_t PdfFonts::addEncoding(const PdfEncoding& encoding) {
 }
 
 std::size_t PdfFonts::load(std::string_view name, std::size_t encoding) {
-  const auto [place, isNew] = loaded_.try_emplace({std::string(name), encoding}, fonts_.size());
-  if (!isNew) return place->second;
+  std::pair key(std::string(name), encoding);
+  const auto known = loaded_.find(key);
+  if (known != loaded_.end()) return known->second;
   Font font;
   font.request = requestOf(name);
   font.encoding = encoding;
@@ -63,7 +74,7 @@ std::size_t PdfFonts::load(std::string_view name, std::size_t encoding) {
   font.face = faceNumber(face, encoding);
   font.capHeight = face->measures().capHeight / face->measures().unitsPerEm;
   fonts_.push_back(font);
-  return place->second;
+  return loaded_[std::move(key)] = fonts_.size() - 1;
 }
 
 std::size_t PdfFonts::faceNumber(const std::shared_ptr<const FontFace>& face,

@@ -3,7 +3,6 @@
 
 #include <string>
 #include <unordered_map>
-#include <vector>
 
 #include "platform/pdf/pdf_file.h"
 #include "platform/picture.h"

@@ -1,6 +1,8 @@
 // Reading the resource file.
 #include "platform/pdf/pdf_resources.h"
 
+#include <algorithm>
+
 #include "base/errors.h"
 #include "base/text.h"
 #include "platform/input_file.h"

@@ -3,6 +3,7 @@
 
 #include "base/errors.h"
 #include "platform/font_families.h"
+#include "platform/pdf/fit_options.h"
 #include "platform/pdf/pdf_document.h"
 #include "platform/pdf/pdf_fonts.h"
 #include "platform/text_encoding.h"

@@ -13,8 +13,6 @@ namespace qor {
 struct PagePlace {
   std::int32_t number;  // of the page, 1 for the first
   Point corner;         // of its view, pixels from the corner of the area
-
-  bool operator==(const PagePlace&) const = default;
 };
 
 // Pages from `first` to `total` laid out in rows on an area of `client` pixels, each taking `view`

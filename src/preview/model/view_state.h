@@ -1,9 +1,6 @@
 // What the window remembers of itself from run to run.
 #pragma once
 
-#include <optional>
-#include <string_view>
-
 #include "preview/model/zoom_list.h"
 
 namespace qor {

@@ -7,7 +7,7 @@
 namespace qor {
 
 // Loads the page and lets it go with the object. Throws kErrorOpenDocument where the report can't
-// be opened any more: the rest of an export would be blank.
+// be opened any more: it would be blank.
 class LoadedPage {
  public:
   LoadedPage(VDoc& doc, std::int32_t number, int mode)

@@ -9,19 +9,11 @@
 #include "base/errors.h"
 #include "document/vdoc.h"
 #include "export/exporters.h"
-#include "platform/directory.h"
-#include "platform/input_file.h"
 #include "platform/messages.h"
 #include "settings/printers.h"
 
 namespace qor {
 namespace {
-
-void deleteReport() {
-  if (!AppOptions.DeleteAfterPrint || !fileExists(AppOptions.FileName)) return;
-  deleteFile(AppOptions.FileName);
-  DeleteSideFiles(AppOptions.FileName);
-}
 
 // The whole of a print but for the clean-up behind it.
 void printReport() {
@@ -55,7 +47,7 @@ int PrintWithoutInterface() {
   } catch (const std::string& text) {
     showWarning(text + AppOptions.FileName);
   }
-  deleteReport();
+  DeleteReport(ListedFiles::keep);
   return failed ? -1 : 1;
 }
 
@@ -74,7 +66,7 @@ int ExportWithoutInterface() {
     // The report stays, also under DeleteAfterPrint: nothing came of it.
     return -1;
   }
-  deleteReport();
+  DeleteReport(ListedFiles::keep);
   return 1;
 }
 

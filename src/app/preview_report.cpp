@@ -5,8 +5,6 @@
 #include "base/app_options.h"
 #include "base/errors.h"
 #include "document/vdoc.h"
-#include "platform/directory.h"
-#include "platform/input_file.h"
 #include "platform/messages.h"
 #include "platform/module.h"
 #include "preview/run_preview.h"
@@ -39,13 +37,6 @@ void scanReport(VDoc& doc) {
   }
 }
 
-void deleteReport() {
-  if (!AppOptions.DeleteAfterPrint || !fileExists(AppOptions.FileName)) return;
-  deleteFile(AppOptions.FileName);
-  DeleteListedFiles(AppOptions.FileName);
-  DeleteSideFiles(AppOptions.FileName);
-}
-
 }  // namespace
 
 void PreviewReport() {
@@ -63,7 +54,7 @@ void PreviewReport() {
   }
   // What the head of the report says of paper and font gives way to the set.
   runPreview(doc, loadSettings);
-  deleteReport();
+  DeleteReport(ListedFiles::erase);
 }
 
 }  // namespace qor

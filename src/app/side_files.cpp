@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "base/app_options.h"
 #include "base/path.h"
 #include "base/text.h"
 #include "platform/directory.h"
@@ -31,6 +32,14 @@ void DeleteSideFiles(const std::string& dataFile) {
   const std::string prefix = std::string(baseNameOf(dataFile)) + "_";
   for (const std::string& file : filesStartingWith(directory, prefix)) deleteFile(file);
   enterDirectory(directory);
+}
+
+void DeleteReport(ListedFiles listed) {
+  const std::string& report = AppOptions.FileName;
+  if (!AppOptions.DeleteAfterPrint || !fileExists(report)) return;
+  deleteFile(report);
+  if (listed == ListedFiles::erase) DeleteListedFiles(report);
+  DeleteSideFiles(report);
 }
 
 }  // namespace qor

@@ -13,4 +13,9 @@ void DeleteListedFiles(const std::string& dataFile);
 // The current directory becomes the report's.
 void DeleteSideFiles(const std::string& dataFile);
 
+// Under AppOptions.DeleteAfterPrint, deletes the report if it is there, its side files and, where a
+// user has seen it, its listed files.
+enum class ListedFiles { keep, erase };
+void DeleteReport(ListedFiles listed);
+
 }  // namespace qor

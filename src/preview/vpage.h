@@ -30,7 +30,7 @@ class VPage : public QFrame {
 
   // One page, on its sheet or as wide as its content needs. `page` must be loaded and stay so while
   // it is shown; its set takes the sheet's measurements, and a zoom that fits is replaced by its
-  // percentage.
+  // percentage. Throws FileError where no font is installed.
   void ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable, int preview_type);
 
   // Measures a page for the wide view and paints nothing.
@@ -54,7 +54,9 @@ class VPage : public QFrame {
   bool showsPages() const { return showsPages_; }
 
  signals:
+  // Where the control's corner is to stand in the scrolling area, and its size, pixels.
   void placed(const QPoint& origin, const QSize& size);
+  // A small page was clicked, from 1.
   void pageClicked(int number);
   void drawingFailed(const QString& reason);
 

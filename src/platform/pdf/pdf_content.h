@@ -44,6 +44,7 @@ class PdfContent {
     wanted_.dash.assign(lengths.begin(), lengths.end());
   }
 
+  // Places and lengths are points of the coordinates that hold, y upwards from the page's bottom.
   // What is set and the coordinates of the time of save come back with restore.
   void save();
   void restore();

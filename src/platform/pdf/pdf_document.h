@@ -43,7 +43,7 @@ class PdfDocument {
   void setPageSize(double width, double height);
 
   // A page starts with everything as in a new document. At least one page must have been ended
-  // when the document is finished.
+  // when the document is finished, which throws FileError where a font can't be embedded.
   void beginPage();
   void endPage();
   void finish();

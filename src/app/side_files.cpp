@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <string>
 
 #include "base/app_options.h"
 #include "base/path.h"
@@ -15,8 +16,8 @@ namespace {
 
 constexpr std::uint64_t kMaxListFile = 16U << 20;
 
-}  // namespace
-
+// Deletes the files named, line by line, in the report's list file: its full name up to the first
+// point, wherever that is, and "_mail.tmp".
 void DeleteListedFiles(const std::string& dataFile) {
   const std::string listFile = std::string(upTo(dataFile, '.')) + "_mail.tmp";
   const std::string list = readWholeFile(listFile, kMaxListFile).value_or("");
@@ -27,12 +28,15 @@ void DeleteListedFiles(const std::string& dataFile) {
   }
 }
 
+// Deletes the files beside the report whose names are its base name, "_" and anything with a point.
 void DeleteSideFiles(const std::string& dataFile) {
   const std::string directory(directoryOf(dataFile));
   const std::string prefix = std::string(baseNameOf(dataFile)) + "_";
   for (const std::string& file : filesStartingWith(directory, prefix)) deleteFile(file);
   enterDirectory(directory);
 }
+
+}  // namespace
 
 void DeleteReport(ListedFiles listed) {
   const std::string& report = AppOptions.FileName;

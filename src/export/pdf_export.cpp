@@ -10,7 +10,6 @@
 #include "barcode/barcode_picture.h"
 #include "base/app_options.h"
 #include "base/path.h"
-#include "base/text.h"
 #include "base/units.h"
 #include "document/code_page.h"
 #include "document/loaded_page.h"
@@ -41,8 +40,8 @@ std::time_t creationTime() {
   const char* fixed = std::getenv("SOURCE_DATE_EPOCH");
   if (fixed == nullptr) return std::time(nullptr);
   std::int64_t seconds = 0;
-  std::from_chars(fixed, fixed + std::strlen(fixed), seconds);
-  return seconds;
+  const auto [end, error] = std::from_chars(fixed, fixed + std::strlen(fixed), seconds);
+  return error == std::errc() ? seconds : std::time(nullptr);
 }
 
 // The language of texts in a code page, where it tells one.

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
+#include <tuple>
 
 #include "export/pdf_markup.h"
 #include "platform/pdf/pdf_document.h"

@@ -49,6 +49,20 @@ int systemAnsiCodePage() {
   return 1252;
 }
 
+int systemOemCodePage() {
+  struct Row {
+    int ansi;
+    int oem;
+  };
+  static constexpr Row rows[] = {{1250, 852}, {1251, 866}, {1253, 737}, {1254, 857},
+                                 {1255, 862}, {1256, 720}, {1257, 775}, {1258, 1258}};
+  const int ansi = systemAnsiCodePage();
+  for (const Row& row : rows) {
+    if (row.ansi == ansi) return row.oem;
+  }
+  return 850;
+}
+
 char decimalSeparator() {
   const locale_t locale = ::newlocale(LC_NUMERIC_MASK, "", nullptr);
   if (locale == nullptr) return '.';

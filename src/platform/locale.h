@@ -7,6 +7,9 @@ namespace qor {
 // number, else by the language of the locale.
 int systemAnsiCodePage();
 
+// The OEM code page that belongs to it, which DOS programs of the same country write.
+int systemOemCodePage();
+
 // The decimal mark of the locale, one byte.
 char decimalSeparator();
 

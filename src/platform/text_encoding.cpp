@@ -10,6 +10,8 @@
 #include <locale.h>
 #include <wctype.h>
 
+#include "platform/locale.h"
+
 namespace qor {
 namespace {
 
@@ -220,6 +222,10 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
 }
 
 int codePageOfCharset(int charset) {
+  constexpr int kDefaultCharset = 1;
+  constexpr int kOemCharset = 255;
+  if (charset == kDefaultCharset) return systemAnsiCodePage();
+  if (charset == kOemCharset) return systemOemCodePage();
   struct Row {
     int charset;
     int codePage;

@@ -33,7 +33,8 @@ std::string lowerUtf8(std::string_view text);
 // The first `count` characters of a UTF-8 text.
 std::string_view firstCharacters(std::string_view text, std::size_t count);
 
-// The ANSI code page that text of a font with this Windows character set number is written in.
+// The code page that text of a font with this Windows character set number is written in: an ANSI
+// one, the system's own for 1, and the system's OEM one for 255.
 int codePageOfCharset(int charset);
 
 }  // namespace qor

@@ -15,8 +15,9 @@ Rect naturalSize(const Rect& box, int width, int height) {
                 std::int64_t{height} * kTwipsPerInch / kPictureDpi);
 }
 
-// As large as the box allows with the picture's own proportions, in its middle. Halves are cut one
-// by one, so that odd sizes lie where they always did.
+// As large as the box allows with the picture's own proportions, in its middle; a box without a
+// lower edge has the height that leads up to the sheet's. Halves are cut one by one, so that odd
+// sizes lie where they always did.
 Rect fitted(const Rect& box, int width, int height) {
   const double pictureRatio = double(width) / height;
   const double boxRatio = static_cast<double>(box.width()) / static_cast<double>(box.height());
@@ -34,9 +35,7 @@ std::optional<Rect> placeImage(std::int32_t mode, const Rect& box, int width, in
   switch (mode) {
     case kNatural: return naturalSize(box, width, height);
     case kFillBox: return box;
-    case kFitBox:
-      if (box.width() <= 0 || box.height() <= 0) return std::nullopt;
-      return fitted(box, width, height);
+    case kFitBox: return fitted(box, width, height);
     case kTwipPerPixel: return Rect{0, 0, width, height};
     default: return std::nullopt;
   }

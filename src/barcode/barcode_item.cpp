@@ -98,6 +98,14 @@ bool VData_BarCode::SetValue(std::string_view given) {
   return true;
 }
 
+void VData_BarCode::follow(const VData_BarCode* before) {
+  if (hasEncoder(BarcodeType) && !trimmed(Value).empty()) {
+    symbolSource_ = this;
+  } else if (before != nullptr) {
+    symbolSource_ = before->symbolSource();
+  }
+}
+
 void VData_BarCode::Draw(Canvas& canvas) {
   if (trimmed(Value).empty()) return;
   const int dpi = canvas.dotsPerInch().x;

@@ -2,12 +2,11 @@
 #include "barcode/barcode_picture.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
-#include <cstdio>
 
 #include "barcode/symbol_drawing.h"
 #include "base/app_options.h"
+#include "base/errors.h"
 #include "base/path.h"
 #include "base/text.h"
 #include "base/units.h"
@@ -15,78 +14,117 @@
 #include "document/vdata.h"
 #include "document/vdocpage.h"
 #include "document/vset.h"
+#include "platform/messages.h"
 #include "platform/text_encoding.h"
 
 namespace qor {
 namespace {
 
-// A value longer than this may not fit into a file name with what stands around it.
-constexpr std::size_t kMaxPlainValue = 120;
+// A value that no file can bear shows this much of itself in the name of its picture.
 constexpr std::size_t kMaxNamedPart = 40;
 
 bool canBeFileName(std::string_view value) {
-  return value.size() <= kMaxPlainValue && std::none_of(value.begin(), value.end(), [](char c) {
-           return c == '/' || c == '\\' || static_cast<unsigned char>(c) < ' ';
-         });
+  return std::none_of(value.begin(), value.end(), [](char c) {
+    return c == '/' || c == '\\' || static_cast<unsigned char>(c) < ' ';
+  });
 }
 
-// Fowler, Noll and Vo's hash, in hexadecimal digits.
-std::string hashText(std::string_view bytes) {
-  std::uint64_t hash = 0xCBF29CE484222325;
-  for (const char byte : bytes) hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3;
-  std::array<char, 17> digits{};
-  std::snprintf(digits.data(), digits.size(), "%016llx", static_cast<unsigned long long>(hash));
-  return digits.data();
-}
-
-// The value in the name of its picture. One that no file can bear, as a web address in a QR code,
-// is told by its start and a hash.
-std::string nameOfValue(const BarcodePlace& place) {
-  if (canBeFileName(place.value)) return utf8FromCodePage(place.value, place.codePage);
-  std::string start(place.value.substr(0, kMaxNamedPart));
+// What stands for a value that no file can bear, as a web address in a QR code: its start and a
+// hash.
+std::string standInOf(std::string_view value) {
+  std::string start(value.substr(0, kMaxNamedPart));
   std::replace_if(
       start.begin(), start.end(),
       [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
-  return start + "~" + hashText(place.value);
+  return start + "~" + hashText(value);
 }
 
 BarcodePlace placeOf(const VData_BarCode& code, std::string_view stem) {
   return {stem, code.Value, code.Settings->Page.BaseCodePage, code.Left, code.Top};
 }
 
-void writePictures(VData_BarCode& code, int dpi, std::string_view stem) {
+// The rectangle of the picture, and the item's rectangle in it: the item's own size, or, where its
+// box has none, as large as what its bars cover.
+struct PictureFrame {
+  Rect frame;
+  Rect item;
+};
+
+PictureFrame frameOf(const VData_BarCode& code) {
+  const Rect item = {code.Left, code.Top, code.Right, code.Bottom};
+  const bool hasBox = item.width() > 0 && item.height() > 0;
+  const Rect frame = hasBox ? item : symbolExtent(code, item).value_or(Rect());
+  const auto inFrame = [](std::int32_t place, std::int32_t corner) {
+    return clamped(std::int64_t{place} - corner);
+  };
+  return {frame,
+          {inFrame(item.left, frame.left), inFrame(item.top, frame.top),
+           inFrame(item.right, frame.left), inFrame(item.bottom, frame.top)}};
+}
+
+void writePictures(const VData_BarCode& code, int dpi, std::string_view stem) {
   if (code.BarcodeType <= 0 || code.BarcodeType == kCodabar || dpi <= 0) return;
   const BarcodePlace picture = placeOf(code, stem);
-  const Rect item = {code.Left, code.Top, code.Right, code.Bottom};
-  const Rect place = {0, 0, clamped(item.width()), clamped(item.height())};
+  const PictureFrame place = frameOf(code);
   const std::int32_t dot = kTwipsPerInch / dpi;
-  saveSidePicture(item, dpi, code.Settings->Page,
+  saveSidePicture(place.frame, dpi,
                   {barcodePictureName(picture, ".jpeg"), barcodePictureName(picture, ".jpg")},
-                  [&](Canvas& canvas) { drawSymbol(code, canvas, place, dot); });
+                  [&](Canvas& canvas) { drawSymbol(code, canvas, place.item, dot); });
+}
+
+// Why an export has no picture of the barcode, or nothing.
+std::string reasonForNone(const VData_BarCode& code) {
+  const std::string start =
+      "barcode \"" + utf8FromCodePage(code.Value, code.Settings->Page.BaseCodePage) + "\": ";
+  if (code.BarcodeType == kInvalid) return start + "not a value of its type";
+  if (code.BarcodeType <= 0 || code.BarcodeType == kCodabar) return start + "its type is not drawn";
+  const auto shown = symbolExtent(code, {code.Left, code.Top, code.Right, code.Bottom});
+  if (!shown) return start + "no symbol can be made of it";
+  if (shown->width() == 0 || shown->height() == 0) return start + "its bars cover nothing";
+  return {};
+}
+
+void exportPicture(const VData_BarCode& code, std::string_view stem, std::int32_t page) {
+  std::string reason;
+  try {
+    writePictures(code, kPictureDpi, stem);
+    reason = reasonForNone(code);
+  } catch (const ConversionError& error) {
+    reason = error.what();
+  }
+  if (!reason.empty()) showWarning(placeInReport(page) + reason);
 }
 
 }  // namespace
 
 std::string barcodePictureName(const BarcodePlace& place, std::string_view ending) {
-  std::string name(place.stem);
-  name += "_barcode_" + nameOfValue(place) + "_" + std::to_string(roundedMillimetres(place.left)) +
-          "_" + std::to_string(roundedMillimetres(place.top));
-  return name.append(ending);
+  const auto named = [&](const std::string& value) {
+    std::string name(place.stem);
+    name += "_barcode_" + value + "_" + std::to_string(roundedMillimetres(place.left)) + "_" +
+            std::to_string(roundedMillimetres(place.top));
+    return name.append(ending);
+  };
+  if (canBeFileName(place.value)) {
+    std::string name = named(utf8FromCodePage(place.value, place.codePage));
+    if (fileNameOf(name).size() <= kMaxFileName) return name;
+  }
+  return named(standInOf(place.value));
 }
 
 std::string barcodePictureName(const VData_BarCode& code, std::string_view ending) {
-  return barcodePictureName(placeOf(code, sideFileStem(AppOptions.FileName)), ending);
+  const std::string stem = sideFileStem(AppOptions.FileName);
+  return barcodePictureName(placeOf(code, stem), ending);
 }
 
-void writeBarcodePictures(VData_BarCode& code, int dpi) {
+void writeBarcodePictures(const VData_BarCode& code, int dpi) {
   writePictures(code, dpi, sideFileStem(AppOptions.FileName));
 }
 
-void writeBarcodePicturesOf(VDocPage& page, std::string_view stem) {
-  for (VDocStr& line : page.lines()) {
-    for (VData& item : line.items()) {
-      auto* code = dynamic_cast<VData_BarCode*>(&item);
-      if (code != nullptr && !trimmed(code->Value).empty()) writePictures(*code, kPictureDpi, stem);
+void writeBarcodePicturesOf(const VDocPage& page, std::string_view stem) {
+  for (const VDocStr& line : page.lines()) {
+    for (const VData& item : line.items()) {
+      const auto* code = dynamic_cast<const VData_BarCode*>(&item);
+      if (code != nullptr && !trimmed(code->Value).empty()) exportPicture(*code, stem, page.Number);
     }
   }
 }

@@ -20,20 +20,21 @@ struct BarcodePlace {
   std::int32_t top = 0;
 };
 
-// "<stem>_barcode_<value>_<x>_<y>" and the ending; x and y in whole millimetres. A value that can't be
-// part of a file name has a short stand-in.
+// "<stem>_barcode_<value>_<x>_<y>" and the ending; x and y in whole millimetres. A value that can't
+// be part of a file name, or makes it too long, has a short stand-in.
 std::string barcodePictureName(const BarcodePlace& place, std::string_view ending);
 
 // The same with the stem of the report.
 std::string barcodePictureName(const VData_BarCode& code, std::string_view ending);
 
 // Writes the symbol in both endings, ".jpeg" and ".jpg", with the dots of a device of this
-// resolution and never more of them than the page has. A picture that can't be made or written is
-// left out.
-void writeBarcodePictures(VData_BarCode& code, int dpi);
+// resolution, as large as the item's box or, where that has no size, as what the bars cover. A
+// picture that can't be made or written is left out. Throws as drawSymbol.
+void writeBarcodePictures(const VData_BarCode& code, int dpi);
 
 // The pictures of all barcodes of a page, at 96 dots per inch, for exporters that link to them
-// without drawing. They start with the stem.
-void writeBarcodePicturesOf(VDocPage& page, std::string_view stem);
+// without drawing. They start with the stem. A barcode that shows nothing is told, with page and
+// value.
+void writeBarcodePicturesOf(const VDocPage& page, std::string_view stem);
 
 }  // namespace qor

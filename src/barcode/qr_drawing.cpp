@@ -30,7 +30,7 @@ void paintRow(const QrMatrix& matrix, int row, Canvas& canvas, const Rect& rect)
 }  // namespace
 
 void drawQr(const VData_BarCode& code, Canvas& canvas, const Rect& rect) {
-  if (code.Value.empty() || rect.width() <= 0 || rect.height() <= 0) return;
+  if (code.Value.empty() || rect.width() == 0 || rect.height() == 0) return;
   const QrMatrix matrix =
       encodeQr(codePointsFromCodePage(code.Value, code.Settings->Page.BaseCodePage), kQuietZone);
   const Pen pen = canvas.pen();

@@ -3,13 +3,16 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
 #include <string>
 
 #include "barcode/symbol_layout.h"
 #include "barcode/vbarcodecalc.h"
+#include "base/errors.h"
 #include "base/text.h"
 #include "base/units.h"
 #include "document/vdata.h"
+#include "document/vset.h"
 #include "platform/text_encoding.h"
 
 namespace qor {
@@ -18,8 +21,11 @@ namespace {
 constexpr double kInchesPerMillimetre = 0.0393700787;
 constexpr std::int64_t kCode128Indent = 11;  // modules
 
-// True if there is a symbol to draw: of this item, or one that the last item left.
-bool encode(const VData_BarCode& code, VBarCodeCalc& calc) {
+std::string utf8OfValue(const VData_BarCode& code) {
+  return utf8FromCodePage(code.Value, code.Settings->Page.BaseCodePage);
+}
+
+bool encodeValue(const VData_BarCode& code, VBarCodeCalc& calc) {
   switch (code.BarcodeType) {
     case kEan8: return !calc.EAN8(code.Value).empty();
     case kEan13: return !calc.EAN13(code.Value).empty();
@@ -29,7 +35,18 @@ bool encode(const VData_BarCode& code, VBarCodeCalc& calc) {
     case kCode128: return !calc.Code128(code.Value).empty();
     case kItf: return !calc.ITF(code.Value).empty();
     case kCode93: return !calc.Code93(code.Value).empty();
-    default: return true;
+    default: return false;
+  }
+}
+
+// True if there is a symbol to draw.
+bool encode(const VData_BarCode& code, VBarCodeCalc& calc) {
+  const VData_BarCode* source = hasEncoder(code.BarcodeType) ? &code : code.symbolSource();
+  if (source == nullptr) return false;
+  try {
+    return encodeValue(*source, calc);
+  } catch (const ConversionError& error) {
+    throw ConversionError("barcode \"" + utf8OfValue(code) + "\": " + error.what());
   }
 }
 
@@ -42,8 +59,12 @@ std::int64_t totalLength(const VBarCodeCalc::Texts& texts) {
 // A symbol on its way to the canvas.
 class SymbolPainter {
  public:
-  SymbolPainter(VData_BarCode& code, Canvas& canvas, const SymbolLayout& layout)
-      : code_(code), canvas_(canvas), layout_(layout) {}
+  SymbolPainter(const VData_BarCode& code, Canvas& canvas, const SymbolLayout& layout)
+      : code_(code), canvas_(canvas), layout_(layout), font_(code.Font.LogFont) {
+    font_.Height = truncated(layout.textHeight);
+    font_.Width = truncated(code.Font.Width * kTwipsPerInch / kMillimetresPerInch);
+    font_.Escapement = font_.Orientation = layout.orientation * 900;
+  }
 
   void paint(const VBarCodeCalc::Texts& patterns, const VBarCodeCalc::Texts& labels) {
     std::int64_t place = 0;
@@ -82,17 +103,14 @@ class SymbolPainter {
       paintLabel(label, from, to);
       return;
     }
-    // The first digit of EAN-13 has no bars: it stands before them, as wide as the last label was.
-    const std::int64_t width = code_.Font.LogFont.Width;
+    // The first digit of EAN-13 has no bars: it stands before them, by the width of the labels.
+    const std::int64_t width = font_.Width;
     const std::int64_t back = layout_.backward() ? width : -width;
     (layout_.upright() ? from.x : from.y) = clamped((layout_.upright() ? to.x : to.y) + back);
     paintLabel(code_.Value.substr(0, 1), from, to);
   }
 
   void paintLabel(const std::string& label, Point from, Point to) {
-    LogFont& font = code_.Font.LogFont;
-    font.Height = truncated(layout_.textHeight);
-    font.Width = truncated(code_.Font.Width * kTwipsPerInch / kMillimetresPerInch);
     if (label == " " || label.empty()) return;
     const double halfCharacter = code_.Font.Width * kInchesPerMillimetre * kTwipsPerInch / 2;
     showText(label, alongBars(from), middle(from, to, halfCharacter));
@@ -108,9 +126,8 @@ class SymbolPainter {
     const Point to = layout_.at(end - kCode128Indent);
     const std::int64_t way =
         layout_.upright() ? std::int64_t{from.x} - to.x : std::int64_t{from.y} - to.y;
-    LogFont& font = code_.Font.LogFont;
-    font.Height = layout_.textRow;
-    font.Width = clamped(way / static_cast<std::int64_t>(text.size()));
+    font_.Height = layout_.textRow;
+    font_.Width = clamped(way / static_cast<std::int64_t>(text.size()));
     showText(text, alongBars(from), layout_.upright() ? from.x : from.y);
   }
 
@@ -131,48 +148,65 @@ class SymbolPainter {
   }
 
   void showText(const std::string& text, std::int32_t alongBar, std::int32_t alongStep) {
-    LogFont& font = code_.Font.LogFont;
-    font.Escapement = font.Orientation = layout_.orientation * 900;
     canvas_.setTextColor(code_.Font.Color);
     canvas_.setCharacterExtra(twipsFromMillimetres(code_.Font.LineSpacing));
-    canvas_.setFont(font);
+    canvas_.setFont(font_);
     canvas_.moveTo(layout_.upright() ? Point{alongStep, alongBar} : Point{alongBar, alongStep});
-    canvas_.textOut(codePointsFromCodePage(text, codePageOfCharset(font.CharSet)));
+    canvas_.textOut(codePointsFromCodePage(text, codePageOfCharset(font_.CharSet)));
   }
 
-  VData_BarCode& code_;
+  const VData_BarCode& code_;
   Canvas& canvas_;
   const SymbolLayout& layout_;
+  LogFont font_;
 };
 
-// Paints what the calculator holds. Labels leave the current position where it was.
-void paintSymbol(VData_BarCode& code, Canvas& canvas, const Rect& rect) {
+// A symbol in entries, quiet zones included, and where it goes.
+struct PlacedSymbol {
   VBarCodeCalc::Texts patterns;
   VBarCodeCalc::Texts labels;
-  barCodeCalc().Layout(patterns, labels);
-  const SymbolLayout layout = layOutSymbol(code, rect, totalLength(patterns));
-  // Fitted to a box that runs backward it would be mirrored, which no reader takes.
-  const std::int64_t span = layout.upright() ? rect.width() : rect.height();
-  if (isFitted(code) && span <= 0) return;
-  code.LineWidth = layout.module;
-  const Point position = canvas.currentPosition();
-  SymbolPainter(code, canvas, layout).paint(patterns, labels);
-  canvas.moveTo(position);
+  std::int64_t modules = 0;
+  SymbolLayout layout;
+};
+
+std::optional<PlacedSymbol> placeSymbol(const VData_BarCode& code, const Rect& rect) {
+  VBarCodeCalc calc;
+  if (!encode(code, calc)) return std::nullopt;
+  PlacedSymbol symbol;
+  calc.Layout(symbol.patterns, symbol.labels);
+  symbol.modules = totalLength(symbol.patterns);
+  symbol.layout = layOutSymbol(code, rect, symbol.modules);
+  return symbol;
+}
+
+bool isDrawn(const VData_BarCode& code) {
+  return code.BarcodeType > 0 && code.BarcodeType != kCodabar;
 }
 
 }  // namespace
 
-void drawSymbol(VData_BarCode& code, Canvas& canvas, const Rect& rect, std::int32_t dot) {
+void drawSymbol(const VData_BarCode& code, Canvas& canvas, const Rect& rect, std::int32_t dot) {
   if (code.BarcodeType == kQr) return drawQr(code, canvas, rect);
-  if (code.BarcodeType <= 0 || code.BarcodeType == kCodabar) return;
+  if (!isDrawn(code)) return;
   const Pen penBefore = canvas.pen();
   const Brush brushBefore = canvas.brush();
   canvas.setPen({PenStyle::none, dot, code.BarColor});
   canvas.setBrush({BrushStyle::solid, code.BarColor});
-  if (!encode(code, barCodeCalc())) return;
-  paintSymbol(code, canvas, rect);
+  const auto symbol = placeSymbol(code, rect);
+  if (!symbol) return;
+  // Labels leave the current position where it was.
+  const Point position = canvas.currentPosition();
+  SymbolPainter(code, canvas, symbol->layout).paint(symbol->patterns, symbol->labels);
+  canvas.moveTo(position);
   canvas.setPen(penBefore);
   canvas.setBrush(brushBefore);
+}
+
+std::optional<Rect> symbolExtent(const VData_BarCode& code, const Rect& rect) {
+  if (code.BarcodeType == kQr) return ordered(rect);
+  const auto symbol = isDrawn(code) ? placeSymbol(code, rect) : std::nullopt;
+  if (!symbol) return std::nullopt;
+  return symbol->layout.extent(symbol->modules);
 }
 
 }  // namespace qor

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "platform/canvas.h"
 
@@ -25,12 +26,22 @@ enum BarcodeKind {
   kQr
 };
 
-// Draws the symbol in the rectangle; `dot` is the width of a device dot in twips. Types without an
-// encoder show what the last symbol left. Leaves the width of its modules and the font of its
-// labels in the item. Throws ConversionError for a UPC-E that can't be compressed.
-void drawSymbol(VData_BarCode& code, Canvas& canvas, const Rect& rect, std::int32_t dot);
+// True for the types whose symbols are made of their values.
+constexpr bool hasEncoder(int type) {
+  return (type >= kEan8 && type <= kCode128) || type == kItf || type == kCode93;
+}
 
-// Draws the value as a QR code stretched to the rectangle.
+// Draws the symbol in the rectangle, as often as one likes alike; `dot` is the width of a device
+// dot in twips. Types without an encoder show the symbol of the item's source. Throws
+// ConversionError, which tells the value, for a UPC-E that can't be compressed.
+void drawSymbol(const VData_BarCode& code, Canvas& canvas, const Rect& rect, std::int32_t dot);
+
+// What a symbol drawn in the rectangle covers, quiet zones and the row of its text included: edges
+// in order. Without a width where its bars have none; nothing where it has no symbol. Throws as
+// drawSymbol.
+std::optional<Rect> symbolExtent(const VData_BarCode& code, const Rect& rect);
+
+// Draws the value as a QR code stretched to the rectangle; mirrored where that runs backward.
 void drawQr(const VData_BarCode& code, Canvas& canvas, const Rect& rect);
 
 }  // namespace qor

@@ -2,6 +2,7 @@
 #include "barcode/symbol_layout.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/units.h"
 #include "document/vdata.h"
@@ -42,6 +43,14 @@ Point startOf(int orientation, const Rect& rect, std::int32_t offset, double ins
   }
 }
 
+// Guard bars reach into the row of the text, at its side of the bars.
+double textEdgeOf(const VData_BarCode& code, const SymbolLayout& layout, double direction) {
+  if (!code.ShowValue) return 0;
+  if (code.ValuePosition == 0) return -direction * layout.textRow;
+  const double row = std::abs(layout.textHeight) + std::abs(layout.module) / 2;
+  return layout.barLength + direction * std::max(row, std::abs(layout.module) * kGuardModules);
+}
+
 }  // namespace
 
 bool isFitted(const VData_BarCode& code) {
@@ -52,6 +61,22 @@ Point SymbolLayout::at(std::int64_t modules) const {
   const std::int64_t way = modules * step;
   return upright() ? Point{clamped(start.x + way), start.y}
                    : Point{start.x, clamped(start.y + way)};
+}
+
+Rect ordered(const Rect& rect) {
+  return {std::min(rect.left, rect.right), std::min(rect.top, rect.bottom),
+          std::max(rect.left, rect.right), std::max(rect.top, rect.bottom)};
+}
+
+Rect SymbolLayout::extent(std::int64_t modules) const {
+  const Point end = at(modules);
+  const auto [first, last] = std::minmax({0, barLength, textEdge});
+  if (upright()) {
+    return ordered({start.x, clamped(std::int64_t{start.y} + first), end.x,
+                    clamped(std::int64_t{start.y} + last)});
+  }
+  return ordered({clamped(std::int64_t{start.x} + first), start.y,
+                  clamped(std::int64_t{start.x} + last), end.y});
 }
 
 SymbolLayout layOutSymbol(const VData_BarCode& code, const Rect& rect, std::int64_t modules) {
@@ -78,6 +103,7 @@ SymbolLayout layOutSymbol(const VData_BarCode& code, const Rect& rect, std::int6
   layout.barLength = truncated(direction * room);
   layout.guardLength = truncated(direction * layout.module * kGuardModules);
   layout.step = backward ? -step : step;
+  layout.textEdge = truncated(textEdgeOf(code, layout, direction));
   const double width = layout.module * static_cast<double>(modules);
   layout.start = startOf(layout.orientation, rect, offsetOf(code, span, width), inset);
   return layout;

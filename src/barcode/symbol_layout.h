@@ -23,6 +23,7 @@ struct SymbolLayout {
   std::int32_t step = 0;         // to the next module, signed
   std::int32_t barLength = 0;    // signed
   std::int32_t guardLength = 0;  // how much longer guard bars are, signed
+  std::int32_t textEdge = 0;     // the far edge of the text's row, from the start along the bars
 
   bool upright() const { return orientation == 0 || orientation == 2; }  // bars run up or down
   bool forward() const { return orientation == 0 || orientation == 1; }  // bars run down or right
@@ -31,7 +32,13 @@ struct SymbolLayout {
 
   // The place of a module, counted from the first one.
   Point at(std::int64_t modules) const;
+
+  // What a symbol of that many modules covers: its bars and the row of its text.
+  Rect extent(std::int64_t modules) const;
 };
+
+// The rectangle with its edges in order.
+Rect ordered(const Rect& rect);
 
 // True if the modules are made to fill the rectangle.
 bool isFitted(const VData_BarCode& code);

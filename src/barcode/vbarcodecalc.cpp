@@ -76,9 +76,4 @@ void VBarCodeCalc::Layout(Texts& patterns, Texts& labels) const {
   labels = surround(labels_, ' ');
 }
 
-VBarCodeCalc& barCodeCalc() {
-  static VBarCodeCalc calc;
-  return calc;
-}
-
 }  // namespace qor

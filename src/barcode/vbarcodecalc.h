@@ -9,8 +9,7 @@
 namespace qor {
 
 // A symbol is a list of entries: modules as a text of "1" (bar) and "0" (space), and the label that
-// stands under them. The lists keep their content until the next encoder clears them, and an item
-// without an encoder of its own shows what they hold.
+// stands under them.
 class VBarCodeCalc {
  public:
   using Texts = std::vector<std::string>;
@@ -49,8 +48,5 @@ class VBarCodeCalc {
   Texts labels_;
   Texts patterns_;
 };
-
-// The one of the process.
-VBarCodeCalc& barCodeCalc();
 
 }  // namespace qor

@@ -118,7 +118,7 @@ void Interpreter::setPitch(char letter, Parameter n) {
 
 void Interpreter::setPageLayout(char letter, Parameter n) {
   switch (upperCase(letter)) {
-    case 'C': font_.LineSpacing = n.number; return;
+    case 'C': font_.RowHeight = n.number; return;
     case 'D':
       if (n.whole != 0) font_.Height = (720 / n.whole) / 10.0;
       return;

@@ -17,6 +17,7 @@ void FontState::Reset() {
   Color = 0;
   CharSpacing = 0.0;
   LineSpacing = 0.0;
+  RowHeight = 0.0;
 }
 
 void VFont_List::Push(int key, const FontState& font) {

@@ -19,9 +19,12 @@ struct FontState {
   struct LogFont LogFont;  // its height and width are worked out anew at each drawing
   qor::Color Color;
   double CharSpacing;  // millimetres between characters
-  double LineSpacing;  // millimetres (1/48 inch in the base font of a page)
+  double LineSpacing;  // millimetres between lines
+  double RowHeight;    // 1/48 inch, of the text grid and of empty lines; 0: as the font has it
 
   FontState() { Reset(); }
+
+  bool operator==(const FontState&) const = default;
 
   // Courier New, 10 points, black, in the character set of the interface language.
   void Reset();
@@ -42,8 +45,6 @@ class VFont_List {
   // Brings back the font from before the newest tag with this key, and closes the tags opened
   // since. Nothing happens where no such tag is open.
   void Pop(int key, FontState& font);
-
-  bool hasOpenTags() const { return !open_.empty(); }
 
  private:
   std::uint32_t openKeys() const { return open_.empty() ? 0 : open_.back().OpenKeys; }

@@ -1,12 +1,11 @@
 // Pictures of items beside the report.
 #include "document/side_picture.h"
 
-#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
+#include "base/errors.h"
 #include "base/units.h"
-#include "document/vset.h"
 #include "platform/bitmap_canvas.h"
 #include "platform/messages.h"
 #include "platform/save_picture.h"
@@ -14,26 +13,22 @@
 namespace qor {
 namespace {
 
-int withinSheet(std::int64_t twips, int twipsPerDot, const VSetPage& page) {
-  const std::int32_t sheet = twipsFromMillimetres(std::max(page.PaperWidth, page.PaperHeight));
-  return clamped(std::min<std::int64_t>(twips, sheet) / twipsPerDot);
-}
+bool untold = false;
 
 // A directory that can't be written would be told for each barcode of each page.
 void warnOnce(const char* text) {
   static bool warned = false;
-  if (!std::exchange(warned, true)) showWarning(text);
+  if (!untold && !std::exchange(warned, true)) showWarning(text);
 }
 
 }  // namespace
 
-void saveSidePicture(const Rect& rect, int dpi, const VSetPage& page,
-                     const std::vector<std::string>& names,
+void saveSidePicture(const Rect& rect, int dpi, const std::vector<std::string>& names,
                      const std::function<void(Canvas&)>& draw) {
   const int twipsPerDot = dpi > 0 ? kTwipsPerInch / dpi : 0;
   if (twipsPerDot == 0 || names.empty()) return;
-  const int width = withinSheet(rect.width(), twipsPerDot, page);
-  const int height = withinSheet(rect.height(), twipsPerDot, page);
+  const int width = clamped(rect.width() / twipsPerDot);
+  const int height = clamped(rect.height() / twipsPerDot);
   if (width <= 0 || height <= 0) return;
   try {
     BitmapCanvas bitmap(width, height, kTwipsPerInch / twipsPerDot);
@@ -41,10 +36,18 @@ void saveSidePicture(const Rect& rect, int dpi, const VSetPage& page,
     for (const std::string& name : names) {
       savePicture(bitmap.pixels(), PictureFormat::jpeg, dpi, name);
     }
-  } catch (const std::runtime_error& error) {
-    // Whatever it is, it costs the picture and nothing else.
+  } catch (const PictureError& error) {
+    showWarning(names.front() + ": " + error.what());
+  } catch (const FileError& error) {
     warnOnce(error.what());
   }
+}
+
+UntoldSidePictures::UntoldSidePictures() : before_(std::exchange(untold, true)) {
+}
+
+UntoldSidePictures::~UntoldSidePictures() {
+  untold = before_;
 }
 
 }  // namespace qor

@@ -9,14 +9,25 @@ namespace qor {
 
 class Canvas;
 struct Rect;
-struct VSetPage;
 
-// Draws a bitmap of the rectangle's size, with the dots of a device of this resolution and never
-// longer than a side of the sheet, and writes it as JPEG under each name. Logical (0, 0) is the
-// bitmap's corner. A picture that can't be made or written costs nothing but itself: the first one
-// is told on standard error.
-void saveSidePicture(const Rect& rect, int dpi, const VSetPage& page,
-                     const std::vector<std::string>& names,
+// Draws a bitmap of the rectangle's size, with the dots of a device of this resolution, and writes
+// it as JPEG under each name. Logical (0, 0) is the bitmap's corner. A picture that can't be made
+// or written costs nothing but itself: the first file that the directory refuses is told in one
+// line, and so is each picture that can't be made.
+void saveSidePicture(const Rect& rect, int dpi, const std::vector<std::string>& names,
                      const std::function<void(Canvas&)>& draw);
+
+// While one lives, pictures that the directory refuses are not told: whoever only looks at a report
+// has no use for them.
+class UntoldSidePictures {
+ public:
+  UntoldSidePictures();
+  ~UntoldSidePictures();
+  UntoldSidePictures(const UntoldSidePictures&) = delete;
+  UntoldSidePictures& operator=(const UntoldSidePictures&) = delete;
+
+ private:
+  bool before_;
+};
 
 }  // namespace qor

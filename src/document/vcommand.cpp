@@ -35,7 +35,7 @@ int placeOf(std::string_view key, const std::array<std::string_view, Count>& key
 
 }  // namespace
 
-VCommand::VCommand(VSet& settings) : Font(&settings.Font), Settings(&settings) {
+VCommand::VCommand(VSet& settings, FontState& font) : Font(&font), Settings(&settings) {
 }
 
 std::unique_ptr<VData> VCommand::NextItem(LineCursor& cursor) {
@@ -151,9 +151,17 @@ std::unique_ptr<VData> VCommand::MakeItem(const Tag& tag) {
     case kText: return withAttributes(std::make_unique<VData_Text>("", Font));
     case kShape: return withAttributes(std::make_unique<VData_Shape>(Settings));
     case kImage: return withAttributes(std::make_unique<VData_Image>(Settings));
-    case kBarcode: return withAttributes(std::make_unique<VData_BarCode>(Settings));
+    case kBarcode: return makeBarcode(tag);
     default: return nullptr;
   }
+}
+
+std::unique_ptr<VData> VCommand::makeBarcode(const Tag& tag) {
+  auto item = std::make_unique<VData_BarCode>(Settings);
+  readAttributes(tag.attributes, *item);
+  item->follow(barcodeBefore_);
+  barcodeBefore_ = item.get();
+  return item;
 }
 
 }  // namespace qor

@@ -11,14 +11,18 @@
 namespace qor {
 
 class VData;
+class VData_BarCode;
 class VSet;
-struct VSetPage;
 
-// Built for each loading of a page. The running font is the one of the document's set, so a style
-// left open goes on in what is read next.
+// Built for each reading of a page, with the font that runs at its start. A style left open goes on
+// in what is read next.
 class VCommand : public VFont_List {
  public:
-  explicit VCommand(VSet& settings);
+  // Both must live as long; the font is changed.
+  VCommand(VSet& settings, FontState& font);
+
+  // The font at the place that was read last.
+  const FontState& runningFont() const { return *Font; }
 
   // The next item of the line, or null where the cursor stood at a command without an item. Always
   // moves the cursor on, unless it is at the end.
@@ -47,10 +51,12 @@ class VCommand : public VFont_List {
   void ApplyStyleCommand(const Tag& tag);
   void applyPlainStyle(int key);
   std::unique_ptr<VData> MakeItem(const Tag& tag);
+  std::unique_ptr<VData> makeBarcode(const Tag& tag);
   std::unique_ptr<VData> takeTextRun(LineCursor& cursor);
 
   FontState* Font;
   VSet* Settings;
+  const VData_BarCode* barcodeBefore_ = nullptr;
 };
 
 }  // namespace qor

@@ -120,8 +120,16 @@ class VData_BarCode : public VData_Font, public VData_Shape {
  public:
   explicit VData_BarCode(VSet* settings) : VData_Font(nullptr), VData_Shape(settings) {}
 
+  // Throws ConversionError, which tells the value, for a symbol that can't be made of it.
   void Draw(Canvas& canvas) override;
   void DrawOnPage(Canvas& canvas) override { Draw(canvas); }
+
+  // Once the keys are read: `before` is the barcode before this one on the page, or null.
+  void follow(const VData_BarCode* before);
+
+  // The item whose symbol this one shows: itself, or, where its type has no encoder, the nearest
+  // one before it on the page that has; null where there is none.
+  const VData_BarCode* symbolSource() const { return symbolSource_; }
 
   // Takes a symbology's name or number; an unknown one makes the type -1.
   void SetType(std::string_view text);
@@ -146,6 +154,9 @@ class VData_BarCode : public VData_Font, public VData_Shape {
   bool SizeSet = true;
   float SizeFactor = 1.0F;
   std::int32_t AttributeCount = 0;
+
+ private:
+  const VData_BarCode* symbolSource_ = nullptr;
 };
 
 }  // namespace qor

@@ -1,6 +1,7 @@
 // The document's file: opening it, its head, and its pages on demand.
 #include "document/vdoc.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
@@ -61,7 +62,13 @@ int VDoc::ReadHeader(const InputFile& file) {
   BaseFontPercent = baseFontPercent(header);
   if (header.front() != kEscape) return 0;
   std::size_t consumed = 0;
-  RunControlSequences(header, consumed, &Settings.Page, Settings.Font);
+  VSetPage page = Settings.Page;
+  FontState font = Settings.Font;
+  RunControlSequences(header, consumed, &page, font);
+  if (!std::exchange(headApplied_, true)) {
+    Settings.Page = page;
+    Settings.Font = font;
+  }
   HeaderLength = static_cast<std::uint32_t>(consumed);
   return 1;
 }
@@ -88,10 +95,30 @@ VDocPage* VDoc::GetPage(std::int32_t number, int mode) {
   return page;
 }
 
-void VDoc::readPage(VDocPage& page, const InputFile& file, int mode) const {
+const FontState& VDoc::FontAt(std::int32_t number) {
+  if (!fonts_.startsWith(Settings.Font)) fonts_.restart(Settings.Font);
+  return fonts_.at(number);
+}
+
+void VDoc::readPage(VDocPage& page, const InputFile& file, int mode) {
   // The first page of a quick scan starts at 0, before the control sequences.
   if (page.Number == 1 && HeaderLength > 0) page.Offset = HeaderLength;
-  page.ReadLines(file, mode);
+  FontState font = FontAt(page.Number);
+  page.ReadLines(file, mode, font);
+  fonts_.endOfPage(page.Number, font);
+}
+
+void VDoc::readUpTo(std::int32_t number, const InputFile& file) {
+  FontAt(number);
+  while (fonts_.known() < std::min(number, PageCount)) {
+    VDocPage& page = *findPage(fonts_.known());
+    readPage(page, file, 0);
+    page.ReleaseLines();
+  }
+}
+
+void VDoc::ReadUpTo(std::int32_t number) {
+  if (const auto file = OpenFile()) readUpTo(number, *file);
 }
 
 void VDoc::ReleasePage(std::int32_t number) {
@@ -103,6 +130,7 @@ void VDoc::Clear() {
   PageCount = 0;
   KnownSize = 0;
   HeaderLength = 0;
+  ForgetFonts();
 }
 
 VDocPage& VDoc::appendPage(std::uint64_t offset, std::uint64_t length) {

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 
+#include "document/running_fonts.h"
 #include "document/vdocpage.h"
 #include "document/vset.h"
 #include "platform/input_file.h"
@@ -22,8 +23,9 @@ class VDoc {
   // user, sets LastError and gives nothing.
   static std::optional<InputFile> OpenFile();
 
-  // Runs the control sequences at the head of the file, which set the defaults of the document.
-  // Returns 1 if there were any, else 0. Throws kErrorReadDocument.
+  // Runs the control sequences at the head of the file, which set the defaults of the document
+  // once: what the settings say later goes before them. Returns 1 if there were any, else 0. Throws
+  // kErrorReadDocument.
   int ReadHeader(const InputFile& file);
 
   // Indexes only the first page, to show something while the report is being written.
@@ -36,9 +38,26 @@ class VDoc {
   // True if the file's size is not the one seen last.
   bool FileChanged();
 
-  // The page with its lines loaded, or null. Where the file can't be opened it has no lines.
+  // The page with its lines loaded, or null. Where the file can't be opened it has no lines. It
+  // begins where the page before it ended or, where not all pages before it have been read, as the
+  // last of these that is known.
   VDocPage* GetPage(std::int32_t number, int mode);
   void ReleasePage(std::int32_t number);
+
+  // Reads the pages before this one that have not been read yet. Does nothing where the file can't
+  // be opened; throws as GetPage.
+  void ReadUpTo(std::int32_t number);
+
+  // How many pages from the first on have a start that is known: those before them were read. The
+  // first page has as soon as it was asked for.
+  std::int32_t KnownStarts() const { return fonts_.known(); }
+
+  // The font at the start of a page, as far as it is known. One behind the last page is its end.
+  const FontState& FontAt(std::int32_t number);
+
+  // Forgets what the pages have left to each other: for settings or texts that read differently.
+  // Another font of the settings does so by itself.
+  void ForgetFonts() { fonts_ = {}; }
 
   // Back to an empty document.
   void Clear();
@@ -75,10 +94,14 @@ class VDoc {
  private:
   friend class PageScan;
 
-  void readPage(VDocPage& page, const InputFile& file, int mode) const;
+  void readPage(VDocPage& page, const InputFile& file, int mode);
+  void readUpTo(std::int32_t number, const InputFile& file);
   void printPages(const std::string& output, bool selectedOnly);
   VDocPage& appendPage(std::uint64_t offset, std::uint64_t length);
   void dropControlPage(const InputFile& file);
+
+  RunningFonts fonts_;
+  bool headApplied_ = false;
 };
 
 }  // namespace qor

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "base/app_options.h"
 #include "base/errors.h"
 #include "document/control_bytes.h"
 #include "document/vcommand.h"
@@ -35,8 +36,8 @@ bool isLineByte(char c, bool keepTabs) {
 // Cuts the bytes of a page into lines.
 class LineSplitter {
  public:
-  LineSplitter(VDocPage& page, std::string_view bytes, bool keepTabs)
-      : page_(page), bytes_(bytes), keepTabs_(keepTabs) {}
+  LineSplitter(VDocPage& page, VCommand& commands, std::string_view bytes, bool keepTabs)
+      : page_(page), commands_(commands), bytes_(bytes), keepTabs_(keepTabs) {}
 
   void run() {
     while (place_ < bytes_.size() && bytes_[place_] != kEndOfFile) {
@@ -77,7 +78,7 @@ class LineSplitter {
   }
 
   void addLine() {
-    VDocStr& line = page_.AddLine(line_);
+    VDocStr& line = page_.AddLine(line_, commands_);
     if (std::exchange(pendingFormFeed_, false)) line.AfterFormFeed = true;
     if (std::exchange(pendingOverprint_, false)) {
       line.Overprint = 1;
@@ -88,6 +89,7 @@ class LineSplitter {
   }
 
   VDocPage& page_;
+  VCommand& commands_;
   std::string_view bytes_;
   bool keepTabs_;
   std::size_t place_ = 0;
@@ -100,6 +102,10 @@ class LineSplitter {
 
 }  // namespace
 
+std::string placeInReport(std::int32_t page) {
+  return AppOptions.FileName + ": page " + std::to_string(page) + ": ";
+}
+
 VDocPage::VDocPage(std::int32_t number, VSet* settings) : Settings(settings), Number(number) {
 }
 
@@ -107,32 +113,35 @@ VDocPage::~VDocPage() {
   ReleaseLines();
 }
 
-void VDocPage::ReadLines(const InputFile& file, int mode) {
+void VDocPage::ReadLines(const InputFile& file, int mode, FontState& font) {
   ReleaseLines();
-  if (!Commands) Commands = std::make_unique<VCommand>(*Settings);
   if (Length > kMaxPageBytes) {
     throw std::string("Error: page " + std::to_string(Number) + " is too long to be read: ");
   }
+  std::string bytes;
   try {
-    LineSplitter(*this, readBytes(file, Offset, Length), mode == kKeepTabs).run();
-  } catch (const FileError&) {
-    throw std::string("Error: can't read data from document file: ");
+    bytes = readBytes(file, Offset, Length);
+  } catch (const FileError& error) {
+    throw std::string(error.what()) + ": page " + std::to_string(Number) +
+        ". Error: can't read data from document file: ";
   }
+  VCommand commands(*Settings, font);
+  LineSplitter(*this, commands, bytes, mode == kKeepTabs).run();
+  Font = std::make_unique<FontState>(font);
   Loaded = true;
 }
 
-VDocStr& VDocPage::AddLine(std::string_view text) {
+VDocStr& VDocPage::AddLine(std::string_view text, VCommand& commands) {
   VDocStr*& link = LastLine == nullptr ? FirstLine : LastLine->Next;
-  link = LastLine = new VDocStr(text, *Commands);
+  link = LastLine = new VDocStr(text, commands);
   return *LastLine;
 }
 
 void VDocPage::ReleaseLines() {
   deleteChain<&VDocStr::Next>(FirstLine);
   LastLine = nullptr;
+  Font.reset();
   Loaded = false;
-  // Tags that the page leaves open are there to be closed when it is loaded again.
-  if (Commands && !Commands->hasOpenTags()) Commands.reset();
 }
 
 }  // namespace qor

@@ -3,9 +3,11 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "base/chain.h"
+#include "document/font_state.h"
 #include "document/vdocstr.h"
 
 namespace qor {
@@ -18,6 +20,9 @@ class VSet;
 // dropped.
 inline constexpr int kKeepTabs = 8;
 
+// "<report>: page <number>: ", for messages about what stands there.
+std::string placeInReport(std::int32_t page);
+
 class VDocPage {
  public:
   VDocPage(std::int32_t number, VSet* settings);
@@ -25,13 +30,14 @@ class VDocPage {
   VDocPage(const VDocPage&) = delete;
   VDocPage& operator=(const VDocPage&) = delete;
 
-  // Reads the page's bytes and builds its lines. Throws the text "Error: can't read data from
-  // document file: " as a std::string where they can't be read, and another such text for a page of
-  // more than 1 GiB.
-  void ReadLines(const InputFile& file, int mode);
+  // Reads the page's bytes and builds its lines, with the font that runs at its start; `font` is
+  // then the one at its end. Throws a text that ends with "Error: can't read data from document
+  // file: " as a std::string where they can't be read, and another such text for a page of more
+  // than 1 GiB.
+  void ReadLines(const InputFile& file, int mode, FontState& font);
 
   // Builds one line and appends it.
-  VDocStr& AddLine(std::string_view text);
+  VDocStr& AddLine(std::string_view text, VCommand& commands);
 
   // Drops the lines; the place in the file stays.
   void ReleaseLines();
@@ -42,8 +48,8 @@ class VDocPage {
 
   VDocStr* FirstLine = nullptr;  // owned
   VDocStr* LastLine = nullptr;
-  VSet* Settings;                      // the document's
-  std::unique_ptr<VCommand> Commands;  // exists while the page is loaded or has left tags open
+  VSet* Settings;                   // the document's
+  std::unique_ptr<FontState> Font;  // at the end of the page, while it is loaded: that of its grid
   std::uint64_t Offset = 0;
   std::uint64_t Length = 0;
   std::int32_t Number;   // 1 for the first page

@@ -1,12 +1,19 @@
 // Building lines.
 #include "document/vdocstr.h"
 
+#include <algorithm>
+
+#include "base/units.h"
 #include "document/vcommand.h"
 
 namespace qor {
 
 VDocStr::VDocStr(std::string_view text, VCommand& commands) {
-  if (text.empty()) AddItem(std::make_unique<VData_Text>("", nullptr));
+  if (text.empty()) {
+    const FontState& font = commands.runningFont();
+    AddItem(std::make_unique<VData_Text>("", &font));
+    RowHeight = std::max(0, twipsFromRowUnits(font.RowHeight));
+  }
   for (LineCursor cursor(text); !cursor.atEnd();) AddItem(commands.NextItem(cursor));
 }
 

@@ -15,7 +15,8 @@ class VCommand;
 
 class VDocStr {
  public:
-  // Reads the items of the text. An empty text gives one empty text item, so that it has a height.
+  // Reads the items of the text. An empty text gives one empty text item in the running font, so
+  // that it has a height.
   VDocStr(std::string_view text, VCommand& commands);
   ~VDocStr();
   VDocStr(const VDocStr&) = delete;
@@ -33,6 +34,7 @@ class VDocStr {
   VData* LastItem = nullptr;
   bool AfterFormFeed = false;  // the line before ended in a form feed
   std::int32_t Height = 0;     // twips, worked out when the line is drawn
+  std::int32_t RowHeight = 0;  // twips, of an empty line where the report sets it, else 0
   std::int32_t Overprint = 0;  // 1 if the line before ended in a bare CR
   std::int32_t LineFeeds = 1;  // 0 if the line before ended in a bare CR
 };

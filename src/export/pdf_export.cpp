@@ -89,10 +89,10 @@ constexpr WidthRow kWidthDivisors[] = {{10, 1.335}, {9, 1.295}, {8, 1.455}, {12,
 constexpr double kOtherDivisor = 1.35;
 
 // Points. Pages may change the font, and the last one decides.
-std::int32_t pageWidthOf(const VSet& settings, const ExportOptions& options) {
+std::int32_t pageWidthOf(VDoc& doc, const ExportOptions& options) {
   if (options.PageMode != kWindowPageMode)
-    return settings.Page.landscape() ? kLandscapeWidth : kUprightWidth;
-  const double height = settings.Font.Height;
+    return doc.Settings.Page.landscape() ? kLandscapeWidth : kUprightWidth;
+  const double height = doc.FontAt(doc.PageCount + 1).Height;
   const auto* row =
       std::find_if(std::begin(kWidthDivisors), std::end(kWidthDivisors),
                    [height](const WidthRow& each) { return each.fontHeight == height; });
@@ -102,7 +102,7 @@ std::int32_t pageWidthOf(const VSet& settings, const ExportOptions& options) {
 
 void writePages(VDoc& doc, const ExportOptions& options, PdfDocument& document) {
   const int codePage = doc.Settings.Page.BaseCodePage;
-  const std::string stem(sideFileStem(options.TargetName));
+  const std::string stem = sideFileStem(options.TargetName);
   defineCodePage(document, codePage);
   PdfWriter writer(document, codePage, stem);
   PdfLines lines(1);
@@ -117,7 +117,7 @@ void writePages(VDoc& doc, const ExportOptions& options, PdfDocument& document) 
     }
     if (number != doc.PageCount) writer.WritePdf(pageEnd);
   }
-  writer.endPages(pageWidthOf(doc.Settings, options));
+  writer.endPages(pageWidthOf(doc, options));
 }
 
 }  // namespace

@@ -3,10 +3,12 @@
 
 #include <algorithm>
 
+#include "base/errors.h"
 #include "base/units.h"
 #include "document/vdocpage.h"
 #include "document/vset.h"
 #include "platform/canvas.h"
+#include "platform/messages.h"
 
 namespace qor {
 namespace {
@@ -44,6 +46,16 @@ std::int32_t middleRow(const VSetPrn& device, std::int32_t topMargin) {
   return clamped(std::int64_t{truncated(height)} / 2 - topMargin);
 }
 
+// What an item can't make of its value costs the item and nothing else.
+template <class DrawItem>
+void tryToDraw(const VDocPage& page, VData& item, DrawItem drawItem) {
+  try {
+    drawItem(item);
+  } catch (const ConversionError& error) {
+    showWarning(placeInReport(page.Number) + error.what());
+  }
+}
+
 // Walks the lines; `drawItem` draws each item. Returns the height of the last line.
 template <class DrawItem>
 std::int32_t walkLines(VDocPage& page, Canvas& canvas, DrawItem drawItem) {
@@ -58,11 +70,12 @@ std::int32_t walkLines(VDocPage& page, Canvas& canvas, DrawItem drawItem) {
     canvas.moveTo(at);
     line.Height = 0;
     for (VData& item : line.items()) {
-      drawItem(item);
+      tryToDraw(page, item, drawItem);
       const auto* text = dynamic_cast<const VData_Text*>(&item);
       if (text != nullptr && !text->HasPosition)
         line.Height = std::max(line.Height, text->LineHeight);
     }
+    if (line.RowHeight > 0) line.Height = line.RowHeight;
     previousHeight = line.Height;
   }
   return previousHeight;
@@ -72,7 +85,7 @@ std::int32_t walkLines(VDocPage& page, Canvas& canvas, DrawItem drawItem) {
 
 void LineCellMetrics(const VDocPage& page, Canvas& canvas, std::int32_t& row_height,
                      std::int32_t& char_width) {
-  const FontState& font = page.Settings->Font;
+  const FontState& font = page.Font ? *page.Font : page.Settings->Font;
   LogFont record = font.LogFont;
   // Positive: the height of the cell, where texts give the height of the character.
   record.Height = twipsFromPoints(font.Height);
@@ -81,7 +94,9 @@ void LineCellMetrics(const VDocPage& page, Canvas& canvas, std::int32_t& row_hei
   const TextMetrics& metrics = canvas.textMetrics();
   row_height = metrics.height + metrics.externalLeading;
   char_width = metrics.averageWidth;
-  if (font.LineSpacing != 0) row_height = twipsFromRowUnits(font.LineSpacing);
+  // Millimetres between lines count as units of rows here, as they always have.
+  const double rowUnits = font.RowHeight != 0 ? font.RowHeight : font.LineSpacing;
+  if (rowUnits != 0) row_height = twipsFromRowUnits(rowUnits);
 }
 
 void DrawPage(VDocPage& page, Canvas& canvas) {

@@ -15,7 +15,7 @@ namespace qor {
 namespace {
 
 std::string pictureName(const VData_Shape& shape) {
-  return std::string(sideFileStem(AppOptions.FileName)) + "_shape_" +
+  return sideFileStem(AppOptions.FileName) + "_shape_" +
          std::to_string(roundedMillimetres(shape.Left)) + "_" +
          std::to_string(roundedMillimetres(shape.Top)) + ".jpeg";
 }
@@ -23,8 +23,8 @@ std::string pictureName(const VData_Shape& shape) {
 }  // namespace
 
 void saveShapePicture(VData_Shape& shape, int dpi) {
-  saveSidePicture({shape.Left, shape.Top, shape.Right, shape.Bottom}, dpi, shape.Settings->Page,
-                  {pictureName(shape)}, [&shape](Canvas& canvas) { shape.Draw(canvas); });
+  saveSidePicture({shape.Left, shape.Top, shape.Right, shape.Bottom}, dpi, {pictureName(shape)},
+                  [&shape](Canvas& canvas) { shape.Draw(canvas); });
 }
 
 }  // namespace qor

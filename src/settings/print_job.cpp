@@ -120,6 +120,7 @@ void VDoc::printPages(const std::string& output, bool selectedOnly) {
   for (VDocPage& page : Pages) {
     if (selectedOnly && !page.Selected) continue;
     const PrintedPage inUse(page);
+    readUpTo(page.Number, *file);
     readPage(page, *file, 0);
     run.print(page);
     if (!run.going()) return;
@@ -143,7 +144,9 @@ void VDoc::PrintSelected() {
 
 void VDoc::PrintPage(std::int32_t number) {
   PrintRun run(*this, std::string(interfaceTexts().PageJobName) + std::to_string(number), {});
-  VDocPage* page = run.going() ? GetPage(number, 0) : nullptr;
+  if (!run.going()) return;
+  ReadUpTo(number);
+  VDocPage* page = GetPage(number, 0);
   if (page == nullptr) return;
   const PrintedPage inUse(*page);
   if (!page->Loaded) return;

@@ -65,9 +65,9 @@ TEST(Print, endsAsEachRunShould) {
       {"bad barcode",
        {"-g", "-dd"},
        "A\r\n<barcode value=12345678901 br_type=UPCE right=50 bottom=9/>\r\n",
-       254,
-       "digit",
-       {set}},
+       0,
+       "r.b.txt: page 1: barcode \"12345678901\": ",
+       {set, "r.b(print).pdf"}},
       {"no room", {"-g"}, "A\r\n", 0, "r.b(print).pdf", {set, "r.b.txt", side}, 2048},
   };
   for (const Row& row : rows) {

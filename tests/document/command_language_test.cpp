@@ -62,7 +62,7 @@ TEST(CommandLanguage, StylesGoOnInTheNextLineAndPage) {
   TestReport report("<i>a\r\nb\f\r\nc<i/>d");
   EXPECT_EQ(report.dump(1),
             "line\n  text \"a\" italic=1\nline\n  text \"b\" italic=1\n"
-            "line afterFormFeed overprint feeds0\n  text \"\"\n");
+            "line afterFormFeed overprint feeds0\n  text \"\" italic=1\n");
   EXPECT_EQ(report.dump(2), "line\n  text \"c\" italic=1\n  text \"d\" italic=1\n");
 }
 

@@ -25,6 +25,7 @@ std::string changes(const FontState& font, const VSetPage& page) {
   tell("underline", font.LogFont.Underline, 0);
   tell("hs", font.CharSpacing, 0);
   tell("vs", font.LineSpacing, 0);
+  tell("row", font.RowHeight, 0);
   tell("copies", page.NumOfCopies, 1);
   tell("orientation", page.Orientation, 1);
   tell("left", page.MarginLeft, 0);
@@ -54,16 +55,21 @@ std::string told(const std::string& sequence) {
 
 TEST(ControlSequences, ChangeFontAndPage) {
   const std::pair<std::string, std::string> rows[] = {
-      {"\017x", "factor=0.6 x"},      {"W1x", "factor=2 x"},        {"W0x", "factor=0.5 x"},
-      {"w1x", "height=20 x"},         {"w0x", "height=5.5 x"},      {"&a5Lx", "left=-5 x"},
-      {"&a7mx", "right=-7 x"},        {"&a6Px", "orientation=3 x"}, {"&d3Dx", "underline=1 x"},
-      {"&k10Hx", "hs=2 x"},           {"&k0Sx", "width=7.2 x"},     {"&k2Sx", "width=4.2 x"},
-      {"&k4sx", "width=6 x"},         {"&l8Cx", "vs=8 x"},          {"&l7Dx", "height=10.2 x"},
-      {"&l6Ex", "top=-6 x"},          {"&l6Fx", "bottom=-6 x"},     {"&l2Ox", "orientation=3 x"},
-      {"&l4Xx", "copies=4 x"},        {"(s12Hx", "width=6 x"},      {"(s16.66Hx", "width=4.3 x"},
-      {"(s14.5Vx", "height=14.5 x"},  {"(s3Bx", "weight=700 x"},    {"(s0Bx", "weight=500 x"},
-      {"(s-7Bx", "weight=0 x"},       {"(9Tx", "codepage=857 x"},   {"&l2.5Cx", "vs=2.5 x"},
-      {"&l2.99999Cx", "vs=2.9999 x"}, {"&l+3Cx", "vs=3 x"},
+      {"\017x", "factor=0.6 x"},    {"W1x", "factor=2 x"},
+      {"W0x", "factor=0.5 x"},      {"w1x", "height=20 x"},
+      {"w0x", "height=5.5 x"},      {"&a5Lx", "left=-5 x"},
+      {"&a7mx", "right=-7 x"},      {"&a6Px", "orientation=3 x"},
+      {"&d3Dx", "underline=1 x"},   {"&k10Hx", "hs=2 x"},
+      {"&k0Sx", "width=7.2 x"},     {"&k2Sx", "width=4.2 x"},
+      {"&k4sx", "width=6 x"},       {"&l8Cx", "row=8 x"},
+      {"&l7Dx", "height=10.2 x"},   {"&l6Ex", "top=-6 x"},
+      {"&l6Fx", "bottom=-6 x"},     {"&l2Ox", "orientation=3 x"},
+      {"&l4Xx", "copies=4 x"},      {"(s12Hx", "width=6 x"},
+      {"(s16.66Hx", "width=4.3 x"}, {"(s14.5Vx", "height=14.5 x"},
+      {"(s3Bx", "weight=700 x"},    {"(s0Bx", "weight=500 x"},
+      {"(s-7Bx", "weight=0 x"},     {"(9Tx", "codepage=857 x"},
+      {"&l2.5Cx", "row=2.5 x"},     {"&l2.99999Cx", "row=2.9999 x"},
+      {"&l+3Cx", "row=3 x"},
   };
   for (const auto& [sequence, expected] : rows) EXPECT_EQ(told(sequence), expected) << sequence;
   EXPECT_EQ(told("(s1V\033(s3Bx"), "height=1 weight=700 x");

@@ -102,11 +102,11 @@ TEST(PageWalk, AFormFeedInsideAPageStartsItsLowerHalf) {
   settings.Prn.LogPixelsY = 96;
   settings.Page.MarginTop = 10;
   VDocPage page(1, &settings);
-  page.Commands = std::make_unique<VCommand>(settings);
-  page.AddLine("a");
-  page.AddLine("b").AfterFormFeed = true;
-  page.AddLine("c");
-  page.AddLine("d").AfterFormFeed = true;
+  VCommand commands(settings, settings.Font);
+  page.AddLine("a", commands);
+  page.AddLine("b", commands).AfterFormFeed = true;
+  page.AddLine("c", commands);
+  page.AddLine("d", commands).AfterFormFeed = true;
   RecordingCanvas canvas;
   DrawPage(page, canvas);
   EXPECT_EQ(canvas.record(), plain("0,566", "a") + plain("0,7849", "b") + plain("0,8076", "c") +
@@ -147,8 +147,8 @@ TEST(PageWalk, BoxTextIsAlignedAndReadByItsCharacterSet) {
   AppOptions.FontCharset = 204;
   report.doc().Settings.Font.Reset();
   VDocPage page(1, &report.doc().Settings);
-  page.Commands = std::make_unique<VCommand>(report.doc().Settings);
-  page.AddLine("<text left=10 top=10 right=50 tc=\xC0 alignV=1/>");
+  VCommand commands(report.doc().Settings, report.doc().Settings.Font);
+  page.AddLine("<text left=10 top=10 right=50 tc=\xC0 alignV=1/>", commands);
   RecordingCanvas canvas;
   DrawPage(page, canvas);
   // Without a lower edge the box has no height, and the text stands about its top.

@@ -6,6 +6,7 @@
 
 #include "base/units.h"
 #include "document/code_page.h"
+#include "document/side_picture.h"
 #include "document/vdocpage.h"
 #include "platform/bitmap_canvas.h"
 #include "render/page_walk.h"
@@ -111,6 +112,7 @@ void DrawSheet(Canvas& canvas, const PageView& view, const ViewPart& part) {
 
 void paintPage(VDocPage& page, Canvas& canvas, const PageView& view, const ViewPart& part) {
   LoadCodePage(page.Settings->Page.BaseCodePage);
+  const UntoldSidePictures looksOnly;
   canvas.clearClip();
   DrawSheet(canvas, view, part);
   if (!view.wide) canvas.setClip(printableDots(view.screen, part));
@@ -121,6 +123,7 @@ void paintPage(VDocPage& page, Canvas& canvas, const PageView& view, const ViewP
 
 Extent contentOf(VDocPage& page, Point dpi) {
   LoadCodePage(page.Settings->Page.BaseCodePage);
+  const UntoldSidePictures looksOnly;
   BitmapCanvas bitmap(1, 1, dpi.x);
   bitmap.canvas().setMapping({double(dpi.x), double(dpi.y), 0, 0});
   Extent content;

@@ -1,16 +1,50 @@
 // Sheet geometry.
 #include "render/sheet.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/units.h"
+#include "platform/print/paper_table.h"
 
 namespace qor {
+namespace {
+
+constexpr double kHundredthsPerMillimetre = 100;
+
+// Null for a size of one's own.
+const PaperRow* paperOf(const VSetPage& page) {
+  const auto rows = paperTable();
+  const auto row = std::find_if(rows.begin(), rows.end(), [&page](const PaperRow& candidate) {
+    return candidate.number == page.PaperSize;
+  });
+  return row == rows.end() ? nullptr : &*row;
+}
+
+VSetScr withMargins(VSetScr screen, const VSetPage& page, int dpi) {
+  screen.margin_left = pixelsFromMillimetres(page.MarginLeft, dpi);
+  screen.margin_top = pixelsFromMillimetres(page.MarginTop, dpi);
+  return screen;
+}
+
+}  // namespace
+
+bool hasOwnSize(const VSetPage& page) {
+  return paperOf(page) == nullptr;
+}
+
+SheetSize sheetSizeOf(const VSetPage& page) {
+  const PaperRow* paper = paperOf(page);
+  // Sizes of one's own are stored as the sheet lies.
+  if (paper == nullptr) return {page.PaperWidth, page.PaperHeight};
+  const MediaSize size = sizeOf(*paper);
+  SheetSize sheet = {size.width / kHundredthsPerMillimetre, size.length / kHundredthsPerMillimetre};
+  if (page.landscape()) std::swap(sheet.width, sheet.height);
+  return sheet;
+}
 
 VSetPrn sheetOf(const VSetPage& page, int dpi) {
-  double width = page.PaperWidth;
-  double height = page.PaperHeight;
-  if (page.landscape()) std::swap(width, height);
+  const auto [width, height] = sheetSizeOf(page);
   VSetPrn sheet;
   sheet.Orientation = width < height ? 1 : 2;
   sheet.HorzSize = truncated(width);
@@ -20,16 +54,6 @@ VSetPrn sheetOf(const VSetPage& page, int dpi) {
   sheet.VertRes = sheet.PhysicalHeight = pixelsFromMillimetres(height, dpi);
   return sheet;
 }
-
-namespace {
-
-VSetScr withMargins(VSetScr screen, const VSetPage& page, int dpi) {
-  screen.margin_left = pixelsFromMillimetres(page.MarginLeft, dpi);
-  screen.margin_top = pixelsFromMillimetres(page.MarginTop, dpi);
-  return screen;
-}
-
-}  // namespace
 
 VSetScr screenForPrint(const VSetPage& page, const VSetPrn& device, int dpi) {
   VSetScr screen;

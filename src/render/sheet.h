@@ -1,11 +1,24 @@
-// The sheet that a page lies on, where no printer tells its measurements.
+// The sheet that a page lies on.
 #pragma once
 
 #include "document/vset.h"
 
 namespace qor {
 
-// The paper of the options as a device of this resolution without unprintable edges.
+// A sheet as it lies, millimetres.
+struct SheetSize {
+  double width;
+  double height;
+};
+
+// The sheet of the options, the same for pictures, paper and windows: the paper of their number, on
+// its side for landscape; for 0, 256 and numbers that nobody knows, PaperWidth by PaperHeight.
+SheetSize sheetSizeOf(const VSetPage& page);
+
+// Whether that is a size of one's own, and not that of a paper with a number.
+bool hasOwnSize(const VSetPage& page);
+
+// The sheet of the options as a device of this resolution without unprintable edges.
 VSetPrn sheetOf(const VSetPage& page, int dpi);
 
 // The sheet as a picture at 100 percent, on a display of `dpi` dots per inch: no gap around it.

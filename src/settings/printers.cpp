@@ -4,34 +4,32 @@
 #include "base/text.h"
 #include "base/units.h"
 #include "platform/print/print_system.h"
+#include "render/sheet.h"
 
 namespace qor {
 namespace {
 
-// Measuring and printing build their device modes alike but for these two.
+// Measuring and printing build their device modes alike but for the sign of the copies.
 enum class Purpose { measure, print };
 
 // Names in the measurements are no longer than the suite's programs keep.
 constexpr std::size_t kMaxName = 127;
 
-// The paper number that stands for the sheet's own width and height.
-int customPaperOf(Purpose purpose) {
-  return purpose == Purpose::measure ? kUserPaper : 0;
-}
-
 int tenths(double millimetres) {
   return truncated(millimetres * 10);
 }
 
-void setPaper(DeviceMode& mode, const VSetPage& page, Purpose purpose) {
+// A size of one's own goes as that of the upright sheet. Where the printer knows its number all the
+// same, that is what it takes.
+void setPaper(DeviceMode& mode, const VSetPage& page) {
   mode.dmFields |= DM_PAPERSIZE;
-  mode.dmPaperSize = page.PaperSize;
-  if (page.PaperSize != customPaperOf(purpose)) return;
+  mode.dmPaperSize = page.PaperSize == 0 ? kUserPaper : page.PaperSize;
+  if (!hasOwnSize(page)) return;
   mode.dmFields |= DM_PAPERLENGTH | DM_PAPERWIDTH;
-  mode.dmPaperSize = kUserPaper;
   const bool turned = mode.dmOrientation == kLandscape;
-  mode.dmPaperLength = tenths(turned ? page.PaperWidth : page.PaperHeight);
-  mode.dmPaperWidth = tenths(turned ? page.PaperHeight : page.PaperWidth);
+  const SheetSize sheet = sheetSizeOf(page);
+  mode.dmPaperLength = tenths(turned ? sheet.width : sheet.height);
+  mode.dmPaperWidth = tenths(turned ? sheet.height : sheet.width);
 }
 
 DeviceMode deviceModeOf(const Printer& printer, const VSetPage& page, Purpose purpose) {
@@ -41,7 +39,7 @@ DeviceMode deviceModeOf(const Printer& printer, const VSetPage& page, Purpose pu
     mode.dmFields |= DM_ORIENTATION;
     mode.dmOrientation = page.landscape() ? kLandscape : kPortrait;
   }
-  if (page.PaperSize != printer.mode.dmPaperSize) setPaper(mode, page, purpose);
+  if (page.PaperSize != printer.mode.dmPaperSize) setPaper(mode, page);
   if (page.NumOfCopies != 1) {
     mode.dmFields |= DM_COPIES;
     mode.dmCopies =

@@ -178,7 +178,7 @@ TEST(Print, followsTheSettingsSet) {
        0},
       {"own size of the dialog",
        {{"PaperSize", "256"}, {"PaperWidth", "100"}},
-       210,
+       100,
        297,
        2 * cell,
        0},

@@ -111,8 +111,7 @@ TEST_F(Printers, takeDeviceModesFromThePage) {
     const char* what;
     VSetPage page;
     std::uint32_t fields;
-    Point sheet;  // of the print context, dots of 1/300 inch
-    Point measured;
+    Point sheet;  // dots of 1/300 inch, the same for measuring and printing
   };
   VSetPage nothing;
   nothing.Orientation = nothing.PrintQuality = nothing.PrintColor = 0;
@@ -121,18 +120,18 @@ TEST_F(Printers, takeDeviceModesFromThePage) {
   copies.SortByCopies = true;
   // The defaults ask for an orientation, a quality and a colour.
   const Row rows[] = {
-      {"nothing", nothing, 0, {2480, 3507}, {2480, 3507}},
-      {"defaults", pageOf(9), 0xC01, {2480, 3507}, {2480, 3507}},
-      {"across", pageOf(9, 210, 297, 7), 0xC01, {3507, 2480}, {3507, 2480}},
-      {"Letter", pageOf(1), 0xC03, {2550, 3300}, {2550, 3300}},
-      {"by its other number", pageOf(17), 0xC03, {3300, 5100}, {3300, 5100}},
-      {"wide by nature", pageOf(4), 0xC03, {2480, 3507}, {2480, 3507}},
-      {"not offered", pageOf(8), 0xC03, {2480, 3507}, {2480, 3507}},
-      {"size 0", pageOf(0, 100), 0xC0F, {1181, 3507}, {2480, 3507}},
-      {"size 256", pageOf(256, 100), 0xC03, {2480, 3507}, {1181, 3507}},
-      {"size 0 across", pageOf(0, 250, 80, 2), 0xC0F, {2952, 944}, {3507, 2480}},
-      {"size too large", pageOf(0, 1e9, 1e9), 0xC0F, {3543, 5905}, {2480, 3507}},
-      {"copies", copies, 0x8D01, {2480, 3507}, {2480, 3507}},
+      {"nothing", nothing, 0, {2480, 3507}},
+      {"defaults", pageOf(9), 0xC01, {2480, 3507}},
+      {"across", pageOf(9, 210, 297, 7), 0xC01, {3507, 2480}},
+      {"Letter", pageOf(1), 0xC03, {2550, 3300}},
+      {"by its other number", pageOf(17), 0xC03, {3300, 5100}},
+      {"wide by nature", pageOf(4), 0xC03, {2480, 3507}},
+      {"not offered", pageOf(8), 0xC03, {2480, 3507}},
+      {"size 0", pageOf(0, 100), 0xC0F, {1181, 3507}},
+      {"size 256", pageOf(256, 100), 0xC0F, {1181, 3507}},
+      {"size 0 across", pageOf(0, 250, 80, 2), 0xC0F, {2952, 944}},
+      {"size too large", pageOf(0, 1e9, 1e9), 0xC0F, {3543, 5905}},
+      {"copies", copies, 0x8D01, {2480, 3507}},
   };
   const auto sheet = [] {
     return Point{gPrintMetrics.PhysicalWidth, gPrintMetrics.PhysicalHeight};
@@ -144,7 +143,7 @@ TEST_F(Printers, takeDeviceModesFromThePage) {
     EXPECT_EQ(context->mode().dmFields, row.fields);
     EXPECT_EQ(sheet(), row.sheet);
     EXPECT_EQ(UpdatePrintMetrics("laser", row.page, 100, false), 1);
-    EXPECT_EQ(sheet(), row.measured);
+    EXPECT_EQ(sheet(), row.sheet);
   }
   EXPECT_EQ(UpdatePrintMetrics("nobody", {}, 100, false), 0);
   EXPECT_EQ(CreatePrintDC("nobody", {}, 100, false), nullptr);

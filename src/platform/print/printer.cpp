@@ -129,8 +129,8 @@ bool takesCustomSizes(const Printer& printer) {
          printer.smallest.length > 0 && printer.smallest.length <= printer.largest.length;
 }
 
-bool asksCustomSize(const DeviceMode& mode) {
-  return mode.dmPaperSize == kUserPaper && mode.has(DM_PAPERLENGTH) && mode.has(DM_PAPERWIDTH);
+bool tellsSize(const DeviceMode& mode) {
+  return mode.has(DM_PAPERLENGTH) && mode.has(DM_PAPERWIDTH);
 }
 
 // A length of 1/100 mm that is a whole number of tenths.
@@ -210,8 +210,10 @@ std::pair<MediaSize, MediaSize> sizeLimits(const Printer& printer) {
 }
 
 Media mediaOf(const Printer& printer, const DeviceMode& mode) {
-  if (asksCustomSize(mode) && takesCustomSizes(printer)) return customMedia(printer, mode);
   const Paper* paper = paperOf(printer, mode.dmPaperSize);
+  if (paper == nullptr && tellsSize(mode) && takesCustomSizes(printer)) {
+    return customMedia(printer, mode);
+  }
   if (paper == nullptr) paper = paperOf(printer, printer.mode.dmPaperSize);
   return paper->media;
 }

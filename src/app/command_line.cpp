@@ -88,8 +88,9 @@ void takeSettings(std::string& parameters) {
 void takeCodePage(std::string& parameters) {
   const auto value =
       takeValue(parameters, {{{"-codepage"}, "-codepage"}, {{"-CODEPAGE"}, "-CODEPAGE"}});
-  AppOptions.DocCodePage =
-      (value ? parseInteger(*value) : std::nullopt).value_or(systemAnsiCodePage());
+  const auto number = value ? parseInteger(*value) : std::nullopt;
+  AppOptions.CodePageGiven = number.has_value();
+  AppOptions.DocCodePage = number.value_or(systemAnsiCodePage());
 }
 
 void takeMailProgram(std::string& parameters) {

@@ -22,6 +22,7 @@ struct AppOptionsRecord {
   int FontCharset = 0;      // Windows character set number of the interface language
   int AnsiCodePage = 1252;  // of the interface language
   int DocCodePage = 850;
+  bool CodePageGiven = false;  // DocCodePage was told by the command line
   int MailProgram = 1;
   std::string ExportTarget = "pdf";
   std::uint64_t OwnerWindow = 0;  // told when the preview closes

@@ -6,20 +6,26 @@
 #include <optional>
 #include <string>
 
+#include "base/app_options.h"
 #include "base/errors.h"
 #include "base/text.h"
 #include "platform/input_file.h"
 #include "platform/messages.h"
+#include "platform/text_encoding.h"
 
 namespace qor {
 namespace {
 
 constexpr std::size_t kMaxFileSize = 4096;
 
-[[noreturn]] void fail(int number, const std::string& fileName, const FileError& error) {
+[[noreturn]] void fail(int number, const std::string& fileName, const std::string& reason) {
   LastError.set(number, fileName);
-  showWarning(error.what());
+  showWarning(reason);
   throw number;
+}
+
+std::string fileOf(int codePage) {
+  return "cp" + std::to_string(codePage) + ".ini";
 }
 
 std::string readCodePageFile(const std::string& name) {
@@ -27,14 +33,14 @@ std::string readCodePageFile(const std::string& name) {
   try {
     file.emplace(name);
   } catch (const FileError& error) {
-    fail(kErrorOpenCodePage, name, error);
+    fail(kErrorOpenCodePage, name, error.what());
   }
   try {
     std::string text(kMaxFileSize, '\0');
     text.resize(file->readAt(0, text.data(), text.size()));
     return text;
   } catch (const FileError& error) {
-    fail(kErrorReadCodePage, name, error);
+    fail(kErrorReadCodePage, name, error.what());
   }
 }
 
@@ -61,18 +67,53 @@ void readEntries(std::string_view text) {
   }
 }
 
+// The system's table; bytes without a character are "?", as in the tables above.
+void takeSystemTable(int codePage) {
+  for (std::size_t i = 0; i < CodePageTable.size(); ++i) {
+    const char byte = static_cast<char>(128 + i);
+    const std::u32string code = codePointsFromCodePage({&byte, 1}, codePage);
+    const bool known = code.size() == 1 && code.front() < 0xFFFD;
+    CodePageTable[i] = known ? static_cast<std::uint16_t>(code.front()) : '?';
+  }
+}
+
+const CodePageEntries* builtInTable(int codePage) {
+  static constexpr CodePageEntries kPlainAscii{};
+  switch (codePage) {
+    case 866: return &kCodePage866;
+    case 1251: return &kCodePage1251;
+    case 1254: return &kCodePage1254;
+    case 857: return &kCodePage857;
+    case 437:
+    case 850:
+    case 1252: return &kPlainAscii;
+    default: return nullptr;
+  }
+}
+
 }  // namespace
 
+bool isKnownCodePage(int codePage) {
+  return builtInTable(codePage) != nullptr || fileExists(fileOf(codePage)) ||
+         isSingleByteCodePage(codePage);
+}
+
 void LoadCodePage(int codePage) {
-  switch (codePage) {
-    case 866: CodePageTable = kCodePage866; return;
-    case 1251: CodePageTable = kCodePage1251; return;
-    case 1254: CodePageTable = kCodePage1254; return;
-    case 857: CodePageTable = kCodePage857; return;
-    default: CodePageTable.fill(0);
+  if (const CodePageEntries* table = builtInTable(codePage)) {
+    CodePageTable = *table;
+    return;
   }
-  if (codePage == 437 || codePage == 850 || codePage == 1252) return;
-  readEntries(readCodePageFile("cp" + std::to_string(codePage) + ".ini"));
+  const std::string file = fileOf(codePage);
+  if (fileExists(file)) {
+    CodePageTable.fill(0);
+    readEntries(readCodePageFile(file));
+  } else if (isSingleByteCodePage(codePage)) {
+    takeSystemTable(codePage);
+  } else {
+    fail(kErrorOpenCodePage, file,
+         AppOptions.FileName + ": code page " + std::to_string(codePage) +
+             ": the system has no table of it, and there is no " + AppOptions.WorkDir + file);
+  }
 }
 
 std::string_view CodePageName(int codePage) {

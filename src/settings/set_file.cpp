@@ -37,7 +37,12 @@ void readKeyLine(VSet& set, const SetSection& section, const std::string& line) 
   std::string value;
   for (const SetKey& key : section.keys) {
     if (!GetKeyValue(line, key.name, value)) continue;
-    key.read(set, value);
+    try {
+      key.read(set, value);
+    } catch (const ConversionError& error) {
+      throw ConversionError(AppOptions.IniFileName + ": set \"" + AppOptions.SetName +
+                            "\": " + std::string(key.name) + ": " + error.what());
+    }
     return;
   }
 }
@@ -55,11 +60,17 @@ void VSet::readSections(const Lines& lines) {
 }
 
 int VSet::LoadSet() {
+  // The default set is a memory of earlier runs: what this one was told goes before it.
+  const bool remembered = AppOptions.IniFileName.empty() && AppOptions.CodePageGiven;
   if (AppOptions.IniFileName.empty()) {
     AppOptions.IniFileName = AppOptions.WorkDir + std::string(kDefaultFile);
   }
   if (AppOptions.SetName.empty()) AppOptions.SetName = kDefaultSet;
-  if (fileExists(AppOptions.IniFileName)) return ReloadSet();
+  if (fileExists(AppOptions.IniFileName)) {
+    const int result = ReloadSet();
+    if (remembered) Page.BaseCodePage = AppOptions.DocCodePage;
+    return result;
+  }
   try {
     SaveSet();
   } catch (const FileError& error) {
@@ -74,11 +85,7 @@ int VSet::ReloadSet() {
   Lines lines;
   ExtractSetLines(AppOptions.SetName, lines);
   if (lines.empty()) return -1;
-  try {
-    readSections(lines);
-  } catch (const ConversionError& error) {
-    throw ConversionError(AppOptions.IniFileName + ": " + error.what());
-  }
+  readSections(lines);
   return 0;
 }
 

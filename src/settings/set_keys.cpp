@@ -5,7 +5,9 @@
 #include <span>
 
 #include "base/text.h"
+#include "document/code_page.h"
 #include "document/vset.h"
+#include "platform/locale.h"
 #include "settings/number_text.h"
 #include "settings/set_lines.h"
 
@@ -69,6 +71,12 @@ void readCharset(VSet& set, const std::string& value) {
   const std::int32_t charset = toInteger(value);
   const bool known = charset >= 0 && charset <= 255;
   set.Font.LogFont.CharSet = static_cast<std::uint8_t>(known ? charset : AppOptions.FontCharset);
+}
+
+// A code page that nobody knows would fail each later run.
+std::string writeCodePage(const VSet& set) {
+  const std::int32_t codePage = set.Page.BaseCodePage;
+  return std::to_string(isKnownCodePage(codePage) ? codePage : systemAnsiCodePage());
 }
 
 // Ways to reach the record that holds a field.
@@ -159,7 +167,7 @@ constexpr SetKey kPageKeys[] = {
     wholeOfPage<&VSetPage::Orientation>("Orientation", "Orientation   "),
     wholeOfPage<&VSetPage::MarginLeft>("MarginLeft", "MarginLeft    "),
     wholeOfPage<&VSetPage::MarginTop>("MarginTop", "MarginTop     "),
-    wholeOfPage<&VSetPage::BaseCodePage>("BaseCodePage", "BaseCodePage  "),
+    {"BaseCodePage", "BaseCodePage  ", writeCodePage, readWhole<page, &VSetPage::BaseCodePage>},
 };
 
 constexpr SetKey kFontKeys[] = {

@@ -9,6 +9,7 @@
 #include "platform/locale.h"
 #include "platform/output_file.h"
 #include "platform/text_encoding.h"
+#include "platform/text_file.h"
 
 namespace qor {
 namespace {
@@ -37,15 +38,9 @@ bool GetKeyValue(std::string_view line, std::string_view key, std::string& value
 }
 
 std::vector<std::string> loadLines(const std::string& path) {
-  const std::string text = loadWholeFile(path, kMaxSetFile);
-  std::vector<std::string> lines;
-  for (std::string_view rest = text; !rest.empty();) {
-    const std::string_view line = rest.substr(0, rest.find_first_of("\r\n"));
-    lines.emplace_back(line);
-    rest.remove_prefix(line.size());
-    rest.remove_prefix(rest.starts_with("\r\n") ? 2 : std::min<std::size_t>(1, rest.size()));
-  }
-  return lines;
+  const std::string bytes = loadWholeFile(path, kMaxSetFile);
+  const auto utf8 = utf8ByMark(bytes);
+  return linesOf(utf8 ? fileText(*utf8) : bytes);
 }
 
 void saveLines(const std::string& path, const std::vector<std::string>& lines) {

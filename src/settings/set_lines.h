@@ -12,7 +12,8 @@ namespace qor {
 // a quote that doesn't end.
 bool GetKeyValue(std::string_view line, std::string_view key, std::string& value);
 
-// The lines of the file, without their ends. Throws FileError for a file that can't be read.
+// The lines of the file, without their ends, in the system's ANSI code page, which a byte-order
+// mark at its start is turned into. Throws FileError for a file that can't be read.
 std::vector<std::string> loadLines(const std::string& path);
 
 // Writes the lines, each ended by CR LF, over the file. Throws FileError.

@@ -1,7 +1,6 @@
 // Printing and exporting with no window.
 #include "app/batch.h"
 
-#include <exception>
 #include <string>
 
 #include "app/side_files.h"
@@ -36,24 +35,24 @@ void printReport() {
 
 int PrintWithoutInterface() {
   if (AppOptions.FileName.empty()) return 0;
-  bool failed = true;
+  const UsedReport report;
   try {
     printReport();
-    failed = false;
+    // Also where there is no printer, or it refuses the job.
+    report.cleanUp(ListedFiles::keep, {});
+    return 1;
   } catch (int) {
     // The user has been told where the error arose.
-  } catch (const std::exception& error) {
-    showWarning(error.what());
-  } catch (const std::string& text) {
-    showWarning(text + AppOptions.FileName);
+  } catch (...) {
+    showWarning(failureText());
   }
-  DeleteReport(ListedFiles::keep);
-  return failed ? -1 : 1;
+  return -1;
 }
 
 int ExportWithoutInterface() {
   if (AppOptions.FileName.empty()) return 0;
   try {
+    const UsedReport report;
     // A report that can't be read must not replace an earlier export by an empty one.
     if (!VDoc::OpenFile()) return -1;
     // Nobody looks again at what a writer adds later: what is there is exported, to its last byte.
@@ -61,12 +60,13 @@ int ExportWithoutInterface() {
     VDoc doc;
     doc.ScanPages(false);
     doc.Settings.ReloadSet();
-    ExportByExtension(doc);
+    const ExportFileList files = ExportByExtension(doc);
+    // Where nothing was exported, the report stays, and so do its side files.
+    if (!files.empty()) report.cleanUp(ListedFiles::keep, files);
   } catch (int) {
     // The report stays, also under DeleteAfterPrint: nothing came of it.
     return -1;
   }
-  DeleteReport(ListedFiles::keep);
   return 1;
 }
 

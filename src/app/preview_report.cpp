@@ -42,6 +42,7 @@ void scanReport(VDoc& doc) {
 void PreviewReport() {
   // Ends at once: not even the default set is made.
   if (AppOptions.FileName.empty()) throw kErrorOpenDocument;
+  const UsedReport report;
   InitPrinters();
   VDoc doc;
   loadFirstSettings(doc);
@@ -54,7 +55,7 @@ void PreviewReport() {
   }
   // What the head of the report says of paper and font gives way to the set.
   runPreview(doc, loadSettings);
-  DeleteReport(ListedFiles::erase);
+  report.cleanUp(ListedFiles::erase, {});
 }
 
 }  // namespace qor

@@ -1,8 +1,6 @@
 // The entry: options, one of the ways of running, and the last catch for every failure.
 #include "app/win_main.h"
 
-#include <exception>
-
 #include "app/batch.h"
 #include "app/command_line.h"
 #include "app/preview_report.h"
@@ -75,12 +73,8 @@ int WinMain(const std::string& parameters) {
     return run(parameters);
   } catch (int) {
     ShowErrorNumber();
-  } catch (const std::exception& error) {
-    showWarning(error.what());
-  } catch (const std::string& text) {
-    showWarning(text + AppOptions.FileName);
   } catch (...) {
-    showWarning(AppOptions.FileName + ": unknown failure");
+    showWarning(failureText());
   }
   return kExitDone;
 }

@@ -9,10 +9,6 @@
 namespace qor {
 namespace {
 
-// What the digits of a UPC-A that can't be compressed become. It goes on as if it were digits, and
-// fails as such.
-constexpr std::string_view kNotCompressible = "Can not convert UPC-A TO UPC-E";
-
 // The digits with their check digit, or nothing if they are not `length` or one more.
 std::optional<std::string> withCheckDigit(std::string_view data, std::size_t length,
                                           int firstWeight) {
@@ -41,7 +37,7 @@ std::string compressed(const std::string& upca) {
   if (isOneOf(part(7, 11), {"00005", "00006", "00007", "00008", "00009"})) {
     return part(1, 6) + part(11, 11) + check;
   }
-  return std::string(kNotCompressible);
+  throw ConversionError("Can not convert UPC-A TO UPC-E");
 }
 
 }  // namespace

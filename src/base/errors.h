@@ -44,6 +44,16 @@ class PictureError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// Something that the whole run needs isn't there, as a font. Whoever catches it tells the report.
+class SystemError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// What is being caught, as one line with file and reason. Not for numbers: those were told where
+// they arose.
+std::string failureText();
+
 // The last error number that was met and the file it belongs to.
 struct LastErrorRecord {
   int Number = -1;

@@ -1,8 +1,11 @@
 // The list of pages to print, such as "1,3-5".
 #include <algorithm>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "base/app_options.h"
+#include "base/errors.h"
 #include "base/text.h"
 #include "document/vdoc.h"
 
@@ -40,10 +43,19 @@ std::vector<PageRange> parsePageList(std::string_view list) {
   return ranges;
 }
 
+std::vector<PageRange> readPageList(const std::string& list) {
+  try {
+    return parsePageList(list);
+  } catch (const ConversionError& error) {
+    throw ConversionError(AppOptions.FileName + ": pages to print \"" + list +
+                          "\": " + error.what());
+  }
+}
+
 }  // namespace
 
 void VDoc::SelectPages() {
-  const std::vector<PageRange> ranges = parsePageList(Settings.Page.PagesForPrint);
+  const std::vector<PageRange> ranges = readPageList(Settings.Page.PagesForPrint);
   if (ranges.empty()) return;
   for (VDocPage& page : Pages) {
     const auto number = static_cast<std::uint32_t>(page.Number);

@@ -16,17 +16,10 @@ constexpr std::array<std::string_view, 6> kExtensions = {".png", ".jpg", ".jpeg"
                                                          ".gif", ".bmp", ".ico"};
 constexpr std::uint64_t kMaxPictureFile = 256U << 20;
 
-std::string systemName(std::string_view fileName, int codePage) {
-  std::string name = utf8FromCodePage(fileName, codePage);
-  if (name.find('\\') == std::string::npos || fileExists(name)) return name;
-  std::replace(name.begin(), name.end(), '\\', '/');
-  return name;
-}
-
 }  // namespace
 
 std::optional<std::string> readNamedFile(std::string_view fileName, int codePage) {
-  return readWholeFile(systemName(fileName, codePage), kMaxPictureFile);
+  return readWholeFile(withSystemSeparators(utf8FromCodePage(fileName, codePage)), kMaxPictureFile);
 }
 
 std::optional<std::string> readPictureFile(std::string_view fileName, int codePage) {

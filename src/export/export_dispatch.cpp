@@ -13,22 +13,28 @@
 namespace qor {
 namespace {
 
-using Exporter = void (*)(VDoc&, ExportOptions&);
+using Exporter = void (*)(VDoc&, ExportOptions&, ExportFileList&);
 
-[[noreturn]] void exportNothing(VDoc&, ExportOptions& options) {
+[[noreturn]] void exportNothing(VDoc&, ExportOptions& options, ExportFileList&) {
   throw FileError(options.TargetName + ": this version can't write such files");
 }
 
-void exportPdf(VDoc& doc, ExportOptions& options) {
+template <auto Export>
+void exportToTarget(VDoc& doc, ExportOptions& options, ExportFileList& files) {
+  Export(doc, options);
+  files.push_back(options.TargetName);
+}
+
+void exportPdf(VDoc& doc, ExportOptions& options, ExportFileList& files) {
   // The user has been told why.
   if (ExportPdf(doc, options) == kExportStop) throw kExportStop;
+  files.push_back(options.TargetName);
 }
 
 template <ImageFormat Format>
-void exportImage(VDoc& doc, ExportOptions& options) {
+void exportImage(VDoc& doc, ExportOptions& options, ExportFileList& files) {
   if (doc.PageCount == 0) showWarning(options.TargetName + ": the report has no pages");
   options.ImageFormats.set(Format);
-  ExportFileList files;
   ExportImages(doc, options, files);
 }
 
@@ -38,8 +44,8 @@ struct ExtensionRow {
 };
 
 constexpr std::array<ExtensionRow, 13> kExporters = {{
-    {".txt", [](VDoc& doc, ExportOptions& options) { ExportText(doc, options); }},
-    {".html", [](VDoc& doc, ExportOptions& options) { ExportHtml(doc, options); }},
+    {".txt", exportToTarget<ExportText>},
+    {".html", exportToTarget<ExportHtml>},
     {".rtf", exportNothing},
     {".doc", exportNothing},
     {".pdf", exportPdf},
@@ -67,14 +73,16 @@ ExportOptions commandLineOptions() {
 
 }  // namespace
 
-void ExportByExtension(VDoc& doc) {
+ExportFileList ExportByExtension(VDoc& doc) {
   const std::string_view extension = extensionOf(AppOptions.ExportTarget);
   const auto found =
       std::find_if(kExporters.begin(), kExporters.end(),
                    [extension](const ExtensionRow& row) { return row.extension == extension; });
-  if (found == kExporters.end()) return;
+  ExportFileList files;
+  if (found == kExporters.end()) return files;
   ExportOptions options = commandLineOptions();
-  found->run(doc, options);
+  found->run(doc, options, files);
+  return files;
 }
 
 }  // namespace qor

@@ -35,8 +35,9 @@ int ExportImages(VDoc& doc, const ExportOptions& options, ExportFileList& files)
 // Draws the page at 100 percent; the document's VSetScr must hold its sheet.
 void RenderPageToImage(VDocPage& page, Canvas& canvas);
 
-// Runs the exporter that the extension of AppOptions.ExportTarget names; any other extension
-// exports nothing. Throws what the exporter throws, and kExportStop where it returns that.
-void ExportByExtension(VDoc& doc);
+// Runs the exporter that the extension of AppOptions.ExportTarget names and gives the files that it
+// wrote; any other extension exports nothing. Throws what the exporter throws, and kExportStop
+// where it returns that.
+ExportFileList ExportByExtension(VDoc& doc);
 
 }  // namespace qor

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/text_encoding.h"
+
 namespace qor {
 namespace fs = std::filesystem;
 
@@ -14,7 +16,23 @@ std::string closed(std::string directory) {
   return directory;
 }
 
+// Whether the name starts with the prefix. In another case it does where the file system finds the
+// same file by the prefix as it is told.
+bool startsWith(const fs::path& file, const std::string& name, std::string_view prefix) {
+  if (name.starts_with(prefix)) return true;
+  if (name.size() < prefix.size()) return false;
+  const std::string start = name.substr(0, prefix.size());
+  if (lowerUtf8(start) != lowerUtf8(prefix)) return false;
+  const fs::path asTold = file.parent_path() / (std::string(prefix) + name.substr(prefix.size()));
+  return isSameFile(file.string(), asTold.string());
+}
+
 }  // namespace
+
+bool isSameFile(const std::string& first, const std::string& second) {
+  std::error_code error;
+  return fs::equivalent(first, second, error);
+}
 
 std::string currentDirectory() {
   std::error_code error;
@@ -45,8 +63,8 @@ std::vector<std::string> filesStartingWith(const std::string& directory, std::st
        entry.increment(error)) {
     const std::string name = entry->path().filename().string();
     std::error_code ignored;
-    if (name.starts_with(prefix) && name.find('.', prefix.size()) != std::string::npos &&
-        entry->is_regular_file(ignored)) {
+    if (startsWith(entry->path(), name, prefix) &&
+        name.find('.', prefix.size()) != std::string::npos && entry->is_regular_file(ignored)) {
       found.push_back(directory + name);
     }
   }

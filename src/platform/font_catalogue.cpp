@@ -112,7 +112,7 @@ std::shared_ptr<const FontFace> findFace(const FaceRequest& request) {
   FcResult result = FcResultNoMatch;
   const FontPattern found(FcFontMatch(nullptr, pattern.get(), &result));
   auto face = found ? openFace(found.get(), request) : nullptr;
-  if (!face) throw FileError("no font is installed");
+  if (!face) throw SystemError("no font is installed");
   return face;
 }
 

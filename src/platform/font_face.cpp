@@ -14,7 +14,7 @@ namespace {
 FT_Library library() {
   static const FT_Library handle = [] {
     FT_Library made = nullptr;
-    if (FT_Init_FreeType(&made) != 0) throw FileError("the font system can't be started");
+    if (FT_Init_FreeType(&made) != 0) throw SystemError("the font system can't be started");
     return made;
   }();
   return handle;

@@ -1,6 +1,7 @@
 // Files for reading, on POSIX.
 #include "platform/input_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -60,6 +61,12 @@ std::size_t InputFile::readAt(std::uint64_t offset, char* buffer, std::size_t co
 bool fileExists(const std::string& path) {
   struct stat status {};
   return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::string withSystemSeparators(std::string name) {
+  if (name.find('\\') != std::string::npos && !fileExists(name))
+    std::replace(name.begin(), name.end(), '\\', '/');
+  return name;
 }
 
 std::string loadWholeFile(const std::string& path, std::uint64_t limit) {

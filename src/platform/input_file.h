@@ -33,6 +33,9 @@ class InputFile {
 // True for a regular file; a directory or a device is none.
 bool fileExists(const std::string& path);
 
+// The name as it stands, or, where it holds "\" and there is no such file, with "/" in its place.
+std::string withSystemSeparators(std::string name);
+
 // The whole file. Throws FileError where it can't be read or holds more than `limit` bytes.
 std::string loadWholeFile(const std::string& path, std::uint64_t limit);
 

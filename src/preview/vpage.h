@@ -30,7 +30,7 @@ class VPage : public QFrame {
 
   // One page, on its sheet or as wide as its content needs. `page` must be loaded and stay so while
   // it is shown; its set takes the sheet's measurements, and a zoom that fits is replaced by its
-  // percentage. Throws FileError where no font is installed.
+  // percentage. Throws SystemError where no font is installed.
   void ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable, int preview_type);
 
   // Measures a page for the wide view and paints nothing.

@@ -215,7 +215,10 @@ TEST(DeleteAfterwards, takesTheReportAndItsSideFiles) {
   const Row rows[] = {
       {"in/r.txt", "o.txt", {"in/r.txt", "in/r_1.jpeg", "in/r_mail.tmp", "in/r_.x", "in/r_a_b.c"}},
       {"in/r.txt", "o.html", {"in/r.txt", "in/r_1.jpeg", "in/r_mail.tmp", "in/r_.x", "in/r_a_b.c"}},
-      {"in/r.txt", "pdf", {"in/r.txt", "in/r_1.jpeg", "in/r_mail.tmp", "in/r_.x", "in/r_a_b.c"}},
+      {"in/r.txt", "pdf", {}},  // nothing is exported
+      {"in/r.txt",
+       "in/r_o.txt",
+       {"in/r.txt", "in/r_1.jpeg", "in/r_mail.tmp", "in/r_.x", "in/r_a_b.c"}},
       {"in/r.s.txt", "o.txt", {"in/r.s.txt", "in/r.s_1.jpeg"}},
       {"r.txt", "o.txt", {"r.txt", "r_1.jpeg"}},
   };
@@ -285,7 +288,7 @@ TEST(FailedExport, leavesEverythingAsItWas) {
   for (const char* tooLarge : {"old.txt", "old.html", "old.bmp", "new.txt"}) {
     expectFailure(tooLarge, "1252", 8192, tooLarge);
   }
-  expectFailure("old.png", "1250", 0, "cp1250.ini");
+  expectFailure("old.png", "708", 0, "code page 708");
 }
 
 }  // namespace

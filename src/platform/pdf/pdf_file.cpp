@@ -162,7 +162,7 @@ PdfId PdfFile::addStream(std::string_view entries, std::string_view bytes) {
 
 void PdfFile::finish(PdfId catalog, PdfId information) {
   const std::uint64_t table = position_;
-  if (table > kFarthest) throw FileError("the report is too long for a PDF file");
+  if (table > kFarthest) throw SystemError("the report is too long for a PDF file");
   const std::string size = std::to_string(places_.size() + 1);
   write("xref\n0 " + size + "\n0000000000 65535 f \n");
   for (const std::uint64_t place : places_) {

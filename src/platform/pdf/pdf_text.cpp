@@ -13,7 +13,7 @@ namespace qor {
 std::size_t PdfDocument::encodingNumber(const std::string& name) {
   const auto known = encodings_.find(name);
   if (known != encodings_.end()) return known->second;
-  if (!hasEncoding(name)) throw FileError(name + ": the encoding is unknown");
+  if (!hasEncoding(name)) throw SystemError(name + ": the encoding is unknown");
   defineEncoding(name, encodingOfCodePage(resources_.codePageOf(name)));
   return encodings_.at(name);
 }

@@ -84,16 +84,26 @@ TEST(PageWalk, CountsMarginsInMillimetresOrCells) {
   }
 }
 
-TEST(PageWalk, RowSpacingOfTheBaseFontSetsOnlyTheGrid) {
-  TestReport report("a\r\nb");
-  report.doc().Settings.Page.MarginTop = -2;
-  report.doc().Settings.Font.LineSpacing = 8;
-  RecordingCanvas canvas;
-  std::int32_t height = 0;
-  std::int32_t width = 0;
-  LineCellMetrics(report.page(), canvas, height, width);
-  EXPECT_EQ(height, 240);
-  EXPECT_EQ(width, 106);
+// 8/48 inch are 240 twips: two rows above the page, and each empty line. Plain lines keep 227, and
+// with a height for 8 lines an inch (9 points) 204.
+TEST(PageWalk, RowHeightsOfTheReportSetTheGridAndEmptyLines) {
+  struct Row {
+    const char* bytes;
+    std::vector<int> lines;  // where each letter stands
+  };
+  for (const Row& row : {Row{"\033&l8Ca\r\nb\r\n\r\nc", {480, 707, 1174}},
+                         Row{"a\r\n\033&l8Cb\r\n\r\nc", {480, 707, 1174}},
+                         Row{"\033&l8Da\r\n\r\nb\r\nc", {360, 768, 972}},
+                         Row{"<font vs=1/>a\r\n\r\nb", {60, 626}}}) {
+    TestReport report(row.bytes);
+    report.doc().Settings.Page.MarginTop = -2;
+    const std::string record = drawn(report);
+    char letter = 'a';
+    for (const int y : row.lines) {
+      const std::string text = "," + std::to_string(y) + " \"" + letter++ + "\"";
+      EXPECT_NE(record.find(text), std::string::npos) << row.bytes << text << "\n" << record;
+    }
+  }
 }
 
 TEST(PageWalk, AFormFeedInsideAPageStartsItsLowerHalf) {

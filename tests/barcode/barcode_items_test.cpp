@@ -1,0 +1,181 @@
+// Barcodes as items of a page: drawn alike however often, and never missing without a word.
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "barcode/barcode_picture.h"
+#include "platform/picture.h"
+#include "render/page_walk.h"
+#include "support/program.h"
+#include "support/recording_canvas.h"
+#include "support/report_reader.h"
+
+namespace qor::test {
+namespace {
+
+const std::string kBox = " left=20 top=30 right=120 bottom=70 value_show=1";
+
+std::string drawn(VDocPage& page) {
+  RecordingCanvas canvas;
+  DrawPage(page, canvas);
+  return canvas.record();
+}
+
+// Two of what stands before decides, and one of what stands behind must not.
+TEST(BarcodeItems, AreDrawnAlikeHoweverOften) {
+  const std::string interleave = "<barcode br_type=InterLeave value=zz" + kBox + "/>";
+  const std::string code39 = "<barcode br_type=39 value=AB" + kBox + "/>";
+  const std::string ean = "<barcode value=590123412345 font_width=4" + kBox + "/>";
+  for (const std::string& bytes :
+       {interleave + code39 + interleave, ean, code39 + "\r\n" + ean + interleave,
+        "<barcode br_type=FullASCII value=1" + kBox + "/>" + ean,
+        code39 + "<barcode br_type=ITF value=12" + kBox + "/>" + interleave}) {
+    TestReport report(bytes);
+    VDocPage& page = report.page();
+    const std::string first = drawn(page);
+    RecordingCanvas measuring;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    MeasurePage(page, measuring, width, height);
+    writeBarcodePicturesOf(page, report.path("r"));
+    EXPECT_EQ(drawn(page), first) << bytes;
+    EXPECT_EQ(drawn(report.page()), first) << bytes;
+  }
+}
+
+TEST(BarcodeItems, WithoutAnEncoderShowTheSymbolBeforeThem) {
+  const std::string code39 = "<barcode br_type=39 value=AB" + kBox + "/>";
+  const std::string none = "<barcode br_type=InterLeave value=zz" + kBox + "/>";
+  const auto pageOf = [](const std::string& bytes) {
+    TestReport report(bytes);
+    return drawn(report.page());
+  };
+  const std::string symbol = pageOf(code39);
+  EXPECT_EQ(pageOf(none + code39), symbol);
+  EXPECT_EQ(pageOf(code39 + none), symbol + symbol);
+  EXPECT_EQ(pageOf(code39 + "<barcode br_type=CodeBar value=12" + kBox + "/>" + none),
+            symbol + symbol);
+  // Nothing is left over from page to page.
+  TestReport report(code39 + "\f\r\n" + none);
+  EXPECT_EQ(drawn(report.page(1)), symbol);
+  EXPECT_EQ(drawn(report.page(2)), "");
+}
+
+// Modules of 50 twips; the quiet zone ends at 1683. A font of 4 is 226 twips wide: the digit starts
+// half of that before the middle of the 226 twips before the bars.
+TEST(BarcodeItems, LeadingDigitStandsByTheWidthOfTheLabels) {
+  TestReport report("<barcode value=590123412345 font_width=4" + kBox + "/>");
+  EXPECT_NE(drawn(report.page()).find("text 1456,3577 \"5\" Courier New 416x226"),
+            std::string::npos)
+      << drawn(report.page());
+}
+
+struct Extent {
+  const char* what;
+  std::string keys;
+  int width;  // of the picture, dots of 15 twips
+  int height;
+  const char* read;  // by zbarimg, or nothing
+};
+
+// Lengths in twips: left=60 is 3401, top=20 1133, bottom=50 2834.
+const std::vector<Extent> kExtents = {
+    {"its box", "value=590123412345 left=60 top=20 right=110 bottom=50", 189, 113,
+     "EAN-13:5901234123457"},
+    // 3401 / 113 gives modules of 30 to the left: 3390 twips.
+    {"fitted, no right", "value=590123412345 left=60 top=20 bottom=50", 226, 113,
+     "EAN-13:5901234123457"},
+    // Modules of 37 (37.4 cut): 113 of them.
+    {"of its own size, no right",
+     "value=590123412345 left=60 top=20 bottom=50 size_set=0 size_factor=200", 278, 113,
+     "EAN-13:5901234123457"},
+    {"manual, no right", "value=590123412345 left=60 top=20 bottom=50 manual_width=1 line_width=30",
+     226, 113, "EAN-13:5901234123457"},
+    // The bars run up from the top to the sheet's edge.
+    {"no right and no bottom", "value=590123412345 left=60 top=20 manual_width=1 line_width=30",
+     226, 75, "EAN-13:5901234123457"},
+    {"turned, no bottom",
+     "value=590123412345 left=60 top=60 right=90 orient=1 manual_width=1 line_width=30", 113, 226,
+     "EAN-13:5901234123457"},
+    // Wider than the sheet, and whole: 113 modules of 120 twips.
+    {"longer than the sheet",
+     "value=590123412345 left=1 top=20 bottom=50 manual_width=1 line_width=120", 904, 113,
+     "EAN-13:5901234123457"},
+    {"QR code, no right", "br_type=KAREKOD value=QOR left=30 top=20 bottom=50", 113, 113,
+     "QR-Code:QOR"},
+    {"modules of no width", "value=590123412345 left=60 top=20 right=61 bottom=50", 3, 113, ""},
+};
+
+TEST(BarcodeItems, HavePicturesAsLargeAsWhatTheyCover) {
+  for (const Extent& row : kExtents) {
+    SCOPED_TRACE(row.what);
+    TestReport report("<barcode " + row.keys + "/>");
+    drawn(report.page());
+    std::string file;
+    for (const auto& entry : std::filesystem::directory_iterator(report.path("")))
+      if (entry.path().extension() == ".jpeg") file = entry.path().string();
+    const auto picture = decodePicture(readFile(file));
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(picture->width, row.width);
+    EXPECT_EQ(picture->height, row.height);
+    const std::string read = run({"zbarimg", "-q", file}).output;
+    EXPECT_EQ(read, *row.read == '\0' ? "" : std::string(row.read) + "\n");
+  }
+}
+
+TEST(BarcodeItems, AreToldWhereAnExportCantShowThem) {
+  const TemporaryDirectory place;
+  const std::string box = " right=50 bottom=10/>\r\n";
+  place.write("r.txt", "a\r\n\f\r\n<barcode value=12345678901 br_type=UPCE" + box +
+                           "<barcode value=12 br_type=39 left=0 bottom=10/>\r\n" +
+                           "<barcode br_type=CodeBar value=A1B" + box +
+                           "<barcode br_type=39 value=\"a\xE9\"" + box +
+                           "<barcode br_type=ITF value=12" + box + "<barcode br_type=39 value=OK" +
+                           box + "behind\r\n");
+  const std::string start = place.path("r.txt") + ": page 2: barcode ";
+  for (const char* target : {"o.html", "o.pdf"}) {
+    const Outcome outcome = runViewer({"-f", "r.txt", "-export", target}, {place.path(), {}, 0});
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.errors,
+              start + "\"12345678901\": Can not convert UPC-A TO UPC-E\n" +  //
+                  start + "\"12\": its bars cover nothing\n" +               //
+                  start + "\"A1B\": its type is not drawn\n" +               //
+                  start + "\"ERROR\": not a value of its type\n" +           //
+                  start + "\"12\": no symbol can be made of it\n");
+  }
+  const std::string html = place.read("o.html");
+  EXPECT_NE(html.find("r_barcode_OK_0_0.jpeg\" width=\"188\""), std::string::npos) << html;
+  EXPECT_NE(html.find(">behind\r\n"), std::string::npos);
+  EXPECT_NE(run({"pdftotext", place.path("o.pdf"), "-"}).output.find("behind"), std::string::npos);
+}
+
+// 255 bytes are the most that a file's name may have, in whatever code page its parts were.
+TEST(BarcodeItems, HavePicturesWithNamesThatFit) {
+  const std::string cyrillic(100, '\xE0');  // 200 bytes of UTF-8
+  const std::string letters(120, 'Q');
+  for (const std::string& stem : {std::string("r"), std::string(250, 's'), std::string(170, 's')}) {
+    const TemporaryDirectory place;
+    const std::string report = stem + ".t";
+    place.write(report,
+                "<barcode br_type=128 value=\"" + cyrillic + "\" left=10 right=150 bottom=10/>" +
+                    "<barcode br_type=39 value=" + letters + " right=150 bottom=10/>" +
+                    "<barcode br_type=39 value=" + letters + "Q top=10 right=150 bottom=20/>" +
+                    "<shape sh_type=5 left=10 top=10 right=20 bottom=20/>\r\n");
+    const Outcome outcome =
+        runViewer({"-f", report, "-codepage", "1251", "-export", "o.png"}, {place.path(), {}, 0});
+    EXPECT_EQ(outcome.errors, "");
+    const auto files = [&place] {
+      const std::filesystem::directory_iterator entries(place.path());
+      return std::distance(begin(entries), end(entries));
+    };
+    EXPECT_EQ(files(), 2 + 3 * 2 + 1) << stem.size();
+    EXPECT_EQ(runViewer({"-f", report, "-codepage", "1251", "-export", "o.png", "-dd"},
+                        {place.path(), {}, 0})
+                  .errors,
+              "");
+    EXPECT_EQ(files(), 1) << "the side files go with their report";
+  }
+}
+
+}  // namespace
+}  // namespace qor::test

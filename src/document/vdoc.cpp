@@ -18,6 +18,7 @@ namespace qor {
 namespace {
 
 constexpr std::size_t kHeaderSize = 1024;
+constexpr std::uint64_t kShortFile = 4096;  // its lines end as the report generator writes them
 
 struct BaseFontRule {
   std::string_view start;
@@ -100,11 +101,35 @@ const FontState& VDoc::FontAt(std::int32_t number) {
   return fonts_.at(number);
 }
 
+// A short file may still grow, and is looked at again.
+void VDoc::findLineEnds(const InputFile& file) {
+  if (lineEnds_ || file.size() <= kShortFile) return;
+  lineEnds_ = lineEndsOf(file);
+  if (lineEnds_ == LineEnds::lineFeeds) ForgetFonts();
+}
+
+LineEnds VDoc::lineEndsOf(const InputFile& file) const {
+  const VDocPage& page = Pages.front();
+  std::array<char, kHeaderSize> buffer;
+  std::uint64_t place = page.Offset;
+  for (const std::uint64_t end = page.Offset + page.Length; place < end;) {
+    const auto wanted =
+        static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), end - place));
+    const std::size_t count = file.readAt(place, buffer.data(), wanted);
+    const std::string_view bytes(buffer.data(), count);
+    if (bytes.find(kCarriageReturn) != std::string_view::npos) return LineEnds::carriageReturns;
+    if (count < wanted) break;
+    place += count;
+  }
+  return LineEnds::lineFeeds;
+}
+
 void VDoc::readPage(VDocPage& page, const InputFile& file, int mode) {
   // The first page of a quick scan starts at 0, before the control sequences.
   if (page.Number == 1 && HeaderLength > 0) page.Offset = HeaderLength;
+  findLineEnds(file);
   FontState font = FontAt(page.Number);
-  page.ReadLines(file, mode, font);
+  page.ReadLines(file, mode, lineEnds(), font);
   fonts_.endOfPage(page.Number, font);
 }
 
@@ -130,6 +155,7 @@ void VDoc::Clear() {
   PageCount = 0;
   KnownSize = 0;
   HeaderLength = 0;
+  lineEnds_.reset();
   ForgetFonts();
 }
 

@@ -48,6 +48,10 @@ class VDoc {
   // be opened; throws as GetPage.
   void ReadUpTo(std::int32_t number);
 
+  // What ends the lines of the report. A file of more than 4 KB whose first page holds no CR at all
+  // is a text of another system, which would be one endless line. Known once a page was read.
+  LineEnds lineEnds() const { return lineEnds_.value_or(LineEnds::carriageReturns); }
+
   // How many pages from the first on have a start that is known: those before them were read. The
   // first page has as soon as it was asked for.
   std::int32_t KnownStarts() const { return fonts_.known(); }
@@ -99,8 +103,11 @@ class VDoc {
   void printPages(const std::string& output, bool selectedOnly);
   VDocPage& appendPage(std::uint64_t offset, std::uint64_t length);
   void dropControlPage(const InputFile& file);
+  void findLineEnds(const InputFile& file);
+  LineEnds lineEndsOf(const InputFile& file) const;
 
   RunningFonts fonts_;
+  std::optional<LineEnds> lineEnds_;
   bool headApplied_ = false;
 };
 

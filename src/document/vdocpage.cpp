@@ -28,16 +28,33 @@ std::string readBytes(const InputFile& file, std::uint64_t offset, std::uint64_t
   return bytes;
 }
 
-bool isLineByte(char c, bool keepTabs) {
-  const bool special = c == kCarriageReturn || c == kFormFeed || c == kEndOfFile || c == kTab;
-  return !special || (c == kTab && keepTabs);
+// A LF behind the form feed of the page before belongs to that end of a page.
+std::string_view textOf(std::string_view bytes, LineEnds ends, std::int32_t page) {
+  const bool ended = page > 1 && ends == LineEnds::lineFeeds && bytes.starts_with(kLineFeed);
+  return bytes.substr(ended ? 1 : 0);
+}
+
+struct ReadingMode {
+  bool keepTabs;
+  LineEnds ends;
+};
+
+bool isLineByte(char c, const ReadingMode& mode) {
+  switch (c) {
+    case kCarriageReturn:
+    case kFormFeed:
+    case kEndOfFile: return false;
+    case kTab: return mode.keepTabs;
+    case kLineFeed: return mode.ends == LineEnds::carriageReturns;
+    default: return true;
+  }
 }
 
 // Cuts the bytes of a page into lines.
 class LineSplitter {
  public:
-  LineSplitter(VDocPage& page, VCommand& commands, std::string_view bytes, bool keepTabs)
-      : page_(page), commands_(commands), bytes_(bytes), keepTabs_(keepTabs) {}
+  LineSplitter(VDocPage& page, VCommand& commands, std::string_view bytes, const ReadingMode& mode)
+      : page_(page), commands_(commands), bytes_(bytes), mode_(mode) {}
 
   void run() {
     while (place_ < bytes_.size() && bytes_[place_] != kEndOfFile) {
@@ -51,15 +68,20 @@ class LineSplitter {
   void takeLineBytes() {
     const auto* start = bytes_.begin() + static_cast<std::ptrdiff_t>(place_);
     const auto* end =
-        std::find_if_not(start, bytes_.end(), [this](char c) { return isLineByte(c, keepTabs_); });
+        std::find_if_not(start, bytes_.end(), [this](char c) { return isLineByte(c, mode_); });
     line_.append(start, end);
     place_ = static_cast<std::size_t>(end - bytes_.begin());
   }
 
   void takeSpecialByte() {
     const char c = bytes_[place_++];
-    if (c == kTab || lineHoldsMemo()) return;
+    if (c == kTab) return;
+    if (lineHoldsMemo()) {
+      if (c == kLineFeed) line_ += c;
+      return;
+    }
     addLine();
+    if (c == kLineFeed) return;
     if (place_ < bytes_.size() && bytes_[place_] == kLineFeed) {
       ++place_;
     } else {
@@ -91,7 +113,7 @@ class LineSplitter {
   VDocPage& page_;
   VCommand& commands_;
   std::string_view bytes_;
-  bool keepTabs_;
+  ReadingMode mode_;
   std::size_t place_ = 0;
   std::string line_;
   std::size_t searched_ = 0;
@@ -113,7 +135,7 @@ VDocPage::~VDocPage() {
   ReleaseLines();
 }
 
-void VDocPage::ReadLines(const InputFile& file, int mode, FontState& font) {
+void VDocPage::ReadLines(const InputFile& file, int mode, LineEnds ends, FontState& font) {
   ReleaseLines();
   if (Length > kMaxPageBytes) {
     throw std::string("Error: page " + std::to_string(Number) + " is too long to be read: ");
@@ -126,7 +148,7 @@ void VDocPage::ReadLines(const InputFile& file, int mode, FontState& font) {
         ". Error: can't read data from document file: ";
   }
   VCommand commands(*Settings, font);
-  LineSplitter(*this, commands, bytes, mode == kKeepTabs).run();
+  LineSplitter(*this, commands, textOf(bytes, ends, Number), {mode == kKeepTabs, ends}).run();
   Font = std::make_unique<FontState>(font);
   Loaded = true;
 }

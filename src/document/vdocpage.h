@@ -23,6 +23,9 @@ inline constexpr int kKeepTabs = 8;
 // "<report>: page <number>: ", for messages about what stands there.
 std::string placeInReport(std::int32_t page);
 
+// What ends a line: CR with the LF behind it, or, in texts of other systems, LF alone as well.
+enum class LineEnds { carriageReturns, lineFeeds };
+
 class VDocPage {
  public:
   VDocPage(std::int32_t number, VSet* settings);
@@ -34,7 +37,7 @@ class VDocPage {
   // then the one at its end. Throws a text that ends with "Error: can't read data from document
   // file: " as a std::string where they can't be read, and another such text for a page of more
   // than 1 GiB.
-  void ReadLines(const InputFile& file, int mode, FontState& font);
+  void ReadLines(const InputFile& file, int mode, LineEnds ends, FontState& font);
 
   // Builds one line and appends it.
   VDocStr& AddLine(std::string_view text, VCommand& commands);

@@ -1,0 +1,86 @@
+// Texts that were not written by the report generator: how they are recognised and read.
+#include "document/text_kind.h"
+
+#include <gtest/gtest.h>
+
+#include "document/code_page.h"
+#include "support/report_reader.h"
+
+namespace qor::test {
+namespace {
+
+TEST(TextKind, IsToldByBytes) {
+  struct Row {
+    std::string bytes;
+    bool utf8;
+    bool lineFeedsOnly;
+  };
+  const std::vector<Row> rows = {
+      {"", false, false},
+      {"plain\r\n", false, false},
+      {"plain\n", false, true},
+      {"no end", false, false},
+      {"a\nb\rc", false, false},
+      {"\xD0\x90\xD0\x91\n", true, true},
+      {"caf\xC3\xA9\r\n", true, false},
+      {"\xE2\x82\xAC and \xF0\x9F\x98\x80", true, false},
+      {"\xC3\xA9 cut \xE2\x82", true, false},
+      {"caf\xE9", false, false},
+      {"\xEF\xBB\xBFmarked", true, false},
+      {"\x80\x81\x82", false, false},      // letters of 866
+      {"\xC0\xE0\xC1\xE1", false, false},  // letters of 1251
+      {"caf\xC3\xA9 and caf\xE9 au lait", false, false},
+      {"\xC3\x28", false, false},
+      {"\xC1\x81", false, false},  // never starts a sequence
+      {"\xF5\x80\x80\x80", false, false},
+  };
+  for (const Row& row : rows) {
+    const TextKind kind = kindOf(row.bytes);
+    EXPECT_EQ(kind.utf8, row.utf8) << row.bytes;
+    EXPECT_EQ(kind.lineFeedsOnly, row.lineFeedsOnly) << row.bytes;
+  }
+  TestReport report("\033E\xC3\xA9\n\f\r\nsecond\r\n");
+  EXPECT_TRUE(kindOfFirstPage(report.doc()).utf8);
+  EXPECT_FALSE(kindOfFirstPage(report.doc()).lineFeedsOnly) << "its page ends with FF CR LF";
+}
+
+// The three code pages that count as ASCII show nothing in the place of other letters.
+TEST(TextKind, CountsTheLettersThatAreLeftOut) {
+  for (const auto& [codePage, letters] : {std::pair{1252, 3}, {850, 3}, {437, 3}, {1251, 0}}) {
+    TestReport report("a\xE9\xE8<text left=1 top=1 tc=\xE9/>\r\n<text right=9 left=1 tc=\xE9/>",
+                      codePage);
+    LoadCodePage(codePage);
+    EXPECT_EQ(lettersLeftOut(report.page()), letters) << codePage;
+  }
+}
+
+std::string linesOf(const std::string& bytes, int page = 1) {
+  TestReport report(bytes);
+  std::string lines;
+  for (const VDocStr& line : report.page(page).lines()) {
+    for (const VData& item : line.items()) {
+      if (const auto* text = dynamic_cast<const VData_Text*>(&item)) lines += text->Text;
+    }
+    lines += line.LineFeeds == 0 ? "+" : "|";
+  }
+  return lines;
+}
+
+// A file of 4096 bytes is as the generator writes it, one of 4097 may be from another system.
+TEST(TextKind, LetsLineFeedsEndTheLinesOfLongTexts) {
+  const auto filled = [](const std::string& start, std::size_t size) {
+    return start + std::string(size - start.size(), 'x');
+  };
+  const std::string x(4088, 'x');
+  EXPECT_EQ(linesOf(filled("ab\ncd\n\n\f", 4096)), "abcd|");
+  const std::string second = filled("ab\n<b>cd\n\n\f\nef\n\r\ngh\n\f", 4097);
+  EXPECT_EQ(linesOf(second), "ab|cd|||");
+  EXPECT_EQ(linesOf(second, 2), "ef||gh||");
+  // One CR on the first page, and all is as it was.
+  EXPECT_EQ(linesOf(filled("ab\ncd\r\n\f", 4097)), "abcd||");
+  EXPECT_EQ(linesOf(filled("ab\ncd\f\r\n", 4097)), "abcd|+");
+  EXPECT_EQ(linesOf(filled("a<text memo left=1 tc=\"b\nc\"/>\nd\f", 4097)), "ab\ncd|");
+}
+
+}  // namespace
+}  // namespace qor::test

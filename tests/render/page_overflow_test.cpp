@@ -1,0 +1,53 @@
+// What lies beyond the sheet. Characters are 120 twips wide, lines 227 high, their baselines 167
+// below their tops.
+#include "render/page_overflow.h"
+
+#include <gtest/gtest.h>
+
+#include "support/report_reader.h"
+
+namespace qor::test {
+namespace {
+
+TEST(PageOverflow, CountsLinesAndColumns) {
+  struct Row {
+    const char* bytes;
+    Rect sheet;
+    PageOverflow overflow;
+  };
+  const Rect wide = {0, 0, 99999, 99999};
+  const Row rows[] = {
+      {"abc\r\ndef", wide, {0, 0}},
+      {"abc\r\nd", {0, 0, 361, 999}, {0, 0}},
+      {"abc\r\nd", {0, 0, 360, 999}, {0, 1}},
+      {"abc   \r\nd", {0, 0, 361, 999}, {0, 0}},
+      {"   \r\nd", {0, 0, 130, 999}, {0, 0}},
+      {"abc\r\nabcdef", {0, 0, 300, 999}, {0, 4}},
+      {"a<b>bc<b/>def", {0, 0, 241, 999}, {0, 4}},
+      {"a\r\nb\r\nc\r\nd", {0, 0, 999, 394}, {2, 0}},
+      {"a\r\nb\r\nc\r\nd", {0, 0, 999, 393}, {3, 0}},
+      {"a\r\nb\rB\r\nc", {0, 0, 999, 300}, {2, 0}},
+      {"a\r\n\r\n\r\n  ", {0, 0, 999, 300}, {0, 0}},
+      {"<text left=10 top=1 tc=placed/>", {0, 0, 900, 999}, {0, 4}},
+      {"<text left=1 top=20 tc=placed/>", {0, 0, 9999, 999}, {1, 0}},
+      {"<text left=1 top=20 o=1 tc=turned/>", {0, 0, 9, 9}, {0, 0}},
+  };
+  for (const Row& row : rows) {
+    TestReport report(row.bytes);
+    const PageOverflow overflow = overflowOf(report.page(), row.sheet);
+    EXPECT_EQ(overflow.lines, row.overflow.lines) << row.bytes;
+    EXPECT_EQ(overflow.columns, row.overflow.columns) << row.bytes;
+  }
+}
+
+TEST(PageOverflow, LeavesNoPicturesBehind) {
+  TestReport report(
+      "<barcode value=590123412345 left=1 top=1 right=60 bottom=20/><shape sh_type=5 right=9 "
+      "bottom=9/>");
+  overflowOf(report.page(), {});
+  const std::filesystem::directory_iterator files(report.path(""));
+  EXPECT_EQ(std::distance(begin(files), end(files)), 1);
+}
+
+}  // namespace
+}  // namespace qor::test

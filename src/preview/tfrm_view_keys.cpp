@@ -2,7 +2,6 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
-#include <QToolButton>
 #include <QWindow>
 
 #include "document/vdoc.h"
@@ -65,7 +64,7 @@ bool TfrmView::movementKey(const QKeyEvent& event) {
 
 void TfrmView::pageKey(PageMove move, bool leap) {
   if (!leap || state_.showsSeveral()) {
-    (move == PageMove::previous ? ui_->cmdView_Prev : ui_->cmdView_Next)->click();
+    cmdView_PageMoveTo(move);
   } else if (doc_ != nullptr && doc_->PageCount > 0) {
     leavePageEdit();
     const int current = currentPage();

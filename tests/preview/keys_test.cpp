@@ -20,6 +20,7 @@ TEST(PreviewKeys, answersEachKey) {
   struct Row {
     const char* what;
     int start;
+    const char* startPlace;
     Qt::Key key;
     Qt::KeyboardModifiers modifiers;
     int page;
@@ -28,23 +29,24 @@ TEST(PreviewKeys, answersEachKey) {
   const Qt::KeyboardModifiers none = Qt::NoModifier;
   const Qt::KeyboardModifiers ctrl = Qt::ControlModifier;
   const std::vector<Row> rows = {
-      {"next", 5, Qt::Key_PageDown, none, 6, "top"},
-      {"previous", 5, Qt::Key_PageUp, none, 4, "top"},
-      {"next at the end", 20, Qt::Key_PageDown, none, 20, "top"},
-      {"previous at the start", 1, Qt::Key_PageUp, none, 1, "top"},
-      {"eight on", 5, Qt::Key_PageDown, ctrl, 13, "top"},
-      {"eight on, near the end", 12, Qt::Key_PageDown, ctrl, 20, "top"},
-      {"eight back", 11, Qt::Key_PageUp, ctrl, 3, "top"},
-      {"eight back, near the start", 8, Qt::Key_PageUp, ctrl, 1, "top"},
-      {"end of the page", 5, Qt::Key_End, none, 5, "end"},
-      {"last page", 5, Qt::Key_End, ctrl, 20, "end"},
-      {"first page", 5, Qt::Key_Home, ctrl, 1, "top"},
-      {"one step down", 5, Qt::Key_Down, none, 5, "20"},
-      {"eight steps down", 5, Qt::Key_Down, ctrl, 5, "160"},
-      {"up leads to the end of the page before", 5, Qt::Key_Up, none, 4, "end"},
-      {"nothing is above the first page", 1, Qt::Key_Up, none, 1, "top"},
-      {"F9 alone is nothing", 5, Qt::Key_F9, none, 5, "top"},
-      {"a disabled command does nothing", 5, Qt::Key_F4, none, 5, "top"},
+      {"next", 5, "top", Qt::Key_PageDown, none, 6, "top"},
+      {"previous", 5, "top", Qt::Key_PageUp, none, 4, "top"},
+      {"next at the end", 20, "end", Qt::Key_PageDown, none, 20, "top"},
+      {"previous at the start", 1, "end", Qt::Key_PageUp, none, 1, "top"},
+      {"eight on", 5, "top", Qt::Key_PageDown, ctrl, 13, "top"},
+      {"eight on, near the end", 12, "top", Qt::Key_PageDown, ctrl, 20, "top"},
+      {"eight back", 11, "top", Qt::Key_PageUp, ctrl, 3, "top"},
+      {"eight back at the start", 1, "end", Qt::Key_PageUp, ctrl, 1, "top"},
+      {"eight back, near the start", 8, "top", Qt::Key_PageUp, ctrl, 1, "top"},
+      {"end of the page", 5, "top", Qt::Key_End, none, 5, "end"},
+      {"last page", 5, "top", Qt::Key_End, ctrl, 20, "end"},
+      {"first page", 5, "top", Qt::Key_Home, ctrl, 1, "top"},
+      {"one step down", 5, "top", Qt::Key_Down, none, 5, "20"},
+      {"eight steps down", 5, "top", Qt::Key_Down, ctrl, 5, "160"},
+      {"up leads to the end of the page before", 5, "top", Qt::Key_Up, none, 4, "end"},
+      {"nothing is above the first page", 1, "top", Qt::Key_Up, none, 1, "top"},
+      {"F9 alone is nothing", 5, "top", Qt::Key_F9, none, 5, "top"},
+      {"a disabled command does nothing", 5, "top", Qt::Key_F4, none, 5, "top"},
   };
   Window window({reportOfPages(20), Window::zoomed(kNaturalZoomEntry)});
   const int end = window.control<QScrollArea>("pScroll").verticalScrollBar()->maximum();
@@ -53,6 +55,7 @@ TEST(PreviewKeys, answersEachKey) {
     window.press(Qt::Key_Home, ctrl);
     for (int i = 1; i < row.start; ++i) window.press(Qt::Key_PageDown);
     ASSERT_EQ(window.page(), row.start);
+    if (row.startPlace == std::string("end")) window.press(Qt::Key_End);
     window.press(row.key, row.modifiers);
     EXPECT_EQ(window.page(), row.page) << row.what;
     const std::string place = row.scrolled;

@@ -1,10 +1,13 @@
 // Scrolling over pages.
 #include "preview/page_scroll.h"
 
+#include <QCoreApplication>
 #include <QMouseEvent>
 #include <QStyle>
 #include <QWheelEvent>
 #include <utility>
+
+#include "preview/model/sheet_view.h"
 
 namespace qor {
 namespace {
@@ -33,11 +36,27 @@ int PageScroll::barThickness() const {
   return style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
 }
 
+// A control that is larger than the area ends beyond the board: its gap at the far side serves as
+// the one before it.
 void PageScroll::place(const QPoint& origin, const QSize& size) {
   control_->move(origin);
   control_->show();
-  const QSize needed(origin.x() + size.width(), origin.y() + size.height());
-  board_->resize(needed);
+  const ScreenArea area = {{fullArea().width(), fullArea().height()}};
+  const Extent left = areaBesideBars(area, {size.width(), size.height()}, barThickness()).client;
+  board_->resize(size.expandedTo({left.Width, left.Height}));
+  // The bars come now and not with the next events: whoever placed the control may scroll at once.
+  QEvent layout(QEvent::LayoutRequest);
+  QCoreApplication::sendEvent(this, &layout);
+}
+
+QPointF PageScroll::placeInControl(const QPoint& seen) const {
+  return control_->mapFrom(viewport(), seen);
+}
+
+void PageScroll::bring(const QPointF& placeInControl, const QPoint& seen) {
+  const QPoint scrolled = control_->pos() + placeInControl.toPoint() - seen;
+  horizontalScrollBar()->setValue(scrolled.x());
+  verticalScrollBar()->setValue(scrolled.y());
 }
 
 void PageScroll::scrollToStart() {
@@ -119,7 +138,7 @@ void PageScroll::wheelEvent(QWheelEvent* event) {
   const int steps = wheelSteps(delta);
   if (steps == 0) return;
   if (zooms) {
-    emit wheelZoomed(steps > 0 ? 1 : -1);
+    emit wheelZoomed(steps > 0 ? 1 : -1, event->position().toPoint());
   } else {
     emit wheelBeyondEnd(steps > 0 ? -1 : 1);
   }

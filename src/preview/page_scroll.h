@@ -20,6 +20,13 @@ class PageScroll : public QScrollArea {
   QSize fullArea() const { return maximumViewportSize(); }
   int barThickness() const;
 
+  // Places of what is seen, pixels from its corner: the middle, and one as the control counts it.
+  QPoint middle() const { return viewport()->rect().center(); }
+  QPointF placeInControl(const QPoint& seen) const;
+
+  // Scrolls until a place of the control is seen at one of the area, or as near as can be.
+  void bring(const QPointF& placeInControl, const QPoint& seen);
+
   void scrollToStart();
   void scrollToEnd() { verticalScrollBar()->setValue(verticalScrollBar()->maximum()); }
 
@@ -34,7 +41,7 @@ class PageScroll : public QScrollArea {
   void resized();
   // A step of the wheel beyond the end of what there is to scroll: -1 up, 1 down.
   void wheelBeyondEnd(int direction);
-  void wheelZoomed(int direction);  // 1 larger, -1 smaller
+  void wheelZoomed(int direction, const QPoint& seen);  // 1 larger, -1 smaller
 
  protected:
   bool event(QEvent* event) override;

@@ -100,7 +100,7 @@ class TfrmView : public QMainWindow {
   void releasePage();
   void forgetPage();
   void showLoadedPage();
-  void showMulti(std::int32_t zoom);
+  void showMulti();
   void updateArea();
   void updateMoves();
   void showPageStatus();
@@ -115,6 +115,9 @@ class TfrmView : public QMainWindow {
   void lstPagesClick();
 
   // Views.
+  void zoomFromView(int direction, const QPoint& anchor);
+  void zoomInList(int direction);
+  void zoomAround(const QPoint& anchor, int entry);
   void openPrinter(std::int32_t scale, bool flag);
   void openPrinterForView();
   void applyFullWindow();
@@ -157,7 +160,8 @@ class TfrmView : public QMainWindow {
   QMessageBox* errorBox_ = nullptr;
   QString lastError_;  // since the page was asked for
   QString shownError_;
-  std::optional<FileStamp> stamp_;  // of the file as it was opened
+  std::optional<FileStamp> stamp_;            // of the file as it was opened
+  std::int32_t zoom_on_view_ = kNaturalZoom;  // percent
   int pages_on_view_ = 1;
   int first_on_view_ = 1;
   QString standingMessage_;  // for the status bar while there is nothing else to say

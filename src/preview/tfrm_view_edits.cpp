@@ -57,13 +57,7 @@ void TfrmView::connectPages() {
   connect(page_control_, &VPage::drawingFailed, this,
           [this](const QString& reason) { status_.setMessage(reason); });
   connect(ui_->pScroll, &PageScroll::resized, this, &TfrmView::FormResize);
-  connect(ui_->pScroll, &PageScroll::wheelZoomed, this, [this](int direction) {
-    if (direction > 0) {
-      cmdView_ZoomInClick();
-    } else {
-      cmdView_ZoomOutClick();
-    }
-  });
+  connect(ui_->pScroll, &PageScroll::wheelZoomed, this, &TfrmView::zoomFromView);
   connect(ui_->pScroll, &PageScroll::wheelBeyondEnd, this, &TfrmView::turnPage);
   ui_->pScroll->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(ui_->pScroll, &QWidget::customContextMenuRequested, this, &TfrmView::showPopup);

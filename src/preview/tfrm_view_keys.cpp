@@ -26,6 +26,7 @@ bool TfrmView::FormKeyDown(const QKeyEvent& event) {
 }
 
 bool TfrmView::commandKey(const QKeyEvent& event) {
+  const bool ctrl = event.modifiers().testFlag(Qt::ControlModifier);
   switch (event.key()) {
     case Qt::Key_Escape: close(); return true;
     case Qt::Key_F4: cmdSettings_Click(); return true;
@@ -40,8 +41,11 @@ bool TfrmView::commandKey(const QKeyEvent& event) {
       showPopup(ui_->pScroll->rect().center());
       return true;
     case Qt::Key_F11: mnuFullScreenClick(); return true;
-    case Qt::Key_Plus: cmdView_ZoomInClick(); return true;
-    case Qt::Key_Minus: cmdView_ZoomOutClick(); return true;
+    case Qt::Key_Plus: ctrl ? cmdView_ZoomInClick() : zoomInList(1); return true;
+    case Qt::Key_Minus: ctrl ? cmdView_ZoomOutClick() : zoomInList(-1); return true;
+    case Qt::Key_Equal:  // the plus of many keyboards, without Shift
+      if (ctrl) cmdView_ZoomInClick();
+      return ctrl;
     default: return false;
   }
 }

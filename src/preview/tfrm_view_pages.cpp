@@ -131,17 +131,17 @@ void TfrmView::forgetPage() {
 }
 
 void TfrmView::showLoadedPage() {
-  std::int32_t zoom = zoomPercent(state_.ZoomID);
-  if (state_.showsSeveral()) return showMulti(zoom);
-  const std::int32_t wanted = zoom;
-  page_control_->ShowNormal(page_, zoom, state_.ShowUnprintable, state_.PreviewType);
-  if (wanted > zoom && state_.PreviewType == kWideView)
-    status_.setMessage(qtText(previewTexts().zoomHeld) + QString::number(zoom) + "%");
+  const std::int32_t wanted = zoomPercent(state_.ZoomID);
+  zoom_on_view_ = wanted;
+  if (state_.showsSeveral()) return showMulti();
+  page_control_->ShowNormal(page_, zoom_on_view_, state_.ShowUnprintable, state_.PreviewType);
+  if (wanted > zoom_on_view_ && state_.PreviewType == kWideView)
+    status_.setMessage(qtText(previewTexts().zoomHeld) + QString::number(zoom_on_view_) + "%");
 }
 
-void TfrmView::showMulti(std::int32_t zoom) {
+void TfrmView::showMulti() {
   const int count =
-      page_control_->ShowMulti(doc_, page_, zoom, state_.ShowUnprintable, first_on_view_);
+      page_control_->ShowMulti(doc_, page_, zoom_on_view_, state_.ShowUnprintable, first_on_view_);
   if (state_.ZoomID == kNaturalZoomEntry || count > pages_on_view_) pages_on_view_ = count;
   updateMoves();
 }

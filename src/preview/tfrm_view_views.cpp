@@ -1,4 +1,4 @@
-// How pages are shown: zoom, kind of view, several at once, list of pages, what is hidden.
+// How pages are shown: kind of view, several at once, list of pages, what is hidden.
 #include <QLineEdit>
 #include <QListView>
 
@@ -13,28 +13,6 @@
 #include "ui_tfrm_view.h"
 
 namespace qor {
-
-void TfrmView::cmbZoomChange() {
-  state_.ZoomID = ui_->cmbZoom->currentIndex();
-  pages_on_view_ = 1;
-  ui_->pScroll->scrollToStart();
-  ShowPage();
-}
-
-void TfrmView::cmdView_ZoomInClick() {
-  const int entry = largerZoomEntry(state_.ZoomID);
-  if (entry != state_.ZoomID) mnuZoomListClick(entry);
-}
-
-void TfrmView::cmdView_ZoomOutClick() {
-  const int entry = smallerZoomEntry(state_.ZoomID);
-  if (entry != state_.ZoomID) mnuZoomListClick(entry);
-}
-
-void TfrmView::mnuZoomListClick(int tag) {
-  ui_->cmbZoom->setCurrentIndex(tag);
-  cmbZoomChange();
-}
 
 void TfrmView::cmdView_SetPreviewTypeClick(int type) {
   state_.PreviewType = type;
@@ -98,23 +76,6 @@ void TfrmView::mnuFullScreenClick() {
 void TfrmView::applyFullWindow() {
   ui_->pTools->setVisible(!state_.FlagFullWindow);
   ui_->stBar->setVisible(!state_.FlagFullWindow);
-}
-
-void TfrmView::ShowPageScale() {
-  if (ui_->txtZoom->text().isEmpty()) ui_->txtZoom->setText("100");
-  const int percent = std::max(1, ui_->txtZoom->text().toInt());
-  updateArea();
-  if (doc_ == nullptr || doc_->PageCount == 0) return;
-  if ((page_ == nullptr || !page_->Loaded) && !loadPage()) return;
-  TakePrintMetrics(doc_->Settings.Prn);
-  page_control_->ShowScaled(page_, percent, state_.ShowUnprintable);
-}
-
-void TfrmView::UpDown1Click() {
-  pages_on_view_ = 1;
-  ui_->txtZoom->setText(QString::number(ui_->UpDown1->value()));
-  ui_->pScroll->scrollToStart();
-  ShowPageScale();
 }
 
 }  // namespace qor

@@ -68,7 +68,7 @@ void VPage::setSurroundings(const ScreenArea& area, int barThickness) {
 
 // The area that is left for a sheet once the bars that it needs are there.
 ScreenArea VPage::areaFor(const VSetScr& sheet) const {
-  return areaBesideBars(area_, sheet, barThickness_);
+  return areaBesideBars(area_, {sheet.view_width, sheet.view_height}, barThickness_);
 }
 
 PageView VPage::viewOf(const VSetScr& screen, std::int32_t zoom, bool show_unprintable,

@@ -50,6 +50,9 @@ class VPage : public QFrame {
   // stays.
   void usePage(VDocPage* page) { page_ = page; }
 
+  // True where a single page is shown.
+  bool showsOnePage() const { return showsPages_ && thumbnails_.empty(); }
+
   // False where a text stands in the place of pages.
   bool showsPages() const { return showsPages_; }
 

@@ -4,8 +4,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QScrollArea>
-#include <QScrollBar>
 
 #include <gtest/gtest.h>
 
@@ -49,7 +47,7 @@ TEST(PreviewKeys, answersEachKey) {
       {"a disabled command does nothing", 5, "top", Qt::Key_F4, none, 5, "top"},
   };
   Window window({reportOfPages(20), Window::zoomed(kNaturalZoomEntry)});
-  const int end = window.control<QScrollArea>("pScroll").verticalScrollBar()->maximum();
+  const int end = window.area().verticalScrollBar()->maximum();
   ASSERT_GT(end, 160);
   for (const Row& row : rows) {
     window.press(Qt::Key_Home, ctrl);
@@ -92,7 +90,7 @@ TEST(PreviewKeys, keepsTheOrderOfKeysThatComeAtOnce) {
 
 TEST(PreviewKeys, scrollsSidewaysWhereThePageIsWider) {
   Window window({reportOfPages(1), Window::zoomed(3)});
-  QScrollBar& bar = *window.control<QScrollArea>("pScroll").horizontalScrollBar();
+  QScrollBar& bar = *window.area().horizontalScrollBar();
   window.press(Qt::Key_Right);
   EXPECT_EQ(bar.value(), bar.singleStep());
   window.press(Qt::Key_End, Qt::ShiftModifier);
@@ -130,34 +128,6 @@ TEST(PreviewKeys, wheelTurnsPagesAtTheirEnds) {
   EXPECT_GT(window.scrolled(), 0) << "back at the end of the page";
 }
 
-TEST(PreviewKeys, zoomsInSteps) {
-  Window window({reportOfPages(1), Window::zoomed(kNaturalZoomEntry)});
-  auto& list = window.control<QComboBox>("cmbZoom");
-  struct Row {
-    std::function<void()> step;
-    int entry;
-  };
-  const std::vector<Row> rows = {
-      {[&] { window.press(Qt::Key_Plus, Qt::KeypadModifier); }, 5},
-      {[&] { window.press(Qt::Key_Minus, Qt::KeypadModifier); }, 6},
-      {[&] { window.click("cmdView_ZoomOut"); }, 7},
-      {[&] { window.click("cmdView_ZoomIn"); }, 6},
-      {[&] { window.wheel(120, Qt::ControlModifier); }, 5},
-      {[&] { window.wheel(-60, Qt::ControlModifier); }, 5},
-      {[&] { window.wheel(-60, Qt::ControlModifier); }, 6},
-      // The entries of the menu from 100 percent down pick the next larger one.
-      {[&] { window.control<QMenu>("mnuZoom").actions()[4]->trigger(); }, 4},
-      {[&] { window.control<QMenu>("mnuZoom").actions()[5]->trigger(); }, 5},
-      {[&] { window.control<QMenu>("mnuZoom").actions()[6]->trigger(); }, 6},
-      {[&] { window.control<QMenu>("mnuZoom").actions()[11]->trigger(); }, 11},
-      {[&] { window.control<QMenu>("mnuZoom").actions()[12]->trigger(); }, 12},
-  };
-  for (const Row& row : rows) {
-    row.step();
-    EXPECT_EQ(list.currentIndex(), row.entry);
-  }
-}
-
 TEST(PreviewKeys, dragsThePage) {
   Window window({reportOfPages(1), Window::zoomed(3)});
   QWidget& view = window.view();
@@ -172,7 +142,7 @@ TEST(PreviewKeys, dragsThePage) {
   drag(QEvent::MouseButtonRelease, {280, 250});
   drag(QEvent::MouseMove, {200, 100});
   EXPECT_EQ(window.scrolled(), 50);
-  EXPECT_EQ(window.control<QScrollArea>("pScroll").horizontalScrollBar()->value(), 20);
+  EXPECT_EQ(window.area().horizontalScrollBar()->value(), 20);
 }
 
 TEST(PreviewKeys, goesToATypedPage) {

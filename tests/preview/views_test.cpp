@@ -4,7 +4,6 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMouseEvent>
-#include <QScrollArea>
 
 #include <ZXing/ReadBarcode.h>
 #include <gtest/gtest.h>
@@ -16,34 +15,10 @@
 namespace qor::test {
 namespace {
 
-TEST(PreviewViews, hasEveryZoomOfItsList) {
-  struct Row {
-    int width;  // of the sheet and the gaps
-    int height;
-  };
-  const std::vector<Row> rows = {{4068, 5712}, {3254, 4569}, {2440, 3427}, {1627, 2284},
-                                 {1220, 1713}, {1016, 1427}, {813, 1142},  {609, 855},
-                                 {406, 571},   {202, 284},   {97, 136},    {39, 56}};
-  Window window({reportOfPages(1)});
-  auto& list = window.control<QComboBox>("cmbZoom");
-  EXPECT_EQ(list.currentIndex(), -1) << "nothing is stored yet";
-  EXPECT_EQ(window.view().size(), QSize(813, 1142)) << "which counts as 100 percent";
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    list.setCurrentIndex(static_cast<int>(i));
-    window.form().cmbZoomChange();
-    EXPECT_EQ(window.view().size(), QSize(rows[i].width, rows[i].height)) << kZoomList[i].text;
-  }
-  const QSize area = window.control<QScrollArea>("pScroll").maximumViewportSize();
-  window.form().mnuZoomListClick(13);
-  EXPECT_NEAR(window.view().height(), area.height(), 25) << "AutoH";
-  window.form().mnuZoomListClick(12);
-  EXPECT_NEAR(window.view().width(), area.width(), 25) << "AutoW";
-}
-
 TEST(PreviewViews, showsSeveralPages) {
   Window window({reportOfPages(20), Window::zoomed(9)});
   window.click("cmdView_MultiPage");
-  const QSize area = window.control<QScrollArea>("pScroll").maximumViewportSize();
+  const QSize area = window.area().maximumViewportSize();
   const int count = (area.width() / 202) * (area.height() / 284);
   ASSERT_GE(count, 8);
   QTest::qWait(50);
@@ -84,15 +59,6 @@ TEST(PreviewViews, wideViewStaysWhereAWindowCanScroll) {
   EXPECT_NEAR(window.view().height(), 16e6, 1e5) << "at 500 percent it would end beyond 2^24";
   EXPECT_EQ(window.view().height(), window.doc().Settings.Scr.view_height);
   EXPECT_NE(window.status().find("and stands at 42"), std::string::npos) << window.status();
-}
-
-TEST(PreviewViews, scalesTheSheetUnderThePage) {
-  Window window({reportOfPages(1), Window::zoomed(kNaturalZoomEntry)});
-  window.control<QLineEdit>("txtZoom").setText("200");
-  window.form().ShowPageScale();
-  EXPECT_EQ(window.view().size(), QSize(436, 601));
-  window.form().cmbZoomChange();
-  EXPECT_EQ(window.view().size(), QSize(813, 1142)) << "the next zoom ends it";
 }
 
 TEST(PreviewViews, listsPages) {

@@ -1,8 +1,6 @@
 #include "preview/window.h"
 
 #include <QFile>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QSettings>
 #include <QWheelEvent>
 #include <QWindow>
@@ -93,11 +91,11 @@ void Window::click(const char* name) {
   QCoreApplication::processEvents();
 }
 
-void Window::wheel(int delta, Qt::KeyboardModifiers modifiers) {
-  QWidget* area = control<QScrollArea>("pScroll").viewport();
-  QWheelEvent event({50, 50}, area->mapToGlobal(QPointF(50, 50)), {}, {0, delta}, Qt::NoButton,
-                    modifiers, Qt::NoScrollPhase, false);
-  QCoreApplication::sendEvent(area, &event);
+void Window::wheel(int delta, Qt::KeyboardModifiers modifiers, QPoint place) {
+  QWidget* seen = area().viewport();
+  QWheelEvent event(place, seen->mapToGlobal(place), {}, {0, delta}, Qt::NoButton, modifiers,
+                    Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(seen, &event);
 }
 
 std::string Window::status(const char* panel) {
@@ -105,7 +103,7 @@ std::string Window::status(const char* panel) {
 }
 
 int Window::scrolled() {
-  return control<QScrollArea>("pScroll").verticalScrollBar()->value();
+  return area().verticalScrollBar()->value();
 }
 
 }  // namespace qor::test

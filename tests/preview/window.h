@@ -10,6 +10,7 @@
 #include "base/app_options.h"
 #include "document/vdoc.h"
 #include "platform/qt/qt_user_settings.h"
+#include "preview/page_scroll.h"
 #include "preview/tfrm_view.h"
 #include "support/report_reader.h"
 #include "support/temporary_directory.h"
@@ -49,14 +50,15 @@ class Window {
 
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
   void click(const char* name);
-  // Turns the wheel over the page; a step counts 120, up is positive.
-  void wheel(int delta, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  // Turns the wheel over a place of the area; a step counts 120, up is positive.
+  void wheel(int delta, Qt::KeyboardModifiers modifiers = Qt::NoModifier, QPoint place = {50, 50});
 
   int page() { return control<QLabel>("lblPageCurrent").text().toInt(); }
   int total() { return control<QLabel>("lblPageTotal").text().toInt(); }
   std::string status(const char* panel = "stBarMessage");
   int scrolled();  // pixels, down
   QWidget& view() { return control("page_control"); }
+  PageScroll& area() { return control<PageScroll>("pScroll"); }
 
   // What stands on the screen of a control.
   QImage picture(const char* name) { return control(name).grab().toImage(); }

@@ -125,20 +125,19 @@ VSetScr scaledSheet(const VSetPage& page, const VSetPrn& printer, const ScreenAr
   return screen;
 }
 
-ScreenArea areaBesideBars(const ScreenArea& area, const VSetScr& sheet, std::int32_t thickness) {
-  const auto overflows = [](std::int32_t origin, std::int32_t view, std::int32_t client) {
-    return std::int64_t{origin} + view > client;
-  };
-  const bool wide = overflows(sheet.origin_x, sheet.view_width, area.client.Width);
-  const bool high = overflows(sheet.origin_y, sheet.view_height, area.client.Height);
+ScrollBars barsFor(const ScreenArea& area, const Extent& view, std::int32_t thickness) {
+  const Extent& client = area.client;
+  const bool wide = view.Width > client.Width;
+  const bool high = view.Height > client.Height;
+  return {high || (wide && view.Height > client.Height - thickness),
+          wide || (high && view.Width > client.Width - thickness)};
+}
+
+ScreenArea areaBesideBars(const ScreenArea& area, const Extent& view, std::int32_t thickness) {
+  const ScrollBars bars = barsFor(area, view, thickness);
   ScreenArea rest = area;
-  // A bar takes room from the other direction, which may then need one, too.
-  const bool bottomBar =
-      wide || (high && overflows(sheet.origin_x, sheet.view_width, area.client.Width - thickness));
-  const bool rightBar = high || (wide && overflows(sheet.origin_y, sheet.view_height,
-                                                   area.client.Height - thickness));
-  if (rightBar) rest.client.Width = std::max(1, area.client.Width - thickness);
-  if (bottomBar) rest.client.Height = std::max(1, area.client.Height - thickness);
+  if (bars.right) rest.client.Width = std::max(1, area.client.Width - thickness);
+  if (bars.bottom) rest.client.Height = std::max(1, area.client.Height - thickness);
   return rest;
 }
 

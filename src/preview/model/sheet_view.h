@@ -34,8 +34,17 @@ VSetScr wideSheet(const VSetPage& page, const VSetPrn& printer, const ScreenArea
 VSetScr scaledSheet(const VSetPage& page, const VSetPrn& printer, const ScreenArea& area,
                     std::int32_t percent);
 
-// What is left of an area whose bars for scrolling, that many pixels thick, appear where `sheet` is
-// larger than the area.
-ScreenArea areaBesideBars(const ScreenArea& area, const VSetScr& sheet, std::int32_t thickness);
+// Where an area has bars for scrolling.
+struct ScrollBars {
+  bool right = false;
+  bool bottom = false;
+};
+
+// Those that appear where a view, with the gaps that it holds, is larger than the area: one bar
+// takes room that the other direction may then lack. They are `thickness` pixels thick.
+ScrollBars barsFor(const ScreenArea& area, const Extent& view, std::int32_t thickness);
+
+// What these bars leave of the area.
+ScreenArea areaBesideBars(const ScreenArea& area, const Extent& view, std::int32_t thickness);
 
 }  // namespace qor

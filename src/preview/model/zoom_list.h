@@ -60,4 +60,19 @@ constexpr int smallerZoomEntry(int entry) {
   return entry < last ? entry + 1 : last;
 }
 
+// The entry whose percentage is the next above or below this one, or none.
+constexpr int zoomEntryAbove(std::int32_t percent) {
+  int found = kNoZoomEntry;
+  for (int entry = 0; entry < static_cast<int>(kZoomList.size()); ++entry) {
+    if (zoomPercent(entry) > percent) found = entry;
+  }
+  return found;
+}
+constexpr int zoomEntryBelow(std::int32_t percent) {
+  for (int entry = 0; entry < static_cast<int>(kZoomList.size()); ++entry) {
+    if (zoomPercent(entry) > 0 && zoomPercent(entry) < percent) return entry;
+  }
+  return kNoZoomEntry;
+}
+
 }  // namespace qor

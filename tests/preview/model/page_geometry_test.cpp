@@ -119,16 +119,12 @@ TEST(PageGeometry, BarsTakeRoomWhereTheSheetIsLarger) {
     Extent sheet;
     Extent left;
   };
-  const std::vector<Row> rows = {{{900, 600}, {1000, 700}},
-                                 {{1200, 600}, {1000, 685}},
-                                 {{900, 800}, {985, 700}},
-                                 {{1200, 690}, {985, 685}},
-                                 {{990, 800}, {985, 685}}};
+  const std::vector<Row> rows = {{{900, 600}, {1000, 700}},  {{1000, 700}, {1000, 700}},
+                                 {{985, 701}, {985, 700}},   {{1001, 685}, {1000, 685}},
+                                 {{1200, 600}, {1000, 685}}, {{900, 800}, {985, 700}},
+                                 {{1200, 690}, {985, 685}},  {{990, 800}, {985, 685}}};
   for (const Row& row : rows) {
-    VSetScr sheet;
-    sheet.view_width = row.sheet.Width;
-    sheet.view_height = row.sheet.Height;
-    const ScreenArea left = areaBesideBars(kArea, sheet, 15);
+    const ScreenArea left = areaBesideBars(kArea, row.sheet, 15);
     EXPECT_EQ(left.client.Width, row.left.Width) << row.sheet.Width;
     EXPECT_EQ(left.client.Height, row.left.Height) << row.sheet.Width;
   }

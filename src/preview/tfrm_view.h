@@ -60,6 +60,9 @@ class TfrmView : public QMainWindow {
   void cmdView_ZoomInClick();
   void cmdView_ZoomOutClick();
   void mnuZoomListClick(int tag);
+  void mnuActualSizeClick();
+  void mnuFitWidthClick();
+  void mnuFitPageClick();
   void cmdView_SetPreviewTypeClick(int type);
   void rbMultiPageViewClick(bool several);
   void cmdView_SetListViewClick();
@@ -117,7 +120,9 @@ class TfrmView : public QMainWindow {
   // Views.
   void zoomFromView(int direction, const QPoint& anchor);
   void zoomInList(int direction);
-  void zoomAround(const QPoint& anchor, int entry);
+  void zoomAround(const QPoint& anchor, int entry, std::int32_t fit = 0);
+  std::int32_t wantedZoom() const;
+  void showZoom();
   void openPrinter(std::int32_t scale, bool flag);
   void openPrinterForView();
   void applyFullWindow();
@@ -125,6 +130,7 @@ class TfrmView : public QMainWindow {
   // Keys.
   bool FormKeyDown(const QKeyEvent& event);
   bool commandKey(const QKeyEvent& event);
+  bool zoomKey(const QKeyEvent& event);
   bool movementKey(const QKeyEvent& event);
   void pageKey(PageMove move, bool leap);
   QScrollBar* barOf(Qt::KeyboardModifiers modifiers) const;
@@ -160,8 +166,9 @@ class TfrmView : public QMainWindow {
   QMessageBox* errorBox_ = nullptr;
   QString lastError_;  // since the page was asked for
   QString shownError_;
-  std::optional<FileStamp> stamp_;            // of the file as it was opened
-  std::int32_t zoom_on_view_ = kNaturalZoom;  // percent
+  std::optional<FileStamp> stamp_;  // of the file as it was opened
+  std::int32_t fit_ = 0;  // kWholeWidth or kWholePage, which no entry of the list stands for
+  std::int32_t zoom_on_view_ = 0;  // percent, 0 where no page is shown
   int pages_on_view_ = 1;
   int first_on_view_ = 1;
   QString standingMessage_;  // for the status bar while there is nothing else to say

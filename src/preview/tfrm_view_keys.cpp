@@ -22,11 +22,10 @@ constexpr int kLargeStep = 8;  // steps of a bar with Ctrl
 
 // True if the key was one of the window's: nobody else gets it then.
 bool TfrmView::FormKeyDown(const QKeyEvent& event) {
-  return commandKey(event) || movementKey(event);
+  return commandKey(event) || zoomKey(event) || movementKey(event);
 }
 
 bool TfrmView::commandKey(const QKeyEvent& event) {
-  const bool ctrl = event.modifiers().testFlag(Qt::ControlModifier);
   switch (event.key()) {
     case Qt::Key_Escape: close(); return true;
     case Qt::Key_F4: cmdSettings_Click(); return true;
@@ -41,11 +40,27 @@ bool TfrmView::commandKey(const QKeyEvent& event) {
       showPopup(ui_->pScroll->rect().center());
       return true;
     case Qt::Key_F11: mnuFullScreenClick(); return true;
-    case Qt::Key_Plus: ctrl ? cmdView_ZoomInClick() : zoomInList(1); return true;
-    case Qt::Key_Minus: ctrl ? cmdView_ZoomOutClick() : zoomInList(-1); return true;
+    default: return false;
+  }
+}
+
+bool TfrmView::zoomKey(const QKeyEvent& event) {
+  if (!event.modifiers().testFlag(Qt::ControlModifier)) {
+    switch (event.key()) {
+      case Qt::Key_Plus: zoomInList(1); return true;
+      case Qt::Key_Minus: zoomInList(-1); return true;
+      default: return false;
+    }
+  }
+  switch (event.key()) {
+    case Qt::Key_Plus:
     case Qt::Key_Equal:  // the plus of many keyboards, without Shift
-      if (ctrl) cmdView_ZoomInClick();
-      return ctrl;
+      cmdView_ZoomInClick();
+      return true;
+    case Qt::Key_Minus: cmdView_ZoomOutClick(); return true;
+    case Qt::Key_0: mnuActualSizeClick(); return true;
+    case Qt::Key_1: mnuFitWidthClick(); return true;
+    case Qt::Key_2: mnuFitPageClick(); return true;
     default: return false;
   }
 }

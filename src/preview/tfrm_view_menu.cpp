@@ -47,6 +47,10 @@ constexpr Command kCommands[] = {
      "Ctrl++"},
     {&ViewMenu::mnuZoomMinus, &Form::cmdView_ZoomOut, ImageIndex::zoomOut, &PreviewTexts::zoomOut,
      "Ctrl+-"},
+    {&ViewMenu::mnuActualSize, kNoButton, ImageIndex::actualSize, &PreviewTexts::actualSize,
+     "Ctrl+0"},
+    {&ViewMenu::mnuFitWidth, kNoButton, ImageIndex::fitWidth, &PreviewTexts::fitWidth, "Ctrl+1"},
+    {&ViewMenu::mnuFitPage, kNoButton, ImageIndex::fitPage, &PreviewTexts::fitPage, "Ctrl+2"},
     {&ViewMenu::mnuSinglePage, &Form::cmdView_SinglePage, ImageIndex::singlePage,
      &PreviewTexts::singlePage, ""},
     {&ViewMenu::mnuMultiPage, &Form::cmdView_MultiPage, ImageIndex::multiPage,
@@ -76,7 +80,7 @@ const Command& commandOf(QAction* ViewMenu::*entry) {
 }
 
 // Behind these entries the menu has a line.
-constexpr QAction* ViewMenu::*kGroupEnds[] = {&ViewMenu::mnuLast,       &ViewMenu::mnuZoomMinus,
+constexpr QAction* ViewMenu::*kGroupEnds[] = {&ViewMenu::mnuLast,       &ViewMenu::mnuFitPage,
                                               &ViewMenu::mnuWideView,   &ViewMenu::mnuFullScreen,
                                               &ViewMenu::mnuProperties, &ViewMenu::mnuConvert};
 
@@ -84,6 +88,8 @@ constexpr QAction* ViewMenu::*kCheckable[] = {&ViewMenu::mnuSinglePage, &ViewMen
                                               &ViewMenu::mnuNormalView, &ViewMenu::mnuWideView,
                                               &ViewMenu::mnuListView,   &ViewMenu::mnuUnprintable,
                                               &ViewMenu::mnuFullScreen};
+
+constexpr int kZoomLetters = 10;  // wide ones, that the zoom on view takes
 
 constexpr int kLanguagePages[] = {1251, 1252, 1254};
 
@@ -153,6 +159,7 @@ void TfrmView::createMenu() {
 
 void TfrmView::connectTools() {
   for (const ZoomEntry& entry : kZoomList) ui_->cmbZoom->addItem(qtText(entry.text));
+  ui_->cmbZoom->setMinimumContentsLength(kZoomLetters);
   const auto onCommand = [this](QAction* ViewMenu::*entry, auto handler) {
     connect(menu_.get()->*entry, &QAction::triggered, this, handler);
     const Command& command = commandOf(entry);
@@ -173,6 +180,9 @@ void TfrmView::connectTools() {
   onMove(&ViewMenu::mnuLast, PageMove::last);
   onCommand(&ViewMenu::mnuZoomPlus, [this] { cmdView_ZoomInClick(); });
   onCommand(&ViewMenu::mnuZoomMinus, [this] { cmdView_ZoomOutClick(); });
+  onCommand(&ViewMenu::mnuActualSize, [this] { mnuActualSizeClick(); });
+  onCommand(&ViewMenu::mnuFitWidth, [this] { mnuFitWidthClick(); });
+  onCommand(&ViewMenu::mnuFitPage, [this] { mnuFitPageClick(); });
   onCommand(&ViewMenu::mnuSinglePage, [this] { rbMultiPageViewClick(false); });
   onCommand(&ViewMenu::mnuMultiPage, [this] { rbMultiPageViewClick(true); });
   onCommand(&ViewMenu::mnuNormalView, [this] { cmdView_SetPreviewTypeClick(kNormalView); });

@@ -78,14 +78,15 @@ void TfrmView::ShowPage() {
   updateArea();
   showPageStatus();
   updateMoves();
+  zoom_on_view_ = 0;
   if (doc_ == nullptr || doc_->PageCount == 0) {
     page_control_->ShowMessage(reasonForNoPages());
-    return;
+  } else if (loadPage()) {
+    TakePrintMetrics(doc_->Settings.Prn);
+    showLoadedPage();
+    showFileState();
   }
-  if (!loadPage()) return;
-  TakePrintMetrics(doc_->Settings.Prn);
-  showLoadedPage();
-  showFileState();
+  showZoom();
 }
 
 void TfrmView::updateArea() {
@@ -131,7 +132,7 @@ void TfrmView::forgetPage() {
 }
 
 void TfrmView::showLoadedPage() {
-  const std::int32_t wanted = zoomPercent(state_.ZoomID);
+  const std::int32_t wanted = wantedZoom();
   zoom_on_view_ = wanted;
   if (state_.showsSeveral()) return showMulti();
   page_control_->ShowNormal(page_, zoom_on_view_, state_.ShowUnprintable, state_.PreviewType);

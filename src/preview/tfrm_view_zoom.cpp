@@ -4,6 +4,8 @@
 #include <QScrollBar>
 
 #include "document/vdoc.h"
+#include "platform/qt/qt_text.h"
+#include "preview/model/zoom_fit.h"
 #include "preview/page_scroll.h"
 #include "preview/tfrm_view.h"
 #include "preview/vpage.h"
@@ -14,6 +16,7 @@ namespace qor {
 
 void TfrmView::cmbZoomChange() {
   state_.ZoomID = ui_->cmbZoom->currentIndex();
+  fit_ = 0;
   pages_on_view_ = 1;
   ui_->pScroll->scrollToStart();
   ShowPage();
@@ -34,6 +37,7 @@ void TfrmView::cmdView_ZoomOutClick() {
 
 // A step from the percentage that is seen, whatever was chosen.
 void TfrmView::zoomFromView(int direction, const QPoint& anchor) {
+  if (zoom_on_view_ == 0) return zoomInList(direction);
   const int entry = direction > 0 ? zoomEntryAbove(zoom_on_view_) : zoomEntryBelow(zoom_on_view_);
   if (entry != kNoZoomEntry) zoomAround(anchor, entry);
 }
@@ -46,11 +50,12 @@ void TfrmView::zoomInList(int direction) {
 }
 
 // What is seen at the anchor, a place of the scrolling area, stays there.
-void TfrmView::zoomAround(const QPoint& anchor, int entry) {
+void TfrmView::zoomAround(const QPoint& anchor, int entry, std::int32_t fit) {
   const QPointF seen = ui_->pScroll->placeInControl(anchor);
   const std::int32_t before = zoom_on_view_;
   const bool one = page_control_->showsOnePage();
   state_.ZoomID = entry;
+  fit_ = fit;
   ui_->cmbZoom->setCurrentIndex(entry);
   pages_on_view_ = 1;
   ShowPage();
@@ -59,6 +64,35 @@ void TfrmView::zoomAround(const QPoint& anchor, int entry) {
   } else {
     ui_->pScroll->scrollToStart();
   }
+}
+
+void TfrmView::mnuActualSizeClick() {
+  zoomAround(ui_->pScroll->middle(), kNaturalZoomEntry);
+}
+
+// The fits are stored as the entries that come nearest to them.
+void TfrmView::mnuFitWidthClick() {
+  zoomAround(ui_->pScroll->middle(), zoomEntryOf(kFitWidth), kWholeWidth);
+}
+
+void TfrmView::mnuFitPageClick() {
+  zoomAround(ui_->pScroll->middle(), zoomEntryOf(kFitHeight), kWholePage);
+}
+
+std::int32_t TfrmView::wantedZoom() const {
+  return fit_ != 0 ? fit_ : zoomPercent(state_.ZoomID);
+}
+
+// The box tells what is seen where its entry alone doesn't.
+void TfrmView::showZoom() {
+  const QString percent = QString("%1%").arg(zoom_on_view_ > 0 ? zoom_on_view_ : kNaturalZoom);
+  for (int entry = 0; entry < ui_->cmbZoom->count(); ++entry) {
+    QString text = qtText(kZoomList[static_cast<std::size_t>(entry)].text);
+    const bool differs = zoom_on_view_ > 0 && zoomPercent(entry) != zoom_on_view_;
+    if (entry == state_.ZoomID && differs) text += QString(" (%1)").arg(percent);
+    if (ui_->cmbZoom->itemText(entry) != text) ui_->cmbZoom->setItemText(entry, text);
+  }
+  ui_->cmbZoom->setPlaceholderText(percent);
 }
 
 void TfrmView::ShowPageScale() {

@@ -8,10 +8,10 @@ namespace {
 
 // By ImageIndex.
 constexpr std::array kFiles = {
-    "close",   "first",       "previous",       "next",        "last",      "zoom_out",
-    "zoom_in", "single_page", "multi_page",     "normal_view", "wide_view", "page_list",
-    "margins", "full_screen", "alignment_line", "properties",  "print",     "mail",
-    "export",  "language",    "qorutlview"};
+    "close",       "first",       "previous",  "next",     "last",        "zoom_out",
+    "zoom_in",     "actual_size", "fit_width", "fit_page", "single_page", "multi_page",
+    "normal_view", "wide_view",   "page_list", "margins",  "full_screen", "alignment_line",
+    "properties",  "print",       "mail",      "export",   "language",    "qorutlview"};
 static_assert(kFiles.size() == static_cast<std::size_t>(ImageIndex::program) + 1);
 
 }  // namespace

@@ -21,6 +21,9 @@ struct ViewMenu {
   QAction* mnuLast = nullptr;
   QAction* mnuZoomPlus = nullptr;
   QAction* mnuZoomMinus = nullptr;
+  QAction* mnuActualSize = nullptr;
+  QAction* mnuFitWidth = nullptr;
+  QAction* mnuFitPage = nullptr;
   QAction* mnuSinglePage = nullptr;
   QAction* mnuMultiPage = nullptr;
   QAction* mnuNormalView = nullptr;

@@ -13,6 +13,7 @@
 #include "preview/model/page_view.h"
 #include "preview/model/preview_texts.h"
 #include "preview/model/view_state.h"
+#include "preview/model/zoom_fit.h"
 #include "preview/page_image.h"
 
 namespace qor {
@@ -84,6 +85,7 @@ void VPage::ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable
   if (wide) {
     ShowMeasured(page, zoom);
   } else {
+    zoom = fittedToSheet(zoom, settings.Page, settings.Prn, area_, barThickness_);
     std::int32_t firstZoom = zoom;
     const VSetScr first = normalSheet(settings.Page, settings.Prn, area_, firstZoom);
     settings.Scr = normalSheet(settings.Page, settings.Prn, areaFor(first), zoom);
@@ -94,6 +96,7 @@ void VPage::ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable
 void VPage::ShowMeasured(VDocPage* page, std::int32_t& zoom) {
   VSet& settings = *page->Settings;
   const Extent content = contentOf(*page, {area_.dpi_x, area_.dpi_y});
+  zoom = fittedToContent(zoom, settings.Page, settings.Prn, area_, content, barThickness_);
   settings.Scr = wideSheet(settings.Page, settings.Prn, area_, content, zoom);
   const std::int64_t side = std::max(settings.Scr.view_width, settings.Scr.view_height);
   if (side <= kLongestSide) return;
@@ -112,7 +115,7 @@ int VPage::ShowMulti(VDoc* doc, VDocPage* page, std::int32_t& zoom, bool show_un
                      int first) {
   if (doc == nullptr || page == nullptr) return -1;
   const VSet& settings = *page->Settings;
-  std::int32_t percent = zoom;
+  std::int32_t percent = fittedToSheet(zoom, settings.Page, settings.Prn, area_, barThickness_);
   const VSetScr screen = normalSheet(settings.Page, settings.Prn, area_, percent);
   const Extent view = {screen.view_width, screen.view_height};
   const auto places = layOutPages(view, areaFor(screen).client, first, doc->PageCount);

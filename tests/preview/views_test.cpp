@@ -59,6 +59,7 @@ TEST(PreviewViews, wideViewStaysWhereAWindowCanScroll) {
   EXPECT_NEAR(window.view().height(), 16e6, 1e5) << "at 500 percent it would end beyond 2^24";
   EXPECT_EQ(window.view().height(), window.doc().Settings.Scr.view_height);
   EXPECT_NE(window.status().find("and stands at 42"), std::string::npos) << window.status();
+  EXPECT_EQ(window.control<QComboBox>("cmbZoom").currentText().left(8), "500% (42");
 }
 
 TEST(PreviewViews, listsPages) {

@@ -3,9 +3,11 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
+#include <regex>
 
 #include <gtest/gtest.h>
 
+#include "preview/model/view_state.h"
 #include "preview/model/zoom_list.h"
 #include "preview/window.h"
 
@@ -155,6 +157,82 @@ TEST(PreviewZoom, hasNoBarBelowAPageThatFits) {
   Window window({reportOfPages(1), Window::zoomed(6)});
   EXPECT_EQ(window.area().verticalScrollBar()->maximum(), 1142 - window.area().viewport()->height())
       << "the sheet and a gap at each side";
+}
+
+std::string barsOf(Window& window) {
+  return std::string(window.area().verticalScrollBar()->isVisible() ? "right " : "") +
+         (window.area().horizontalScrollBar()->isVisible() ? "bottom" : "");
+}
+
+TEST(PreviewZoom, fitsAndStaysFitted) {
+  struct Row {
+    const char* what;
+    int kind;
+    Qt::Key key;
+    const char* bars;
+    const char* stored;
+  };
+  const std::vector<Row> rows = {
+      {"width", kNormalView, Qt::Key_1, "right ", "12"},
+      {"page", kNormalView, Qt::Key_2, "", "13"},
+      {"width of a wide report", kWideView, Qt::Key_1, "", "6"},
+      {"all of a wide report", kWideView, Qt::Key_2, "", "6"},
+      {"actual size", kNormalView, Qt::Key_0, "right ", "6"},
+  };
+  for (const Row& row : rows) {
+    Window window({std::string(300, 'w') + "\r\n", {{"ZoomID", 3}, {"PreviewType", row.kind}}});
+    window.press(row.key, Qt::ControlModifier);
+    for (const QSize size : {QSize(1000, 800), QSize(1200, 700), QSize(830, 900)}) {
+      window.form().resize(size);
+      QCoreApplication::processEvents();
+      EXPECT_EQ(barsOf(window), row.bars) << row.what << " " << size.width();
+      const QSize seen = window.area().viewport()->size();
+      const QSize view = window.view().size();
+      // One percent more has no room: it takes at most 24 pixels of 300 letters.
+      if (row.key == Qt::Key_0) {
+        EXPECT_EQ(view, QSize(813, 1142));
+      } else if (row.key == Qt::Key_1) {
+        EXPECT_LT(seen.width() - view.width(), 26) << row.what;
+      } else {
+        EXPECT_LT(std::min(seen.width() - view.width(), seen.height() - view.height()), 26)
+            << row.what;
+      }
+    }
+    EXPECT_EQ(window.close()["ZoomID"], row.stored) << row.what;
+  }
+}
+
+TEST(PreviewZoom, isToldInItsBox) {
+  struct Row {
+    std::map<std::string, int> stored;
+    std::string shown;  // an expression
+  };
+  const std::vector<Row> rows = {
+      {{}, "100%"},
+      {{{"ZoomID", 9}}, "25%"},
+      {{{"ZoomID", 12}}, "AutoW \\([0-9]+%\\)"},
+      {{{"ZoomID", 13}, {"MultipageView", 1}}, "AutoH \\([0-9]+%\\)"},
+      {{{"ZoomID", 13}, {"PreviewType", kWideView}}, "AutoH \\(100%\\)"},
+  };
+  for (const Row& row : rows) {
+    Window window({reportOfPages(5), row.stored});
+    const auto& box = window.control<QComboBox>("cmbZoom");
+    const QString shown = box.currentIndex() < 0 ? box.placeholderText() : box.currentText();
+    EXPECT_TRUE(std::regex_match(shown.toStdString(), std::regex(row.shown)))
+        << shown.toStdString();
+  }
+  // 98 percent of 793 pixels and two gaps of 9 are 795.
+  Window window({reportOfPages(1), Window::zoomed(12)});
+  const auto& box = window.control<QComboBox>("cmbZoom");
+  window.form().resize(800 + window.area().verticalScrollBar()->width(), 800);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(box.currentText(), "AutoW (98%)");
+  window.press(Qt::Key_1, Qt::ControlModifier);
+  EXPECT_EQ(box.currentText(), "AutoW (98%)") << "99 percent would take 803";
+  window.press(Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_EQ(box.currentText(), "100%");
+  EXPECT_EQ(box.itemText(12), "AutoW");
+  EXPECT_GE(box.width(), box.fontMetrics().horizontalAdvance("AutoW (100%)") + 20);
 }
 
 }  // namespace

@@ -16,6 +16,9 @@ struct PreviewTexts {
   std::string_view zoom;
   std::string_view zoomIn;
   std::string_view zoomOut;
+  std::string_view actualSize;
+  std::string_view fitWidth;
+  std::string_view fitPage;
   std::string_view singlePage;
   std::string_view multiPage;
   std::string_view normalView;

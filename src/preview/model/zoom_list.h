@@ -49,6 +49,14 @@ constexpr std::int32_t zoomPercent(int entry) {
   return entry >= 0 && index < kZoomList.size() ? kZoomList[index].percent : kNaturalZoom;
 }
 
+// The entry of a percentage, or of what stands in its place; none where the list lacks it.
+constexpr int zoomEntryOf(std::int32_t percent) {
+  for (int entry = 0; entry < static_cast<int>(kZoomList.size()); ++entry) {
+    if (zoomPercent(entry) == percent) return entry;
+  }
+  return kNoZoomEntry;
+}
+
 // The entry one step larger or smaller, or the same at the ends of the list.
 constexpr int largerZoomEntry(int entry) {
   if (entry == kNoZoomEntry) entry = kNaturalZoomEntry;

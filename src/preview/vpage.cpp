@@ -85,12 +85,20 @@ void VPage::ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable
   if (wide) {
     ShowMeasured(page, zoom);
   } else {
-    zoom = fittedToSheet(zoom, settings.Page, settings.Prn, area_, barThickness_);
-    std::int32_t firstZoom = zoom;
-    const VSetScr first = normalSheet(settings.Page, settings.Prn, area_, firstZoom);
-    settings.Scr = normalSheet(settings.Page, settings.Prn, areaFor(first), zoom);
+    settings.Scr = sheetOf(settings, zoom);
   }
   showSingle(page, viewOf(settings.Scr, zoom, show_unprintable && !wide, wide));
+}
+
+// The sheet beside the bars that it needs.
+VSetScr VPage::sheetOf(const VSet& settings, std::int32_t& zoom) const {
+  const bool fitted = isFit(zoom);
+  zoom = fittedToSheet(zoom, settings.Page, settings.Prn, area_, barThickness_);
+  std::int32_t firstZoom = zoom;
+  const ScreenArea area = areaFor(normalSheet(settings.Page, settings.Prn, area_, firstZoom));
+  VSetScr sheet = normalSheet(settings.Page, settings.Prn, area, zoom);
+  if (fitted) centreSheet(sheet, area);
+  return sheet;
 }
 
 void VPage::ShowMeasured(VDocPage* page, std::int32_t& zoom) {

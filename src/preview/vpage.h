@@ -68,6 +68,7 @@ class VPage : public QFrame {
 
  private:
   ScreenArea areaFor(const VSetScr& sheet) const;
+  VSetScr sheetOf(const VSet& settings, std::int32_t& zoom) const;
   PageView viewOf(const VSetScr& screen, std::int32_t zoom, bool show_unprintable, bool wide) const;
   void showSingle(VDocPage* page, const PageView& view);
   void showThumbnails(VDoc* doc, const PageView& view, const std::vector<PagePlace>& places);

@@ -188,6 +188,11 @@ TEST(PreviewZoom, fitsAndStaysFitted) {
       EXPECT_EQ(barsOf(window), row.bars) << row.what << " " << size.width();
       const QSize seen = window.area().viewport()->size();
       const QSize view = window.view().size();
+      if (row.kind == kNormalView && row.key != Qt::Key_0) {
+        const int gaps = view.width() - window.doc().Settings.Scr.paper_width;
+        EXPECT_NEAR(window.view().x() * 2, seen.width() - view.width() + gaps, 1)
+            << row.what << ": the sheet stands in the middle";
+      }
       // One percent more has no room: it takes at most 24 pixels of 300 letters.
       if (row.key == Qt::Key_0) {
         EXPECT_EQ(view, QSize(813, 1142));

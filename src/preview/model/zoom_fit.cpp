@@ -14,7 +14,7 @@ bool fits(std::int32_t fit, const ScrollBars& bars) {
 template <class ViewAt>
 std::int32_t fitted(std::int32_t zoom, const ScreenArea& area, std::int32_t thickness,
                     ViewAt viewAt) {
-  if (zoom != kWholeWidth && zoom != kWholePage) return zoom;
+  if (!isFit(zoom)) return zoom;
   const VSetScr natural = viewAt(kNaturalZoom);
   if (natural.paper_width <= 0 || natural.paper_height <= 0) return kNaturalZoom;
   std::int32_t fitting = 1;
@@ -42,6 +42,12 @@ std::int32_t fittedToContent(std::int32_t zoom, const VSetPage& page, const VSet
   return fitted(zoom, area, thickness, [&](std::int32_t percent) {
     return wideSheet(page, printer, area, content, percent);
   });
+}
+
+void centreSheet(VSetScr& sheet, const ScreenArea& area) {
+  const Extent& client = area.client;
+  if (sheet.view_width <= client.Width) sheet.origin_x = (client.Width - sheet.paper_width) / 2;
+  if (sheet.view_height <= client.Height) sheet.origin_y = (client.Height - sheet.paper_height) / 2;
 }
 
 }  // namespace qor

@@ -89,7 +89,7 @@ constexpr QAction* ViewMenu::*kCheckable[] = {&ViewMenu::mnuSinglePage, &ViewMen
                                               &ViewMenu::mnuListView,   &ViewMenu::mnuUnprintable,
                                               &ViewMenu::mnuFullScreen};
 
-constexpr int kZoomLetters = 10;  // wide ones, that the zoom on view takes
+constexpr int kZoomLetters = 12;  // as in "AutoW (100%)"
 
 constexpr int kLanguagePages[] = {1251, 1252, 1254};
 
@@ -159,6 +159,7 @@ void TfrmView::createMenu() {
 
 void TfrmView::connectTools() {
   for (const ZoomEntry& entry : kZoomList) ui_->cmbZoom->addItem(qtText(entry.text));
+  ui_->cmbZoom->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   ui_->cmbZoom->setMinimumContentsLength(kZoomLetters);
   const auto onCommand = [this](QAction* ViewMenu::*entry, auto handler) {
     connect(menu_.get()->*entry, &QAction::triggered, this, handler);

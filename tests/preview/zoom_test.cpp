@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
+#include <QStyleOptionComboBox>
 #include <regex>
 
 #include <gtest/gtest.h>
@@ -237,7 +238,11 @@ TEST(PreviewZoom, isToldInItsBox) {
   window.press(Qt::Key_Plus, Qt::ControlModifier);
   EXPECT_EQ(box.currentText(), "100%");
   EXPECT_EQ(box.itemText(12), "AutoW");
-  EXPECT_GE(box.width(), box.fontMetrics().horizontalAdvance("AutoW (100%)") + 20);
+  QStyleOptionComboBox option;
+  option.initFrom(&box);
+  const QRect field = box.style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                  QStyle::SC_ComboBoxEditField, &box);
+  EXPECT_GE(field.width(), box.fontMetrics().horizontalAdvance("AutoW (100%)"));
 }
 
 }  // namespace

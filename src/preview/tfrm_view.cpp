@@ -136,7 +136,9 @@ void TfrmView::FormClose() {
     notifyOwner(AppOptions.OwnerWindow, kViewerClosed, number);
 }
 
+// Moves count anew how many pages there is room for.
 void TfrmView::FormResize() {
+  pages_on_view_ = 1;
   ShowPage();
 }
 

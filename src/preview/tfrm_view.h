@@ -98,6 +98,10 @@ class TfrmView : public QMainWindow {
   void setCurrentPage(int number);
   void setPageTotal(int total);
   int pagesInStep() const;
+  int firstShown() const;
+  int moveTarget(PageMove move) const;
+  void goToPage(int number);
+  void markPage(int number);
   bool loadPage();
   bool keepsLoadedPage();
   void releasePage();
@@ -115,6 +119,7 @@ class TfrmView : public QMainWindow {
   void lblPageCurrentClick();
   void txtPageCurrentEditExit();
   void leavePageEdit();
+  void cancelPageEdit();
   void lstPagesClick();
 
   // Views.
@@ -129,6 +134,7 @@ class TfrmView : public QMainWindow {
 
   // Keys.
   bool FormKeyDown(const QKeyEvent& event);
+  bool belongsToFocus(const QKeyEvent& event) const;
   bool commandKey(const QKeyEvent& event);
   bool zoomKey(const QKeyEvent& event);
   bool movementKey(const QKeyEvent& event);

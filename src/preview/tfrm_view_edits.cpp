@@ -47,11 +47,12 @@ void TfrmView::connectEdits() {
 void TfrmView::connectPages() {
   // Pages are changed once the control that asks for it has done with its event.
   connect(page_control_, &VPage::placed, ui_->pScroll, &PageScroll::place);
+  connect(page_control_, &VPage::pageClicked, this, &TfrmView::markPage, Qt::QueuedConnection);
   connect(
-      page_control_, &VPage::pageClicked, this,
+      page_control_, &VPage::pageDoubleClicked, this,
       [this](int number) {
-        setCurrentPage(number);
-        cmbPagesChange();
+        markPage(number);
+        rbMultiPageViewClick(false);
       },
       Qt::QueuedConnection);
   connect(page_control_, &VPage::drawingFailed, this,
@@ -63,17 +64,6 @@ void TfrmView::connectPages() {
   connect(ui_->pScroll, &QWidget::customContextMenuRequested, this, &TfrmView::showPopup);
   connect(ui_->lstPages->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &TfrmView::lstPagesClick, Qt::QueuedConnection);
-}
-
-// A walk over the pages: up comes to the end of the page before, down to the start of the next.
-void TfrmView::turnPage(int direction) {
-  const int total = doc_ == nullptr ? 0 : doc_->PageCount;
-  if (direction > 0 && currentPage() < total) {
-    cmdView_PageMoveTo(PageMove::next);
-  } else if (direction < 0 && currentPage() > 1) {
-    endAfterMove_ = true;
-    cmdView_PageMoveTo(PageMove::previous);
-  }
 }
 
 bool TfrmView::eventFilter(QObject* watched, QEvent* event) {

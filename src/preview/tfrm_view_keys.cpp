@@ -1,6 +1,8 @@
 // The keys of the window.
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
 #include <QScrollBar>
 #include <QWindow>
 
@@ -22,7 +24,30 @@ constexpr int kLargeStep = 8;  // steps of a bar with Ctrl
 
 // True if the key was one of the window's: nobody else gets it then.
 bool TfrmView::FormKeyDown(const QKeyEvent& event) {
+  if (belongsToFocus(event)) return false;
+  if (event.key() == Qt::Key_Escape && ui_->txtPageCurrentEdit->isVisible()) {
+    cancelPageEdit();
+    return true;
+  }
   return commandKey(event) || zoomKey(event) || movementKey(event);
+}
+
+// An edit moves in what is typed, the list of pages over its lines.
+bool TfrmView::belongsToFocus(const QKeyEvent& event) const {
+  const bool inEdit = ui_->txtPageCurrentEdit->hasFocus() || ui_->txtZoom->hasFocus();
+  const bool inList =
+      ui_->lstPages->hasFocus() && (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  switch (event.key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right: return inEdit;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+    case Qt::Key_End: return inEdit || inList;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown: return inList;
+    default: return false;
+  }
 }
 
 bool TfrmView::commandKey(const QKeyEvent& event) {
@@ -87,10 +112,7 @@ void TfrmView::pageKey(PageMove move, bool leap) {
   } else if (doc_ != nullptr && doc_->PageCount > 0) {
     leavePageEdit();
     const int current = currentPage();
-    setCurrentPage(move == PageMove::previous ? leapBack(current)
-                                              : leapOn(current, doc_->PageCount));
-    ui_->pScroll->scrollToStart();
-    cmbPagesChange();
+    goToPage(move == PageMove::previous ? leapBack(current) : leapOn(current, doc_->PageCount));
   }
 }
 
@@ -123,7 +145,7 @@ void TfrmView::scrollVertically(int steps) {
   QScrollBar* bar = ui_->pScroll->verticalScrollBar();
   const int total = doc_ == nullptr ? 0 : doc_->PageCount;
   if (steps < 0 && ui_->pScroll->isAtTop()) {
-    if (currentPage() <= 1) return;
+    if (firstShown() <= 1) return;
     endAfterMove_ = true;
     replayKey(Qt::Key_PageUp);
   } else if (steps > 0 && ui_->pScroll->isAtBottom()) {

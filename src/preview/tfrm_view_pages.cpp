@@ -53,15 +53,60 @@ int TfrmView::pagesInStep() const {
   return state_.showsSeveral() ? pages_on_view_ : 1;
 }
 
+// Moves start from the first page on view, so that none is passed over.
+int TfrmView::firstShown() const {
+  return state_.showsSeveral() ? first_on_view_ : currentPage();
+}
+
+// The page that a move leads to. Where the last ones are on view the current one stays.
+int TfrmView::moveTarget(PageMove move) const {
+  const int total = doc_ == nullptr ? 0 : doc_->PageCount;
+  const int from = firstShown();
+  const int target = std::min(total, movedPage(move, from, total, pagesInStep()));
+  const bool forward = move == PageMove::next || move == PageMove::last;
+  return forward && target == from ? currentPage() : target;
+}
+
 void TfrmView::cmdView_PageMoveTo(PageMove move) {
   const bool toEnd = std::exchange(endAfterMove_, false);
   if (doc_ == nullptr || doc_->PageCount == 0) return;
   leavePageEdit();
+  const int target = moveTarget(move);
+  const bool isOnView = state_.showsSeveral() && target == currentPage();
+  if (isOnView && page_control_->showsPages()) {
+    ui_->pScroll->scrollToStart();
+  } else {
+    goToPage(target);
+  }
+  if (toEnd) ui_->pScroll->scrollToEnd();
+}
+
+// Shows the top of a page.
+void TfrmView::goToPage(int number) {
   ui_->pScroll->scrollToStart();
-  setCurrentPage(movedPage(move, currentPage(), doc_->PageCount, pagesInStep()));
+  setCurrentPage(number);
   cmbPagesChange();
   ui_->pScroll->scrollToStart();
-  if (toEnd) ui_->pScroll->scrollToEnd();
+}
+
+// Makes one of the pages on view the current one.
+void TfrmView::markPage(int number) {
+  setCurrentPage(number);
+  page_control_->MarkPage(number);
+  selectInPageList();
+  showPageNumber();
+  updateMoves();
+}
+
+// A walk over the pages: up comes to the end of the page before, down to the start of the next.
+void TfrmView::turnPage(int direction) {
+  const int total = doc_ == nullptr ? 0 : doc_->PageCount;
+  if (direction > 0 && currentPage() < total) {
+    cmdView_PageMoveTo(PageMove::next);
+  } else if (direction < 0 && firstShown() > 1) {
+    endAfterMove_ = true;
+    cmdView_PageMoveTo(PageMove::previous);
+  }
 }
 
 void TfrmView::cmbPagesChange() {
@@ -133,16 +178,26 @@ void TfrmView::forgetPage() {
 
 void TfrmView::showLoadedPage() {
   const std::int32_t wanted = wantedZoom();
-  zoom_on_view_ = wanted;
   if (state_.showsSeveral()) return showMulti();
+  zoom_on_view_ = wanted;
   page_control_->ShowNormal(page_, zoom_on_view_, state_.ShowUnprintable, state_.PreviewType);
   if (wanted > zoom_on_view_ && state_.PreviewType == kWideView)
     status_.setMessage(qtText(previewTexts().zoomHeld) + QString::number(zoom_on_view_) + "%");
 }
 
 void TfrmView::showMulti() {
-  const int count =
-      page_control_->ShowMulti(doc_, page_, zoom_on_view_, state_.ShowUnprintable, first_on_view_);
+  const auto show = [this] {
+    zoom_on_view_ = wantedZoom();
+    return page_control_->ShowMulti(doc_, page_, zoom_on_view_, state_.ShowUnprintable,
+                                    first_on_view_);
+  };
+  int count = show();
+  // Where there is room for fewer than before, the current page comes first.
+  if (count > 0 && currentPage() >= first_on_view_ + count) {
+    first_on_view_ = currentPage();
+    count = show();
+  }
+  page_control_->MarkPage(currentPage());
   if (state_.ZoomID == kNaturalZoomEntry || count > pages_on_view_) pages_on_view_ = count;
   updateMoves();
 }
@@ -150,10 +205,7 @@ void TfrmView::showMulti() {
 // Moves that lead nowhere are off.
 void TfrmView::updateMoves() {
   const int total = doc_ == nullptr ? 0 : doc_->PageCount;
-  const int current = currentPage();
-  const auto leads = [&](PageMove move) {
-    return total > 0 && std::min(total, movedPage(move, current, total, pagesInStep())) != current;
-  };
+  const auto leads = [&](PageMove move) { return total > 0 && moveTarget(move) != currentPage(); };
   const auto enable = [&leads](PageMove move, QToolButton* button, QAction* entry) {
     button->setEnabled(leads(move));
     entry->setEnabled(leads(move));
@@ -208,9 +260,7 @@ void TfrmView::lstPagesClick() {
   const QModelIndexList chosen = ui_->lstPages->selectionModel()->selectedIndexes();
   if (chosen.isEmpty()) return selectInPageList();
   const int number = chosen.front().row() + 1;
-  if (number == currentPage()) return;
-  setCurrentPage(number);
-  cmbPagesChange();
+  if (number != currentPage()) goToPage(number);
 }
 
 void TfrmView::lblPageCurrentClick() {
@@ -233,8 +283,14 @@ void TfrmView::txtPageCurrentEditExit() {
   const int number = ui_->txtPageCurrentEdit->text().toInt();
   ui_->txtPageCurrentEdit->hide();
   ui_->lblPageCurrent->show();
-  if (number != 0) setCurrentPage(number);
-  cmbPagesChange();
+  const bool asked = ui_->txtPageCurrentEdit->isModified() || number != currentPage();
+  if (number != 0 && asked) goToPage(number);
+}
+
+// Ends the typing as if nothing had been typed.
+void TfrmView::cancelPageEdit() {
+  ui_->txtPageCurrentEdit->setText(ui_->lblPageCurrent->text());
+  leavePageEdit();
 }
 
 }  // namespace qor

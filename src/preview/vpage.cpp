@@ -1,29 +1,19 @@
 // Pages in the window.
 #include "preview/vpage.h"
 
-#include <QElapsedTimer>
 #include <QLabel>
-#include <QMouseEvent>
-#include <QTimer>
 #include <algorithm>
 
-#include "document/loaded_page.h"
+#include "document/vdoc.h"
 #include "document/vdocpage.h"
-#include "platform/qt/qt_text.h"
 #include "preview/model/page_view.h"
-#include "preview/model/preview_texts.h"
 #include "preview/model/view_state.h"
 #include "preview/model/zoom_fit.h"
 #include "preview/page_image.h"
+#include "preview/small_pages.h"
 
 namespace qor {
 namespace {
-
-// Small pages are drawn for so long before the window answers again.
-constexpr qint64 kDrawingSlice = 40;  // ms
-
-// The property of a small page that holds its number.
-constexpr const char* kNumber = "tag";
 
 constexpr int kMessageMargin = 24;  // pixels
 
@@ -49,17 +39,18 @@ void paintPageOrSheet(VDocPage* page, Canvas& canvas, const PageView& view, cons
 VPage::VPage(QWidget* parent)
     : QFrame(parent),
       single_(new PageImage(this)),
-      message_(new QLabel(this)),
-      drawing_(new QTimer(this)) {
+      small_(new SmallPages(this)),
+      message_(new QLabel(this)) {
   setFrameShape(QFrame::NoFrame);
   setCursor(Qt::OpenHandCursor);
   message_->setAlignment(Qt::AlignCenter);
   message_->setTextFormat(Qt::PlainText);
   message_->setWordWrap(true);
   message_->hide();
-  drawing_->setSingleShot(true);
-  connect(drawing_, &QTimer::timeout, this, &VPage::drawWaiting);
   connect(single_, &PageImage::drawingFailed, this, &VPage::drawingFailed);
+  connect(small_, &SmallPages::drawingFailed, this, &VPage::drawingFailed);
+  connect(small_, &SmallPages::clicked, this, &VPage::pageClicked);
+  connect(small_, &SmallPages::doubleClicked, this, &VPage::pageDoubleClicked);
 }
 
 void VPage::setSurroundings(const ScreenArea& area, int barThickness) {
@@ -170,57 +161,23 @@ void VPage::showThumbnails(VDoc* doc, const PageView& view, const std::vector<Pa
   const Extent client = areaFor(view.screen).client;
   resize(std::max(client.Width, view.screen.view_width),
          std::max(client.Height, view.screen.view_height));
-  for (const PagePlace& place : places) addThumbnail(doc, view, place);
+  small_->show(doc, view, places);
   emit placed({0, 0}, size());
-  drawWaiting();
 }
 
-void VPage::addThumbnail(VDoc* doc, const PageView& view, const PagePlace& place) {
-  auto* image = new PageImage(this);
-  thumbnails_.push_back(image);
-  const std::int32_t number = place.number;
-  image->setProperty(kNumber, number);
-  image->setToolTip(qtText(previewTexts().page) + QString(" %1").arg(number));
-  image->setGeometry(place.corner.x, place.corner.y, view.screen.view_width,
-                     view.screen.view_height);
-  image->installEventFilter(this);
-  image->setCursor(Qt::PointingHandCursor);
-  connect(image, &PageImage::drawingFailed, this, &VPage::drawingFailed);
-  image->setWaiting(true);
-  image->show([doc, view, number](Canvas& canvas, const ViewPart& part) {
-    paintPage(*LoadedPage(*doc, number, 0), canvas, view, part);
-  });
-}
-
-// Takes away what stands in the place of a single page. Small pages may be handling an event that
-// led here.
+// Takes away what stands in the place of a single page.
 void VPage::clearForSingle() {
-  for (PageImage* image : thumbnails_) {
-    image->hide();
-    image->deleteLater();
-  }
-  thumbnails_.clear();
-  drawnThumbnails_ = 0;
+  small_->clear();
   message_->hide();
   showsPages_ = true;
 }
 
-// Draws small pages one by one and lets the window answer in between.
-void VPage::drawWaiting() {
-  QElapsedTimer slice;
-  slice.start();
-  while (drawnThumbnails_ < thumbnails_.size() && slice.elapsed() < kDrawingSlice)
-    thumbnails_[drawnThumbnails_++]->draw();
-  if (drawnThumbnails_ < thumbnails_.size()) drawing_->start(0);
+void VPage::MarkPage(int number) {
+  small_->mark(number);
 }
 
-bool VPage::eventFilter(QObject* watched, QEvent* event) {
-  const auto* mouse = dynamic_cast<QMouseEvent*>(event);
-  const bool isClick = mouse != nullptr && mouse->type() == QEvent::MouseButtonPress &&
-                       mouse->button() == Qt::LeftButton;
-  if (!isClick) return QFrame::eventFilter(watched, event);
-  emit pageClicked(watched->property(kNumber).toInt());
-  return true;
+bool VPage::showsOnePage() const {
+  return showsPages_ && small_->isEmpty();
 }
 
 }  // namespace qor

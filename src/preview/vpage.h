@@ -10,11 +10,11 @@
 #include "preview/model/sheet_view.h"
 
 class QLabel;
-class QTimer;
 
 namespace qor {
 
 class PageImage;
+class SmallPages;
 class VDoc;
 class VDocPage;
 struct PageView;
@@ -40,6 +40,9 @@ class VPage : public QFrame {
   // page takes the place, -1 where there is nothing to show.
   int ShowMulti(VDoc* doc, VDocPage* page, std::int32_t& zoom, bool show_unprintable, int first);
 
+  // Marks one of several pages, if it is among them.
+  void MarkPage(int number);
+
   // The page at its size on a sheet that is shrunk to `percent`.
   void ShowScaled(VDocPage* page, int percent, bool show_unprintable);
 
@@ -51,7 +54,7 @@ class VPage : public QFrame {
   void usePage(VDocPage* page) { page_ = page; }
 
   // True where a single page is shown.
-  bool showsOnePage() const { return showsPages_ && thumbnails_.empty(); }
+  bool showsOnePage() const;
 
   // False where a text stands in the place of pages.
   bool showsPages() const { return showsPages_; }
@@ -59,12 +62,10 @@ class VPage : public QFrame {
  signals:
   // Where the control's corner is to stand in the scrolling area, and its size, pixels.
   void placed(const QPoint& origin, const QSize& size);
-  // A small page was clicked, from 1.
+  // A small page was clicked, once or twice, from 1.
   void pageClicked(int number);
+  void pageDoubleClicked(int number);
   void drawingFailed(const QString& reason);
-
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   ScreenArea areaFor(const VSetScr& sheet) const;
@@ -72,19 +73,15 @@ class VPage : public QFrame {
   PageView viewOf(const VSetScr& screen, std::int32_t zoom, bool show_unprintable, bool wide) const;
   void showSingle(VDocPage* page, const PageView& view);
   void showThumbnails(VDoc* doc, const PageView& view, const std::vector<PagePlace>& places);
-  void addThumbnail(VDoc* doc, const PageView& view, const PagePlace& place);
   void clearForSingle();
-  void drawWaiting();
 
   VDocPage* page_ = nullptr;  // on show; the document's
   ScreenArea area_;
   int barThickness_ = 0;
   PageImage* single_;
+  SmallPages* small_;
   QLabel* message_;
-  QTimer* drawing_;  // of thumbnails that wait
-  std::vector<PageImage*> thumbnails_;
   bool showsPages_ = false;
-  std::size_t drawnThumbnails_ = 0;
 };
 
 }  // namespace qor

@@ -157,10 +157,12 @@ TEST(PreviewKeys, goesToATypedPage) {
     window.click("lblPageCurrent");
     ASSERT_TRUE(edit.isVisible());
     edit.clear();
+    window.area().verticalScrollBar()->setValue(100);
     QTest::keyClicks(&edit, row.typed);
     EXPECT_LE(edit.text().size(), 6);
     QTest::keyClick(&edit, Qt::Key_Return);
     EXPECT_EQ(window.page(), row.page) << row.typed;
+    EXPECT_EQ(window.scrolled(), std::atoi(row.typed) > 0 ? 0 : 100) << row.typed;
     EXPECT_FALSE(edit.isVisible());
   }
   window.click("lblPageCurrent");
@@ -168,6 +170,47 @@ TEST(PreviewKeys, goesToATypedPage) {
   window.click("cmdView_Prev");
   EXPECT_EQ(window.page(), 5) << "a move starts from what was typed";
   EXPECT_FALSE(edit.isVisible());
+}
+
+TEST(PreviewKeys, leavesThePageNumberToItsEdit) {
+  Window window({reportOfPages(20), Window::zoomed(kNaturalZoomEntry)});
+  auto& edit = window.control<QLineEdit>("txtPageCurrentEdit");
+  window.press(Qt::Key_PageDown);
+  window.click("lblPageCurrent");
+  const auto type = [&](std::initializer_list<Qt::Key> keys) {
+    for (const Qt::Key key : keys) window.press(key);
+  };
+  type({Qt::Key_1, Qt::Key_7, Qt::Key_Home, Qt::Key_Delete, Qt::Key_End, Qt::Key_9, Qt::Key_Left,
+        Qt::Key_Backspace, Qt::Key_1, Qt::Key_Right, Qt::Key_Down, Qt::Key_Up});
+  EXPECT_EQ(edit.text(), "19") << "17, 7, 79, 9, 19";
+  EXPECT_EQ(window.scrolled(), 0);
+  window.press(Qt::Key_Escape);
+  EXPECT_FALSE(edit.isVisible());
+  EXPECT_EQ(window.page(), 2) << "nothing was asked for";
+  EXPECT_TRUE(window.form().isVisible());
+  window.press(Qt::Key_Escape);
+  EXPECT_FALSE(window.form().isVisible());
+}
+
+TEST(PreviewKeys, walkTheListThatHasTheFocus) {
+  Window window({reportOfPages(200), {{"ZoomID", kNaturalZoomEntry}, {"ListView", 1}}});
+  window.control("lstPages").setFocus();
+  struct Row {
+    Qt::Key key;
+    int least;
+    int most;
+  };
+  for (const Row& row : {Row{Qt::Key_Down, 2, 2}, Row{Qt::Key_Down, 3, 3}, Row{Qt::Key_Up, 2, 2},
+                         Row{Qt::Key_PageDown, 20, 80}, Row{Qt::Key_End, 200, 200},
+                         Row{Qt::Key_PageUp, 120, 180}, Row{Qt::Key_Home, 1, 1}}) {
+    window.area().verticalScrollBar()->setValue(100);
+    window.press(row.key);
+    EXPECT_GE(window.page(), row.least) << row.key;
+    EXPECT_LE(window.page(), row.most) << row.key;
+    EXPECT_EQ(window.scrolled(), 0) << "a page that is gone to shows its top";
+  }
+  window.press(Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(window.page(), 200) << "with Ctrl they are the window's";
 }
 
 // A press on the screen, as the system reports it, moves the focus before anything else.

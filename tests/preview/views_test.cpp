@@ -15,33 +15,6 @@
 namespace qor::test {
 namespace {
 
-TEST(PreviewViews, showsSeveralPages) {
-  Window window({reportOfPages(20), Window::zoomed(9)});
-  window.click("cmdView_MultiPage");
-  const QSize area = window.area().maximumViewportSize();
-  const int count = (area.width() / 202) * (area.height() / 284);
-  ASSERT_GE(count, 8);
-  QTest::qWait(50);
-  auto pages = window.view().findChildren<PageImage*>();
-  const auto shown = [](PageImage* image) { return image->isVisible(); };
-  EXPECT_EQ(std::count_if(pages.begin(), pages.end(), shown), count);
-  window.press(Qt::Key_PageDown, Qt::ControlModifier);
-  EXPECT_EQ(window.page(), count + 1) << "Ctrl is nothing here";
-  window.press(Qt::Key_PageUp);
-  EXPECT_EQ(window.page(), 1);
-  window.press(Qt::Key_End, Qt::ControlModifier);
-  EXPECT_EQ(window.page(), 20 - count + 1);
-  window.press(Qt::Key_Home, Qt::ControlModifier);
-  for (PageImage* image : window.view().findChildren<PageImage*>()) {
-    if (image->property("tag").toInt() == 3) QTest::mouseClick(image, Qt::LeftButton);
-  }
-  QCoreApplication::processEvents();
-  EXPECT_EQ(window.page(), 3);
-  window.click("cmdView_SinglePage");
-  window.press(Qt::Key_PageDown);
-  EXPECT_EQ(window.page(), 4);
-}
-
 TEST(PreviewViews, wideViewHoldsTheWholeLine) {
   Window window({std::string(200, 'w') + "\r\n", Window::zoomed(kNaturalZoomEntry)});
   window.click("cmdView_WideView");

@@ -240,8 +240,8 @@ TEST(PreviewZoom, isToldInItsBox) {
   EXPECT_EQ(box.itemText(12), "AutoW");
   QStyleOptionComboBox option;
   option.initFrom(&box);
-  const QRect field = box.style()->subControlRect(QStyle::CC_ComboBox, &option,
-                                                  QStyle::SC_ComboBoxEditField, &box);
+  const QRect field =
+      box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box);
   EXPECT_GE(field.width(), box.fontMetrics().horizontalAdvance("AutoW (100%)"));
 }
 

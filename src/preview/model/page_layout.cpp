@@ -35,6 +35,25 @@ void cutTo(std::int32_t pages, Row& columns, Row& rows) {
   }
 }
 
+// What stands between a number and its sheet, pixels: room for the frame of a page that is marked,
+// and no more than keeps them together.
+constexpr std::int32_t kLeastDistance = 2;
+constexpr std::int32_t kLargestDistance = 8;
+
+// From a sheet's end to the next place in one direction, or to the end of the board.
+std::int32_t roomBehind(const std::vector<PagePlace>& places, std::int32_t Point::*along,
+                        std::int32_t start, std::int32_t sheet, std::int32_t board) {
+  std::int32_t next = board;
+  for (const PagePlace& place : places) {
+    if (place.corner.*along > start) next = std::min(next, place.corner.*along);
+  }
+  return next - start - sheet;
+}
+
+std::int32_t distanceIn(std::int32_t room, std::int32_t label) {
+  return std::min(kLargestDistance, (room - label) / 2);
+}
+
 }  // namespace
 
 std::optional<std::vector<PagePlace>> layOutPages(const Extent& view, const Extent& client,
@@ -55,6 +74,19 @@ std::optional<std::vector<PagePlace>> layOutPages(const Extent& view, const Exte
                        startY + i / columns.count * (view.Height + rows.gap)}});
   }
   return places;
+}
+
+Point numberCorner(const std::vector<PagePlace>& places, std::size_t index, const Extent& sheet,
+                   const Extent& board, const Extent& label) {
+  const Point& corner = places[index].corner;
+  const Point end = {corner.x + sheet.Width, corner.y + sheet.Height};
+  const std::int32_t below =
+      distanceIn(roomBehind(places, &Point::y, corner.y, sheet.Height, board.Height), label.Height);
+  if (below >= kLeastDistance) return {corner.x + (sheet.Width - label.Width) / 2, end.y + below};
+  const std::int32_t beside =
+      distanceIn(roomBehind(places, &Point::x, corner.x, sheet.Width, board.Width), label.Width);
+  if (beside >= kLeastDistance) return {end.x + beside, end.y - label.Height};
+  return {end.x - label.Width - kLeastDistance, end.y - label.Height - kLeastDistance};
 }
 
 }  // namespace qor

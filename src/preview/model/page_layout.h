@@ -21,4 +21,10 @@ struct PagePlace {
 std::optional<std::vector<PagePlace>> layOutPages(const Extent& view, const Extent& client,
                                                   std::int32_t first, std::int32_t total);
 
+// Where the number of the page at places[index] stands on a board of that size: below its sheet or
+// at its right where there is room, else in the corner of the sheet. All sheets and the label take
+// `sheet` and `label` pixels.
+Point numberCorner(const std::vector<PagePlace>& places, std::size_t index, const Extent& sheet,
+                   const Extent& board, const Extent& label);
+
 }  // namespace qor

@@ -160,6 +160,35 @@ TEST(PageGeometry, SeveralPagesStandInRows) {
   EXPECT_EQ(places({0, 0}, {1000, 900}, 1, 5), "");
 }
 
+TEST(PageGeometry, NumbersStandBesideSheetsWhereThereIsRoom) {
+  struct Row {
+    const char* what;
+    Extent board;
+    std::size_t index;
+    Extent label;
+    Point corner;
+  };
+  // Two columns and two rows of sheets of 100 by 200 pixels.
+  const std::vector<PagePlace> pages = {
+      {1, {10, 0}}, {2, {150, 0}}, {3, {10, 230}}, {4, {150, 230}}};
+  const std::vector<Row> rows = {
+      {"in the 30 pixels between rows", {260, 460}, 0, {20, 16}, {50, 207}},
+      {"not far from its sheet", {260, 500}, 3, {20, 16}, {190, 438}},
+      {"beside the sheet, where the last row has no room below",
+       {260, 434},
+       2,
+       {20, 16},
+       {118, 414}},
+      {"on the sheet, where it has none at all", {252, 434}, 3, {20, 16}, {228, 412}},
+      {"too high for the room between rows", {260, 460}, 1, {20, 27}, {228, 171}},
+  };
+  for (const Row& row : rows) {
+    const Point corner = numberCorner(pages, row.index, {100, 200}, row.board, row.label);
+    EXPECT_EQ(corner.x, row.corner.x) << row.what;
+    EXPECT_EQ(corner.y, row.corner.y) << row.what;
+  }
+}
+
 TEST(PageGeometry, MovesStopAtTheEnds) {
   struct Row {
     PageMove move;

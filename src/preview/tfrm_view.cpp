@@ -21,6 +21,7 @@
 #include "preview/model/preview_texts.h"
 #include "preview/page_list_model.h"
 #include "preview/page_scroll.h"
+#include "preview/passing_hint.h"
 #include "preview/size_line.h"
 #include "preview/tqor_image_form.h"
 #include "preview/view_menu.h"
@@ -52,6 +53,7 @@ TfrmView::TfrmView(UserSettings& settings, ViewCommands commands)
       page_control_(new VPage(this)),
       pageList_(new PageListModel(this)),
       status_(*ui_->stBar),
+      hint_(new PassingHint(ui_->pScroll)),
       TimerDynamicBlinc_(new QTimer(this)) {
   setWindowIcon(TQorImageForm::ImageMenuList(ImageIndex::program, IconPlace::button));
   const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight) + kFrame;
@@ -97,7 +99,7 @@ void TfrmView::showEvent(QShowEvent* event) {
 }
 
 void TfrmView::FormShow() {
-  state_ = loadViewState(settings_);
+  state_ = stored_ = loadViewState(settings_);
   applyFullWindow();
   ui_->cmbZoom->setCurrentIndex(state_.ZoomID);
   setCurrentPage(1);

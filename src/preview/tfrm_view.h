@@ -26,6 +26,7 @@ class TfrmView;
 namespace qor {
 
 class PageListModel;
+class PassingHint;
 class UserSettings;
 class VDoc;
 class VDocPage;
@@ -112,6 +113,7 @@ class TfrmView : public QMainWindow {
   void updateMoves();
   void showPageStatus();
   void showPageNumber();
+  void describeView();
   void showFileState();
   QString reasonForNoPages();
   void fillPageList();
@@ -131,6 +133,7 @@ class TfrmView : public QMainWindow {
   void openPrinter(std::int32_t scale, bool flag);
   void openPrinterForView();
   void applyFullWindow();
+  void keepState();
 
   // Keys.
   bool FormKeyDown(const QKeyEvent& event);
@@ -162,11 +165,13 @@ class TfrmView : public QMainWindow {
   UserSettings& settings_;
   ViewCommands commands_;
   ViewState state_;
+  ViewState stored_;  // the state as it was stored last
   VDoc* doc_ = nullptr;
   VDocPage* page_ = nullptr;  // on show, loaded
   VPage* page_control_;
   PageListModel* pageList_;
   StatusPanels status_;
+  PassingHint* hint_;
   std::unique_ptr<ViewMenu> menu_;
   QTimer* TimerDynamicBlinc_;
   QMessageBox* errorBox_ = nullptr;

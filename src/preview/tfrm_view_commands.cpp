@@ -60,6 +60,7 @@ void TfrmView::cmdView_ConvertClick() {
   if (!commands_.convert || doc_ == nullptr) return;
   releasePage();
   commands_.convert(*doc_, state_);
+  keepState();
   if (doc_->PageCount > 0 && loadPage()) page_control_->usePage(page_);
 }
 
@@ -99,6 +100,7 @@ void TfrmView::followGrowth() {
     cmbPagesChange();
   }
   showPageNumber();
+  describeView();
   updateMoves();
   fillPageList();
 }

@@ -67,7 +67,9 @@ void TfrmView::connectPages() {
 }
 
 bool TfrmView::eventFilter(QObject* watched, QEvent* event) {
-  const bool isLabel = watched == ui_->lblPageCurrent || watched == ui_->lblPageTotal;
+  // Without pages they are off.
+  const bool isLabel = (watched == ui_->lblPageCurrent || watched == ui_->lblPageTotal) &&
+                       ui_->lblPageCurrent->isEnabled();
   const auto opens = [event] {
     if (event->type() == QEvent::MouseButtonPress) return true;
     if (event->type() != QEvent::KeyPress) return false;

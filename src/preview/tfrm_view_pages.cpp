@@ -34,6 +34,7 @@ int TfrmView::currentPage() const {
 
 void TfrmView::setCurrentPage(int number) {
   ui_->lblPageCurrent->setText(QString::number(number));
+  ui_->lblPageCurrent->setAccessibleDescription(QString::number(number));
 }
 
 // The number before it takes the same room whatever it is, and while it is typed: nothing beside it
@@ -41,6 +42,9 @@ void TfrmView::setCurrentPage(int number) {
 void TfrmView::setPageTotal(int total) {
   const QString digits = QString::number(total);
   ui_->lblPageTotal->setText(digits);
+  ui_->lblPageTotal->setAccessibleDescription(digits);
+  for (QWidget* label : {ui_->lblPageCurrent, ui_->lblPageOf, ui_->lblPageTotal})
+    label->setEnabled(total > 0);
   const int width = kEditFrame + ui_->txtPageCurrentEdit->fontMetrics().horizontalAdvance(QString(
                                      std::max<qsizetype>(kFewestDigits, digits.size()), '0'));
   ui_->lblPageCurrent->setFixedWidth(width);
@@ -95,6 +99,7 @@ void TfrmView::markPage(int number) {
   page_control_->MarkPage(number);
   selectInPageList();
   showPageNumber();
+  describeView();
   updateMoves();
 }
 
@@ -111,8 +116,7 @@ void TfrmView::turnPage(int direction) {
 
 void TfrmView::cmbPagesChange() {
   const int total = doc_ == nullptr ? 0 : doc_->PageCount;
-  if (currentPage() > total && total > 0) setCurrentPage(total);
-  if (currentPage() < 1) setCurrentPage(1);
+  setCurrentPage(std::clamp(currentPage(), std::min(1, total), total));
   selectInPageList();
   first_on_view_ = currentPage();
   ShowPage();
@@ -132,6 +136,7 @@ void TfrmView::ShowPage() {
     showFileState();
   }
   showZoom();
+  describeView();
 }
 
 void TfrmView::updateArea() {
@@ -224,7 +229,14 @@ void TfrmView::showPageStatus() {
 void TfrmView::showPageNumber() {
   const QString text = qtText(pageOfText(currentPage(), doc_ == nullptr ? 0 : doc_->PageCount));
   status_.setPages(text);
-  ui_->pScroll->setAccessibleDescription(text);
+}
+
+// For those who hear the window: the description of the control that has the focus, which is told
+// anew when it changes.
+void TfrmView::describeView() {
+  QString text = qtText(pageOfText(currentPage(), doc_ == nullptr ? 0 : doc_->PageCount));
+  if (zoom_on_view_ > 0) text += QString(", %1%").arg(zoom_on_view_);
+  if (text != ui_->pScroll->accessibleDescription()) ui_->pScroll->setAccessibleDescription(text);
 }
 
 // A report that nobody said would change has changed: its pages may not be where they were.

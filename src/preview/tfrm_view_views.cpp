@@ -4,7 +4,11 @@
 
 #include "base/app_options.h"
 #include "document/vdoc.h"
+#include "platform/qt/qt_text.h"
+#include "platform/user_settings.h"
+#include "preview/model/preview_texts.h"
 #include "preview/page_scroll.h"
+#include "preview/passing_hint.h"
 #include "preview/size_line.h"
 #include "preview/tfrm_view.h"
 #include "preview/vpage.h"
@@ -22,6 +26,7 @@ void TfrmView::cmdView_SetPreviewTypeClick(int type) {
   openPrinterForView();
   ShowPage();
   ui_->txtZoom->setText("100");
+  keepState();
 }
 
 // The printer as the page on view would fill its paper.
@@ -49,6 +54,7 @@ void TfrmView::rbMultiPageViewClick(bool several) {
   ui_->pScroll->scrollToStart();
   ShowPage();
   ui_->pScroll->scrollToStart();
+  keepState();
 }
 
 void TfrmView::cmdView_SetListViewClick() {
@@ -56,6 +62,7 @@ void TfrmView::cmdView_SetListViewClick() {
   ui_->pSizeLine->setVisible(state_.ListView);
   fillPageList();
   ShowPage();
+  keepState();
 }
 
 void TfrmView::mnuListViewClick() {
@@ -66,16 +73,29 @@ void TfrmView::mnuListViewClick() {
 void TfrmView::mnuUnprintableClick() {
   state_.ShowUnprintable = !state_.ShowUnprintable;
   ShowPage();
+  keepState();
 }
 
 void TfrmView::mnuFullScreenClick() {
   state_.FlagFullWindow = !state_.FlagFullWindow;
   applyFullWindow();
+  keepState();
 }
 
 void TfrmView::applyFullWindow() {
   ui_->pTools->setVisible(!state_.FlagFullWindow);
   ui_->stBar->setVisible(!state_.FlagFullWindow);
+  hint_->hide();
+  if (state_.FlagFullWindow) hint_->tell(qtText(previewTexts().leavesFullWindow));
+}
+
+// A run may end without a word; what its user chose is stored by then. Failures are told at the
+// end.
+void TfrmView::keepState() {
+  if (!ready_ || state_ == stored_) return;
+  stored_ = state_;
+  storeViewState(state_, settings_);
+  settings_.save();
 }
 
 }  // namespace qor

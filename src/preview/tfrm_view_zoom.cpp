@@ -20,6 +20,7 @@ void TfrmView::cmbZoomChange() {
   pages_on_view_ = 1;
   ui_->pScroll->scrollToStart();
   ShowPage();
+  keepState();
 }
 
 void TfrmView::mnuZoomListClick(int tag) {
@@ -64,6 +65,7 @@ void TfrmView::zoomAround(const QPoint& anchor, int entry, std::int32_t fit) {
   } else {
     ui_->pScroll->scrollToStart();
   }
+  keepState();
 }
 
 void TfrmView::mnuActualSizeClick() {

@@ -3,6 +3,7 @@
 
 #include <QProcess>
 #include <QThread>
+#include <csignal>
 #include <cstdlib>
 #include <memory>
 #include <span>
@@ -156,6 +157,30 @@ TEST(PreviewProgram, tellsItsOwnerAndCleansUpWhenItIsClosed) {
   for (const char* name : {"rep0731.txt", "rep0731_shape_1.jpeg", "rep0731_mail.tmp", "listed.txt"})
     EXPECT_FALSE(place.has(name)) << name;
   EXPECT_TRUE(place.has("kept.txt"));
+}
+
+TEST(PreviewProgram, closesInTheOrdinaryWayWhenASignalAsksForIt) {
+  XServer server;
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    const TemporaryDirectory place;
+    place.write("rep0042.txt", "A\r\n\f");
+    const xcb_window_t owner = server.makeWindow();
+    auto environment = environmentOn(server.display());
+    environment["XDG_CONFIG_HOME"] = place.path("config");
+    std::vector<std::string> command = {"sh", "-c", "echo $$ > id; exec \"$@\"", "sh"};
+    for (const std::string& word : viewer({"-f", "rep0042.txt", "-handle", std::to_string(owner)}))
+      command.push_back(word);
+    Process program(command, {place.path(), environment});
+    ASSERT_NE(server.waitForWindow(), XCB_NONE);
+    ASSERT_EQ(::kill(std::stoi(place.read("id")), signal), 0);
+    const auto message = server.waitForMessage();
+    ASSERT_NE(message, nullptr) << signal;
+    EXPECT_EQ(message->data.data32[0], 42U);
+    const Outcome outcome = program.wait();
+    EXPECT_EQ(outcome.signal, 0) << signal;
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_TRUE(place.has("config/QOR/QorUtlView.ini")) << signal;
+  }
 }
 
 TEST(PreviewProgram, saysInOneLineThatThereIsNoDisplay) {

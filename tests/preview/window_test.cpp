@@ -1,6 +1,7 @@
 // The window as a whole: what it stores, its languages, its file and its commands.
 #include "preview/window.h"
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QListView>
 #include <QSettings>
@@ -33,6 +34,38 @@ TEST(PreviewWindow, readsAndWritesTheUsersSettings) {
   EXPECT_EQ(left.at("ShowUnprintable"), "false");
   EXPECT_EQ(left.at("PreviewType"), "1");
   EXPECT_EQ(left.at("CheckJPEG"), "true");
+}
+
+TEST(PreviewWindow, storesWhatTheUserChoosesAtOnce) {
+  struct Row {
+    const char* name;
+    std::function<void(TfrmView&)> choose;
+    const char* stored;
+  };
+  const std::vector<Row> rows = {
+      {"ZoomID", [](TfrmView& form) { form.mnuZoomListClick(3); }, "3"},
+      {"ZoomID", [](TfrmView& form) { form.cmdView_ZoomOutClick(); }, "4"},
+      {"ZoomID", [](TfrmView& form) { form.mnuFitPageClick(); }, "13"},
+      {"MultipageView", [](TfrmView& form) { form.rbMultiPageViewClick(true); }, "true"},
+      {"ListView", [](TfrmView& form) { form.mnuListViewClick(); }, "true"},
+      {"ShowUnprintable", [](TfrmView& form) { form.mnuUnprintableClick(); }, "false"},
+      {"FlagFullWindow", [](TfrmView& form) { form.mnuFullScreenClick(); }, "true"},
+      {"PreviewType", [](TfrmView& form) { form.cmdView_SetPreviewTypeClick(kWideView); }, "1"},
+      {"CheckPdf", [](TfrmView& form) { form.cmdView_ConvertClick(); }, "true"},
+  };
+  Window::Start start{reportOfPages(3)};
+  start.commands.convert = [](VDoc&, ViewState& state) { state.CheckPdf = true; };
+  Window window(start);
+  for (const Row& row : rows) {
+    row.choose(window.form());
+    // Another program that reads the file, as it were.
+    std::ifstream file(QSettings(QSettings::IniFormat, QSettings::UserScope, "QOR", "QorUtlView")
+                           .fileName()
+                           .toStdString());
+    const std::string text((std::istreambuf_iterator<char>(file)), {});
+    EXPECT_NE(text.find(std::string(row.name) + "=" + row.stored + "\n"), std::string::npos)
+        << row.name << " in " << text;
+  }
 }
 
 TEST(PreviewWindow, opensWithBrokenSettings) {
@@ -120,7 +153,7 @@ TEST(PreviewWindow, followsAReportThatAnotherProgramWrites) {
     run({"sh", "-c", "printf '" + std::string(row.appended) + "' >> " + window.path()});
     window.form().TimerDynamicBlincTimer();
     EXPECT_EQ(window.total(), row.total) << row.appended;
-    EXPECT_EQ(window.page(), 1) << "the page on view stays";
+    EXPECT_EQ(window.page(), row.total > 0 ? 1 : 0) << "the page on view stays";
     EXPECT_EQ(window.view().width() == 813, row.total > 0) << "the first page appears by itself";
   }
   window.press(Qt::Key_End, Qt::ControlModifier);
@@ -155,6 +188,71 @@ TEST(PreviewWindow, saysWhatIsWrongWithTheFile) {
   empty.press(Qt::Key_PageDown);
   empty.press(Qt::Key_End, Qt::ControlModifier);
   empty.click("cmdView_MultiPage");
+}
+
+TEST(PreviewWindow, saysThatThereAreNoPages) {
+  Window window({""});
+  struct Row {
+    int codePage;
+    const char* text;
+  };
+  for (const Row& row : {Row{1251, "Нет страниц"}, Row{1254, "Sayfa yok"}, Row{1252, "No pages"}}) {
+    window.form().chooseLanguage(row.codePage);
+    EXPECT_EQ(window.status("stBarPages"), row.text);
+    EXPECT_EQ(window.area().accessibleDescription().toStdString(), row.text);
+  }
+  EXPECT_EQ(window.page(), 0);
+  for (const char* label : {"lblPageCurrent", "lblPageTotal"}) {
+    window.click(label);
+    EXPECT_FALSE(window.control("txtPageCurrentEdit").isVisible()) << label;
+  }
+}
+
+TEST(PreviewWindow, tellsHowToLeaveThePageAlone) {
+  struct Row {
+    int codePage;
+    const char* text;
+  };
+  for (const Row& row : {Row{1251, "F11 вернёт панель инструментов"},
+                         Row{1254, "F11 araç çubuğunu yeniden gösterir"},
+                         Row{1252, "F11 shows the toolbar again"}}) {
+    Window window({reportOfPages(3)});
+    window.form().chooseLanguage(row.codePage);
+    auto& hint = window.control<QLabel>("passingHint");
+    EXPECT_FALSE(hint.isVisible());
+    window.press(Qt::Key_F11);
+    EXPECT_TRUE(hint.isVisible());
+    EXPECT_EQ(hint.text().toStdString(), row.text);
+    window.form().resize(900, 600);
+    QCoreApplication::processEvents();
+    const QRect area = window.area().rect();
+    EXPECT_TRUE(area.contains(hint.geometry()));
+    EXPECT_NEAR(hint.geometry().center().x(), area.center().x(), 1);
+    EXPECT_LT(area.bottom() - hint.geometry().bottom(), 40);
+    window.press(Qt::Key_F11);
+    EXPECT_FALSE(hint.isVisible()) << "the toolbar is there again";
+  }
+  Window window({reportOfPages(3), {{"FlagFullWindow", 1}}});
+  auto& hint = window.control<QLabel>("passingHint");
+  EXPECT_TRUE(hint.isVisible()) << "where the window opens so";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !hint.isVisible(); }, 60000)) << "it passes";
+}
+
+// What a screen reader asks for once it hears that a description has changed.
+TEST(PreviewWindow, tellsAScreenReaderItsPageAndZoom) {
+  Window window({reportOfPages(12), {{"ZoomID", 6}}});
+  const auto described = [&window](const char* name) {
+    return QAccessible::queryAccessibleInterface(&window.control(name))
+        ->text(QAccessible::Description)
+        .toStdString();
+  };
+  EXPECT_EQ(described("pScroll"), "Page 1 of 12, 100%");
+  window.press(Qt::Key_PageDown);
+  EXPECT_EQ(described("pScroll"), "Page 2 of 12, 100%");
+  window.press(Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_EQ(described("pScroll"), "Page 2 of 12, 75%");
+  EXPECT_EQ(described("lblPageCurrent"), "2");
+  EXPECT_EQ(described("lblPageTotal"), "12");
 }
 
 // Behind the command stands a dialog that counts and answers.

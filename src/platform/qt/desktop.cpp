@@ -10,6 +10,7 @@
 
 #include "base/app_options.h"
 #include "platform/messages.h"
+#include "platform/qt/end_signals.h"
 
 namespace qor {
 namespace {
@@ -64,6 +65,7 @@ Desktop::Desktop() {
   // Qt has told the C library the user's locale; numbers in files are not to depend on it.
   std::setlocale(LC_NUMERIC, "C");
   started = true;
+  endSignals_ = std::make_unique<EndSignals>();
   QApplication::setApplicationName("QorUtlView");
   QApplication::setOrganizationName("QOR");
 }

@@ -7,6 +7,8 @@ class QApplication;
 
 namespace qor {
 
+class EndSignals;
+
 class Desktop {
  public:
   // Connects to it. Where there is none the process ends with one line on standard error and exit
@@ -16,11 +18,12 @@ class Desktop {
   Desktop(const Desktop&) = delete;
   Desktop& operator=(const Desktop&) = delete;
 
-  // Handles events until the last window is closed.
+  // Handles events until the last window is closed, or a signal asks for the end.
   void run();
 
  private:
   std::unique_ptr<QApplication> application_;
+  std::unique_ptr<EndSignals> endSignals_;
 };
 
 }  // namespace qor

@@ -17,7 +17,17 @@ namespace {
 constexpr Color kShadow = 0x5C6D76;
 constexpr Color kUnprintable = 0xF0F0F0;
 constexpr Color kMargins = 0xFF0000;
-constexpr std::int32_t kShadowDepth = 7;  // pixels
+constexpr std::int32_t kShadowDepth = 7;  // pixels at 100 percent
+
+std::uint32_t brightness(Color color) {
+  return (299 * redOf(color) + 587 * greenOf(color) + 114 * blueOf(color)) / 1000;
+}
+
+// The colour of a shadow, or, on a dark ground, half of what the ground has.
+Color shadowOn(Color ground) {
+  const bool isDarker = brightness(kShadow) * 5 <= brightness(ground) * 4;
+  return isDarker ? kShadow : ground >> 1 & 0x7F7F7FU;
+}
 
 // Dots of the part.
 Rect printableDots(const VSetScr& screen, const ViewPart& part) {
@@ -62,9 +72,9 @@ class SheetPainter {
     draw(pixels, {style, 0, color}, {BrushStyle::none}, 1);
   }
 
-  void shadow(std::int32_t width, std::int32_t height) {
-    fill({kShadowDepth, height, width + kShadowDepth, height + kShadowDepth}, kShadow);
-    fill({width, kShadowDepth, width + kShadowDepth, height}, kShadow);
+  void shadow(std::int32_t width, std::int32_t height, std::int32_t depth, Color color) {
+    fill({depth, height, width + depth, height + depth}, color);
+    fill({width, depth, width + depth, height}, color);
   }
 
  private:
@@ -97,7 +107,11 @@ void DrawSheet(Canvas& canvas, const PageView& view, const ViewPart& part) {
                           screen.print_bottom};
   SheetPainter sheet(canvas, part);
   sheet.fillAround({0, 0, screen.view_width, screen.view_height}, paper, view.panel);
-  if (!view.wide) sheet.shadow(paper.right, paper.bottom);
+  if (!view.wide) {
+    const std::int32_t depth =
+        clamped(std::max<std::int64_t>(1, kShadowDepth * std::int64_t{view.zoom} / 100));
+    sheet.shadow(paper.right, paper.bottom, depth, shadowOn(view.panel));
+  }
   sheet.fillAround(paper, printable, view.show_unprintable ? kUnprintable : kWhite);
   sheet.outline(paper, PenStyle::solid, kBlack);
   sheet.fill(printable, kWhite);

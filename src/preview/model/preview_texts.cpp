@@ -39,6 +39,7 @@ constexpr PreviewTexts kEnglish = {
     .reportMenu = "Report",
     .page = "Page",
     .of = "of",
+    .pageless = "No pages",
     .noPages = "The report has no pages.",
     .waiting = "Waiting for the first page of the report.",
     .fileChanged = "The file of the report has changed since it was opened.",
@@ -46,6 +47,7 @@ constexpr PreviewTexts kEnglish = {
     .stateNotRead = "The settings of the window can't be read: ",
     .zoomHeld = "The page is too large for this zoom and stands at ",
     .companionMissing = " can't be started.",
+    .leavesFullWindow = "F11 shows the toolbar again",
 };
 
 constexpr PreviewTexts kRussian = {
@@ -81,6 +83,7 @@ constexpr PreviewTexts kRussian = {
     .reportMenu = "Отчёт",
     .page = "Страница",
     .of = "из",
+    .pageless = "Нет страниц",
     .noPages = "В отчёте нет страниц.",
     .waiting = "Ожидание первой страницы отчёта.",
     .fileChanged = "Файл отчёта изменился после открытия.",
@@ -88,6 +91,7 @@ constexpr PreviewTexts kRussian = {
     .stateNotRead = "Не читаются настройки окна: ",
     .zoomHeld = "Страница слишком велика для этого масштаба, показано: ",
     .companionMissing = " не запускается.",
+    .leavesFullWindow = "F11 вернёт панель инструментов",
 };
 
 constexpr PreviewTexts kTurkish = {
@@ -123,6 +127,7 @@ constexpr PreviewTexts kTurkish = {
     .reportMenu = "Rapor",
     .page = "Sayfa",
     .of = "/",
+    .pageless = "Sayfa yok",
     .noPages = "Raporda sayfa yok.",
     .waiting = "Raporun ilk sayfası bekleniyor.",
     .fileChanged = "Rapor dosyası açıldıktan sonra değişti.",
@@ -130,6 +135,7 @@ constexpr PreviewTexts kTurkish = {
     .stateNotRead = "Pencere ayarları okunamıyor: ",
     .zoomHeld = "Sayfa bu ölçek için çok büyük, gösterilen ölçek: ",
     .companionMissing = " başlatılamıyor.",
+    .leavesFullWindow = "F11 araç çubuğunu yeniden gösterir",
 };
 
 }  // namespace
@@ -144,6 +150,7 @@ const PreviewTexts& previewTexts() {
 
 std::string pageOfText(int page, int total) {
   const PreviewTexts& texts = previewTexts();
+  if (total == 0) return std::string(texts.pageless);
   std::string text(texts.page);
   text.append(" ").append(std::to_string(page)).append(" ").append(texts.of);
   return text.append(" ").append(std::to_string(total));

@@ -40,8 +40,9 @@ struct PreviewTexts {
   std::string_view scale;
   std::string_view reportMenu;
   // Words and messages.
-  std::string_view page;  // before a page's number
-  std::string_view of;    // between a page's number and their count
+  std::string_view page;      // before a page's number
+  std::string_view of;        // between a page's number and their count
+  std::string_view pageless;  // in the place of a page's number and their count
   std::string_view noPages;
   std::string_view waiting;  // for the first page of a report that is being written
   std::string_view fileChanged;
@@ -49,12 +50,13 @@ struct PreviewTexts {
   std::string_view stateNotRead;
   std::string_view zoomHeld;  // before the zoom that is shown
   std::string_view companionMissing;
+  std::string_view leavesFullWindow;
 };
 
 // In the language that SelectInterfaceTexts chose last.
 const PreviewTexts& previewTexts();
 
-// Such as "Page 3 of 12" and "   Page 3".
+// Such as "Page 3 of 12", or "No pages"; and "   Page 3".
 std::string pageOfText(int page, int total);
 std::string pageListText(int page);
 

@@ -28,6 +28,8 @@ struct ViewState {
   bool CheckPdf = false;
   bool CheckScale = false;
 
+  bool operator==(const ViewState&) const = default;
+
   // Several pages at once: a wide view shows one whatever is chosen.
   bool showsSeveral() const { return MultipageView && PreviewType == kNormalView; }
 };

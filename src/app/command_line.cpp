@@ -28,6 +28,10 @@ bool holdsAny(std::string_view parameters, Spellings spellings) {
   });
 }
 
+bool asksForPrint(std::string_view parameters) {
+  return holdsAny(parameters, {" -g", " -G", "-g ", "-G "});
+}
+
 // An option with a value: what announces it, and the key that is cut out.
 struct ValueOption {
   Spellings announcements;
@@ -117,6 +121,10 @@ std::string parameterString(int argc, const char* const* argv) {
   return parameters;
 }
 
+bool asksForWindow(std::string_view parameters) {
+  return !asksForPrint(parameters) && !holdsAny(parameters, {"-export", "-EXPORT"});
+}
+
 bool GetOptionValue(std::string& value, std::string& parameters, std::string_view key) {
   const auto place = parameters.find(key);
   if (place == std::string::npos) return false;
@@ -147,7 +155,7 @@ RunMode ParseCommandLine(std::string parameters) {
     showInformation(HelpText());
     return kRunStop;
   }
-  if (holdsAny(parameters, {" -g", " -G", "-g ", "-G "})) mode = kRunPrint;
+  if (asksForPrint(parameters)) mode = kRunPrint;
   if (!takeReport(parameters)) return kRunStop;
   takeSettings(parameters);
   if (auto value = takeValue(parameters, {{{" -p", "-p "}, "-p"}, {{" -P", "-P "}, "-P"}})) {

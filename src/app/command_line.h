@@ -14,6 +14,9 @@ enum RunMode { kRunStop = -1, kRunPrint = 0, kRunPreview = 1, kRunExport = 2 };
 // a blank in double quotes.
 std::string parameterString(int argc, const char* const* argv);
 
+// Whether the parameters ask for neither printing nor exporting without a window.
+bool asksForWindow(std::string_view parameters);
+
 // Fills AppOptions from a parameter string that is not empty. Tells the user about missing files
 // and shows the help; kRunStop when that ends the run.
 RunMode ParseCommandLine(std::string parameters);

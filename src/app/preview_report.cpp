@@ -1,7 +1,11 @@
 // The way of the preview: everything around its window.
 #include "app/preview_report.h"
 
+#include <string>
+#include <vector>
+
 #include "app/side_files.h"
+#include "app/start_messages.h"
 #include "base/app_options.h"
 #include "base/errors.h"
 #include "document/vdoc.h"
@@ -12,6 +16,8 @@
 
 namespace qor {
 namespace {
+
+using Texts = std::vector<std::string>;
 
 // The set of the default file, or that of the file that was named.
 void loadSettings(VDoc& doc) {
@@ -39,10 +45,9 @@ void scanReport(VDoc& doc) {
 
 }  // namespace
 
-void PreviewReport() {
+void PreviewReport(StartMessages* messages) {
   // Ends at once: not even the default set is made.
   if (AppOptions.FileName.empty()) throw kErrorOpenDocument;
-  const UsedReport report;
   InitPrinters();
   VDoc doc;
   loadFirstSettings(doc);
@@ -54,8 +59,8 @@ void PreviewReport() {
     return;
   }
   // What the head of the report says of paper and font gives way to the set.
-  runPreview(doc, loadSettings);
-  report.cleanUp(ListedFiles::erase, {});
+  const bool seen = runPreview(doc, loadSettings, messages == nullptr ? Texts() : messages->take());
+  if (seen) UsedReport().cleanUp(ListedFiles::erase, {});
 }
 
 }  // namespace qor

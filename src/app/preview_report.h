@@ -3,9 +3,12 @@
 
 namespace qor {
 
+class StartMessages;
+
 // Reads settings and report, opens the window, and returns when it is closed. Under
-// DeleteAfterPrint the report and its side files are then gone. Throws as the document does; a
-// window that can't be opened is told in one line on standard error.
-void PreviewReport();
+// DeleteAfterPrint a report that was seen is then gone with its side files. Throws as the document
+// does; a window that can't be opened is told in one line on standard error. What the start has
+// told, if anybody keeps it, is shown in a box first.
+void PreviewReport(StartMessages* messages);
 
 }  // namespace qor

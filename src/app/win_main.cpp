@@ -4,6 +4,7 @@
 #include "app/batch.h"
 #include "app/command_line.h"
 #include "app/preview_report.h"
+#include "app/start_messages.h"
 #include "base/app_options.h"
 #include "base/errors.h"
 #include "base/interface_texts.h"
@@ -54,29 +55,35 @@ bool answersSwitch(const std::string& parameters) {
   return true;
 }
 
-int run(const std::string& parameters) {
+int run(const std::string& parameters, StartMessages* messages) {
   if (answersSwitch(parameters)) return kExitDone;
   const RunMode mode = parameters.empty() ? kRunPreview : ParseCommandLine(parameters);
   switch (mode) {
     case kRunStop: return kExitNothingDone;
     case kRunPrint: return printReport();
     case kRunExport: ExportWithoutInterface(); return kExitDone;
-    default: PreviewReport(); return kExitDone;
+    default: PreviewReport(messages); return kExitDone;
   }
 }
 
-}  // namespace
-
-int WinMain(const std::string& parameters) {
+int runGuarded(const std::string& parameters, StartMessages* messages) {
   try {
-    initialise();
-    return run(parameters);
+    return run(parameters, messages);
   } catch (int) {
     ShowErrorNumber();
   } catch (...) {
     showWarning(failureText());
   }
   return kExitDone;
+}
+
+}  // namespace
+
+int WinMain(const std::string& parameters) {
+  initialise();
+  if (!asksForWindow(parameters)) return runGuarded(parameters, nullptr);
+  StartMessages messages;
+  return messages.showAndEnd(runGuarded(parameters, &messages));
 }
 
 }  // namespace qor

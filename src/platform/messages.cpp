@@ -20,7 +20,7 @@ void show(MessageKind kind, std::string_view text) {
   if (windowSink) {
     windowSink(kind, text);
   } else if (kind == MessageKind::information) {
-    print(stdout, std::string(text) + "\n");
+    writeOutput(text);
   } else {
     writeErrorLine(text);
   }
@@ -40,6 +40,10 @@ void showError(std::string_view text) {
   show(MessageKind::error, text);
 }
 
+void writeOutput(std::string_view text) {
+  print(stdout, std::string(text) + "\n");
+}
+
 void writeErrorLine(std::string_view text) {
   std::string line(text);
   const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' '; };
@@ -47,12 +51,11 @@ void writeErrorLine(std::string_view text) {
   print(stderr, line + "\n");
 }
 
-MessageSink::MessageSink(Show show) {
-  windowSink = std::move(show);
+MessageSink::MessageSink(Show show) : before_(std::exchange(windowSink, std::move(show))) {
 }
 
 MessageSink::~MessageSink() {
-  windowSink = nullptr;
+  windowSink = std::move(before_);
 }
 
 }  // namespace qor

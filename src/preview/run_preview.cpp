@@ -1,6 +1,9 @@
 // The preview as the program runs it.
 #include "preview/run_preview.h"
 
+#include <QMessageBox>
+
+#include "base/interface_texts.h"
 #include "document/vdoc.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/qt_text.h"
@@ -18,11 +21,21 @@ VDocPage* firstPage(VDoc& doc) {
   return page;
 }
 
+void showWarnings(const std::vector<std::string>& warnings) {
+  for (const std::string& text : warnings)
+    QMessageBox(QMessageBox::Warning, qtText(interfaceTexts().ApplicationTitle), qtText(text),
+                QMessageBox::Ok)
+        .exec();
+}
+
 }  // namespace
 
-extern "C" __attribute__((visibility("default"))) void qorRunPreview(VDoc& doc,
-                                                                     void (*loadSettings)(VDoc&)) {
+extern "C" {
+
+__attribute__((visibility("default"))) bool qorRunPreview(
+    VDoc& doc, void (*loadSettings)(VDoc&), const std::vector<std::string>& warnings) {
   Desktop desktop;
+  showWarnings(warnings);
   QtUserSettings settings;
   TfrmView window(settings, {});
   loadSettings(doc);
@@ -33,6 +46,15 @@ extern "C" __attribute__((visibility("default"))) void qorRunPreview(VDoc& doc,
   window.show();
   desktop.run();
   window.SetDocument(nullptr, nullptr);
+  return window.hasShownReport();
 }
+
+__attribute__((visibility("default"))) void qorShowBoxes(const std::vector<std::string>& warnings,
+                                                         int exitCode) {
+  const Desktop desktop(exitCode);
+  showWarnings(warnings);
+}
+
+}  // extern "C"
 
 }  // namespace qor

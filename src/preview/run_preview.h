@@ -2,15 +2,25 @@
 // libraries take longer to start than most exports.
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace qor {
 
 class VDoc;
 
 inline constexpr const char* kPreviewModule = "qor_preview";
 inline constexpr const char* kRunPreviewSymbol = "qorRunPreview";
+inline constexpr const char* kShowBoxesSymbol = "qorShowBoxes";
 
-// Shows a scanned document and returns when the window is closed. `loadSettings` runs between the
-// making of the window and its showing; what it throws comes through.
-using RunPreview = void(VDoc& doc, void (*loadSettings)(VDoc&));
+// Shows a scanned document and returns when the window is closed. `warnings` are shown in boxes
+// first. `loadSettings` runs between the making of the window and its showing; what it throws comes
+// through. True if a page of the report, as its file now is, was on view.
+using RunPreview = bool(VDoc& doc, void (*loadSettings)(VDoc&),
+                        const std::vector<std::string>& warnings);
+
+// Shows warnings in boxes and returns when they are closed. Without a display the process ends with
+// the exit code, and without a word.
+using ShowBoxes = void(const std::vector<std::string>& warnings, int exitCode);
 
 }  // namespace qor

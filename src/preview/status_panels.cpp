@@ -1,8 +1,10 @@
 // Panels of the status bar.
 #include "preview/status_panels.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QStatusBar>
+#include <utility>
 
 namespace qor {
 namespace {
@@ -24,17 +26,56 @@ QLabel* panel(QStatusBar& bar, const char* name, int width, int stretch) {
 
 }  // namespace
 
+// Turns clicks on a label into calls.
+class ClickFilter : public QObject {
+ public:
+  using QObject::QObject;
+
+  std::function<void()> action;
+  bool enabled = false;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool clicked = event->type() == QEvent::MouseButtonRelease ||
+                         (event->type() == QEvent::KeyPress &&
+                          static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space);
+    if (!clicked || !enabled || !action) return QObject::eventFilter(watched, event);
+    action();
+    return true;
+  }
+};
+
 StatusPanels::StatusPanels(QStatusBar& bar)
     : message_(panel(bar, "stBarMessage", kMessageWidth, 1)),
+      clicks_(new ClickFilter(message_)),
       pages_(panel(bar, "stBarPages", kPagesWidth, 0)),
       dates_(panel(bar, "stBarDates", kDatesWidth, 0)) {
   // A long message must not widen the window.
   message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  message_->installEventFilter(clicks_);
 }
 
 void StatusPanels::setMessage(const QString& text) {
   message_->setText(text);
   message_->setToolTip(text);
+  setClickable(false);
+}
+
+QString StatusPanels::message() const {
+  return message_->text();
+}
+
+void StatusPanels::setClickable(bool clickable) {
+  clicks_->enabled = clickable;
+  message_->setCursor(clickable ? Qt::PointingHandCursor : Qt::ArrowCursor);
+  message_->setFocusPolicy(clickable ? Qt::TabFocus : Qt::NoFocus);
+  QFont font = message_->font();
+  font.setUnderline(clickable);
+  message_->setFont(font);
+}
+
+void StatusPanels::onClick(std::function<void()> action) {
+  clicks_->action = std::move(action);
 }
 
 void StatusPanels::setPages(const QString& text) {

@@ -16,6 +16,7 @@
 #include "platform/owner_notice.h"
 #include "platform/qt/qt_text.h"
 #include "platform/user_settings.h"
+#include "preview/gap_reader.h"
 #include "preview/model/file_dates.h"
 #include "preview/model/owner_number.h"
 #include "preview/model/preview_texts.h"
@@ -54,7 +55,8 @@ TfrmView::TfrmView(UserSettings& settings, ViewCommands commands)
       pageList_(new PageListModel(this)),
       status_(*ui_->stBar),
       hint_(new PassingHint(ui_->pScroll)),
-      TimerDynamicBlinc_(new QTimer(this)) {
+      TimerDynamicBlinc_(new QTimer(this)),
+      gap_(new GapReader(this)) {
   setWindowIcon(TQorImageForm::ImageMenuList(ImageIndex::program, IconPlace::button));
   const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight) + kFrame;
   resize(kSize.boundedTo(screen()->availableSize() - QSize(kFrame, title)));
@@ -83,6 +85,7 @@ void TfrmView::SetDocument(VDoc* doc, VDocPage* page) {
   page_ = page;
   firstPageShown_ = false;
   if (page == nullptr) page_control_->usePage(nullptr);
+  gap_->stop();
 }
 
 void TfrmView::showEvent(QShowEvent* event) {

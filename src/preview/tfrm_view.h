@@ -25,6 +25,7 @@ class TfrmView;
 
 namespace qor {
 
+class GapReader;
 class PageListModel;
 class PassingHint;
 class UserSettings;
@@ -51,6 +52,9 @@ class TfrmView : public QMainWindow {
   // Re-reads the page and shows it, or says why not.
   void ShowPage();
 
+  // True once a page was on view of the report as its file now is.
+  bool hasShownReport() const;
+
   // One tick of the timer that follows a growing report.
   void TimerDynamicBlincTimer();
 
@@ -76,6 +80,8 @@ class TfrmView : public QMainWindow {
   void cmdView_ConvertClick();
   void cmdView_MailClick();
   void chooseLanguage(int codePage);
+  void mnuCodePageClick(int codePage);
+  void stBarMessageClick();
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -116,6 +122,8 @@ class TfrmView : public QMainWindow {
   void describeView();
   void showFileState();
   QString reasonForNoPages();
+  void lookCloser();
+  void tellNotes();
   void fillPageList();
   void selectInPageList();
   void lblPageCurrentClick();
@@ -158,6 +166,7 @@ class TfrmView : public QMainWindow {
   void updateMenu();
   void applyCaptions();
   void nameControls();
+  void fillCodePageMenu();
   void printChosenPages();
   void followGrowth();
 
@@ -174,6 +183,7 @@ class TfrmView : public QMainWindow {
   PassingHint* hint_;
   std::unique_ptr<ViewMenu> menu_;
   QTimer* TimerDynamicBlinc_;
+  GapReader* gap_;
   QMessageBox* errorBox_ = nullptr;
   QString lastError_;  // since the page was asked for
   QString shownError_;
@@ -190,6 +200,8 @@ class TfrmView : public QMainWindow {
   bool firstPageShown_ = false;
   bool endAfterMove_ = false;  // the next move shows the end of its page
   bool totalBlinks_ = false;
+  bool seen_ = false;       // a page was on view
+  bool overflows_ = false;  // the status bar tells of text outside the sheet
 };
 
 }  // namespace qor

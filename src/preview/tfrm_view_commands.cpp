@@ -6,6 +6,7 @@
 #include "base/app_options.h"
 #include "document/vdoc.h"
 #include "preview/failure_text.h"
+#include "preview/gap_reader.h"
 #include "preview/page_scroll.h"
 #include "preview/tfrm_view.h"
 #include "preview/vpage.h"
@@ -33,6 +34,7 @@ void TfrmView::cmdSettings_Click() {
   openPrinter(scales ? ComputePrintScale(question, settings.Page, settings.Prn) : kNaturalZoom,
               scales);
   releasePage();
+  gap_->stop();
   const QString failure = failureOf([&] {
     doc_->ScanPages(false);
     if (prints) printChosenPages();
@@ -72,15 +74,16 @@ void TfrmView::TimerDynamicBlincTimer() {
   totalBlinks_ = !totalBlinks_;
   const QString failure = failureOf([this] {
     if (doc_ == nullptr || !doc_->FileChanged()) return;
+    stamp_ = fileStamp(AppOptions.FileName);
     if (doc_->ScanPages(true)) {
       TimerDynamicBlinc_->stop();
       totalBlinks_ = false;
-      stamp_ = fileStamp(AppOptions.FileName);
     }
     followGrowth();
   });
   if (!failure.isNull()) {
     forgetPage();
+    gap_->stop();
     doc_->Clear();
     followGrowth();
     showMessage(MessageKind::error, failure);

@@ -8,6 +8,7 @@
 #include <QWindow>
 
 #include "document/vdoc.h"
+#include "preview/gap_reader.h"
 #include "preview/page_scroll.h"
 #include "preview/size_line.h"
 #include "preview/tfrm_view.h"
@@ -57,6 +58,8 @@ void TfrmView::connectPages() {
       Qt::QueuedConnection);
   connect(page_control_, &VPage::drawingFailed, this,
           [this](const QString& reason) { status_.setMessage(reason); });
+  connect(gap_, &GapReader::startsChanged, this, &TfrmView::ShowPage);
+  status_.onClick([this] { stBarMessageClick(); });
   connect(ui_->pScroll, &PageScroll::resized, this, &TfrmView::FormResize);
   connect(ui_->pScroll, &PageScroll::wheelZoomed, this, &TfrmView::zoomFromView);
   connect(ui_->pScroll, &PageScroll::wheelBeyondEnd, this, &TfrmView::turnPage);

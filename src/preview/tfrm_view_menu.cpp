@@ -116,6 +116,8 @@ void groupEntries(QObject* owner, std::initializer_list<QAction*> entries) {
 
 void addLanguageMenu(ViewMenu& menu, QObject* owner) {
   menu.mnuPopup.addSeparator();
+  menu.mnuCodePage = menu.mnuPopup.addMenu(QString());
+  menu.mnuCodePage->setObjectName("mnuCodePage");
   menu.mnuLanguage = menu.mnuPopup.addMenu(QString());
   menu.mnuLanguage->setIcon(TQorImageForm::ImageMenuList(ImageIndex::language, IconPlace::menu));
   auto* group = new QActionGroup(owner);
@@ -153,6 +155,8 @@ void TfrmView::createMenu() {
   menu.mnuRowLine->setVisible(false);
   connect(menu.mnuZoom, &QMenu::triggered, this,
           [this](QAction* entry) { mnuZoomListClick(entry->data().toInt()); });
+  connect(menu.mnuCodePage, &QMenu::triggered, this,
+          [this](QAction* entry) { mnuCodePageClick(entry->data().toInt()); });
   connect(menu.mnuLanguage, &QMenu::triggered, this,
           [this](QAction* entry) { chooseLanguage(entry->data().toInt()); });
 }
@@ -222,6 +226,7 @@ void TfrmView::showPopup(const QPoint& place) {
 // The entries as the window stands.
 void TfrmView::updateMenu() {
   const ViewMenu& menu = *menu_;
+  fillCodePageMenu();
   menu.mnuSinglePage->setChecked(!state_.MultipageView);
   menu.mnuMultiPage->setChecked(state_.MultipageView);
   menu.mnuNormalView->setChecked(state_.PreviewType == kNormalView);
@@ -245,6 +250,7 @@ void TfrmView::applyCaptions() {
   }
   menu_->mnuZoom->setTitle(qtText(texts.zoom));
   menu_->mnuLanguage->setTitle(qtText(texts.language));
+  menu_->mnuCodePage->setTitle(qtText(texts.codePage));
   const std::string_view languages[] = {names.RussianName, names.EnglishName, names.TurkishName};
   for (std::size_t i = 0; i < menu_->languages.size(); ++i) {
     menu_->languages[i]->setText(qtText(languages[i]));
@@ -278,6 +284,8 @@ void TfrmView::chooseLanguage(int codePage) {
   SelectInterfaceTexts(codePage);
   AppOptions.DocCodePage = documentCodePage;
   applyCaptions();
+  // ESC E brings back the character set of the interface.
+  if (doc_ != nullptr) doc_->ForgetFonts();
   ShowPage();
 }
 

@@ -134,6 +134,8 @@ void TfrmView::ShowPage() {
     TakePrintMetrics(doc_->Settings.Prn);
     showLoadedPage();
     showFileState();
+    seen_ = true;
+    lookCloser();
   }
   showZoom();
   describeView();

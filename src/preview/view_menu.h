@@ -15,6 +15,7 @@ struct ViewMenu {
   QMenu mnuPopup;
   QMenu* mnuZoom = nullptr;
   QMenu* mnuLanguage = nullptr;
+  QMenu* mnuCodePage = nullptr;
   QAction* mnuFirst = nullptr;
   QAction* mnuPrev = nullptr;
   QAction* mnuNext = nullptr;

@@ -23,9 +23,11 @@ char* arguments[] = {programName, nullptr};
 // The first thing that Qt said while it started: the reason where it then gives up.
 std::string startWarning;
 bool started = false;
+std::optional<int> silentExitCode;
 
 void handleMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
   if (type == QtFatalMsg) {
+    if (!started && silentExitCode) std::_Exit(*silentExitCode);
     const std::string reason = startWarning.empty() ? text.toStdString() : startWarning;
     writeErrorLine(AppOptions.FileName + ": no window can be opened: " + reason);
     std::_Exit(EXIT_SUCCESS);
@@ -59,7 +61,8 @@ class Application : public QApplication {
 
 }  // namespace
 
-Desktop::Desktop() {
+Desktop::Desktop(std::optional<int> exitCodeWithout) {
+  silentExitCode = exitCodeWithout;
   qInstallMessageHandler(handleMessage);
   application_ = std::make_unique<Application>(argumentCount, arguments);
   // Qt has told the C library the user's locale; numbers in files are not to depend on it.

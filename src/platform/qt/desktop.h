@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 class QApplication;
 
@@ -11,9 +12,10 @@ class EndSignals;
 
 class Desktop {
  public:
-  // Connects to it. Where there is none the process ends with one line on standard error and exit
-  // code 0: Qt knows no other way back.
-  Desktop();
+  // Connects to it. Where there is none the process ends, Qt knows no other way back: with one line
+  // on standard error and exit code 0, or, for whoever has told all there is to tell, with that
+  // exit code and no line.
+  explicit Desktop(std::optional<int> exitCodeWithout = {});
   ~Desktop();
   Desktop(const Desktop&) = delete;
   Desktop& operator=(const Desktop&) = delete;

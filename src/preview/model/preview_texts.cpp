@@ -1,7 +1,10 @@
 // Texts of the preview window in three languages.
 #include "preview/model/preview_texts.h"
 
+#include <algorithm>
+
 #include "base/interface_texts.h"
+#include "base/text.h"
 
 namespace qor {
 namespace {
@@ -48,6 +51,20 @@ constexpr PreviewTexts kEnglish = {
     .zoomHeld = "The page is too large for this zoom and stands at ",
     .companionMissing = " can't be started.",
     .leavesFullWindow = "F11 shows the toolbar again",
+    .codePage = "Code page",
+    .outsideStart = "",
+    .line = "% line",
+    .lines = "% lines",
+    .andAlso = " and ",
+    .column = "% column",
+    .columns = "% columns",
+    .outsideOne = " is outside the sheet: wide view",
+    .outsideMany = " are outside the sheet: wide view",
+    .lettersLeftOut = "Code page % leaves out letters: choose another one in the menu, as 28591",
+    .codePageOfSet = "The settings have chosen code page %, and not the command line's",
+    .textIsUtf8 = "The report is text in UTF-8 and shows wrong letters: convert it to a code page",
+    .lineFeedsEndLines = "Lines end with LF alone: they are shown as lines",
+    .lineFeedsRunTogether = "Lines end with LF alone and run together: end them with CR LF",
 };
 
 constexpr PreviewTexts kRussian = {
@@ -92,6 +109,20 @@ constexpr PreviewTexts kRussian = {
     .zoomHeld = "Страница слишком велика для этого масштаба, показано: ",
     .companionMissing = " не запускается.",
     .leavesFullWindow = "F11 вернёт панель инструментов",
+    .codePage = "Кодовая страница",
+    .outsideStart = "За пределами листа ",
+    .line = "строк: %",
+    .lines = "строк: %",
+    .andAlso = ", ",
+    .column = "столбцов: %",
+    .columns = "столбцов: %",
+    .outsideOne = " (широкий вид)",
+    .outsideMany = " (широкий вид)",
+    .lettersLeftOut = "Кодовая страница % пропускает буквы: выберите в меню другую, например 28591",
+    .codePageOfSet = "Настройки выбрали кодовую страницу %, а не страницу командной строки",
+    .textIsUtf8 = "Отчёт записан в UTF-8, буквы показаны неверно: перекодируйте его",
+    .lineFeedsEndLines = "Строки оканчиваются одним LF: они показаны как строки",
+    .lineFeedsRunTogether = "Строки оканчиваются одним LF и слились: оканчивайте их CR LF",
 };
 
 constexpr PreviewTexts kTurkish = {
@@ -136,6 +167,21 @@ constexpr PreviewTexts kTurkish = {
     .zoomHeld = "Sayfa bu ölçek için çok büyük, gösterilen ölçek: ",
     .companionMissing = " başlatılamıyor.",
     .leavesFullWindow = "F11 araç çubuğunu yeniden gösterir",
+    .codePage = "Kod sayfası",
+    .outsideStart = "",
+    .line = "% satır",
+    .lines = "% satır",
+    .andAlso = " ve ",
+    .column = "% sütun",
+    .columns = "% sütun",
+    .outsideOne = " kağıdın dışında: geniş görünüm",
+    .outsideMany = " kağıdın dışında: geniş görünüm",
+    .lettersLeftOut =
+        "% kod sayfası bazı harfleri göstermez: menüden 28591 gibi başka birini seçin",
+    .codePageOfSet = "Ayarlar komut satırındakini değil, % kod sayfasını seçti",
+    .textIsUtf8 = "Rapor UTF-8 metni, harfleri yanlış görünür: bir kod sayfasına dönüştürün",
+    .lineFeedsEndLines = "Satırlar yalnız LF ile bitiyor: satır olarak gösteriliyor",
+    .lineFeedsRunTogether = "Satırlar yalnız LF ile bitiyor ve birleşti: CR LF ile bitirin",
 };
 
 }  // namespace
@@ -146,6 +192,13 @@ const PreviewTexts& previewTexts() {
     case 1254: return kTurkish;
     default: return kEnglish;
   }
+}
+
+std::string withNumber(std::string_view text, std::int64_t number) {
+  const std::string_view start = upTo(text, '%');
+  std::string result(start);
+  result += std::to_string(number);
+  return result.append(text.substr(std::min(text.size(), start.size() + 1)));
 }
 
 std::string pageOfText(int page, int total) {

@@ -1,6 +1,7 @@
 // The texts of the preview window, in the language of the interface.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -51,10 +52,28 @@ struct PreviewTexts {
   std::string_view zoomHeld;  // before the zoom that is shown
   std::string_view companionMissing;
   std::string_view leavesFullWindow;
+  std::string_view codePage;
+  // Notes on a page. A "%" stands for a number.
+  std::string_view outsideStart;
+  std::string_view line;
+  std::string_view lines;
+  std::string_view andAlso;
+  std::string_view column;
+  std::string_view columns;
+  std::string_view outsideOne;
+  std::string_view outsideMany;
+  std::string_view lettersLeftOut;  // by the code page of this number
+  std::string_view codePageOfSet;   // and not that of the command line
+  std::string_view textIsUtf8;
+  std::string_view lineFeedsEndLines;
+  std::string_view lineFeedsRunTogether;
 };
 
 // In the language that SelectInterfaceTexts chose last.
 const PreviewTexts& previewTexts();
+
+// The text with the number in the place of its "%".
+std::string withNumber(std::string_view text, std::int64_t number);
 
 // Such as "Page 3 of 12", or "No pages"; and "   Page 3".
 std::string pageOfText(int page, int total);

@@ -1,0 +1,77 @@
+// What the window finds out about pages once they are shown.
+#include <QActionGroup>
+#include <QTimer>
+
+#include "base/app_options.h"
+#include "document/vdoc.h"
+#include "platform/qt/qt_text.h"
+#include "preview/failure_text.h"
+#include "preview/gap_reader.h"
+#include "preview/model/page_notes.h"
+#include "preview/model/preview_texts.h"
+#include "preview/tfrm_view.h"
+#include "preview/view_menu.h"
+#include "preview/vpage.h"
+
+namespace qor {
+
+// Told after the page is on view, which must not wait for it.
+void TfrmView::lookCloser() {
+  const int last = state_.showsSeveral() ? first_on_view_ + pages_on_view_ - 1 : currentPage();
+  gap_->watch(*doc_, firstShown(), std::min(last, doc_->PageCount));
+  QTimer::singleShot(0, this, &TfrmView::tellNotes);
+}
+
+void TfrmView::tellNotes() {
+  if (page_ == nullptr || !page_->Loaded || !status_.message().isEmpty()) return;
+  QString text;
+  overflows_ = false;
+  failureOf([&] {
+    PageNotes notes = notesOf(*page_);
+    // A wide view shows all, and small pages are not to be read.
+    if (state_.PreviewType == kWideView || state_.showsSeveral()) notes.overflow = {};
+    overflows_ = notes.hasOverflow();
+    text = qtText(textOf(notes));
+    const QString whole = qtText(reportNote(*doc_));
+    if (!whole.isEmpty()) text += text.isEmpty() ? whole : "   " + whole;
+  });
+  status_.setMessage(text);
+  status_.setClickable(overflows_);
+}
+
+// A click on what tells of text outside the sheet shows that text.
+void TfrmView::stBarMessageClick() {
+  if (overflows_) cmdView_SetPreviewTypeClick(kWideView);
+}
+
+// For this view, at once; no set is changed.
+void TfrmView::mnuCodePageClick(int codePage) {
+  if (doc_ == nullptr) return;
+  doc_->Settings.Page.BaseCodePage = codePage;
+  doc_->ForgetFonts();
+  firstPageShown_ = true;
+  ShowPage();
+}
+
+// The code page at hand is ticked; one that is not offered stands first.
+void TfrmView::fillCodePageMenu() {
+  QMenu& menu = *menu_->mnuCodePage;
+  menu.clear();
+  if (doc_ == nullptr) return;
+  const int current = doc_->Settings.Page.BaseCodePage;
+  std::vector<int> codePages = offeredCodePages();
+  if (std::find(codePages.begin(), codePages.end(), current) == codePages.end())
+    codePages.insert(codePages.begin(), current);
+  for (const int codePage : codePages) {
+    QAction* entry = menu.addAction(qtText(codePageName(codePage)));
+    entry->setData(codePage);
+    entry->setCheckable(true);
+    entry->setChecked(codePage == current);
+  }
+}
+
+bool TfrmView::hasShownReport() const {
+  return seen_ && stamp_ && fileStamp(AppOptions.FileName) == stamp_;
+}
+
+}  // namespace qor

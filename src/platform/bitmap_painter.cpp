@@ -15,6 +15,9 @@ constexpr double kLargestMask = 256 * 64;
 // table stay whole where a row of it is bold.
 constexpr double kBoxStroke = 0.1;
 
+// Whoever shows the dots may take their highest byte for alpha.
+constexpr std::uint32_t kOpaque = 0xFF000000;
+
 int roundedDot(double dot) {
   return static_cast<int>(std::lround(dot));
 }
@@ -30,7 +33,7 @@ void blend(std::uint32_t& pixel, std::uint32_t ink, std::uint32_t coverage) {
   if (coverage == 255) {
     pixel = ink;
   } else if (coverage != 0) {
-    pixel = mixed(pixel, ink, coverage, 16) | mixed(pixel, ink, coverage, 8) |
+    pixel = kOpaque | mixed(pixel, ink, coverage, 16) | mixed(pixel, ink, coverage, 8) |
             mixed(pixel, ink, coverage, 0);
   }
 }

@@ -25,6 +25,7 @@ std::string reportOfPages(int pages) {
 
 Window::Window(const Start& start) {
   prepare(start);
+  doc_.Settings.Page.BaseCodePage = AppOptions.DocCodePage;
   InitPrinters();
   doc_.SelectPrinter();
   if (start.dynamic) {

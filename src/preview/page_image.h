@@ -23,6 +23,9 @@ class PageImage : public QWidget {
   // Draws all of it now, where it would wait to be seen.
   void draw();
 
+  // Why the view can't be drawn; null while nothing is wrong with it.
+  const QString& failure() const { return failure_; }
+
   // Paints the ground only, while the drawing waits for its turn.
   void setWaiting(bool waiting) { waiting_ = waiting; }
 

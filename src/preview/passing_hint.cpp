@@ -8,10 +8,9 @@
 namespace qor {
 namespace {
 
-constexpr int kTime = 2000;        // ms
-constexpr int kDistance = 16;      // from the bottom of the area, pixels
-constexpr int kMarginAcross = 14;  // around the text, pixels
-constexpr int kMarginDown = 6;
+constexpr int kTime = 2000;    // ms
+constexpr int kDistance = 16;  // from the bottom of the area, pixels
+constexpr int kMargin = 8;     // around the text, pixels
 
 }  // namespace
 
@@ -22,7 +21,7 @@ PassingHint::PassingHint(QWidget* area) : QLabel(area), passing_(new QTimer(this
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::ToolTipBase);
   setForegroundRole(QPalette::ToolTipText);
-  setContentsMargins(kMarginAcross, kMarginDown, kMarginAcross, kMarginDown);
+  setMargin(kMargin);
   setAttribute(Qt::WA_TransparentForMouseEvents);
   hide();
   passing_->setSingleShot(true);

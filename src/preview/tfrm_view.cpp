@@ -3,7 +3,6 @@
 
 #include <QCloseEvent>
 #include <QListView>
-#include <QMessageBox>
 #include <QScreen>
 #include <QStyle>
 #include <QTimer>
@@ -93,11 +92,6 @@ void TfrmView::showEvent(QShowEvent* event) {
   if (std::exchange(shown_, true)) return;
   // The window sees each key before the control that has the focus.
   windowHandle()->installEventFilter(this);
-  // Once this event is done, the window is there and boxes stand over it.
-  QTimer::singleShot(0, this, [this] {
-    onScreen_ = true;
-    if (!shownError_.isEmpty()) showErrorBox();
-  });
   FormShow();
 }
 
@@ -145,30 +139,18 @@ void TfrmView::FormClose() {
 void TfrmView::FormResize() {
   pages_on_view_ = 1;
   ShowPage();
+  centreErrorBox();
+}
+
+// The window manager places a window while it is shown, and boxes stay over it.
+void TfrmView::moveEvent(QMoveEvent* event) {
+  QMainWindow::moveEvent(event);
+  centreErrorBox();
 }
 
 void TfrmView::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() == QEvent::PaletteChange) ShowPage();
-}
-
-void TfrmView::showMessage(MessageKind kind, const QString& text) {
-  status_.setMessage(text);
-  if (kind != MessageKind::error) return;
-  lastError_ = text;
-  if (std::exchange(shownError_, text) != text && onScreen_) showErrorBox();
-}
-
-void TfrmView::showErrorBox() {
-  if (errorBox_ == nullptr) {
-    errorBox_ = new QMessageBox(this);
-    errorBox_->setIcon(QMessageBox::Information);
-    errorBox_->setModal(false);
-    errorBox_->setTextFormat(Qt::PlainText);
-  }
-  errorBox_->setWindowTitle(qtText(interfaceTexts().ApplicationTitle));
-  errorBox_->setText(shownError_);
-  errorBox_->show();
 }
 
 }  // namespace qor

@@ -45,8 +45,8 @@ class TfrmView : public QMainWindow {
   // The document on show, and its page that is loaded; both null to let go of them.
   void SetDocument(VDoc* doc, VDocPage* page);
 
-  // Messages of the document code while the window is open: errors in a box and in the status bar,
-  // all others in the status bar.
+  // Messages of the document code while the window is open, for the status bar. An error has a box,
+  // too, but where the page area tells it already.
   void showMessage(MessageKind kind, const QString& text);
 
   // Re-reads the page and shows it, or says why not.
@@ -86,6 +86,7 @@ class TfrmView : public QMainWindow {
  protected:
   void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
   void changeEvent(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -98,7 +99,12 @@ class TfrmView : public QMainWindow {
   void FormClose();
   void FormResize();
   void showDates();
+
+  // Messages.
+  void windowIsOnScreen();
+  void showErrorBoxSoon();
   void showErrorBox();
+  void centreErrorBox();
 
   // Pages.
   int currentPage() const;
@@ -187,6 +193,8 @@ class TfrmView : public QMainWindow {
   QMessageBox* errorBox_ = nullptr;
   QString lastError_;  // since the page was asked for
   QString shownError_;
+  QString boxedError_;              // that waits for its box
+  QPoint boxPlace_;                 // of the box, as it was put over the window
   std::optional<FileStamp> stamp_;  // of the file as it was opened
   std::int32_t fit_ = 0;  // kWholeWidth or kWholePage, which no entry of the list stands for
   std::int32_t zoom_on_view_ = 0;  // percent, 0 where no page is shown

@@ -84,6 +84,7 @@ bool TfrmView::eventFilter(QObject* watched, QEvent* event) {
     return true;
   }
   if (watched == ui_->txtPageCurrentEdit && leavesForGood(event)) txtPageCurrentEditExit();
+  if (watched == windowHandle() && event->type() == QEvent::Expose) windowIsOnScreen();
   // Keys for an open menu or list come by here, too.
   const bool isOurs = watched == windowHandle() && QApplication::activePopupWidget() == nullptr;
   if (isOurs && event->type() == QEvent::KeyPress) {

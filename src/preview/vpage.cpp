@@ -43,10 +43,18 @@ VPage::VPage(QWidget* parent)
       message_(new QLabel(this)) {
   setFrameShape(QFrame::NoFrame);
   setCursor(Qt::OpenHandCursor);
+  message_->setObjectName("message");
   message_->setAlignment(Qt::AlignCenter);
   message_->setTextFormat(Qt::PlainText);
   message_->setWordWrap(true);
   message_->hide();
+  // Painting goes on when a failure is reported: the text comes after it.
+  connect(
+      single_, &PageImage::drawingFailed, this,
+      [this](const QString& reason) {
+        if (single_->failure() == reason) ShowMessage(reason);
+      },
+      Qt::QueuedConnection);
   connect(single_, &PageImage::drawingFailed, this, &VPage::drawingFailed);
   connect(small_, &SmallPages::drawingFailed, this, &VPage::drawingFailed);
   connect(small_, &SmallPages::clicked, this, &VPage::pageClicked);
@@ -141,6 +149,10 @@ void VPage::ShowMessage(const QString& text) {
       rect().adjusted(kMessageMargin, kMessageMargin, -kMessageMargin, -kMessageMargin));
   message_->show();
   emit placed({0, 0}, size());
+}
+
+QString VPage::message() const {
+  return showsPages_ ? QString() : message_->text();
 }
 
 void VPage::showSingle(VDocPage* page, const PageView& view) {

@@ -49,6 +49,9 @@ class VPage : public QFrame {
   // A text in the middle of the area, in the place of pages.
   void ShowMessage(const QString& text);
 
+  // That text, empty where pages are shown.
+  QString message() const;
+
   // The page that is on view as it is read again, or null before it is released. What is painted
   // stays.
   void usePage(VDocPage* page) { page_ = page; }

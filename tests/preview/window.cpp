@@ -39,6 +39,7 @@ Window::Window(const Start& start) {
       [this](MessageKind kind, std::string_view text) { form_->showMessage(kind, qtText(text)); });
   form_->SetDocument(&doc_, doc_.findPage(1));
   form_->resize(start.size);
+  if (start.beforeShown) start.beforeShown(*form_);
   form_->show();
   EXPECT_TRUE(QTest::qWaitForWindowExposed(form_.get()));
 }

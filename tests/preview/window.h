@@ -29,6 +29,7 @@ class Window {
     ViewCommands commands{};
     bool dynamic = false;
     QSize size{1000, 800};
+    std::function<void(TfrmView&)> beforeShown{};
   };
 
   // A stored zoom.

@@ -150,7 +150,8 @@ void TfrmView::moveEvent(QMoveEvent* event) {
 
 void TfrmView::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) ShowPage();
+  // The controls in the window learn of their colours after it.
+  if (event->type() == QEvent::PaletteChange) QTimer::singleShot(0, this, &TfrmView::ShowPage);
 }
 
 }  // namespace qor

@@ -159,6 +159,10 @@ TEST(PreviewSmallPages, bearNumbersAndAMarkThatAreSeen) {
       }
       EXPECT_GT(contrast, 100) << number;
     }
+    const QRect second = sheetOf(pages.at(2));
+    EXPECT_LT(qGray(picture.pixel(second.right() + 1, second.center().y())),
+              qGray(picture.pixel(second.right() + 8, second.center().y())))
+        << "the shadow is darker than its ground";
     const QRect sheet = sheetOf(pages.at(1));
     const QRgb frame = picture.pixel(sheet.left() - 1, sheet.center().y());
     EXPECT_GT(distance(frame, picture.pixel(sheet.left() - 5, sheet.center().y())), 60) << dark;

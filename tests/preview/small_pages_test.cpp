@@ -1,5 +1,4 @@
 // Several pages at once. At 25 percent a page with its gaps takes 202 by 284 pixels.
-#include <QPainter>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
@@ -52,32 +51,21 @@ TEST(PreviewSmallPages, fillTheAreaAndMoveByIt) {
   EXPECT_EQ(window.page(), 20 - count + 2);
 }
 
-// The first row of a sheet that has dark dots, on the picture of the window; -1 where none has.
-int firstInk(const QImage& picture, const QRect& sheet) {
-  for (int y = 6; y < 200; ++y) {
-    for (int x = 6; x < 100; ++x) {
-      if (qGray(picture.pixel(sheet.left() + x, sheet.top() + y)) < 200) return y;
-    }
-  }
-  return -1;
-}
-
 TEST(PreviewSmallPages, showWhatStandsOnThem) {
-  std::string report;
-  for (const int lines : {5, 10, 20}) {
-    for (int i = 0; i < lines; ++i) report += " \r\n";
-    report += "__________ Text\r\n\f";
-  }
-  Window window({report, {{"ZoomID", 9}, {"MultipageView", 1}, {"ShowUnprintable", 0}}});
+  Window window({reportWithTextAt({5, 10, 20}), kSeveral});
   QTest::qWait(50);
   const QImage picture = window.picture("pScroll");
   const auto pages = pagesOf(window);
   ASSERT_EQ(pages.size(), 3U);
-  const int first = firstInk(picture, sheetOf(pages.at(1)));
+  // Inside of the outline and of the mark.
+  const auto ink = [&](int page) {
+    return firstInk(picture, sheetOf(pages.at(page)).adjusted(6, 6, -6, -6));
+  };
+  const int first = ink(1);
   EXPECT_GT(first, 0);
   // A line of 10 points takes 15 pixels at 100 percent.
-  EXPECT_NEAR(firstInk(picture, sheetOf(pages.at(2))) - first, 5 * 15 / 4, 2);
-  EXPECT_NEAR(firstInk(picture, sheetOf(pages.at(3))) - first, 15 * 15 / 4, 2);
+  EXPECT_NEAR(ink(2) - first, 5 * 15 / 4, 2);
+  EXPECT_NEAR(ink(3) - first, 15 * 15 / 4, 2);
 }
 
 TEST(PreviewSmallPages, areMarkedByAClickAndStay) {

@@ -15,12 +15,55 @@
 namespace qor::test {
 namespace {
 
+// Each page has its text in a line of its own, 15 pixels high at 100 percent.
+TEST(PreviewViews, showsThePageThatItNames) {
+  struct Row {
+    const char* what;
+    std::map<std::string, int> stored;
+    std::function<void(Window&)> go;
+  };
+  const auto typed = [](Window& window) {
+    window.click("lblPageCurrent");
+    window.press(Qt::Key_3);
+    window.press(Qt::Key_Return);
+  };
+  const auto chosen = [](Window& window) {
+    auto& list = window.control<QListView>("lstPages");
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                      list.visualRect(list.model()->index(2, 0)).center());
+    QCoreApplication::processEvents();
+  };
+  const auto small = [](Window& window) {
+    for (PageImage* image : window.view().findChildren<PageImage*>()) {
+      if (image->property("tag").toInt() == 3) QTest::mouseDClick(image, Qt::LeftButton);
+    }
+    QCoreApplication::processEvents();
+    window.form().mnuZoomListClick(kNaturalZoomEntry);
+  };
+  const auto keys = [](Window& window) {
+    window.press(Qt::Key_PageDown);
+    EXPECT_NEAR(window.firstInk(), 13 * 15, 15);
+    window.press(Qt::Key_PageDown);
+  };
+  const std::vector<Row> rows = {{"typed", {{"ZoomID", 6}}, typed},
+                                 {"list", {{"ZoomID", 6}, {"ListView", 1}}, chosen},
+                                 {"small page", {{"ZoomID", 9}, {"MultipageView", 1}}, small},
+                                 {"keys", {{"ZoomID", 6}}, keys}};
+  for (const Row& row : rows) {
+    Window window({reportWithTextAt({3, 13, 30, 40}), row.stored});
+    row.go(window);
+    EXPECT_EQ(window.page(), 3) << row.what;
+    EXPECT_NEAR(window.firstInk(), 30 * 15, 15) << row.what;
+  }
+}
+
 TEST(PreviewViews, wideViewHoldsTheWholeLine) {
   Window window({std::string(200, 'w') + "\r\n", Window::zoomed(kNaturalZoomEntry)});
   window.click("cmdView_WideView");
   EXPECT_NEAR(window.view().width(), 200 * 8, 4) << "of 10 points, a twelfth of an inch each";
   EXPECT_EQ(window.view().height(), 1122);
   EXPECT_EQ(window.view().pos(), QPoint(0, 0));
+  EXPECT_NE(firstInk(window.picture("page_control"), {1560, 0, 30, 30}), -1) << "the last letters";
   window.click("cmdView_NormalView");
   EXPECT_EQ(window.view().width(), 813);
 }

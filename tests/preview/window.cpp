@@ -4,6 +4,7 @@
 #include <QSettings>
 #include <QWheelEvent>
 #include <QWindow>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -21,6 +22,28 @@ std::string reportOfPages(int pages) {
   for (int number = 1; number <= pages; ++number)
     report += "This is page " + std::to_string(number) + ".\r\n\f";
   return report;
+}
+
+std::string reportWithTextAt(std::initializer_list<int> lines) {
+  std::string report;
+  for (const int empty : lines) {
+    for (int i = 0; i < empty; ++i) report += " \r\n";
+    report += "______________________________ Text\r\n\f";
+  }
+  return report;
+}
+
+int firstInk(const QImage& picture, const QRect& part) {
+  const QRect inside = part.intersected(picture.rect());
+  const auto isBlack = [](QRgb dot) {
+    return std::max({qRed(dot), qGreen(dot), qBlue(dot)}) < 180;
+  };
+  for (int y = inside.top(); y <= inside.bottom(); ++y) {
+    for (int x = inside.left(); x <= inside.right(); ++x) {
+      if (isBlack(picture.pixel(x, y))) return y - part.top();
+    }
+  }
+  return -1;
 }
 
 Window::Window(const Start& start) {
@@ -102,6 +125,14 @@ void Window::wheel(int delta, Qt::KeyboardModifiers modifiers, QPoint place) {
 
 std::string Window::status(const char* panel) {
   return control<QLabel>(panel).text().toStdString();
+}
+
+int Window::firstInk() {
+  const VSetScr& sheet = doc_.Settings.Scr;
+  const QRect printable(QPoint(sheet.print_left, sheet.print_top),
+                        QPoint(sheet.print_right, sheet.print_bottom));
+  // Without the outline of the sheet, where it is printed upon.
+  return test::firstInk(picture("page_control"), printable.adjusted(1, 1, -2, -2));
 }
 
 int Window::scrolled() {

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QTest>
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <string>
 
@@ -19,6 +20,12 @@ namespace qor::test {
 
 // A report of that many pages; each says its number.
 std::string reportOfPages(int pages);
+
+// A report whose pages have text in one line each, behind so many empty ones.
+std::string reportWithTextAt(std::initializer_list<int> lines);
+
+// The first row of a part of a picture that has black dots, -1 where none has.
+int firstInk(const QImage& picture, const QRect& part);
 
 class Window {
  public:
@@ -63,6 +70,9 @@ class Window {
 
   // What stands on the screen of a control.
   QImage picture(const char* name) { return control(name).grab().toImage(); }
+
+  // The first row of the printable area, as it is seen, that has text; -1 where none has.
+  int firstInk();
 
   // Closes the window and gives the settings that it left.
   std::map<std::string, std::string> close();

@@ -154,7 +154,7 @@ TEST(PreviewWindow, followsAReportThatAnotherProgramWrites) {
     window.form().TimerDynamicBlincTimer();
     EXPECT_EQ(window.total(), row.total) << row.appended;
     EXPECT_EQ(window.page(), row.total > 0 ? 1 : 0) << "the page on view stays";
-    EXPECT_EQ(window.view().width() == 813, row.total > 0) << "the first page appears by itself";
+    EXPECT_EQ(window.firstInk() >= 0, row.total > 0) << "the first page appears by itself";
   }
   window.press(Qt::Key_End, Qt::ControlModifier);
   EXPECT_EQ(window.page(), 4);

@@ -73,7 +73,7 @@ TEST(PageBitmap, AFailedDrawingLeavesNothing) {
 
 // The dots along the top of a page 200 pixels wide, of which the printer reaches all but 10.
 TEST(PageView, DrawsSheetMarginsAndPage) {
-  TestReport report("<shape tp=4 left=0 top=0 right=10 bottom=10 brush_color=255/>");
+  TestReport report("<shape sh_type=2 left=0 top=0 right=10 bottom=10 bt=1 bc=Red/>");
   PageView view;
   view.screen.dpi_x = view.screen.dpi_y = 96;
   view.screen.view_width = 220;
@@ -92,6 +92,9 @@ TEST(PageView, DrawsSheetMarginsAndPage) {
   EXPECT_EQ(dot(0, 50), 0x000000U) << "edge of the sheet";
   EXPECT_EQ(dot(5, 50), 0xF0F0F0U) << "beyond the printer's reach";
   EXPECT_EQ(dot(100, 60), 0xFFFFFFU);
+  EXPECT_EQ(dot(30, 30), 0xFF0000U)
+      << "what stands on the page: 38 pixels from its printable corner";
+  EXPECT_EQ(dot(60, 30), 0xFFFFFFU);
   EXPECT_EQ(dot(189, 60) & 0xFFU, 0xFFU) << "margins, dotted in blue";
   EXPECT_EQ(dot(203, 3), 0x112233U) << "the shadow starts lower";
   EXPECT_EQ(dot(215, 115), 0x112233U);

@@ -95,6 +95,10 @@ void TfrmView::showZoom() {
     if (ui_->cmbZoom->itemText(entry) != text) ui_->cmbZoom->setItemText(entry, text);
   }
   ui_->cmbZoom->setPlaceholderText(percent);
+  // It stands for what is on view, and not for something that is missing.
+  QPalette colors = ui_->pTools->palette();
+  colors.setColor(QPalette::PlaceholderText, colors.color(QPalette::ButtonText));
+  ui_->cmbZoom->setPalette(colors);
 }
 
 void TfrmView::ShowPageScale() {

@@ -46,11 +46,11 @@ class XServer {
     return window;
   }
 
-  // Waits for a large window to be shown.
-  xcb_window_t waitForWindow() {
+  // Waits for a window of that width to be shown: the program's own, or a box.
+  xcb_window_t waitForWindow(int width = 800) {
     for (int i = 0; i < 3000; ++i) {
       for (const xcb_window_t window : windows()) {
-        if (isLargeAndShown(window)) return window;
+        if (isShown(window, width)) return window;
       }
       QThread::msleep(10);
     }
@@ -85,13 +85,13 @@ class XServer {
     return found;
   }
 
-  bool isLargeAndShown(xcb_window_t window) {
+  bool isShown(xcb_window_t window, int width) {
     auto* state = xcb_get_window_attributes_reply(
         connection_, xcb_get_window_attributes(connection_, window), nullptr);
     auto* place =
         xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window), nullptr);
     const bool shown = state != nullptr && place != nullptr &&
-                       state->map_state == XCB_MAP_STATE_VIEWABLE && place->width >= 800;
+                       state->map_state == XCB_MAP_STATE_VIEWABLE && place->width >= width;
     std::free(state);
     std::free(place);
     return shown;
@@ -180,6 +180,42 @@ TEST(PreviewProgram, closesInTheOrdinaryWayWhenASignalAsksForIt) {
     EXPECT_EQ(outcome.signal, 0) << signal;
     EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
     EXPECT_TRUE(place.has("config/QOR/QorUtlView.ini")) << signal;
+  }
+}
+
+// A clerk sees no standard error. Behind the box the run ends as it does without a display.
+TEST(PreviewProgram, showsInABoxWhyItDoesNotStart) {
+  struct Row {
+    std::vector<std::string> arguments;
+    const char* told;
+    int exitCode;
+  };
+  XServer server;
+  for (const Row& row :
+       {Row{{"-f", "none.txt"}, "none.txt", 255}, Row{{"-f", "directory"}, "directory", 255},
+        Row{{"-f", "r.txt", "-i", "s.vset#S"}, "NumOfCopies: \"many\"", 0}}) {
+    SCOPED_TRACE(row.told);
+    const TemporaryDirectory place;
+    place.write("r.txt", "A\r\n");
+    place.write("directory/inside", "");
+    place.write(
+        "s.vset",
+        "<Set SetName=\"S\">\r\n<Print>\r\n<NumOfCopies = \"many\"/>\r\n<Print/>\r\n<Set/>\r\n");
+    for (const bool display : {true, false}) {
+      auto environment = environmentOn(display ? server.display() : ":-1");
+      Process program(viewer(row.arguments), {place.path(), environment});
+      if (display) {
+        const xcb_window_t box = server.waitForWindow(100);
+        ASSERT_NE(box, XCB_NONE);
+        EXPECT_TRUE(program.isRunning());
+        server.askToClose(box);
+      }
+      const Outcome outcome = program.wait();
+      EXPECT_EQ(outcome.exitCode, row.exitCode);
+      EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1)
+          << outcome.errors;
+      EXPECT_NE(outcome.errors.find(row.told), std::string::npos) << outcome.errors;
+    }
   }
 }
 

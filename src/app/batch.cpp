@@ -14,8 +14,9 @@
 namespace qor {
 namespace {
 
-// The whole of a print but for the clean-up behind it.
-void printReport() {
+// The whole of a print but for the clean-up behind it. False where nobody got anything of the
+// report: not where there is no printer, or it refuses the job.
+bool printReport() {
   if (!VDoc::OpenFile()) throw kErrorOpenDocument;
   InitPrinters();
   // Nobody looks again at what a writer adds later: what is there is printed, to its last byte.
@@ -23,12 +24,13 @@ void printReport() {
   VDoc doc;
   doc.ScanPages(false);
   doc.Settings.LoadSet();
-  if (doc.SelectPrinter()) {
-    doc.PrintAll();
-  } else {
+  if (!doc.SelectPrinter()) {
     writeErrorLine(AppOptions.PrinterName +
                    ": there is no such printer, or the print system doesn't answer");
+    return true;
   }
+  if (doc.PageCount == 0) writeErrorLine(AppOptions.FileName + ": the report has no pages");
+  return doc.PrintAll();
 }
 
 }  // namespace
@@ -37,9 +39,7 @@ int PrintWithoutInterface() {
   if (AppOptions.FileName.empty()) return 0;
   const UsedReport report;
   try {
-    printReport();
-    // Also where there is no printer, or it refuses the job.
-    report.cleanUp(ListedFiles::keep, {});
+    if (printReport()) report.cleanUp(ListedFiles::keep, {});
     return 1;
   } catch (int) {
     // The user has been told where the error arose.

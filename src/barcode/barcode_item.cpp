@@ -5,6 +5,7 @@
 #include "barcode/barcode_picture.h"
 #include "barcode/symbol_drawing.h"
 #include "barcode/vbarcodecalc.h"
+#include "base/errors.h"
 #include "base/text.h"
 #include "base/units.h"
 #include "document/vdata.h"
@@ -110,7 +111,11 @@ void VData_BarCode::Draw(Canvas& canvas) {
   if (trimmed(Value).empty()) return;
   const int dpi = canvas.dotsPerInch().x;
   drawSymbol(*this, canvas, {Left, Top, Right, Bottom}, kTwipsPerInch / std::max(1, dpi));
-  writeBarcodePictures(*this, dpi);
+  try {
+    writeBarcodePictures(*this, dpi);
+  } catch (const PictureError&) {
+    // What is drawn needs no picture; an export that does tells of it.
+  }
 }
 
 }  // namespace qor

@@ -72,25 +72,28 @@ void writePictures(const VData_BarCode& code, int dpi, std::string_view stem) {
                   [&](Canvas& canvas) { drawSymbol(code, canvas, place.item, dot); });
 }
 
-// Why an export has no picture of the barcode, or nothing.
-std::string reasonForNone(const VData_BarCode& code) {
-  const std::string start =
-      "barcode \"" + utf8FromCodePage(code.Value, code.Settings->Page.BaseCodePage) + "\": ";
+// Why an export has no picture of the barcode, or nothing; `dot` is what a dot of it is in twips.
+std::string reasonForNone(const VData_BarCode& code, std::int32_t dot) {
+  const std::string start = toldName(code);
   if (code.BarcodeType == kInvalid) return start + "not a value of its type";
   if (code.BarcodeType <= 0 || code.BarcodeType == kCodabar) return start + "its type is not drawn";
   const auto shown = symbolExtent(code, {code.Left, code.Top, code.Right, code.Bottom});
   if (!shown) return start + "no symbol can be made of it";
-  if (shown->width() == 0 || shown->height() == 0) return start + "its bars cover nothing";
-  return {};
+  const Rect frame = frameOf(code).frame;
+  const auto smallest = std::min({frame.width(), frame.height()});
+  const bool nothing = shown->width() == 0 || shown->height() == 0 || smallest < dot;
+  return nothing ? start + "its bars cover nothing" : "";
 }
 
 void exportPicture(const VData_BarCode& code, std::string_view stem, std::int32_t page) {
   std::string reason;
   try {
     writePictures(code, kPictureDpi, stem);
-    reason = reasonForNone(code);
+    reason = reasonForNone(code, kTwipsPerInch / kPictureDpi);
   } catch (const ConversionError& error) {
     reason = error.what();
+  } catch (const PictureError& error) {
+    reason = toldName(code) + error.what();
   }
   if (!reason.empty()) showWarning(placeInReport(page) + reason);
 }

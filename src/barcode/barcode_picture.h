@@ -29,7 +29,7 @@ std::string barcodePictureName(const VData_BarCode& code, std::string_view endin
 
 // Writes the symbol in both endings, ".jpeg" and ".jpg", with the dots of a device of this
 // resolution, as large as the item's box or, where that has no size, as what the bars cover. A
-// picture that can't be made or written is left out. Throws as drawSymbol.
+// picture that can't be written is left out. Throws as drawSymbol, and PictureError.
 void writeBarcodePictures(const VData_BarCode& code, int dpi);
 
 // The pictures of all barcodes of a page, at 96 dots per inch, for exporters that link to them

@@ -27,12 +27,19 @@ void paintRow(const QrMatrix& matrix, int row, Canvas& canvas, const Rect& rect)
   }
 }
 
+QrMatrix matrixOf(const VData_BarCode& code) {
+  return encodeQr(codePointsFromCodePage(code.Value, code.Settings->Page.BaseCodePage), kQuietZone);
+}
+
 }  // namespace
+
+bool hasQr(const VData_BarCode& code) {
+  return matrixOf(code).size > 2 * kQuietZone;
+}
 
 void drawQr(const VData_BarCode& code, Canvas& canvas, const Rect& rect) {
   if (code.Value.empty() || rect.width() == 0 || rect.height() == 0) return;
-  const QrMatrix matrix =
-      encodeQr(codePointsFromCodePage(code.Value, code.Settings->Page.BaseCodePage), kQuietZone);
+  const QrMatrix matrix = matrixOf(code);
   const Pen pen = canvas.pen();
   const Brush brush = canvas.brush();
   canvas.setPen({PenStyle::none, 0, kBlack});

@@ -21,10 +21,6 @@ namespace {
 constexpr double kInchesPerMillimetre = 0.0393700787;
 constexpr std::int64_t kCode128Indent = 11;  // modules
 
-std::string utf8OfValue(const VData_BarCode& code) {
-  return utf8FromCodePage(code.Value, code.Settings->Page.BaseCodePage);
-}
-
 bool encodeValue(const VData_BarCode& code, VBarCodeCalc& calc) {
   switch (code.BarcodeType) {
     case kEan8: return !calc.EAN8(code.Value).empty();
@@ -41,12 +37,14 @@ bool encodeValue(const VData_BarCode& code, VBarCodeCalc& calc) {
 
 // True if there is a symbol to draw.
 bool encode(const VData_BarCode& code, VBarCodeCalc& calc) {
-  const VData_BarCode* source = hasEncoder(code.BarcodeType) ? &code : code.symbolSource();
+  const bool own = hasEncoder(code.BarcodeType);
+  const VData_BarCode* source = own ? &code : code.symbolSource();
   if (source == nullptr) return false;
   try {
     return encodeValue(*source, calc);
   } catch (const ConversionError& error) {
-    throw ConversionError("barcode \"" + utf8OfValue(code) + "\": " + error.what());
+    if (!own) return false;
+    throw ConversionError(toldName(code) + error.what());
   }
 }
 
@@ -185,6 +183,13 @@ bool isDrawn(const VData_BarCode& code) {
 
 }  // namespace
 
+std::string toldName(const VData_BarCode& code) {
+  constexpr std::size_t kMostTold = 80;  // characters
+  const std::string value = utf8FromCodePage(code.Value, code.Settings->Page.BaseCodePage);
+  const std::string_view start = firstCharacters(value, kMostTold);
+  return "barcode \"" + std::string(start) + (start.size() < value.size() ? "..." : "") + "\": ";
+}
+
 void drawSymbol(const VData_BarCode& code, Canvas& canvas, const Rect& rect, std::int32_t dot) {
   if (code.BarcodeType == kQr) return drawQr(code, canvas, rect);
   if (!isDrawn(code)) return;
@@ -203,7 +208,7 @@ void drawSymbol(const VData_BarCode& code, Canvas& canvas, const Rect& rect, std
 }
 
 std::optional<Rect> symbolExtent(const VData_BarCode& code, const Rect& rect) {
-  if (code.BarcodeType == kQr) return ordered(rect);
+  if (code.BarcodeType == kQr) return hasQr(code) ? std::optional(ordered(rect)) : std::nullopt;
   const auto symbol = isDrawn(code) ? placeSymbol(code, rect) : std::nullopt;
   if (!symbol) return std::nullopt;
   return symbol->layout.extent(symbol->modules);

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 
 #include "platform/canvas.h"
 
@@ -31,6 +32,9 @@ constexpr bool hasEncoder(int type) {
   return (type >= kEan8 && type <= kCode128) || type == kItf || type == kCode93;
 }
 
+// How messages start that are about a barcode: with its value, of which they show the start.
+std::string toldName(const VData_BarCode& code);
+
 // Draws the symbol in the rectangle, as often as one likes alike; `dot` is the width of a device
 // dot in twips. Types without an encoder show the symbol of the item's source. Throws
 // ConversionError, which tells the value, for a UPC-E that can't be compressed.
@@ -43,5 +47,8 @@ std::optional<Rect> symbolExtent(const VData_BarCode& code, const Rect& rect);
 
 // Draws the value as a QR code stretched to the rectangle; mirrored where that runs backward.
 void drawQr(const VData_BarCode& code, Canvas& canvas, const Rect& rect);
+
+// False where the value is more than a QR code holds: it is then drawn as an empty field.
+bool hasQr(const VData_BarCode& code);
 
 }  // namespace qor

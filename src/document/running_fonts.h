@@ -14,15 +14,11 @@ class RunningFonts {
   // Forgets all pages; the first one starts with this font.
   void restart(const FontState& first);
 
-  bool startsWith(const FontState& first) const {
-    return !changes_.empty() && changes_.front().font == first;
-  }
-
   // The font at the start of a page, or, where the pages before it have not all been read, of the
   // nearest page before it that is known.
   const FontState& at(std::int32_t page) const;
 
-  // Pages from the first on whose start is known.
+  // Pages from the first on whose start is known; 0 before the first restart.
   std::int32_t known() const { return known_; }
 
   // Takes down the font at the end of a page that was read.

@@ -36,8 +36,6 @@ void saveSidePicture(const Rect& rect, int dpi, const std::vector<std::string>& 
     for (const std::string& name : names) {
       savePicture(bitmap.pixels(), PictureFormat::jpeg, dpi, name);
     }
-  } catch (const PictureError& error) {
-    showWarning(names.front() + ": " + error.what());
   } catch (const FileError& error) {
     warnOnce(error.what());
   }

@@ -11,9 +11,9 @@ class Canvas;
 struct Rect;
 
 // Draws a bitmap of the rectangle's size, with the dots of a device of this resolution, and writes
-// it as JPEG under each name. Logical (0, 0) is the bitmap's corner. A picture that can't be made
-// or written costs nothing but itself: the first file that the directory refuses is told in one
-// line, and so is each picture that can't be made.
+// it as JPEG under each name. Logical (0, 0) is the bitmap's corner. Without a dot there is none.
+// The first file that the directory refuses is told in one line. Throws PictureError for a picture
+// that can't be made.
 void saveSidePicture(const Rect& rect, int dpi, const std::vector<std::string>& names,
                      const std::function<void(Canvas&)>& draw);
 

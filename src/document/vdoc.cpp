@@ -64,12 +64,10 @@ int VDoc::ReadHeader(const InputFile& file) {
   if (header.front() != kEscape) return 0;
   std::size_t consumed = 0;
   VSetPage page = Settings.Page;
-  FontState font = Settings.Font;
+  FontState font;
   RunControlSequences(header, consumed, &page, font);
-  if (!std::exchange(headApplied_, true)) {
-    Settings.Page = page;
-    Settings.Font = font;
-  }
+  if (!std::exchange(headApplied_, true)) Settings.Page = page;
+  head_ = header.substr(0, consumed);
   HeaderLength = static_cast<std::uint32_t>(consumed);
   return 1;
 }
@@ -97,7 +95,13 @@ VDocPage* VDoc::GetPage(std::int32_t number, int mode) {
 }
 
 const FontState& VDoc::FontAt(std::int32_t number) {
-  if (!fonts_.startsWith(Settings.Font)) fonts_.restart(Settings.Font);
+  if (fonts_.known() == 0 || baseFont_ != Settings.Font) {
+    baseFont_ = Settings.Font;
+    FontState first = baseFont_;
+    std::size_t cursor = 0;
+    RunControlSequences(head_, cursor, nullptr, first);
+    fonts_.restart(first);
+  }
   return fonts_.at(number);
 }
 
@@ -155,6 +159,7 @@ void VDoc::Clear() {
   PageCount = 0;
   KnownSize = 0;
   HeaderLength = 0;
+  head_.clear();
   lineEnds_.reset();
   ForgetFonts();
 }

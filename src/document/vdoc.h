@@ -23,9 +23,10 @@ class VDoc {
   // user, sets LastError and gives nothing.
   static std::optional<InputFile> OpenFile();
 
-  // Runs the control sequences at the head of the file, which set the defaults of the document
-  // once: what the settings say later goes before them. Returns 1 if there were any, else 0. Throws
-  // kErrorReadDocument.
+  // Runs the control sequences at the head of the file. Those for the page set its options once:
+  // what a set says later goes before them. Those for the font belong to the report: the first page
+  // starts with the font of the settings and these, whenever the settings change. Returns 1 if
+  // there were any, else 0. Throws kErrorReadDocument.
   int ReadHeader(const InputFile& file);
 
   // Indexes only the first page, to show something while the report is being written.
@@ -75,13 +76,15 @@ class VDoc {
   bool SelectPrinter();
 
   // Print jobs on that printer: every page, one, those of the page list, and every page with the
-  // output in a file. A job that isn't taken ends silently but for a line on standard error. All
-  // but PrintPage throw kErrorOpenDocument where the report can't be opened, and the text "Error:
-  // not set file name for print" as a std::string; PrintSelected throws as SelectPages does.
-  void PrintAll();
-  void PrintPage(std::int32_t number);
-  void PrintSelected();
-  void PrintToFile(const std::string& path);
+  // output in a file. A job that isn't taken ends silently but for a line on standard error. False
+  // where nothing came of it although nobody refused it: there was no page to print, or the file of
+  // the job couldn't be written. All but PrintPage throw kErrorOpenDocument where the report can't
+  // be opened, and the text "Error: not set file name for print" as a std::string; PrintSelected
+  // throws as SelectPages does.
+  bool PrintAll();
+  bool PrintPage(std::int32_t number);
+  bool PrintSelected();
+  bool PrintToFile(const std::string& path);
 
   VDocPage* findPage(std::int32_t number);
   VDocPage* LastPage() { return Pages.empty() ? nullptr : &Pages.back(); }
@@ -100,12 +103,14 @@ class VDoc {
 
   void readPage(VDocPage& page, const InputFile& file, int mode);
   void readUpTo(std::int32_t number, const InputFile& file);
-  void printPages(const std::string& output, bool selectedOnly);
+  bool printPages(const std::string& output, bool selectedOnly);
   VDocPage& appendPage(std::uint64_t offset, std::uint64_t length);
   void dropControlPage(const InputFile& file);
   void findLineEnds(const InputFile& file);
   LineEnds lineEndsOf(const InputFile& file) const;
 
+  std::string head_;    // control sequences at the start of the file
+  FontState baseFont_;  // of the settings that fonts_ started with
   RunningFonts fonts_;
   std::optional<LineEnds> lineEnds_;
   bool headApplied_ = false;

@@ -23,14 +23,46 @@ std::string_view nameOf(PdfField field) {
   return kNames[static_cast<std::size_t>(field)];
 }
 
+// What stands for the brackets of a report. Its texts hold no control bytes but in the values of
+// tags, where they show as blanks.
+constexpr char kOpening = 1;
+constexpr char kClosing = 2;
+
+char written(char c) {
+  switch (c) {
+    case '[': return kOpening;
+    case ']': return kClosing;
+    case kOpening:
+    case kClosing: return ' ';
+    default: return c;
+  }
+}
+
+char readAgain(char c) {
+  return c == kOpening ? '[' : c == kClosing ? ']' : c;
+}
+
 // A record being written.
 class MarkupWriter {
  public:
-  void text(std::string_view value) { record_.append(value); }
+  // Of the report, whatever it holds.
+  void text(std::string_view value) {
+    const std::size_t start = record_.size();
+    record_.append(value);
+    std::transform(record_.begin() + static_cast<std::ptrdiff_t>(start), record_.end(),
+                   record_.begin() + static_cast<std::ptrdiff_t>(start), written);
+  }
+
+  void textField(PdfField field, std::string_view value) {
+    open(field);
+    text(value);
+    close(field);
+  }
 
   void field(PdfField field, std::string_view value) {
-    const std::string_view name = nameOf(field);
-    record_.append("[").append(name).append(":").append(value).append(":").append(name) += ']';
+    open(field);
+    record_.append(value);
+    close(field);
   }
 
   template <class Number>
@@ -47,11 +79,14 @@ class MarkupWriter {
   std::string take() { return std::move(record_); }
 
  private:
+  void open(PdfField field) { record_.append("[").append(nameOf(field)) += ':'; }
+  void close(PdfField field) { record_.append(":").append(nameOf(field)) += ']'; }
+
   std::string record_;
 };
 
 void writeFont(const FontState& font, MarkupWriter& out) {
-  out.field(PdfField::fn, font.LogFont.faceName());
+  out.textField(PdfField::fn, font.LogFont.faceName());
   out.number(PdfField::fs, font.Height);
   out.number(PdfField::fc, static_cast<std::uint32_t>(font.Color));
   if (font.LogFont.Weight >= kBoldFrom) out.field(PdfField::fb, "1");
@@ -68,7 +103,7 @@ std::string recordOf(const VData_Text& text, bool overprint) {
   out.number(PdfField::tl, text.Left);
   out.number(PdfField::tt, text.Top);
   out.number(PdfField::tr, text.Font.LogFont.Escapement);
-  out.field(PdfField::tc, text.Text);
+  out.textField(PdfField::tc, text.Text);
   if (text.Right == 0 || text.Bottom == 0) return out.take();
   out.number(PdfField::ta, text.Right);
   out.number(PdfField::tb, text.Bottom);
@@ -95,7 +130,7 @@ std::string recordOf(const VData_Shape& shape) {
 
 std::string recordOf(const VData_BarCode& code) {
   MarkupWriter out;
-  out.field(PdfField::bcv, code.Value);
+  out.textField(PdfField::bcv, code.Value);
   writeBox(code, out);
   return out.take();
 }
@@ -103,7 +138,7 @@ std::string recordOf(const VData_BarCode& code) {
 std::string recordOf(const VData_Image& image) {
   MarkupWriter out;
   out.number(PdfField::ist, image.ShapeType);
-  out.field(PdfField::ifn, image.FileName);
+  out.textField(PdfField::ifn, image.FileName);
   out.number(PdfField::il, image.Left);
   out.number(PdfField::it, image.Top);
   out.number(PdfField::ir, image.Right);
@@ -149,6 +184,14 @@ void LineToMarkup(const VDocStr& line, PdfLines& lines, std::size_t index) {
   const bool overprint = line.Overprint == 1 && line.LineFeeds == 0;
   for (const VData& item : line.items()) records.push_back(recordOf(item, overprint));
   if (records.size() > first) records[first].append(records.size() - first, '\n');
+}
+
+std::string_view withBrackets(std::string_view value, std::string& buffer) {
+  const auto isStandIn = [](char c) { return c == kOpening || c == kClosing; };
+  if (std::none_of(value.begin(), value.end(), isStandIn)) return value;
+  buffer.resize(value.size());
+  std::transform(value.begin(), value.end(), buffer.begin(), readAgain);
+  return buffer;
 }
 
 MarkupRecord::MarkupRecord(std::string_view record) : whole_(record) {

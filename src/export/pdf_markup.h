@@ -1,6 +1,7 @@
 // Lines as records of bracket markup, the language between the items of a report and the writer of
-// PDF pages. A record is a text followed by fields "[name:value:name]"; nothing is escaped, and
-// fields are found by searching for their marks.
+// PDF pages. A record is a text followed by fields "[name:value:name]", which are found by
+// searching for their marks. Brackets of the report itself are written as control bytes, so that
+// they are none.
 #pragma once
 
 #include <array>
@@ -56,6 +57,10 @@ enum class PdfField {
   iss,  // pictures
   count
 };
+
+// A text or value of the report as it was before it was written. Kept in the buffer where it had
+// brackets.
+std::string_view withBrackets(std::string_view value, std::string& buffer);
 
 // A record as it is read: the values of its fields, each where its marks are found first.
 class MarkupRecord {

@@ -128,7 +128,8 @@ std::size_t PdfWriter::fontOf(const MarkupRecord& record) {
   const bool italic = record[PdfField::fi] == "1";
   const auto known = fonts_.find(std::tuple(name, bold, italic));
   if (known != fonts_.end()) return known->second;
-  std::string face = faceFor(utf8FromCodePage(trimmed(name), codePage_));
+  std::string buffer;
+  std::string face = faceFor(utf8FromCodePage(trimmed(withBrackets(name, buffer)), codePage_));
   if (bold) face += ",Bold";
   if (italic) face += ",Italic";
   return fonts_[{std::string(name), bold, italic}] = document_.loadFont(face, encoding_);
@@ -158,8 +159,10 @@ std::string PdfWriter::fitOptionsOf(const MarkupRecord& record, double size) con
 }
 
 void PdfWriter::writeText(const MarkupRecord& record) {
-  const std::string_view placed = record[PdfField::tc];
-  const std::string_view text = trimmed(placed).empty() ? record.plainText() : placed;
+  std::string buffer;
+  const bool isPlaced = !trimmed(record[PdfField::tc]).empty();
+  const std::string_view text =
+      withBrackets(isPlaced ? record[PdfField::tc] : record.plainText(), buffer);
   const double angle = realOf(record[PdfField::tr]) / 10;
   if (!record[PdfField::fc].empty()) color_ = colorOf(record[PdfField::fc]);
   if (record.whole().find(kPageMark) != std::string_view::npos) newPage();
@@ -185,7 +188,8 @@ void PdfWriter::writeText(const MarkupRecord& record) {
   if (newLine && record.has(PdfField::tl)) document_.setLeading(0);
   if (angle > 0) document_.setTextPosition(0, 0);
   if (!options.empty()) {
-    document_.fitTextline(placed, points(left_), kPageHeight - points(top_), options);
+    document_.fitTextline(isPlaced ? text : record[PdfField::tc], points(left_),
+                          kPageHeight - points(top_), options);
   } else if (newLine) {
     document_.continueText(text);
   } else {
@@ -232,7 +236,8 @@ void PdfWriter::writeImage(const MarkupRecord& record) {
   const std::int32_t stretch =
       record[PdfField::iss].empty() ? kNone : integerOf(record[PdfField::iss]);
 
-  const auto file = readNamedFile(record[PdfField::ifn], codePage_);
+  std::string buffer;
+  const auto file = readNamedFile(withBrackets(record[PdfField::ifn], buffer), codePage_);
   const PdfImage* image = file ? document_.loadImage(*file) : nullptr;
   if (image != nullptr) {
     lastImage_ = {double(image->width), double(image->height)};
@@ -259,9 +264,10 @@ void PdfWriter::writeImage(const MarkupRecord& record) {
 
 void PdfWriter::writeBarcode(const MarkupRecord& record) {
   if (!record[PdfField::gc].empty()) document_.setStrokeColor(colorOf(record[PdfField::gc]));
+  std::string buffer;
   const std::string name =
-      barcodePictureName({stem_, record[PdfField::bcv], codePage_, integerOf(record[PdfField::gl]),
-                          integerOf(record[PdfField::gt])},
+      barcodePictureName({stem_, withBrackets(record[PdfField::bcv], buffer), codePage_,
+                          integerOf(record[PdfField::gl]), integerOf(record[PdfField::gt])},
                          ".jpeg");
   const auto file = readWholeFile(name, kMaxBarcodePicture);
   const PdfImage* image = file ? document_.loadImage(*file) : nullptr;

@@ -63,8 +63,10 @@ std::vector<std::string> filesStartingWith(const std::string& directory, std::st
        entry.increment(error)) {
     const std::string name = entry->path().filename().string();
     std::error_code ignored;
-    if (startsWith(entry->path(), name, prefix) &&
-        name.find('.', prefix.size()) != std::string::npos && entry->is_regular_file(ignored)) {
+    const auto kind = entry->symlink_status(ignored).type();
+    const bool isFile = kind == fs::file_type::regular || kind == fs::file_type::symlink;
+    if (isFile && startsWith(entry->path(), name, prefix) &&
+        name.find('.', prefix.size()) != std::string::npos) {
       found.push_back(directory + name);
     }
   }

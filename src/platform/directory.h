@@ -19,9 +19,9 @@ void enterDirectory(const std::string& directory);
 // Deletes a regular file; one that is not there is no failure.
 void deleteFile(const std::string& path);
 
-// Full names of the regular files in `directory` (empty: the current one) whose names start with
-// `prefix` and hold a point behind it. The case of letters counts, but where the file system itself
-// takes one for the other.
+// Full names of the regular files and links in `directory` (empty: the current one) whose names
+// start with `prefix` and hold a point behind it. The case of letters counts, but where the file
+// system itself takes one for the other.
 std::vector<std::string> filesStartingWith(const std::string& directory, std::string_view prefix);
 
 // True where both names lead to the same file.

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/app_options.h"
+#include "base/errors.h"
 #include "base/path.h"
 #include "base/units.h"
 #include "document/side_picture.h"
@@ -23,8 +24,13 @@ std::string pictureName(const VData_Shape& shape) {
 }  // namespace
 
 void saveShapePicture(VData_Shape& shape, int dpi) {
-  saveSidePicture({shape.Left, shape.Top, shape.Right, shape.Bottom}, dpi, {pictureName(shape)},
-                  [&shape](Canvas& canvas) { shape.Draw(canvas); });
+  const Rect rect = {shape.Left, shape.Top, shape.Right, shape.Bottom};
+  try {
+    saveSidePicture(rect, dpi, {pictureName(shape)},
+                    [&shape](Canvas& canvas) { shape.Draw(canvas); });
+  } catch (const PictureError&) {
+    // What is drawn needs no picture.
+  }
 }
 
 }  // namespace qor

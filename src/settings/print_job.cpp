@@ -45,6 +45,9 @@ class PrintRun {
 
   bool going() const { return context_ != nullptr; }
 
+  // The file that the job goes to couldn't be written.
+  bool lost() const { return lost_; }
+
   void print(VDocPage& page) {
     page.Settings->Scr = screenForPrint(page.Settings->Page, page.Settings->Prn, kPictureDpi);
     Canvas& canvas = context_->startPage();
@@ -71,6 +74,7 @@ class PrintRun {
     } catch (const PrintError& error) {
       fail(error);
     } catch (const FileError& error) {
+      lost_ = true;
       fail(error);
     }
   }
@@ -87,6 +91,7 @@ class PrintRun {
 
   std::unique_ptr<PrintContext> context_;
   Mapping mapping_;
+  bool lost_ = false;
 };
 
 // Lets go of a page's lines when it is printed, or fails to be.
@@ -111,47 +116,51 @@ bool VDoc::SelectPrinter() {
   return measured;
 }
 
-void VDoc::printPages(const std::string& output, bool selectedOnly) {
+bool VDoc::printPages(const std::string& output, bool selectedOnly) {
   PrintRun run(*this, interfaceTexts().DocumentJobName, output);
-  if (!run.going()) return;
+  if (!run.going()) return !run.lost();
   if (AppOptions.FileName.empty()) throw std::string("Error: not set file name for print");
   const auto file = OpenFile();
   if (!file) throw kErrorOpenDocument;
+  bool any = false;
   for (VDocPage& page : Pages) {
     if (selectedOnly && !page.Selected) continue;
+    any = true;
     const PrintedPage inUse(page);
     readUpTo(page.Number, *file);
     readPage(page, *file, 0);
     run.print(page);
-    if (!run.going()) return;
+    if (!run.going()) return !run.lost();
     if (!selectedOnly) run.unscaleMetrics();
   }
   run.end();
+  return any && !run.lost();
 }
 
-void VDoc::PrintAll() {
-  printPages({}, false);
+bool VDoc::PrintAll() {
+  return printPages({}, false);
 }
 
-void VDoc::PrintToFile(const std::string& path) {
-  printPages(path, false);
+bool VDoc::PrintToFile(const std::string& path) {
+  return printPages(path, false);
 }
 
-void VDoc::PrintSelected() {
+bool VDoc::PrintSelected() {
   SelectPages();
-  printPages({}, true);
+  return printPages({}, true);
 }
 
-void VDoc::PrintPage(std::int32_t number) {
+bool VDoc::PrintPage(std::int32_t number) {
   PrintRun run(*this, std::string(interfaceTexts().PageJobName) + std::to_string(number), {});
-  if (!run.going()) return;
+  if (!run.going()) return !run.lost();
   ReadUpTo(number);
   VDocPage* page = GetPage(number, 0);
-  if (page == nullptr) return;
+  if (page == nullptr) return false;
   const PrintedPage inUse(*page);
-  if (!page->Loaded) return;
+  if (!page->Loaded) return false;
   run.print(*page);
   run.end();
+  return !run.lost();
 }
 
 }  // namespace qor

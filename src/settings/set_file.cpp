@@ -30,7 +30,8 @@ std::string mark(std::string_view name, std::string_view end) {
 
 const std::string& lineAt(const VSet::Lines& lines, std::size_t place) {
   if (place < lines.size()) return lines[place];
-  throw ListIndexError(AppOptions.IniFileName + ": the set file ends inside a set");
+  throw ListIndexError(AppOptions.IniFileName + ": set \"" + AppOptions.SetName +
+                       "\": the file ends inside it");
 }
 
 void readKeyLine(VSet& set, const SetSection& section, const std::string& line) {

@@ -43,6 +43,8 @@ const std::vector<Row> kRows = {
     {"no pages for pictures", {"-export", "o.png"}, "", true},
     {"bad set, exported", {"-i", "s.vset#S", "-export", "o.txt"}, "A", true},
     {"bad set, printed", {"-i", "s.vset#S", "-g"}, "A", true},
+    {"no pages, printed", {"-g"}, "", true},
+    {"failed print", {"-g", "-p", "Microsoft Print to PDF"}, "A", true},
     {"unknown code page", {"-codepage", "99", "-export", "o.png"}, "A", true},
     {"unknown code page, printed", {"-codepage", "99", "-g"}, "A", true},
 };
@@ -54,6 +56,7 @@ TEST(CleanUp, LeavesWhatNobodyHasSeen) {
     place.write("r.txt", row.report);
     place.write("r_2.png", "side");
     place.write("s.vset", kBadSet);
+    if (row.what == std::string("failed print")) place.write("r(print).pdf/in the way", "");
     std::vector<std::string> arguments = {"-dd", "-f", "r.txt"};
     arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
     runViewer(arguments, {place.path(), {}, 0});
@@ -138,10 +141,14 @@ TEST(CleanUp, CountsTheCaseOfNamesAsTheFileSystemDoes) {
   CleanedReport report;
   report.place().write("MY.R_1.jpg", "x");
   report.place().write("my.r_1.JPG", "x");
+  fs::create_symlink("nowhere", report.place().path("my.r_dangling.l"));
+  fs::create_directory_symlink(".", report.place().path("my.r_way.l"));
   const bool countsCase = !report.place().has("My.R_1.jpg");
   UsedReport().cleanUp(ListedFiles::erase, {});
   EXPECT_EQ(report.place().has("MY.R_1.jpg"), countsCase);
   EXPECT_FALSE(report.place().has("my.r_1.JPG"));
+  for (const char* link : {"my.r_dangling.l", "my.r_way.l"})
+    EXPECT_FALSE(fs::is_symlink(report.place().path(link))) << link;
 }
 
 }  // namespace

@@ -61,14 +61,19 @@ TEST(Print, endsAsEachRunShould) {
        0,
        "../a b/",
        {set, "r.b.txt", side}},
-      {"no pages", {"-g"}, "", 0, nullptr, {set, "r.b.txt", side}},
+      {"no pages",
+       {"-g", "-dd"},
+       "",
+       0,
+       "r.b.txt: the report has no pages",
+       {set, "r.b.txt", side}},
       {"bad barcode",
        {"-g", "-dd"},
        "A\r\n<barcode value=12345678901 br_type=UPCE right=50 bottom=9/>\r\n",
        0,
        "r.b.txt: page 1: barcode \"12345678901\": ",
        {set, "r.b(print).pdf"}},
-      {"no room", {"-g"}, "A\r\n", 0, "r.b(print).pdf", {set, "r.b.txt", side}, 2048},
+      {"no room", {"-g", "-dd"}, "A\r\n", 0, "r.b(print).pdf", {set, "r.b.txt", side}, 2048},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.what);

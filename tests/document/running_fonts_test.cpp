@@ -105,12 +105,14 @@ TEST(RunningFonts, LeaveTheSettingsAlone) {
   VDoc& doc = report.doc();
   doc.ReadUpTo(2);
   doc.ScanPages(false);
-  EXPECT_EQ(doc.Settings.Font.WidthFactor, 2);
-  EXPECT_EQ(doc.Settings.Font.Height, 10);
+  EXPECT_EQ(doc.Settings.Font, FontState());
   EXPECT_EQ(doc.HeaderLength, 3U);
+  EXPECT_EQ(doc.FontAt(1).WidthFactor, 2);
+  // The head stands on whatever the settings say.
   doc.Settings.Font.WidthFactor = 0.5;
-  doc.ScanPages(false);
-  EXPECT_EQ(doc.Settings.Font.WidthFactor, 0.5);
+  doc.Settings.Font.Height = 12;
+  EXPECT_EQ(doc.FontAt(1).WidthFactor, 1);
+  EXPECT_EQ(doc.FontAt(1).Height, 12);
 }
 
 // The words of a page and where they stand, to a tenth of a millimetre.

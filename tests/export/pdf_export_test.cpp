@@ -106,9 +106,9 @@ TEST_F(PdfExport, putsEachKindOfRecordWhereTheArithmeticSays) {
        "<text left=10 top=20 fn=Z003 height=30 fb=1 tc=X/>\r\n",
        "[ 4 2]0 d\n28 786 57 -57 re\nS\n"
        "BT\n/F0 30 Tf\n2 Tr\n[]0 d\n28.3 755.35 Td\n(X)Tj\nET\n"},
-      {"marks in a text", "A[fn:B:fn]C\r\n", "BT\n/F0 10 Tf\n0 831 Td\n(A)Tj\nET\n"},
-      {"a size that is none", "A[fs:x\r\n", "BT\n/F0 9 Tf\n0 832 Td\n(A[fs:x)Tj\nET\n"},
-      {"marks of a shape in a text", "A[st:1:st][gr:200:gr]\r\n", "0 842 m\n10 842 l\nS\n"},
+      {"marks in a text", "A[fn:B:fn]C\r\n", "BT\n/F0 10 Tf\n0 831 Td\n(A[fn:B:fn]C)Tj\nET\n"},
+      {"marks of a shape in a text", "A[st:1:st][gr:200:gr]\r\n",
+       "BT\n/F0 10 Tf\n0 831 Td\n(A[st:1:st][gr:200:gr])Tj\nET\n"},
       {"pages", "A\r\n\fB\r\n\f",
        "BT\n/F0 10 Tf\n0 831 Td\n(A)Tj\nET\npage\nBT\n/F0 10 Tf\n0 831 Td\n(B)Tj\nET\n"},
   };

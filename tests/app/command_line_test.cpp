@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -127,7 +128,11 @@ TEST_F(CommandLineTest, fillsTheOptions) {
       {"-g -f r.txt", "print file=@r.txt"},
       {"-f r.txt -G", "print file=@r.txt"},
       {"-P HP -f r.txt", "preview file=@r.txt printer=HP"},
+      {"-p HP -f r.txt", "preview file=@r.txt printer=HP"},
       {"-dd -f r.txt", "preview file=@r.txt dd=1"},
+      {"-DD -f r.txt", "preview file=@r.txt dd=1"},
+      {"-G -f r.txt", "print file=@r.txt"},
+      {"-f r.txt -CODEPAGE 866", "preview file=@r.txt codepage=866"},
       {"-f r.txt -g -export o.txt", "export file=@r.txt target=o.txt"},
   });
   for (const char* parameters : {"-F r.txt", "-f @r.txt", "-f \"r.txt\"", "-f \"r.txt -F r.txt",
@@ -203,10 +208,24 @@ TEST(CodePages, followTheVariableAndThenTheLanguage) {
   const Row rows[] = {
       {"1251", "tr_TR.UTF-8", nullptr, 1251},  {"abc", "tr_TR.UTF-8", nullptr, 1254},
       {nullptr, "ru_RU.UTF-8", "tr_TR", 1251}, {nullptr, nullptr, "uk_UA.UTF-8", 1251},
-      {nullptr, "pl_PL.UTF-8", nullptr, 1250}, {nullptr, "el_GR.UTF-8", nullptr, 1253},
       {nullptr, "sr_RS@latin", nullptr, 1251}, {nullptr, "de_DE.UTF-8", nullptr, 1252},
       {nullptr, "C", "ru_RU.UTF-8", 1252},     {nullptr, nullptr, nullptr, 1252},
   };
+  for (const auto& [languages, codePage] : {std::pair{"ru uk be bg mk sr", 1251},
+                                            {"tr az", 1254},
+                                            {"pl cs sk hu ro hr sl", 1250},
+                                            {"el", 1253},
+                                            {"he", 1255},
+                                            {"ar", 1256},
+                                            {"lt lv et", 1257},
+                                            {"vi", 1258}}) {
+    const Variable number("QOR_ANSI_CODEPAGE", nullptr);
+    std::istringstream in(languages);
+    for (std::string language; in >> language;) {
+      const Variable all("LC_ALL", (language + "_XX.UTF-8").c_str());
+      EXPECT_EQ(systemAnsiCodePage(), codePage) << language;
+    }
+  }
   const Variable ctype("LC_CTYPE", nullptr);
   for (const Row& row : rows) {
     const Variable number("QOR_ANSI_CODEPAGE", row.variable);

@@ -43,6 +43,7 @@ const std::vector<Symbol> kSymbols = {
     {"br_type=ITF value=1540014128876", "ITF 15400141288763", "I2/5:15400141288763"},
     {"br_type=128 value=\"PJJ 123-C\"", "Code128 PJJ 123-C", "CODE-128:PJJ 123-C"},
     {"br_type=KAREKOD value=\"HTTP://QOR/1 a\"", "QRCode HTTP://QOR/1 a", "QR-Code:HTTP://QOR/1 a"},
+    {"br_type=KAREKOD value=\"\xCA\xEE\xE4\"", "QRCode Код", "QR-Code:Код"},
 };
 
 // A box of 100 by 40 mm, or 40 by 100, where the symbol stands upright.
@@ -170,6 +171,42 @@ TEST(Symbols, GuardsReachIntoTheTextBelowOnly) {
   EXPECT_EQ(count(drawn(box + "/>"), ",1133 pen"), 30U);
   // The leading digit stands one width of the last label before the first guard.
   EXPECT_EQ(below.substr(0, below.find(" \"5\"")), "text 176,1008");
+}
+
+// The box is 1899 by 1133 twips. Code 39 has 54 modules of 35 or, turned, 20 of them here, and "A"
+// stands on 23 to 35; half a character is 141.7. Code 128 has 75 modules of 25.
+TEST(Symbols, LabelsStandUnderTheirBars) {
+  const std::string place =
+      " left=0 top=0 right=33.5 bottom=20 value_show=1 font_width=5 font_name=Arial fc=Red "
+      "brc=Navy ";
+  struct Row {
+    const char* keys;
+    const char* text;
+  };
+  const std::string font = " color ff";
+  for (const Row& row : {
+           Row{"br_type=39 value=A", "873,859 \"A\" Arial 291x283 weight 400"},
+           Row{"br_type=39 value=A value_pos=0", "873,0 \"A\" Arial 291x283 weight 400"},
+           Row{"br_type=39 value=A orient=1", "1743,694 \"A\" Arial 166x283 weight 400 turned 900"},
+           Row{"br_type=39 value=A orient=2",
+               "1025,273 \"A\" Arial 291x283 weight 400 turned 1800"},
+           Row{"br_type=39 value=A orient=3", "156,438 \"A\" Arial 166x283 weight 400 turned 2700"},
+           Row{"br_type=128 value=AB fb=1", "275,937 \"AB\" Arial 208x-662 weight 700"},
+       }) {
+    const std::string record = drawn("<barcode " + place + row.keys + "/>");
+    EXPECT_NE(record.find("text " + std::string(row.text) + " color ff\n"), std::string::npos)
+        << record;
+    EXPECT_EQ(count(record, " brush 1 800000\n"), count(record, "rectangle"));
+  }
+}
+
+// With its quiet zone the code has 23 modules a side, here of 7 by 5 twips.
+TEST(Symbols, QrCodesFillTheirBox) {
+  const std::string record =
+      drawn("<barcode br_type=KAREKOD value=A left=10 top=5 right=12.84 bottom=7.04/>");
+  EXPECT_TRUE(record.starts_with("rectangle 566,283 727,399 ")) << record;
+  // The corner's frame is seven modules wide.
+  EXPECT_NE(record.find("\nrectangle 573,288 622,293 "), std::string::npos) << record;
 }
 
 TEST(Symbols, OfTheirOwnWidthNeedNoRightEdge) {

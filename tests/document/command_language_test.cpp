@@ -29,8 +29,13 @@ TEST(CommandLanguage, StyleTagsChangeTheTextBehindThem) {
       {"not a tag", "</b>a", "line\n  text \"</b>a\"\n"},
       {"no end", "a<b c", "line\n  text \"a<b c\"\n"},
       {"capitals", "<B>a", "line\n  text \"<B>a\"\n"},
-      {"headings", "<h1>a<h5>b<h1/>c",
-       "line\n  text \"a\" height=24\n  text \"b\" height=8\n  text \"c\"\n"},
+      {"headings", "<h1>a<h2>b<h3>c<h4>d<h5>e<h6>f<h2/>g",
+       "line\n  text \"a\" height=24\n  text \"b\" height=18\n  text \"c\" height=15\n"
+       "  text \"d\" height=12\n  text \"e\" height=8\n  text \"f\" height=6\n"
+       "  text \"g\" height=24\n"},
+      {"one tag in itself", "<h1>a<h2>b<h1>c<h1/>d<h1/>e<h1/>f",
+       "line\n  text \"a\" height=24\n  text \"b\" height=18\n  text \"c\" height=24\n"
+       "  text \"d\" height=18\n  text \"e\"\n  text \"f\"\n"},
       {"twice as wide, twice", "<w1>a<w1>b<w1/>c<w1/>d",
        "line\n  text \"a\" factor=2\n  text \"b\" factor=4\n  text \"c\" factor=2\n  text \"d\"\n"},
       {"underline and strike-out", "<u><s>a", "line\n  text \"a\" underline=1 strikeout=1\n"},
@@ -97,7 +102,18 @@ TEST(CommandLanguage, TextItemsTakeTheirKeys) {
       {"own font does not leak", "<text fi=1 tc=a/>b",
        "line\n  text \"a\" italic=1\n  text \"b\"\n"},
       {"key must be whole", "<text fc16x=4 fc=Red tc=a/>", "line\n  text \"a\" color=ff\n"},
-      {"long tag loses its tail", "<text tc=a x=1 " + std::string(1100, ' ') + "fi=1/>",
+      // Behind a value 1024 characters are kept.
+      {"tail behind a value", "<text tc=a" + std::string(1020, ' ') + "fi=1/>",
+       "line\n  text \"a\" italic=1\n"},
+      {"cut behind a value", "<text tc=a" + std::string(1021, ' ') + "fi=1/>",
+       "line\n  text \"a\"\n"},
+      {"tail behind quotes", "<text fn=\"\"" + std::string(1020, ' ') + "tc=b/>",
+       "line\n  text \"b\"\n"},
+      {"cut behind quotes", "<text fn=\"\"" + std::string(1021, ' ') + "tc=b/>",
+       "line\n  text \"\"\n"},
+      {"tail behind a text", "<text tc=\"a\" x=1" + std::string(1017, ' ') + "fi=1/>",
+       "line\n  text \"a\" italic=1\n"},
+      {"cut behind a text", "<text tc=\"a\" x=1" + std::string(1018, ' ') + "fi=1/>",
        "line\n  text \"a\"\n"},
   });
 }
@@ -113,6 +129,10 @@ TEST(CommandLanguage, OtherItemsTakeTheirKeys) {
       {"image", "<img image=\"a b.png\" imgSS=2 sh_type=2/>",
        "line\n  image \"a b.png\" number -1 stretch 2 shape 2 0,0 0,0 pen 1 15 0 brush 0 0 round "
        "0,0\n"},
+      {"barcode without keys", "<barcode />",
+       "line\n  barcode 2 \"\" of 0 keys, type 0 show 0 pos 1 font 0 fit 1 factor 1 width 0 15 "
+       "margins "
+       "0 0 0 orient 0 color 0 shape 1 0,0 0,0 pen 1 15 0 brush 0 0 round 0,0\n"},
       {"image name without quotes", "<img image=a.png imgn=3/>",
        "line\n  image \"\" number 3 stretch 0 shape 1 0,0 0,0 pen 1 15 0 brush 0 0 round 0,0\n"},
       {"barcode",
@@ -140,29 +160,64 @@ TEST(CommandLanguage, BarcodeTypesGoByNameOrNumber) {
   }
 }
 
-TEST(CommandLanguage, ColoursReadInEveryForm) {
-  const std::vector<std::pair<std::string, std::string>> rows = {{"fc=Navy", "800000"},
-                                                                 {"fc=red", "0"},
-                                                                 {"fc16=13", "ff"},
-                                                                 {"fc16=99", "0"},
-                                                                 {"fc16=-1", "0"},
-                                                                 {"fc256=5", "0"},
-                                                                 {"fcRGB=\"255,0,0\"", "ff"},
-                                                                 {"fcRGB=1,2,3", "30201"},
-                                                                 {"fcRGB=7", "0"},
-                                                                 {"fcRGB=7,8", "7"},
-                                                                 {"fcRGB=1,x,3", "1"},
-                                                                 {"fcRGB=257,256,1", "10001"},
-                                                                 {"fcINT=16711680", "ff0000"},
-                                                                 {"fcHEX=$0080FF", "80ff"},
-                                                                 {"fcHEX=0x0080FF", "80ff"}};
-  for (const auto& [key, color] : rows) {
-    const std::string told = color == "0" ? "" : " color=" + color;
-    EXPECT_EQ(TestReport("<text " + key + " tc=a/>").dump(), "line\n  text \"a\"" + told + "\n")
-        << key;
+// In the order of their numbers, as red, green, blue.
+constexpr std::pair<const char*, std::uint32_t> kColors[] = {
+    {"Black", 0x000000},   {"Navy", 0x000080},   {"Teal", 0x008080},   {"Green", 0x008000},
+    {"Purple", 0x800080},  {"Maroon", 0x800000}, {"Olive", 0x808000},  {"Silver", 0xC0C0C0},
+    {"Gray", 0x808080},    {"Blue", 0x0000FF},   {"Aqua", 0x00FFFF},   {"Lime", 0x00FF00},
+    {"Fuchsia", 0xFF00FF}, {"Red", 0xFF0000},    {"Yellow", 0xFFFF00}, {"White", 0xFFFFFF},
+    {"LtGray", 0xC0C0C0},  {"DkGray", 0x808080}};
+
+TEST(CommandLanguage, ColoursGoByNameAndNumber) {
+  std::int32_t index = 0;
+  for (const auto& [name, rgb] : kColors) {
+    const Color color = (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
+    EXPECT_EQ(ColorByName(name), color) << name;
+    EXPECT_EQ(ColorByIndex(index++), color) << name;
   }
-  EXPECT_EQ(ColorByName("LtGray"), ColorByIndex(16));
-  EXPECT_EQ(ColorByIndex(17), 0x808080U);
+  EXPECT_EQ(ColorByIndex(18), 0U);
+  EXPECT_EQ(ColorByIndex(-1), 0U);
+}
+
+// Each of the four families of keys, in the item that has it; "?" stands for the family.
+TEST(CommandLanguage, ColoursReadInEveryForm) {
+  const std::pair<const char*, const char*> tags[] = {
+      {"<text ?/>", "fc"}, {"<barcode ?/>", "fc"}, {"<shape ?/>", "pc"},
+      {"<img ?/>", "bc"},  {"<shape ?/>", "bc"},   {"<barcode ?/>", "brc"}};
+  const std::pair<const char*, const char*> rows[] = {{"=Navy", "800000"},
+                                                      {"=red", "0"},
+                                                      {"16=5", "80"},
+                                                      {"16=99", "0"},
+                                                      {"16=-1", "0"},
+                                                      {"256=5", "0"},
+                                                      {"RGB=\"255,0,1\"", "100ff"},
+                                                      {"RGB=1,2,3", "30201"},
+                                                      {"RGB=7", "0"},
+                                                      {"RGB=7,8", "7"},
+                                                      {"RGB=1,x,3", "1"},
+                                                      {"RGB=257,256,1", "10001"},
+                                                      {"INT=16711681", "ff0001"},
+                                                      {"HEX=$0080FF", "80ff"},
+                                                      {"HEX=0x0080FF", "80ff"}};
+  for (const auto& [tag, family] : tags) {
+    for (const auto& [key, color] : rows) {
+      const auto told = [&, tag = tag, family = family](const std::string& value) {
+        std::string line = tag;
+        line.replace(line.find('?'), 1, std::string(family) + "INT=1 " + family + value);
+        return TestReport(line).dump();
+      };
+      EXPECT_EQ(told(key), told("INT=0x" + std::string(color))) << tag << family << key;
+    }
+    std::string line = tag;
+    line.replace(line.find('?'), 1, std::string(family) + "INT=$123456");
+    const std::string dump = TestReport(line).dump();
+    const std::string place = std::string(family) == "bc"   ? "brush 0 123456"
+                              : std::string(family) == "pc" ? "pen 1 15 123456"
+                                                            : "color";
+    EXPECT_NE(dump.find(place), std::string::npos) << dump;
+    EXPECT_NE(dump.find("123456"), std::string::npos) << dump;
+    EXPECT_EQ(dump.find("123456"), dump.rfind("123456")) << dump;
+  }
 }
 
 TEST(CommandLanguage, LinesEndAsOnALinePrinter) {

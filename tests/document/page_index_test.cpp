@@ -164,6 +164,18 @@ TEST_F(PageIndexTest, agreesWithTheBlockRules) {
   }
 }
 
+TEST_F(PageIndexTest, startsAnewWithEachScan) {
+  VDoc doc;
+  const std::pair<const char*, const char*> rows[] = {{"\033EAB\fC", "2+3 5+1 open, 6"},
+                                                      {"AB\fC", "0+3 3+1 open, 4"},
+                                                      {"\033E\033EA", "4+1 open, 5"},
+                                                      {"", "open, 0"}};
+  for (const auto& [bytes, pages] : rows) {
+    put(bytes);
+    EXPECT_EQ(scanned(doc, false), pages);
+  }
+}
+
 TEST_F(PageIndexTest, followsAGrowingReport) {
   struct Step {
     const char* added;
@@ -216,15 +228,30 @@ TEST_F(PageIndexTest, findsTheFirstPageAtOnce) {
 
 TEST_F(PageIndexTest, readsTheHead) {
   // The width of the base font in percent, and the length of the head.
-  const std::pair<const char*, const char*> rows[] = {
-      {"ABC", "100 0"},         {"AB", "100 0"},         {"\017A", "100 0"},
-      {"\017AB", "125 0"},      {"\033EX", "150 2"},     {" \033EX", "100 0"},
-      {"\033CB\017X", "125 4"}, {"\033(9TX", "125 4"},   {"\033(s18HX", "125 6"},
-      {"\033(s10HX", "75 6"},   {"\033(s12HX", "100 6"}, {"\033E\033&l1OX", "150 7"},
+  const auto resets = [](int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += "\033E";
+    return text;
+  };
+  const std::pair<std::string, const char*> rows[] = {
+      {resets(511) + "X", "150 1022"},
+      {resets(600), "150 1024"},
+      {"ABC", "100 0"},
+      {"AB", "100 0"},
+      {"\017A", "100 0"},
+      {"\017AB", "125 0"},
+      {"\033EX", "150 2"},
+      {" \033EX", "100 0"},
+      {"\033CB\017X", "125 4"},
+      {"\033(9TX", "125 4"},
+      {"\033(s18HX", "125 6"},
+      {"\033(s10HX", "75 6"},
+      {"\033(s12HX", "100 6"},
+      {"\033E\033&l1OX", "150 7"},
       {"\033E\r\nX", "150 3"},
   };
   for (const auto& [bytes, expected] : rows) {
-    SCOPED_TRACE(testing::PrintToString(bytes));
+    SCOPED_TRACE(testing::PrintToString(bytes.substr(0, 20)));
     put(bytes);
     VDoc doc;
     const auto file = VDoc::OpenFile();
@@ -238,10 +265,32 @@ TEST_F(PageIndexTest, readsTheHead) {
 
 TEST_F(PageIndexTest, selectsPagesByList) {
   // The first page is not selected before. "?" stands for a list that is refused.
-  const std::pair<const char*, const char*> rows[] = {
-      {"", "23456"},     {"2", "2"},         {"1,3-5", "1345"}, {" 2 , 4 - 5 ", "245"},
-      {"5-3", ""},       {"9", ""},          {"4-99", "456"},   {"6,6,1", "16"},
-      {"1,x", "?23456"}, {"1,,2", "?23456"}, {"1-x", "?23456"}, {"1;2", "?23456"},
+  const auto times = [](int count, const std::string& entry) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += entry;
+    return text;
+  };
+  // Twenty entries count, and 255 characters behind a comma or a dash.
+  const std::pair<std::string, const char*> rows[] = {
+      {times(19, "2,") + "4", "24"},
+      {times(20, "2,") + "4", "2"},
+      {times(20, "2,") + "x", "?23456"},
+      {"2," + std::string(254, ' ') + "4", "24"},
+      {"2," + std::string(255, ' ') + "4", "?23456"},
+      {"2-" + std::string(254, ' ') + "4", "234"},
+      {"2-" + std::string(255, ' ') + "4", "?23456"},
+      {"", "23456"},
+      {"2", "2"},
+      {"1,3-5", "1345"},
+      {" 2 , 4 - 5 ", "245"},
+      {"5-3", ""},
+      {"9", ""},
+      {"4-99", "456"},
+      {"6,6,1", "16"},
+      {"1,x", "?23456"},
+      {"1,,2", "?23456"},
+      {"1-x", "?23456"},
+      {"1;2", "?23456"},
   };
   put("1\f2\f3\f4\f5\f6");
   for (const auto& [list, expected] : rows) {

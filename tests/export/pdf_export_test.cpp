@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "export/exporters.h"
+#include "support/image_magick.h"
 #include "support/pdf_reader.h"
 #include "support/program.h"
 #include "support/report_reader.h"
@@ -55,6 +56,7 @@ class PdfExport : public testing::Test {
   }
 
   TemporaryDirectory directory_;
+  ImageMagick magick_;
 };
 
 // What a report's lines become, worked out by hand: 1 mm is 56.69 twips and a point 20, baselines
@@ -80,6 +82,11 @@ TEST_F(PdfExport, putsEachKindOfRecordWhereTheArithmeticSays) {
       {"turned text", "<text left=10 top=20 o=1 tc=X/>\r\n",
        "q\n1.000000 0.000000 0.000000 1.000000 28.3 775.35 cm\n"
        "0.000000 1.000000 -1.000000 0.000000 0 0 cm\nBT\n/F0 10 Tf\n(X)Tj\nET\nQ\n"},
+      {"the text behind a turned one",
+       "<text left=10 top=20 o=1 fc=Red tc=X/><text left=10 top=20 tc=Y/>",
+       "q\n1.000000 0.000000 0.000000 1.000000 28.3 775.35 cm\n"
+       "0.000000 1.000000 -1.000000 0.000000 0 0 cm\nBT\n1 0 0 rg\n/F0 10 Tf\n(X)Tj\nET\nQ\n"
+       "BT\n/F0 10 Tf\n28.3 775.35 Td\n(Y)Tj\nET\n"},
       {"turned to the right", "<text left=10 top=20 od=-900 tc=X/>\r\n",
        "BT\n/F0 10 Tf\n28.3 775.35 Td\n(X)Tj\nET\n"},
       {"face and size", "<text left=10 top=20 fn=Arial height=20 fb=1 fc=Blue tc=X/>\r\n",
@@ -92,6 +99,10 @@ TEST_F(PdfExport, putsEachKindOfRecordWhereTheArithmeticSays) {
        "<shape sh_type=2 left=10 top=20 right=30 bottom=40 pt=4/>"
        "<shape sh_type=2 left=10 top=20 right=30 bottom=40 pt=0/>\r\n",
        "[ 4 3 1 3]0 d\n28 786 57 -57 re\nS\n[]0 d\n28 786 57 -57 re\nS\n"},
+      {"other dashes",
+       "<shape sh_type=2 left=10 top=20 right=30 bottom=40 pt=3/>"
+       "<shape sh_type=2 left=10 top=20 right=30 bottom=40 pt=5/>",
+       "[ 2 2]0 d\n28 786 57 -57 re\nS\n[ 4 3 1 3 1 3]0 d\n28 786 57 -57 re\nS\n"},
       {"what isn't drawn",
        "<shape sh_type=3 left=10 top=20 right=30 bottom=40/>"
        "<shape sh_type=4 left=10 top=20 right=30 bottom=40/>"
@@ -106,6 +117,13 @@ TEST_F(PdfExport, putsEachKindOfRecordWhereTheArithmeticSays) {
        "<text left=10 top=20 fn=Z003 height=30 fb=1 tc=X/>\r\n",
        "[ 4 2]0 d\n28 786 57 -57 re\nS\n"
        "BT\n/F0 30 Tf\n2 Tr\n[]0 d\n28.3 755.35 Td\n(X)Tj\nET\n"},
+      {"the same face behind a bold one",
+       "<text left=10 top=20 fn=Z003 height=30 fb=1 tc=X/>"
+       "<text left=10 top=20 fn=Z003 height=30 tc=X/>",
+       "BT\n/F0 30 Tf\n2 Tr\n28.3 755.35 Td\n(X)Tj\n/F1 30 Tf\n0 Tr\n0 0 Td\n(X)Tj\nET\n"},
+      {"a slant that the face hasn't",
+       "<text left=10 top=20 fn=\"Standard Symbols PS\" fi=1 tc=1/>",
+       "BT\n/F0 10 Tf\n1 0 0.212600 1 28.3 775.35 Tm\n(1)Tj\nET\n"},
       {"marks in a text", "A[fn:B:fn]C\r\n", "BT\n/F0 10 Tf\n0 831 Td\n(A)Tj\nET\n"},
       {"a size that is none", "A[fs:x\r\n", "BT\n/F0 9 Tf\n0 832 Td\n(A[fs:x)Tj\nET\n"},
       {"marks of a shape in a text", "A[st:1:st][gr:200:gr]\r\n", "0 842 m\n10 842 l\nS\n"},
@@ -151,14 +169,14 @@ TEST_F(PdfExport, fitsPicturesInThreeWays) {
     const char* matrix;
     const char* frame;
   };
-  // The box is 56.7 points square; the picture 72 by 36 by itself.
+  // The box is 85.05 by 56.7 points; the picture 72 by 36 by itself.
   for (const Row& row :
        {Row{"imgSS=0", "72 0 0 36 28 750 cm", "28 750 72 36 re"},
-        Row{"imgSS=1", "56.7 0 0 56.7 28.3 728.65 cm", "28.3 728.65 56.7 56.7 re"},
-        Row{"imgSS=2", "56.7 0 0 28.35 28.3 742.825 cm", "28.3 728.65 56.7 56.7 re"}}) {
+        Row{"imgSS=1", "85.05 0 0 56.7 28.3 728.65 cm", "28.3 728.65 85.05 56.7 re"},
+        Row{"imgSS=2", "85.05 0 0 42.525 28.3 735.73", "28.3 728.65 85.05 56.7 re"}}) {
     for (const char* name : {"p.png", "p.jpg"}) {
       const std::string drawn =
-          operators("<img image=\"" + std::string(name) + "\" left=10 top=20 right=30 bottom=40 " +
+          operators("<img image=\"" + std::string(name) + "\" left=10 top=20 right=40 bottom=40 " +
                     row.keys + "/>");
       EXPECT_NE(drawn.find(row.matrix), std::string::npos) << drawn;
       EXPECT_NE(drawn.find(row.frame), std::string::npos) << drawn;
@@ -186,6 +204,45 @@ TEST_F(PdfExport, keepsColoursAndTransparencyOfPictures) {
   };
   EXPECT_TRUE(near(dot(8, 20), 16, 127) && near(dot(8, 20), 8, 255) && near(dot(8, 20), 0, 127));
   EXPECT_EQ(dot(30, 20), 0xFFFFFFU);
+}
+
+TEST_F(PdfExport, passesJpegFilesOnAsTheyAre) {
+  for (const auto& [options, listed] : {std::pair{"-colorspace Gray", "gray    1   8  jpeg"},
+                                        {"-colorspace sRGB", "rgb     3   8  jpeg"},
+                                        {"-colorspace CMYK", "rgb     3   8  image"}}) {
+    magick_.make(options, "p.jpg");
+    fs::copy_file(magick_.folder().path("p.jpg"), directory_.path("p.jpg"),
+                  fs::copy_options::overwrite_existing);
+    exportReport("<img image=\"p.jpg\" left=10 top=20/>");
+    const std::string images = run({"pdfimages", "-list", directory_.path("r.pdf")}).output;
+    EXPECT_NE(images.find(listed), std::string::npos) << images;
+  }
+}
+
+TEST_F(PdfExport, takesTheFaceOfEachStyleAndItsWidths) {
+  const std::string text =
+      "A<b>A<i>A<b/><i>A<text left=10 top=20 fn=Arial height=20 tc=\"WWW iii\"/>";
+  EXPECT_EQ(exportReport(text).errors, "");
+  const std::string fonts = run({"pdffonts", directory_.path("r.pdf")}).output;
+  for (const char* style : {" ", "-Bold ", "-BoldItalic ", "-Italic "}) {
+    EXPECT_NE(fonts.find(std::string("+LiberationMono") + style), std::string::npos) << fonts;
+  }
+  EXPECT_NE(fonts.find("+LiberationSans-Italic "), std::string::npos) << fonts;
+  EXPECT_EQ(std::count(fonts.begin(), fonts.end(), '\n'), 7) << fonts;
+  // Of 2048 units "W" has 1933 and a blank 569.
+  const double behind = 28.3 + (3 * 1933 + 569) / 2048.0 * 20;
+  EXPECT_NEAR(readPdf(directory_.path("r.pdf")).word("iii").x, behind * 25.4 / 72, 0.05);
+}
+
+TEST_F(PdfExport, namesTheLanguageOfItsCodePage) {
+  for (const auto& [codePage, language] :
+       {std::pair{"866", "ru"}, {"1251", "ru"}, {"857", "tr"}, {"1254", "tr"}, {"1252", nullptr}}) {
+    operators("A", codePage);
+    const std::string file = directory_.read("q.pdf");
+    const auto place = file.find("/Lang ");
+    const std::string found = place == std::string::npos ? "" : file.substr(place + 6, 4);
+    EXPECT_EQ(found, language == nullptr ? "" : "(" + std::string(language) + ")") << codePage;
+  }
 }
 
 TEST_F(PdfExport, showsBarcodesThatAreRead) {
@@ -343,7 +400,8 @@ TEST(PdfPage, takesItsWidthFromTheWindow) {
     double fontHeight;
     double points;
   };
-  for (const Row& row : {Row{10, 608}, Row{8, 558}, Row{11, 602}}) {
+  for (const Row& row :
+       {Row{8, 558}, Row{9, 627}, Row{10, 608}, Row{11, 602}, Row{12, 584}, Row{14, 620}}) {
     TestReport report("A\r\n");
     report.doc().Settings.Font.Height = row.fontHeight;
     ExportOptions options;

@@ -1,12 +1,16 @@
 // Text encodings, and files that are replaced only by complete ones.
+#include <array>
+#include <cstdlib>
 #include <filesystem>
 
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
+#include "platform/file_times.h"
 #include "platform/input_file.h"
 #include "platform/output_file.h"
 #include "platform/text_encoding.h"
+#include "support/program.h"
 #include "support/temporary_directory.h"
 
 namespace qor::test {
@@ -62,6 +66,23 @@ TEST(OutputFile, ReplacesItsTargetOnlyWhenComplete) {
   EXPECT_EQ(std::distance(fs::directory_iterator(directory.path()), fs::directory_iterator()), 1);
 }
 
+// Pieces are gathered up to 64 KiB, larger ones go out at once.
+TEST(OutputFile, KeepsThePiecesInOrder) {
+  const TemporaryDirectory directory;
+  std::string whole;
+  OutputFile file(directory.path("out"));
+  for (const std::size_t size :
+       {3, 65535, 1, 1, 65536, 5, 65537, 0, 40000, 40000, 40000, 65534, 2, 200000, 7}) {
+    std::string piece;
+    while (piece.size() < size) piece += std::to_string(whole.size() + piece.size()) + " ";
+    piece.resize(size);
+    file.write(piece);
+    whole += piece;
+  }
+  file.commit();
+  EXPECT_TRUE(directory.read("out") == whole);
+}
+
 TEST(OutputFile, FollowsALinkAndTakesTheLongestName) {
   const TemporaryDirectory directory;
   const std::string target = directory.write("real/t.txt", "before");
@@ -75,6 +96,21 @@ TEST(OutputFile, FollowsALinkAndTakesTheLongestName) {
   }
   EXPECT_EQ(directory.read("real/t.txt"), "after");
   EXPECT_TRUE(fs::is_symlink(directory.path("link.txt")));
+}
+
+TEST(Files, TellTheirTimesInUtcAndTheZoneWestOfIt) {
+  const TemporaryDirectory directory;
+  const std::string name = directory.write("a", "b");
+  run({"touch", "-d", "2001-02-03T04:05:06Z", name});
+  for (const auto& [zone, bias] : {std::pair{"XST-5:30", -330}, {"XST4", 240}}) {
+    ::setenv("TZ", zone, 1);
+    const auto times = fileTimes(name);
+    ASSERT_TRUE(times);
+    const auto& [year, month, day, hour, minute] = times->modified;
+    EXPECT_EQ((std::array{year, month, day, hour, minute}), (std::array{2001, 2, 3, 4, 5}));
+    EXPECT_EQ(timeZoneBias(), bias);
+  }
+  ::unsetenv("TZ");
 }
 
 TEST(Files, RefuseWhatIsNone) {

@@ -138,6 +138,25 @@ TEST(ImageDrawing, ShowsThePictureOrTheReasonWhyNot) {
   }
 }
 
+TEST(ImageDrawing, LargePicturesAreThereEachTime) {
+  const TemporaryDirectory directory;
+  const std::string large = directory.write("large.png", pngFile(1200, 900));
+  TestReport report("<img image=\"" + large + "\" imgSS=1 left=10 top=10 right=110 bottom=20/>");
+  const std::string picture = "picture 1200x900 at 566,566 6236,1133\n";
+  VDocPage& page = report.page();
+  EXPECT_EQ(drawn(page), picture);
+  EXPECT_EQ(drawn(page), picture);
+}
+
+TEST(ImageDrawing, MessagesKeepOffTheSpacingOfTexts) {
+  const std::string image = "<img image=\"no.png\" left=10 top=10 right=110 bottom=20/>";
+  const auto behindText = [](const std::string& record) {
+    return record.substr(record.find('\n') + 1);
+  };
+  EXPECT_EQ(behindText(drawn("<text hs=9 left=1 top=1 tc=a/>" + image)),
+            behindText(drawn("<text left=1 top=1 tc=a/>" + image)));
+}
+
 TEST(PathEllipsis, KeepsTheLastComponent) {
   const auto width = [](char32_t) { return 1.0; };
   struct Row {

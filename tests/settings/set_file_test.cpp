@@ -188,6 +188,8 @@ TEST_F(SetFileTest, readsLineByLine) {
        "conversion PrintColor=color"},
       {"<Print>|<PrintColor = 'blue'/>|<PrintQuality = 'high'/>|<Print/>",
        "0 PrintColor=(default) PrintQuality=4"},
+      {"<Print>|<PrintQuality = 'draft'/>|<Print/>", "0 PrintQuality=1"},
+      {"<Print>|<PrintQuality = 'low'/>|<Print/>", "0 PrintQuality=2"},
       {"<Print>|<PrintQuality = 'best'/>|<SortByCopies = '2'/>|<Print/>",
        "0 SortByCopies=1 PrintQuality=0"},
       {"<Print>|<PrinterName = '(default printer)'/>|<Print/>", "0 PrinterName=(defaultprinter)"},

@@ -1,0 +1,168 @@
+// Text as dots of a page: strokes, faces made bold or slanted, lines and blocks.
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+#include "platform/text_encoding.h"
+#include "support/page_picture.h"
+
+namespace qor::test {
+namespace {
+
+std::string placed(double left, double top, const std::string& keys) {
+  return "<text left=" + std::to_string(static_cast<int>(left)) +
+         " top=" + std::to_string(static_cast<int>(top)) + " " + keys + "/>\r\n";
+}
+
+// Blanks show nothing but their strokes. At 60 points an em is 80 dots; the face has 2048 units, an
+// ascent of 1705, an advance of 1229, an underline of 84 from 393 below the baseline down, a
+// strike-out of 102 from 530 above it down.
+TEST(TextDots, StrokesFollowTheFaceAndTheTurn) {
+  struct Row {
+    const char* keys;
+    int left;  // mm
+    const char* box;
+  };
+  const Row rows[] = {
+      // The baseline is 66.6 dots below the top, the four blanks are 192.03 long.
+      {"fu=1", 20, "75,460 268,463"},       {"fso=1", 20, "75,424 268,428"},
+      {"fu=1 o=1", 20, "157,185 161,378"},  {"fso=1 o=1", 20, "121,185 126,378"},
+      {"fu=1 o=2", 100, "185,292 378,296"}, {"fu=1 o=3", 60, "141,377 145,570"},
+  };
+  const TemporaryDirectory place;
+  for (const Row& row : rows) {
+    const Picture page = pageBy(
+        Road::picture, place,
+        placed(row.left, 100, std::string("height=60 fcRGB=\"9,9,9\" tc=\"    \" ") + row.keys));
+    EXPECT_EQ(text(inkBox(page, {0, 0, page.width, page.height})), row.box) << row.keys;
+  }
+}
+
+// The face has one style only, and a square.
+TEST(TextDots, MissingStylesAreMade) {
+  const TemporaryDirectory place;
+  for (const Road road : {Road::picture, Road::print}) {
+    SCOPED_TRACE(static_cast<int>(road));
+    std::string report;
+    const std::string square = "fn=D050000L height=60 tc=\"\xFE\" ";
+    for (const auto& [top, keys] :
+         {std::pair{20, ""}, {60, "fb=1"}, {100, "fi=1"}, {140, "fi=1 fb=1"}}) {
+      report += placed(30, top, square + keys);
+    }
+    const Picture page = pageBy(road, place, report);
+    const auto inkAt = [&page](int top) {
+      const auto first = static_cast<int>(dotOf(top));
+      return inkBox(page, {0, first, page.width, first + 140});
+    };
+    const auto width = [](const DotBox& box) { return box.right - box.left; };
+    const DotBox plain = inkAt(20);
+    const int height = plain.bottom - plain.top;
+    EXPECT_GT(height, 40);
+    // An em is 80 dots; both ways of making bold add between a fiftieth and a tenth of it.
+    EXPECT_NEAR(width(inkAt(60)) - width(plain), 4, 2.5);
+    // Slanted by 12 to 14 degrees.
+    EXPECT_NEAR(width(inkAt(100)) - width(plain), height * 0.23, height * 0.04 + 1);
+    EXPECT_GT(width(inkAt(140)), width(inkAt(100)) + 1);
+  }
+}
+
+struct BoxLetter {
+  const char* letter;
+  const char* arms;  // strokes at the left, upper, right and lower edge
+};
+
+// By the names of the characters.
+constexpr BoxLetter kLetters[] = {
+    {"─", "1010"}, {"│", "0101"}, {"┌", "0011"}, {"┐", "1001"}, {"└", "0110"}, {"┘", "1100"},
+    {"├", "0111"}, {"┤", "1101"}, {"┬", "1011"}, {"┴", "1110"}, {"┼", "1111"}, {"═", "2020"},
+    {"║", "0202"}, {"╒", "0021"}, {"╓", "0012"}, {"╔", "0022"}, {"╕", "2001"}, {"╖", "1002"},
+    {"╗", "2002"}, {"╘", "0120"}, {"╙", "0210"}, {"╚", "0220"}, {"╛", "2100"}, {"╜", "1200"},
+    {"╝", "2200"}, {"╞", "0121"}, {"╟", "0212"}, {"╠", "0222"}, {"╡", "2101"}, {"╢", "1202"},
+    {"╣", "2202"}, {"╤", "2021"}, {"╥", "1012"}, {"╦", "2022"}, {"╧", "2120"}, {"╨", "1210"},
+    {"╩", "2220"}, {"╪", "2121"}, {"╫", "1212"}, {"╬", "2222"}};
+
+struct BlockLetter {
+  const char* letter;
+  int quarters[4];  // of ink in 255: upper left and right, lower left and right
+};
+constexpr BlockLetter kBlocks[] = {{"▀", {255, 255, 0, 0}},     {"▄", {0, 0, 255, 255}},
+                                   {"█", {255, 255, 255, 255}}, {"▌", {255, 0, 255, 0}},
+                                   {"▐", {0, 255, 0, 255}},     {"░", {64, 64, 64, 64}},
+                                   {"▒", {128, 128, 128, 128}}, {"▓", {192, 192, 192, 192}}};
+
+// The cells of letters on a page: at 40 points they are 32.005 by 60.4 dots.
+class LetterCells {
+ public:
+  static constexpr int kColumns = 10;
+
+  void add(const char* letter) {
+    const int left = 10 + 15 * (count_ % kColumns);
+    const int top = 10 + 25 * (count_ / kColumns);
+    report_ +=
+        placed(left, top,
+               "height=40 tc=\"" + codePageFromUtf8(letter, 866, Substitute::questionMark) + "\"");
+    cells_.push_back({static_cast<int>(std::lround(dotOf(left))),
+                      static_cast<int>(std::lround(dotOf(top))),
+                      static_cast<int>(std::lround(dotOf(left) + 32.005)),
+                      static_cast<int>(std::lround(dotOf(top) + 60.4))});
+    ++count_;
+  }
+
+  Picture page() const {
+    const TemporaryDirectory place;
+    return pageBy(Road::picture, place, report_);
+  }
+  const DotBox& operator[](std::size_t i) const { return cells_[i]; }
+
+ private:
+  int count_ = 0;
+  std::string report_;
+  std::vector<DotBox> cells_;
+};
+
+TEST(TextDots, BoxLinesReachTheEdgesThatTheirNamesTell) {
+  LetterCells cells;
+  for (const BoxLetter& row : kLetters) cells.add(row.letter);
+  const Picture page = cells.page();
+  for (std::size_t i = 0; i < std::size(kLetters); ++i) {
+    const DotBox& cell = cells[i];
+    const auto strokes = [&page](int x, int y, int stepX, int stepY, int length) {
+      int count = 0;
+      bool before = false;
+      for (int n = 0; n < length; ++n) {
+        const bool ink = isInk(page, x + n * stepX, y + n * stepY);
+        if (ink && !before) ++count;
+        before = ink;
+      }
+      return std::to_string(count);
+    };
+    const int width = cell.right - cell.left;
+    const int height = cell.bottom - cell.top;
+    EXPECT_EQ(strokes(cell.left, cell.top, 0, 1, height) +
+                  strokes(cell.left, cell.top, 1, 0, width) +
+                  strokes(cell.right - 1, cell.top, 0, 1, height) +
+                  strokes(cell.left, cell.bottom - 1, 1, 0, width),
+              kLetters[i].arms)
+        << kLetters[i].letter;
+    EXPECT_EQ(inkBox(page, cell),
+              inkBox(page, {cell.left - 3, cell.top - 3, cell.right + 3, cell.bottom + 3}));
+  }
+}
+
+TEST(TextDots, BlocksFillTheirPartOfTheCell) {
+  LetterCells cells;
+  for (const BlockLetter& row : kBlocks) cells.add(row.letter);
+  const Picture page = cells.page();
+  for (std::size_t i = 0; i < std::size(kBlocks); ++i) {
+    const DotBox& cell = cells[i];
+    for (int quarter = 0; quarter < 4; ++quarter) {
+      const int x = quarter % 2 == 0 ? cell.left + 2 : cell.right - 3;
+      const int y = quarter < 2 ? cell.top + 2 : cell.bottom - 3;
+      EXPECT_NEAR(255 - static_cast<int>(dotAt(page, x, y) & 0xFF), kBlocks[i].quarters[quarter], 1)
+          << kBlocks[i].letter << quarter;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace qor::test

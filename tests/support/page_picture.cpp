@@ -1,0 +1,60 @@
+#include "support/page_picture.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "support/pdf_reader.h"
+#include "support/program.h"
+
+namespace qor::test {
+
+Picture pageBy(Road road, const TemporaryDirectory& place, const std::string& report,
+               const std::string& codePage) {
+  place.write("r.txt", report);
+  std::vector<std::string> line = {"-f", "r.txt", "-codepage", codePage};
+  if (road == Road::print) {
+    line.push_back("-g");
+  } else {
+    line.insert(line.end(), {"-export", road == Road::picture ? "r.png" : "r.pdf"});
+  }
+  const Outcome outcome = runViewer(line, {.directory = place.path()});
+  if (!outcome.errors.empty()) throw std::runtime_error(outcome.errors);
+  if (road != Road::picture) {
+    return renderPdf(place.path(road == Road::print ? "r(print).pdf" : "r.pdf"), 1);
+  }
+  return decodePicture(place.read("r.png")).value();
+}
+
+std::string text(const DotBox& box) {
+  return std::to_string(box.left) + "," + std::to_string(box.top) + " " +
+         std::to_string(box.right) + "," + std::to_string(box.bottom);
+}
+
+std::uint32_t dotAt(const Picture& picture, int x, int y) {
+  if (x < 0 || y < 0 || x >= picture.width || y >= picture.height) return 0xFFFFFF;
+  const auto row = static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.width);
+  return picture.pixels[row + static_cast<std::size_t>(x)] & 0xFFFFFF;
+}
+
+bool isInk(const Picture& picture, int x, int y) {
+  const std::uint32_t dot = dotAt(picture, x, y);
+  return (dot >> 16) + (dot >> 8 & 0xFF) + (dot & 0xFF) < 3 * 128;
+}
+
+DotBox inkBox(const Picture& picture, const DotBox& within) {
+  DotBox box = {within.right, within.bottom, within.left, within.top};
+  for (int y = within.top; y < within.bottom; ++y) {
+    for (int x = within.left; x < within.right; ++x) {
+      if (dotAt(picture, x, y) == 0xFFFFFF) continue;
+      box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x + 1),
+             std::max(box.bottom, y + 1)};
+    }
+  }
+  return box;
+}
+
+double dotOf(double millimetres) {
+  return static_cast<int>(millimetres * 1440 / 25.4) / 15.0;
+}
+
+}  // namespace qor::test

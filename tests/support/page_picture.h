@@ -1,0 +1,41 @@
+// A report's first page as dots of 1/96 inch, made by the program on one of its three roads.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/picture.h"
+#include "support/temporary_directory.h"
+
+namespace qor::test {
+
+enum class Road { picture, print, document };  // the last is the export to PDF
+
+constexpr Road kRoads[] = {Road::picture, Road::print, Road::document};
+
+// The directory is the current one of the program.
+Picture pageBy(Road road, const TemporaryDirectory& place, const std::string& report,
+               const std::string& codePage = "866");
+
+struct DotBox {
+  int left = 0;
+  int top = 0;
+  int right = 0;  // behind the last one
+  int bottom = 0;
+
+  bool operator==(const DotBox&) const = default;
+};
+
+std::string text(const DotBox& box);
+
+// 0xRRGGBB; white outside of the picture.
+std::uint32_t dotAt(const Picture& picture, int x, int y);
+bool isInk(const Picture& picture, int x, int y);  // nearer to black than to white
+
+// What is not white, within the box.
+DotBox inkBox(const Picture& picture, const DotBox& within);
+
+// Where a place of millimetres lies, cut to 1/1440 inch as reports have it.
+double dotOf(double millimetres);
+
+}  // namespace qor::test

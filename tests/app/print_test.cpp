@@ -3,14 +3,20 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "platform/print/pdf_file_printer.h"
+#include "platform/print/print_system.h"
+#include "settings/printers.h"
+#include "support/page_picture.h"
 #include "support/pdf_reader.h"
 #include "support/program.h"
+#include "support/report_reader.h"
 #include "support/temporary_directory.h"
 
 namespace qor::test {
@@ -198,6 +204,66 @@ TEST(Print, followsTheSettingsSet) {
     EXPECT_NEAR(word.x, row.x, kMillimetre);
     EXPECT_NEAR(word.y, row.y, 1);  // the reader's boxes start at its own idea of an ascent
   }
+}
+
+TEST(Print, startsEachPageWithItsOwnPenAndBrush) {
+  const TemporaryDirectory place;
+  place.write("r.txt",
+              "<shape sh_type=2 bt=1 bc=Red right=9 bottom=9/>\r\n\f"
+              "<img imgn=3 left=20 top=20 right=60 bottom=40/>\r\n");
+  EXPECT_EQ(runViewer({"-g", "-f", "r.txt"}, in(place)).errors, "");
+  const Picture page = renderPdf(place.path("r(print).pdf"), 2);
+  EXPECT_EQ(dotAt(page, static_cast<int>(dotOf(22)), static_cast<int>(dotOf(22))), 0xFFFFFFU);
+}
+
+// In the process: no command line asks for scales, single pages or lists of them.
+class PrintJobs : public testing::Test {
+ protected:
+  PrintJobs() : report_("A\r\n\fB\r\n\fC\r\n\fD\r\n") {
+    std::vector<std::unique_ptr<PrintQueues>> systems;
+    systems.push_back(makePdfFilePrinter());
+    setPrintSystem(std::make_unique<PrintSystem>(std::move(systems)));
+    InitPrinters();
+    AppOptions.PrinterName = "";
+    report_.doc().Settings.Page.MarginLeft = 20;
+    report_.doc().Settings.Page.MarginTop = 40;
+  }
+  ~PrintJobs() override { setPrintSystem(nullptr); }
+
+  // Such as "1A 2B ", and the title.
+  std::string printed() const {
+    const PdfDocument document = readPdf(report_.path("report(print).pdf"));
+    std::string words;
+    for (const PdfWord& word : document.words) words += std::to_string(word.page) + word.text + " ";
+    return words + document.title;
+  }
+
+  TestReport report_;
+};
+
+TEST_F(PrintJobs, areScaledOnEveryPage) {
+  report_.doc().PrintScale = 50;
+  report_.doc().PrintScaleFlag = true;
+  report_.doc().PrintToFile(report_.path("half.pdf"));
+  const PdfDocument document = readPdf(report_.path("half.pdf"));
+  ASSERT_EQ(document.words.size(), 4U);
+  for (const PdfWord& word : document.words) {
+    EXPECT_NEAR(word.x, 10, kMillimetre) << word.text;
+    EXPECT_NEAR(word.y, 20, 0.5) << word.text;
+  }
+  EXPECT_NEAR(document.width, 210, kMillimetre);
+  EXPECT_EQ(gPrintMetrics.LogPixelsX, 600);
+  EXPECT_FALSE(std::filesystem::exists(report_.path("report(print).pdf")));
+}
+
+TEST_F(PrintJobs, takeThePagesThatAreAskedFor) {
+  report_.doc().PrintAll();
+  EXPECT_EQ(printed(), "1A 2B 3C 4D QorUtlView, Document");
+  report_.doc().PrintPage(3);
+  EXPECT_EQ(printed(), "1C QorUtlView, page: 3");
+  report_.doc().Settings.Page.PagesForPrint = "2,4";
+  report_.doc().PrintSelected();
+  EXPECT_EQ(printed(), "1B 2D QorUtlView, Document");
 }
 
 // Dark cells of a page, a millimetre wide and high.

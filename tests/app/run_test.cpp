@@ -19,25 +19,13 @@ namespace {
 namespace fs = std::filesystem;
 using Files = std::map<std::string, std::string>;
 
-// Every file below the directory with its bytes, directories with a "/" behind the name.
+// Every file below the directory with its bytes.
 Files contents(const TemporaryDirectory& place) {
   Files files;
-  for (const auto& entry : fs::recursive_directory_iterator(place.path())) {
-    const std::string name = fs::relative(entry.path(), place.path()).string();
-    files[entry.is_directory() ? name + "/" : name] =
-        entry.is_directory() ? "" : readFile(entry.path().string());
+  for (const std::string& name : place.names()) {
+    files[name] = name.ends_with('/') ? "" : place.read(name);
   }
   return files;
-}
-
-std::vector<std::string> names(const TemporaryDirectory& place) {
-  std::vector<std::string> result;
-  for (const auto& [name, bytes] : contents(place)) result.push_back(name);
-  return result;
-}
-
-Surroundings in(const TemporaryDirectory& place, const char* directory = "") {
-  return {place.path(directory), {}, 0};
 }
 
 std::vector<std::string> linesOf(const std::string& text) {
@@ -135,7 +123,7 @@ TEST(Run, tellsOfMissingFiles) {
   EXPECT_EQ(settings.exitCode, 0);
   expectOneLine(settings, "none.vset#A");
   EXPECT_EQ(place.read("o.txt"), kExportedA);
-  EXPECT_EQ(names(place), (std::vector<std::string>{"d/", "o.txt", "r.txt"}));
+  EXPECT_EQ(place.names(), (std::vector<std::string>{"d/", "o.txt", "r.txt"}));
 }
 
 TEST(Export, findsFilesByAnyName) {
@@ -203,7 +191,7 @@ TEST(Export, numbersThePicturesOfSeveralPages) {
   const TemporaryDirectory place;
   place.write("r.txt", "A\fB\fC");
   expectSilence(runViewer({"-f", "r.txt", "-export", "o.2.GIF", "-dd"}, in(place)));
-  EXPECT_EQ(names(place), (std::vector<std::string>{"o.2(1).gif", "o.2(2).gif", "o.2(3).gif"}));
+  EXPECT_EQ(place.names(), (std::vector<std::string>{"o.2(1).gif", "o.2(2).gif", "o.2(3).gif"}));
 }
 
 TEST(DeleteAfterwards, takesTheReportAndItsSideFiles) {

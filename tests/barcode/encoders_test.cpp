@@ -1,6 +1,5 @@
 // Symbols of each symbology as a reader takes them, and the rules of values.
 #include <algorithm>
-#include <array>
 #include <string_view>
 #include <vector>
 
@@ -10,6 +9,7 @@
 #include "barcode/vbarcodecalc.h"
 #include "base/errors.h"
 #include "document/vdata.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -80,24 +80,19 @@ TEST(Encoders, MakeSymbolsThatAreRead) {
 TEST(Encoders, MakeUpcEOfBothNumberSystems) {
   VBarCodeCalc calc;
   // By check digit, which decides the sets of digits.
-  const std::array<const char*, 10> systems[] = {
-      {"0461096", "0510276", "0860129", "0350496", "0398259", "0558418", "0483379", "0944118",
-       "0876236", "0055528"},
-      {"1181809", "1186159", "1819076", "1221779", "1360819", "1017497", "1162055", "1109886",
-       "1343346", "1592136"}};
-  for (const auto& values : systems) {
-    for (std::size_t check = 0; check < values.size(); ++check) {
-      EXPECT_EQ(read(calc.UPCE(values[check])),
-                std::string("UPC-E ") + values[check] + std::to_string(check));
-    }
+  // The check digit, the last one, decides the sets of digits.
+  for (const auto& [value, none] :
+       rowsOf("04610960|05102761|08601292|03504963|03982594|05584185|04833796|09441187|08762368|"
+              "00555289|11818090|11861591|18190762|12217793|13608194|10174975|11620556|11098867|"
+              "13433468|15921369")) {
+    EXPECT_EQ(read(calc.UPCE(value.substr(0, 7))), "UPC-E " + value);
   }
-  const std::pair<const char*, const char*> compressed[] = {
-      {"01200000678", "01267804"}, {"01210000678", "01267813"}, {"01220000678", "01267822"},
-      {"01234000005", "01234543"}, {"01234500005", "01234558"}, {"01234500006", "01234565"},
-      {"01234500007", "01234572"}, {"01234500008", "01234589"}, {"01234500009", "01234596"},
-      {"11234500009", "11234593"}};
-  for (const auto& [upca, upce] : compressed) {
-    EXPECT_EQ(read(calc.UPCE(upca)), std::string("UPC-E ") + upce) << upca;
+  for (const auto& [upca, upce] :
+       rowsOf("01200000678 01267804|01210000678 01267813|01220000678 01267822|"
+              "01234000005 01234543|01234500005 01234558|01234500006 01234565|"
+              "01234500007 01234572|01234500008 01234589|01234500009 01234596|"
+              "11234500009 11234593")) {
+    EXPECT_EQ(read(calc.UPCE(upca)), "UPC-E " + upce) << upca;
   }
   // Behind "3" to "9" the maker's fourth digit is lost, as it always was.
   calc.UPCE("01230000067");
@@ -154,41 +149,28 @@ TEST(Encoders, RefuseWhatTheyCannotHold) {
 }
 
 TEST(BarcodeValues, AreCheckedAsTheTypeStands) {
-  struct Row {
-    const char* type;
-    std::string value;
-    int left;
-    std::string held;
-  };
-  const std::vector<Row> rows = {
-      {"EAN_13", "5901234123450", 2, "590123412345"},
-      {"EAN_13", " 590123412345 ", 2, "590123412345"},
-      {"EAN_13", "12345", -1, "12345"},
-      {"EAN_13", "59012341234x", -1, "000000000000"},
-      {"UPCA", "ABC", -1, "ABC"},
-      {"EAN_13", "12345678901234", -1, "12345678901234"},
-      {"UPCA", "036000291452", 3, "03600029145"},
-      {"UPCA", "0360002914", -1, "0360002914"},
-      {"UPCE", "01234565", 4, "0123456"},
-      {"UPCE", "012345", -1, "012345"},
-      {"EAN_8", "963850", -1, "963850"},
-      {"EAN_8", "96385074", 1, "9638507"},
-      {"39", "abc", -1, "ERROR"},
-      {"39", "ABC-1", 5, "ABC-1"},
-      {"128", "  ", -1, "ERROR"},
-      {"CodeBar", "12E", -1, "0"},
-      {"ITF", "12a", -1, "0"},
-      {"93", "a", -1, "ERROR"},
-      {"KAREKOD", "any text", 12, "any text"},
-      {"128", std::string(10000, 'x'), 6, std::string(10000, 'x')},
-  };
-  for (const Row& row : rows) {
+  const auto held = [](const std::string& type, const std::string& value) {
     VData_BarCode code(nullptr);
-    code.SetType(row.type);
-    EXPECT_EQ(code.SetValue(row.value), row.left != -1) << row.value;
-    EXPECT_EQ(code.BarcodeType, row.left) << row.value;
-    EXPECT_EQ(code.Value, row.held);
+    code.SetType(type);
+    const bool taken = code.SetValue(value);
+    EXPECT_EQ(taken, code.BarcodeType != -1) << value;
+    return std::to_string(code.BarcodeType) + " " + code.Value;
+  };
+  // The type, the value, and what is left of both.
+  for (const auto& [type, rest] :
+       rowsOf("EAN_13 5901234123450 2 590123412345|EAN_13 12345 -1 12345|"
+              "EAN_13 12345678901234 -1 12345678901234|EAN_13 59012341234x -1 000000000000|"
+              "UPCA ABC -1 ABC|UPCA 036000291452 3 03600029145|UPCA 0360002914 -1 0360002914|"
+              "UPCE 01234565 4 0123456|UPCE 012345 -1 012345|EAN_8 963850 -1 963850|"
+              "EAN_8 96385074 1 9638507|39 abc -1 ERROR|39 ABC-1 5 ABC-1|CodeBar 12E -1 0|"
+              "ITF 12a -1 0|93 a -1 ERROR")) {
+    const auto blank = rest.find(' ');
+    EXPECT_EQ(held(type, rest.substr(0, blank)), rest.substr(blank + 1));
   }
+  EXPECT_EQ(held("EAN_13", " 590123412345 "), "2 590123412345");
+  EXPECT_EQ(held("128", "  "), "-1 ERROR");
+  EXPECT_EQ(held("KAREKOD", "any text"), "12 any text");
+  EXPECT_EQ(held("128", std::string(10000, 'x')), "6 " + std::string(10000, 'x'));
   VData_BarCode early(nullptr);
   EXPECT_FALSE(early.SetValue("ABC"));
   early.SetType("39");

@@ -1,8 +1,11 @@
 // What the lines of a report hold: texts, style tags, item tags.
+#include <array>
+
 #include <gtest/gtest.h>
 
 #include "document/colors.h"
 #include "support/report_reader.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -147,75 +150,51 @@ TEST(CommandLanguage, OtherItemsTakeTheirKeys) {
 }
 
 TEST(CommandLanguage, BarcodeTypesGoByNameOrNumber) {
-  const std::vector<std::pair<std::string, int>> rows = {
-      {"EAN_8", 1},   {"1", 1},   {"EAN_13", 2},     {"2", 2},        {"UPCA", 3},      {"3", 3},
-      {"UPCE", 4},    {"5", 4},   {"39", 5},         {"6", 5},        {"128", 6},       {"7", 6},
-      {"CodeBar", 7}, {"8", 7},   {"InterLeave", 8}, {"9", 8},        {"FullASCII", 9}, {"10", 9},
-      {"ITF", 10},    {"93", 11}, {"11", 11},        {"KAREKOD", 12}, {"12", 12},       {"4", -1},
-      {"ean_13", -1}, {"13", -1}};
-  for (const auto& [name, type] : rows) {
+  for (const auto& [name, type] :
+       rowsOf("EAN_8 1|1 1|EAN_13 2|2 2|UPCA 3|3 3|UPCE 4|5 4|39 5|6 5|128 6|7 6|CodeBar 7|8 7|"
+              "InterLeave 8|9 8|FullASCII 9|10 9|ITF 10|93 11|11 11|KAREKOD 12|12 12|4 -1|"
+              "ean_13 -1|13 -1")) {
     VData_BarCode code(nullptr);
     code.SetType(name);
-    EXPECT_EQ(code.BarcodeType, type) << name;
+    EXPECT_EQ(std::to_string(code.BarcodeType), type) << name;
   }
 }
 
-// In the order of their numbers, as red, green, blue.
-constexpr std::pair<const char*, std::uint32_t> kColors[] = {
-    {"Black", 0x000000},   {"Navy", 0x000080},   {"Teal", 0x008080},   {"Green", 0x008000},
-    {"Purple", 0x800080},  {"Maroon", 0x800000}, {"Olive", 0x808000},  {"Silver", 0xC0C0C0},
-    {"Gray", 0x808080},    {"Blue", 0x0000FF},   {"Aqua", 0x00FFFF},   {"Lime", 0x00FF00},
-    {"Fuchsia", 0xFF00FF}, {"Red", 0xFF0000},    {"Yellow", 0xFFFF00}, {"White", 0xFFFFFF},
-    {"LtGray", 0xC0C0C0},  {"DkGray", 0x808080}};
-
 TEST(CommandLanguage, ColoursGoByNameAndNumber) {
-  std::int32_t index = 0;
-  for (const auto& [name, rgb] : kColors) {
-    const Color color = (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
-    EXPECT_EQ(ColorByName(name), color) << name;
-    EXPECT_EQ(ColorByIndex(index++), color) << name;
+  // In the order of their numbers, as blue, green, red.
+  const auto colors = rowsOf(
+      "Black 0|Navy 800000|Teal 808000|Green 8000|Purple 800080|Maroon 80|Olive 8080|"
+      "Silver c0c0c0|Gray 808080|Blue ff0000|Aqua ffff00|Lime ff00|Fuchsia ff00ff|Red ff|"
+      "Yellow ffff|White ffffff|LtGray c0c0c0|DkGray 808080|other 0");
+  for (std::size_t i = 0; i < colors.size(); ++i) {
+    const auto& [name, color] = colors[i];
+    EXPECT_EQ(ColorByName(name), std::stoul(color, nullptr, 16)) << name;
+    EXPECT_EQ(ColorByIndex(static_cast<std::int32_t>(i)), ColorByName(name)) << name;
   }
-  EXPECT_EQ(ColorByIndex(18), 0U);
   EXPECT_EQ(ColorByIndex(-1), 0U);
 }
 
-// Each of the four families of keys, in the item that has it; "?" stands for the family.
+// Each of the four families of keys, in the items that have it, and where a dump tells the colour.
 TEST(CommandLanguage, ColoursReadInEveryForm) {
-  const std::pair<const char*, const char*> tags[] = {
-      {"<text ?/>", "fc"}, {"<barcode ?/>", "fc"}, {"<shape ?/>", "pc"},
-      {"<img ?/>", "bc"},  {"<shape ?/>", "bc"},   {"<barcode ?/>", "brc"}};
-  const std::pair<const char*, const char*> rows[] = {{"=Navy", "800000"},
-                                                      {"=red", "0"},
-                                                      {"16=5", "80"},
-                                                      {"16=99", "0"},
-                                                      {"16=-1", "0"},
-                                                      {"256=5", "0"},
-                                                      {"RGB=\"255,0,1\"", "100ff"},
-                                                      {"RGB=1,2,3", "30201"},
-                                                      {"RGB=7", "0"},
-                                                      {"RGB=7,8", "7"},
-                                                      {"RGB=1,x,3", "1"},
-                                                      {"RGB=257,256,1", "10001"},
-                                                      {"INT=16711681", "ff0001"},
-                                                      {"HEX=$0080FF", "80ff"},
-                                                      {"HEX=0x0080FF", "80ff"}};
-  for (const auto& [tag, family] : tags) {
-    for (const auto& [key, color] : rows) {
-      const auto told = [&, tag = tag, family = family](const std::string& value) {
-        std::string line = tag;
-        line.replace(line.find('?'), 1, std::string(family) + "INT=1 " + family + value);
-        return TestReport(line).dump();
-      };
-      EXPECT_EQ(told(key), told("INT=0x" + std::string(color))) << tag << family << key;
+  const std::array<std::string, 3> families[] = {{"text", "fc", "color="},
+                                                 {"barcode", "fc", "color="},
+                                                 {"shape", "pc", "pen 1 15 "},
+                                                 {"img", "pc", "pen 1 15 "},
+                                                 {"shape", "bc", "brush 0 "},
+                                                 {"barcode", "bc", "brush 0 "},
+                                                 {"barcode", "brc", "orient 0 color "}};
+  for (const auto& [item, key, place] : families) {
+    const auto dumpOf = [&, item = item, key = key](const std::string& form) {
+      return TestReport("<" + item + " " + key + "INT=1 " + key + form + "/>").dump();
+    };
+    for (const auto& [form, color] :
+         rowsOf("=Navy 800000|=red 0|16=5 80|16=99 0|16=-1 0|256=5 0|RGB=\"255,0,1\" 100ff|"
+                "RGB=1,2,3 30201|RGB=7 0|RGB=7,8 7|RGB=1,x,3 1|RGB=257,256,1 10001|"
+                "INT=16711681 ff0001|HEX=$0080FF 80ff|HEX=0x0080FF 80ff")) {
+      EXPECT_EQ(dumpOf(form), dumpOf("INT=0x" + color)) << item << key << form;
     }
-    std::string line = tag;
-    line.replace(line.find('?'), 1, std::string(family) + "INT=$123456");
-    const std::string dump = TestReport(line).dump();
-    const std::string place = std::string(family) == "bc"   ? "brush 0 123456"
-                              : std::string(family) == "pc" ? "pen 1 15 123456"
-                                                            : "color";
-    EXPECT_NE(dump.find(place), std::string::npos) << dump;
-    EXPECT_NE(dump.find("123456"), std::string::npos) << dump;
+    const std::string dump = dumpOf("INT=0x123456");
+    EXPECT_NE(dump.find(place + "123456"), std::string::npos) << dump;
     EXPECT_EQ(dump.find("123456"), dump.rfind("123456")) << dump;
   }
 }

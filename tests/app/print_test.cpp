@@ -77,16 +77,6 @@ TEST(Print, withoutReportSaysSo) {
   EXPECT_EQ(outcome.errors, "File for print not selected.\n");
 }
 
-TEST(Print, replacesAnEarlierFileOnlyByAWholeOne) {
-  const TemporaryDirectory place;
-  place.write("r.txt", "A\r\n\f");
-  place.write("r(print).pdf", "old");
-  EXPECT_NE(runViewer({"-g", "-f", "r.txt"}, {place.path(), {}, 2048}).errors, "");
-  EXPECT_EQ(place.read("r(print).pdf"), "old");
-  EXPECT_EQ(runViewer({"-g", "-f", "r.txt"}, in(place)).errors, "");
-  EXPECT_EQ(readPdf(place.path("r(print).pdf")).pages, 1);
-}
-
 TEST(Print, keepsTextTitleAndPages) {
   const TemporaryDirectory place;
   place.write("r.txt", "\x8F\xE0\xA8\xA2\xA5\xE2 world\r\n\fzweite\r\n\f\fvierte Seite");

@@ -1,7 +1,5 @@
 // Items that don't overlap look alike in whatever order they are drawn: none leaves a pen, a clip,
 // a font, a dash or a wrong glyph of a cache to those behind it.
-#include <cstdlib>
-
 #include <gtest/gtest.h>
 
 #include "support/page_picture.h"
@@ -60,14 +58,7 @@ std::string itemText(std::size_t number) {
 }
 
 // A PDF file tells places of neighbours in thousandths of a font, a part of a dot.
-bool areApart(std::uint32_t first, std::uint32_t second) {
-  constexpr int kLeast = 80;
-  for (const int shift : {0, 8, 16}) {
-    const auto part = [shift](std::uint32_t dot) { return static_cast<int>(dot >> shift & 0xFF); };
-    if (std::abs(part(first) - part(second)) > kLeast) return true;
-  }
-  return false;
-}
+constexpr int kPartOfADot = 80;
 
 TEST(ItemOrder, IsNotSeenOnAnyRoad) {
   const TemporaryDirectory place;
@@ -98,7 +89,7 @@ TEST(ItemOrder, IsNotSeenOnAnyRoad) {
       int different = 0;
       for (int y = cell.top; y < cell.bottom; ++y) {
         for (int x = cell.left; x < cell.right; ++x) {
-          different += areApart(dotAt(first, x, y), dotAt(second, x, y)) ? 1 : 0;
+          different += apart(dotAt(first, x, y), dotAt(second, x, y)) > kPartOfADot ? 1 : 0;
         }
       }
       EXPECT_EQ(different, 0) << static_cast<int>(road) << " " << itemText(i);

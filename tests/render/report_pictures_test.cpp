@@ -1,5 +1,4 @@
 // Pictures of a report, found by their names and drawn from the files that are meant.
-#include <cstdlib>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -11,27 +10,15 @@ namespace qor::test {
 namespace {
 
 void writePicture(const TemporaryDirectory& place, const std::string& name, std::uint32_t color) {
+  const std::pair<const char*, PictureFormat> formats[] = {
+      {".gif", PictureFormat::gif},   {".ico", PictureFormat::ico}, {".jpg", PictureFormat::jpeg},
+      {".jpeg", PictureFormat::jpeg}, {".bmp", PictureFormat::bmp}, {"", PictureFormat::png}};
+  const auto* format = formats;
+  while (!name.ends_with(format->first)) ++format;
   const std::vector<std::uint32_t> pixels(16 * 16, color);
-  const PictureFormat format = name.ends_with(".gif")   ? PictureFormat::gif
-                               : name.ends_with(".ico") ? PictureFormat::ico
-                               : name.ends_with(".bmp") ? PictureFormat::bmp
-                               : name.ends_with(".jpg") || name.ends_with("eg")
-                                   ? PictureFormat::jpeg
-                                   : PictureFormat::png;
   StringSink sink;
-  encodePicture({16, 16, 16, pixels.data()}, format, 96, sink);
+  encodePicture({16, 16, 16, pixels.data()}, format->second, 96, sink);
   place.write(name, sink.text());
-}
-
-int apart(std::uint32_t first, std::uint32_t second) {
-  int most = 0;
-  for (const int shift : {0, 8, 16}) {
-    const auto part = [shift](std::uint32_t color) {
-      return static_cast<int>(color >> shift & 255);
-    };
-    most = std::max(most, std::abs(part(first) - part(second)));
-  }
-  return most;
 }
 
 // As many rows as keep sixteen pictures from being the last used, of files of one length among

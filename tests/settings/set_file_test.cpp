@@ -297,20 +297,31 @@ TEST(GetKeyValue, takesWhatStandsBehindTheKey) {
 }
 
 TEST_F(SetFileTest, writesAndReadsNumbers) {
-  const std::pair<double, const char*> written[] = {
-      {0, "0"}, {210, "210"}, {-12.5, "-12.5"}, {0.1, "0.1"}, {0.0001, "0.0001"}, {1e20, "1E20"},
-  };
-  for (const auto& [value, text] : written) EXPECT_EQ(FloatToStr(value), text);
-  EXPECT_EQ(FloatToStr(1.0 / 3), "0.333333333333333");
-  EXPECT_EQ(FloatToStr(123456789012345), "123456789012345");
-  const std::pair<const char*, double> read[] = {
-      {"12,5", 12.5},      {"12.5", 12.5},   {"1,234.5", 1.234}, {"1.234,5", 1.2345},
-      {"1 000,5", 1000.5}, {"-3,5mm", -3.5}, {"+3", 3},          {".5", 0.5},
-      {"1e3", 1000},       {"12/>", 12},
-  };
-  for (const auto& [text, value] : read) EXPECT_EQ(ParseDoubleAnyLocale(text), value) << text;
-  for (const char* text : {"", "abc", "-"}) EXPECT_EQ(ParseDoubleAnyLocale(text), 0) << text;
-
+  for (const auto& [value, text] : {std::pair{0.0, "0"},
+                                    {210, "210"},
+                                    {-12.5, "-12.5"},
+                                    {0.1, "0.1"},
+                                    {0.0001, "0.0001"},
+                                    {1e20, "1E20"},
+                                    {1.0 / 3, "0.333333333333333"},
+                                    {123456789012345, "123456789012345"}}) {
+    EXPECT_EQ(FloatToStr(value), text);
+  }
+  for (const auto& [text, value] : {std::pair{"12,5", 12.5},
+                                    {"12.5", 12.5},
+                                    {"1,234.5", 1.234},
+                                    {"1.234,5", 1.2345},
+                                    {"1 000,5", 1000.5},
+                                    {"-3,5mm", -3.5},
+                                    {"+3", 3},
+                                    {".5", 0.5},
+                                    {"1e3", 1000},
+                                    {"12/>", 12},
+                                    {"", 0},
+                                    {"abc", 0},
+                                    {"-", 0}}) {
+    EXPECT_EQ(ParseDoubleAnyLocale(text), value) << text;
+  }
   if (run({"localedef", "-i", "ru_RU", "-f", "UTF-8", place_.path("ru_RU.utf8")}).exitCode != 0) {
     GTEST_SKIP() << "no source of a locale with a decimal comma";
   }

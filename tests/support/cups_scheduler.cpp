@@ -159,11 +159,4 @@ std::uintmax_t CupsScheduler::received() const {
   return bytes;
 }
 
-int CupsScheduler::requests() const {
-  const auto lines = linesOf(place_.read("access_log"));
-  return static_cast<int>(std::count_if(lines.begin(), lines.end(), [](const std::string& line) {
-    return line.find("\"POST ") != std::string::npos;
-  }));
-}
-
 }  // namespace qor::test

@@ -44,9 +44,6 @@ class CupsScheduler {
   // The bytes that have arrived of the document on its way.
   std::uintmax_t received() const;
 
-  // How often it was asked something.
-  int requests() const;
-
   void kill() { process_->kill(); }
 
  private:

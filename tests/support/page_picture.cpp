@@ -1,6 +1,7 @@
 #include "support/page_picture.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <stdexcept>
 
 #include "support/pdf_reader.h"
@@ -40,6 +41,15 @@ std::uint32_t dotAt(const Picture& picture, int x, int y) {
 bool isInk(const Picture& picture, int x, int y) {
   const std::uint32_t dot = dotAt(picture, x, y);
   return (dot >> 16) + (dot >> 8 & 0xFF) + (dot & 0xFF) < 3 * 128;
+}
+
+int apart(std::uint32_t first, std::uint32_t second) {
+  int most = 0;
+  for (const int shift : {0, 8, 16}) {
+    const auto part = [shift](std::uint32_t dot) { return static_cast<int>(dot >> shift & 0xFF); };
+    most = std::max(most, std::abs(part(first) - part(second)));
+  }
+  return most;
 }
 
 DotBox inkBox(const Picture& picture, const DotBox& within) {

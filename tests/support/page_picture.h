@@ -32,6 +32,9 @@ std::string text(const DotBox& box);
 std::uint32_t dotAt(const Picture& picture, int x, int y);
 bool isInk(const Picture& picture, int x, int y);  // nearer to black than to white
 
+// How far two dots are apart in the colour where they differ most.
+int apart(std::uint32_t first, std::uint32_t second);
+
 // What is not white, within the box.
 DotBox inkBox(const Picture& picture, const DotBox& within);
 

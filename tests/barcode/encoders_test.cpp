@@ -124,16 +124,6 @@ TEST(Encoders, PutCheckDigitsRight) {
   EXPECT_EQ(calc.ITF("15400141288760"), calc.ITF("1540014128876"));
 }
 
-TEST(Encoders, Code128KeepsItsCheckModuloTheStart) {
-  VBarCodeCalc calc;
-  calc.Code128("Y");
-  const std::string letterY = patterns(calc).substr(12, 11);
-  // Set B: 3177 modulo 104 is 57, the value of "Y".
-  calc.Code128("Wikipedia");
-  EXPECT_EQ(patterns(calc).substr(10 * 12, 11), letterY);
-  EXPECT_EQ(calc.Code128("A\xE9").size(), calc.Code128("A").size());
-}
-
 TEST(Encoders, RefuseWhatTheyCannotHold) {
   VBarCodeCalc calc;
   EXPECT_EQ(calc.EAN13("123"), "");

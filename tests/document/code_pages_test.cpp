@@ -48,12 +48,9 @@ TEST(CodePages, AreToldApart) {
     const char* text;
   };
   const Row rows[] = {
-      {866, "\x80\xE1\xF2\xF5", "АсЄї"},  {1251, "\xA5\xB4\xC0\xE1", "ҐґАб"},
-      {1254, "\x8C\xD0\xDD\xFE", "ŒĞİş"}, {857, "\x8D\x98\xA6\x9F", "ıİĞş"},
-      {1252, "\xD0\xDD\xE9", "ÐÝé"},      {1253, "\xC1\xE2", "Αβ"},
-      {28595, "\xB6\xD0\xF0", "Жа№"},     {28599, "\xD0\xDD", "Ğİ"},
-      {20866, "\xA4\xC1\xF7", "╓аВ"},     {21866, "\xA4\xC1\xF7", "єаВ"},
-      {10000, "\x80\x8A", "Ää"},          {437, "\x9B\xE0", "¢α"},
+      {1252, "\xD0\xDD\xE9", "ÐÝé"}, {1253, "\xC1\xE2", "Αβ"},       {28595, "\xB6\xD0\xF0", "Жа№"},
+      {28599, "\xD0\xDD", "Ğİ"},     {20866, "\xA4\xC1\xF7", "╓аВ"}, {21866, "\xA4\xC1\xF7", "єаВ"},
+      {10000, "\x80\x8A", "Ää"},     {437, "\x9B\xE0", "¢α"},
   };
   for (const Row& row : rows) {
     EXPECT_EQ(utf8FromCodePage(row.bytes, row.codePage), row.text) << row.codePage;

@@ -72,6 +72,12 @@ TEST_F(ImageExport, PutsItemsAtTheirMillimetres) {
       {"<shape sh_type=4 pt=0 bt=1" + place, "75,113 378,189"},
       {"<img image=\"p.bmp\" left=20 top=30/>", "76,113 116,143"},
       {"<img image=\"p.bmp\" imgSS=1" + place, "75,113 378,189"},
+      // 75.6 high, so 100.8 wide; 75.6 wide, so 56.7 high, each in the middle.
+      {"<img image=\"p.bmp\" imgSS=2" + place, "176,113 278,189"},
+      {"<img image=\"p.bmp\" imgSS=2 left=20 top=30 right=40 bottom=70/>", "75,160 152,218"},
+      // A dot is a twip in the corner, or nothing at all.
+      {"<img image=\"p.bmp\" imgSS=3" + place, "0,0 3,2"},
+      {"<img image=\"p.bmp\" imgSS=4" + place, "793,1122 0,0"},
   };
   for (const auto& [item, box] : rows) EXPECT_EQ(inkOf(item), box) << item;
 }

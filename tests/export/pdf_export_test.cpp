@@ -357,22 +357,6 @@ TEST_F(PdfExport, endsAsEachFailureShould) {
   EXPECT_TRUE(directory_.has("r.txt")) << "nothing came of it";
 }
 
-TEST_F(PdfExport, takesWhateverAReportHolds) {
-  directory_.write("broken.png", "\x89PNG\r\n\x1A\nand no more");
-  directory_.write("cut.jpg", "\xFF\xD8\xFF\xE0");
-  const std::string hostile =
-      "<img image=\"broken.png\" left=1 top=1/><img image=\"cut.jpg\" left=1 top=1 imgSS=1/>\r\n"
-      "<text left=50 top=50 right=10 bottom=10 tc=X/><img left=9 top=9 right=1 bottom=1 imgSS=2 "
-      "image=\"broken.png\"/>\r\n[tl:[tt:[fc:\r\n"
-      "A[tr:inf:tr][tl:5:tl][fs:nan:fs]\r\n<text left=99999 top=-99999 height=30000 "
-      "tc=X/>\r\n"
-      "<text left=1 top=1 tc=\"\"/><font fn=\"No such face\" height=0>y\r\n" +
-      std::string(1000000, 'z') + "\r\n";
-  EXPECT_EQ(exportReport(hostile).errors, "");
-  EXPECT_EQ(run({"qpdf", "--check", directory_.path("r.pdf")}).exitCode, 0);
-  EXPECT_EQ(run({"pdftotext", directory_.path("r.pdf"), "-"}).errors, "");
-}
-
 // A window asks for the width of its page, 813 pixels, by what the font's height divides it.
 TEST(PdfPage, takesItsWidthFromTheWindow) {
   struct Row {

@@ -1,10 +1,7 @@
 // Shapes and images as they reach the canvas.
-#include <sstream>
-
 #include <gtest/gtest.h>
 
 #include "platform/picture.h"
-#include "render/image_placing.h"
 #include "render/page_walk.h"
 #include "render/path_ellipsis.h"
 #include "support/recording_canvas.h"
@@ -61,28 +58,6 @@ TEST(ShapeDrawing, TypeFiveLeavesAPictureBesideTheReport) {
   EXPECT_LT(level(40, 3), 50U);
   EXPECT_GT(level(40, 40), 200U);
   EXPECT_GT(level(inside->width - 1, 40), 200U);
-}
-
-// Of a picture of 100 by 50 dots.
-TEST(ImagePlacing, FollowsTheStretchMode) {
-  struct Row {
-    int mode;
-    Rect box;
-    const char* place;
-  };
-  for (const Row& row :
-       {Row{0, {100, 200, 9, 9}, "100,200 1600,950"},
-        Row{1, {100, 200, 1100, 700}, "100,200 1100,700"},
-        Row{2, {100, 200, 1100, 700}, "100,200 1100,700"},
-        Row{2, {100, 200, 1100, 1201}, "100,450 1100,950"},
-        Row{2, {0, 0, 1001, 100}, "400,0 600,100"}, Row{2, {0, 0, 0, 100}, "none"},
-        Row{3, {100, 200, 1100, 700}, "0,0 100,50"}, Row{4, {100, 200, 1100, 700}, "none"}}) {
-    const auto place = placeImage(row.mode, row.box, 100, 50);
-    std::ostringstream text;
-    if (place)
-      text << place->left << "," << place->top << " " << place->right << "," << place->bottom;
-    EXPECT_EQ(place ? text.str() : "none", row.place) << row.mode;
-  }
 }
 
 TEST(ImageDrawing, ShowsThePictureOrTheReasonWhyNot) {

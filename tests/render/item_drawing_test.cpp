@@ -110,19 +110,16 @@ TEST(ImageDrawing, MessagesKeepOffTheSpacingOfTexts) {
 }
 
 TEST(PathEllipsis, KeepsTheLastComponent) {
-  const auto width = [](char32_t) { return 1.0; };
-  struct Row {
-    const char32_t* text;
-    double room;
-    const char32_t* shown;
+  const auto shown = [](std::u32string_view text, double room) {
+    const auto fitted = withPathEllipsis(text, room, [](char32_t) { return 1.0; });
+    return std::string(fitted.begin(), fitted.end());
   };
-  const Row rows[] = {{U"a/b/file.png", 20, U"a/b/file.png"},
-                      {U"directory/file.png", 15, U"dir.../file.png"},
-                      {U"directory\\file.png", 12, U"...\\file.png"},
-                      {U"directory/file.png", 6, U".../fi"},
-                      {U"filename.png", 6, U"...fil"},
-                      {U"a/b", 0, U""}};
-  for (const Row& row : rows) EXPECT_TRUE(withPathEllipsis(row.text, row.room, width) == row.shown);
+  EXPECT_EQ(shown(U"a/b/file.png", 20), "a/b/file.png");
+  EXPECT_EQ(shown(U"directory/file.png", 15), "dir.../file.png");
+  EXPECT_EQ(shown(U"directory\\file.png", 12), "...\\file.png");
+  EXPECT_EQ(shown(U"directory/file.png", 6), ".../fi");
+  EXPECT_EQ(shown(U"filename.png", 6), "...fil");
+  EXPECT_EQ(shown(U"a/b", 0), "");
 }
 
 }  // namespace

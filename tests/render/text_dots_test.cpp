@@ -5,6 +5,7 @@
 
 #include "platform/text_encoding.h"
 #include "support/page_picture.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -66,67 +67,38 @@ TEST(TextDots, MissingStylesAreMade) {
   }
 }
 
-struct BoxLetter {
-  const char* letter;
-  const char* arms;  // strokes at the left, upper, right and lower edge
-};
-
-// By the names of the characters.
-constexpr BoxLetter kLetters[] = {
-    {"─", "1010"}, {"│", "0101"}, {"┌", "0011"}, {"┐", "1001"}, {"└", "0110"}, {"┘", "1100"},
-    {"├", "0111"}, {"┤", "1101"}, {"┬", "1011"}, {"┴", "1110"}, {"┼", "1111"}, {"═", "2020"},
-    {"║", "0202"}, {"╒", "0021"}, {"╓", "0012"}, {"╔", "0022"}, {"╕", "2001"}, {"╖", "1002"},
-    {"╗", "2002"}, {"╘", "0120"}, {"╙", "0210"}, {"╚", "0220"}, {"╛", "2100"}, {"╜", "1200"},
-    {"╝", "2200"}, {"╞", "0121"}, {"╟", "0212"}, {"╠", "0222"}, {"╡", "2101"}, {"╢", "1202"},
-    {"╣", "2202"}, {"╤", "2021"}, {"╥", "1012"}, {"╦", "2022"}, {"╧", "2120"}, {"╨", "1210"},
-    {"╩", "2220"}, {"╪", "2121"}, {"╫", "1212"}, {"╬", "2222"}};
-
-struct BlockLetter {
-  const char* letter;
-  int quarters[4];  // of ink in 255: upper left and right, lower left and right
-};
-constexpr BlockLetter kBlocks[] = {{"▀", {255, 255, 0, 0}},     {"▄", {0, 0, 255, 255}},
-                                   {"█", {255, 255, 255, 255}}, {"▌", {255, 0, 255, 0}},
-                                   {"▐", {0, 255, 0, 255}},     {"░", {64, 64, 64, 64}},
-                                   {"▒", {128, 128, 128, 128}}, {"▓", {192, 192, 192, 192}}};
-
-// The cells of letters on a page: at 40 points they are 32.005 by 60.4 dots.
-class LetterCells {
- public:
-  static constexpr int kColumns = 10;
-
-  void add(const char* letter) {
-    const int left = 10 + 15 * (count_ % kColumns);
-    const int top = 10 + 25 * (count_ / kColumns);
-    report_ +=
+// The first of each row as a letter of its own on a page, 40 points high: its cell is 32.005
+// by 60.4 dots. Gives the page and the cells.
+std::pair<Picture, std::vector<DotBox>> lettersOf(
+    const std::vector<std::pair<std::string, std::string>>& rows) {
+  constexpr int kColumns = 10;
+  std::string report;
+  std::vector<DotBox> cells;
+  for (const auto& [letter, expected] : rows) {
+    const int count = static_cast<int>(cells.size());
+    const int left = 10 + 15 * (count % kColumns);
+    const int top = 10 + 25 * (count / kColumns);
+    report +=
         placed(left, top,
                "height=40 tc=\"" + codePageFromUtf8(letter, 866, Substitute::questionMark) + "\"");
-    cells_.push_back({static_cast<int>(std::lround(dotOf(left))),
-                      static_cast<int>(std::lround(dotOf(top))),
-                      static_cast<int>(std::lround(dotOf(left) + 32.005)),
-                      static_cast<int>(std::lround(dotOf(top) + 60.4))});
-    ++count_;
+    const auto dot = [](double place) { return static_cast<int>(std::lround(place)); };
+    cells.push_back(
+        {dot(dotOf(left)), dot(dotOf(top)), dot(dotOf(left) + 32.005), dot(dotOf(top) + 60.4)});
   }
+  return {pageBy(Road::picture, TemporaryDirectory(), report), cells};
+}
 
-  Picture page() const {
-    const TemporaryDirectory place;
-    return pageBy(Road::picture, place, report_);
-  }
-  const DotBox& operator[](std::size_t i) const { return cells_[i]; }
-
- private:
-  int count_ = 0;
-  std::string report_;
-  std::vector<DotBox> cells_;
-};
-
+// The strokes at the left, upper, right and lower edge, by the names of the characters.
 TEST(TextDots, BoxLinesReachTheEdgesThatTheirNamesTell) {
-  LetterCells cells;
-  for (const BoxLetter& row : kLetters) cells.add(row.letter);
-  const Picture page = cells.page();
-  for (std::size_t i = 0; i < std::size(kLetters); ++i) {
+  const auto rows = rowsOf(
+      "─ 1010|│ 0101|┌ 0011|┐ 1001|└ 0110|┘ 1100|├ 0111|┤ 1101|┬ 1011|┴ 1110|┼ 1111|═ 2020|║ 0202|"
+      "╒ 0021|╓ 0012|╔ 0022|╕ 2001|╖ 1002|╗ 2002|╘ 0120|╙ 0210|╚ 0220|╛ 2100|╜ 1200|╝ 2200|╞ 0121|"
+      "╟ 0212|╠ 0222|╡ 2101|╢ 1202|╣ 2202|╤ 2021|╥ 1012|╦ 2022|╧ 2120|╨ 1210|╩ 2220|╪ 2121|╫ 1212|"
+      "╬ 2222");
+  const auto [page, cells] = lettersOf(rows);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
     const DotBox& cell = cells[i];
-    const auto strokes = [&page](int x, int y, int stepX, int stepY, int length) {
+    const auto strokes = [&page = page](int x, int y, int stepX, int stepY, int length) {
       int count = 0;
       bool before = false;
       for (int n = 0; n < length; ++n) {
@@ -142,24 +114,25 @@ TEST(TextDots, BoxLinesReachTheEdgesThatTheirNamesTell) {
                   strokes(cell.left, cell.top, 1, 0, width) +
                   strokes(cell.right - 1, cell.top, 0, 1, height) +
                   strokes(cell.left, cell.bottom - 1, 1, 0, width),
-              kLetters[i].arms)
-        << kLetters[i].letter;
+              rows[i].second)
+        << rows[i].first;
     EXPECT_EQ(inkBox(page, cell),
               inkBox(page, {cell.left - 3, cell.top - 3, cell.right + 3, cell.bottom + 3}));
   }
 }
 
+// Quarters of ink in the upper left and right and the lower left and right of the cell.
 TEST(TextDots, BlocksFillTheirPartOfTheCell) {
-  LetterCells cells;
-  for (const BlockLetter& row : kBlocks) cells.add(row.letter);
-  const Picture page = cells.page();
-  for (std::size_t i = 0; i < std::size(kBlocks); ++i) {
+  const auto rows = rowsOf("▀ 4400|▄ 0044|█ 4444|▌ 4040|▐ 0404|░ 1111|▒ 2222|▓ 3333");
+  const auto [page, cells] = lettersOf(rows);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
     const DotBox& cell = cells[i];
-    for (int quarter = 0; quarter < 4; ++quarter) {
-      const int x = quarter % 2 == 0 ? cell.left + 2 : cell.right - 3;
-      const int y = quarter < 2 ? cell.top + 2 : cell.bottom - 3;
-      EXPECT_NEAR(255 - static_cast<int>(dotAt(page, x, y) & 0xFF), kBlocks[i].quarters[quarter], 1)
-          << kBlocks[i].letter << quarter;
+    for (std::size_t part = 0; part < 4; ++part) {
+      const int x = part % 2 == 0 ? cell.left + 2 : cell.right - 3;
+      const int y = part < 2 ? cell.top + 2 : cell.bottom - 3;
+      EXPECT_NEAR(255 - static_cast<int>(dotAt(page, x, y) & 0xFF),
+                  (rows[i].second[part] - '0') * 64, 2)
+          << rows[i].first << part;
     }
   }
 }

@@ -2,9 +2,7 @@
 #include "settings/printers.h"
 
 #include <algorithm>
-#include <cmath>
 #include <memory>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -15,6 +13,7 @@
 #include "settings/print_scale.h"
 #include "settings/printer_lists.h"
 #include "settings/printer_tree.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -308,32 +307,22 @@ TEST(PrintScale, fillsThePaperWithThePage) {
 
 // The sheets of the common numbers as Windows has them, millimetres and inches.
 TEST(PaperTable, hasTheSheetsOfWindows) {
-  const std::pair<const char*, double> units[] = {
-      {"8:297x420 9:210x297 10:210x297 11:148x210 12:257x364 13:182x257 27:110x220 28:162x229 "
-       "29:324x458 30:229x324 31:114x162 32:114x229 33:250x353 34:176x250 35:125x176 36:110x230 "
-       "42:250x353 43:100x148 47:220x220 53:235.5x322.3 55:210x297 57:227x356 58:305x487 "
-       "60:210x330 "
-       "61:148x210 62:182x257 63:322x445 64:174x235 65:201x276 66:420x594 67:297x420 69:148x200 "
-       "70:105x148 71:240x332 72:216x277 73:120x235 74:90x205 76:420x297 77:297x210 88:128x182 ",
-       100},
-      {"1:8.5x11 3:11x17 4:17x11 5:8.5x14 6:5.5x8.5 7:7.25x10.5 14:8.5x13 16:10x14 17:11x17 "
-       "18:8.5x11 19:3.875x8.875 20:4.125x9.5 21:4.5x10.375 22:4.75x11 23:5x11.5 24:17x22 25:22x34 "
-       "26:34x44 37:3.875x7.5 38:3.625x6.5 39:14.875x11 40:8.5x12 41:8.5x13 44:9x11 45:10x11 "
-       "46:15x11 50:9.5x12 51:9.5x15 52:11.69x18 59:8.5x12.69 75:11x8.5 ",
-       2540}};
-  for (const auto& [papers, unit] : units) {
-    std::istringstream in(papers);
-    int number = 0;
-    double width = 0;
-    double length = 0;
-    for (char mark = 0; in >> number >> mark >> width >> mark >> length;) {
-      const auto row = std::find_if(paperTable().begin(), paperTable().end(),
-                                    [&](const PaperRow& paper) { return paper.number == number; });
-      ASSERT_NE(row, paperTable().end()) << number;
-      EXPECT_EQ(sizeOf(*row), (MediaSize{static_cast<int>(std::lround(width * unit)),
-                                         static_cast<int>(std::lround(length * unit))}))
-          << number;
-    }
+  for (const auto& [number, size] :
+       rowsOf("8 297x420mm|9 210x297mm|10 210x297mm|11 148x210mm|12 257x364mm|13 182x257mm|"
+              "27 110x220mm|28 162x229mm|29 324x458mm|30 229x324mm|31 114x162mm|32 114x229mm|"
+              "33 250x353mm|34 176x250mm|35 125x176mm|36 110x230mm|42 250x353mm|43 100x148mm|"
+              "47 220x220mm|53 235.5x322.3mm|55 210x297mm|57 227x356mm|58 305x487mm|60 210x330mm|"
+              "61 148x210mm|62 182x257mm|63 322x445mm|64 174x235mm|65 201x276mm|66 420x594mm|"
+              "67 297x420mm|69 148x200mm|70 105x148mm|71 240x332mm|72 216x277mm|73 120x235mm|"
+              "74 90x205mm|76 420x297mm|77 297x210mm|88 128x182mm|1 8.5x11in|3 11x17in|4 17x11in|"
+              "5 8.5x14in|6 5.5x8.5in|7 7.25x10.5in|14 8.5x13in|16 10x14in|17 11x17in|18 8.5x11in|"
+              "19 3.875x8.875in|20 4.125x9.5in|21 4.5x10.375in|22 4.75x11in|23 5x11.5in|24 17x22in|"
+              "25 22x34in|26 34x44in|37 3.875x7.5in|38 3.625x6.5in|39 14.875x11in|40 8.5x12in|"
+              "41 8.5x13in|44 9x11in|45 10x11in|46 15x11in|50 9.5x12in|51 9.5x15in|52 11.69x18in|"
+              "59 8.5x12.69in|75 11x8.5in")) {
+    const auto row = std::ranges::find(paperTable(), std::stoi(number), &PaperRow::number);
+    ASSERT_NE(row, paperTable().end()) << number;
+    EXPECT_EQ(sizeOf(*row), sizeOfMedia("windows_" + size)) << number;
   }
   for (const PaperRow& row : paperTable()) {
     EXPECT_TRUE(sizeOfMedia(row.media)) << row.media;

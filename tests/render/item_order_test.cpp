@@ -49,12 +49,8 @@ std::string itemText(std::size_t number) {
   const Item& item = kItems[number];
   const int left = 3 + kColumn * (static_cast<int>(number) % kColumns);
   const int top = 15 + kRow * (static_cast<int>(number) / kColumns);
-  const auto key = [](const char* name, int value) {
-    return std::string(" ") + name + "=" + std::to_string(value);
-  };
-  std::string tag = std::string("<") + item.start + key("left", left) + key("top", top);
-  if (item.hasBox) tag += key("right", left + 40) + key("bottom", top + 15);
-  return tag + " " + item.keys + "/>\r\n";
+  return itemTag(item.start, {left, top, item.hasBox ? left + 40 : 0, item.hasBox ? top + 15 : 0},
+                 item.keys);
 }
 
 // A PDF file tells places of neighbours in thousandths of a font, a part of a dot.
@@ -82,10 +78,9 @@ TEST(ItemOrder, IsNotSeenOnAnyRoad) {
     for (std::size_t i = 0; i < std::size(kItems); ++i) {
       const int column = static_cast<int>(i) % kColumns;
       const int row = static_cast<int>(i) / kColumns;
-      const DotBox cell = {static_cast<int>(dotOf(kColumn * column)),
-                           static_cast<int>(dotOf(kRow * row)),
-                           static_cast<int>(dotOf(kColumn * (column + 1))),
-                           static_cast<int>(dotOf(kRow * (row + 1)))};
+      const auto dot = [](int millimetres) { return static_cast<int>(dotOf(millimetres)); };
+      const Box cell = {dot(kColumn * column), dot(kRow * row), dot(kColumn * (column + 1)),
+                        dot(kRow * (row + 1))};
       int different = 0;
       for (int y = cell.top; y < cell.bottom; ++y) {
         for (int x = cell.left; x < cell.right; ++x) {

@@ -10,14 +10,6 @@
 namespace qor::test {
 namespace {
 
-std::string shape(int left, int top, int right, int bottom, const std::string& keys) {
-  const auto key = [](const char* name, int value) {
-    return std::string(name) + "=" + std::to_string(value) + " ";
-  };
-  return "<shape " + key("left", left) + key("top", top) + key("right", right) +
-         key("bottom", bottom) + keys + "/>\r\n";
-}
-
 // In how many rows, columns and diagonals of a square of 32 dots every dot is ink.
 std::string fullLines(const Picture& page, int left, int top) {
   constexpr int kSide = 32;
@@ -46,8 +38,8 @@ TEST(ShapeDots, HatchesRunTheirWayEightDotsApart) {
   std::string report;
   for (const auto& [type, lines] : rows) {
     const int left = 10 + 25 * (type - 1);
-    report += shape(left, 10, left + 22, 40,
-                    "sh_type=2 pt=0 bcRGB=\"120,30,9\" bt=" + std::to_string(type));
+    report += itemTag("shape", {left, 10, left + 22, 40},
+                      "sh_type=2 pt=0 bcRGB=\"120,30,9\" bt=" + std::to_string(type));
   }
   const TemporaryDirectory place;
   const Picture page = pageBy(Road::picture, place, report);
@@ -102,12 +94,13 @@ TEST(ShapeDots, PensHaveTheirPatternsAndWidths) {
       {"pt=1 lw=23", "378 ", 2},
   };
   std::string report;
-  int top = 10;
-  for (const Row& row : rows) report += shape(10, top, 110, top, row.keys), top += 10;
+  for (int top = 10; const Row& row : rows) {
+    report += itemTag("shape", {10, top, 110, top}, row.keys);
+    top += 10;
+  }
   const TemporaryDirectory place;
   const Picture page = pageBy(Road::picture, place, report);
-  top = 10;
-  for (const Row& row : rows) {
+  for (int top = 10; const Row& row : rows) {
     const int y = static_cast<int>(dotOf(top));
     const std::string runs = row.runs;
     const auto count = std::count(runs.begin(), runs.end(), ' ') + 1;
@@ -121,7 +114,7 @@ TEST(ShapeDots, CornersAreRoundedByWidthAndHeight) {
   const TemporaryDirectory place;
   // From 75,113 to 378,227; a corner is a quarter of 40 by 10 dots.
   const std::string keys = "sh_type=3 rw=1200 rh=300 pcRGB=\"0,0,90\"";
-  const Picture page = pageBy(Road::picture, place, shape(20, 30, 100, 60, keys));
+  const Picture page = pageBy(Road::picture, place, itemTag("shape", {20, 30, 100, 60}, keys));
   EXPECT_EQ(dotAt(page, 75 + 20, 113), 0xFFFFFFU);
   EXPECT_EQ(dotAt(page, 75 + 42, 113), 0x00005AU);
   EXPECT_EQ(dotAt(page, 75, 113 + 5), 0xFFFFFFU);
@@ -139,9 +132,9 @@ TEST(ShapeDots, PicturesKeepTheirColoursAndDirections) {
   run({"convert-im6.q16", "-size", "40x40", "xc:none", "-fill", "#FF000080", "-draw",
        "rectangle 0,0 19,39", place.path("half.png")});
   const std::string report =
-      "<img image=\"cells.png\" imgSS=1 left=10 top=20 right=50 bottom=80/>\r\n" +
-      shape(60, 20, 80, 40, "sh_type=2 bt=1 pt=0 bcRGB=\"0,0,255\"") +
-      "<img image=\"half.png\" imgSS=0 left=62 top=22/>\r\n";
+      itemTag("img", {10, 20, 50, 80}, "image=\"cells.png\" imgSS=1") +
+      itemTag("shape", {60, 20, 80, 40}, "sh_type=2 bt=1 pt=0 bcRGB=\"0,0,255\"") +
+      itemTag("img", {62, 22, 0, 0}, "image=\"half.png\"");
   for (const Road road : kRoads) {
     SCOPED_TRACE(static_cast<int>(road));
     const Picture page = pageBy(road, place, report);

@@ -10,9 +10,8 @@
 namespace qor::test {
 namespace {
 
-std::string placed(double left, double top, const std::string& keys) {
-  return "<text left=" + std::to_string(static_cast<int>(left)) +
-         " top=" + std::to_string(static_cast<int>(top)) + " " + keys + "/>\r\n";
+std::string placed(int left, int top, const std::string& keys) {
+  return itemTag("text", {left, top, 0, 0}, keys);
 }
 
 // Blanks show nothing but their strokes. At 60 points an em is 80 dots; the face has 2048 units, an
@@ -55,8 +54,8 @@ TEST(TextDots, MissingStylesAreMade) {
       const auto first = static_cast<int>(dotOf(top));
       return inkBox(page, {0, first, page.width, first + 140});
     };
-    const auto width = [](const DotBox& box) { return box.right - box.left; };
-    const DotBox plain = inkAt(20);
+    const auto width = [](const Box& box) { return box.right - box.left; };
+    const Box plain = inkAt(20);
     const int height = plain.bottom - plain.top;
     EXPECT_GT(height, 40);
     // An em is 80 dots; both ways of making bold add between a fiftieth and a tenth of it.
@@ -69,11 +68,11 @@ TEST(TextDots, MissingStylesAreMade) {
 
 // The first of each row as a letter of its own on a page, 40 points high: its cell is 32.005
 // by 60.4 dots. Gives the page and the cells.
-std::pair<Picture, std::vector<DotBox>> lettersOf(
+std::pair<Picture, std::vector<Box>> lettersOf(
     const std::vector<std::pair<std::string, std::string>>& rows) {
   constexpr int kColumns = 10;
   std::string report;
-  std::vector<DotBox> cells;
+  std::vector<Box> cells;
   for (const auto& [letter, expected] : rows) {
     const int count = static_cast<int>(cells.size());
     const int left = 10 + 15 * (count % kColumns);
@@ -97,7 +96,7 @@ TEST(TextDots, BoxLinesReachTheEdgesThatTheirNamesTell) {
       "╬ 2222");
   const auto [page, cells] = lettersOf(rows);
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    const DotBox& cell = cells[i];
+    const Box& cell = cells[i];
     const auto strokes = [&page = page](int x, int y, int stepX, int stepY, int length) {
       int count = 0;
       bool before = false;
@@ -126,7 +125,7 @@ TEST(TextDots, BlocksFillTheirPartOfTheCell) {
   const auto rows = rowsOf("▀ 4400|▄ 0044|█ 4444|▌ 4040|▐ 0404|░ 1111|▒ 2222|▓ 3333");
   const auto [page, cells] = lettersOf(rows);
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    const DotBox& cell = cells[i];
+    const Box& cell = cells[i];
     for (std::size_t part = 0; part < 4; ++part) {
       const int x = part % 2 == 0 ? cell.left + 2 : cell.right - 3;
       const int y = part < 2 ? cell.top + 2 : cell.bottom - 3;

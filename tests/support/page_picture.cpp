@@ -27,9 +27,16 @@ Picture pageBy(Road road, const TemporaryDirectory& place, const std::string& re
   return decodePicture(place.read(place.has("r.png") ? "r.png" : "r(1).png")).value();
 }
 
-std::string text(const DotBox& box) {
+std::string text(const Box& box) {
   return std::to_string(box.left) + "," + std::to_string(box.top) + " " +
          std::to_string(box.right) + "," + std::to_string(box.bottom);
+}
+
+std::string itemTag(const std::string& name, const Box& place, const std::string& keys) {
+  const auto key = [](const char* side, int value) { return side + std::to_string(value); };
+  std::string tag = "<" + name + key(" left=", place.left) + key(" top=", place.top);
+  if (place.right != 0) tag += key(" right=", place.right) + key(" bottom=", place.bottom);
+  return tag + " " + keys + "/>\r\n";
 }
 
 std::uint32_t dotAt(const Picture& picture, int x, int y) {
@@ -52,8 +59,8 @@ int apart(std::uint32_t first, std::uint32_t second) {
   return most;
 }
 
-DotBox inkBox(const Picture& picture, const DotBox& within) {
-  DotBox box = {within.right, within.bottom, within.left, within.top};
+Box inkBox(const Picture& picture, const Box& within) {
+  Box box = {within.right, within.bottom, within.left, within.top};
   for (int y = within.top; y < within.bottom; ++y) {
     for (int x = within.left; x < within.right; ++x) {
       if (dotAt(picture, x, y) == 0xFFFFFF) continue;

@@ -17,16 +17,20 @@ constexpr Road kRoads[] = {Road::picture, Road::print, Road::document};
 Picture pageBy(Road road, const TemporaryDirectory& place, const std::string& report,
                const std::string& codePage = "866");
 
-struct DotBox {
+// Of dots or of millimetres.
+struct Box {
   int left = 0;
   int top = 0;
-  int right = 0;  // behind the last one
+  int right = 0;  // behind the last dot
   int bottom = 0;
 
-  bool operator==(const DotBox&) const = default;
+  bool operator==(const Box&) const = default;
 };
 
-std::string text(const DotBox& box);
+std::string text(const Box& box);
+
+// A line with one item at these millimetres; without the corner across where that is 0.
+std::string itemTag(const std::string& name, const Box& place, const std::string& keys);
 
 // 0xRRGGBB; white outside of the picture.
 std::uint32_t dotAt(const Picture& picture, int x, int y);
@@ -36,7 +40,7 @@ bool isInk(const Picture& picture, int x, int y);  // nearer to black than to wh
 int apart(std::uint32_t first, std::uint32_t second);
 
 // What is not white, within the box.
-DotBox inkBox(const Picture& picture, const DotBox& within);
+Box inkBox(const Picture& picture, const Box& within);
 
 // Where a place of millimetres lies, cut to 1/1440 inch as reports have it.
 double dotOf(double millimetres);

@@ -38,6 +38,61 @@ TEST(TextDots, StrokesFollowTheFaceAndTheTurn) {
   }
 }
 
+// The box goes from 75.53, 377.93 to 453.53, 604.67; three blanks of 20 points, each with 170 twips
+// behind it, are 82.01 long and 30.2 high, their stroke lies 27.86 below their top.
+TEST(TextDots, BoxesAlignTextsWithTheirSpaces) {
+  const TemporaryDirectory place;
+  const std::pair<const char*, const char*> across[] = {
+      {"75", "158"}, {"223", "306"}, {"371", "454"}};
+  const std::pair<const char*, const char*> along[] = {
+      {"405", "406"}, {"504", "505"}, {"602", "603"}};
+  for (int h = 0; h < 3; ++h) {
+    for (int v = 0; v < 3; ++v) {
+      const Picture page =
+          pageBy(Road::picture, place,
+                 itemTag("text", {20, 100, 120, 160},
+                         "height=20 hs=3 fu=1 tc=\"   \" alignH=" + std::to_string(h) +
+                             " alignV=" + std::to_string(v)));
+      EXPECT_EQ(text(inkBox(page, {0, 0, page.width, page.height})),
+                std::string(across[h].first) + "," + along[v].first + " " + across[h].second + "," +
+                    along[v].second);
+    }
+  }
+}
+
+// At 19 points a blank is 228.04 twips wide, less 226: 4100 of them end at 556.8 dots, however they
+// are painted.
+TEST(TextDots, LongTextsGoOnWhereTheyAre) {
+  const TemporaryDirectory place;
+  const Picture page =
+      pageBy(Road::picture, place,
+             "<font height=19 hs=-4/>" + std::string(4100, ' ') + "<font hs=0 fu=1/>  ");
+  const Box ink = inkBox(page, {0, 0, page.width, page.height});
+  EXPECT_EQ(std::pair(ink.left, ink.right), std::pair(556, 588));
+}
+
+// Glyphs stand at quarters of a dot, so that gaps are even where an advance is no whole dot.
+TEST(TextDots, LettersStandInEvenSteps) {
+  constexpr double kAdvance = 11 * 20 * 1229 / 2048.0 / 15;
+  const TemporaryDirectory place;
+  const Picture page =
+      pageBy(Road::picture, place, placed(20, 20, "height=11 tc=\"" + std::string(20, '|') + "\""));
+  const auto centre = [&page](double left) {
+    double sum = 0;
+    double ink = 0;
+    for (int x = static_cast<int>(left); x < left + kAdvance; ++x) {
+      const int dark = 255 - static_cast<int>(dotAt(page, x, static_cast<int>(dotOf(22))) & 0xFF);
+      sum += dark * (x + 0.5);
+      ink += dark;
+    }
+    return sum / ink;
+  };
+  const double first = centre(dotOf(20));
+  for (int i = 1; i < 20; ++i) {
+    EXPECT_NEAR(centre(dotOf(20) + i * kAdvance) - first, i * kAdvance, 0.27) << i;
+  }
+}
+
 // The face has one style only, and a square.
 TEST(TextDots, MissingStylesAreMade) {
   const TemporaryDirectory place;
@@ -95,6 +150,9 @@ TEST(TextDots, BoxLinesReachTheEdgesThatTheirNamesTell) {
       "╟ 0212|╠ 0222|╡ 2101|╢ 1202|╣ 2202|╤ 2021|╥ 1012|╦ 2022|╧ 2120|╨ 1210|╩ 2220|╪ 2121|╫ 1212|"
       "╬ 2222");
   const auto [page, cells] = lettersOf(rows);
+  // A tenth of the cell's width.
+  const Box level = inkBox(page, cells[0]);
+  EXPECT_EQ(level.bottom - level.top, 3);
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const Box& cell = cells[i];
     const auto strokes = [&page = page](int x, int y, int stepX, int stepY, int length) {

@@ -216,6 +216,22 @@ TEST_F(PdfExport, takesTheFaceOfEachStyleAndItsWidths) {
   EXPECT_NEAR(readPdf(directory_.path("r.pdf")).word("iii").x, behind * 25.4 / 72, 0.05);
 }
 
+// Pages hang in nodes of 64.
+TEST_F(PdfExport, keepsThePagesOfLongReports) {
+  std::string report;
+  std::string text;
+  for (int page = 1; page <= 130; ++page) {
+    report += "p" + std::to_string(page) + "\r\n\f\r\n";
+    text += std::to_string(page) + "p" + std::to_string(page) + " ";
+  }
+  EXPECT_EQ(exportReport(report).errors, "");
+  std::string found;
+  const PdfDocument document = readPdf(directory_.path("r.pdf"));
+  for (const PdfWord& word : document.words) found += std::to_string(word.page) + word.text + " ";
+  EXPECT_EQ(found, text);
+  EXPECT_EQ(document.pages, 130);
+}
+
 TEST_F(PdfExport, namesTheLanguageOfItsCodePage) {
   for (const auto& [codePage, language] :
        {std::pair{"866", "ru"}, {"1251", "ru"}, {"857", "tr"}, {"1254", "tr"}, {"1252", nullptr}}) {

@@ -176,6 +176,7 @@ TEST_F(Printers, turnWishesIntoTickets) {
   for (const auto& [asked, sent] : {std::pair{-2147483647 - 1, 1}, {0, 1}, {70000, 9999}, {2, 2}}) {
     page.NumOfCopies = asked;
     EXPECT_EQ(ticket(page).copies, sent);
+    EXPECT_FALSE(ticket(page).collated);
     EXPECT_EQ(UpdatePrintMetrics("", page, 100, false), 1);
   }
   for (const auto& [asked, sent] : {std::pair{1, PrintQuality::draft},
@@ -191,6 +192,8 @@ TEST_F(Printers, turnWishesIntoTickets) {
   }
   page.PrintColor = page.PrintQuality = 0;
   EXPECT_FALSE(ticket(page).color || ticket(page).quality);
+  page.SortByCopies = true;
+  EXPECT_TRUE(ticket(page).collated);
 }
 
 TEST_F(Printers, cutSheetsToTheSizesThatTheyTake) {

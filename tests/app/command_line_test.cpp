@@ -12,6 +12,7 @@
 #include "base/interface_texts.h"
 #include "platform/locale.h"
 #include "support/report_reader.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -127,7 +128,11 @@ TEST_F(CommandLineTest, fillsTheOptions) {
       {"-g -f r.txt", "print file=@r.txt"},
       {"-f r.txt -G", "print file=@r.txt"},
       {"-P HP -f r.txt", "preview file=@r.txt printer=HP"},
+      {"-p HP -f r.txt", "preview file=@r.txt printer=HP"},
       {"-dd -f r.txt", "preview file=@r.txt dd=1"},
+      {"-DD -f r.txt", "preview file=@r.txt dd=1"},
+      {"-G -f r.txt", "print file=@r.txt"},
+      {"-f r.txt -CODEPAGE 866", "preview file=@r.txt codepage=866"},
       {"-f r.txt -g -export o.txt", "export file=@r.txt target=o.txt"},
   });
   for (const char* parameters : {"-F r.txt", "-f @r.txt", "-f \"r.txt\"", "-f \"r.txt -F r.txt",
@@ -194,25 +199,25 @@ TEST(ParameterString, quotesWhatHoldsBlanks) {
 }
 
 TEST(CodePages, followTheVariableAndThenTheLanguage) {
-  struct Row {
-    const char* variable;
-    const char* all;
-    const char* language;
-    int expected;
+  const auto codePage = [](const char* number, const char* all, const char* ctype,
+                           const char* language) {
+    const Variable variables[] = {
+        {"QOR_ANSI_CODEPAGE", number}, {"LC_ALL", all}, {"LC_CTYPE", ctype}, {"LANG", language}};
+    return systemAnsiCodePage();
   };
-  const Row rows[] = {
-      {"1251", "tr_TR.UTF-8", nullptr, 1251},  {"abc", "tr_TR.UTF-8", nullptr, 1254},
-      {nullptr, "ru_RU.UTF-8", "tr_TR", 1251}, {nullptr, nullptr, "uk_UA.UTF-8", 1251},
-      {nullptr, "pl_PL.UTF-8", nullptr, 1250}, {nullptr, "el_GR.UTF-8", nullptr, 1253},
-      {nullptr, "sr_RS@latin", nullptr, 1251}, {nullptr, "de_DE.UTF-8", nullptr, 1252},
-      {nullptr, "C", "ru_RU.UTF-8", 1252},     {nullptr, nullptr, nullptr, 1252},
-  };
-  const Variable ctype("LC_CTYPE", nullptr);
-  for (const Row& row : rows) {
-    const Variable number("QOR_ANSI_CODEPAGE", row.variable);
-    const Variable all("LC_ALL", row.all);
-    const Variable language("LANG", row.language);
-    EXPECT_EQ(systemAnsiCodePage(), row.expected) << (row.all ? row.all : "no LC_ALL");
+  EXPECT_EQ(codePage("1251", "tr_TR", nullptr, nullptr), 1251);
+  EXPECT_EQ(codePage("abc", "tr_TR", nullptr, nullptr), 1254);
+  EXPECT_EQ(codePage(nullptr, "ru_RU.UTF-8", "el", "tr_TR"), 1251);
+  EXPECT_EQ(codePage(nullptr, nullptr, "el_GR", "tr_TR"), 1253);
+  EXPECT_EQ(codePage(nullptr, nullptr, nullptr, "uk_UA.UTF-8"), 1251);
+  EXPECT_EQ(codePage(nullptr, "sr@latin", nullptr, nullptr), 1251);
+  EXPECT_EQ(codePage(nullptr, "C", nullptr, "ru_RU.UTF-8"), 1252);
+  EXPECT_EQ(codePage(nullptr, nullptr, nullptr, nullptr), 1252);
+  for (const auto& [language, page] :
+       rowsOf("ru 1251|uk 1251|be 1251|bg 1251|mk 1251|sr 1251|tr 1254|az 1254|pl 1250|cs 1250|"
+              "sk 1250|hu 1250|ro 1250|hr 1250|sl 1250|el 1253|he 1255|ar 1256|lt 1257|lv 1257|"
+              "et 1257|vi 1258|de 1252")) {
+    EXPECT_EQ(std::to_string(codePage(nullptr, (language + "_XX").c_str(), "el", "el")), page);
   }
 }
 

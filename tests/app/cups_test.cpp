@@ -1,14 +1,11 @@
 // Printing through a real scheduler, read back from what arrived.
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
 #include <thread>
 
 #include <gtest/gtest.h>
 
-#include "settings/printer_tree.h"
-#include "settings/printers.h"
 #include "support/cups_scheduler.h"
 #include "support/pdf_reader.h"
 
@@ -168,24 +165,6 @@ TEST(Cups, outlivesASchedulerThatDiesDuringTheJob) {
   EXPECT_EQ(outcome.signal, 0);
   EXPECT_NE(outcome.errors.find("/r.txt: not printed: pdf: "), std::string::npos) << outcome.errors;
   EXPECT_FALSE(place.has("r.txt"));
-}
-
-TEST(Cups, isAskedOnceForEachQueue) {
-  constexpr int kQueues = 50;
-  std::string queues;
-  for (int i = 0; i < kQueues; ++i) {
-    queues += "<Printer q" + std::to_string(i) +
-              ">\nDeviceURI file:/dev/null\nState Idle\nAccepting Yes\n</Printer>\n";
-  }
-  CupsScheduler scheduler({}, queues);
-  ::setenv("CUPS_SERVER", scheduler.server().c_str(), 1);
-  std::vector<TreeNode> tree;
-  FillPrinterTree(tree);
-  EXPECT_EQ(tree.size(), kQueues + 2U);
-  EXPECT_EQ(tree.front().text, "PrintServer");
-  EXPECT_EQ(tree[1].text, "Microsoft Print to PDF");
-  EXPECT_TRUE(tree[1].isDefault);
-  EXPECT_LE(scheduler.requests(), kQueues + 4);
 }
 
 }  // namespace

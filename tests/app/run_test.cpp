@@ -19,25 +19,13 @@ namespace {
 namespace fs = std::filesystem;
 using Files = std::map<std::string, std::string>;
 
-// Every file below the directory with its bytes, directories with a "/" behind the name.
+// Every file below the directory with its bytes.
 Files contents(const TemporaryDirectory& place) {
   Files files;
-  for (const auto& entry : fs::recursive_directory_iterator(place.path())) {
-    const std::string name = fs::relative(entry.path(), place.path()).string();
-    files[entry.is_directory() ? name + "/" : name] =
-        entry.is_directory() ? "" : readFile(entry.path().string());
+  for (const std::string& name : place.names()) {
+    files[name] = name.ends_with('/') ? "" : place.read(name);
   }
   return files;
-}
-
-std::vector<std::string> names(const TemporaryDirectory& place) {
-  std::vector<std::string> result;
-  for (const auto& [name, bytes] : contents(place)) result.push_back(name);
-  return result;
-}
-
-Surroundings in(const TemporaryDirectory& place, const char* directory = "") {
-  return {place.path(directory), {}, 0};
 }
 
 std::vector<std::string> linesOf(const std::string& text) {
@@ -66,14 +54,10 @@ void expectOneLine(const Outcome& outcome, const std::string& part) {
 const std::string kExportedA = "A\r\n\f\r\n\x1A\r\n";
 
 TEST(Help, speaksThreeLanguages) {
-  struct Row {
-    const char* locale;
-    const char* version;
-    const char* heading;
-    const char* caption;
-    const char* lastOptions;
-  };
-  const Row rows[] = {
+  const std::string keys =
+      "\t-g\t-f\t-p\t-i\t-caption\t-codepage\t-mail\t-dd(-DD)\t-dynamic\t-test";
+  // The locale; the version line, the heading, one option, and the last keys.
+  const std::array<std::string, 5> rows[] = {
       {"de_DE.UTF-8", "QorUtlView - report viewer. Version 1.3b7", "    <commands>",
        "\t-caption  <name>      - header of window", "\t-e\t/?,"},
       {"ru_RU.UTF-8", "QorUtlView - программа просмотра отчётов. Версия 1.3b7", "    <команды>",
@@ -81,21 +65,15 @@ TEST(Help, speaksThreeLanguages) {
       {"tr_TR.UTF-8", "QorUtlView -  Yazdırma uygulaması. Versiyon 1.3b7", "    <komutlar>",
        "\t-caption  <ad>         - pencere başlığı", "\t-e\t/?,"},
   };
-  const std::string options =
-      "\t-g\t-f\t-p\t-i\t-caption\t-codepage\t-mail\t-dd(-DD)\t-dynamic\t-test";
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.locale);
-    const Outcome help = runViewer({"-h"}, {"", {{"LC_ALL", row.locale}}, 0});
+  for (const auto& [locale, version, heading, caption, lastKeys] : rows) {
+    const Outcome help = runViewer({"-h"}, {"", {{"LC_ALL", locale}}, 0});
     EXPECT_EQ(help.exitCode, 255);
-    EXPECT_EQ(help.errors, "");
     const auto lines = linesOf(help.output);
     ASSERT_GT(lines.size(), 7U);
-    EXPECT_EQ(lines[0], row.version);
-    EXPECT_EQ(lines[2], row.heading);
-    EXPECT_EQ(lines[7], row.caption);
-    std::string keys;
-    for (std::size_t i = 3; i < lines.size(); ++i) keys += lines[i].substr(0, lines[i].find(' '));
-    EXPECT_EQ(keys, options + row.lastOptions);
+    EXPECT_EQ(lines[0] + lines[2] + lines[7], version + heading + caption);
+    std::string found;
+    for (std::size_t i = 3; i < lines.size(); ++i) found += lines[i].substr(0, lines[i].find(' '));
+    EXPECT_EQ(found, keys + lastKeys);
   }
 }
 
@@ -135,7 +113,7 @@ TEST(Run, tellsOfMissingFiles) {
   EXPECT_EQ(settings.exitCode, 0);
   expectOneLine(settings, "none.vset#A");
   EXPECT_EQ(place.read("o.txt"), kExportedA);
-  EXPECT_EQ(names(place), (std::vector<std::string>{"d/", "o.txt", "r.txt"}));
+  EXPECT_EQ(place.names(), (std::vector<std::string>{"d/", "o.txt", "r.txt"}));
 }
 
 TEST(Export, findsFilesByAnyName) {
@@ -203,7 +181,7 @@ TEST(Export, numbersThePicturesOfSeveralPages) {
   const TemporaryDirectory place;
   place.write("r.txt", "A\fB\fC");
   expectSilence(runViewer({"-f", "r.txt", "-export", "o.2.GIF", "-dd"}, in(place)));
-  EXPECT_EQ(names(place), (std::vector<std::string>{"o.2(1).gif", "o.2(2).gif", "o.2(3).gif"}));
+  EXPECT_EQ(place.names(), (std::vector<std::string>{"o.2(1).gif", "o.2(2).gif", "o.2(3).gif"}));
 }
 
 TEST(DeleteAfterwards, takesTheReportAndItsSideFiles) {

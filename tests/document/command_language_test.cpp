@@ -1,8 +1,11 @@
 // What the lines of a report hold: texts, style tags, item tags.
+#include <array>
+
 #include <gtest/gtest.h>
 
 #include "document/colors.h"
 #include "support/report_reader.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -29,8 +32,13 @@ TEST(CommandLanguage, StyleTagsChangeTheTextBehindThem) {
       {"not a tag", "</b>a", "line\n  text \"</b>a\"\n"},
       {"no end", "a<b c", "line\n  text \"a<b c\"\n"},
       {"capitals", "<B>a", "line\n  text \"<B>a\"\n"},
-      {"headings", "<h1>a<h5>b<h1/>c",
-       "line\n  text \"a\" height=24\n  text \"b\" height=8\n  text \"c\"\n"},
+      {"headings", "<h1>a<h2>b<h3>c<h4>d<h5>e<h6>f<h2/>g",
+       "line\n  text \"a\" height=24\n  text \"b\" height=18\n  text \"c\" height=15\n"
+       "  text \"d\" height=12\n  text \"e\" height=8\n  text \"f\" height=6\n"
+       "  text \"g\" height=24\n"},
+      {"one tag in itself", "<h1>a<h2>b<h1>c<h1/>d<h1/>e<h1/>f",
+       "line\n  text \"a\" height=24\n  text \"b\" height=18\n  text \"c\" height=24\n"
+       "  text \"d\" height=18\n  text \"e\"\n  text \"f\"\n"},
       {"twice as wide, twice", "<w1>a<w1>b<w1/>c<w1/>d",
        "line\n  text \"a\" factor=2\n  text \"b\" factor=4\n  text \"c\" factor=2\n  text \"d\"\n"},
       {"underline and strike-out", "<u><s>a", "line\n  text \"a\" underline=1 strikeout=1\n"},
@@ -97,7 +105,18 @@ TEST(CommandLanguage, TextItemsTakeTheirKeys) {
       {"own font does not leak", "<text fi=1 tc=a/>b",
        "line\n  text \"a\" italic=1\n  text \"b\"\n"},
       {"key must be whole", "<text fc16x=4 fc=Red tc=a/>", "line\n  text \"a\" color=ff\n"},
-      {"long tag loses its tail", "<text tc=a x=1 " + std::string(1100, ' ') + "fi=1/>",
+      // Behind a value 1024 characters are kept.
+      {"tail behind a value", "<text tc=a" + std::string(1020, ' ') + "fi=1/>",
+       "line\n  text \"a\" italic=1\n"},
+      {"cut behind a value", "<text tc=a" + std::string(1021, ' ') + "fi=1/>",
+       "line\n  text \"a\"\n"},
+      {"tail behind quotes", "<text fn=\"\"" + std::string(1020, ' ') + "tc=b/>",
+       "line\n  text \"b\"\n"},
+      {"cut behind quotes", "<text fn=\"\"" + std::string(1021, ' ') + "tc=b/>",
+       "line\n  text \"\"\n"},
+      {"tail behind a text", "<text tc=\"a\" x=1" + std::string(1017, ' ') + "fi=1/>",
+       "line\n  text \"a\" italic=1\n"},
+      {"cut behind a text", "<text tc=\"a\" x=1" + std::string(1018, ' ') + "fi=1/>",
        "line\n  text \"a\"\n"},
   });
 }
@@ -113,6 +132,10 @@ TEST(CommandLanguage, OtherItemsTakeTheirKeys) {
       {"image", "<img image=\"a b.png\" imgSS=2 sh_type=2/>",
        "line\n  image \"a b.png\" number -1 stretch 2 shape 2 0,0 0,0 pen 1 15 0 brush 0 0 round "
        "0,0\n"},
+      {"barcode without keys", "<barcode />",
+       "line\n  barcode 2 \"\" of 0 keys, type 0 show 0 pos 1 font 0 fit 1 factor 1 width 0 15 "
+       "margins "
+       "0 0 0 orient 0 color 0 shape 1 0,0 0,0 pen 1 15 0 brush 0 0 round 0,0\n"},
       {"image name without quotes", "<img image=a.png imgn=3/>",
        "line\n  image \"\" number 3 stretch 0 shape 1 0,0 0,0 pen 1 15 0 brush 0 0 round 0,0\n"},
       {"barcode",
@@ -127,42 +150,53 @@ TEST(CommandLanguage, OtherItemsTakeTheirKeys) {
 }
 
 TEST(CommandLanguage, BarcodeTypesGoByNameOrNumber) {
-  const std::vector<std::pair<std::string, int>> rows = {
-      {"EAN_8", 1},   {"1", 1},   {"EAN_13", 2},     {"2", 2},        {"UPCA", 3},      {"3", 3},
-      {"UPCE", 4},    {"5", 4},   {"39", 5},         {"6", 5},        {"128", 6},       {"7", 6},
-      {"CodeBar", 7}, {"8", 7},   {"InterLeave", 8}, {"9", 8},        {"FullASCII", 9}, {"10", 9},
-      {"ITF", 10},    {"93", 11}, {"11", 11},        {"KAREKOD", 12}, {"12", 12},       {"4", -1},
-      {"ean_13", -1}, {"13", -1}};
-  for (const auto& [name, type] : rows) {
+  for (const auto& [name, type] :
+       rowsOf("EAN_8 1|1 1|EAN_13 2|2 2|UPCA 3|3 3|UPCE 4|5 4|39 5|6 5|128 6|7 6|CodeBar 7|8 7|"
+              "InterLeave 8|9 8|FullASCII 9|10 9|ITF 10|93 11|11 11|KAREKOD 12|12 12|4 -1|"
+              "ean_13 -1|13 -1")) {
     VData_BarCode code(nullptr);
     code.SetType(name);
-    EXPECT_EQ(code.BarcodeType, type) << name;
+    EXPECT_EQ(std::to_string(code.BarcodeType), type) << name;
   }
 }
 
-TEST(CommandLanguage, ColoursReadInEveryForm) {
-  const std::vector<std::pair<std::string, std::string>> rows = {{"fc=Navy", "800000"},
-                                                                 {"fc=red", "0"},
-                                                                 {"fc16=13", "ff"},
-                                                                 {"fc16=99", "0"},
-                                                                 {"fc16=-1", "0"},
-                                                                 {"fc256=5", "0"},
-                                                                 {"fcRGB=\"255,0,0\"", "ff"},
-                                                                 {"fcRGB=1,2,3", "30201"},
-                                                                 {"fcRGB=7", "0"},
-                                                                 {"fcRGB=7,8", "7"},
-                                                                 {"fcRGB=1,x,3", "1"},
-                                                                 {"fcRGB=257,256,1", "10001"},
-                                                                 {"fcINT=16711680", "ff0000"},
-                                                                 {"fcHEX=$0080FF", "80ff"},
-                                                                 {"fcHEX=0x0080FF", "80ff"}};
-  for (const auto& [key, color] : rows) {
-    const std::string told = color == "0" ? "" : " color=" + color;
-    EXPECT_EQ(TestReport("<text " + key + " tc=a/>").dump(), "line\n  text \"a\"" + told + "\n")
-        << key;
+TEST(CommandLanguage, ColoursGoByNameAndNumber) {
+  // In the order of their numbers, as blue, green, red.
+  const auto colors = rowsOf(
+      "Black 0|Navy 800000|Teal 808000|Green 8000|Purple 800080|Maroon 80|Olive 8080|"
+      "Silver c0c0c0|Gray 808080|Blue ff0000|Aqua ffff00|Lime ff00|Fuchsia ff00ff|Red ff|"
+      "Yellow ffff|White ffffff|LtGray c0c0c0|DkGray 808080|other 0");
+  for (std::size_t i = 0; i < colors.size(); ++i) {
+    const auto& [name, color] = colors[i];
+    EXPECT_EQ(ColorByName(name), std::stoul(color, nullptr, 16)) << name;
+    EXPECT_EQ(ColorByIndex(static_cast<std::int32_t>(i)), ColorByName(name)) << name;
   }
-  EXPECT_EQ(ColorByName("LtGray"), ColorByIndex(16));
-  EXPECT_EQ(ColorByIndex(17), 0x808080U);
+  EXPECT_EQ(ColorByIndex(-1), 0U);
+}
+
+// Each of the four families of keys, in the items that have it, and where a dump tells the colour.
+TEST(CommandLanguage, ColoursReadInEveryForm) {
+  const std::array<std::string, 3> families[] = {{"text", "fc", "color="},
+                                                 {"barcode", "fc", "color="},
+                                                 {"shape", "pc", "pen 1 15 "},
+                                                 {"img", "pc", "pen 1 15 "},
+                                                 {"shape", "bc", "brush 0 "},
+                                                 {"barcode", "bc", "brush 0 "},
+                                                 {"barcode", "brc", "orient 0 color "}};
+  for (const auto& [item, key, place] : families) {
+    const auto dumpOf = [&, item = item, key = key](const std::string& form) {
+      return TestReport("<" + item + " " + key + "INT=1 " + key + form + "/>").dump();
+    };
+    for (const auto& [form, color] :
+         rowsOf("=Navy 800000|=red 0|16=5 80|16=99 0|16=-1 0|256=5 0|RGB=\"255,0,1\" 100ff|"
+                "RGB=1,2,3 30201|RGB=7 0|RGB=7,8 7|RGB=1,x,3 1|RGB=257,256,1 10001|"
+                "INT=16711681 ff0001|HEX=$0080FF 80ff|HEX=0x0080FF 80ff")) {
+      EXPECT_EQ(dumpOf(form), dumpOf("INT=0x" + color)) << item << key << form;
+    }
+    const std::string dump = dumpOf("INT=0x123456");
+    EXPECT_NE(dump.find(place + "123456"), std::string::npos) << dump;
+    EXPECT_EQ(dump.find("123456"), dump.rfind("123456")) << dump;
+  }
 }
 
 TEST(CommandLanguage, LinesEndAsOnALinePrinter) {

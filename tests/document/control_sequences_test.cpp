@@ -1,6 +1,7 @@
 // Printer control sequences: what they change, and how much of the text they take.
 #include "document/control_sequences.h"
 
+#include <cctype>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "document/vset.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -54,25 +56,33 @@ std::string told(const std::string& sequence) {
 }
 
 TEST(ControlSequences, ChangeFontAndPage) {
-  const std::pair<std::string, std::string> rows[] = {
-      {"\017x", "factor=0.6 x"},    {"W1x", "factor=2 x"},
-      {"W0x", "factor=0.5 x"},      {"w1x", "height=20 x"},
-      {"w0x", "height=5.5 x"},      {"&a5Lx", "left=-5 x"},
-      {"&a7mx", "right=-7 x"},      {"&a6Px", "orientation=3 x"},
-      {"&d3Dx", "underline=1 x"},   {"&k10Hx", "hs=2 x"},
-      {"&k0Sx", "width=7.2 x"},     {"&k2Sx", "width=4.2 x"},
-      {"&k4sx", "width=6 x"},       {"&l8Cx", "row=8 x"},
-      {"&l7Dx", "height=10.2 x"},   {"&l6Ex", "top=-6 x"},
-      {"&l6Fx", "bottom=-6 x"},     {"&l2Ox", "orientation=3 x"},
-      {"&l4Xx", "copies=4 x"},      {"(s12Hx", "width=6 x"},
-      {"(s16.66Hx", "width=4.3 x"}, {"(s14.5Vx", "height=14.5 x"},
-      {"(s3Bx", "weight=700 x"},    {"(s0Bx", "weight=500 x"},
-      {"(s-7Bx", "weight=0 x"},     {"(9Tx", "codepage=857 x"},
-      {"&l2.5Cx", "row=2.5 x"},     {"&l2.99999Cx", "row=2.9999 x"},
-      {"&l+3Cx", "row=3 x"},
-  };
-  for (const auto& [sequence, expected] : rows) EXPECT_EQ(told(sequence), expected) << sequence;
-  EXPECT_EQ(told("(s1V\033(s3Bx"), "height=1 weight=700 x");
+  for (const auto& [sequence, change] :
+       rowsOf("\017 factor=0.6|W1 factor=2|W0 factor=0.5|w1 height=20|w0 height=5.5|&a6P "
+              "orientation=3|"
+              "&a5P orientation=2|(s1V\033(s3B height=1 weight=700")) {
+    EXPECT_EQ(told(sequence + "x"), change + " x") << sequence;
+  }
+  // The letters of all others may be small ones.
+  for (const auto& [sequence, change] : rowsOf(
+           "&a5L left=-5|&a7M right=-7|&d3D underline=1|&d0D underline=1|&d4D underline=1|"
+           "&k10H hs=2|&k0S width=7.2|&k2S width=4.2|&k4S width=6|&l8C row=8|&l7D height=10.2|"
+           "&l6E top=-6|&l6F bottom=-6|&l1O orientation=2|&l2O orientation=3|&l3O orientation=4|"
+           "&l4X copies=4|&l999X copies=999|(s12H width=6|(s16.66H width=4.3|(s14.5V height=14.5|"
+           "(9T codepage=857|&l2.5C row=2.5|&l2.99999C row=2.9999|&l+3C row=3|(s-7B weight=0|"
+           "(s-6B weight=100|(s-5B weight=200|(s-4B weight=200|(s-3B weight=300|(s-2B weight=400|"
+           "(s-1B weight=400|(s0B weight=500|(s1B weight=600|(s2B weight=600|(s3B weight=700|"
+           "(s4B weight=800|(s5B weight=800|(s6B weight=900|(s7B weight=900")) {
+    const std::string expected = change == "weight=400" ? "x" : change + " x";
+    std::string small = sequence;
+    small.back() = static_cast<char>(std::tolower(small.back()));
+    for (const std::string& each : {sequence, small}) {
+      // A weight that is the usual one must come from another.
+      const std::string before = change.starts_with("weight") ? "(s7B\033" : "";
+      EXPECT_EQ(told(before + each + "x"), expected) << each;
+    }
+  }
+  for (const char* off : {"&d@", "&d5D"}) EXPECT_EQ(told("&d4D\033" + std::string(off)), "") << off;
+  EXPECT_EQ(told("&l2O\033&l4O"), "");
 }
 
 TEST(ControlSequences, AreSteppedOverWhereTheyChangeNothing) {

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "support/program.h"
+#include "support/rows.h"
 #include "support/temporary_directory.h"
 
 namespace qor::test {
@@ -93,33 +94,23 @@ TEST_F(TextHtmlTest, writesAPageOfHtml) {
 }
 
 TEST_F(TextHtmlTest, namesTheCodePage) {
-  struct Row {
-    std::vector<std::string> options;
-    const char* locale;
-    const char* charset;
-    const char* report = "A";
+  const auto headOf = [this](const std::vector<std::string>& options, const char* locale,
+                             const char* report = "A") {
+    const std::string html = exported(report, "o.html", options, {{"LC_ALL", locale}});
+    const auto charset = html.find("charset=") + 8;
+    const auto face = html.find("<basefont face=\"") + 16;
+    return html.substr(charset, html.find('"', charset) - charset) + " " +
+           html.substr(face, html.find('"', face) - face);
   };
-  const Row rows[] = {
-      {{"-codepage", "437"}, "C", ""},
-      {{"-codepage", "850"}, "C", ""},
-      {{"-codepage", "857"}, "C", ""},
-      {{"-codepage", "1250"}, "C", ""},
-      {{"-codepage", "866"}, "C", "cp866"},
-      {{"-codepage", "1252"}, "ru_RU.UTF-8", "windows-1252"},
-      {{"-codepage", "1254"}, "C", "windows-1254"},
-      {{}, "ru_RU.UTF-8", "windows-1251"},
-      {{}, "tr_TR.UTF-8", "windows-1254"},
-      {{"-codepage", "x"}, "C", "windows-1252"},
-      {{"-codepage", "1251"}, "C", "", "\033(9TA"},
-      {{"-i", "s.vset#Şube"}, "tr_TR.UTF-8", "cp866"},
-  };
-  for (const Row& row : rows) {
-    const std::string html = exported(row.report, "o.html", row.options, {{"LC_ALL", row.locale}});
-    EXPECT_NE(html.find(std::string("charset=") + row.charset + "\">\r\n"), std::string::npos)
-        << testing::PrintToString(row.options) << html;
-    const char* face = row.options.size() == 2 && row.options[0] == "-i" ? "Arial" : "Courier New";
-    EXPECT_NE(html.find(std::string("<basefont face=\"") + face + "\">"), std::string::npos);
+  for (const auto& [number, charset] : rowsOf(
+           "437 |850 |857 |1250 |866 cp866|1252 windows-1252|1254 windows-1254|x windows-1252")) {
+    EXPECT_EQ(headOf({"-codepage", number}, "C"), charset + " Courier New") << number;
   }
+  EXPECT_EQ(headOf({"-codepage", "1252"}, "ru_RU.UTF-8"), "windows-1252 Courier New");
+  EXPECT_EQ(headOf({}, "ru_RU.UTF-8"), "windows-1251 Courier New");
+  EXPECT_EQ(headOf({}, "tr_TR.UTF-8"), "windows-1254 Courier New");
+  EXPECT_EQ(headOf({"-codepage", "1251"}, "C", "\033(9TA"), " Courier New");
+  EXPECT_EQ(headOf({"-i", "s.vset#Şube"}, "tr_TR.UTF-8"), "cp866 Arial");
 }
 
 TEST_F(TextHtmlTest, writesLinesOfHtml) {

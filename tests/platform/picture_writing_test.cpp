@@ -73,6 +73,7 @@ TEST(PictureWriting, writesFilesThatOthersReadToTheSamePixels) {
       EXPECT_LE(distance(decodePicture(file)->pixels, expected), tolerance) << writing.file;
       if (writing.hasDensity) {
         EXPECT_NEAR(std::stod(magick.identify("%x", writing.file)), 96, 0.1) << writing.file;
+        EXPECT_NEAR(std::stod(magick.identify("%y", writing.file)), 96, 0.1) << writing.file;
       }
     }
   }

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/picture.h"
-#include "render/image_placing.h"
 #include "render/page_walk.h"
 #include "render/path_ellipsis.h"
 #include "support/recording_canvas.h"
@@ -32,29 +31,10 @@ std::string pngFile(int width, int height) {
 
 constexpr const char* kErrorFont = "Times New Roman 300x0 weight 400 color 0\n";
 
-TEST(ShapeDrawing, ShapesReachTheCanvas) {
-  struct Row {
-    const char* keys;
-    const char* record;
-  };
-  const Row rows[] = {
-      {"sh_type=1 pt=2 lw=0", "line 566,566 1133,1133 pen 2 15 0 brush 0 0\n"},
-      {"sh_type=2 bt=1 bc=Red", "rectangle 566,566 1133,1133 pen 1 15 0 brush 1 ff\n"},
-      {"sh_type=3 rw=100 rh=50 pc=Navy",
-       "roundRect 566,566 1133,1133 corner 100x50 pen 1 15 800000 brush 0 0\n"},
-      {"sh_type=4 lw=30 pt=0 bt=7", "ellipse 566,566 1133,1133 pen 0 30 0 brush 7 0\n"},
-      {"sh_type=2 pt=9 lw=-4", "rectangle 566,566 1133,1133 pen 1 15 0 brush 0 0\n"},
-      {"sh_type=6", ""},
-  };
-  for (const Row& row : rows) {
-    EXPECT_EQ(drawn(std::string("<shape left=10 top=10 right=20 bottom=20 ") + row.keys + "/>"),
-              row.record);
-  }
-}
-
 TEST(ShapeDrawing, AnUnknownBrushLeavesTheOneBefore) {
   EXPECT_EQ(drawn("<shape sh_type=2 bt=1 bc=Red/><shape sh_type=2 bt=8 bc=Blue/>"),
             "rectangle 0,0 0,0 pen 1 15 0 brush 1 ff\nrectangle 0,0 0,0 pen 1 15 0 brush 1 ff\n");
+  EXPECT_EQ(drawn("<shape sh_type=6 right=9 bottom=9/>"), "");
 }
 
 TEST(ShapeDrawing, TypeFiveLeavesAPictureBesideTheReport) {
@@ -78,35 +58,6 @@ TEST(ShapeDrawing, TypeFiveLeavesAPictureBesideTheReport) {
   EXPECT_LT(level(40, 3), 50U);
   EXPECT_GT(level(40, 40), 200U);
   EXPECT_GT(level(inside->width - 1, 40), 200U);
-}
-
-TEST(ImagePlacing, FollowsTheStretchMode) {
-  struct Row {
-    int mode;
-    Rect box;
-    int width;
-    int height;
-    const char* place;
-  };
-  const Row rows[] = {
-      {0, {100, 200, 9, 9}, 100, 50, "100,200 1600,950"},
-      {1, {100, 200, 1100, 700}, 100, 50, "100,200 1100,700"},
-      {2, {100, 200, 1100, 700}, 100, 50, "100,200 1100,700"},
-      {2, {100, 200, 1100, 1201}, 100, 50, "100,450 1100,950"},
-      {2, {0, 0, 1001, 100}, 100, 50, "400,0 600,100"},
-      // A box without a lower edge is as high as it stands below the top, upward; halves are cut.
-      {2, {100, 301, 1100, 0}, 100, 50, "100,-99 1100,401"},
-      {3, {100, 200, 1100, 700}, 100, 50, "0,0 100,50"},
-      {4, {100, 200, 1100, 700}, 100, 50, "none"},
-  };
-  for (const Row& row : rows) {
-    const auto place = placeImage(row.mode, row.box, row.width, row.height);
-    const std::string text =
-        !place ? "none"
-               : std::to_string(place->left) + "," + std::to_string(place->top) + " " +
-                     std::to_string(place->right) + "," + std::to_string(place->bottom);
-    EXPECT_EQ(text, row.place) << row.mode;
-  }
 }
 
 TEST(ImageDrawing, ShowsThePictureOrTheReasonWhyNot) {
@@ -139,20 +90,36 @@ TEST(ImageDrawing, ShowsThePictureOrTheReasonWhyNot) {
   }
 }
 
-TEST(PathEllipsis, KeepsTheLastComponent) {
-  const auto width = [](char32_t) { return 1.0; };
-  struct Row {
-    const char32_t* text;
-    double room;
-    const char32_t* shown;
+TEST(ImageDrawing, LargePicturesAreThereEachTime) {
+  const TemporaryDirectory directory;
+  const std::string large = directory.write("large.png", pngFile(1200, 900));
+  TestReport report("<img image=\"" + large + "\" imgSS=1 left=10 top=10 right=110 bottom=20/>");
+  const std::string picture = "picture 1200x900 at 566,566 6236,1133\n";
+  VDocPage& page = report.page();
+  EXPECT_EQ(drawn(page), picture);
+  EXPECT_EQ(drawn(page), picture);
+}
+
+TEST(ImageDrawing, MessagesKeepOffTheSpacingOfTexts) {
+  const std::string image = "<img image=\"no.png\" left=10 top=10 right=110 bottom=20/>";
+  const auto behindText = [](const std::string& record) {
+    return record.substr(record.find('\n') + 1);
   };
-  const Row rows[] = {{U"a/b/file.png", 20, U"a/b/file.png"},
-                      {U"directory/file.png", 15, U"dir.../file.png"},
-                      {U"directory\\file.png", 12, U"...\\file.png"},
-                      {U"directory/file.png", 6, U".../fi"},
-                      {U"filename.png", 6, U"...fil"},
-                      {U"a/b", 0, U""}};
-  for (const Row& row : rows) EXPECT_TRUE(withPathEllipsis(row.text, row.room, width) == row.shown);
+  EXPECT_EQ(behindText(drawn("<text hs=9 left=1 top=1 tc=a/>" + image)),
+            behindText(drawn("<text left=1 top=1 tc=a/>" + image)));
+}
+
+TEST(PathEllipsis, KeepsTheLastComponent) {
+  const auto shown = [](std::u32string_view text, double room) {
+    const auto fitted = withPathEllipsis(text, room, [](char32_t) { return 1.0; });
+    return std::string(fitted.begin(), fitted.end());
+  };
+  EXPECT_EQ(shown(U"a/b/file.png", 20), "a/b/file.png");
+  EXPECT_EQ(shown(U"directory/file.png", 15), "dir.../file.png");
+  EXPECT_EQ(shown(U"directory\\file.png", 12), "...\\file.png");
+  EXPECT_EQ(shown(U"directory/file.png", 6), ".../fi");
+  EXPECT_EQ(shown(U"filename.png", 6), "...fil");
+  EXPECT_EQ(shown(U"a/b", 0), "");
 }
 
 }  // namespace

@@ -8,19 +8,24 @@
 
 #include "platform/canvas.h"
 #include "platform/print/paper_table.h"
+#include "platform/print/pdf_file_printer.h"
 #include "platform/print/print_system.h"
 #include "settings/print_scale.h"
 #include "settings/printer_lists.h"
 #include "settings/printer_tree.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
 
-// Two queues: one with margins, trays and its own papers, one that tells nothing.
+// Two queues: one with margins, trays, its own papers and dots that are no squares, one that tells
+// nothing.
 class MadeUpQueues : public PrintQueues {
  public:
+  explicit MadeUpQueues(std::string usual = "laser") : default_(std::move(usual)) {}
+
   std::vector<QueueName> list() override { return {laser().id, QueueName{"plain", "", "usb:1"}}; }
-  std::string defaultName() override { return "laser"; }
+  std::string defaultName() override { return default_; }
 
   std::optional<Queue> find(const std::string& name) override {
     if (name == "laser") return laser();
@@ -45,18 +50,24 @@ class MadeUpQueues : public PrintQueues {
     queue.defaultMargins = margins;
     queue.smallest = {2000, 3000};
     queue.largest = {30000, 50000};
-    queue.sources = {"auto", "tray-2", "roll-7"};
-    queue.resolutions = {{300, 300}, {600, 300}};
+    queue.sources = {"auto",     "tray-2",       "roll-7",        "top",    "tray-1",
+                     "main",     "bottom",       "tray-3",        "middle", "manual",
+                     "envelope", "by-pass-tray", "large-capacity"};
+    queue.resolutions = {{300, 150}, {600, 300}};
     queue.color = false;
     return queue;
   }
+
+  std::string default_;
 };
 
 class Printers : public testing::Test {
  protected:
-  Printers() {
+  Printers() { use("laser"); }
+  static void use(const char* usual) {
     std::vector<std::unique_ptr<PrintQueues>> systems;
-    systems.push_back(std::make_unique<MadeUpQueues>());
+    systems.push_back(std::make_unique<MadeUpQueues>(usual));
+    systems.push_back(makePdfFilePrinter());
     setPrintSystem(std::make_unique<PrintSystem>(std::move(systems)));
     InitPrinters();
   }
@@ -85,9 +96,9 @@ TEST_F(Printers, areMeasuredAsTheyAreSetUp) {
   EXPECT_EQ(GetDefaultPrinterName(), "laser");
   EXPECT_TRUE(gPrinterMeasured);
   const VSetPrn& laser = gDefaultPrn;
-  // 210 x 297 mm less 5, 6, 7 and 8 mm, at 300 dots per inch.
-  EXPECT_EQ(numbersOf(laser), (std::vector{1, 300, 300, 198, 283, 2480, 3507, 60, 71,
-                                           2480 - 60 - 83, 3507 - 71 - 95}));
+  // 210 x 297 mm less 5, 6, 7 and 8 mm, at 300 by 150 dots per inch.
+  EXPECT_EQ(numbersOf(laser), (std::vector{1, 300, 150, 198, 283, 2480, 1753, 60, 36,
+                                           2480 - 60 - 83, 1753 - 36 - 48}));
   EXPECT_EQ(laser.ResolutionX, 300);
   EXPECT_EQ(laser.ResolutionY, 1);  // what stands there is the colour mode
   EXPECT_EQ(laser.PortName, "lpt1:");
@@ -102,8 +113,14 @@ TEST_F(Printers, areMeasuredAsTheyAreSetUp) {
 TEST_F(Printers, turnTheMarginsWithTheSheet) {
   CreatePrintDC("laser", pageOf(9, 210, 297, 2), 50, true);
   // The upright sheet's bottom is at the left, its left at the top; half the scale.
-  EXPECT_EQ(numbersOf(gPrintMetrics), (std::vector{2, 150, 150, 283, 198, 3507, 2480, 95, 60,
-                                                   3507 - 95 - 71, 2480 - 60 - 83}));
+  EXPECT_EQ(numbersOf(gPrintMetrics), (std::vector{2, 150, 75, 283, 198, 3507, 1240, 95, 30,
+                                                   3507 - 95 - 71, 1240 - 30 - 42}));
+}
+
+TEST_F(Printers, areLookedForWhereTheDefaultIsGone) {
+  use("gone");
+  EXPECT_EQ(GetDefaultPrinterName(), kPdfFilePrinter);
+  EXPECT_EQ(gDefaultPrn.DeviceName, kPdfFilePrinter);
 }
 
 TEST_F(Printers, takeDeviceModesFromThePage) {
@@ -111,7 +128,7 @@ TEST_F(Printers, takeDeviceModesFromThePage) {
     const char* what;
     VSetPage page;
     std::uint32_t fields;
-    Point sheet;  // dots of 1/300 inch, the same for measuring and printing
+    Point sheet;  // dots of 1/300 by 1/150 inch, the same for measuring and printing
   };
   VSetPage nothing;
   nothing.Orientation = nothing.PrintQuality = nothing.PrintColor = 0;
@@ -120,18 +137,18 @@ TEST_F(Printers, takeDeviceModesFromThePage) {
   copies.SortByCopies = true;
   // The defaults ask for an orientation, a quality and a colour.
   const Row rows[] = {
-      {"nothing", nothing, 0, {2480, 3507}},
-      {"defaults", pageOf(9), 0xC01, {2480, 3507}},
-      {"across", pageOf(9, 210, 297, 7), 0xC01, {3507, 2480}},
-      {"Letter", pageOf(1), 0xC03, {2550, 3300}},
-      {"by its other number", pageOf(17), 0xC03, {3300, 5100}},
-      {"wide by nature", pageOf(4), 0xC03, {2480, 3507}},
-      {"not offered", pageOf(8), 0xC03, {2480, 3507}},
-      {"size 0", pageOf(0, 100), 0xC0F, {1181, 3507}},
-      {"size 256", pageOf(256, 100), 0xC0F, {1181, 3507}},
-      {"size 0 across", pageOf(0, 250, 80, 2), 0xC0F, {2952, 944}},
-      {"size too large", pageOf(0, 1e9, 1e9), 0xC0F, {3543, 5905}},
-      {"copies", copies, 0x8D01, {2480, 3507}},
+      {"nothing", nothing, 0, {2480, 1753}},
+      {"defaults", pageOf(9), 0xC01, {2480, 1753}},
+      {"across", pageOf(9, 210, 297, 7), 0xC01, {3507, 1240}},
+      {"Letter", pageOf(1), 0xC03, {2550, 1650}},
+      {"by its other number", pageOf(17), 0xC03, {3300, 2550}},
+      {"wide by nature", pageOf(4), 0xC03, {2480, 1753}},
+      {"not offered", pageOf(8), 0xC03, {2480, 1753}},
+      {"size 0", pageOf(0, 100), 0xC0F, {1181, 1753}},
+      {"size 256", pageOf(256, 100), 0xC0F, {1181, 1753}},
+      {"size 0 across", pageOf(0, 250, 80, 2), 0xC0F, {2952, 472}},
+      {"size too large", pageOf(0, 1e9, 1e9), 0xC0F, {3543, 2952}},
+      {"copies", copies, 0x8D01, {2480, 1753}},
   };
   const auto sheet = [] {
     return Point{gPrintMetrics.PhysicalWidth, gPrintMetrics.PhysicalHeight};
@@ -149,14 +166,67 @@ TEST_F(Printers, takeDeviceModesFromThePage) {
   EXPECT_EQ(CreatePrintDC("nobody", {}, 100, false), nullptr);
 }
 
-TEST_F(Printers, askForCopiesThatAnyQueueTakes) {
-  for (const auto& [asked, sent] : {std::pair{-2147483647 - 1, 1}, {0, 1}, {70000, 9999}, {2, 2}}) {
-    VSetPage page;
-    page.NumOfCopies = asked;
+TEST_F(Printers, turnWishesIntoTickets) {
+  const auto ticket = [](const VSetPage& page) {
     const auto context = CreatePrintDC("", page, 100, false);
-    EXPECT_EQ(ticketOf(context->printer(), context->mode()).copies, sent);
+    return ticketOf(context->printer(), context->mode());
+  };
+  VSetPage page;
+  for (const auto& [asked, sent] : {std::pair{-2147483647 - 1, 1}, {0, 1}, {70000, 9999}, {2, 2}}) {
+    page.NumOfCopies = asked;
+    EXPECT_EQ(ticket(page).copies, sent);
+    EXPECT_FALSE(ticket(page).collated);
     EXPECT_EQ(UpdatePrintMetrics("", page, 100, false), 1);
   }
+  for (const auto& [asked, sent] : {std::pair{1, PrintQuality::draft},
+                                    {2, PrintQuality::draft},
+                                    {3, PrintQuality::normal},
+                                    {4, PrintQuality::high}}) {
+    page.PrintQuality = asked;
+    EXPECT_EQ(ticket(page).quality, sent);
+  }
+  for (const auto& [asked, sent] : {std::pair{1, false}, {2, true}}) {
+    page.PrintColor = asked;
+    EXPECT_EQ(ticket(page).color, sent);
+  }
+  page.PrintColor = page.PrintQuality = 0;
+  EXPECT_FALSE(ticket(page).color || ticket(page).quality);
+  page.SortByCopies = true;
+  EXPECT_TRUE(ticket(page).collated);
+}
+
+TEST_F(Printers, cutSheetsToTheSizesThatTheyTake) {
+  DeviceMode mode;
+  mode.dmPaperSize = kUserPaper;
+  mode.dmFields = DM_PAPERLENGTH | DM_PAPERWIDTH;
+  const auto cut = [&mode](int width, int length) {
+    mode.dmPaperWidth = width;
+    mode.dmPaperLength = length;
+    return mediaOf(*FindPrinter("laser"), mode).name;
+  };
+  // From 20 x 30 to 300 x 500 mm.
+  EXPECT_EQ(cut(199, 299), "custom_20x30mm_20x30mm");
+  EXPECT_EQ(cut(201, 301), "custom_20.1x30.1mm_20.1x30.1mm");
+  EXPECT_EQ(cut(3001, 5001), "custom_300x500mm_300x500mm");
+  EXPECT_EQ(cut(2999, 4999), "custom_299.9x499.9mm_299.9x499.9mm");
+}
+
+TEST(Papers, areKnownByNameTurnAndSize) {
+  Queue queue;
+  const MediaSize a4 = {21000, 29700};
+  queue.media = {{"iso_a4_210x297mm", a4, {}},
+                 {"iso_a4_210x297mm", {29700, 21000}, {}},
+                 {"na_ledger_11x17in", {43180, 27940}, {}},
+                 {"na_ledger_11x17in", {27940, 43180}, {}},
+                 {"om_page_148x210mm", {14801, 20999}, {}},
+                 {"om_a4_210x297mm", a4, {}},
+                 {"om_a5_149x210mm", {14900, 21000}, {}}};
+  std::vector<std::string> names;
+  for (const Paper& paper : printerOf(queue).papers) {
+    names.push_back(paper.number > kUserPaper ? paper.name : std::to_string(paper.number));
+  }
+  EXPECT_EQ(names, (std::vector<std::string>{"9", "77", "4", "3", "11", "om_a4_210x297mm",
+                                             "om_a5_149x210mm"}));
 }
 
 TEST_F(Printers, listPapersAndBins) {
@@ -182,67 +252,35 @@ TEST_F(Printers, listPapersAndBins) {
   EXPECT_EQ(selected, 0);
   ItemList bins;
   ListBins("laser", bins, &selected, page);
-  EXPECT_EQ(bins, (ItemList{"15|Automatically Select", "7|Automatic", "2|Tray 2", "257|roll-7"}));
+  EXPECT_EQ(bins, (ItemList{"15|Automatically Select", "7|Automatic", "2|Tray 2", "257|roll-7",
+                            "1|Upper tray", "1|Tray 1", "1|Main tray", "2|Lower tray", "3|Tray 3",
+                            "3|Middle tray", "4|Manual feed", "5|Envelope feeder", "4|Manual feed",
+                            "11|Large capacity tray"}));
+  EXPECT_EQ(selected, 0);
   ListBins("nobody", bins, &selected, page);
-  EXPECT_EQ(bins.size(), 4U);
-}
-
-std::string textOf(const std::vector<TreeNode>& nodes, const std::string& indent = "") {
-  std::string text;
-  for (const TreeNode& node : nodes) {
-    text += indent + node.text + (node.isDefault ? " *" : "") + "\n";
-    text += textOf(node.children, indent + "  ");
-  }
-  return text;
+  EXPECT_EQ(bins.size(), 14U);
 }
 
 TEST_F(Printers, standInTheTreeWithAllTheyTell) {
   std::vector<TreeNode> tree;
   FillPrinterTree(tree);
-  ASSERT_EQ(tree.size(), 3U);
+  std::string text;
+  for (const TreeNode& node : tree) text += node.text + (node.isDefault ? " *" : "") + "|";
+  EXPECT_EQ(text, "PrintServer|Microsoft Print to PDF|plain|laser *|");
   const auto& forms = tree[0].children;
-  ASSERT_GT(forms.size(), paperTable().size());
-  EXPECT_EQ(tree[0].text, "PrintServer");
-  EXPECT_EQ(forms.front().text, "Letter  (215.9 x 279.4 mm)   (215.9 x 279.4 mm)  [Form BuiltIn]");
+  EXPECT_EQ(forms.at(0).text, "Letter  (215.9 x 279.4 mm)   (215.9 x 279.4 mm)  [Form BuiltIn]");
   EXPECT_EQ(forms.back().text, "om_label_62x100mm  (62 x 100 mm)   (55 x 92 mm)  [Form Printer]");
-  EXPECT_EQ(tree[1].text, "plain");
-  EXPECT_EQ(textOf({tree[2]}), R"(laser *
-  Driver Name: Laser 300
-  Print Processor: PDF
-  Printer Parameters
-            Paper Size: A4
-           Paper Width: 210 mm
-          Paper Height: 297 mm
-           Orientation: Portrait
-           Paper Width: 198 mm
-          Paper Height: 283 mm
-                  Port: lpt1:,lpt2:
-          Resolution X: 2337 pixels
-          Resolution Y: 3341 pixels
-        Physical Width: 2480 pixels
-       Physical Height: 3507 pixels
-           LogPixels X: 300 pixels per inch
-           LogPixels Y: 300 pixels per inch
-     Physical Offset X: 60 pixels
-     Physical Offset Y: 71 pixels
-      Scaling Factor X: 1
-      Scaling Factor Y: 1
-              Aspect X: 300
-              Aspect Y: 300
-  Paper Size
-    Letter  (215.9 x 279.4 mm)  (#1)
-    A4  (210 x 297 mm)  (#9)
-    Tabloid  (279.4 x 431.8 mm)  (#3)
-    om_label_62x100mm  (62 x 100 mm)  (#317)
-  Printer's Resolutions
-    300 x 300 DPI
-    600 x 300 DPI
-  Paper Sources
-    Automatically Select  ( #15 )
-    Automatic  ( #7 )
-    Tray 2  ( #2 )
-    roll-7  ( #257 )
-)");
+  const auto& laser = tree[3].children;
+  ASSERT_EQ(laser.size(), 6U);
+  text.clear();
+  for (const TreeNode& parameter : laser[2].children) text += parameter.text + "|";
+  for (const char* part : {"        Paper Size: A4|", "      Paper Height: 297 mm|",
+                           "      Resolution Y: 1669 pixels|", " Physical Offset X: 60 pixels|"}) {
+    EXPECT_NE(text.find(part), std::string::npos) << text;
+  }
+  EXPECT_EQ(laser[3].children.at(2).text, "Tabloid  (279.4 x 431.8 mm)  (#3)");
+  EXPECT_EQ(laser[4].children.at(1).text, "600 x 300 DPI");
+  EXPECT_EQ(laser[5].children.at(3).text, "roll-7  ( #257 )");
 }
 
 TEST_F(Printers, haveTheFontsOfACharacterSet) {
@@ -269,8 +307,32 @@ TEST(PrintScale, fillsThePaperWithThePage) {
   EXPECT_EQ(ComputePrintScale({96, 500, 1}, pageOf(1, 1e9), printer), 2147483647);
 }
 
+// The sheets of the common numbers as Windows has them, millimetres and inches.
+TEST(PaperTable, hasTheSheetsOfWindows) {
+  for (const auto& [number, size] :
+       rowsOf("8 297x420mm|9 210x297mm|10 210x297mm|11 148x210mm|12 257x364mm|13 182x257mm|"
+              "27 110x220mm|28 162x229mm|29 324x458mm|30 229x324mm|31 114x162mm|32 114x229mm|"
+              "33 250x353mm|34 176x250mm|35 125x176mm|36 110x230mm|42 250x353mm|43 100x148mm|"
+              "47 220x220mm|53 235.5x322.3mm|55 210x297mm|57 227x356mm|58 305x487mm|60 210x330mm|"
+              "61 148x210mm|62 182x257mm|63 322x445mm|64 174x235mm|65 201x276mm|66 420x594mm|"
+              "67 297x420mm|69 148x200mm|70 105x148mm|71 240x332mm|72 216x277mm|73 120x235mm|"
+              "74 90x205mm|76 420x297mm|77 297x210mm|88 128x182mm|1 8.5x11in|3 11x17in|4 17x11in|"
+              "5 8.5x14in|6 5.5x8.5in|7 7.25x10.5in|14 8.5x13in|16 10x14in|17 11x17in|18 8.5x11in|"
+              "19 3.875x8.875in|20 4.125x9.5in|21 4.5x10.375in|22 4.75x11in|23 5x11.5in|24 17x22in|"
+              "25 22x34in|26 34x44in|37 3.875x7.5in|38 3.625x6.5in|39 14.875x11in|40 8.5x12in|"
+              "41 8.5x13in|44 9x11in|45 10x11in|46 15x11in|50 9.5x12in|51 9.5x15in|52 11.69x18in|"
+              "59 8.5x12.69in|75 11x8.5in")) {
+    const auto row = std::ranges::find(paperTable(), std::stoi(number), &PaperRow::number);
+    ASSERT_NE(row, paperTable().end()) << number;
+    EXPECT_EQ(sizeOf(*row), sizeOfMedia("windows_" + size)) << number;
+  }
+  for (const PaperRow& row : paperTable()) {
+    EXPECT_TRUE(sizeOfMedia(row.media)) << row.media;
+    EXPECT_TRUE(row.turned || row.name.find("Rotated") == std::string_view::npos) << row.name;
+  }
+}
+
 TEST(PaperTable, namesTellSizes) {
-  for (const PaperRow& row : paperTable()) EXPECT_TRUE(sizeOfMedia(row.media)) << row.media;
   EXPECT_EQ(sizeOfMedia("iso_a4_210x297mm"), (MediaSize{21000, 29700}));
   EXPECT_EQ(sizeOfMedia("na_letter_8.5x11in"), (MediaSize{21590, 27940}));
   for (const char* name : {"", "iso_a4", "custom_max_15x-490.-931in", "a_1x2", "a_x2mm", "a_0x1mm",

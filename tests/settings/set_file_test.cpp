@@ -15,6 +15,7 @@
 #include "settings/set_lines.h"
 #include "support/program.h"
 #include "support/report_reader.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -188,6 +189,8 @@ TEST_F(SetFileTest, readsLineByLine) {
        "conversion PrintColor=color"},
       {"<Print>|<PrintColor = 'blue'/>|<PrintQuality = 'high'/>|<Print/>",
        "0 PrintColor=(default) PrintQuality=4"},
+      {"<Print>|<PrintQuality = 'draft'/>|<Print/>", "0 PrintQuality=1"},
+      {"<Print>|<PrintQuality = 'low'/>|<Print/>", "0 PrintQuality=2"},
       {"<Print>|<PrintQuality = 'best'/>|<SortByCopies = '2'/>|<Print/>",
        "0 SortByCopies=1 PrintQuality=0"},
       {"<Print>|<PrinterName = '(default printer)'/>|<Print/>", "0 PrinterName=(defaultprinter)"},
@@ -295,20 +298,18 @@ TEST(GetKeyValue, takesWhatStandsBehindTheKey) {
 }
 
 TEST_F(SetFileTest, writesAndReadsNumbers) {
-  const std::pair<double, const char*> written[] = {
-      {0, "0"}, {210, "210"}, {-12.5, "-12.5"}, {0.1, "0.1"}, {0.0001, "0.0001"}, {1e20, "1E20"},
-  };
-  for (const auto& [value, text] : written) EXPECT_EQ(FloatToStr(value), text);
+  for (const auto& [text, none] :
+       rowsOf("0|210|-12.5|0.1|0.0001|1E20|0.333333333333333|123456789012345")) {
+    EXPECT_EQ(FloatToStr(std::stod(text)), text);
+  }
   EXPECT_EQ(FloatToStr(1.0 / 3), "0.333333333333333");
-  EXPECT_EQ(FloatToStr(123456789012345), "123456789012345");
-  const std::pair<const char*, double> read[] = {
-      {"12,5", 12.5},      {"12.5", 12.5},   {"1,234.5", 1.234}, {"1.234,5", 1.2345},
-      {"1 000,5", 1000.5}, {"-3,5mm", -3.5}, {"+3", 3},          {".5", 0.5},
-      {"1e3", 1000},       {"12/>", 12},
-  };
-  for (const auto& [text, value] : read) EXPECT_EQ(ParseDoubleAnyLocale(text), value) << text;
-  for (const char* text : {"", "abc", "-"}) EXPECT_EQ(ParseDoubleAnyLocale(text), 0) << text;
-
+  for (const auto& [text, value] :
+       rowsOf("12,5 12.5|12.5 12.5|1,234.5 1.234|1.234,5 1.2345|-3,5mm -3.5|+3 3|.5 0.5|1e3 1000|"
+              "12/> 12|abc 0|- 0")) {
+    EXPECT_EQ(ParseDoubleAnyLocale(text), std::stod(value)) << text;
+  }
+  EXPECT_EQ(ParseDoubleAnyLocale("1 000,5"), 1000.5);
+  EXPECT_EQ(ParseDoubleAnyLocale(""), 0);
   if (run({"localedef", "-i", "ru_RU", "-f", "UTF-8", place_.path("ru_RU.utf8")}).exitCode != 0) {
     GTEST_SKIP() << "no source of a locale with a decimal comma";
   }

@@ -56,16 +56,16 @@ std::vector<std::string> linesOf(const std::string& text) {
 
 }  // namespace
 
-CupsScheduler::CupsScheduler(const std::string& directives, const std::string& queues)
+CupsScheduler::CupsScheduler(const std::string& directives)
     : server_("127.0.0.1:" + std::to_string(freePort())) {
-  writeFiles(directives, queues);
+  writeFiles(directives);
   process_.emplace(std::vector<std::string>{"/usr/sbin/cupsd", "-f", "-c",
                                             place_.path("cupsd.conf"), "-s",
                                             place_.path("cups-files.conf")});
   waitUntil("doesn't start", [this] { return answers(); });
 }
 
-void CupsScheduler::writeFiles(const std::string& directives, const std::string& queues) {
+void CupsScheduler::writeFiles(const std::string& directives) {
   for (const char* name : {"spool/tmp", "cache", "run/certs", "ppd", "out"}) {
     fs::create_directories(place_.path(name));
   }
@@ -89,7 +89,6 @@ void CupsScheduler::writeFiles(const std::string& directives, const std::string&
     files += std::string(key) + " " + place_.path(name) + "\n";
   }
   place_.write("cups-files.conf", files);
-  if (!queues.empty()) place_.write("printers.conf", queues);
   // The scheduler's filters run as another user.
   for (const auto& entry : fs::recursive_directory_iterator(place_.path())) {
     fs::permissions(entry.path(), entry.is_directory() ? fs::perms(0777) : fs::perms(0644));
@@ -157,13 +156,6 @@ std::uintmax_t CupsScheduler::received() const {
     if (!gone) bytes = std::max(bytes, size);
   }
   return bytes;
-}
-
-int CupsScheduler::requests() const {
-  const auto lines = linesOf(place_.read("access_log"));
-  return static_cast<int>(std::count_if(lines.begin(), lines.end(), [](const std::string& line) {
-    return line.find("\"POST ") != std::string::npos;
-  }));
 }
 
 }  // namespace qor::test

@@ -13,9 +13,8 @@ namespace qor::test {
 
 class CupsScheduler {
  public:
-  // Starts it and waits until it answers. `directives` go into its configuration, `queues` are the
-  // contents of its list of printers.
-  explicit CupsScheduler(const std::string& directives = {}, const std::string& queues = {});
+  // Starts it and waits until it answers. `directives` go into its configuration.
+  explicit CupsScheduler(const std::string& directives = {});
 
   const std::string& server() const { return server_; }
 
@@ -44,13 +43,10 @@ class CupsScheduler {
   // The bytes that have arrived of the document on its way.
   std::uintmax_t received() const;
 
-  // How often it was asked something.
-  int requests() const;
-
   void kill() { process_->kill(); }
 
  private:
-  void writeFiles(const std::string& directives, const std::string& queues);
+  void writeFiles(const std::string& directives);
   bool answers() const;
 
   TemporaryDirectory place_;

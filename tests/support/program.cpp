@@ -77,6 +77,10 @@ Process::Process(std::vector<std::string> command, const Surroundings& surroundi
   if (error != 0) throw std::system_error(error, std::generic_category(), command.front());
 }
 
+Surroundings in(const TemporaryDirectory& place, const char* directory) {
+  return {place.path(directory), {}, 0};
+}
+
 Process::~Process() {
   kill();
 }

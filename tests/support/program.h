@@ -25,6 +25,9 @@ struct Surroundings {
   unsigned long fileSizeLimit = 0;  // bytes, 0: none
 };
 
+// The directory, and nothing else that differs.
+Surroundings in(const TemporaryDirectory& place, const char* directory = "");
+
 // A program that runs beside the test. What is still running goes with the object.
 class Process {
  public:

@@ -1,5 +1,6 @@
 #include "support/temporary_directory.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -37,6 +38,16 @@ std::string TemporaryDirectory::read(std::string_view name) const {
 
 bool TemporaryDirectory::has(std::string_view name) const {
   return fs::exists(place_ / name);
+}
+
+std::vector<std::string> TemporaryDirectory::names() const {
+  std::vector<std::string> found;
+  for (const auto& entry : fs::recursive_directory_iterator(place_)) {
+    found.push_back(fs::relative(entry.path(), place_).string() +
+                    (entry.is_directory() ? "/" : ""));
+  }
+  std::sort(found.begin(), found.end());
+  return found;
 }
 
 std::string readFile(const std::string& path) {

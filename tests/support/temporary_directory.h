@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qor::test {
 
@@ -23,6 +24,9 @@ class TemporaryDirectory {
   // The bytes of a file, empty where there is none.
   std::string read(std::string_view name) const;
   bool has(std::string_view name) const;
+
+  // Everything below it in order, directories with a "/" behind the name.
+  std::vector<std::string> names() const;
 
  private:
   std::filesystem::path place_;

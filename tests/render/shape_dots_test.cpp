@@ -1,0 +1,160 @@
+// Shapes and pictures as dots of a page: hatches, dashes, widths, corners, colours.
+#include <algorithm>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "support/page_picture.h"
+#include "support/program.h"
+
+namespace qor::test {
+namespace {
+
+// In how many rows, columns and diagonals of a square of 32 dots every dot is ink.
+std::string fullLines(const Picture& page, int left, int top) {
+  constexpr int kSide = 32;
+  const auto count = [](auto isInkAt) {
+    int full = 0;
+    for (int line = 0; line < kSide; ++line) {
+      bool whole = true;
+      for (int i = 0; i < kSide; ++i) whole = whole && isInkAt(line, i);
+      full += whole ? 1 : 0;
+    }
+    return std::to_string(full);
+  };
+  const auto ink = [&](int x, int y) { return isInk(page, left + x, top + y); };
+  return count([&](int line, int i) { return ink(i, line); }) + " level " +
+         count([&](int line, int i) { return ink(line, i); }) + " upright " +
+         count([&](int line, int i) { return ink(i, line - i); }) + " rising " +
+         count([&](int line, int i) { return ink(i, line + i); }) + " falling";
+}
+
+TEST(ShapeDots, HatchesRunTheirWayEightDotsApart) {
+  const std::pair<int, const char*> rows[] = {
+      {2, "0 level 0 upright 4 rising 0 falling"},    {3, "4 level 4 upright 0 rising 0 falling"},
+      {4, "0 level 0 upright 4 rising 4 falling"},    {5, "0 level 0 upright 0 rising 4 falling"},
+      {6, "4 level 0 upright 0 rising 0 falling"},    {7, "0 level 4 upright 0 rising 0 falling"},
+      {1, "32 level 32 upright 32 rising 32 falling"}};
+  std::string report;
+  for (const auto& [type, lines] : rows) {
+    const int left = 10 + 25 * (type - 1);
+    report += itemTag("shape", {left, 10, left + 22, 40},
+                      "sh_type=2 pt=0 bcRGB=\"120,30,9\" bt=" + std::to_string(type));
+  }
+  const TemporaryDirectory place;
+  const Picture page = pageBy(Road::picture, place, report);
+  for (const auto& [type, lines] : rows) {
+    const int left = static_cast<int>(dotOf(10 + 25 * (type - 1)));
+    EXPECT_EQ(fullLines(page, left + 8, 80), lines) << type;
+    const bool straight = type != 2 && type != 4 && type != 5;
+    bool hasColor = false;
+    for (int x = 0; x < 16; ++x) hasColor |= dotAt(page, left + 8 + x, 88) == 0x781E09;
+    EXPECT_TRUE(hasColor || !straight) << type;
+  }
+}
+
+// The lengths of ink and of paper along a row, from its first dot of ink on.
+std::string runsOf(const Picture& page, int y, int count) {
+  int x = 0;
+  while (x < page.width && !isInk(page, x, y)) ++x;
+  std::string runs;
+  for (int i = 0; i < count; ++i) {
+    const int start = x;
+    const bool ink = isInk(page, x, y);
+    while (x < page.width && isInk(page, x, y) == ink) ++x;
+    runs += (i > 0 ? " " : "") + std::to_string(x - start);
+  }
+  return runs;
+}
+
+int rowsOfInk(const Picture& page, int x, int y) {
+  int first = y;
+  while (isInk(page, x, first - 1)) --first;
+  while (isInk(page, x, y)) ++y;
+  return y - first;
+}
+
+// The patterns are those of the screens that the styles come from: dots for thin pens.
+TEST(ShapeDots, PensHaveTheirPatternsAndWidths) {
+  struct Row {
+    const char* keys;
+    const char* runs;  // from the start
+    int width;
+  };
+  const Row rows[] = {
+      {"pt=1", "378 ", 1},
+      {"pt=2", "18 6 18 6 18 6", 1},
+      {"pt=3", "3 3 3 3 3 3", 1},
+      {"pt=4", "9 6 3 6 9 6", 1},
+      {"pt=5", "9 3 3 3 3 3 9 3", 1},
+      {"pt=2 lw=90", "36 12 36 12", 6},
+      {"pt=5 lw=60", "12 4 4 4 4 4 12 4", 4},
+      {"pt=7 lw=0", "378 ", 1},
+      {"pt=1 lw=22", "378 ", 1},
+      {"pt=1 lw=23", "378 ", 2},
+  };
+  std::string report;
+  for (int top = 10; const Row& row : rows) {
+    report += itemTag("shape", {10, top, 110, top}, row.keys);
+    top += 10;
+  }
+  const TemporaryDirectory place;
+  const Picture page = pageBy(Road::picture, place, report);
+  for (int top = 10; const Row& row : rows) {
+    const int y = static_cast<int>(dotOf(top));
+    const std::string runs = row.runs;
+    const auto count = std::count(runs.begin(), runs.end(), ' ') + 1;
+    EXPECT_EQ(runsOf(page, y, static_cast<int>(count)).substr(0, runs.size()), runs) << row.keys;
+    EXPECT_EQ(rowsOfInk(page, 39, y), row.width) << row.keys;
+    top += 10;
+  }
+}
+
+TEST(ShapeDots, CornersAreRoundedByWidthAndHeight) {
+  const TemporaryDirectory place;
+  // From 75,113 to 378,227; a corner is a quarter of 40 by 10 dots.
+  const std::string keys = "sh_type=3 rw=1200 rh=300 pcRGB=\"0,0,90\"";
+  const Picture page = pageBy(Road::picture, place, itemTag("shape", {20, 30, 100, 60}, keys));
+  EXPECT_EQ(dotAt(page, 75 + 20, 113), 0xFFFFFFU);
+  EXPECT_EQ(dotAt(page, 75 + 42, 113), 0x00005AU);
+  EXPECT_EQ(dotAt(page, 75, 113 + 5), 0xFFFFFFU);
+  EXPECT_EQ(dotAt(page, 75, 113 + 12), 0x00005AU);
+  EXPECT_EQ(dotAt(page, 377, 226 - 12), 0x00005AU);
+  EXPECT_EQ(dotAt(page, 377 - 20, 226), 0xFFFFFFU);
+}
+
+TEST(ShapeDots, PicturesKeepTheirColoursAndDirections) {
+  const TemporaryDirectory place;
+  run({"convert-im6.q16", "-size",   "10x10", "(",       "xc:#C00000",
+       "xc:#00C000",      "+append", ")",     "(",       "xc:#0000C0",
+       "xc:#C0C000",      "+append", ")",     "(",       "xc:#00C0C0",
+       "xc:#C000C0",      "+append", ")",     "-append", place.path("cells.png")});
+  run({"convert-im6.q16", "-size", "40x40", "xc:none", "-fill", "#FF000080", "-draw",
+       "rectangle 0,0 19,39", place.path("half.png")});
+  const std::string report =
+      itemTag("img", {10, 20, 50, 80}, "image=\"cells.png\" imgSS=1") +
+      itemTag("shape", {60, 20, 80, 40}, "sh_type=2 bt=1 pt=0 bcRGB=\"0,0,255\"") +
+      itemTag("img", {62, 22, 0, 0}, "image=\"half.png\"");
+  for (const Road road : kRoads) {
+    SCOPED_TRACE(static_cast<int>(road));
+    const Picture page = pageBy(road, place, report);
+    const std::uint32_t cells[] = {0xC00000, 0x00C000, 0x0000C0, 0xC0C000, 0x00C0C0, 0xC000C0};
+    for (int i = 0; i < 6; ++i) {
+      const int x = static_cast<int>(dotOf(20 + 20 * (i % 2)));
+      const int y = static_cast<int>(dotOf(30 + 20 * (i / 2)));
+      EXPECT_EQ(dotAt(page, x, y), cells[i]) << i;
+    }
+    // Half of red over blue, or over white on the road that fills nothing.
+    const bool filled = road != Road::document;
+    const int x = static_cast<int>(dotOf(62));
+    const int y = static_cast<int>(dotOf(22));
+    const std::uint32_t mixed = dotAt(page, x + 10, y + 20);
+    EXPECT_NEAR(static_cast<int>(mixed >> 16), filled ? 128 : 255, 2);
+    EXPECT_NEAR(static_cast<int>(mixed >> 8 & 0xFF), filled ? 0 : 127, 2);
+    EXPECT_NEAR(static_cast<int>(mixed & 0xFF), 127, 2);
+    EXPECT_EQ(dotAt(page, x + 30, y + 20), filled ? 0x0000FFU : 0xFFFFFFU);
+  }
+}
+
+}  // namespace
+}  // namespace qor::test

@@ -1,0 +1,48 @@
+// A report's first page as dots of 1/96 inch, made by the program on one of its three roads.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/picture.h"
+#include "support/temporary_directory.h"
+
+namespace qor::test {
+
+enum class Road { picture, print, document };  // the last is the export to PDF
+
+constexpr Road kRoads[] = {Road::picture, Road::print, Road::document};
+
+// The directory is the current one of the program.
+Picture pageBy(Road road, const TemporaryDirectory& place, const std::string& report,
+               const std::string& codePage = "866");
+
+// Of dots or of millimetres.
+struct Box {
+  int left = 0;
+  int top = 0;
+  int right = 0;  // behind the last dot
+  int bottom = 0;
+
+  bool operator==(const Box&) const = default;
+};
+
+std::string text(const Box& box);
+
+// A line with one item at these millimetres; without the corner across where that is 0.
+std::string itemTag(const std::string& name, const Box& place, const std::string& keys);
+
+// 0xRRGGBB; white outside of the picture.
+std::uint32_t dotAt(const Picture& picture, int x, int y);
+bool isInk(const Picture& picture, int x, int y);  // nearer to black than to white
+
+// How far two dots are apart in the colour where they differ most.
+int apart(std::uint32_t first, std::uint32_t second);
+
+// What is not white, within the box.
+Box inkBox(const Picture& picture, const Box& within);
+
+// Where a place of millimetres lies, cut to 1/1440 inch as reports have it.
+double dotOf(double millimetres);
+
+}  // namespace qor::test

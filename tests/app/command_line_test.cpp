@@ -188,16 +188,6 @@ TEST_F(CommandLineTest, showsHelpForASwitchAlone) {
   EXPECT_EQ(parsed("-caption X -h"), "stop told caption=X");
 }
 
-TEST(ParameterString, quotesWhatHoldsBlanks) {
-  const auto joined = [](std::vector<const char*> arguments) {
-    arguments.insert(arguments.begin(), "qorutlview");
-    return parameterString(static_cast<int>(arguments.size()), arguments.data());
-  };
-  EXPECT_EQ(joined({}), "");
-  EXPECT_EQ(joined({""}), "\"\"");
-  EXPECT_EQ(joined({"-f", "a b.txt", "", "-g"}), "-f \"a b.txt\" \"\" -g");
-}
-
 TEST(CodePages, followTheVariableAndThenTheLanguage) {
   const auto codePage = [](const char* number, const char* all, const char* ctype,
                            const char* language) {

@@ -3,7 +3,6 @@
 #include <array>
 #include <filesystem>
 #include <map>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -11,6 +10,7 @@
 #include <unistd.h>
 
 #include "support/program.h"
+#include "support/rows.h"
 #include "support/temporary_directory.h"
 
 namespace qor::test {
@@ -26,13 +26,6 @@ Files contents(const TemporaryDirectory& place) {
     files[name] = name.ends_with('/') ? "" : place.read(name);
   }
   return files;
-}
-
-std::vector<std::string> linesOf(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream in(text);
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
 }
 
 void expectSilence(const Outcome& outcome, int exitCode = 0) {

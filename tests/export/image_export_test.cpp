@@ -47,12 +47,6 @@ TEST_F(ImageExport, TurnsTheSheetForLandscape) {
   EXPECT_EQ(told("wide.png", "\x1B&l1Otext", "%w x %h"), "1122 x 793");
 }
 
-TEST_F(ImageExport, WritesGrayUnlessAPageHasColour) {
-  const char* gray = "text<shape sh_type=4 bt=1 bc=Silver left=10 top=20 right=50 bottom=60/>";
-  EXPECT_EQ(told("p.png", gray, "%[channels] %z"), "gray 8");
-  EXPECT_EQ(told("p.png", "text<text fc=Red left=10 top=20 tc=x/>", "%[channels] %z"), "srgb 8");
-}
-
 TEST_F(ImageExport, StartsEachPageWithItsOwnPenAndBrush) {
   const char* report =
       "<shape sh_type=2 bt=1 bc=Red right=9 bottom=9/>\f\r\n"

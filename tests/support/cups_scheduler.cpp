@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <sstream>
 #include <stdexcept>
 #include <thread>
 
@@ -11,6 +10,8 @@
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
+
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -45,13 +46,6 @@ void waitUntil(const char* what, Condition holds) {
     std::this_thread::sleep_for(kPause);
   }
   throw std::runtime_error(std::string("the print scheduler: ") + what);
-}
-
-std::vector<std::string> linesOf(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream in(text);
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
 }
 
 }  // namespace

@@ -19,4 +19,11 @@ inline std::vector<std::pair<std::string, std::string>> rowsOf(const std::string
   return rows;
 }
 
+inline std::vector<std::string> linesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  return lines;
+}
+
 }  // namespace qor::test

@@ -40,6 +40,7 @@ struct ReadingMode {
 };
 
 bool isLineByte(char c, const ReadingMode& mode) {
+  if (static_cast<unsigned char>(c) > kEndOfFile) return true;
   switch (c) {
     case kCarriageReturn:
     case kFormFeed:

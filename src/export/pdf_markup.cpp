@@ -28,6 +28,20 @@ std::string_view nameOf(PdfField field) {
 constexpr char kOpening = 1;
 constexpr char kClosing = 2;
 
+bool isReserved(char c) {
+  return (c == '[') | (c == ']') | (c == kOpening) | (c == kClosing);
+}
+
+bool isStandIn(char c) {
+  return (c == kOpening) | (c == kClosing);
+}
+
+// Most texts hold none; counting them goes many at a time.
+template <class Predicate>
+bool holdsAny(std::string_view text, Predicate predicate) {
+  return std::count_if(text.begin(), text.end(), predicate) > 0;
+}
+
 char written(char c) {
   switch (c) {
     case '[': return kOpening;
@@ -47,10 +61,10 @@ class MarkupWriter {
  public:
   // Of the report, whatever it holds.
   void text(std::string_view value) {
-    const std::size_t start = record_.size();
+    const auto start = static_cast<std::ptrdiff_t>(record_.size());
     record_.append(value);
-    std::transform(record_.begin() + static_cast<std::ptrdiff_t>(start), record_.end(),
-                   record_.begin() + static_cast<std::ptrdiff_t>(start), written);
+    if (!holdsAny(value, isReserved)) return;
+    std::transform(record_.begin() + start, record_.end(), record_.begin() + start, written);
   }
 
   void textField(PdfField field, std::string_view value) {
@@ -187,8 +201,7 @@ void LineToMarkup(const VDocStr& line, PdfLines& lines, std::size_t index) {
 }
 
 std::string_view withBrackets(std::string_view value, std::string& buffer) {
-  const auto isStandIn = [](char c) { return c == kOpening || c == kClosing; };
-  if (std::none_of(value.begin(), value.end(), isStandIn)) return value;
+  if (!holdsAny(value, isStandIn)) return value;
   buffer.resize(value.size());
   std::transform(value.begin(), value.end(), buffer.begin(), readAgain);
   return buffer;

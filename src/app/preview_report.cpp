@@ -22,7 +22,7 @@ using Texts = std::vector<std::string>;
 // The set of the default file, or that of the file that was named.
 void loadSettings(VDoc& doc) {
   if (AppOptions.IniFileName.empty()) {
-    doc.Settings.LoadSet();
+    doc.Settings.LoadSet(VSet::Use::look);
   } else {
     doc.Settings.ReloadSet();
   }

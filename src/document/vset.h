@@ -96,9 +96,11 @@ class VSet {
   VSetScr Scr;
 
   // Reads the set; names the default file and set where none are named, and writes the file with
-  // this set where there is none. 0 read, 1 file created, -1 no such set. Throws ConversionError,
-  // ListIndexError and FileError; keys read before stay read.
-  int LoadSet();
+  // this set where there is none: a file that can't be written is told in one line on standard
+  // error, but not to whoever only looks. 0 read, 1 no such file before, -1 no such set. Throws
+  // ConversionError, ListIndexError and FileError; keys read before stay read.
+  enum class Use { print, look };
+  int LoadSet(Use use = Use::print);
 
   // Reads the set of a file that was named. 0 read or no such file, -1 no such set. Throws as
   // LoadSet.

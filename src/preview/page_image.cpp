@@ -49,7 +49,10 @@ bool PageImage::cover(const QRect& seen) {
     bitmap_.cover(
         {seen.left(), seen.top(), seen.left() + seen.width(), seen.top() + seen.height()});
   });
-  if (failure_.isNull()) return true;
+  if (failure_.isNull()) {
+    emit drawn();
+    return true;
+  }
   emit drawingFailed(failure_);
   return false;
 }

@@ -30,6 +30,7 @@ class PageImage : public QWidget {
   void setWaiting(bool waiting) { waiting_ = waiting; }
 
  signals:
+  void drawn();  // some of it, and nothing failed
   void drawingFailed(const QString& reason);
 
  protected:

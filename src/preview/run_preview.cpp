@@ -36,6 +36,7 @@ __attribute__((visibility("default"))) bool qorRunPreview(
     VDoc& doc, void (*loadSettings)(VDoc&), const std::vector<std::string>& warnings) {
   Desktop desktop;
   showWarnings(warnings);
+  if (desktop.isAskedToEnd()) return false;
   QtUserSettings settings;
   TfrmView window(settings, {});
   loadSettings(doc);

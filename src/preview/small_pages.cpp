@@ -88,6 +88,7 @@ PageImage* SmallPages::makeImage(VDoc* doc, const PageView& view, const PagePlac
                      view.screen.view_height);
   image->installEventFilter(this);
   image->setCursor(Qt::PointingHandCursor);
+  connect(image, &PageImage::drawn, this, &SmallPages::drawn);
   connect(image, &PageImage::drawingFailed, this, &SmallPages::drawingFailed);
   image->setWaiting(true);
   image->show([doc, view, number](Canvas& canvas, const ViewPart& part) {

@@ -34,6 +34,7 @@ class SmallPages : public QObject {
   // A page was clicked, once or twice; its number, from 1.
   void clicked(int number);
   void doubleClicked(int number);
+  void drawn();
   void drawingFailed(const QString& reason);
 
  protected:

@@ -3,6 +3,7 @@
 
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QStatusBar>
 #include <utility>
 
@@ -14,8 +15,22 @@ constexpr int kMessageWidth = 200;
 constexpr int kPagesWidth = 170;
 constexpr int kDatesWidth = 130;
 
+// A text that is wider than its label ends in an ellipsis: the tool tip has it whole.
+class ElidedLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    const QRect place = contentsRect();
+    painter.drawText(place, Qt::AlignVCenter,
+                     fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));
+  }
+};
+
 QLabel* panel(QStatusBar& bar, const char* name, int width, int stretch) {
-  auto* label = new QLabel(&bar);
+  auto* label = new ElidedLabel(&bar);
   label->setObjectName(name);
   label->setTextFormat(Qt::PlainText);
   label->setMinimumWidth(width);

@@ -19,6 +19,7 @@
 #include "preview/model/file_dates.h"
 #include "preview/model/owner_number.h"
 #include "preview/model/preview_texts.h"
+#include "preview/note_bar.h"
 #include "preview/page_list_model.h"
 #include "preview/page_scroll.h"
 #include "preview/passing_hint.h"
@@ -54,12 +55,14 @@ TfrmView::TfrmView(UserSettings& settings, ViewCommands commands)
       pageList_(new PageListModel(this)),
       status_(*ui_->stBar),
       hint_(new PassingHint(ui_->pScroll)),
+      notes_(new NoteBar(ui_->form)),
       TimerDynamicBlinc_(new QTimer(this)),
       gap_(new GapReader(this)) {
   setWindowIcon(TQorImageForm::ImageMenuList(ImageIndex::program, IconPlace::button));
   const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight) + kFrame;
   resize(kSize.boundedTo(screen()->availableSize() - QSize(kFrame, title)));
   page_control_->setObjectName("page_control");
+  ui_->rows->insertWidget(1, notes_);
   ui_->pScroll->setControl(page_control_);
   ui_->lstPages->setModel(pageList_);
   ui_->lstPages->setFixedWidth(kListWidth);

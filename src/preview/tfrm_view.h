@@ -26,6 +26,7 @@ class TfrmView;
 namespace qor {
 
 class GapReader;
+class NoteBar;
 class PageListModel;
 class PassingHint;
 class UserSettings;
@@ -137,6 +138,7 @@ class TfrmView : public QMainWindow {
   void leavePageEdit();
   void cancelPageEdit();
   void lstPagesClick();
+  void lstPagesClickAgain(const QModelIndex& line);
 
   // Views.
   void zoomFromView(int direction, const QPoint& anchor);
@@ -187,6 +189,7 @@ class TfrmView : public QMainWindow {
   PageListModel* pageList_;
   StatusPanels status_;
   PassingHint* hint_;
+  NoteBar* notes_;
   std::unique_ptr<ViewMenu> menu_;
   QTimer* TimerDynamicBlinc_;
   GapReader* gap_;

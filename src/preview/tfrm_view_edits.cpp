@@ -39,8 +39,11 @@ void TfrmView::connectEdits() {
     label->installEventFilter(this);
   }
   ui_->lblPageCurrent->setFocusPolicy(Qt::TabFocus);
-  connect(ui_->txtPageCurrentEdit, &QLineEdit::returnPressed, this,
-          [this] { ui_->pScroll->setFocus(); });
+  connect(ui_->txtPageCurrentEdit, &QLineEdit::returnPressed, this, [this] {
+    const bool goes = ui_->txtPageCurrentEdit->text().toInt() > 0;
+    ui_->pScroll->setFocus();
+    if (goes) ui_->pScroll->scrollToStart();
+  });
   connect(ui_->txtZoom, &QLineEdit::returnPressed, this, &TfrmView::ShowPageScale);
   connect(ui_->UpDown1, &QScrollBar::valueChanged, this, &TfrmView::UpDown1Click);
 }
@@ -56,6 +59,7 @@ void TfrmView::connectPages() {
         rbMultiPageViewClick(false);
       },
       Qt::QueuedConnection);
+  connect(page_control_, &VPage::drawn, this, [this] { seen_ = true; });
   connect(page_control_, &VPage::drawingFailed, this,
           [this](const QString& reason) { status_.setMessage(reason); });
   connect(gap_, &GapReader::startsChanged, this, &TfrmView::ShowPage);
@@ -67,6 +71,7 @@ void TfrmView::connectPages() {
   connect(ui_->pScroll, &QWidget::customContextMenuRequested, this, &TfrmView::showPopup);
   connect(ui_->lstPages->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &TfrmView::lstPagesClick, Qt::QueuedConnection);
+  connect(ui_->lstPages, &QListView::clicked, this, &TfrmView::lstPagesClickAgain);
 }
 
 bool TfrmView::eventFilter(QObject* watched, QEvent* event) {

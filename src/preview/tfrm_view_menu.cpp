@@ -10,6 +10,7 @@
 #include "document/vdoc.h"
 #include "platform/qt/qt_text.h"
 #include "preview/model/preview_texts.h"
+#include "preview/note_bar.h"
 #include "preview/page_list_model.h"
 #include "preview/page_scroll.h"
 #include "preview/size_line.h"
@@ -258,6 +259,7 @@ void TfrmView::applyCaptions() {
     menu_->languages[i]->setChecked(kLanguagePages[i] == page);
   }
   nameControls();
+  notes_->setCloseText(qtText(texts.close));
   pageList_->retranslate();
 }
 

@@ -9,6 +9,7 @@
 #include "preview/gap_reader.h"
 #include "preview/model/page_notes.h"
 #include "preview/model/preview_texts.h"
+#include "preview/note_bar.h"
 #include "preview/tfrm_view.h"
 #include "preview/view_menu.h"
 #include "preview/vpage.h"
@@ -22,20 +23,25 @@ void TfrmView::lookCloser() {
   QTimer::singleShot(0, this, &TfrmView::tellNotes);
 }
 
+// What belongs to the report stands above its pages, what belongs to a page in the status bar.
 void TfrmView::tellNotes() {
-  if (page_ == nullptr || !page_->Loaded || !status_.message().isEmpty()) return;
-  QString text;
-  overflows_ = false;
+  if (page_ == nullptr || !page_->Loaded) return;
+  QString report;
+  PageNotes notes;
   failureOf([&] {
-    PageNotes notes = notesOf(*page_);
-    // A wide view shows all, and small pages are not to be read.
-    if (state_.PreviewType == kWideView || state_.showsSeveral()) notes.overflow = {};
-    overflows_ = notes.hasOverflow();
-    text = qtText(textOf(notes));
-    const QString whole = qtText(reportNote(*doc_));
-    if (!whole.isEmpty()) text += text.isEmpty() ? whole : "   " + whole;
+    const TextKind kind = kindOfFirstPage(*doc_);
+    report = qtText(reportNote(*doc_, kind));
+    notes = notesOf(*page_);
+    // No code page of one byte a character helps there.
+    if (kind.utf8) notes.lettersLeftOut = 0;
   });
-  status_.setMessage(text);
+  notes_->tell(report);
+  // A wide view shows all, and small pages are not to be read.
+  if (state_.PreviewType == kWideView || state_.showsSeveral()) notes.overflow = {};
+  overflows_ = false;
+  if (!status_.message().isEmpty()) return;
+  overflows_ = notes.hasOverflow();
+  status_.setMessage(qtText(textOf(notes)));
   status_.setClickable(overflows_);
 }
 

@@ -134,7 +134,6 @@ void TfrmView::ShowPage() {
     TakePrintMetrics(doc_->Settings.Prn);
     showLoadedPage();
     showFileState();
-    seen_ = true;
     lookCloser();
   }
   showZoom();
@@ -275,6 +274,11 @@ void TfrmView::lstPagesClick() {
   if (chosen.isEmpty()) return selectInPageList();
   const int number = chosen.front().row() + 1;
   if (number != currentPage()) goToPage(number);
+}
+
+// A click goes to the page also where it is on view already.
+void TfrmView::lstPagesClickAgain(const QModelIndex& line) {
+  if (line.row() + 1 == currentPage()) ui_->pScroll->scrollToStart();
 }
 
 void TfrmView::lblPageCurrentClick() {

@@ -55,6 +55,8 @@ VPage::VPage(QWidget* parent)
         if (single_->failure() == reason) ShowMessage(reason);
       },
       Qt::QueuedConnection);
+  connect(single_, &PageImage::drawn, this, &VPage::drawn);
+  connect(small_, &SmallPages::drawn, this, &VPage::drawn);
   connect(single_, &PageImage::drawingFailed, this, &VPage::drawingFailed);
   connect(small_, &SmallPages::drawingFailed, this, &VPage::drawingFailed);
   connect(small_, &SmallPages::clicked, this, &VPage::pageClicked);

@@ -68,6 +68,7 @@ class VPage : public QFrame {
   // A small page was clicked, once or twice, from 1.
   void pageClicked(int number);
   void pageDoubleClicked(int number);
+  void drawn();  // a page is on view, and not only its place
   void drawingFailed(const QString& reason);
 
  private:

@@ -60,7 +60,7 @@ void VSet::readSections(const Lines& lines) {
   }
 }
 
-int VSet::LoadSet() {
+int VSet::LoadSet(Use use) {
   // The default set is a memory of earlier runs: what this one was told goes before it.
   const bool remembered = AppOptions.IniFileName.empty() && AppOptions.CodePageGiven;
   if (AppOptions.IniFileName.empty()) {
@@ -76,7 +76,7 @@ int VSet::LoadSet() {
     SaveSet();
   } catch (const FileError& error) {
     // A directory that can't be written is no reason not to print.
-    writeErrorLine(error.what());
+    if (use == Use::print) writeErrorLine(error.what());
   }
   return 1;
 }

@@ -84,7 +84,7 @@ TEST(PreviewNotes, tellWhatTheSheetDoesNotShow) {
        "The report is text in UTF-8 and shows wrong letters: convert it to a code page"},
       {"a\nb\n", 0, "Lines end with LF alone and run together: end them with CR LF"},
       {longText, 0,
-       "4901 columns are outside the sheet: wide view   "
+       "4901 columns are outside the sheet: wide view"
        "Lines end with LF alone: they are shown as lines"},
       {"plain\r\n", 866, "The settings have chosen code page 1251, and not the command line's"},
   };
@@ -94,8 +94,20 @@ TEST(PreviewNotes, tellWhatTheSheetDoesNotShow) {
     if (row.given != 0) AppOptions.DocCodePage = row.given;
     window.form().ShowPage();
     idle(window);
-    EXPECT_EQ(window.status(), row.note);
+    const auto& bar = window.control<QLabel>("noteBarText");
+    EXPECT_EQ(bar.isVisible(), !bar.text().isEmpty());
+    EXPECT_EQ(window.status() + bar.text().toStdString(), row.note);
   }
+}
+
+TEST(PreviewNotes, ofTheReportStayAwayOnceClosed) {
+  Window window({"a\nb\n\fc\n\f", Window::zoomed(kNaturalZoomEntry)});
+  idle(window);
+  EXPECT_TRUE(window.control("noteBar").isVisible());
+  window.click("noteBarClose");
+  window.press(Qt::Key_PageDown);
+  idle(window);
+  EXPECT_FALSE(window.control("noteBar").isVisible());
 }
 
 TEST(PreviewNotes, leadToTheWideViewByAClick) {

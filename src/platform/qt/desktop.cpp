@@ -75,6 +75,10 @@ Desktop::Desktop(std::optional<int> exitCodeWithout) {
 
 Desktop::~Desktop() = default;
 
+bool Desktop::isAskedToEnd() const {
+  return endSignals_->came();
+}
+
 void Desktop::run() {
   QApplication::exec();
 }

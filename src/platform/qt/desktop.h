@@ -20,6 +20,9 @@ class Desktop {
   Desktop(const Desktop&) = delete;
   Desktop& operator=(const Desktop&) = delete;
 
+  // Whether a signal has asked for the end.
+  bool isAskedToEnd() const;
+
   // Handles events until the last window is closed, or a signal asks for the end.
   void run();
 

@@ -67,6 +67,7 @@ void EndSignals::close() {
   char byte = 0;
   while (::read(readingEnd, &byte, 1) == 1) {
   }
+  came_ = true;
   QApplication::closeAllWindows();
   // A box that is open would keep the loop alive.
   QApplication::exit();

@@ -17,10 +17,14 @@ class EndSignals : public QObject {
   EndSignals();
   ~EndSignals() override;
 
+  // Whether one has come.
+  bool came() const { return came_; }
+
  private:
   void close();
 
   QSocketNotifier* notifier_ = nullptr;
+  bool came_ = false;
 };
 
 }  // namespace qor

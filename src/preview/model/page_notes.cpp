@@ -27,9 +27,9 @@ std::string overflowText(const PageOverflow& overflow) {
          std::string(single ? texts.outsideOne : texts.outsideMany);
 }
 
-// Several notes in one line.
-void append(std::string& text, const std::string& note) {
-  if (!text.empty()) text += "   ";
+// Several notes one behind the other.
+void append(std::string& text, const std::string& note, std::string_view separator) {
+  if (!text.empty()) text += separator;
   text += note;
 }
 
@@ -52,24 +52,25 @@ PageNotes notesOf(VDocPage& page) {
 }
 
 std::string textOf(const PageNotes& notes) {
+  constexpr std::string_view kBetween = "   ";
   std::string text;
-  if (notes.hasOverflow()) append(text, overflowText(notes.overflow));
+  if (notes.hasOverflow()) append(text, overflowText(notes.overflow), kBetween);
   if (notes.lettersLeftOut > 0)
-    append(text, withNumber(previewTexts().lettersLeftOut, notes.codePage));
+    append(text, withNumber(previewTexts().lettersLeftOut, notes.codePage), kBetween);
   return text;
 }
 
-std::string reportNote(VDoc& doc) {
+std::string reportNote(const VDoc& doc, const TextKind& firstPage) {
   const PreviewTexts& texts = previewTexts();
   std::string text;
+  const auto tell = [&text](std::string_view note) { append(text, std::string(note), "\n"); };
   const int codePage = doc.Settings.Page.BaseCodePage;
   if (AppOptions.CodePageGiven && codePage != AppOptions.DocCodePage)
-    append(text, withNumber(texts.codePageOfSet, codePage));
-  const TextKind kind = kindOfFirstPage(doc);
-  if (kind.utf8) append(text, std::string(texts.textIsUtf8));
-  if (kind.lineFeedsOnly)
-    append(text, std::string(doc.lineEnds() == LineEnds::lineFeeds ? texts.lineFeedsEndLines
-                                                                   : texts.lineFeedsRunTogether));
+    tell(withNumber(texts.codePageOfSet, codePage));
+  if (firstPage.utf8) tell(texts.textIsUtf8);
+  if (firstPage.lineFeedsOnly)
+    tell(doc.lineEnds() == LineEnds::lineFeeds ? texts.lineFeedsEndLines
+                                               : texts.lineFeedsRunTogether);
   return text;
 }
 

@@ -28,9 +28,9 @@ PageNotes notesOf(VDocPage& page);
 // interface; empty where there is nothing to tell.
 std::string textOf(const PageNotes& notes);
 
-// What is told of the whole report: that it is no text of the report generator, and that a set has
-// chosen another code page than the command line. Throws FileError where it can't be read.
-std::string reportNote(VDoc& doc);
+// What is told of the whole report, a line each: that it is no text of the report generator, and
+// that a set has chosen another code page than the command line.
+std::string reportNote(const VDoc& doc, const TextKind& firstPage);
 
 // The code pages that the window offers, by their numbers, and how it names one: "1251 - Windows".
 const std::vector<int>& offeredCodePages();

@@ -4,13 +4,14 @@
 #include <QLabel>
 #include <QTest>
 #include <functional>
-#include <initializer_list>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "base/app_options.h"
 #include "document/vdoc.h"
 #include "platform/qt/qt_user_settings.h"
+#include "preview/page_image.h"
 #include "preview/page_scroll.h"
 #include "preview/tfrm_view.h"
 #include "support/report_reader.h"
@@ -18,36 +19,41 @@
 
 namespace qor::test {
 
-// A report of that many pages; each says its number.
+// A report of that many pages with text.
 std::string reportOfPages(int pages);
 
 // A report whose pages have text in one line each, behind so many empty ones.
-std::string reportWithTextAt(std::initializer_list<int> lines);
+std::string reportWithTextAt(const std::vector<int>& lines);
+
+// Where the user's settings are kept.
+std::string settingsFile();
 
 // The first row of a part of a picture that has black dots, -1 where none has.
 int firstInk(const QImage& picture, const QRect& part);
+
+// Values that the user's settings hold; 1 and 0 for what is on and off.
+using Settings = std::map<std::string, int>;
 
 class Window {
  public:
   struct Start {
     std::string report;
-    std::map<std::string, int> stored{};  // values that the user's settings hold
-    std::string settingsFile{};           // the whole file, in their place
+    Settings stored{};
+    std::string brokenSettings{};  // the whole file, in their place
     ViewCommands commands{};
     bool dynamic = false;
-    QSize size{1000, 800};
     std::function<void(TfrmView&)> beforeShown{};
   };
 
   // A stored zoom.
-  static std::map<std::string, int> zoomed(int entry) { return {{"ZoomID", entry}}; }
+  static Settings zoomed(int entry) { return {{"ZoomID", entry}}; }
 
   explicit Window(const Start& start);
   ~Window();
 
   TfrmView& form() { return *form_; }
   VDoc& doc() { return doc_; }
-  std::string path() const { return AppOptions.FileName; }
+  static std::string path() { return AppOptions.FileName; }
   const TemporaryDirectory& directory() const { return directory_; }
 
   // A control by its name.
@@ -56,17 +62,26 @@ class Window {
     return *form_->findChild<Control*>(name);
   }
 
-  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-  void click(const char* name);
+  // Lets what was posted happen.
+  static void settle() { QCoreApplication::processEvents(); }
+  void resize(const QSize& size);
+
+  // What the user does. They give the page that is then on view.
+  int press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  int click(QWidget& on, QPoint place = {}, Qt::MouseButton button = Qt::LeftButton);
+  int click(const char* name) { return click(control(name)); }
   // Turns the wheel over a place of the area; a step counts 120, up is positive.
-  void wheel(int delta, Qt::KeyboardModifiers modifiers = Qt::NoModifier, QPoint place = {50, 50});
+  int wheel(int delta, Qt::KeyboardModifiers modifiers = Qt::NoModifier, QPoint place = {50, 50});
 
   int page() { return control<QLabel>("lblPageCurrent").text().toInt(); }
   int total() { return control<QLabel>("lblPageTotal").text().toInt(); }
-  std::string status(const char* panel = "stBarMessage");
-  int scrolled();  // pixels, down
+  std::string status(const char* panel = "stBarMessage") {
+    return control<QLabel>(panel).text().toStdString();
+  }
+  int scrolled() { return area().verticalScrollBar()->value(); }  // pixels, down
   QWidget& view() { return control("page_control"); }
   PageScroll& area() { return control<PageScroll>("pScroll"); }
+  std::map<int, PageImage*> smallPages();  // that are seen, by their numbers
 
   // What stands on the screen of a control.
   QImage picture(const char* name) { return control(name).grab().toImage(); }
@@ -75,7 +90,7 @@ class Window {
   int firstInk();
 
   // Closes the window and gives the settings that it left.
-  std::map<std::string, std::string> close();
+  Settings close();
 
  private:
   void prepare(const Start& start);

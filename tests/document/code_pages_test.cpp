@@ -1,5 +1,4 @@
 // The built-in code pages against the system's own tables, and those from files.
-#include <map>
 
 #include <gtest/gtest.h>
 
@@ -7,7 +6,6 @@
 #include "document/code_page.h"
 #include "platform/text_encoding.h"
 #include "support/program.h"
-#include "support/temporary_directory.h"
 
 namespace qor::test {
 namespace {

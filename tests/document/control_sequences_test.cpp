@@ -2,9 +2,6 @@
 #include "document/control_sequences.h"
 
 #include <cctype>
-#include <sstream>
-#include <string>
-#include <utility>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,5 @@
 // Shapes and pictures as dots of a page: hatches, dashes, widths, corners, colours.
 #include <algorithm>
-#include <vector>
 
 #include <gtest/gtest.h>
 

@@ -115,41 +115,37 @@ TEST_F(Printers, areMeasuredAsTheyAreSetUp) {
 }
 
 TEST_F(Printers, takeDeviceModesFromThePage) {
-  struct Row {
-    const char* what;
-    VSetPage page;
-    std::uint32_t fields;
-    Point sheet;  // dots of 1/300 by 1/150 inch, the same for measuring and printing
-  };
   VSetPage nothing;
   nothing.Orientation = nothing.PrintQuality = nothing.PrintColor = 0;
   VSetPage copies;
   copies.NumOfCopies = 3;
   copies.SortByCopies = true;
   // The defaults ask for an orientation, a quality and a colour.
-  const Row rows[] = {
-      {"nothing", nothing, 0, {2480, 1753}},
-      {"defaults", pageOf(9), 0xC01, {2480, 1753}},
-      {"across", pageOf(9, 210, 297, 7), 0xC01, {3507, 1240}},
-      {"Letter", pageOf(1), 0xC03, {2550, 1650}},
-      {"by its other number", pageOf(17), 0xC03, {3300, 2550}},
-      {"wide by nature", pageOf(4), 0xC03, {2480, 1753}},
-      {"not offered", pageOf(8), 0xC03, {2480, 1753}},
-      {"size 0", pageOf(0, 100), 0xC0F, {1181, 1753}},
-      {"size 256", pageOf(256, 100), 0xC0F, {1181, 1753}},
-      {"size 0 across", pageOf(0, 250, 80, 2), 0xC0F, {2952, 472}},
-      {"size too large", pageOf(0, 1e9, 1e9), 0xC0F, {3543, 2952}},
-      {"copies", copies, 0x8D01, {2480, 1753}},
+  // The page, the fields, and the sheet in dots of 1/300 by 1/150 inch, the same for measuring and
+  // printing.
+  const std::tuple<VSetPage, std::uint32_t, Point> rows[] = {
+      {nothing, 0, {2480, 1753}},
+      {pageOf(9), 0xC01, {2480, 1753}},
+      {pageOf(9, 210, 297, 7), 0xC01, {3507, 1240}},
+      {pageOf(1), 0xC03, {2550, 1650}},
+      {pageOf(17), 0xC03, {3300, 2550}},  // another number of a paper that is offered
+      {pageOf(4), 0xC03, {2480, 1753}},   // wide by nature
+      {pageOf(8), 0xC03, {2480, 1753}},   // not offered
+      {pageOf(0, 100), 0xC0F, {1181, 1753}},
+      {pageOf(256, 100), 0xC0F, {1181, 1753}},
+      {pageOf(0, 250, 80, 2), 0xC0F, {2952, 472}},
+      {pageOf(0, 1e9, 1e9), 0xC0F, {3543, 2952}},
+      {copies, 0x8D01, {2480, 1753}},
   };
   const auto sheet = [] {
     return Point{gPrintMetrics.PhysicalWidth, gPrintMetrics.PhysicalHeight};
   };
-  for (const Row& row : rows) {
-    const auto context = CreatePrintDC("", row.page, 100, false);
-    EXPECT_EQ(context->mode().dmFields, row.fields) << row.what;
-    EXPECT_EQ(sheet(), row.sheet) << row.what;
-    EXPECT_EQ(UpdatePrintMetrics("laser", row.page, 100, false), 1);
-    EXPECT_EQ(sheet(), row.sheet) << row.what;
+  for (const auto& [page, fields, dots] : rows) {
+    const auto context = CreatePrintDC("", page, 100, false);
+    EXPECT_EQ(context->mode().dmFields, fields) << page.PaperSize;
+    EXPECT_EQ(sheet(), dots) << page.PaperSize;
+    EXPECT_EQ(UpdatePrintMetrics("laser", page, 100, false), 1);
+    EXPECT_EQ(sheet(), dots) << page.PaperSize;
   }
   EXPECT_EQ(UpdatePrintMetrics("nobody", {}, 100, false), 0);
   EXPECT_EQ(CreatePrintDC("nobody", {}, 100, false), nullptr);
@@ -167,11 +163,10 @@ TEST_F(Printers, turnWishesIntoTickets) {
     EXPECT_FALSE(ticket(page).collated);
     EXPECT_EQ(UpdatePrintMetrics("", page, 100, false), 1);
   }
-  for (const auto& [asked, sent] : {std::pair{1, PrintQuality::draft},
-                                    {2, PrintQuality::draft},
-                                    {3, PrintQuality::normal},
-                                    {4, PrintQuality::high}}) {
-    page.PrintQuality = asked;
+  int quality = 1;
+  using enum PrintQuality;
+  for (const auto sent : {draft, draft, normal, high}) {
+    page.PrintQuality = quality++;
     EXPECT_EQ(ticket(page).quality, sent);
   }
   EXPECT_EQ(ticket(page).color, false);

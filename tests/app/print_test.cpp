@@ -2,10 +2,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <memory>
-#include <sstream>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -17,7 +13,6 @@
 #include "support/program.h"
 #include "support/report_reader.h"
 #include "support/rows.h"
-#include "support/temporary_directory.h"
 
 namespace qor::test {
 namespace {
@@ -26,84 +21,9 @@ namespace fs = std::filesystem;
 
 constexpr double kMillimetre = 0.2;  // tolerance: a dot of the printer and the reader's rounding
 
-TEST(Print, endsAsEachRunShould) {
-  struct Row {
-    const char* options;
-    const char* report;
-    int exitCode;
-    const char* error;  // part of the only line on standard error, empty for silence
-    const char* left;   // besides the set file
-    unsigned long fileSizeLimit = 0;
-  };
-  const char* bad = "A\r\n<barcode value=12345678901 br_type=UPCE right=50 bottom=9/>\r\n";
-  const Row rows[] = {
-      {"-g", "A\r\n", 0, "", "r.b(print).pdf r.b.txt r.b_1.jpeg "},
-      {"-g -p MICROSOFT_print_to_PDF", "A\r\n", 0, "", "r.b(print).pdf r.b.txt r.b_1.jpeg "},
-      {"-g -dd", "A\r\n", 0, "", "r.b(print).pdf "},
-      {"-g -dd -p nobody", "A\r\n", 0, "nobody", ""},
-      {"-g -p ../a_b/\"#", "A\r\n", 0, "../a b/", "r.b.txt r.b_1.jpeg "},
-      {"-g -dd", "", 0, "r.b.txt: the report has no pages", "r.b.txt r.b_1.jpeg "},
-      {"-g -dd", bad, 0, "r.b.txt: page 1: barcode \"12345678901\": ", "r.b(print).pdf "},
-      {"-g -dd", "A\r\n", 0, "r.b(print).pdf", "r.b.txt r.b_1.jpeg ", 2048},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.options);
-    const TemporaryDirectory place;
-    place.write("r.b.txt", row.report);
-    place.write("r.b_1.jpeg", "side");
-    std::vector<std::string> arguments = {"-f", "r.b.txt"};
-    std::istringstream options(row.options);
-    for (std::string option; options >> option;) {
-      std::replace(option.begin(), option.end(), '_', ' ');
-      arguments.push_back(option);
-    }
-    const Outcome outcome = runViewer(arguments, {place.path(), {}, row.fileSizeLimit});
-    EXPECT_EQ(outcome.exitCode, row.exitCode);
-    EXPECT_EQ(outcome.signal, 0);
-    EXPECT_EQ(outcome.output, "");
-    EXPECT_NE(outcome.errors.find(row.error), std::string::npos) << outcome.errors;
-    EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'),
-              *row.error != '\0' ? 1 : 0);
-    std::string left;
-    for (const std::string& name : place.names()) left += name + " ";
-    EXPECT_EQ(left, "QorUtlView.vset " + std::string(row.left));
-  }
-}
-
-TEST(Print, withoutReportSaysSo) {
-  const TemporaryDirectory place;
-  const Outcome outcome = runViewer({"-g", "-dd"}, in(place));
-  EXPECT_EQ(outcome.exitCode, 255);
-  EXPECT_EQ(outcome.errors, "File for print not selected.\n");
-}
-
-TEST(Print, keepsTextTitleAndPages) {
-  const TemporaryDirectory place;
-  place.write("r.txt", "\x8F\xE0\xA8\xA2\xA5\xE2 world\r\n\fzweite\r\n\f\fvierte Seite");
-  const Outcome outcome = runViewer({"-g", "-f", "r.txt", "-codepage", "866"},
-                                    {place.path(), {{"QOR_ANSI_CODEPAGE", "1251"}}, 0});
-  EXPECT_EQ(outcome.errors, "");
-  const PdfDocument document = readPdf(place.path("r(print).pdf"));
-  EXPECT_EQ(document.pages, 4);
-  EXPECT_EQ(document.title, "QorUtlView, Документ");
-  std::string text;
-  for (const PdfWord& word : document.words) text += std::to_string(word.page) + word.text + " ";
-  EXPECT_EQ(text, "1Привет 1world 2zweite 4vierte 4Seite ");
-}
-
-TEST(Print, goesOnBehindCharactersThatNoTextMayHold) {
-  const TemporaryDirectory place;
-  place.write("cp1253.ini", "128-0xFFFF\r\n129-0xD800\r\n130-0x0391\r\n");
-  place.write("r.txt", "before\r\nodd \x80\x81\x82\r\nafter\r\n\fnext\r\n");
-  EXPECT_EQ(runViewer({"-g", "-f", "r.txt", "-codepage", "1253"}, in(place)).errors, "");
-  const PdfDocument document = readPdf(place.path("r(print).pdf"));
-  EXPECT_EQ(document.word("after").page, 1);
-  EXPECT_EQ(document.word("next").page, 2);
-}
-
 // A set of "Section Key=value" rows.
-std::string setWith(const std::string& values) {
-  std::string set = "<ReportSetsIniFile Ver=\"1.0\"/>\r\n<Set SetName=\"Name\">\r\n";
+std::string setWith(const std::string& name, const std::string& values) {
+  std::string set = "<ReportSetsIniFile Ver=\"1.0\"/>\r\n<Set SetName=\"" + name + "\">\r\n";
   for (const auto& [section, pair] : rowsOf(values)) {
     const auto equals = pair.find('=');
     set.append("<" + section + ">\r\n<" + pair.substr(0, equals) + " = \"");
@@ -112,39 +32,160 @@ std::string setWith(const std::string& values) {
   return set + "<Set/>\r\n";
 }
 
+// What the report leaves, besides the set file, and what is told in the only line on standard
+// error: nothing where nothing stands here. "_" stands for a blank.
+TEST(Print, endsAsEachRunShould) {
+  struct Row {
+    const char* options;
+    const char* report;
+    const char* error;
+    const char* left;
+    unsigned long fileSizeLimit = 0;
+  };
+  const char* bad = "A\r\n<barcode value=12345678901 br_type=UPCE right=50 bottom=9/>\r\n";
+  const Row rows[] = {
+      {"-g", "A", "", "r.b(print).pdf r.b.txt r.b_1.jpeg "},
+      {"-g -p MICROSOFT_print_to_PDF", "A", "", "r.b(print).pdf r.b.txt r.b_1.jpeg "},
+      {"-g -dd", "A", "", "r.b(print).pdf "},
+      {"-g -dd -p nobody", "A", "nobody", ""},
+      {"-g -p ../a_b/\"#", "A", "../a b/", "r.b.txt r.b_1.jpeg "},
+      {"-g -dd", "", "r.b.txt: the report has no pages", "r.b.txt r.b_1.jpeg "},
+      {"-g -dd", bad, "r.b.txt: page 1: barcode \"12345678901\": ", "r.b(print).pdf "},
+      {"-g -dd", "A", "r.b(print).pdf", "r.b.txt r.b_1.jpeg ", 2048},
+      {"-g -dd -i QorUtlView.vset#S", "A", "many", "r.b.txt r.b_1.jpeg "},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.options);
+    const TemporaryDirectory place;
+    place.write("r.b.txt", row.report);
+    place.write("r.b_1.jpeg", "side");
+    place.write("r_mail.tmp", "r_mail.tmp\r\n");
+    place.write("QorUtlView.vset", setWith("S", "Print NumOfCopies=many"));
+    auto arguments = wordsOf(std::string("-f r.b.txt ") + row.options);
+    for (auto& option : arguments) std::replace(option.begin(), option.end(), '_', ' ');
+    const Outcome outcome = runViewer(arguments, {place.path(), {}, row.fileSizeLimit});
+    EXPECT_EQ(outcome.exitCode, row.error == std::string("many") ? 254 : 0);
+    EXPECT_EQ(outcome.signal, 0);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_NE(outcome.errors.find(row.error), std::string::npos) << outcome.errors;
+    EXPECT_EQ(linesOf(outcome.errors).size(), *row.error != '\0' ? 1U : 0U);
+    std::string left;
+    for (const std::string& name : place.names()) left += name + " ";
+    EXPECT_EQ(left, "QorUtlView.vset " + std::string(row.left) + "r_mail.tmp ");
+  }
+}
+
+TEST(Print, keepsTextTitleAndPages) {
+  const TemporaryDirectory place;
+  const Outcome none = runViewer({"-g", "-dd"}, in(place));
+  EXPECT_EQ(none.exitCode, 255);
+  EXPECT_EQ(none.errors, "File for print not selected.\n");
+  // Two of the letters are none that a text may hold.
+  place.write("cp1253.ini", "128-0xFFFF\r\n129-0xD800\r\n130-0x416\r\n");
+  place.write("r.txt", "\x82\x80\x81 world\r\n\fzweite\r\n\f\fvierte Seite");
+  EXPECT_EQ(runViewer({"-g", "-f", "r.txt", "-codepage", "1253"},
+                      {place.path(), {{"QOR_ANSI_CODEPAGE", "1251"}}, 0})
+                .errors,
+            "");
+  const PdfDocument document = readPdf(place.path("r(print).pdf"));
+  EXPECT_EQ(document.pages, 4);
+  EXPECT_EQ(document.title, "QorUtlView, Документ");
+  EXPECT_EQ(document.word("zweite").page, 2);
+  EXPECT_EQ(document.word("Seite").page, 4);
+  EXPECT_EQ(document.words.front().text.substr(0, 2), "Ж");
+}
+
+// The sheet of a picture is the same.
 TEST(Print, followsTheSettingsSet) {
   struct Row {
-    const char* values;
-    double width;  // mm
+    std::string values;  // of the section of the page, or of another
+    double width;        // mm
     double height;
     double x = 2 * 10 * 0.6001 * 25.4 / 72;  // of "B", behind two cells of the font
     double y = 0;
   };
   const Row rows[] = {
       {"", 210, 297},
-      {"Page PaperSize=8", 297, 420},
       {"Page PaperSize=1|Page Orientation=2", 279.4, 215.9},
       {"Page MarginLeft=20|Page MarginTop=30", 210, 297, 20 + rows[0].x, 30},
       {"Font Height=20|Font Name=Courier New", 210, 297, 2 * rows[0].x},
       {"Page PaperSize=0|Page PaperWidth=100,5|Page PaperHeight=50", 100.5, 50},
       {"Page PaperSize=0|Page PaperWidth=200|Page PaperHeight=80|Page Orientation=2", 200, 80},
+      {"Page PaperSize=0|Page PaperWidth=80|Page PaperHeight=200|Page Orientation=2", 80, 200},
       {"Page PaperSize=256|Page PaperWidth=100", 100, 297},
       {"Page PaperSize=117", 210, 297},
+      {"Page PaperWidth=297|Page PaperHeight=210|Page Orientation=7", 297, 210},
+      {"Page PaperWidth=297|Page PaperHeight=210", 210, 297},
+      {"Page Orientation=0", 210, 297},
+      {"Page PaperSize=8", 297, 420},
+      {"Page PaperSize=4|Page PaperWidth=432|Page PaperHeight=279", 432, 279},
+      {"Page PaperSize=4|Page PaperWidth=432|Page PaperHeight=279|Page Orientation=2", 279, 432},
+      {"Page PaperSize=4711|Page PaperWidth=123|Page PaperHeight=45", 123, 45},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.values);
     const TemporaryDirectory place;
     place.write("r.txt", "A B\r\n");
-    place.write("s.vset", setWith(row.values));
-    EXPECT_EQ(runViewer({"-g", "-f", "r.txt", "-i", "s.vset#Name"}, in(place)).errors, "");
+    place.write("s.vset", setWith("Name", row.values));
+    for (const std::string way : {"-g", "-export o.png"}) {
+      EXPECT_EQ(runViewer(wordsOf("-f r.txt -i s.vset#Name " + way), in(place)).errors, "");
+    }
+    const auto picture = decodePicture(place.read("o.png")).value();
+    EXPECT_NEAR(picture.width * 25.4 / 96, row.width, 0.5);
+    EXPECT_NEAR(picture.height * 25.4 / 96, row.height, 0.5);
     const PdfDocument document = readPdf(place.path("r(print).pdf"));
-    EXPECT_NEAR(document.width, row.width, kMillimetre);
-    EXPECT_NEAR(document.height, row.height, kMillimetre);
+    EXPECT_NEAR(document.width, row.width, 0.5);
+    EXPECT_NEAR(document.height, row.height, 0.5);
     const PdfWord word = document.word("B");
     EXPECT_EQ(word.page, 1);
     EXPECT_NEAR(word.x, row.x, kMillimetre);
     EXPECT_NEAR(word.y, row.y, 1);  // the reader's boxes start at its own idea of an ascent
   }
+}
+
+// The command line's, a set's, or a memory of earlier runs. Byte 0xE0 is "а" in 1251, "р" in 866,
+// "à" in 1254 and 28591, "ŕ" in 1250; byte 0xE4 "ה" in 1255.
+TEST(Print, readsItsReportInACodePage) {
+  struct Row {
+    const char* options;
+    const char* remembered;  // by the default set
+    const char* letter;
+  };
+  const Row rows[] = {
+      {"", "", "а"},
+      {"-codepage 866", "", "р"},
+      {"", "866", "р"},
+      {"-codepage 1254", "866", "à"},
+      {"-codepage x", "866", "р"},
+      {"-codepage 1254 -i s.vset#S", "866", "ŕ"},
+      {"-codepage 1254 -i s.vset#none", "866", "à"},
+      {"-codepage 28591", "", "à"},
+      {"-codepage 1255", "", "א"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.options);
+    const TemporaryDirectory place;
+    place.write("r.txt", "x\xE0x\r\n");
+    place.write("s.vset", setWith("S", "Page BaseCodePage=1250"));
+    if (*row.remembered != '\0') {
+      const std::string page = std::string("Page BaseCodePage=") + row.remembered;
+      place.write("QorUtlView.vset", setWith("Default", page));
+    }
+    EXPECT_EQ(runViewer(wordsOf(std::string("-g -f r.txt ") + row.options),
+                        {place.path(), {{"QOR_ANSI_CODEPAGE", "1251"}}, 0})
+                  .errors,
+              "");
+    const PdfDocument document = readPdf(place.path("r(print).pdf"));
+    EXPECT_EQ(document.words.at(0).text, "x" + std::string(row.letter) + "x");
+  }
+  // What nobody knows is not remembered: it would fail each later run, too.
+  const TemporaryDirectory place;
+  place.write("r.txt", "x\r\n");
+  const Outcome failed = runViewer({"-g", "-dd", "-f", "r.txt", "-codepage", "99999"}, in(place));
+  EXPECT_EQ(failed.exitCode, 254);
+  EXPECT_TRUE(failed.errors.starts_with(place.path("r.txt") + ": code page 99999: "));
+  EXPECT_EQ(runViewer({"-g", "-f", "r.txt"}, in(place)).errors, "");
+  EXPECT_TRUE(place.has("r(print).pdf"));
 }
 
 TEST(Print, startsEachPageWithItsOwnPenAndBrush) {

@@ -1,5 +1,4 @@
 // The built-in code pages against the system's own tables, and those from files.
-#include <map>
 
 #include <gtest/gtest.h>
 
@@ -7,7 +6,6 @@
 #include "document/code_page.h"
 #include "platform/text_encoding.h"
 #include "support/program.h"
-#include "support/temporary_directory.h"
 
 namespace qor::test {
 namespace {
@@ -42,19 +40,14 @@ TEST(CodePages, BuiltInOnesAreThePublishedOnesButForAFew) {
 
 // The system's converter is a part of what is told above: a few letters that differ between pages.
 TEST(CodePages, AreToldApart) {
-  struct Row {
-    int codePage;
-    const char* bytes;
-    const char* text;
-  };
-  const Row rows[] = {
+  const std::tuple<int, const char*, const char*> rows[] = {
       {1252, "\xD0\xDD\xE9", "ÐÝé"}, {1253, "\xC1\xE2", "Αβ"},       {28595, "\xB6\xD0\xF0", "Жа№"},
       {28599, "\xD0\xDD", "Ğİ"},     {20866, "\xA4\xC1\xF7", "╓аВ"}, {21866, "\xA4\xC1\xF7", "єаВ"},
       {10000, "\x80\x8A", "Ää"},     {437, "\x9B\xE0", "¢α"},
   };
-  for (const Row& row : rows) {
-    EXPECT_EQ(utf8FromCodePage(row.bytes, row.codePage), row.text) << row.codePage;
-    EXPECT_EQ(codePageFromUtf8(row.text, row.codePage, Substitute::questionMark), row.bytes);
+  for (const auto& [codePage, bytes, text] : rows) {
+    EXPECT_EQ(utf8FromCodePage(bytes, codePage), text) << codePage;
+    EXPECT_EQ(codePageFromUtf8(text, codePage, Substitute::questionMark), bytes);
   }
 }
 

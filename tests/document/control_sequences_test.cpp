@@ -2,9 +2,6 @@
 #include "document/control_sequences.h"
 
 #include <cctype>
-#include <sstream>
-#include <string>
-#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -17,24 +14,25 @@ namespace {
 // Everything that sequences can change, where it differs from the defaults.
 std::string changes(const FontState& font, const VSetPage& page) {
   std::ostringstream out;
-  const auto tell = [&out](const char* name, double value, double usual) {
+  const std::tuple<const char*, double, double> values[] = {
+      {"factor", font.WidthFactor, 1},
+      {"height", font.Height, 10},
+      {"width", font.Width, 0},
+      {"weight", font.LogFont.Weight, 400},
+      {"underline", font.LogFont.Underline, 0},
+      {"hs", font.CharSpacing, 0},
+      {"vs", font.LineSpacing, 0},
+      {"row", font.RowHeight, 0},
+      {"copies", page.NumOfCopies, 1},
+      {"orientation", page.Orientation, 1},
+      {"left", page.MarginLeft, 0},
+      {"top", page.MarginTop, 0},
+      {"right", page.MarginRight, 0},
+      {"bottom", page.MarginBottom, 0},
+      {"codepage", page.BaseCodePage, 1252}};
+  for (const auto& [name, value, usual] : values) {
     if (value != usual) out << name << "=" << value << " ";
-  };
-  tell("factor", font.WidthFactor, 1);
-  tell("height", font.Height, 10);
-  tell("width", font.Width, 0);
-  tell("weight", font.LogFont.Weight, 400);
-  tell("underline", font.LogFont.Underline, 0);
-  tell("hs", font.CharSpacing, 0);
-  tell("vs", font.LineSpacing, 0);
-  tell("row", font.RowHeight, 0);
-  tell("copies", page.NumOfCopies, 1);
-  tell("orientation", page.Orientation, 1);
-  tell("left", page.MarginLeft, 0);
-  tell("top", page.MarginTop, 0);
-  tell("right", page.MarginRight, 0);
-  tell("bottom", page.MarginBottom, 0);
-  tell("codepage", page.BaseCodePage, 1252);
+  }
   return out.str();
 }
 

@@ -36,15 +36,12 @@ TEST_F(ImageExport, WritesEveryFormatAtTheSizeOfTheSheet) {
   for (const auto& [name, format] : rowsOf("p.bmp BMP3|p.jpeg JPEG|p.gif GIF|p.png PNG")) {
     EXPECT_EQ(told(name, "text", "%m %w x %h"), format + " 793 x 1122");
   }
+  EXPECT_EQ(told("wide.png", "\x1B&l1Otext", "%w x %h"), "1122 x 793");
   told("p.ico", "text", "");
   const std::string icon = magick_.folder().read("p.ico");
   // One image; its bitmap header tells the size, doubled in height for the mask.
   EXPECT_EQ(icon.substr(0, 6), std::string("\0\0\1\0\1\0", 6));
   EXPECT_EQ(icon.substr(22, 12), std::string("\x28\0\0\0\x19\x03\0\0\xC4\x08\0\0", 12));
-}
-
-TEST_F(ImageExport, TurnsTheSheetForLandscape) {
-  EXPECT_EQ(told("wide.png", "\x1B&l1Otext", "%w x %h"), "1122 x 793");
 }
 
 TEST_F(ImageExport, StartsEachPageWithItsOwnPenAndBrush) {
@@ -69,6 +66,8 @@ TEST_F(ImageExport, PutsItemsAtTheirMillimetres) {
       // 75.6 high, so 100.8 wide; 75.6 wide, so 56.7 high, each in the middle.
       {"<img image=\"p.bmp\" imgSS=2" + place, "176,113 278,189"},
       {"<img image=\"p.bmp\" imgSS=2 left=20 top=30 right=40 bottom=70/>", "75,160 152,218"},
+      // A box without a lower edge is as high as it stands below the top, upward.
+      {"<img image=\"p.bmp\" imgSS=2 left=20 top=30 right=100/>", "75,0 378,171"},
       // A dot is a twip in the corner, or nothing at all.
       {"<img image=\"p.bmp\" imgSS=3" + place, "0,0 3,2"},
       {"<img image=\"p.bmp\" imgSS=4" + place, "793,1122 0,0"},

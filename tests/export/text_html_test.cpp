@@ -1,14 +1,9 @@
 // Text and HTML exports, byte for byte, by the program from outside.
-#include <map>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "support/program.h"
 #include "support/rows.h"
-#include "support/temporary_directory.h"
 
 namespace qor::test {
 namespace {

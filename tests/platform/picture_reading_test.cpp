@@ -11,24 +11,6 @@ namespace {
 
 class PictureReading : public testing::Test {
  protected:
-  struct Victim {
-    std::string file;
-    std::size_t spare = 0;  // bytes at the end that no pixel needs
-  };
-
-  std::vector<Victim> victims() const {
-    return {{magick_.make("-depth 8", "PNG24:a.png")},
-            {magick_.make("-colors 50 -interlace PNG", "PNG8:b.png")},
-            {magick_.make("-quality 80", "a.jpg")},
-            {magick_.make("-quality 80 -interlace JPEG", "b.jpg")},
-            {magick_.make("-interlace GIF", "a.gif"), 1},
-            {magick_.make("-type TrueColor", "BMP3:a.bmp")},
-            {magick_.make("-alpha set -channel A -fx 0.5", "BMP:b.bmp")},
-            {magick_.make("-type Palette -colors 9 -compress RLE", "BMP3:c.bmp"), 2},
-            {magick_.make("-alpha off -colors 9 -type Palette", "a.ico")},
-            {magick_.make("-resize 256x256!", "b.ico")}};
-  }
-
   ImageMagick magick_;
 };
 
@@ -193,14 +175,24 @@ TEST_F(PictureReading, knowsTheFirstColourOfAGifAsTransparent) {
 }
 
 TEST_F(PictureReading, refusesFilesThatAreCutShort) {
-  for (const auto& [file, spare] : victims()) {
+  // The file, and the bytes at its end that no pixel needs.
+  const std::tuple<const char*, const char*, std::size_t> rows[] = {
+      {"-depth 8", "PNG24:a.png", 0},
+      {"-colors 50 -interlace PNG", "PNG8:b.png", 0},
+      {"-quality 80", "a.jpg", 0},
+      {"-quality 80 -interlace JPEG", "b.jpg", 0},
+      {"-interlace GIF", "a.gif", 1},
+      {"-type TrueColor", "BMP3:a.bmp", 0},
+      {"-type Palette -colors 9 -compress RLE", "BMP3:c.bmp", 2},
+      {"-alpha off -colors 9 -type Palette", "a.ico", 0},
+      {"-resize 256x256!", "b.ico", 0}};
+  for (const auto& [arguments, name, spare] : rows) {
+    const std::string file = magick_.make(arguments, name);
     ASSERT_TRUE(decodePicture(file));
-    const std::size_t step = file.size() / 1000 + 1;
-    for (std::size_t size = 0; size + spare < file.size(); size += step) {
+    for (std::size_t size = 0; size + spare < file.size(); size += file.size() / 1000 + 1) {
       // A copy of exactly this size lets the sanitizer see reads beyond its end.
-      const std::vector<char> copy(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(size));
-      EXPECT_FALSE(decodePicture({copy.data(), copy.size()}))
-          << size << " of " << file.size() << " bytes of " << file.substr(0, 2);
+      const std::vector<char> copy(file.data(), file.data() + size);
+      EXPECT_FALSE(decodePicture({copy.data(), copy.size()})) << size << " of " << name;
     }
   }
 }

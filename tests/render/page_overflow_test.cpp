@@ -10,33 +10,26 @@ namespace qor::test {
 namespace {
 
 TEST(PageOverflow, CountsLinesAndColumns) {
-  struct Row {
-    const char* bytes;
-    Rect sheet;
-    PageOverflow overflow;
+  const std::tuple<const char*, Rect, int, int> rows[] = {
+      {"abc\r\ndef", {0, 0, 99999, 99999}, 0, 0},
+      {"abc\r\nd", {0, 0, 361, 999}, 0, 0},
+      {"abc\r\nd", {0, 0, 360, 999}, 0, 1},
+      {"abc   \r\nd", {0, 0, 361, 999}, 0, 0},
+      {"   \r\nd", {0, 0, 130, 999}, 0, 0},
+      {"abc\r\nabcdef", {0, 0, 300, 999}, 0, 4},
+      {"a<b>bc<b/>def", {0, 0, 241, 999}, 0, 4},
+      {"a\r\nb\r\nc\r\nd", {0, 0, 999, 394}, 2, 0},
+      {"a\r\nb\r\nc\r\nd", {0, 0, 999, 393}, 3, 0},
+      {"a\r\nb\rB\r\nc", {0, 0, 999, 300}, 2, 0},
+      {"a\r\n\r\n\r\n  ", {0, 0, 999, 300}, 0, 0},
+      {"<text left=10 top=1 tc=placed/>", {0, 0, 900, 999}, 0, 4},
+      {"<text left=1 top=20 tc=placed/>", {0, 0, 9999, 999}, 1, 0},
+      {"<text left=1 top=20 o=1 tc=turned/>", {0, 0, 9, 9}, 0, 0},
   };
-  const Rect wide = {0, 0, 99999, 99999};
-  const Row rows[] = {
-      {"abc\r\ndef", wide, {0, 0}},
-      {"abc\r\nd", {0, 0, 361, 999}, {0, 0}},
-      {"abc\r\nd", {0, 0, 360, 999}, {0, 1}},
-      {"abc   \r\nd", {0, 0, 361, 999}, {0, 0}},
-      {"   \r\nd", {0, 0, 130, 999}, {0, 0}},
-      {"abc\r\nabcdef", {0, 0, 300, 999}, {0, 4}},
-      {"a<b>bc<b/>def", {0, 0, 241, 999}, {0, 4}},
-      {"a\r\nb\r\nc\r\nd", {0, 0, 999, 394}, {2, 0}},
-      {"a\r\nb\r\nc\r\nd", {0, 0, 999, 393}, {3, 0}},
-      {"a\r\nb\rB\r\nc", {0, 0, 999, 300}, {2, 0}},
-      {"a\r\n\r\n\r\n  ", {0, 0, 999, 300}, {0, 0}},
-      {"<text left=10 top=1 tc=placed/>", {0, 0, 900, 999}, {0, 4}},
-      {"<text left=1 top=20 tc=placed/>", {0, 0, 9999, 999}, {1, 0}},
-      {"<text left=1 top=20 o=1 tc=turned/>", {0, 0, 9, 9}, {0, 0}},
-  };
-  for (const Row& row : rows) {
-    TestReport report(row.bytes);
-    const PageOverflow overflow = overflowOf(report.page(), row.sheet);
-    EXPECT_EQ(overflow.lines, row.overflow.lines) << row.bytes;
-    EXPECT_EQ(overflow.columns, row.overflow.columns) << row.bytes;
+  for (const auto& [bytes, sheet, lines, columns] : rows) {
+    TestReport report(bytes);
+    const PageOverflow overflow = overflowOf(report.page(), sheet);
+    EXPECT_EQ(std::pair(overflow.lines, overflow.columns), std::pair(lines, columns)) << bytes;
   }
 }
 

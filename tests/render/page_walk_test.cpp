@@ -9,6 +9,7 @@
 #include "document/vcommand.h"
 #include "support/recording_canvas.h"
 #include "support/report_reader.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -31,77 +32,63 @@ std::string plain(const std::string& place, const std::string& text) {
   return "text " + place + " \"" + text + "\" " + kPlain;
 }
 
+// Plain texts as "place text|place text".
+std::string plainTexts(const std::string& texts) {
+  std::string record;
+  for (const auto& [place, text] : rowsOf(texts)) record += plain(place, text);
+  return record;
+}
+
 TEST(PageWalk, PutsLinesUnderEachOther) {
-  struct Row {
-    std::string name;
-    std::string bytes;
-    std::string record;
+  const std::pair<std::string, const char*> rows[] = {
+      {"a\r\nb", "0,0 a|0,227 b"},
+      {"\r\n\r\nb", "0,454 b"},
+      {"ab<i/>c", "0,0 ab|240,0 c"},
+      {"a\rb\r\nc", "0,0 a|10,0 b|0,227 c"},
+      {"<text left=10 top=20 tc=q/>\r\nc", "566,1133 q|0,0 c"},
+      {"a<text left=10 top=20 tc=q/>b", "0,0 a|566,1133 q|120,0 b"},
+      {"<font vs=1/>a\r\nb", "0,0 a|0,283 b"},  // divided by 25.5
+      {"<font hs=10/>ab<font hs=0/>c", "0,0 ab|1372,0 c"},
   };
-  const std::string high = "Courier New -480x0 weight 400 color 0\n";
-  const std::vector<Row> rows = {
-      {"two lines", "a\r\nb", plain("0,0", "a") + plain("0,227", "b")},
-      {"an empty line has a height", "\r\n\r\nb", plain("0,454", "b")},
-      {"pieces follow each other", "ab<i/>c<font fi=1/>d",
-       plain("0,0", "ab") + plain("240,0", "c") +
-           "text 360,0 \"d\" Courier New -200x0 weight 400 italic color 0\n"},
-      {"a line leaves the flow alone", "a<shape left=50 top=90 right=90 bottom=90/>b\r\nc",
-       plain("0,0", "a") + "line 2834,5102 5102,5102 pen 1 15 0 brush 0 0\n" + plain("120,0", "b") +
-           plain("0,227", "c")},
-      {"overprint", "a\rb\r\nc", plain("0,0", "a") + plain("10,0", "b") + plain("0,227", "c")},
-      {"tallest text counts", "a<h1>b<h1/>\r\nc",
-       plain("0,0", "a") + "text 120,0 \"b\" " + high + plain("0,544", "c")},
-      {"placed items have no height", "<text left=10 top=20 tc=q/>\r\nc",
-       plain("566,1133", "q") + plain("0,0", "c")},
-      {"a placed text leaves the flow alone", "a<text left=10 top=20 tc=q/>b",
-       plain("0,0", "a") + plain("566,1133", "q") + plain("120,0", "b")},
-      {"extra height, divided by 25.5", "<font vs=1/>a\r\nb",
-       plain("0,0", "a") + plain("0,283", "b")},
-      {"extra width", "<font hs=10/>ab<font hs=0/>c", plain("0,0", "ab") + plain("1372,0", "c")},
-      {"condensed",
-       "\x0F"
-       "a\x12"
-       "b",
-       "text 0,0 \"a\" Courier New -200x72 weight 400 color 0\n" + plain("72,0", "b")},
-      {"width and factor", "<w1><font width=10/>a",
-       "text 0,0 \"a\" Courier New -200x400 weight 400 color 0\n"},
-      {"turned text moves the position along", "<font o=3/>a<font o=0/>b",
-       "text 0,0 \"a\" Courier New -200x0 weight 400 turned 2700 color 0\n" + plain("0,120", "b")},
+  for (const auto& [bytes, texts] : rows) EXPECT_EQ(drawn(bytes), plainTexts(texts)) << bytes;
+  // Other fonts and items: what of them stands at the origin, and the plain text behind.
+  const std::tuple<std::string, std::string, const char*> others[] = {
+      {"<font fi=1>d<font/>e", "d\" Courier New -200x0 weight 400 italic", "120,0 e"},
+      {"<h1>b<h1/>\r\nc", "b\" Courier New -480x0 weight 400", "0,544 c"},
+      {"\x0F-\x12+", "-\" Courier New -200x72 weight 400", "72,0 +"},
+      {"<w1><font width=10/>a<w1/>", "a\" Courier New -200x400 weight 400", ""},
+      {"<font o=3/>a<font o=0/>b", "a\" Courier New -200x0 weight 400 turned 2700", "0,120 b"},
   };
-  for (const Row& row : rows) EXPECT_EQ(drawn(row.bytes), row.record) << row.name;
+  for (const auto& [bytes, first, behind] : others) {
+    EXPECT_EQ(drawn(bytes), "text 0,0 \"" + first + " color 0\n" + plainTexts(behind)) << bytes;
+  }
+  EXPECT_EQ(drawn("a<shape left=50 top=90 right=90 bottom=90/>b\r\nc"),
+            plain("0,0", "a") + "line 2834,5102 5102,5102 pen 1 15 0 brush 0 0\n" +
+                plainTexts("120,0 b|0,227 c"));
 }
 
 TEST(PageWalk, CountsMarginsInMillimetresOrCells) {
-  struct Row {
-    int left;
-    int top;
-    const char* place;
-  };
-  for (const Row& row : {Row{3, 5, "170,283"}, Row{-3, -2, "318,400"}, Row{0, -1, "0,200"}}) {
+  for (const auto& [left, top, place] :
+       {std::tuple{3, 5, "170,283"}, {-3, -2, "318,400"}, {0, -1, "0,200"}}) {
     TestReport report("a");
-    report.doc().Settings.Page.MarginLeft = row.left;
-    report.doc().Settings.Page.MarginTop = row.top;
-    EXPECT_EQ(drawn(report), plain(row.place, "a"));
+    report.doc().Settings.Page.MarginLeft = left;
+    report.doc().Settings.Page.MarginTop = top;
+    EXPECT_EQ(drawn(report), plain(place, "a"));
   }
 }
 
 // 8/48 inch are 240 twips: two rows above the page, and each empty line. Plain lines keep 227, and
 // with a height for 8 lines an inch (9 points) 204.
 TEST(PageWalk, RowHeightsOfTheReportSetTheGridAndEmptyLines) {
-  struct Row {
-    const char* bytes;
-    std::vector<int> lines;  // where each letter stands
-  };
-  for (const Row& row : {Row{"\033&l8Ca\r\nb\r\n\r\nc", {480, 707, 1174}},
-                         Row{"a\r\n\033&l8Cb\r\n\r\nc", {480, 707, 1174}},
-                         Row{"\033&l8Da\r\n\r\nb\r\nc", {360, 768, 972}},
-                         Row{"<font vs=1/>a\r\n\r\nb", {60, 626}}}) {
-    TestReport report(row.bytes);
+  for (const auto& [bytes, texts] : {std::pair{"\033&l8Ca\r\nb\r\n\r\nc", "480 a|707 b|1174 c"},
+                                     {"a\r\n\033&l8Cb\r\n\r\nc", "480 a|707 b|1174 c"},
+                                     {"\033&l8Da\r\n\r\nb\r\nc", "360 a|768 b|972 c"},
+                                     {"<font vs=1/>a\r\n\r\nb", "60 a|626 b"}}) {
+    TestReport report(bytes);
     report.doc().Settings.Page.MarginTop = -2;
     const std::string record = drawn(report);
-    char letter = 'a';
-    for (const int y : row.lines) {
-      const std::string text = "," + std::to_string(y) + " \"" + letter++ + "\"";
-      EXPECT_NE(record.find(text), std::string::npos) << row.bytes << text << "\n" << record;
+    for (const auto& [y, letter] : rowsOf(texts)) {
+      EXPECT_NE(record.find("," + y + " \"" + letter + "\""), std::string::npos) << record;
     }
   }
 }
@@ -119,8 +106,7 @@ TEST(PageWalk, AFormFeedInsideAPageStartsItsLowerHalf) {
   page.AddLine("d", commands).AfterFormFeed = true;
   RecordingCanvas canvas;
   DrawPage(page, canvas);
-  EXPECT_EQ(canvas.record(), plain("0,566", "a") + plain("0,7849", "b") + plain("0,8076", "c") +
-                                 plain("0,7849", "d"));
+  EXPECT_EQ(canvas.record(), plainTexts("0,566 a|0,7849 b|0,8076 c|0,7849 d"));
 }
 
 TEST(PageWalk, MeasuresTheExtentOfTheContent) {
@@ -143,15 +129,12 @@ TEST(PageWalk, CharactersComeFromTheReportsCodePage) {
 }
 
 TEST(PageWalk, BoxTextIsAlignedAndReadByItsCharacterSet) {
-  struct Row {
-    const char* align;
-    const char* place;
-  };
-  for (const Row& row :
-       {Row{"alignH=0 alignV=0", "566,566"}, Row{"alignH=1 alignV=1", "1640,736"},
-        Row{"alignH=2 alignV=2", "2714,906"}, Row{"alignH=7 alignV=7", "566,566"}}) {
-    const std::string item = std::string("<text left=10 top=10 right=50 bottom=20 ") + row.align;
-    EXPECT_EQ(drawn(item + " tc=\xC0/>"), "clip 566,566 2834,1133\n" + plain(row.place, "<c0>"));
+  for (const auto& [align, place] : {std::pair{"alignH=0 alignV=0", "566,566"},
+                                     {"alignH=1 alignV=1", "1640,736"},
+                                     {"alignH=2 alignV=2", "2714,906"},
+                                     {"alignH=7 alignV=7", "566,566"}}) {
+    const std::string item = std::string("<text left=10 top=10 right=50 bottom=20 ") + align;
+    EXPECT_EQ(drawn(item + " tc=\xC0/>"), "clip 566,566 2834,1133\n" + plain(place, "<c0>"));
   }
   TestReport report("");
   AppOptions.FontCharset = 204;

@@ -1,5 +1,4 @@
 // Pictures of a report, found by their names and drawn from the files that are meant.
-#include <vector>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,5 @@
 // Shapes and pictures as dots of a page: hatches, dashes, widths, corners, colours.
 #include <algorithm>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -76,12 +75,8 @@ int rowsOfInk(const Picture& page, int x, int y) {
 
 // The patterns are those of the screens that the styles come from: dots for thin pens.
 TEST(ShapeDots, PensHaveTheirPatternsAndWidths) {
-  struct Row {
-    const char* keys;
-    const char* runs;  // from the start
-    int width;
-  };
-  const Row rows[] = {
+  // The keys, the runs from the start, and the width.
+  const std::tuple<std::string, std::string, int> rows[] = {
       {"pt=1", "378 ", 1},
       {"pt=2", "18 6 18 6 18 6", 1},
       {"pt=3", "3 3 3 3 3 3", 1},
@@ -94,18 +89,17 @@ TEST(ShapeDots, PensHaveTheirPatternsAndWidths) {
       {"pt=1 lw=23", "378 ", 2},
   };
   std::string report;
-  for (int top = 10; const Row& row : rows) {
-    report += itemTag("shape", {10, top, 110, top}, row.keys);
+  for (int top = 10; const auto& [keys, runs, width] : rows) {
+    report += itemTag("shape", {10, top, 110, top}, keys);
     top += 10;
   }
   const TemporaryDirectory place;
   const Picture page = pageBy(Road::picture, place, report);
-  for (int top = 10; const Row& row : rows) {
+  for (int top = 10; const auto& [keys, runs, width] : rows) {
     const int y = static_cast<int>(dotOf(top));
-    const std::string runs = row.runs;
-    const auto count = std::count(runs.begin(), runs.end(), ' ') + 1;
-    EXPECT_EQ(runsOf(page, y, static_cast<int>(count)).substr(0, runs.size()), runs) << row.keys;
-    EXPECT_EQ(rowsOfInk(page, 39, y), row.width) << row.keys;
+    const auto count = static_cast<int>(std::ranges::count(runs, ' ') + 1);
+    EXPECT_EQ(runsOf(page, y, count).substr(0, runs.size()), runs) << keys;
+    EXPECT_EQ(rowsOfInk(page, 39, y), width) << keys;
     top += 10;
   }
 }

@@ -18,23 +18,18 @@ std::string placed(int left, int top, const std::string& keys) {
 // ascent of 1705, an advance of 1229, an underline of 84 from 393 below the baseline down, a
 // strike-out of 102 from 530 above it down.
 TEST(TextDots, StrokesFollowTheFaceAndTheTurn) {
-  struct Row {
-    const char* keys;
-    int left;  // mm
-    const char* box;
-  };
-  const Row rows[] = {
-      // The baseline is 66.6 dots below the top, the four blanks are 192.03 long.
+  // The keys, the left in millimetres, and the ink. The baseline is 66.6 dots below the top, the
+  // four blanks are 192.03 long.
+  const std::tuple<const char*, int, const char*> rows[] = {
       {"fu=1", 20, "75,460 268,463"},       {"fso=1", 20, "75,424 268,428"},
       {"fu=1 o=1", 20, "157,185 161,378"},  {"fso=1 o=1", 20, "121,185 126,378"},
       {"fu=1 o=2", 100, "185,292 378,296"}, {"fu=1 o=3", 60, "141,377 145,570"},
   };
   const TemporaryDirectory place;
-  for (const Row& row : rows) {
-    const Picture page = pageBy(
-        Road::picture, place,
-        placed(row.left, 100, std::string("height=60 fcRGB=\"9,9,9\" tc=\"    \" ") + row.keys));
-    EXPECT_EQ(text(inkBox(page, {0, 0, page.width, page.height})), row.box) << row.keys;
+  for (const auto& [keys, left, box] : rows) {
+    const std::string blanks = std::string("height=60 fcRGB=\"9,9,9\" tc=\"    \" ") + keys;
+    const Picture page = pageBy(Road::picture, place, placed(left, 100, blanks));
+    EXPECT_EQ(text(inkBox(page, {0, 0, page.width, page.height})), box) << keys;
   }
 }
 
@@ -42,21 +37,17 @@ TEST(TextDots, StrokesFollowTheFaceAndTheTurn) {
 // behind it, are 82.01 long and 30.2 high, their stroke lies 27.86 below their top.
 TEST(TextDots, BoxesAlignTextsWithTheirSpaces) {
   const TemporaryDirectory place;
-  const std::pair<const char*, const char*> across[] = {
-      {"75", "158"}, {"223", "306"}, {"371", "454"}};
-  const std::pair<const char*, const char*> along[] = {
-      {"405", "406"}, {"504", "505"}, {"602", "603"}};
-  for (int h = 0; h < 3; ++h) {
-    for (int v = 0; v < 3; ++v) {
-      const Picture page =
-          pageBy(Road::picture, place,
-                 itemTag("text", {20, 100, 120, 160},
-                         "height=20 hs=3 fu=1 tc=\"   \" alignH=" + std::to_string(h) +
-                             " alignV=" + std::to_string(v)));
-      EXPECT_EQ(text(inkBox(page, {0, 0, page.width, page.height})),
-                std::string(across[h].first) + "," + along[v].first + " " + across[h].second + "," +
-                    along[v].second);
-    }
+  const std::pair<int, int> across[] = {{75, 158}, {223, 306}, {371, 454}};
+  const std::pair<int, int> along[] = {{405, 406}, {504, 505}, {602, 603}};
+  for (int i = 0; i < 9; ++i) {
+    const int h = i % 3;
+    const int v = i / 3;
+    const std::string keys = "height=20 hs=3 fu=1 tc=\"   \" alignH=" + std::to_string(h) +
+                             " alignV=" + std::to_string(v);
+    const Picture page = pageBy(Road::picture, place, itemTag("text", {20, 100, 120, 160}, keys));
+    EXPECT_EQ(inkBox(page, {0, 0, page.width, page.height}),
+              (Box{across[h].first, along[v].first, across[h].second, along[v].second}))
+        << i;
   }
 }
 

@@ -1,11 +1,6 @@
 // Settings sets in their file.
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <sstream>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -16,22 +11,20 @@
 #include "support/program.h"
 #include "support/report_reader.h"
 #include "support/rows.h"
+#include "support/variable.h"
 
 namespace qor::test {
 namespace {
 
 // "|" stands for the end of a line, "'" for a double quote.
-VSet::Lines linesOf(std::string text) {
-  VSet::Lines lines;
+VSet::Lines setLines(std::string text) {
   std::ranges::replace(text, '\'', '"');
-  std::istringstream in(text);
-  for (std::string line; std::getline(in, line, '|');) lines.push_back(line);
-  return lines;
+  return linesOf(text, '|');
 }
 
 std::string fileOf(const std::string& text) {
   std::string bytes;
-  for (const std::string& line : linesOf(text)) bytes += line + "\r\n";
+  for (const std::string& line : setLines(text)) bytes += line + "\r\n";
   return bytes;
 }
 
@@ -51,12 +44,6 @@ class SetFileTest : public testing::Test {
     AppOptions.WorkDir = place_.path();
     AppOptions.DocCodePage = 857;
     AppOptions.FontCharset = 162;
-    ::setenv("LC_ALL", "C", 1);
-    ::setenv("QOR_ANSI_CODEPAGE", "1254", 1);
-  }
-  ~SetFileTest() override {
-    ::unsetenv("LC_ALL");
-    ::unsetenv("QOR_ANSI_CODEPAGE");
   }
 
   // Names a file with these bytes and a set in it.
@@ -94,15 +81,17 @@ class SetFileTest : public testing::Test {
   }
 
   TemporaryDirectory place_;
+  Variable codePage_{"QOR_ANSI_CODEPAGE", "1254"};
 
  private:
   OptionsGuard guard_;
+  Variable locale_{"LC_ALL", "C"};
 };
 
 // A section as a file holds it, of values such as "PaperSize=9|PaperWidth=210".
 std::string sectionOf(const std::string& name, const std::string& values) {
   std::string text = "    <" + name + ">|";
-  for (const std::string& value : linesOf(values)) {
+  for (const std::string& value : setLines(values)) {
     const auto equals = value.find('=');
     const std::string key = value.substr(0, equals) + std::string(14 - equals, ' ');
     text += "        <" + key + "= '" + value.substr(equals + 1) + "'/>|";
@@ -136,13 +125,12 @@ TEST_F(SetFileTest, createsTheDefaultFile) {
 }
 
 TEST_F(SetFileTest, neverCreatesAFileThatWasNamed) {
-  VSet set;
-  EXPECT_EQ(set.SaveSet(), -1);
-  EXPECT_EQ(set.ReloadSet(), 0);
-  EXPECT_TRUE(namesInFile().empty());
-  AppOptions.IniFileName = place_.path("none.vset");
-  EXPECT_EQ(set.ReloadSet(), 0);
-  EXPECT_TRUE(namesInFile().empty());
+  EXPECT_EQ(VSet().SaveSet(), -1);
+  for (const std::string& name : {std::string(), place_.path("none.vset")}) {
+    AppOptions.IniFileName = name;
+    EXPECT_EQ(VSet().ReloadSet(), 0);
+    EXPECT_TRUE(namesInFile().empty());
+  }
   EXPECT_FALSE(place_.has("none.vset"));
 }
 
@@ -214,10 +202,8 @@ TEST_F(SetFileTest, findsItsSet) {
       {"<ReportSetsIniFile Ver='1.0'/>", "-1"},
       {"<Set SetName=A >" + page11 + "<Set/>", "0 PaperSize=11"},
       {"<Set SetName='A'B'>" + page11 + "<Set/>", "0 PaperSize=11"},
-      {"<Set SetName='a'>" + page11 + "<Set/>", "-1"},
-      {" <Set SetName='A'>" + page11 + "<Set/>", "-1"},
-      {"<Set SetName='A'>" + page11 + "<Set/>|<Set SetName='A'>" + page12 + "<Set/>",
-       "0 PaperSize=11"},
+      {"<Set SetName='a'>" + page11 + "| <Set SetName='A'>" + page11 + "<Set/>", "-1"},
+      {"<Set SetName='A'>" + page11 + "<Set/>|<Set SetName='A'>" + page12, "0 PaperSize=11"},
       {"<Set SetName='A'>" + page11 + "<Set SetName='B'>" + page12 + "<Set/>", "0 PaperSize=12"},
       {"<Set SetName='A'>" + page11, "index"},
   };
@@ -259,25 +245,22 @@ TEST_F(SetFileTest, removesLinesUpToTheNextName) {
       {"<Set SetName='Version'>|y|<Set/>", "y|<Set/>"},
   };
   for (const auto& [before, left] : rows) {
-    VSet::Lines lines = linesOf(before);
+    VSet::Lines lines = setLines(before);
     VSet::RemoveSetLines("A", lines);
-    EXPECT_EQ(lines, linesOf(left)) << before;
+    EXPECT_EQ(lines, setLines(left)) << before;
   }
   VSet::Lines none;
   EXPECT_THROW(VSet::RemoveSetLines("A", none), ListIndexError);
 }
 
 TEST_F(SetFileTest, holdsNamesInTheAnsiCodePage) {
-  const std::array<const char*, 3> rows[] = {{"1254", "Şçğ İı", "\xDE\xE7\xF0 \xDD\xFD"},
-                                             {"1251", "Отчёт №", "\xCE\xF2\xF7\xB8\xF2 \xB9"},
-                                             {"1252", "Été", "\xC9t\xE9"}};
+  const std::array<std::string, 3> rows[] = {{"1254", "Şçğ İı", "\xDE\xE7\xF0 \xDD\xFD"},
+                                             {"1251", "Отчёт №", "\xCE\xF2\xF7\xB8\xF2 \xB9"}};
   for (const auto& [codePage, name, bytes] : rows) {
-    SCOPED_TRACE(codePage);
-    ::setenv("QOR_ANSI_CODEPAGE", codePage, 1);
+    codePage_.set(codePage.c_str());
     use("<Ver/>\n", name);
     EXPECT_EQ(VSet().SaveSet(), 0);
-    EXPECT_NE(file().find(fileOf("|<Set SetName='" + std::string(bytes) + "'>")),
-              std::string::npos);
+    EXPECT_NE(file().find(fileOf("|<Set SetName='" + bytes + "'>")), std::string::npos) << name;
     EXPECT_EQ(namesInFile(), std::vector<std::string>{name});
     EXPECT_EQ(VSet().ReloadSet(), 0);
   }
@@ -298,8 +281,8 @@ TEST(GetKeyValue, takesWhatStandsBehindTheKey) {
 }
 
 TEST_F(SetFileTest, writesAndReadsNumbers) {
-  for (const auto& [text, none] :
-       rowsOf("0|210|-12.5|0.1|0.0001|1E20|0.333333333333333|123456789012345")) {
+  for (const std::string& text :
+       wordsOf("0 210 -12.5 0.1 0.0001 1E20 0.333333333333333 123456789012345")) {
     EXPECT_EQ(FloatToStr(std::stod(text)), text);
   }
   EXPECT_EQ(FloatToStr(1.0 / 3), "0.333333333333333");
@@ -313,10 +296,8 @@ TEST_F(SetFileTest, writesAndReadsNumbers) {
   if (run({"localedef", "-i", "ru_RU", "-f", "UTF-8", place_.path("ru_RU.utf8")}).exitCode != 0) {
     GTEST_SKIP() << "no source of a locale with a decimal comma";
   }
-  ::setenv("LOCPATH", place_.path().c_str(), 1);
-  ::setenv("LC_ALL", "ru_RU.utf8", 1);
+  const Variable variables[] = {{"LOCPATH", place_.path().c_str()}, {"LC_ALL", "ru_RU.utf8"}};
   EXPECT_EQ(FloatToStr(12.5), "12,5");
-  ::unsetenv("LOCPATH");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// A print scheduler of a test's own, on a port of its own, with its files in a temporary directory.
+// A print scheduler of a test's own, with its socket and its files in a temporary directory.
 #pragma once
 
 #include <cstdint>
@@ -13,44 +13,39 @@ namespace qor::test {
 
 class CupsScheduler {
  public:
-  // Starts it and waits until it answers. `directives` go into its configuration.
-  explicit CupsScheduler(const std::string& directives = {});
-
-  const std::string& server() const { return server_; }
+  // Starts it and waits until it answers.
+  CupsScheduler();
 
   // Where runs of the viewer find it, with `place` as their current directory.
   Surroundings surroundings(const TemporaryDirectory& place) const;
 
-  // A queue whose driver is named as lpadmin's -m names it, or is a file; its output is
-  // output(name).
+  // A queue with a driver as lpadmin's -m names it; its output is output(name).
   void addQueue(const std::string& name, const std::string& driver,
-                const std::vector<std::string>& options = {});
+                const std::string& option = "printer-is-shared=false") const;
   std::string output(const std::string& name) const { return place_.path("out/" + name); }
 
   // One of the scheduler's own commands, against it.
-  std::string command(std::vector<std::string> line) const;
+  std::string command(const std::vector<std::string>& line) const;
 
   // Waits until no job is left to do.
   void finishJobs() const;
 
   // What the scheduler noted of each job when it was done, a line of
-  // "queue|title|copies|collation|media|quality|colour" each.
+  // "queue|title|copies|collation|media|quality|colour" each, in order of the alphabet.
   std::vector<std::string> jobs() const;
 
-  // The documents that were sent, by job.
+  // The document that was sent as this job.
   std::string document(int job) const;
 
-  // The bytes that have arrived of the document on its way.
+  // The bytes that have arrived of the largest document.
   std::uintmax_t received() const;
 
   void kill() { process_->kill(); }
 
  private:
-  void writeFiles(const std::string& directives);
-  bool answers() const;
+  void writeFiles() const;
 
   TemporaryDirectory place_;
-  std::string server_;
   std::optional<Process> process_;
 };
 

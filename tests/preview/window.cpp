@@ -71,7 +71,10 @@ void Window::prepare(const Start& start) {
   stored.clear();
   for (const auto& [name, value] : start.stored) stored.setValue(qtText(name), value);
   stored.sync();
-  if (!start.brokenSettings.empty()) std::ofstream(file) << start.brokenSettings;
+  if (!start.brokenSettings.empty()) {
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file) << start.brokenSettings;
+  }
   SelectErrorTexts(1252);
   SelectInterfaceTexts(1252);
   AppOptions.FileName = directory_.write("report.txt", start.report);

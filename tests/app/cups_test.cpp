@@ -13,6 +13,7 @@ namespace qor::test {
 namespace {
 
 constexpr const char* kPostScriptDriver = "drv:///sample.drv/generic.ppd";
+constexpr const char* kPdfDriver = "/usr/share/ppd/cupsfilters/Generic-PDF_Printer-PDF.ppd";
 constexpr const char* kMatrixDriver = "drv:///sample.drv/epson24.ppd";
 
 struct Row {
@@ -33,7 +34,7 @@ const Row kRows[] = {
      "<PaperSize=\"0\"/>\r\n<PaperWidth=\"120\"/>\r\n<PaperHeight=\"150\"/>",
      "|2|-|custom_120x150mm_120x150mm|3|color", 120, 150, 6.35},
     {"raw", "", "", "|1|-|iso_a4_210x297mm|4|monochrome", 210, 297, 0},
-    {"", "", "", "|1|-|iso_a4_210x297mm|4|monochrome", 210, 297, 4.23},
+    {"", "", "", "|1|-|iso_a4_210x297mm|4|monochrome", 210, 297, 6.35},
 };
 
 // The session's default goes before the system's, and pages lie as they are to be read, whatever
@@ -43,7 +44,7 @@ TEST(Cups, getsWhatTheSettingsSay) {
   scheduler.addQueue("laser", kPostScriptDriver);
   scheduler.addQueue("matrix", kMatrixDriver, "copies-default=2");
   scheduler.addQueue("raw", "raw");
-  scheduler.addQueue("usual", kPostScriptDriver, "orientation-requested-default=4");
+  scheduler.addQueue("usual", kPdfDriver, "orientation-requested-default=4");
   scheduler.command({"lpadmin", "-d", "raw"});
   const TemporaryDirectory place;
   place.write("r.txt", "Alpha\r\n\fBeta\r\n");
@@ -67,7 +68,10 @@ TEST(Cups, getsWhatTheSettingsSay) {
   }
   scheduler.finishJobs();
   EXPECT_EQ(scheduler.jobs(), jobs);
-  EXPECT_NE(readFile(scheduler.output("usual")).find("%%Pages: 2"), std::string::npos);
+  const PdfWord printed = readPdf(scheduler.output("usual")).word("Beta");
+  EXPECT_EQ(printed.page, 2);
+  EXPECT_NEAR(printed.x, kRows[3].x, 0.3);
+  EXPECT_NEAR(printed.y, readPdf(scheduler.document(4)).word("Beta").y, 0.3);
   EXPECT_FALSE(place.has("r(print).pdf"));
 }
 

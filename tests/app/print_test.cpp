@@ -1,10 +1,13 @@
 // Printing with no window on the printer that makes PDF files, read back from its files.
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 #include <gtest/gtest.h>
 
+#include "base/errors.h"
 #include "platform/print/pdf_file_printer.h"
 #include "platform/print/print_system.h"
 #include "settings/printers.h"
@@ -201,7 +204,7 @@ TEST(Print, startsEachPageWithItsOwnPenAndBrush) {
 // In the process: no command line asks for scales, single pages or lists of them.
 class PrintJobs : public testing::Test {
  protected:
-  PrintJobs() : report_("A\r\n\fB\r\n\fC\r\n\fD\r\n") {
+  PrintJobs() : report_("<h1>A\r\n\fB<w1>\r\n\fCC C\r\n\fDD D\r\n") {
     std::vector<std::unique_ptr<PrintQueues>> systems;
     systems.push_back(makePdfFilePrinter());
     setPrintSystem(std::make_unique<PrintSystem>(std::move(systems)));
@@ -212,11 +215,17 @@ class PrintJobs : public testing::Test {
   }
   ~PrintJobs() override { setPrintSystem(nullptr); }
 
-  // Such as "1A 2B ", and the title.
-  std::string printed() const {
+  // Such as "1A@20 2B@20 ", with tenths of a millimetre, and the title. Nothing that was read
+  // before is known.
+  std::string printed(const std::function<void(VDoc&)>& print) {
+    report_.doc().ForgetFonts();
+    print(report_.doc());
     const PdfDocument document = readPdf(report_.path("report(print).pdf"));
     std::string words;
-    for (const PdfWord& word : document.words) words += std::to_string(word.page) + word.text + " ";
+    for (const PdfWord& word : document.words) {
+      words += std::to_string(word.page) + word.text + "@" +
+               std::to_string(std::lround(word.x * 10)) + " ";
+    }
     return words + document.title;
   }
 
@@ -228,24 +237,26 @@ TEST_F(PrintJobs, areScaledOnEveryPage) {
   report_.doc().PrintScaleFlag = true;
   report_.doc().PrintToFile(report_.path("half.pdf"));
   const PdfDocument document = readPdf(report_.path("half.pdf"));
-  ASSERT_EQ(document.words.size(), 4U);
-  for (const PdfWord& word : document.words) {
-    EXPECT_NEAR(word.x, 10, kMillimetre) << word.text;
-    EXPECT_NEAR(word.y, 20, 0.5) << word.text;
+  ASSERT_EQ(document.words.size(), 6U);
+  for (const char* word : {"A", "B", "CC", "DD"}) {
+    EXPECT_NEAR(document.word(word).x, 10, kMillimetre) << word;
+    EXPECT_NEAR(document.word(word).y, 20, 1) << word;
   }
   EXPECT_NEAR(document.width, 210, kMillimetre);
   EXPECT_EQ(gPrintMetrics.LogPixelsX, 600);
   EXPECT_FALSE(std::filesystem::exists(report_.path("report(print).pdf")));
 }
 
+// Characters are 10.16 mm wide from the third page on, whatever was read before it.
 TEST_F(PrintJobs, takeThePagesThatAreAskedFor) {
-  report_.doc().PrintAll();
-  EXPECT_EQ(printed(), "1A 2B 3C 4D QorUtlView, Document");
-  report_.doc().PrintPage(3);
-  EXPECT_EQ(printed(), "1C QorUtlView, page: 3");
+  EXPECT_EQ(printed([](VDoc& doc) { doc.PrintAll(); }),
+            "1A@200 2B@200 3CC@200 3C@505 4DD@200 4D@505 QorUtlView, Document");
+  EXPECT_EQ(printed([](VDoc& doc) { doc.PrintPage(3); }), "1CC@200 1C@505 QorUtlView, page: 3");
   report_.doc().Settings.Page.PagesForPrint = "2,4";
-  report_.doc().PrintSelected();
-  EXPECT_EQ(printed(), "1B 2D QorUtlView, Document");
+  EXPECT_EQ(printed([](VDoc& doc) { doc.PrintSelected(); }),
+            "1B@200 2DD@200 2D@505 QorUtlView, Document");
+  report_.doc().Settings.Page.PagesForPrint = "2,x";
+  EXPECT_THROW(report_.doc().PrintSelected(), ConversionError);
 }
 
 // How many dots of ink here have no trace within six dots of their place there.

@@ -4,11 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "base/errors.h"
-#include "platform/print/pdf_file_printer.h"
 #include "render/page_walk.h"
-#include "settings/printers.h"
-#include "support/pdf_reader.h"
 #include "support/recording_canvas.h"
 #include "support/report_reader.h"
 #include "support/rows.h"
@@ -99,29 +95,6 @@ TEST(RunningFonts, LeaveTheSettingsAlone) {
   doc.Settings.Font.Height = 12;
   EXPECT_EQ(doc.FontAt(1).WidthFactor, 1);
   EXPECT_EQ(doc.FontAt(1).Height, 12);
-}
-
-TEST(RunningFonts, StandBeforePagesThatArePrintedAlone) {
-  TestReport report("<h1>a\f\r\nb<font vs=3>\f\r\n<w1>c c\r\nd\f\r\ne\r\nf f\r\n");
-  AppOptions.PrinterName = kPdfFilePrinter;
-  InitPrinters();
-  const std::string file = report.path("report(print).pdf");
-  report.doc().PrintAll();
-  const PdfDocument all = readPdf(file);
-  ASSERT_EQ(all.words.size(), 8U);
-  report.doc().ForgetFonts();
-  report.doc().Settings.Page.PagesForPrint = "2,4";
-  report.doc().PrintSelected();
-  const PdfDocument chosen = readPdf(file);
-  for (const char* letter : {"b", "e", "f"}) {
-    EXPECT_NEAR(chosen.word(letter).x, all.word(letter).x, 0.05) << letter;
-    EXPECT_NEAR(chosen.word(letter).y, all.word(letter).y, 0.05) << letter;
-  }
-  report.doc().ForgetFonts();
-  report.doc().PrintPage(4);
-  EXPECT_NEAR(readPdf(file).words.at(2).x, all.words.at(7).x, 0.05);
-  report.doc().Settings.Page.PagesForPrint = "2,x";
-  EXPECT_THROW(report.doc().PrintSelected(), ConversionError);
 }
 
 }  // namespace

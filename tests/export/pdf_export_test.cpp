@@ -79,55 +79,45 @@ std::string expanded(std::string text) {
 // What a report's lines become, worked out by hand: 1 mm is 56.69 twips and a point 20, baselines
 // of plain lines are 11 points apart, the page is 842 points high.
 TEST_F(PdfExport, putsEachKindOfRecordWhereTheArithmeticSays) {
-  struct Row {
-    const char* what;
-    const char* report;
-    const char* operators;
-  };
   const std::string turn =
       "q;1.000000 0.000000 0.000000 1.000000 28.3 775.35 cm;"
       "0.000000 1.000000 -1.000000 0.000000 0 0 cm;";
-  const Row rows[] = {
-      {"lines", "A\r\nB\r\nC(\\)\r\n", "@0 831 Td;(A)Tj;11 TL;(B)';(C\\(\\\\\\))';ET;"},
-      {"pieces", "A<font fc=Red>B<font/>C", "@0 831 Td;(A)Tj;1 0 0 rg;(B)Tj;0 0 0 rg;(C)Tj;ET;"},
-      {"overprint", "A\rB\r\n", "@0 831 Td;(A)Tj;0 0 Td;(B)Tj;ET;"},
+  const std::pair<const char*, std::string> rows[] = {
+      {"A\r\nB\r\nC(\\)\r\n", "@0 831 Td;(A)Tj;11 TL;(B)';(C\\(\\\\\\))';ET;"},
+      {"A<font fc=Red>B<font/>C", "@0 831 Td;(A)Tj;1 0 0 rg;(B)Tj;0 0 0 rg;(C)Tj;ET;"},
+      {"A\rB\r\n", "@0 831 Td;(A)Tj;0 0 Td;(B)Tj;ET;"},
       // 566 and 1133 twips are 28.3 and 56.65 points; plain text goes to the same spot from then
       // on.
-      {"placed", "<text * tc=X/>\r\nY\r\n", "@28.3 775.35 Td;(X)Tj;11 TL;(Y)';ET;"},
-      {"placed behind plain", "A<text * tc=X/>", "@0 831 Td;(A)Tj;28.3 -55.65 Td;(X)Tj;ET;"},
-      {"turned", "<text * o=1 tc=X/>", "TURN@(X)Tj;ET;Q;"},
-      {"behind a turned one", "<text * o=1 fc=Red tc=X/><text * tc=Y/>",
+      {"<text * tc=X/>\r\nY\r\n", "@28.3 775.35 Td;(X)Tj;11 TL;(Y)';ET;"},
+      {"A<text * tc=X/>", "@0 831 Td;(A)Tj;28.3 -55.65 Td;(X)Tj;ET;"},
+      {"<text * o=1 tc=X/>", "TURN@(X)Tj;ET;Q;"},
+      {"<text * o=1 fc=Red tc=X/><text * tc=Y/>",
        "TURNBT;1 0 0 rg;/F0 10 Tf;(X)Tj;ET;Q;@28.3 775.35 Td;(Y)Tj;ET;"},
-      {"turned to the right", "<text * od=-900 tc=X/>", "@28.3 775.35 Td;(X)Tj;ET;"},
-      {"face and size", "<text * fn=Arial height=20 fb=1 fc=Blue tc=X/>",
+      {"<text * od=-900 tc=X/>", "@28.3 775.35 Td;(X)Tj;ET;"},
+      {"<text * fn=Arial height=20 fb=1 fc=Blue tc=X/>",
        "BT;0 0 1 rg;/F0 20 Tf;28.3 765.35 Td;(X)Tj;ET;"},
       // Whole points: 566, 1133, 1700 and 2267 twips are 28, 56, 85 and 113.
-      {"line", "<shape # pt=2/>", "28 786 m;85 729 l;S;"},
-      {"rectangle", "<shape # sh_type=2 pc=Red/>", "1 0 0 RG;%"},
-      {"dashes, then none", "<shape # sh_type=2 pt=4/><shape # sh_type=2 pt=0/>",
-       "[ 4 3 1 3]0 d;%[]0 d;%"},
-      {"dots, dash dot dot", "<shape # sh_type=2 pt=3/><shape # sh_type=2 pt=5/>",
-       "[ 2 2]0 d;%[ 4 3 1 3 1 3]0 d;%"},
-      {"not drawn", "<shape # sh_type=3/><shape # sh_type=4/><shape # sh_type=2 pt=6/>", ";"},
-      {"frames of missing pictures",
-       "<img # image=\"none.png\" imgSS=1 pc=Red/><img # image=\"none.png\"/>",
+      {"<shape # pt=2/>", "28 786 m;85 729 l;S;"},
+      {"<shape # sh_type=2 pc=Red/>", "1 0 0 RG;%"},
+      {"<shape # sh_type=2 pt=4/><shape # sh_type=2 pt=0/>", "[ 4 3 1 3]0 d;%[]0 d;%"},
+      {"<shape # sh_type=2 pt=3/><shape # sh_type=2 pt=5/>", "[ 2 2]0 d;%[ 4 3 1 3 1 3]0 d;%"},
+      {"<shape # sh_type=3/><shape # sh_type=4/><shape # sh_type=2 pt=6/>", ";"},
+      {"<img # image=\"none.png\" imgSS=1 pc=Red/><img # image=\"none.png\"/>",
        "1 0 0 RG;28.3 728.65 56.7 56.7 re;S;1 1 1 RG;28 786 0 0 re;S;"},
-      {"bold made, behind dashes", "<shape # sh_type=2 pt=2/><text * fn=Z003 height=30 fb=1 tc=X/>",
+      {"<shape # sh_type=2 pt=2/><text * fn=Z003 height=30 fb=1 tc=X/>",
        "[ 4 2]0 d;%BT;/F0 30 Tf;2 Tr;[]0 d;28.3 755.35 Td;(X)Tj;ET;"},
-      {"plain behind bold made",
-       "<text * fn=Z003 height=30 fb=1 tc=X/><text * fn=Z003 height=30 tc=X/>",
+      {"<text * fn=Z003 height=30 fb=1 tc=X/><text * fn=Z003 height=30 tc=X/>",
        "BT;/F0 30 Tf;2 Tr;28.3 755.35 Td;(X)Tj;/F1 30 Tf;0 Tr;0 0 Td;(X)Tj;ET;"},
-      {"slant made", "<text * fn=\"Standard Symbols PS\" fi=1 tc=1/>",
+      {"<text * fn=\"Standard Symbols PS\" fi=1 tc=1/>",
        "@1 0 0.212600 1 28.3 775.35 Tm;(1)Tj;ET;"},
-      {"marks in a text", "A[fn:B:fn]C\r\n", "@0 831 Td;(A[fn:B:fn]C)Tj;ET;"},
-      {"marks of a shape", "A[st:1:st]\r\n", "@0 831 Td;(A[st:1:st])Tj;ET;"},
-      {"marks in a placed text", "<text * tc=:tc][x/>", "@28.3 775.35 Td;(:tc][x)Tj;ET;"},
-      {"pages", "A\r\n\fB\r\n\f", "@0 831 Td;(A)Tj;ET;page;@0 831 Td;(B)Tj;ET;"},
+      {"A[fn:B:fn]C\r\n", "@0 831 Td;(A[fn:B:fn]C)Tj;ET;"},
+      {"A[st:1:st]\r\n", "@0 831 Td;(A[st:1:st])Tj;ET;"},
+      {"<text * tc=:tc][x/>", "@28.3 775.35 Td;(:tc][x)Tj;ET;"},
+      {"A\r\n\fB\r\n\f", "@0 831 Td;(A)Tj;ET;page;@0 831 Td;(B)Tj;ET;"},
   };
-  for (const Row& row : rows) {
-    std::string expected = row.operators;
-    if (expected.starts_with("TURN")) expected.replace(0, 4, turn);
-    EXPECT_EQ(operators(expanded(row.report)), expanded(expected)) << row.what;
+  for (auto [report, drawn] : rows) {
+    if (drawn.starts_with("TURN")) drawn.replace(0, 4, turn);
+    EXPECT_EQ(operators(expanded(report)), expanded(drawn)) << report;
   }
 }
 

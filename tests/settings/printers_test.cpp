@@ -204,12 +204,11 @@ TEST(Papers, areKnownByNameTurnAndSize) {
                  {"om_page_148x210mm", {14801, 20999}, {}},
                  {"om_a4_210x297mm", a4, {}},
                  {"om_a5_149x210mm", {14900, 21000}, {}}};
-  std::vector<std::string> names;
+  std::string names;
   for (const Paper& paper : printerOf(queue).papers) {
-    names.push_back(paper.number > kUserPaper ? paper.name : std::to_string(paper.number));
+    names += paper.number > kUserPaper ? paper.name + " " : std::to_string(paper.number) + " ";
   }
-  EXPECT_EQ(names, (std::vector<std::string>{"9", "77", "4", "3", "11", "om_a4_210x297mm",
-                                             "om_a5_149x210mm"}));
+  EXPECT_EQ(names, "9 77 4 3 11 om_a4_210x297mm om_a5_149x210mm ");
 }
 
 TEST_F(Printers, listPapersAndBins) {
@@ -250,16 +249,16 @@ TEST_F(Printers, standInTheTreeWithAllTheyTell) {
   const auto& forms = tree[0].children;
   EXPECT_EQ(forms.at(0).text, "Letter  (215.9 x 279.4 mm)   (215.9 x 279.4 mm)  [Form BuiltIn]");
   EXPECT_EQ(forms.back().text, "om_label_62x100mm  (62 x 100 mm)   (55 x 92 mm)  [Form Printer]");
-  const auto& laser = tree[3].children;
   text.clear();
-  for (const TreeNode& parameter : laser.at(2).children) text += parameter.text + "|";
-  for (const char* part : {"        Paper Size: A4|", "      Paper Height: 297 mm|",
-                           "      Resolution Y: 1669 pixels|", " Physical Offset X: 60 pixels|"}) {
+  for (const TreeNode& branch : tree[3].children) {
+    for (const TreeNode& leaf : branch.children) text += leaf.text + "|";
+  }
+  for (const char* part :
+       {"        Paper Size: A4|", "      Paper Height: 297 mm|",
+        "      Resolution Y: 1669 pixels|", " Physical Offset X: 60 pixels|",
+        "Tabloid  (279.4 x 431.8 mm)  (#3)|", "600 x 300 DPI|", "roll-7  ( #257 )|"}) {
     EXPECT_NE(text.find(part), std::string::npos) << text;
   }
-  EXPECT_EQ(laser[3].children.at(2).text, "Tabloid  (279.4 x 431.8 mm)  (#3)");
-  EXPECT_EQ(laser[4].children.at(1).text, "600 x 300 DPI");
-  EXPECT_EQ(laser.at(5).children.at(3).text, "roll-7  ( #257 )");
 }
 
 TEST_F(Printers, haveTheFontsOfACharacterSet) {

@@ -76,7 +76,8 @@ std::string CupsScheduler::command(const std::vector<std::string>& line) const {
 
 void CupsScheduler::addQueue(const std::string& name, const std::string& driver,
                              const std::string& option) const {
-  command({"lpadmin", "-p", name, "-E", "-v", "file:" + output(name), "-m", driver, "-o", option});
+  const char* kind = driver.starts_with('/') ? "-P" : "-m";
+  command({"lpadmin", "-p", name, "-E", "-v", "file:" + output(name), kind, driver, "-o", option});
 }
 
 void CupsScheduler::finishJobs() const {

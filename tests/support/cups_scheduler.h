@@ -19,7 +19,7 @@ class CupsScheduler {
   // Where runs of the viewer find it, with `place` as their current directory.
   Surroundings surroundings(const TemporaryDirectory& place) const;
 
-  // A queue with a driver as lpadmin's -m names it; its output is output(name).
+  // A queue with a driver as lpadmin's -m names it, or of a file; its output is output(name).
   void addQueue(const std::string& name, const std::string& driver,
                 const std::string& option = "printer-is-shared=false") const;
   std::string output(const std::string& name) const { return place_.path("out/" + name); }

@@ -3,7 +3,6 @@
 #include <csignal>
 #include <system_error>
 
-#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -13,26 +12,9 @@ namespace {
 
 constexpr int kKilled = 128;  // what shells add to a signal
 
-// What the program does between its start and its first instruction.
-class StartActions {
- public:
-  StartActions() { ::posix_spawn_file_actions_init(&actions_); }
-  ~StartActions() { ::posix_spawn_file_actions_destroy(&actions_); }
-  StartActions(const StartActions&) = delete;
-  StartActions& operator=(const StartActions&) = delete;
-
-  void redirect(int handle, const std::string& file) {
-    ::posix_spawn_file_actions_addopen(&actions_, handle, file.c_str(),
-                                       O_WRONLY | O_CREAT | O_TRUNC, 0600);
-  }
-  void enter(const std::string& directory) {
-    ::posix_spawn_file_actions_addchdir_np(&actions_, directory.c_str());
-  }
-  const posix_spawn_file_actions_t* get() const { return &actions_; }
-
- private:
-  posix_spawn_file_actions_t actions_{};
-};
+// A shell that enters a directory and becomes the program: $1 is the directory, $2 and $3 are the
+// files of what the program writes.
+constexpr const char* kStart = "cd \"${1:-.}\" && exec >\"$2\" 2>\"$3\" && shift 3 && exec \"$@\"";
 
 std::vector<std::string> environmentOf(const Surroundings& surroundings) {
   std::map<std::string, std::string> variables;
@@ -67,12 +49,10 @@ Process::Process(std::vector<std::string> command, const Surroundings& surroundi
     command.insert(command.begin(),
                    {"prlimit", "--fsize=" + std::to_string(surroundings.fileSizeLimit)});
   }
-  StartActions actions;
-  actions.redirect(STDOUT_FILENO, place_.path("output"));
-  actions.redirect(STDERR_FILENO, place_.path("errors"));
-  if (!surroundings.directory.empty()) actions.enter(surroundings.directory);
+  command.insert(command.begin(), {"sh", "-c", kStart, "sh", surroundings.directory,
+                                   place_.path("output"), place_.path("errors")});
   std::vector<std::string> environment = environmentOf(surroundings);
-  const int error = ::posix_spawnp(&id_, command.front().c_str(), actions.get(), nullptr,
+  const int error = ::posix_spawnp(&id_, command.front().c_str(), nullptr, nullptr,
                                    pointersTo(command).data(), pointersTo(environment).data());
   if (error != 0) throw std::system_error(error, std::generic_category(), command.front());
 }

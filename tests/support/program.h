@@ -31,7 +31,7 @@ Surroundings in(const TemporaryDirectory& place, const char* directory = "");
 // A program that runs beside the test. What is still running goes with the object.
 class Process {
  public:
-  // Takes any program found on the path; throws std::runtime_error if it can't be started.
+  // Takes any program found on the path; one that can't be started ends with 127.
   explicit Process(std::vector<std::string> command, const Surroundings& surroundings = {});
   ~Process();
   Process(const Process&) = delete;

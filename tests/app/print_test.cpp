@@ -47,7 +47,7 @@ TEST(Print, endsAsEachRunShould) {
   };
   const char* bad = "A\r\n<barcode value=12345678901 br_type=UPCE right=50 bottom=9/>\r\n";
   const Row rows[] = {
-      {"-g", "A", "", "r.b(print).pdf r.b.txt r.b_1.jpeg "},
+      {"-dynamic -g", "A", "", "r.b(print).pdf r.b.txt r.b_1.jpeg "},
       {"-g -p MICROSOFT_print_to_PDF", "A", "", "r.b(print).pdf r.b.txt r.b_1.jpeg "},
       {"-g -dd", "A", "", "r.b(print).pdf "},
       {"-g -dd -p nobody", "A", "nobody", ""},

@@ -110,23 +110,27 @@ QLabel* SmallPages::makeLabel(int number) {
   return label;
 }
 
-void SmallPages::mark(int number) {
+bool SmallPages::mark(int number) {
   frame_->hide();
   for (const SmallPage& page : pages_) {
     const bool marked = page.number == number;
     colour(page.label, marked ? QPalette::Highlight : QPalette::Window,
            marked ? QPalette::HighlightedText : QPalette::WindowText);
-    if (!marked) continue;
-    constexpr int outside = kFrameWidth / 2;
-    frame_->setGeometry(
-        QRect(page.image->pos(), sheet_).adjusted(-outside, -outside, outside, outside));
-    QPalette colours = board_->palette();
-    colours.setColor(QPalette::WindowText, colours.color(QPalette::Active, QPalette::Highlight));
-    frame_->setPalette(colours);
-    frame_->show();
-    frame_->raise();
-    page.label->raise();
+    if (marked) putFrame(page);
   }
+  return !frame_->isHidden();
+}
+
+void SmallPages::putFrame(const SmallPage& page) {
+  constexpr int outside = kFrameWidth / 2;
+  frame_->setGeometry(
+      QRect(page.image->pos(), sheet_).adjusted(-outside, -outside, outside, outside));
+  QPalette colours = board_->palette();
+  colours.setColor(QPalette::WindowText, colours.color(QPalette::Active, QPalette::Highlight));
+  frame_->setPalette(colours);
+  frame_->show();
+  frame_->raise();
+  page.label->raise();
 }
 
 // Draws pages one by one and lets the window answer in between.

@@ -19,7 +19,7 @@ class SmallPages : public QObject {
   Q_OBJECT
 
  public:
-  // They stand on the board, which makes their places its own size.
+  // They stand on the board, which has its size before they are shown.
   explicit SmallPages(QWidget* board);
 
   // Shows pages at their places, in the view that all of them have. The document must outlive them.
@@ -27,8 +27,8 @@ class SmallPages : public QObject {
   void clear();
   bool isEmpty() const { return pages_.empty(); }
 
-  // Marks the page of this number, if it is one of them.
-  void mark(int number);
+  // Marks the page of this number; false, and nothing is marked, if it is none of them.
+  bool mark(int number);
 
  signals:
   // A page was clicked, once or twice; its number, from 1.
@@ -49,6 +49,7 @@ class SmallPages : public QObject {
 
   PageImage* makeImage(VDoc* doc, const PageView& view, const PagePlace& place);
   QLabel* makeLabel(int number);
+  void putFrame(const SmallPage& page);
   void drawWaiting();
 
   QWidget* board_;

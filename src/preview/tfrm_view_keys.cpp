@@ -155,9 +155,11 @@ void TfrmView::scrollVertically(int steps) {
   }
 }
 
-// The key comes again as if it were pressed, once the events before it are done.
+// The key comes again as if it were pressed, once the events before it are done. Shift keeps it
+// from the list of pages, which may have the focus.
 void TfrmView::replayKey(int key) {
-  QCoreApplication::postEvent(windowHandle(), new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier));
+  QCoreApplication::postEvent(windowHandle(),
+                              new QKeyEvent(QEvent::KeyPress, key, Qt::ShiftModifier));
 }
 
 void TfrmView::startCalculator() {

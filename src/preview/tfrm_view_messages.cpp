@@ -1,7 +1,6 @@
 // What the document code tells while the window is open.
 #include <QMessageBox>
 #include <QTimer>
-#include <QWindow>
 
 #include "base/interface_texts.h"
 #include "platform/qt/qt_text.h"

@@ -186,8 +186,8 @@ void VPage::clearForSingle() {
   showsPages_ = true;
 }
 
-void VPage::MarkPage(int number) {
-  small_->mark(number);
+bool VPage::MarkPage(int number) {
+  return small_->mark(number);
 }
 
 bool VPage::showsOnePage() const {

@@ -40,8 +40,8 @@ class VPage : public QFrame {
   // page takes the place, -1 where there is nothing to show.
   int ShowMulti(VDoc* doc, VDocPage* page, std::int32_t& zoom, bool show_unprintable, int first);
 
-  // Marks one of several pages, if it is among them.
-  void MarkPage(int number);
+  // Marks one of several pages; false if it isn't among them.
+  bool MarkPage(int number);
 
   // The page at its size on a sheet that is shrunk to `percent`.
   void ShowScaled(VDocPage* page, int percent, bool show_unprintable);

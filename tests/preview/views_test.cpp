@@ -96,6 +96,8 @@ TEST(PreviewViews, listsPages) {
     EXPECT_EQ(window.scrolled(), 0) << key;
   }
   EXPECT_EQ(window.press(Qt::Key_End, Qt::ControlModifier), 200) << "with Ctrl the window's";
+  window.area().verticalScrollBar()->setValue(0);
+  EXPECT_EQ(window.press(Qt::Key_Up, Qt::ControlModifier), 199) << "also before the first line";
   QWidget& divider = window.control("pSizeLine");
   QTest::mousePress(&divider, Qt::LeftButton, {}, {2, 50});
   QMouseEvent move(QEvent::MouseMove, {52, 50}, divider.mapToGlobal(QPointF(52, 50)), Qt::NoButton,

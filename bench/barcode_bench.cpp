@@ -14,7 +14,7 @@
 #include "barcode/vbarcodecalc.h"
 #include "document/vdata.h"
 #include "document/vset.h"
-#include "platform/bitmap_canvas.h"
+#include "platform/canvas/bitmap_canvas.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 // How soon the window has painted what a command asks for: preview_bench REPORT. It stands on the
 // display in force at 1920 by 1080 and prints lines "name seconds", medians.
+#include <QApplication>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -7,14 +8,12 @@
 #include <string>
 #include <vector>
 
-#include <QApplication>
-
 #include "base/app_options.h"
 #include "document/vdoc.h"
-#include "platform/user_settings.h"
-#include "preview/model/zoom_list.h"
-#include "preview/tfrm_view.h"
+#include "platform/system/user_settings.h"
 #include "settings/printers.h"
+#include "window_model/zoom_list.h"
+#include "windows/view/tfrm_view.h"
 
 namespace {
 

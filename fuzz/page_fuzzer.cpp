@@ -9,7 +9,7 @@
 #include "document/loaded_page.h"
 #include "document/vdoc.h"
 #include "export/exporters.h"
-#include "platform/bitmap_canvas.h"
+#include "platform/canvas/bitmap_canvas.h"
 #include "render/page_walk.h"
 #include "scratch.h"
 

@@ -1,5 +1,5 @@
 // Stands in for the messages of the program: a fuzzer's output is its own.
-#include "platform/messages.h"
+#include "platform/system/messages.h"
 
 namespace qor {
 

@@ -8,7 +8,7 @@
 #include "base/errors.h"
 #include "document/vdoc.h"
 #include "export/exporters.h"
-#include "platform/messages.h"
+#include "platform/system/messages.h"
 #include "settings/printers.h"
 
 namespace qor {

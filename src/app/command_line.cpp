@@ -9,10 +9,10 @@
 #include "base/interface_texts.h"
 #include "base/path.h"
 #include "base/text.h"
-#include "platform/input_file.h"
-#include "platform/locale.h"
-#include "platform/messages.h"
-#include "platform/text_encoding.h"
+#include "platform/system/input_file.h"
+#include "platform/system/locale.h"
+#include "platform/system/messages.h"
+#include "platform/system/text_encoding.h"
 
 namespace qor {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "app/command_line.h"
 #include "app/win_main.h"
-#include "platform/process.h"
+#include "platform/system/process.h"
 
 int main(int argc, char** argv) {
   qor::prepareProcess();

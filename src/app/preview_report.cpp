@@ -9,10 +9,10 @@
 #include "base/app_options.h"
 #include "base/errors.h"
 #include "document/vdoc.h"
-#include "platform/messages.h"
-#include "platform/module.h"
-#include "preview/run_preview.h"
+#include "platform/system/messages.h"
+#include "platform/system/module.h"
 #include "settings/printers.h"
+#include "window_model/window_module.h"
 
 namespace qor {
 namespace {

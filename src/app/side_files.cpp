@@ -8,9 +8,9 @@
 #include "base/app_options.h"
 #include "base/path.h"
 #include "base/text.h"
-#include "platform/directory.h"
-#include "platform/input_file.h"
-#include "platform/text_file.h"
+#include "platform/system/directory.h"
+#include "platform/system/input_file.h"
+#include "platform/system/text_file.h"
 #include "settings/set_lines.h"
 
 namespace qor {

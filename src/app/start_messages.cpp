@@ -3,8 +3,8 @@
 
 #include <utility>
 
-#include "platform/module.h"
-#include "preview/run_preview.h"
+#include "platform/system/module.h"
+#include "window_model/window_module.h"
 
 namespace qor {
 

@@ -1,11 +1,11 @@
-// What goes wrong on the way to a window. A clerk who starts a report from the suite sees no standard
-// error: what it says is shown in a box as well.
+// What goes wrong on the way to a window. A clerk who starts a report from the suite sees no
+// standard error: what it says is shown in a box as well.
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "platform/messages.h"
+#include "platform/system/messages.h"
 
 namespace qor {
 

@@ -9,9 +9,9 @@
 #include "base/errors.h"
 #include "base/interface_texts.h"
 #include "document/vdoc.h"
-#include "platform/directory.h"
-#include "platform/locale.h"
-#include "platform/messages.h"
+#include "platform/system/directory.h"
+#include "platform/system/locale.h"
+#include "platform/system/messages.h"
 
 namespace qor {
 namespace {

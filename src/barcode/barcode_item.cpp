@@ -9,7 +9,7 @@
 #include "base/text.h"
 #include "base/units.h"
 #include "document/vdata.h"
-#include "platform/canvas.h"
+#include "platform/canvas/canvas.h"
 
 namespace qor {
 namespace {

@@ -14,8 +14,8 @@
 #include "document/vdata.h"
 #include "document/vdocpage.h"
 #include "document/vset.h"
-#include "platform/messages.h"
-#include "platform/text_encoding.h"
+#include "platform/system/messages.h"
+#include "platform/system/text_encoding.h"
 
 namespace qor {
 namespace {

@@ -3,8 +3,8 @@
 #include "base/units.h"
 #include "document/vdata.h"
 #include "document/vset.h"
-#include "platform/qr_code.h"
-#include "platform/text_encoding.h"
+#include "platform/pictures/qr_code.h"
+#include "platform/system/text_encoding.h"
 
 namespace qor {
 namespace {

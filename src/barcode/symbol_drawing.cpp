@@ -13,7 +13,7 @@
 #include "base/units.h"
 #include "document/vdata.h"
 #include "document/vset.h"
-#include "platform/text_encoding.h"
+#include "platform/system/text_encoding.h"
 
 namespace qor {
 namespace {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/canvas.h"
+#include "platform/canvas/canvas.h"
 
 namespace qor {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "platform/canvas.h"
+#include "platform/canvas/canvas.h"
 
 namespace qor {
 

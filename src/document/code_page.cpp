@@ -9,9 +9,9 @@
 #include "base/app_options.h"
 #include "base/errors.h"
 #include "base/text.h"
-#include "platform/input_file.h"
-#include "platform/messages.h"
-#include "platform/text_encoding.h"
+#include "platform/system/input_file.h"
+#include "platform/system/messages.h"
+#include "platform/system/text_encoding.h"
 
 namespace qor {
 namespace {

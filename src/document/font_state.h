@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/color.h"
-#include "platform/log_font.h"
+#include "platform/canvas/color.h"
+#include "platform/fonts/log_font.h"
 
 namespace qor {
 

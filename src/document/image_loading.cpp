@@ -7,7 +7,7 @@
 #include "document/picture_file.h"
 #include "document/vdata.h"
 #include "document/vset.h"
-#include "platform/picture.h"
+#include "platform/pictures/picture.h"
 
 namespace qor {
 namespace {

@@ -6,8 +6,8 @@
 
 #include "base/path.h"
 #include "base/text.h"
-#include "platform/input_file.h"
-#include "platform/text_encoding.h"
+#include "platform/system/input_file.h"
+#include "platform/system/text_encoding.h"
 
 namespace qor {
 namespace {

@@ -6,9 +6,9 @@
 
 #include "base/errors.h"
 #include "base/units.h"
-#include "platform/bitmap_canvas.h"
-#include "platform/messages.h"
-#include "platform/save_picture.h"
+#include "platform/canvas/bitmap_canvas.h"
+#include "platform/pictures/save_picture.h"
+#include "platform/system/messages.h"
 
 namespace qor {
 namespace {

@@ -12,7 +12,7 @@
 #include "document/control_bytes.h"
 #include "document/control_sequences.h"
 #include "document/vcommand.h"
-#include "platform/messages.h"
+#include "platform/system/messages.h"
 
 namespace qor {
 namespace {

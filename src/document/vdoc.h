@@ -11,7 +11,7 @@
 #include "document/running_fonts.h"
 #include "document/vdocpage.h"
 #include "document/vset.h"
-#include "platform/input_file.h"
+#include "platform/system/input_file.h"
 
 namespace qor {
 

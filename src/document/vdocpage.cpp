@@ -9,7 +9,7 @@
 #include "base/errors.h"
 #include "document/control_bytes.h"
 #include "document/vcommand.h"
-#include "platform/input_file.h"
+#include "platform/system/input_file.h"
 
 namespace qor {
 namespace {

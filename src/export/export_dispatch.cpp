@@ -8,7 +8,7 @@
 #include "base/path.h"
 #include "document/vdoc.h"
 #include "export/exporters.h"
-#include "platform/messages.h"
+#include "platform/system/messages.h"
 
 namespace qor {
 namespace {

@@ -1,9 +1,9 @@
 // Images: the picture, or a frame with the reason why there is none.
 #include "document/vdata.h"
 #include "document/vset.h"
-#include "platform/canvas.h"
-#include "platform/picture.h"
-#include "platform/text_encoding.h"
+#include "platform/canvas/canvas.h"
+#include "platform/pictures/picture.h"
+#include "platform/system/text_encoding.h"
 #include "render/image_placing.h"
 #include "render/path_ellipsis.h"
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/canvas.h"
+#include "platform/canvas/canvas.h"
 
 namespace qor {
 

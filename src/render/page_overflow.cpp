@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <map>
 
-#include "platform/fonts.h"
+#include "platform/fonts/fonts.h"
 #include "render/page_walk.h"
 
 namespace qor {

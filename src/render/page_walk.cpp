@@ -7,8 +7,8 @@
 #include "base/units.h"
 #include "document/vdocpage.h"
 #include "document/vset.h"
-#include "platform/canvas.h"
-#include "platform/messages.h"
+#include "platform/canvas/canvas.h"
+#include "platform/system/messages.h"
 
 namespace qor {
 namespace {

@@ -2,7 +2,7 @@
 #include <array>
 
 #include "document/vdata.h"
-#include "platform/canvas.h"
+#include "platform/canvas/canvas.h"
 #include "render/shape_picture.h"
 
 namespace qor {

@@ -10,7 +10,7 @@
 #include "document/side_picture.h"
 #include "document/vdata.h"
 #include "document/vset.h"
-#include "platform/canvas.h"
+#include "platform/canvas/canvas.h"
 
 namespace qor {
 namespace {

@@ -1,8 +1,8 @@
 // Texts: on their line, at a place of their own, or in a box.
 #include "base/units.h"
 #include "document/vdata.h"
-#include "platform/canvas.h"
-#include "platform/text_encoding.h"
+#include "platform/canvas/canvas.h"
+#include "platform/system/text_encoding.h"
 
 namespace qor {
 namespace {

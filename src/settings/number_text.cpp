@@ -5,7 +5,7 @@
 #include <charconv>
 
 #include "base/text.h"
-#include "platform/locale.h"
+#include "platform/system/locale.h"
 
 namespace qor {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "platform/font_families.h"
+#include "platform/fonts/font_families.h"
 #include "platform/print/print_system.h"
 #include "settings/number_text.h"
 #include "settings/printers.h"

@@ -4,8 +4,8 @@
 #include "base/app_options.h"
 #include "base/errors.h"
 #include "document/vset.h"
-#include "platform/input_file.h"
-#include "platform/messages.h"
+#include "platform/system/input_file.h"
+#include "platform/system/messages.h"
 #include "settings/set_keys.h"
 #include "settings/set_lines.h"
 

@@ -7,7 +7,7 @@
 #include "base/text.h"
 #include "document/code_page.h"
 #include "document/vset.h"
-#include "platform/locale.h"
+#include "platform/system/locale.h"
 #include "settings/number_text.h"
 #include "settings/set_lines.h"
 

@@ -5,11 +5,11 @@
 
 #include "base/errors.h"
 #include "base/text.h"
-#include "platform/input_file.h"
-#include "platform/locale.h"
-#include "platform/output_file.h"
-#include "platform/text_encoding.h"
-#include "platform/text_file.h"
+#include "platform/system/input_file.h"
+#include "platform/system/locale.h"
+#include "platform/system/output_file.h"
+#include "platform/system/text_encoding.h"
+#include "platform/system/text_file.h"
 
 namespace qor {
 namespace {

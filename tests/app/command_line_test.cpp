@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "base/interface_texts.h"
-#include "platform/locale.h"
+#include "platform/system/locale.h"
 #include "support/report_reader.h"
 #include "support/rows.h"
 #include "support/variable.h"

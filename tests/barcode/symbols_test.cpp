@@ -4,7 +4,7 @@
 
 #include "barcode/symbol_drawing.h"
 #include "barcode/symbol_layout.h"
-#include "platform/picture.h"
+#include "platform/pictures/picture.h"
 #include "render/page_walk.h"
 #include "support/program.h"
 #include "support/recording_canvas.h"

@@ -4,7 +4,7 @@
 
 #include "base/app_options.h"
 #include "document/code_page.h"
-#include "platform/text_encoding.h"
+#include "platform/system/text_encoding.h"
 #include "support/program.h"
 
 namespace qor::test {

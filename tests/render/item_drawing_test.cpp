@@ -1,7 +1,7 @@
 // Shapes and images as they reach the canvas.
 #include <gtest/gtest.h>
 
-#include "platform/picture.h"
+#include "platform/pictures/picture.h"
 #include "render/page_walk.h"
 #include "render/path_ellipsis.h"
 #include "support/page_picture.h"

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/text_encoding.h"
+#include "platform/system/text_encoding.h"
 #include "support/page_picture.h"
 #include "support/rows.h"
 

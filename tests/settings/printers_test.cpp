@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/canvas.h"
+#include "platform/canvas/canvas.h"
 #include "platform/print/paper_table.h"
 #include "platform/print/pdf_file_printer.h"
 #include "platform/print/print_system.h"

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/picture.h"
+#include "platform/pictures/picture.h"
 #include "support/temporary_directory.h"
 
 namespace qor::test {

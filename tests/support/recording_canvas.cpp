@@ -3,7 +3,7 @@
 #include <cmath>
 #include <sstream>
 
-#include "platform/picture.h"
+#include "platform/pictures/picture.h"
 
 namespace qor::test {
 namespace {

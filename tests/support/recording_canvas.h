@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "platform/canvas.h"
+#include "platform/canvas/canvas.h"
 
 namespace qor::test {
 

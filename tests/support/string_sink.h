@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/byte_sink.h"
+#include "platform/system/byte_sink.h"
 
 namespace qor::test {
 

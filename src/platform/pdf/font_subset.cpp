@@ -2,7 +2,7 @@
 #include "platform/pdf/font_subset.h"
 
 #include "base/errors.h"
-#include "platform/module.h"
+#include "platform/system/module.h"
 
 namespace qor {
 

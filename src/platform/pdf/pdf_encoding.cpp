@@ -1,7 +1,7 @@
 // Encodings by number.
 #include "platform/pdf/pdf_encoding.h"
 
-#include "platform/text_encoding.h"
+#include "platform/system/text_encoding.h"
 
 namespace qor {
 

@@ -11,8 +11,8 @@
 #include <libdeflate.h>
 
 #include "base/errors.h"
-#include "platform/byte_sink.h"
-#include "platform/text_encoding.h"
+#include "platform/system/byte_sink.h"
+#include "platform/system/text_encoding.h"
 
 namespace qor {
 namespace {

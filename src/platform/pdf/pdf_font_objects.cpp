@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <map>
 
-#include "platform/font_face.h"
+#include "platform/fonts/font_face.h"
 #include "platform/pdf/font_subset.h"
 #include "platform/pdf/pdf_fonts.h"
 

@@ -8,7 +8,7 @@
 #include FT_TRUETYPE_TAGS_H
 
 #include "base/errors.h"
-#include "platform/font_face.h"
+#include "platform/fonts/font_face.h"
 
 namespace qor {
 namespace {

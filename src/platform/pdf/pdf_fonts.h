@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/font_catalogue.h"
+#include "platform/fonts/font_catalogue.h"
 #include "platform/pdf/pdf_encoding.h"
 #include "platform/pdf/pdf_file.h"
 

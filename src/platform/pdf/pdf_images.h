@@ -5,7 +5,7 @@
 #include <unordered_map>
 
 #include "platform/pdf/pdf_file.h"
-#include "platform/picture.h"
+#include "platform/pictures/picture.h"
 
 namespace qor {
 

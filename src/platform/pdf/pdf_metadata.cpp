@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "platform/text_encoding.h"
+#include "platform/system/text_encoding.h"
 
 namespace qor {
 namespace {

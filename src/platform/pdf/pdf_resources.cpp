@@ -5,7 +5,7 @@
 
 #include "base/errors.h"
 #include "base/text.h"
-#include "platform/input_file.h"
+#include "platform/system/input_file.h"
 
 namespace qor {
 namespace {

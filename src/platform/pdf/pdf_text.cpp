@@ -2,11 +2,11 @@
 #include <algorithm>
 
 #include "base/errors.h"
-#include "platform/font_families.h"
+#include "platform/fonts/font_families.h"
 #include "platform/pdf/fit_options.h"
 #include "platform/pdf/pdf_document.h"
 #include "platform/pdf/pdf_fonts.h"
-#include "platform/text_encoding.h"
+#include "platform/system/text_encoding.h"
 
 namespace qor {
 

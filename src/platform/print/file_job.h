@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "platform/output_file.h"
 #include "platform/print/print_queues.h"
+#include "platform/system/output_file.h"
 
 namespace qor {
 

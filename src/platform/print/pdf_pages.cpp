@@ -8,8 +8,8 @@
 
 #include "base/errors.h"
 #include "base/units.h"
-#include "platform/byte_sink.h"
-#include "platform/text_encoding.h"
+#include "platform/system/byte_sink.h"
+#include "platform/system/text_encoding.h"
 
 namespace qor {
 namespace {

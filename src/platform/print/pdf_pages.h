@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/cairo_canvas.h"
+#include "platform/canvas/cairo_canvas.h"
 
 namespace qor {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/byte_sink.h"
+#include "platform/system/byte_sink.h"
 
 namespace qor {
 

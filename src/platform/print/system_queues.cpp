@@ -1,7 +1,7 @@
 // Loading the module of the machine's print system.
 #include "platform/print/system_queues.h"
 
-#include "platform/module.h"
+#include "platform/system/module.h"
 
 namespace qor {
 

@@ -9,8 +9,8 @@
 #include <string>
 
 #include "base/app_options.h"
-#include "platform/messages.h"
 #include "platform/qt/end_signals.h"
+#include "platform/system/messages.h"
 
 namespace qor {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <QSettings>
 
-#include "platform/user_settings.h"
+#include "platform/system/user_settings.h"
 
 namespace qor {
 

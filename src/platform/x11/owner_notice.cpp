@@ -1,6 +1,6 @@
 // The owner's notice as an X11 client message. It has a connection of its own: the window's may
 // already be closing.
-#include "platform/owner_notice.h"
+#include "platform/system/owner_notice.h"
 
 #include <cstdlib>
 #include <memory>

@@ -1,0 +1,222 @@
+// Writing and reading bracket markup.
+#include "export/pdf/pdf_markup.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <type_traits>
+
+#include "base/text.h"
+#include "document/vdata.h"
+#include "document/vdocstr.h"
+
+namespace qor {
+namespace {
+
+constexpr int kBoldFrom = 700;
+constexpr std::size_t kLongestName = 3;
+
+constexpr std::array<std::string_view, static_cast<std::size_t>(PdfField::count)> kNames = {
+    "fn", "fs", "fc", "fb", "fi", "tl",  "tt",  "tr",  "tc", "ta", "tb", "th", "tv", "st", "gl",
+    "gt", "gr", "gb", "gc", "pt", "bcv", "ist", "ifn", "il", "it", "ir", "ib", "ic", "iss"};
+
+std::string_view nameOf(PdfField field) {
+  return kNames[static_cast<std::size_t>(field)];
+}
+
+// What stands for the brackets of a report. Its texts hold no control bytes but in the values of
+// tags, where they show as blanks.
+constexpr char kOpening = 1;
+constexpr char kClosing = 2;
+
+bool isReserved(char c) {
+  return (c == '[') | (c == ']') | (c == kOpening) | (c == kClosing);
+}
+
+bool isStandIn(char c) {
+  return (c == kOpening) | (c == kClosing);
+}
+
+// Most texts hold none; counting them goes many at a time.
+template <class Predicate>
+bool holdsAny(std::string_view text, Predicate predicate) {
+  return std::count_if(text.begin(), text.end(), predicate) > 0;
+}
+
+char written(char c) {
+  switch (c) {
+    case '[': return kOpening;
+    case ']': return kClosing;
+    case kOpening:
+    case kClosing: return ' ';
+    default: return c;
+  }
+}
+
+char readAgain(char c) {
+  return c == kOpening ? '[' : c == kClosing ? ']' : c;
+}
+
+// A record being written.
+class MarkupWriter {
+ public:
+  // Of the report, whatever it holds.
+  void text(std::string_view value) {
+    const auto start = static_cast<std::ptrdiff_t>(record_.size());
+    record_.append(value);
+    if (!holdsAny(value, isReserved)) return;
+    std::transform(record_.begin() + start, record_.end(), record_.begin() + start, written);
+  }
+
+  void textField(PdfField field, std::string_view value) {
+    open(field);
+    text(value);
+    close(field);
+  }
+
+  void field(PdfField field, std::string_view value) {
+    open(field);
+    record_.append(value);
+    close(field);
+  }
+
+  template <class Number>
+  void number(PdfField name, Number value) {
+    if constexpr (std::is_floating_point_v<Number>) {
+      std::string digits;
+      appendDecimal(digits, value);
+      field(name, digits);
+    } else {
+      field(name, std::to_string(value));
+    }
+  }
+
+  std::string take() { return std::move(record_); }
+
+ private:
+  void open(PdfField field) { record_.append("[").append(nameOf(field)) += ':'; }
+  void close(PdfField field) { record_.append(":").append(nameOf(field)) += ']'; }
+
+  std::string record_;
+};
+
+void writeFont(const FontState& font, MarkupWriter& out) {
+  out.textField(PdfField::fn, font.LogFont.faceName());
+  out.number(PdfField::fs, font.Height);
+  out.number(PdfField::fc, static_cast<std::uint32_t>(font.Color));
+  if (font.LogFont.Weight >= kBoldFrom) out.field(PdfField::fb, "1");
+  if (font.LogFont.Italic == 1) out.field(PdfField::fi, "1");
+}
+
+std::string recordOf(const VData_Text& text, bool overprint) {
+  MarkupWriter out;
+  const bool placed = text.Left != 0 || text.Top != 0;
+  if (!placed) out.text(text.Text);
+  writeFont(text.Font, out);
+  if (overprint) out.number(PdfField::tl, text.Left);
+  if (!placed) return out.take();
+  out.number(PdfField::tl, text.Left);
+  out.number(PdfField::tt, text.Top);
+  out.number(PdfField::tr, text.Font.LogFont.Escapement);
+  out.textField(PdfField::tc, text.Text);
+  if (text.Right == 0 || text.Bottom == 0) return out.take();
+  out.number(PdfField::ta, text.Right);
+  out.number(PdfField::tb, text.Bottom);
+  out.number(PdfField::th, text.AlignH);
+  out.number(PdfField::tv, text.AlignV);
+  return out.take();
+}
+
+void writeBox(const VData_Shape& shape, MarkupWriter& out) {
+  out.number(PdfField::gl, shape.Left);
+  out.number(PdfField::gt, shape.Top);
+  out.number(PdfField::gr, shape.Right);
+  out.number(PdfField::gb, shape.Bottom);
+  out.number(PdfField::gc, static_cast<std::uint32_t>(shape.PenColor));
+}
+
+std::string recordOf(const VData_Shape& shape) {
+  MarkupWriter out;
+  out.number(PdfField::st, shape.ShapeType);
+  writeBox(shape, out);
+  out.number(PdfField::pt, shape.PenType);
+  return out.take();
+}
+
+std::string recordOf(const VData_BarCode& code) {
+  MarkupWriter out;
+  out.textField(PdfField::bcv, code.Value);
+  writeBox(code, out);
+  return out.take();
+}
+
+std::string recordOf(const VData_Image& image) {
+  MarkupWriter out;
+  out.number(PdfField::ist, image.ShapeType);
+  out.textField(PdfField::ifn, image.FileName);
+  out.number(PdfField::il, image.Left);
+  out.number(PdfField::it, image.Top);
+  out.number(PdfField::ir, image.Right);
+  out.number(PdfField::ib, image.Bottom);
+  out.number(PdfField::ic, static_cast<std::uint32_t>(image.PenColor));
+  out.number(PdfField::iss, image.ImageStretch);
+  return out.take();
+}
+
+std::string recordOf(const VData& item, bool overprint) {
+  if (const auto* text = dynamic_cast<const VData_Text*>(&item)) {
+    return recordOf(*text, overprint);
+  }
+  if (const auto* code = dynamic_cast<const VData_BarCode*>(&item)) return recordOf(*code);
+  if (const auto* image = dynamic_cast<const VData_Image*>(&item)) return recordOf(*image);
+  if (const auto* shape = dynamic_cast<const VData_Shape*>(&item)) return recordOf(*shape);
+  return {};
+}
+
+// The field that starts with the bracket here, or count.
+PdfField fieldAt(std::string_view text) {
+  const auto colon = text.substr(0, kLongestName + 2).find(':');
+  if (colon == std::string_view::npos) return PdfField::count;
+  const auto found = std::find(kNames.begin(), kNames.end(), text.substr(1, colon - 1));
+  return static_cast<PdfField>(found - kNames.begin());
+}
+
+// The value of a field whose marks frame it; empty where the second one is missing.
+std::string_view valueOf(std::string_view text, std::string_view name) {
+  std::array<char, kLongestName + 2> end{':'};
+  name.copy(end.data() + 1, name.size());
+  end[name.size() + 1] = ']';
+  text.remove_prefix(name.size() + 2);
+  const auto last = text.find(std::string_view(end.data(), name.size() + 2));
+  return last == std::string_view::npos ? std::string_view() : text.substr(0, last);
+}
+
+}  // namespace
+
+void LineToMarkup(const VDocStr& line, PdfLines& lines, std::size_t index) {
+  std::vector<std::string>& records = lines[index];
+  const std::size_t first = records.size();
+  const bool overprint = line.Overprint == 1 && line.LineFeeds == 0;
+  for (const VData& item : line.items()) records.push_back(recordOf(item, overprint));
+  if (records.size() > first) records[first].append(records.size() - first, '\n');
+}
+
+std::string_view withBrackets(std::string_view value, std::string& buffer) {
+  if (!holdsAny(value, isStandIn)) return value;
+  buffer.resize(value.size());
+  std::transform(value.begin(), value.end(), buffer.begin(), readAgain);
+  return buffer;
+}
+
+MarkupRecord::MarkupRecord(std::string_view record) : whole_(record) {
+  for (auto place = record.find('['); place != std::string_view::npos;
+       place = record.find('[', place + 1)) {
+    const PdfField field = fieldAt(record.substr(place));
+    const auto number = static_cast<std::size_t>(field);
+    if (field == PdfField::count || has_[number]) continue;
+    has_[number] = true;
+    values_[number] = valueOf(record.substr(place), nameOf(field));
+    if (field == PdfField::fn) plainText_ = record.substr(0, place);
+  }
+}
+
+}  // namespace qor

@@ -1,0 +1,51 @@
+// The second stage of the PDF export: records of markup in, calls of the PDF engine out.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <tuple>
+
+#include "export/pdf/pdf_markup.h"
+#include "platform/pdf/pdf_document.h"
+
+namespace qor {
+
+class PdfWriter {
+ public:
+  // The document's first page is begun. `stem` starts the names of the pictures of barcodes.
+  PdfWriter(PdfDocument& document, int codePage, std::string stem);
+
+  // Writes the records of some lines. Position and colour go on from one call to the next.
+  void WritePdf(const PdfLines& lines);
+
+  // Ends the last page; all pages get this width, in points.
+  void endPages(std::int32_t width);
+
+ private:
+  void writeText(const MarkupRecord& record);
+  void writeShape(const MarkupRecord& record);
+  void writeImage(const MarkupRecord& record);
+  void writeBarcode(const MarkupRecord& record);
+
+  double selectFont(const MarkupRecord& record);
+  std::size_t fontOf(const MarkupRecord& record);
+  std::string fitOptionsOf(const MarkupRecord& record, double size) const;
+  std::string faceFor(const std::string& name) const;
+  void beginPage();
+  void newPage();
+
+  PdfDocument& document_;
+  int codePage_;
+  std::string encoding_;
+  std::string stem_;
+  // The document's fonts by their names in records, bold and italic.
+  std::map<std::tuple<std::string, bool, bool>, std::size_t, std::less<>> fonts_;
+  double left_ = 0;  // twips; they stay until a record tells others
+  double top_ = 0;
+  PdfColor color_;
+  PdfPoint lastImage_;  // pixels; frames of pictures that fail have the size of the last one
+};
+
+}  // namespace qor

@@ -1,0 +1,75 @@
+// Directories, on POSIX.
+#include <filesystem>
+#include <system_error>
+
+#include "platform/system/directory.h"
+#include "platform/system/text_encoding.h"
+
+namespace qor {
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string closed(std::string directory) {
+  if (!directory.empty() && directory.back() != '/') directory += '/';
+  return directory;
+}
+
+// Whether the name starts with the prefix. In another case it does where the file system finds the
+// same file by the prefix as it is told.
+bool startsWith(const fs::path& file, const std::string& name, std::string_view prefix) {
+  if (name.starts_with(prefix)) return true;
+  if (name.size() < prefix.size()) return false;
+  const std::string start = name.substr(0, prefix.size());
+  if (lowerUtf8(start) != lowerUtf8(prefix)) return false;
+  const fs::path asTold = file.parent_path() / (std::string(prefix) + name.substr(prefix.size()));
+  return isSameFile(file.string(), asTold.string());
+}
+
+}  // namespace
+
+bool isSameFile(const std::string& first, const std::string& second) {
+  std::error_code error;
+  return fs::equivalent(first, second, error);
+}
+
+std::string currentDirectory() {
+  std::error_code error;
+  return closed(fs::current_path(error).string());
+}
+
+std::string programDirectory() {
+  std::error_code error;
+  return closed(fs::read_symlink("/proc/self/exe", error).parent_path().string());
+}
+
+void enterDirectory(const std::string& directory) {
+  std::error_code error;
+  fs::current_path(directory, error);
+}
+
+void deleteFile(const std::string& path) {
+  std::error_code error;
+  const auto kind = fs::symlink_status(path, error).type();
+  if (kind == fs::file_type::regular || kind == fs::file_type::symlink) fs::remove(path, error);
+}
+
+std::vector<std::string> filesStartingWith(const std::string& directory, std::string_view prefix) {
+  std::vector<std::string> found;
+  std::error_code error;
+  const fs::path place = directory.empty() ? fs::path(".") : fs::path(directory);
+  for (fs::directory_iterator entry(place, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    std::error_code ignored;
+    const auto kind = entry->symlink_status(ignored).type();
+    const bool isFile = kind == fs::file_type::regular || kind == fs::file_type::symlink;
+    if (isFile && startsWith(entry->path(), name, prefix) &&
+        name.find('.', prefix.size()) != std::string::npos) {
+      found.push_back(directory + name);
+    }
+  }
+  return found;
+}
+
+}  // namespace qor

@@ -1,0 +1,37 @@
+// Writing files: beside the target first, and renamed over it only when complete.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/system/byte_sink.h"
+
+namespace qor {
+
+// A file being written. Until commit() the target stays as it was; an object that is destroyed
+// without commit() leaves no trace.
+class OutputFile : public ByteSink {
+ public:
+  // Opens a file beside `target`. Throws FileError with the reason, and for a target that is a
+  // directory or a device.
+  explicit OutputFile(const std::string& target);
+  ~OutputFile() override;
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+
+  void write(std::string_view bytes) override;
+
+  // Writes what is buffered and puts the file in the target's place. Throws FileError.
+  void commit();
+
+ private:
+  void flush();
+  void writeThrough(std::string_view bytes);
+
+  std::string target_;
+  std::string temporary_;
+  std::string buffer_;
+  int handle_ = -1;
+};
+
+}  // namespace qor

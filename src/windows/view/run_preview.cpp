@@ -1,0 +1,60 @@
+// The preview as the program runs it.
+#include <QMessageBox>
+
+#include "base/interface_texts.h"
+#include "document/vdoc.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/qt_user_settings.h"
+#include "window_model/window_module.h"
+#include "windows/failure_text.h"
+#include "windows/view/tfrm_view.h"
+
+namespace qor {
+namespace {
+
+// The first page, or none where it can't be read: the window will tell why.
+VDocPage* firstPage(VDoc& doc) {
+  VDocPage* page = nullptr;
+  failureOf([&] { page = doc.GetPage(1, 0); });
+  return page;
+}
+
+void showWarnings(const std::vector<std::string>& warnings) {
+  for (const std::string& text : warnings)
+    QMessageBox(QMessageBox::Warning, qtText(interfaceTexts().ApplicationTitle), qtText(text),
+                QMessageBox::Ok)
+        .exec();
+}
+
+}  // namespace
+
+extern "C" {
+
+__attribute__((visibility("default"))) bool qorRunPreview(
+    VDoc& doc, void (*loadSettings)(VDoc&), const std::vector<std::string>& warnings) {
+  Desktop desktop;
+  showWarnings(warnings);
+  if (desktop.isAskedToEnd()) return false;
+  QtUserSettings settings;
+  TfrmView window(settings, {});
+  loadSettings(doc);
+  const MessageSink messages([&window](MessageKind kind, std::string_view text) {
+    window.showMessage(kind, qtText(text));
+  });
+  window.SetDocument(&doc, firstPage(doc));
+  window.show();
+  desktop.run();
+  window.SetDocument(nullptr, nullptr);
+  return window.hasShownReport();
+}
+
+__attribute__((visibility("default"))) void qorShowBoxes(const std::vector<std::string>& warnings,
+                                                         int exitCode) {
+  const Desktop desktop(exitCode);
+  showWarnings(warnings);
+}
+
+}  // extern "C"
+
+}  // namespace qor

@@ -1,0 +1,217 @@
+// Pictures that others write, whole, odd, cut short and damaged.
+#include <algorithm>
+
+#include <gtest/gtest.h>
+
+#include "platform/pictures/picture.h"
+#include "support/image_magick.h"
+
+namespace qor::test {
+namespace {
+
+class PictureReading : public testing::Test {
+ protected:
+  ImageMagick magick_;
+};
+
+TEST_F(PictureReading, readsThePixelsOfEveryKindOfFile) {
+  struct Row {
+    std::string arguments;
+    const char* file;
+    double tolerance = 0;
+  };
+  const std::string fade =
+      "\\( -size 37x23 gradient: \\) -alpha off -compose CopyOpacity -composite";
+  const Row rows[] = {
+      {"-colorspace Gray -depth 8", "gray.png"},
+      {"-colorspace Gray -monochrome -define png:bit-depth=1", "gray1.png"},
+      {"-colorspace Gray -depth 16 -define png:bit-depth=16", "gray16.png", 0.5},
+      {"-depth 8", "PNG24:rgb.png"},
+      {"-interlace PNG -depth 8", "PNG24:interlaced.png"},
+      {"-colors 2", "PNG8:palette1.png"},
+      {"-colors 200 -interlace PNG", "PNG8:palette8.png"},
+      {"-alpha set -colors 20 -channel A -fx 'i<9?0:1'", "PNG8:transparent.png"},
+      {fade, "PNG32:alpha.png"},
+      {fade + " -interlace PNG", "PNG64:alpha16.png", 0.5},
+      {fade + " -colorspace Gray -define png:color-type=4 -depth 8", "grayalpha.png"},
+      {"-alpha set -channel A -fx 'i<9?0:1' -depth 8 -define png:color-type=2", "onecolour.png"},
+      {"-quality 85", "colour.jpg"},
+      {"-quality 85 -colorspace Gray", "gray.jpg"},
+      {"-quality 85 -interlace JPEG", "progressive.jpg"},
+      {"-quality 95 -colorspace CMYK", "inks.jpg", 1},
+      {"-quality 95 -colorspace RGB -set colorspace sRGB", "other.jpg"},
+      {"", "plain.gif"},
+      {"-interlace GIF -colors 100", "interlaced.gif"},
+      {"-alpha set -channel A -fx 'i<9?0:1'", "hole.gif"},
+      {"-colors 30 -repage 60x50+7+9", "placed.gif"},
+      {"-monochrome", "BMP3:mono.bmp"},
+      {"-type Palette -colors 16", "BMP3:nibbles.bmp"},
+      {"-type Palette -colors 200 -compress None", "BMP3:bytes.bmp"},
+      {"-type Palette -colors 20 -compress RLE", "BMP3:runs.bmp"},
+      {"-type TrueColor", "BMP3:true.bmp"},
+      {"-type TrueColor", "BMP2:os2.bmp"},
+      {"-type Palette -colors 100", "BMP2:os2bytes.bmp"},
+      {"-type TrueColor", "BMP:newest.bmp"},
+      {fade, "BMP:alpha.bmp"},
+      {"-define bmp:subtype=RGB565", "BMP:565.bmp", 0.5},
+      {"-define bmp:subtype=RGB555", "BMP:555.bmp", 0.5},
+      {"-define bmp:subtype=ARGB4444", "BMP:4444.bmp", 0.5},
+      {fade, "alpha.ico"},
+      {"-alpha off", "opaque.ico"},
+      {"-alpha off -colors 9 -type Palette", "palette.ico"},
+      {"-alpha set -colors 9 -channel A -fx 'i<9?0:1' -type PaletteAlpha", "mask.ico"},
+      {"-alpha off -depth 8 -resize 256x256!", "packed.ico"},
+  };
+  for (const auto& [arguments, file, tolerance] : rows) {
+    SCOPED_TRACE(file);
+    const auto picture = decodePicture(magick_.make(arguments, file));
+    ASSERT_TRUE(picture);
+    const std::string first = nameOf(file) + "[0]";
+    EXPECT_EQ(magick_.identify("%[fx:page.width>w?page.width:w]", first),
+              std::to_string(picture->width));
+    EXPECT_LE(distance(picture->pixels, magick_.seen(first)), tolerance);
+  }
+}
+
+std::string little(int value, int size) {
+  std::string bytes;
+  for (int i = 0; i < size; ++i) bytes += static_cast<char>(value >> 8 * i);
+  return bytes;
+}
+
+std::string longs(std::initializer_list<int> values) {
+  std::string bytes;
+  for (int value : values) bytes += little(value, 4);
+  return bytes;
+}
+
+std::string bytesOf(std::initializer_list<int> values) {
+  return {values.begin(), values.end()};
+}
+
+// A bitmap with the old header. `extra` is masks or palette.
+std::string makeBitmap(int width, int height, int bits, int compression, const std::string& extra,
+                       const std::string& data) {
+  const int colors = compression == 0 || compression == 3 ? 0 : 3;
+  const std::string dib = longs({40, width, height}) + little(1, 2) + little(bits, 2) +
+                          longs({compression, 0, 0, 0, colors, 0}) + extra;
+  const auto dataAt = static_cast<int>(14 + dib.size());
+  return "BM" + longs({dataAt + static_cast<int>(data.size()), 0, dataAt}) + dib + data;
+}
+
+const std::string kThreeColours = bytesOf({0, 0, 255, 0, 0, 255, 0, 0, 255, 0, 0, 0});
+
+TEST_F(PictureReading, readsBitmapsThatFewProgramsWrite) {
+  const std::string kMasks565 = longs({0xF800, 0x7E0, 0x1F});
+  const std::string kFiles[] = {
+      makeBitmap(6, 2, 4, 2, kThreeColours,
+                 bytesOf({3, 0x12, 0, 3, 0x20, 0x10, 0, 0, 6, 0x21, 0, 1})),
+      makeBitmap(5, 2, 8, 1, kThreeColours, bytesOf({0, 3, 1, 2, 1, 0, 2, 2, 0, 0, 5, 1, 0, 1})),
+      makeBitmap(2, -2, 24, 0, "", bytesOf({1, 2, 3, 4, 5, 6, 0, 0, 7, 8, 9, 10, 11, 12, 0, 0})),
+      makeBitmap(2, 2, 32, 0, "", bytesOf({1, 2, 3, 0, 5, 6, 7, 0, 9, 10, 11, 0, 13, 14, 15, 0})),
+      makeBitmap(2, 1, 16, 0, "", bytesOf({0x34, 0x12, 0xFF, 0x7B})),
+      makeBitmap(2, 1, 16, 3, kMasks565, bytesOf({0x34, 0x12, 0xFF, 0x7B})),
+  };
+  for (const std::string& file : kFiles) {
+    magick_.folder().write("made.bmp", file);
+    const auto picture = decodePicture(file);
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(distance(picture->pixels, magick_.seen("made.bmp")), 0) << &file - kFiles;
+  }
+}
+
+TEST_F(PictureReading, leavesThePixelsThatRunsSkipInTheFirstColour) {
+  const auto picture =
+      decodePicture(makeBitmap(3, 2, 8, 1, kThreeColours, bytesOf({1, 1, 0, 2, 1, 1, 1, 2, 0, 1})));
+  ASSERT_TRUE(picture);
+  const std::uint32_t red = 0xFFFF0000, green = 0xFF00FF00, blue = 0xFF0000FF;
+  EXPECT_EQ(picture->pixels, (std::vector{red, red, blue, green, red, red}));
+}
+
+TEST_F(PictureReading, takesInksAsTheyAreWithoutAdobesMark) {
+  std::string file = magick_.make("-fill white -colorize 100 -colorspace CMYK", "inks.jpg");
+  const std::size_t mark = file.find("\xFF\xEE");
+  ASSERT_NE(mark, std::string::npos);
+  EXPECT_EQ(decodePicture(file)->pixels.at(0), 0xFFFFFFFF);
+  EXPECT_EQ(decodePicture(file.erase(mark, 16))->pixels.at(0), 0xFF000000);
+}
+
+TEST_F(PictureReading, takesTheLargestImageOfAnIcon) {
+  const auto large = decodePicture(magick_.make("-resize 48x48!", "PNG24:large.png"));
+  magick_.run("convert-im6.q16 large.png -resize 16x16 small.png");
+  magick_.run("convert-im6.q16 small.png large.png small.png three.ico");
+  EXPECT_EQ(decodePicture(magick_.folder().read("three.ico"))->pixels, large->pixels);
+}
+
+// Two icons of one image each as one icon.
+std::string joined(const std::string& first, const std::string& second) {
+  constexpr std::size_t kHead = 22;
+  const auto entry = [](const std::string& icon, std::size_t at) {
+    return icon.substr(6, 12) + little(static_cast<int>(at), 4);
+  };
+  return first.substr(0, 4) + little(2, 2) + entry(first, kHead + 16) +
+         entry(second, first.size() + 16) + first.substr(kHead) + second.substr(kHead);
+}
+
+TEST_F(PictureReading, takesTheDeepestImageOfASize) {
+  const std::string deep = magick_.make("-alpha off", "deep.ico");
+  const std::string flat = magick_.make("-alpha off -colors 9 -type Palette", "flat.ico");
+  const auto pixels = decodePicture(deep)->pixels;
+  EXPECT_NE(decodePicture(flat)->pixels, pixels);
+  EXPECT_EQ(decodePicture(joined(deep, flat))->pixels, pixels);
+  EXPECT_EQ(decodePicture(joined(flat, deep))->pixels, pixels);
+}
+
+// The colours red and green, the first of them transparent.
+TEST_F(PictureReading, knowsTheFirstColourOfAGifAsTransparent) {
+  const auto gif = [](int transparent) {
+    return "GIF89a" + little(2, 2) + little(1, 2) +
+           bytesOf({0x80, 0, 0, 255, 0, 0, 0, 255, 0, '!', 0xF9, 4, 1, 0, 0, transparent, 0, ','}) +
+           std::string(4, '\0') + little(2, 2) + little(1, 2) +
+           bytesOf({0, 2, 2, 0x44, 0x0A, 0, ';'});
+  };
+  EXPECT_EQ(decodePicture(gif(0))->pixels, (std::vector<std::uint32_t>{0, 0xFF00FF00}));
+  EXPECT_EQ(decodePicture(gif(1))->pixels, (std::vector<std::uint32_t>{0xFFFF0000, 0}));
+}
+
+TEST_F(PictureReading, refusesFilesThatAreCutShort) {
+  // The file, and the bytes at its end that no pixel needs.
+  const std::tuple<const char*, const char*, std::size_t> rows[] = {
+      {"-depth 8", "PNG24:a.png", 0},
+      {"-colors 50 -interlace PNG", "PNG8:b.png", 0},
+      {"-quality 80", "a.jpg", 0},
+      {"-quality 80 -interlace JPEG", "b.jpg", 0},
+      {"-interlace GIF", "a.gif", 1},
+      {"-type TrueColor", "BMP3:a.bmp", 0},
+      {"-type Palette -colors 9 -compress RLE", "BMP3:c.bmp", 2},
+      {"-alpha off -colors 9 -type Palette", "a.ico", 0},
+      {"-resize 256x256!", "b.ico", 0}};
+  for (const auto& [arguments, name, spare] : rows) {
+    const std::string file = magick_.make(arguments, name);
+    ASSERT_TRUE(decodePicture(file));
+    for (std::size_t size = 0; size + spare < file.size(); size += file.size() / 1000 + 1) {
+      // A copy of exactly this size lets the sanitizer see reads beyond its end.
+      const std::vector<char> copy(file.data(), file.data() + size);
+      EXPECT_FALSE(decodePicture({copy.data(), copy.size()})) << size << " of " << name;
+    }
+  }
+}
+
+TEST_F(PictureReading, refusesSidesOfFiftyThousandPixels) {
+  const std::string bigPng =
+      std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\xC3\x50\0\0\xC3\x50\x08\2\0\0\0", 29);
+  std::string bigJpeg = magick_.make("", "a.jpg");
+  bigJpeg.replace(bigJpeg.find("\xFF\xC0") + 5, 4, "\xC3\x50\xC3\x50");
+  std::string bigGif = magick_.make("", "a.gif");
+  bigGif.replace(6, 4, little(50000, 2) + little(50000, 2));
+  const std::string directory = bytesOf({0, 0, 1, 0, 1, 0, 0, 0, 0, 0, 1, 0, 24, 0});
+  const std::string bitmap = makeBitmap(50000, 50000, 24, 0, "", "");
+  const std::string bigIcon = directory + longs({40, 22}) + bitmap.substr(14);
+  for (const std::string& file : {bigPng, bigJpeg, bigGif, bitmap, bigIcon,
+                                  makeBitmap(50000, 50000, 8, 1, kThreeColours, bytesOf({0, 1}))}) {
+    EXPECT_FALSE(decodePicture(file)) << file.substr(0, 2);
+  }
+}
+
+}  // namespace
+}  // namespace qor::test

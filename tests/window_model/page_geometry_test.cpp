@@ -1,0 +1,179 @@
+// Where sheets and pages stand on the screen, and the zooms that fit them. The printer has 600 dots
+// per inch and A4 paper of 4960 by 7016 dots, of which it reaches all but 100 at each side; the
+// display has 96: at z percent a sheet takes 7.936 z by 11.2256 z pixels, and its gaps twice a
+// tenth of z.
+#include <gtest/gtest.h>
+
+#include "settings/print_scale.h"
+#include "window_model/page_layout.h"
+#include "window_model/page_moves.h"
+#include "window_model/zoom_fit.h"
+
+namespace qor::test {
+namespace {
+
+// Resolution 600, 4960 by 7016 dots behind an offset of 100, of which 4760 by 6816 are printable.
+const VSetPrn kPrinter = {0, 0, 0, 4760, 6816, 600, 600, 0, 0, 4960, 7016, 100, 100, {}, {}};
+constexpr ScreenArea kArea = {{1000, 700}};
+constexpr std::int32_t kBar = 15;
+
+VSetPage page() {
+  VSetPage options;
+  options.MarginLeft = 10;
+  options.MarginTop = 20;
+  return options;
+}
+
+using Numbers = std::vector<std::int32_t>;
+
+// Across and down in turn: resolution, reference, view, place, paper, printable area, margins.
+Numbers numbers(const VSetScr& s) {
+  return {s.dpi_x,       s.dpi_y,        s.ref_dpi_x,   s.ref_dpi_y,    s.view_width, s.view_height,
+          s.origin_x,    s.origin_y,     s.paper_width, s.paper_height, s.print_left, s.print_top,
+          s.print_right, s.print_bottom, s.margin_left, s.margin_top};
+}
+
+TEST(PageGeometry, NormalSheetStandsInTheMiddleOrBehindAGap) {
+  // A zoom (-1 and -2 fit), the width of the area, and what comes of them.
+  const std::tuple<std::int32_t, std::int32_t, std::int32_t, Numbers> rows[] = {
+      {0, 1000, 100, {96, 96, 600, 600, 813, 1142, 92, 10, 793, 1122, 16, 16, 777, 1106, 37, 75}},
+      {50, 1000, 50, {96, 96, 1200, 1200, 406, 571, 296, 63, 396, 561, 8, 8, 388, 553, 37, 75}},
+      {5, 1000, 5, {96, 96, 12000, 12000, 39, 56, 479, 321, 39, 56, 0, 0, 38, 54, 37, 75}},
+      {-1, 800, 98, {96, 96, 612, 612, 795, 1118, 1, 9, 777, 1100, 15, 15, 761, 1083, 37, 75}},
+      {-2, 1000, 62, {96, 96, 967, 967, 504, 707, 247, 6, 492, 695, 9, 9, 481, 685, 37, 75}},
+      {-1, 1, 1, {96, 96, 60000, 60000, 7, 11, 0, 343, 7, 11, 0, 0, 7, 10, 37, 75}},
+  };
+  for (const auto& [asked, width, percent, sheet] : rows) {
+    std::int32_t zoom = asked;
+    EXPECT_EQ(numbers(normalSheet(page(), kPrinter, {{width, 700}}, zoom)), sheet) << asked;
+    EXPECT_EQ(zoom, percent);
+  }
+  std::int32_t zoom = kFitWidth;
+  EXPECT_EQ(normalSheet({}, {}, kArea, zoom).paper_width, 0) << "a printer that tells nothing";
+  EXPECT_EQ(zoom, 1);
+  EXPECT_EQ(numbers(scaledSheet(page(), kPrinter, kArea, 200)),
+            Numbers({48, 48, 300, 300, 436, 601, 281, 48, 396, 561, 8, 8, 388, 553, 37, 75}));
+}
+
+TEST(PageGeometry, WideViewIsAsLargeAsPaperAndContent) {
+  for (std::int32_t zoom : {100, kFitWidth, kFitHeight}) {
+    EXPECT_EQ(numbers(wideSheet(page(), kPrinter, kArea, {1700, 400}, zoom)),
+              Numbers({96, 96, 600, 600, 1700, 1122, 0, 0, 793, 1122, 0, 0, 1700, 1122, 37, 75}));
+    EXPECT_EQ(zoom, 100);
+  }
+  std::int32_t half = 50;
+  const VSetScr sheet = wideSheet(page(), kPrinter, kArea, {100, 2001}, half);
+  EXPECT_EQ(sheet.view_width, 396);
+  EXPECT_EQ(sheet.view_height, 1000);
+}
+
+TEST(PageGeometry, BarsTakeRoomWhereTheSheetIsLarger) {
+  const std::pair<Extent, Numbers> rows[] = {{{900, 600}, {1000, 700}},  {{1000, 700}, {1000, 700}},
+                                             {{985, 701}, {985, 700}},   {{1001, 685}, {1000, 685}},
+                                             {{1200, 600}, {1000, 685}}, {{900, 800}, {985, 700}},
+                                             {{1200, 690}, {985, 685}},  {{990, 800}, {985, 685}}};
+  for (const auto& [sheet, left] : rows) {
+    const Extent client = areaBesideBars(kArea, sheet, kBar).client;
+    EXPECT_EQ(Numbers({client.Width, client.Height}), left) << sheet.Width << " " << sheet.Height;
+  }
+}
+
+TEST(PageGeometry, ViewsOpenThePrinterAtAScale) {
+  // A4: 793 pixels of paper against a page of 1586; the printer's sheet has 793 pixels, too.
+  VSetPage paper;
+  EXPECT_EQ(previewPrintScale({96, 100, 1586}, paper, kPrinter), 47);
+  EXPECT_EQ(previewPrintScale({96, kFitWidth, 400}, paper, kPrinter), -2);
+  EXPECT_EQ(previewPrintScale({96, 100, 0}, paper, kPrinter), std::nullopt);
+  paper.PaperSize = 1;
+  EXPECT_EQ(previewPrintScale({96, 100, 1586}, paper, kPrinter), 50) << "Letter";
+}
+
+TEST(ZoomFit, LeavesNoBars) {
+  const struct {
+    const char* what;
+    Extent area, content;                // the content of a wide view; none: a sheet
+    std::int32_t wholeWidth, wholePage;  // percent
+  } rows[] = {
+      {"985 beside a bar hold 960 and 24, 700 hold 684 and 12", {1000, 700}, {}, 121, 61},
+      {"300 hold 293 and 6", {300, 2000}, {}, 37, 37},
+      {"exactly as high as 98 percent", {800, 1118}, {}, 98, 98},
+      {"a pixel less: the bar at the right would call for one below", {800, 1117}, {}, 97, 97},
+      {"never nothing", {1, 1}, {}, 1, 1},
+      {"58 times 17 are 986, and no bar", {1000, 700}, {1700, 400}, 58, 58},
+      {"57 times 17 beside a bar", {1000, 700}, {1700, 4000}, 57, 17},
+      {"the paper, where the content is smaller", {1000, 700}, {100, 100}, 124, 62},
+  };
+  for (const auto& row : rows) {
+    const auto fitted = [&row](std::int32_t zoom) {
+      return row.content.Width == 0
+                 ? fittedToSheet(zoom, {}, kPrinter, {row.area}, kBar)
+                 : fittedToContent(zoom, {}, kPrinter, {row.area}, row.content, kBar);
+    };
+    EXPECT_EQ(fitted(kWholeWidth), row.wholeWidth) << row.what;
+    EXPECT_EQ(fitted(kWholePage), row.wholePage) << row.what;
+    for (const std::int32_t other : {75, 0, kFitWidth, kFitHeight}) EXPECT_EQ(fitted(other), other);
+  }
+  EXPECT_EQ(fittedToSheet(kWholePage, {}, {}, kArea, kBar), 100) << "no paper";
+}
+
+std::string places(const Extent& view, const Extent& client, std::int32_t first,
+                   std::int32_t total) {
+  const auto laidOut = layOutPages(view, client, first, total);
+  if (!laidOut) return "nothing";
+  std::string text;
+  for (const auto& [number, corner] : *laidOut) {
+    text += std::to_string(number) + " at " + std::to_string(corner.x) + "," +
+            std::to_string(corner.y) + " ";
+  }
+  return text;
+}
+
+TEST(PageGeometry, SeveralPagesStandInRows) {
+  const Extent view = {300, 400};
+  EXPECT_EQ(places(view, {1000, 900}, 3, 20),
+            "3 at 12,17 4 at 337,17 5 at 662,17 6 at 12,450 7 at 337,450 8 at 662,450 ");
+  // The rows and columns that are left stand in the middle.
+  EXPECT_EQ(places(view, {1300, 900}, 1, 3), "1 at 170,233 2 at 490,233 3 at 810,233 ");
+  EXPECT_EQ(places(view, {1000, 900}, 17, 20),
+            "17 at 12,17 18 at 337,17 19 at 662,17 20 at 12,450 ");
+  // Two pages must leave room.
+  EXPECT_EQ(places(view, {600, 800}, 1, 20), "");
+  EXPECT_EQ(places(view, {601, 500}, 1, 20), "1 at 0,50 2 at 300,50 ");
+  // A page that is higher than the area starts with it.
+  EXPECT_EQ(places({450, 1142}, {1000, 900}, 1, 20), "1 at 17,0 2 at 500,0 ");
+  EXPECT_EQ(places(view, {1000, 900}, 21, 20), "nothing");
+  EXPECT_EQ(places(view, {1000, 900}, 1, 0), "nothing");
+  EXPECT_EQ(places({0, 0}, {1000, 900}, 1, 5), "");
+}
+
+TEST(PageGeometry, NumbersStandBesideSheetsWhereThereIsRoom) {
+  // The board, a page, the height of its label, and where that stands.
+  const std::tuple<const char*, Extent, std::size_t, std::int32_t, Point> rows[] = {
+      {"in the 30 pixels between rows", {260, 460}, 0, 16, {50, 207}},
+      {"not far from its sheet", {260, 500}, 3, 16, {190, 438}},
+      {"beside it, where the last row has no room below", {260, 434}, 2, 16, {118, 414}},
+      {"on the sheet, where it has none at all", {252, 434}, 3, 16, {228, 412}},
+      {"too high for the room between rows", {260, 460}, 1, 27, {228, 171}},
+  };
+  // Two columns and two rows of sheets of 100 by 200 pixels.
+  const std::vector<PagePlace> pages = {
+      {1, {10, 0}}, {2, {150, 0}}, {3, {10, 230}}, {4, {150, 230}}};
+  for (const auto& [what, board, index, high, corner] : rows)
+    EXPECT_EQ(numberCorner(pages, index, {100, 200}, board, {20, high}), corner) << what;
+}
+
+TEST(PageGeometry, MovesStopAtTheEnds) {
+  // From a page of so many, with so many on view, to a page.
+  using Number = std::int32_t;
+  const std::tuple<PageMove, Number, Number, Number, Number> rows[] = {
+      {PageMove::first, 7, 10, 1, 1},    {PageMove::previous, 9, 20, 8, 1},
+      {PageMove::previous, 8, 20, 8, 1}, {PageMove::previous, 10, 20, 8, 2},
+      {PageMove::next, 1, 20, 8, 9},     {PageMove::next, 13, 20, 8, 13},
+      {PageMove::next, 15, 20, 8, 23},   {PageMove::last, 1, 20, 8, 13},
+      {PageMove::last, 1, 3, 8, 1}};
+  for (const auto& [move, current, total, onView, to] : rows)
+    EXPECT_EQ(movedPage(move, current, total, onView), to) << current << " of " << total;
+}
+
+}  // namespace
+}  // namespace qor::test

@@ -1,0 +1,239 @@
+// What the window says, where, and how often; and what it finds out about pages behind the user's
+// back: how they begin, and what of them it doesn't show.
+#include <QAbstractButton>
+#include <QMenu>
+#include <QMessageBox>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "platform/qt/qt_text.h"
+#include "support/program.h"
+#include "windows/view/window.h"
+
+namespace qor::test {
+namespace {
+
+// The box of the window, if there is one to be seen.
+QMessageBox* boxOf(Window& window) {
+  Window::settle();
+  auto* box = window.form().findChild<QMessageBox*>();
+  return box != nullptr && box->isVisible() ? box : nullptr;
+}
+
+bool standsOver(const QWidget& box, const QWidget& window) {
+  const QPoint away = box.frameGeometry().center() - window.frameGeometry().center();
+  return away.manhattanLength() <= 2;
+}
+
+TEST(PreviewMessages, errorsHaveABoxOverTheWindow) {
+  Window::Start start{reportOfPages(3)};
+  start.beforeShown = [](TfrmView& form) {
+    form.showMessage(MessageKind::error, "The printer is gone.");
+    Window::settle();
+    EXPECT_EQ(form.findChild<QMessageBox*>(), nullptr) << "it waits for the window";
+  };
+  Window window(start);
+  QMessageBox* box = boxOf(window);
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(box->icon(), QMessageBox::Critical);
+  EXPECT_EQ(box->text(), "The printer is gone.");
+  EXPECT_TRUE(standsOver(*box, window.form()));
+  window.form().move(150, 90);
+  EXPECT_TRUE(standsOver(*box, window.form())) << "where a window manager places the window late";
+  box->move(10, 10);
+  window.form().move(60, 60);
+  EXPECT_EQ(box->pos(), QPoint(10, 10)) << "the user put it there";
+  box->close();
+  window.form().showMessage(MessageKind::warning, "The disk is slow.");
+  EXPECT_EQ(window.status(), "The disk is slow.");
+  for (const bool told : {false, true}) {
+    window.form().showMessage(MessageKind::error, "The disk is full.");
+    EXPECT_EQ(boxOf(window) == nullptr, told);
+    box->close();
+  }
+}
+
+// That the text in the place of a page is seen, in the middle of what is seen, and has no box.
+void expectMessage(Window& window, const std::string& part) {
+  auto& text = window.control<QLabel>("message");
+  QWidget& seen = *window.area().viewport();
+  EXPECT_TRUE(text.isVisible());
+  EXPECT_NE(text.text().toStdString().find(part), std::string::npos) << text.text().toStdString();
+  const QPoint away = text.mapTo(&seen, text.rect().center()) - seen.rect().center();
+  EXPECT_LE(away.manhattanLength(), 2) << seen.width();
+  EXPECT_EQ(boxOf(window), nullptr);
+}
+
+TEST(PreviewMessages, thePageAreaTellsWhyThereIsNoPage) {
+  Window window({reportOfPages(3), Window::zoomed(2)});
+  window.press(Qt::Key_End);
+  window.press(Qt::Key_End, Qt::ShiftModifier);
+  std::filesystem::remove(Window::path());
+  window.press(Qt::Key_PageDown);
+  EXPECT_NE(window.status().find("report.txt"), std::string::npos) << window.status();
+  for (const QSize size : {QSize(1000, 800), QSize(1300, 600), QSize(800, 480)}) {
+    expectMessage(window, window.status());
+    window.resize(size);
+  }
+  expectMessage(window, window.status());
+}
+
+// A part of the page that is drawn when it is scrolled to, with a code page that is gone by then.
+TEST(PreviewMessages, aPageThatCantBeDrawnSaysSoInTheMiddle) {
+  Window window({reportOfPages(3), Window::zoomed(0)});
+  EXPECT_FALSE(window.control("message").isVisible());
+  window.picture("pScroll");
+  window.doc().Settings.Page.BaseCodePage = 65432;
+  window.press(Qt::Key_End);
+  window.picture("pScroll");
+  Window::settle();
+  expectMessage(window, "65432");
+}
+
+// Lets the window do what it does while nobody asks for anything.
+void idle(Window& window) {
+  const auto known = [&window] { return window.doc().KnownStarts() >= window.page(); };
+  EXPECT_TRUE(QTest::qWaitFor(known, 60000));
+  for (int i = 0; i < 20; ++i) Window::settle();
+}
+
+// The inside of the sheet, without its frame.
+QImage sheetOf(const QImage& picture) {
+  return picture.copy(2, 2, 780, 1000).convertToFormat(QImage::Format_RGB32);
+}
+
+QImage onView(Window& window) {
+  idle(window);
+  return sheetOf(window.picture("page_control"));
+}
+
+// A page on view is the page of a run that reads all of them in their order.
+TEST(PreviewNotes, pagesLookAsWhenAllAreReadInOrder) {
+  const std::string report =
+      "\033&l8Done <b>two\r\n\f\r\nthree<h1>four\r\n\r\nx\f\r\n<i>five <w1>six\r\n\f\r\n"
+      "seven<h1/>eight\r\n\033W0nine\f\r\n<u>ten<vs>\r\neleven\r\n";
+  Window window({report, {{"ZoomID", 6}, {"ShowUnprintable", 0}}});
+  window.directory().write("r.txt", report);
+  ASSERT_EQ(runViewer({"-f", window.directory().path("r.txt"), "-codepage", "1251", "-export",
+                       window.directory().path("r.png")})
+                .errors,
+            "");
+  const auto expected = [&window](int page) {
+    const std::string name = "r(" + std::to_string(page) + ").png";
+    return sheetOf(QImage(qtText(window.directory().path(name))));
+  };
+  window.press(Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(onView(window), expected(5));
+  for (const int page : {2, 4, 1, 3, 5}) {
+    window.resize({1000 + page, 800});
+    window.press(Qt::Key_Home, Qt::ControlModifier);
+    for (int i = 1; i < page; ++i) window.press(Qt::Key_PageDown);
+    EXPECT_EQ(window.page(), page);
+    EXPECT_EQ(onView(window), expected(page)) << page;
+  }
+}
+
+// What the status bar and the bar above the pages tell.
+std::string told(Window& window) {
+  idle(window);
+  const auto& bar = window.control<QLabel>("noteBarText");
+  return window.status() + bar.text().toStdString();
+}
+
+TEST(PreviewNotes, tellWhatTheSheetDoesNotShow) {
+  std::string lines;
+  for (int i = 0; i < 86; ++i) lines += "line\r\n";
+  // 74 lines of 227 twips and 99 characters of 120 twips fit the sheet.
+  const std::pair<std::string, std::string> rows[] = {
+      {"all of it\r\n", ""},
+      {lines, "12 lines are outside the sheet: wide view"},
+      {lines + std::string(197, 'c') + "\r\n",
+       "13 lines and 98 columns are outside the sheet: wide view"},
+      {std::string(100, 'c') + "\r\n", "1 column is outside the sheet: wide view"},
+      {std::string(99, 'c') + "      \r\n", ""},
+      {"\xD0\xB0\xD0\xB1\r\n",
+       "The report is text in UTF-8 and shows wrong letters: convert it to a code page"},
+      {"a\nb\n", "Lines end with LF alone and run together: end them with CR LF"},
+      {"a\n" + std::string(5000, 'b'),
+       "4901 columns are outside the sheet: wide view"
+       "Lines end with LF alone: they are shown as lines"},
+  };
+  for (const auto& [report, note] : rows) {
+    Window window({report, Window::zoomed(6)});
+    EXPECT_EQ(told(window), note);
+  }
+  Window window({"plain\r\n"});
+  AppOptions.CodePageGiven = true;
+  AppOptions.DocCodePage = 866;
+  window.form().ShowPage();
+  EXPECT_EQ(told(window), "The settings have chosen code page 1251, and not the command line's");
+  // Once closed, the bar above the pages stays away.
+  EXPECT_TRUE(window.control("noteBar").isVisible());
+  window.click("noteBarClose");
+  window.form().ShowPage();
+  idle(window);
+  EXPECT_FALSE(window.control("noteBar").isVisible());
+}
+
+TEST(PreviewNotes, leadToTheWideViewByAClick) {
+  Window window({std::string(150, 'w') + "\r\n", Window::zoomed(6)});
+  const auto& wide = window.control<QAbstractButton>("cmdView_WideView");
+  const std::string note = "51 columns are outside the sheet: wide view";
+  const std::tuple<const char*, bool, std::string> rows[] = {{"stBarMessage", true, ""},
+                                                             {"stBarMessage", true, ""},
+                                                             {"cmdView_NormalView", false, note},
+                                                             {"stBarPages", false, note}};
+  idle(window);
+  EXPECT_EQ(window.status(), note);
+  for (const auto& [clicked, isWide, told] : rows) {
+    window.click(clicked);
+    idle(window);
+    EXPECT_EQ(wide.isChecked(), isWide) << clicked;
+    EXPECT_EQ(window.view().width(), isWide ? 1200 : 813) << clicked;
+    EXPECT_EQ(window.status(), told) << clicked;
+    // The last letters are at 150 times 8 pixels: 10 points, a twelfth of an inch each.
+    EXPECT_EQ(firstInk(window.picture("page_control"), {1160, 0, 40, 30}) >= 0, isWide);
+    EXPECT_EQ(window.view().pos() == QPoint(0, 0), isWide);
+  }
+}
+
+TEST(PreviewNotes, codePagesChangeTheViewAtOnce) {
+  Window window({"\xC0\xC1\xC2 letters\r\n", Window::zoomed(6)});
+  // Picks the code page in the menu; gives the one that was ticked.
+  const auto choose = [&window](int codePage) {
+    emit window.area().customContextMenuRequested({5, 5});
+    std::string ticked;
+    QAction* chosen = nullptr;
+    for (QAction* entry : window.control<QMenu>("mnuCodePage").actions()) {
+      if (entry->isChecked()) ticked += entry->text().toStdString();
+      if (entry->data().toInt() == codePage) chosen = entry;
+    }
+    chosen->trigger();
+    window.control<QMenu>("mnuPopup").close();
+    return ticked;
+  };
+  const QImage cyrillic = onView(window);
+  EXPECT_EQ(choose(28591), "1251 - Windows");
+  const QImage latin = onView(window);
+  EXPECT_NE(latin, cyrillic);
+  EXPECT_EQ(choose(1252), "28591 - ISO 8859-1");
+  EXPECT_NE(onView(window), latin);
+  EXPECT_EQ(window.status(),
+            "Code page 1252 leaves out letters: choose another one in the menu, as 28591");
+  choose(1251);
+  EXPECT_EQ(onView(window), cyrillic);
+  EXPECT_EQ(window.status(), "");
+}
+
+TEST(PreviewNotes, knowWhetherTheReportWasSeen) {
+  Window window({reportOfPages(2)});
+  EXPECT_TRUE(window.form().hasShownReport());
+  window.directory().write("report.txt", reportOfPages(3));
+  EXPECT_FALSE(window.form().hasShownReport()) << "nobody has seen what it is now";
+  Window blank({""});
+  EXPECT_FALSE(blank.form().hasShownReport());
+}
+
+}  // namespace
+}  // namespace qor::test

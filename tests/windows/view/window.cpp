@@ -1,0 +1,146 @@
+#include "windows/view/window.h"
+
+#include <QSettings>
+#include <QWheelEvent>
+#include <QWindow>
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+#include "base/interface_texts.h"
+#include "platform/qt/qt_text.h"
+#include "platform/system/messages.h"
+#include "settings/printers.h"
+
+namespace qor::test {
+
+std::string reportOfPages(int pages) {
+  return reportWithTextAt(std::vector<int>(static_cast<std::size_t>(pages)));
+}
+
+std::string reportWithTextAt(const std::vector<int>& lines) {
+  std::string report;
+  for (const int empty : lines) {
+    for (int i = 0; i < empty; ++i) report += " \r\n";
+    report += "______________________________ Text\r\n\f";
+  }
+  return report;
+}
+
+std::string settingsFile() {
+  return QSettings(QSettings::IniFormat, QSettings::UserScope, "QOR", "QorUtlView")
+      .fileName()
+      .toStdString();
+}
+
+int firstInk(const QImage& picture, const QRect& part) {
+  const QRect inside = part.intersected(picture.rect());
+  for (int y = inside.top(); y <= inside.bottom(); ++y) {
+    for (int x = inside.left(); x <= inside.right(); ++x) {
+      const QRgb dot = picture.pixel(x, y);
+      if (std::max({qRed(dot), qGreen(dot), qBlue(dot)}) < 180) return y - part.top();
+    }
+  }
+  return -1;
+}
+
+Window::Window(const Start& start) {
+  prepare(start);
+  doc_.Settings.Page.BaseCodePage = AppOptions.DocCodePage;
+  InitPrinters();
+  doc_.SelectPrinter();
+  if (start.dynamic) doc_.ScanFirstPage();
+  if (!start.dynamic) doc_.ScanPages(false);
+  settings_ = std::make_unique<QtUserSettings>();
+  form_ = std::make_unique<TfrmView>(*settings_, start.commands);
+  messages_.emplace(
+      [this](MessageKind kind, std::string_view text) { form_->showMessage(kind, qtText(text)); });
+  form_->SetDocument(&doc_, doc_.findPage(1));
+  form_->resize(1000, 800);
+  if (start.beforeShown) start.beforeShown(*form_);
+  form_->show();
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(form_.get()));
+}
+
+void Window::prepare(const Start& start) {
+  const std::filesystem::path file = settingsFile();
+  std::filesystem::remove(file);
+  QSettings stored(QSettings::IniFormat, QSettings::UserScope, "QOR", "QorUtlView");
+  stored.clear();
+  for (const auto& [name, value] : start.stored) stored.setValue(qtText(name), value);
+  stored.sync();
+  if (!start.brokenSettings.empty()) {
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file) << start.brokenSettings;
+  }
+  SelectErrorTexts(1252);
+  SelectInterfaceTexts(1252);
+  AppOptions.FileName = directory_.write("report.txt", start.report);
+  AppOptions.DynamicMode = start.dynamic;
+  AppOptions.DocCodePage = 1251;
+}
+
+Window::~Window() {
+  close();
+}
+
+Settings Window::close() {
+  if (form_) {
+    form_->close();
+    form_->SetDocument(nullptr, nullptr);
+    messages_.reset();
+    form_.reset();
+  }
+  Settings values;
+  const QSettings stored(QSettings::IniFormat, QSettings::UserScope, "QOR", "QorUtlView");
+  for (const QString& key : stored.allKeys()) {
+    const QVariant value = stored.value(key);
+    values[key.toStdString()] = value == "true" ? 1 : value.toInt();
+  }
+  return values;
+}
+
+void Window::resize(const QSize& size) {
+  form_->resize(size);
+  settle();
+}
+
+int Window::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+  QTest::keyClick(form_->windowHandle(), key, modifiers);
+  settle();
+  return page();
+}
+
+int Window::click(QWidget& on, QPoint place, Qt::MouseButton button) {
+  QTest::mouseClick(&on, button, {}, place);
+  settle();
+  return page();
+}
+
+int Window::wheel(int delta, Qt::KeyboardModifiers modifiers, QPoint place) {
+  QWidget* seen = area().viewport();
+  QWheelEvent event(place, seen->mapToGlobal(place), {}, {0, delta}, Qt::NoButton, modifiers,
+                    Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(seen, &event);
+  return page();
+}
+
+std::map<int, PageImage*> Window::smallPages() {
+  std::map<int, PageImage*> pages;
+  for (PageImage* image : view().findChildren<PageImage*>()) {
+    if (image->isVisible()) pages[image->property("tag").toInt()] = image;
+  }
+  return pages;
+}
+
+int Window::firstInk() {
+  const VSetScr& sheet = doc_.Settings.Scr;
+  const QRect printable(QPoint(sheet.print_left, sheet.print_top),
+                        QPoint(sheet.print_right, sheet.print_bottom));
+  // Without the outline of the sheet, where it is printed upon.
+  return test::firstInk(picture("page_control"), printable.adjusted(1, 1, -2, -2));
+}
+
+}  // namespace qor::test

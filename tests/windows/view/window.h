@@ -1,0 +1,106 @@
+// A window on a report of a test's own.
+#pragma once
+
+#include <QLabel>
+#include <QTest>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "base/app_options.h"
+#include "document/vdoc.h"
+#include "platform/qt/qt_user_settings.h"
+#include "support/report_reader.h"
+#include "support/temporary_directory.h"
+#include "windows/view/page_image.h"
+#include "windows/view/page_scroll.h"
+#include "windows/view/tfrm_view.h"
+
+namespace qor::test {
+
+// A report of that many pages with text.
+std::string reportOfPages(int pages);
+
+// A report whose pages have text in one line each, behind so many empty ones.
+std::string reportWithTextAt(const std::vector<int>& lines);
+
+// Where the user's settings are kept.
+std::string settingsFile();
+
+// The first row of a part of a picture that has black dots, -1 where none has.
+int firstInk(const QImage& picture, const QRect& part);
+
+// Values that the user's settings hold; 1 and 0 for what is on and off.
+using Settings = std::map<std::string, int>;
+
+class Window {
+ public:
+  struct Start {
+    std::string report;
+    Settings stored{};
+    std::string brokenSettings{};  // the whole file, in their place
+    ViewCommands commands{};
+    bool dynamic = false;
+    std::function<void(TfrmView&)> beforeShown{};
+  };
+
+  // A stored zoom.
+  static Settings zoomed(int entry) { return {{"ZoomID", entry}}; }
+
+  explicit Window(const Start& start);
+  ~Window();
+
+  TfrmView& form() { return *form_; }
+  VDoc& doc() { return doc_; }
+  static std::string path() { return AppOptions.FileName; }
+  const TemporaryDirectory& directory() const { return directory_; }
+
+  // A control by its name.
+  template <class Control = QWidget>
+  Control& control(const char* name) {
+    return *form_->findChild<Control*>(name);
+  }
+
+  // Lets what was posted happen.
+  static void settle() { QCoreApplication::processEvents(); }
+  void resize(const QSize& size);
+
+  // What the user does. They give the page that is then on view.
+  int press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  int click(QWidget& on, QPoint place = {}, Qt::MouseButton button = Qt::LeftButton);
+  int click(const char* name) { return click(control(name)); }
+  // Turns the wheel over a place of the area; a step counts 120, up is positive.
+  int wheel(int delta, Qt::KeyboardModifiers modifiers = Qt::NoModifier, QPoint place = {50, 50});
+
+  int page() { return control<QLabel>("lblPageCurrent").text().toInt(); }
+  int total() { return control<QLabel>("lblPageTotal").text().toInt(); }
+  std::string status(const char* panel = "stBarMessage") {
+    return control<QLabel>(panel).text().toStdString();
+  }
+  int scrolled() { return area().verticalScrollBar()->value(); }  // pixels, down
+  QWidget& view() { return control("page_control"); }
+  PageScroll& area() { return control<PageScroll>("pScroll"); }
+  std::map<int, PageImage*> smallPages();  // that are seen, by their numbers
+
+  // What stands on the screen of a control.
+  QImage picture(const char* name) { return control(name).grab().toImage(); }
+
+  // The first row of the printable area, as it is seen, that has text; -1 where none has.
+  int firstInk();
+
+  // Closes the window and gives the settings that it left.
+  Settings close();
+
+ private:
+  void prepare(const Start& start);
+
+  OptionsGuard guard_;
+  TemporaryDirectory directory_;
+  VDoc doc_;
+  std::unique_ptr<QtUserSettings> settings_;
+  std::unique_ptr<TfrmView> form_;
+  std::optional<MessageSink> messages_;
+};
+
+}  // namespace qor::test

@@ -1,0 +1,167 @@
+// Zooms of the window. Pages are A4 on the printer that makes files: 793 by 1122 pixels at 100
+// percent, with a gap of 10 around the sheet.
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenu>
+
+#include <gtest/gtest.h>
+
+#include "windows/view/window.h"
+
+namespace qor::test {
+namespace {
+
+constexpr Qt::KeyboardModifiers kNone = Qt::NoModifier;
+constexpr Qt::KeyboardModifiers kCtrl = Qt::ControlModifier;
+
+TEST(PreviewZoom, hasEveryZoomOfItsList) {
+  Window window({reportOfPages(1)});
+  auto& list = window.control<QComboBox>("cmbZoom");
+  EXPECT_EQ(list.currentIndex(), -1) << "nothing is stored yet";
+  EXPECT_EQ(list.placeholderText(), "100%");
+  EXPECT_EQ(window.view().size(), QSize(813, 1142)) << "which counts as 100 percent";
+  int entry = 0;
+  for (const int height : {5712, 4569, 3427, 2284, 1713, 1427, 1142, 855, 571, 284, 136, 56}) {
+    list.setCurrentIndex(entry++);
+    window.form().cmbZoomChange();
+    EXPECT_EQ(window.view().height(), height);
+  }
+  window.control<QLineEdit>("txtZoom").setText("200");
+  window.form().ShowPageScale();
+  EXPECT_EQ(window.view().size(), QSize(436, 601)) << "a sheet scaled under its page";
+  window.form().mnuZoomListClick(6);
+  EXPECT_EQ(window.view().size(), QSize(813, 1142)) << "the next zoom ends it";
+}
+
+TEST(PreviewZoom, stepsInTheListOrFromWhatIsSeen) {
+  Window window({reportOfPages(1)});
+  const auto key = [&window](Qt::Key pressed, Qt::KeyboardModifiers modifiers) {
+    return [&window, pressed, modifiers] { window.press(pressed, modifiers); };
+  };
+  const auto click = [&window](const char* name) { return [=, &window] { window.click(name); }; };
+  const auto wheel = [&window](int times, int delta) {
+    return [=, &window] {
+      for (int i = 0; i < times; ++i) window.wheel(delta, kCtrl);
+    };
+  };
+  const auto menu = [&window](int place) {
+    return [=, &window] { window.control<QMenu>("mnuZoom").actions()[place]->trigger(); };
+  };
+  // The area is about 1000 by 710 pixels: AutoW gives some 122 percent, AutoH 63. The entries of
+  // the menu from 100 percent down pick the next larger one.
+  using Entries = std::vector<std::pair<int, int>>;  // before and behind
+  const std::pair<std::function<void()>, Entries> rows[] = {
+      {key(Qt::Key_Minus, Qt::KeypadModifier), {{6, 7}}},
+      {key(Qt::Key_Plus, kNone), {{6, 5}, {0, 0}, {13, 12}}},
+      {key(Qt::Key_Minus, kNone), {{11, 12}}},
+      {key(Qt::Key_Plus, kCtrl), {{6, 5}, {0, 0}}},
+      {key(Qt::Key_Equal, kCtrl), {{6, 5}}},
+      {key(Qt::Key_Equal, kNone), {{6, 6}}},
+      {key(Qt::Key_Minus, kCtrl), {{6, 7}, {11, 11}}},
+      {click("cmdView_ZoomIn"), {{12, 5}, {13, 7}, {-1, 5}}},
+      {click("cmdView_ZoomOut"), {{12, 6}, {13, 8}}},
+      {wheel(2, -60), {{6, 7}}},
+      {wheel(1, -60), {{6, 6}}},
+      {wheel(1, 120), {{6, 5}}},
+      {menu(4), {{6, 4}}},
+      {menu(5), {{6, 5}}},
+      {menu(12), {{6, 12}}}};
+  for (const auto& [step, entries] : rows) {
+    for (const auto& [start, entry] : entries) {
+      window.form().mnuZoomListClick(start);
+      step();
+      EXPECT_EQ(window.control<QComboBox>("cmbZoom").currentIndex(), entry) << "from " << start;
+    }
+  }
+}
+
+TEST(PreviewZoom, keepsThePlaceThatIsLookedAt) {
+  const QPoint pointer(620, 130);
+  const std::pair<bool, std::function<void(Window&)>> rows[] = {
+      {true, [&](Window& window) { window.wheel(120, kCtrl, pointer); }},
+      {true, [&](Window& window) { window.wheel(-120, kCtrl, pointer); }},
+      {false, [](Window& window) { window.press(Qt::Key_Plus, kCtrl); }},
+      {false, [](Window& window) { window.click("cmdView_ZoomOut"); }},
+  };
+  for (const int kind : {kNormalView, kWideView}) {
+    for (const auto& [atPointer, step] : rows) {
+      // 300 percent: larger than the area in both directions, before and after.
+      Window window({reportOfPages(1), {{"ZoomID", 2}, {"PreviewType", kind}}});
+      window.area().horizontalScrollBar()->setValue(700);
+      window.area().verticalScrollBar()->setValue(900);
+      const QPoint at = atPointer ? pointer : window.area().viewport()->rect().center();
+      // The place of the page at 100 percent.
+      const auto place = [&](double zoom) {
+        return QPointF(window.view().mapFrom(window.area().viewport(), at)) * 100 / zoom;
+      };
+      const QPointF before = place(300);
+      step(window);
+      const double zoom = window.view().width() / (kind == kWideView ? 793.7 : 813.7) * 100;
+      ASSERT_GT(std::abs(zoom - 300), 90);
+      EXPECT_LE((place(zoom) - before).manhattanLength(), 3) << kind << " " << zoom;
+    }
+  }
+}
+
+TEST(PreviewZoom, fitsAndStaysFitted) {
+  // The fit to the width, to the page, and the actual size; whether there is a bar at the right,
+  // where none is below; and the zoom that is stored.
+  const std::tuple<PreviewKind, Qt::Key, bool, int> rows[] = {{kNormalView, Qt::Key_1, true, 12},
+                                                              {kNormalView, Qt::Key_2, false, 13},
+                                                              {kWideView, Qt::Key_1, false, 6},
+                                                              {kWideView, Qt::Key_2, false, 6},
+                                                              {kNormalView, Qt::Key_0, true, 6}};
+  for (const auto& [kind, key, bar, stored] : rows) {
+    Window window({std::string(300, 'w') + "\r\n", {{"ZoomID", 3}, {"PreviewType", kind}}});
+    window.press(key, kCtrl);
+    for (const QSize size : {QSize(1000, 800), QSize(1200, 700), QSize(830, 900)}) {
+      SCOPED_TRACE(testing::Message() << kind << " " << key << " " << size.width());
+      window.resize(size);
+      EXPECT_EQ(window.area().verticalScrollBar()->isVisible(), bar);
+      EXPECT_FALSE(window.area().horizontalScrollBar()->isVisible());
+      const QSize view = window.view().size();
+      const QSize left = window.area().viewport()->size() - view;
+      if (key == Qt::Key_0) {
+        EXPECT_EQ(view, QSize(813, 1142));
+        continue;
+      }
+      // One percent more has no room: it takes at most 24 pixels of 300 letters.
+      EXPECT_LT(key == Qt::Key_1 ? left.width() : std::min(left.width(), left.height()), 26);
+      if (kind == kWideView) continue;
+      const int gaps = view.width() - window.doc().Settings.Scr.paper_width;
+      EXPECT_NEAR(window.view().x() * 2, left.width() + gaps, 1) << "the sheet is in the middle";
+    }
+    EXPECT_EQ(window.close()["ZoomID"], stored) << key;
+  }
+}
+
+// The fit to the width leaves 2 percent, which are more than the gaps below 100 percent only.
+TEST(PreviewZoom, isToldInItsBoxAndHasNoBarBelowAPageThatFits) {
+  Window window({reportOfPages(5), Window::zoomed(12)});
+  const auto& box = window.control<QComboBox>("cmbZoom");
+  const QScrollBar& below = *window.area().horizontalScrollBar();
+  const QScrollBar& right = *window.area().verticalScrollBar();
+  // The width of the area beside the bar at the right, that of the view, and what is then seen.
+  const std::tuple<int, int, bool, const char*> rows[] = {{800, 795, false, "AutoW (98%)"},
+                                                          {795, 795, false, "AutoW (98%)"},
+                                                          {1000, 1008, true, "AutoW (124%)"}};
+  for (const auto& [width, view, bar, shown] : rows) {
+    window.resize({width + right.width(), 800});
+    EXPECT_EQ(window.view().width(), view);
+    EXPECT_EQ(below.isVisible(), bar) << width;
+    EXPECT_EQ(below.maximum(), std::max(0, view - width));
+    EXPECT_EQ(box.currentText(), shown);
+  }
+  window.press(Qt::Key_Minus, kCtrl);
+  EXPECT_EQ(box.currentText(), "100%");
+  EXPECT_EQ(box.itemText(12), "AutoW");
+  EXPECT_EQ(right.maximum(), 1142 - window.area().viewport()->height()) << "a gap at each side";
+  window.form().mnuZoomListClick(13);
+  window.click("cmdView_MultiPage");
+  EXPECT_TRUE(box.currentText().startsWith("AutoH (")) << box.currentText().toStdString();
+  window.click("cmdView_WideView");
+  EXPECT_EQ(box.currentText(), "AutoH (100%)");
+}
+
+}  // namespace
+}  // namespace qor::test

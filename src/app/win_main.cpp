@@ -10,6 +10,7 @@
 #include "base/interface_texts.h"
 #include "document/vdoc.h"
 #include "platform/system/directory.h"
+#include "platform/system/failure.h"
 #include "platform/system/locale.h"
 #include "platform/system/messages.h"
 
@@ -69,10 +70,10 @@ int run(const std::string& parameters, StartMessages* messages) {
 int runGuarded(const std::string& parameters, StartMessages* messages) {
   try {
     return run(parameters, messages);
-  } catch (int) {
+  } catch (const NumberedError&) {
     ShowErrorNumber();
   } catch (...) {
-    showWarning(failureText());
+    tellFailure();
   }
   return kExitDone;
 }

@@ -53,7 +53,7 @@ void setWeight(FontState& font, const AttributeValue& value) {
 }
 
 void setBold(FontState& font, const AttributeValue& value) {
-  if (const auto number = wholeNumber(value)) font.LogFont.Weight = *number == 1 ? 700 : 400;
+  if (const auto number = wholeNumber(value)) font.LogFont.Weight = *number == 1 ? kBoldWeight : kPlainWeight;
 }
 
 template <auto Field>

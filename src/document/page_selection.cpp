@@ -48,7 +48,7 @@ std::vector<PageRange> readPageList(const std::string& list) {
     return parsePageList(list);
   } catch (const ConversionError& error) {
     throw ConversionError(AppOptions.FileName + ": pages to print \"" + list +
-                          "\": " + error.what());
+                          "\": " + error.what(), ErrorKind::badSettings);
   }
 }
 

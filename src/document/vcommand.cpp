@@ -133,7 +133,7 @@ void VCommand::ApplyStyleCommand(const Tag& tag) {
 void VCommand::applyPlainStyle(int key) {
   switch (key) {
     case kFont: break;
-    case kBold: Font->LogFont.Weight = 700; break;
+    case kBold: Font->LogFont.Weight = kBoldWeight; break;
     case kItalic: Font->LogFont.Italic = 1; break;
     case kUnderline: Font->LogFont.Underline = 1; break;
     case kStrikeOut: Font->LogFont.StrikeOut = 1; break;

@@ -39,7 +39,7 @@ std::int32_t baseFontPercent(std::string_view header) {
 }  // namespace
 
 std::optional<InputFile> VDoc::OpenFile() {
-  if (AppOptions.FileName.empty()) throw kErrorOpenDocument;
+  if (AppOptions.FileName.empty()) throw NumberedError(kErrorOpenDocument);
   try {
     return InputFile(AppOptions.FileName);
   } catch (const FileError& error) {
@@ -57,7 +57,7 @@ int VDoc::ReadHeader(const InputFile& file) {
   } catch (const FileError& error) {
     showWarning(error.what());
     LastError.set(kErrorReadDocument, AppOptions.FileName);
-    throw kErrorReadDocument;
+    throw NumberedError(kErrorReadDocument);
   }
   if (header.size() <= 2) return 0;
   BaseFontPercent = baseFontPercent(header);
@@ -85,7 +85,7 @@ VDocPage* VDoc::findPage(std::int32_t number) {
   return &Pages[static_cast<std::size_t>(number - 1)];
 }
 
-VDocPage* VDoc::GetPage(std::int32_t number, int mode) {
+VDocPage* VDoc::GetPage(std::int32_t number, PageMode mode) {
   VDocPage* page = findPage(number);
   if (page == nullptr) return nullptr;
   const auto file = OpenFile();
@@ -128,7 +128,7 @@ LineEnds VDoc::lineEndsOf(const InputFile& file) const {
   return LineEnds::lineFeeds;
 }
 
-void VDoc::readPage(VDocPage& page, const InputFile& file, int mode) {
+void VDoc::readPage(VDocPage& page, const InputFile& file, PageMode mode) {
   // The first page of a quick scan starts at 0, before the control sequences.
   if (page.Number == 1 && HeaderLength > 0) page.Offset = HeaderLength;
   findLineEnds(file);
@@ -141,7 +141,7 @@ void VDoc::readUpTo(std::int32_t number, const InputFile& file) {
   FontAt(number);
   while (fonts_.known() < std::min(number, PageCount)) {
     VDocPage& page = *findPage(fonts_.known());
-    readPage(page, file, 0);
+    readPage(page, file);
     page.ReleaseLines();
   }
 }

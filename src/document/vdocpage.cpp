@@ -136,20 +136,21 @@ VDocPage::~VDocPage() {
   ReleaseLines();
 }
 
-void VDocPage::ReadLines(const InputFile& file, int mode, LineEnds ends, FontState& font) {
+void VDocPage::ReadLines(const InputFile& file, PageMode mode, LineEnds ends, FontState& font) {
   ReleaseLines();
   if (Length > kMaxPageBytes) {
-    throw std::string("Error: page " + std::to_string(Number) + " is too long to be read: ");
+    throw ReportError("Error: page " + std::to_string(Number) + " is too long to be read: " +
+                      AppOptions.FileName);
   }
   std::string bytes;
   try {
     bytes = readBytes(file, Offset, Length);
   } catch (const FileError& error) {
-    throw std::string(error.what()) + ": page " + std::to_string(Number) +
-        ". Error: can't read data from document file: ";
+    throw ReportError(std::string(error.what()) + ": page " + std::to_string(Number) +
+                      ". Error: can't read data from document file: " + AppOptions.FileName);
   }
   VCommand commands(*Settings, font);
-  LineSplitter(*this, commands, textOf(bytes, ends, Number), {mode == kKeepTabs, ends}).run();
+  LineSplitter(*this, commands, textOf(bytes, ends, Number), {mode == PageMode::sheets, ends}).run();
   Font = std::make_unique<FontState>(font);
   Loaded = true;
 }

@@ -2,6 +2,7 @@
 #include "render/image_placing.h"
 
 #include "base/units.h"
+#include "document/item_kinds.h"
 
 namespace qor {
 namespace {
@@ -31,12 +32,12 @@ Rect fitted(const Rect& box, int width, int height) {
 
 }  // namespace
 
-std::optional<Rect> placeImage(std::int32_t mode, const Rect& box, int width, int height) {
-  switch (mode) {
-    case kNatural: return naturalSize(box, width, height);
-    case kFillBox: return box;
-    case kFitBox: return fitted(box, width, height);
-    case kTwipPerPixel: return Rect{0, 0, width, height};
+std::optional<Rect> placeImage(std::int32_t stretch, const Rect& box, int width, int height) {
+  switch (stretch) {
+    case kNaturalStretch: return naturalSize(box, width, height);
+    case kFillStretch: return box;
+    case kFitStretch: return fitted(box, width, height);
+    case kTwipPerPixelStretch: return Rect{0, 0, width, height};
     default: return std::nullopt;
   }
 }

@@ -71,9 +71,7 @@ std::int32_t walkLines(VDocPage& page, Canvas& canvas, DrawItem drawItem) {
     line.Height = 0;
     for (VData& item : line.items()) {
       tryToDraw(page, item, drawItem);
-      const auto* text = dynamic_cast<const VData_Text*>(&item);
-      if (text != nullptr && !text->HasPosition)
-        line.Height = std::max(line.Height, text->LineHeight);
+      line.Height = std::max(line.Height, item.heightOnLine());
     }
     if (line.RowHeight > 0) line.Height = line.RowHeight;
     previousHeight = line.Height;

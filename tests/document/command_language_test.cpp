@@ -193,7 +193,7 @@ TEST(CommandLanguage, LinesEndAsOnALinePrinter) {
       {"memo spans lines", "<text memo tc=\"a\r\nb\r\nc\"/>\r\nd", "\"a|b|c\"|\"d\""},
       {"zero byte is dropped", std::string("a\0b", 3), "\"a\"|\"b\""},
   });
-  EXPECT_EQ(TestReport("a\tb").dump(1, kKeepTabs), "line\n  text \"a\"\n  text \"b\"\n");
+  EXPECT_EQ(TestReport("a\tb").dump(1, PageMode::sheets), "line\n  text \"a\"\n  text \"b\"\n");
 }
 
 TEST(CommandLanguage, HostileLinesAreReadInOnePass) {

@@ -37,7 +37,7 @@ std::string randomReport(std::mt19937& random) {
 std::string drawn(VDoc& doc, int number) {
   doc.Settings.Page.MarginLeft = doc.Settings.Page.MarginTop = -2;
   RecordingCanvas canvas;
-  DrawPage(*doc.GetPage(number, 0), canvas);
+  DrawPage(*doc.GetPage(number), canvas);
   doc.ReleasePage(number);
   return canvas.record();
 }

@@ -13,7 +13,7 @@ namespace qor::test {
 namespace {
 
 // Resolution 600, 4960 by 7016 dots behind an offset of 100, of which 4760 by 6816 are printable.
-const VSetPrn kPrinter = {0, 0, 0, 4760, 6816, 600, 600, 0, 0, 4960, 7016, 100, 100, {}, {}};
+const VSetPrn kPrinter = {{0, 600, 600, 4760, 6816, 0, 0, 4960, 7016, 100, 100}, 0, 0, {}, {}};
 constexpr ScreenArea kArea = {{1000, 700}};
 constexpr std::int32_t kBar = 15;
 

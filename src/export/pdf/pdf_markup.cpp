@@ -6,13 +6,13 @@
 #include <type_traits>
 
 #include "base/text.h"
+#include "document/item_visitor.h"
 #include "document/vdata.h"
 #include "document/vdocstr.h"
 
 namespace qor {
 namespace {
 
-constexpr int kBoldFrom = 700;
 constexpr std::size_t kLongestName = 3;
 
 constexpr std::array<std::string_view, static_cast<std::size_t>(PdfField::count)> kNames = {
@@ -103,7 +103,7 @@ void writeFont(const FontState& font, MarkupWriter& out) {
   out.textField(PdfField::fn, font.LogFont.faceName());
   out.number(PdfField::fs, font.Height);
   out.number(PdfField::fc, static_cast<std::uint32_t>(font.Color));
-  if (font.LogFont.Weight >= kBoldFrom) out.field(PdfField::fb, "1");
+  if (font.LogFont.Weight >= kBoldWeight) out.field(PdfField::fb, "1");
   if (font.LogFont.Italic == 1) out.field(PdfField::fi, "1");
 }
 
@@ -162,15 +162,20 @@ std::string recordOf(const VData_Image& image) {
   return out.take();
 }
 
-std::string recordOf(const VData& item, bool overprint) {
-  if (const auto* text = dynamic_cast<const VData_Text*>(&item)) {
-    return recordOf(*text, overprint);
-  }
-  if (const auto* code = dynamic_cast<const VData_BarCode*>(&item)) return recordOf(*code);
-  if (const auto* image = dynamic_cast<const VData_Image*>(&item)) return recordOf(*image);
-  if (const auto* shape = dynamic_cast<const VData_Shape*>(&item)) return recordOf(*shape);
-  return {};
-}
+class RecordTeller : public ItemVisitor {
+ public:
+  RecordTeller(std::vector<std::string>& records, bool overprint)
+      : records_(records), overprint_(overprint) {}
+
+  void text(VData_Text& text) override { records_.push_back(recordOf(text, overprint_)); }
+  void shape(VData_Shape& shape) override { records_.push_back(recordOf(shape)); }
+  void image(VData_Image& image) override { records_.push_back(recordOf(image)); }
+  void barcode(VData_BarCode& code) override { records_.push_back(recordOf(code)); }
+
+ private:
+  std::vector<std::string>& records_;
+  bool overprint_;
+};
 
 // The field that starts with the bracket here, or count.
 PdfField fieldAt(std::string_view text) {
@@ -196,7 +201,8 @@ void LineToMarkup(const VDocStr& line, PdfLines& lines, std::size_t index) {
   std::vector<std::string>& records = lines[index];
   const std::size_t first = records.size();
   const bool overprint = line.Overprint == 1 && line.LineFeeds == 0;
-  for (const VData& item : line.items()) records.push_back(recordOf(item, overprint));
+  RecordTeller teller(records, overprint);
+  line.tell(teller);
   if (records.size() > first) records[first].append(records.size() - first, '\n');
 }
 

@@ -24,13 +24,13 @@ PdfSheet sheetOf(const Printer& printer, const DeviceMode& mode, const DeviceCap
   const bool turned = mode.dmOrientation == kLandscape;
   return {(turned ? size.length : size.width) * kPointsPerHundredth,
           (turned ? size.width : size.length) * kPointsPerHundredth,
-          {caps.physicalWidth, caps.physicalHeight},
-          {caps.logPixelsX, caps.logPixelsY}};
+          {caps.PhysicalWidth, caps.PhysicalHeight},
+          {caps.LogPixelsX, caps.LogPixelsY}};
 }
 
 Rect printableArea(const DeviceCaps& caps) {
-  return {caps.physicalOffsetX, caps.physicalOffsetY, caps.physicalOffsetX + caps.horzRes,
-          caps.physicalOffsetY + caps.vertRes};
+  return {caps.PhysicalOffsetX, caps.PhysicalOffsetY, caps.PhysicalOffsetX + caps.HorzRes,
+          caps.PhysicalOffsetY + caps.VertRes};
 }
 
 }  // namespace

@@ -5,11 +5,11 @@
 #include <QMessageLogContext>
 #include <clocale>
 #include <cstdlib>
-#include <exception>
 #include <string>
 
 #include "base/app_options.h"
 #include "platform/qt/end_signals.h"
+#include "platform/system/failure.h"
 #include "platform/system/messages.h"
 
 namespace qor {
@@ -48,12 +48,9 @@ class Application : public QApplication {
   bool notify(QObject* receiver, QEvent* event) override {
     try {
       return QApplication::notify(receiver, event);
-    } catch (int) {
-      // The user has been told where the error arose.
-    } catch (const std::string& text) {
-      showError(text + AppOptions.FileName);
-    } catch (const std::exception& error) {
-      showError(error.what());
+    } catch (...) {
+      const Failure failure = caughtFailure();
+      if (!failure.wasTold()) showError(failure.text);
     }
     return true;
   }

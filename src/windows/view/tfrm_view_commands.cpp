@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include "base/app_options.h"
+#include "base/run_options.h"
 #include "document/vdoc.h"
 #include "settings/print_scale.h"
 #include "ui_tfrm_view.h"
@@ -16,8 +17,6 @@
 namespace qor {
 namespace {
 
-constexpr std::int32_t kPrintAllPages = 0;
-constexpr std::int32_t kPrintCurrentPage = 1;
 
 }  // namespace
 
@@ -51,9 +50,9 @@ void TfrmView::cmdSettings_Click() {
 
 void TfrmView::printChosenPages() {
   switch (doc_->Settings.Page.PrintPagesSet) {
-    case kPrintAllPages: doc_->PrintAll(); break;
-    case kPrintCurrentPage: doc_->PrintPage(currentPage()); break;
-    default: doc_->PrintSelected();
+    case kPrintAllPages: doc_->PrintAll(runOptions()); break;
+    case kPrintCurrentPage: doc_->PrintPage(runOptions(), currentPage()); break;
+    default: doc_->PrintSelected(runOptions());
   }
 }
 

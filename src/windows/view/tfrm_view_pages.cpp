@@ -93,7 +93,7 @@ bool TfrmView::loadPage() {
   releasePage();
   lastError_.clear();
   QString failure = failureOf([this] {
-    page_ = doc_->GetPage(currentPage(), 0);
+    page_ = doc_->GetPage(currentPage());
     LoadCodePage(doc_->Settings.Page.BaseCodePage);
   });
   if (failure.isNull() && page_ != nullptr && page_->Loaded) {

@@ -50,7 +50,7 @@ Window::Window(const Start& start) {
   prepare(start);
   doc_.Settings.Page.BaseCodePage = AppOptions.DocCodePage;
   InitPrinters();
-  doc_.SelectPrinter();
+  doc_.SelectPrinter({});
   if (start.dynamic) doc_.ScanFirstPage();
   if (!start.dynamic) doc_.ScanPages(false);
   settings_ = std::make_unique<QtUserSettings>();

@@ -5,13 +5,15 @@
 #include <string>
 #include <vector>
 
+#include "base/run_options.h"
+#include "document/page_loop.h"
+
 namespace qor {
 
 // Places in ExportOptions::ImageFormats, in the order in which files are written.
 enum ImageFormat { kImageBmp, kImageJpeg, kImageGif, kImageIco, kImagePng, kImageFormatCount };
 
 struct ExportOptions {
-  std::string TargetName;
   bool UseNewPageChar = false;  // text: a form feed line after each page
   bool UseEofChar = false;      // text: an end-of-file line at the end
   bool SaveHtmlPictures = false;
@@ -22,18 +24,27 @@ struct ExportOptions {
   std::bitset<kImageFormatCount> ImageFormats;
   bool PagePerSheet = false;
   char CsvSeparator = ';';
-  int PageMode = 0;          // how pages are read; the windows ask in kWindowPageMode
   int PreviewPageWidth = 0;  // of the page as the window first painted it, pixels
 };
 
-// PDFs that are asked for in this page mode have the width of the page on view.
-inline constexpr int kWindowPageMode = 7;
+// What an export came to: done; stopped by the user or for a reason that was told; or the files of
+// the list were written. Companions know the values.
+enum class ExportResult { stopped = -1, done = 0, files = 100 };
 
-// The names of the files that a picture export wrote, in order.
+// The names of the files that an export wrote, in order.
 using ExportFileList = std::vector<std::string>;
 
-// What an exporter may return: stop here and say nothing more, or look into the file list.
-inline constexpr int kExportStop = -1;
-inline constexpr int kExportFiles = 100;
+// One export. The exporters walk the document page by page and keep one page at a time. They throw
+// what reading pages throws, StoppedError where `progress` asks for it, and FileError where the target
+// can't be written; the target is then as it was.
+struct ExportTask {
+  VDoc& doc;
+  std::string target;  // a file; pictures of several pages make their names of it
+  ExportOptions options{};
+  RunOptions run = runOptions();
+  PageMode mode = PageMode::plain;  // that of the format where a window asks
+  PageProgress progress{};
+  ExportFileList files{};  // appended to, each when it stands
+};
 
 }  // namespace qor

@@ -110,7 +110,7 @@ void VData_BarCode::follow(const VData_BarCode* before) {
 void VData_BarCode::Draw(Canvas& canvas) {
   if (trimmed(Value).empty()) return;
   const int dpi = canvas.dotsPerInch().x;
-  drawSymbol(*this, canvas, {Left, Top, Right, Bottom}, kTwipsPerInch / std::max(1, dpi));
+  drawSymbol(*this, canvas, {Left, Top, Right, Bottom}, wholeTwipsPerDot(std::max(1, dpi)));
   try {
     writeBarcodePictures(*this, dpi);
   } catch (const PictureError&) {

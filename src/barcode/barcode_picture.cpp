@@ -67,7 +67,7 @@ void writePictures(const VData_BarCode& code, int dpi, std::string_view stem) {
   if (code.BarcodeType <= 0 || code.BarcodeType == kCodabar || dpi <= 0) return;
   const BarcodePlace picture = placeOf(code, stem);
   const PictureFrame place = frameOf(code);
-  const std::int32_t dot = kTwipsPerInch / dpi;
+  const std::int32_t dot = wholeTwipsPerDot(dpi);
   saveSidePicture(place.frame, dpi,
                   {barcodePictureName(picture, ".jpeg"), barcodePictureName(picture, ".jpg")},
                   [&](Canvas& canvas) { drawSymbol(code, canvas, place.item, dot); });
@@ -90,7 +90,7 @@ void exportPicture(const VData_BarCode& code, std::string_view stem, std::int32_
   std::string reason;
   try {
     writePictures(code, kPictureDpi, stem);
-    reason = reasonForNone(code, kTwipsPerInch / kPictureDpi);
+    reason = reasonForNone(code, wholeTwipsPerDot(kPictureDpi));
   } catch (const ConversionError& error) {
     reason = error.what();
   } catch (const PictureError& error) {

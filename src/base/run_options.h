@@ -1,4 +1,5 @@
-// What a run was started with, as far as its exports and print jobs ask for it. All texts are UTF-8.
+// What a run was started with, as far as its exports and print jobs ask for it. All texts are
+// UTF-8.
 #pragma once
 
 #include <string>

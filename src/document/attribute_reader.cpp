@@ -124,7 +124,7 @@ std::optional<std::uint8_t> byteNumber(const AttributeValue& value) {
   return static_cast<std::uint8_t>(*number);
 }
 
-std::optional<std::int32_t> millimetres(const AttributeValue& value) {
+std::optional<std::int32_t> millimetresAsTwips(const AttributeValue& value) {
   std::string digits(value.text);
   std::size_t decimals = 0;
   const auto mark = value.quoted ? std::string::npos : digits.find_first_of(".,");
@@ -135,7 +135,7 @@ std::optional<std::int32_t> millimetres(const AttributeValue& value) {
   const auto number = parseInteger(digits);
   if (!number) return std::nullopt;
   const double scale = decimals == 2 ? 100 : decimals == 1 ? 10 : 1;
-  return truncated(double(*number) * kTwipsPerInch / kMillimetresPerInch / scale);
+  return truncated(realTwipsFromMillimetres(*number) / scale);
 }
 
 std::optional<Color> colorByName(const AttributeValue& value) {

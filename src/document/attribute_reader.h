@@ -55,7 +55,7 @@ std::optional<std::uint8_t> byteNumber(const AttributeValue& value);
 
 // Millimetres as twips. A quoted value must be whole. An unquoted one may hold one "." or ",": the
 // digits are read without it, and only one or two of them behind it scale the result down.
-std::optional<std::int32_t> millimetres(const AttributeValue& value);
+std::optional<std::int32_t> millimetresAsTwips(const AttributeValue& value);
 
 std::optional<Color> colorByName(const AttributeValue& value);
 std::optional<Color> colorByIndex(const AttributeValue& value);

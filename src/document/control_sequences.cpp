@@ -106,7 +106,7 @@ void Interpreter::setUnderline(char letter, Parameter n) {
 
 void Interpreter::setPitch(char letter, Parameter n) {
   switch (upperCase(letter)) {
-    case 'H': font_.CharSpacing = truncated(n.number * 254 / 120) / 10; break;
+    case 'H': font_.CharSpacing = millimetresFromPitch(n.number); break;
     case 'S':
       if (n.whole == 0) font_.Width = 7.2;
       if (n.whole == 2) font_.Width = 4.2;

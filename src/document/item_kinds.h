@@ -1,5 +1,5 @@
-// The kinds that reports and settings tell by numbers. A report may tell any number: what has none of
-// these draws as told where it is drawn.
+// The kinds that reports and settings tell by numbers. A report may tell any number: what has none
+// of these draws as told where it is drawn.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// The items of a line, told one by one to whoever writes them down. Each item calls the operation of
-// its own kind; those with a font of their own, texts and barcodes, tell it first.
+// The items of a line, told one by one to whoever writes them down. Each item calls the operation
+// of its own kind; those with a font of their own, texts and barcodes, tell it first.
 #pragma once
 
 namespace qor {

@@ -1,7 +1,7 @@
 // The items of a line: what a report holds, and all that its output is made from. An item holds
-// what the report said and is thrown away with its line. Lengths are in twips unless told. Items are
-// drawn by the layers above: Draw and DrawOnPage of texts, shapes and images stand in render, those
-// of barcodes, with their keys that check values, in barcode.
+// what the report said and is thrown away with its line. Lengths are in twips unless told. Items
+// are drawn by the layers above: Draw and DrawOnPage of texts, shapes and images stand in render,
+// those of barcodes, with their keys that check values, in barcode.
 #pragma once
 
 #include <cstdint>
@@ -36,7 +36,8 @@ class VData {
   // Calls the operation of the item's kind.
   virtual void tell(ItemVisitor& visitor) = 0;
 
-  // What the item, once drawn, makes of the height of its line; 0 for items with places of their own.
+  // What the item, once drawn, makes of the height of its line; 0 for items with places of their
+  // own.
   virtual std::int32_t heightOnLine() const { return 0; }
 
   VData* NextItem = nullptr;  // of the same line, owned

@@ -79,11 +79,12 @@ class VDoc {
   // is no such printer.
   bool SelectPrinter(const std::string& printer);
 
-  // Print jobs on the printer of the options: every page, one, those of the page list, and every page with the
-  // output in a file. A job that isn't taken ends silently but for a line on standard error. False
-  // where nothing came of it although nobody refused it: there was no page to print, or the file of
-  // the job couldn't be written. All but PrintPage throw NumberedError where the report can't be
-  // opened and ReportError where none is named; PrintSelected throws as SelectPages does.
+  // Print jobs on the printer of the options: every page, one, those of the page list, and every
+  // page with the output in a file. A job that isn't taken ends silently but for a line on standard
+  // error. False where nothing came of it although nobody refused it: there was no page to print,
+  // or the file of the job couldn't be written. All but PrintPage throw NumberedError where the
+  // report can't be opened and ReportError where none is named; PrintSelected throws as SelectPages
+  // does.
   bool PrintAll(const RunOptions& options);
   bool PrintPage(const RunOptions& options, std::int32_t number);
   bool PrintSelected(const RunOptions& options);

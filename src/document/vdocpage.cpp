@@ -139,8 +139,8 @@ VDocPage::~VDocPage() {
 void VDocPage::ReadLines(const InputFile& file, PageMode mode, LineEnds ends, FontState& font) {
   ReleaseLines();
   if (Length > kMaxPageBytes) {
-    throw ReportError("Error: page " + std::to_string(Number) + " is too long to be read: " +
-                      AppOptions.FileName);
+    throw ReportError("Error: page " + std::to_string(Number) +
+                      " is too long to be read: " + AppOptions.FileName);
   }
   std::string bytes;
   try {
@@ -150,7 +150,8 @@ void VDocPage::ReadLines(const InputFile& file, PageMode mode, LineEnds ends, Fo
                       ". Error: can't read data from document file: " + AppOptions.FileName);
   }
   VCommand commands(*Settings, font);
-  LineSplitter(*this, commands, textOf(bytes, ends, Number), {mode == PageMode::sheets, ends}).run();
+  LineSplitter(*this, commands, textOf(bytes, ends, Number), {mode == PageMode::sheets, ends})
+      .run();
   Font = std::make_unique<FontState>(font);
   Loaded = true;
 }

@@ -30,8 +30,8 @@ class VDocPage {
   VDocPage& operator=(const VDocPage&) = delete;
 
   // Reads the page's bytes and builds its lines, with the font that runs at its start; `font` is
-  // then the one at its end. Throws ReportError where they can't be read, and for a page of more than
-  // 1 GiB.
+  // then the one at its end. Throws ReportError where they can't be read, and for a page of more
+  // than 1 GiB.
   void ReadLines(const InputFile& file, PageMode mode, LineEnds ends, FontState& font);
 
   // Builds one line and appends it.

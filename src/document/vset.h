@@ -22,7 +22,7 @@ struct Extent {
 struct VSetPage {
   std::int32_t NumOfCopies = 1;
   std::int32_t PrintPagesSet = kPrintAllPages;  // a PrintRange, the listed ones by PagesForPrint
-  std::string PagesForPrint;       // such as "1,3,5-12"
+  std::string PagesForPrint;                    // such as "1,3,5-12"
   bool SortByCopies = false;
   bool ReverseOrder = false;      // not in the file
   std::int32_t PaperSize = 9;     // Windows paper number

@@ -1,4 +1,5 @@
-// The formats that reports are exported in: one table for the command line, the help and the windows.
+// The formats that reports are exported in: one table for the command line, the help and the
+// windows.
 #pragma once
 
 #include <span>

@@ -35,8 +35,8 @@ enum class ExportResult { stopped = -1, done = 0, files = 100 };
 using ExportFileList = std::vector<std::string>;
 
 // One export. The exporters walk the document page by page and keep one page at a time. They throw
-// what reading pages throws, StoppedError where `progress` asks for it, and FileError where the target
-// can't be written; the target is then as it was.
+// what reading pages throws, StoppedError where `progress` asks for it, and FileError where the
+// target can't be written; the target is then as it was.
 struct ExportTask {
   VDoc& doc;
   std::string target;  // a file; pictures of several pages make their names of it

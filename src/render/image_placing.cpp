@@ -12,8 +12,7 @@ Rect rectAt(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t hei
 }
 
 Rect naturalSize(const Rect& box, int width, int height) {
-  return rectAt(box.left, box.top, std::int64_t{width} * kTwipsPerInch / kPictureDpi,
-                std::int64_t{height} * kTwipsPerInch / kPictureDpi);
+  return rectAt(box.left, box.top, twipsFromPixels(width), twipsFromPixels(height));
 }
 
 // As large as the box allows with the picture's own proportions, in its middle; a box without a

@@ -34,8 +34,7 @@ class PrintRun {
            const std::string& output)
       : report_(run.report) {
     LoadCodePage(doc.Settings.Page.BaseCodePage);
-    context_ =
-        CreatePrintDC(run.printer, doc.Settings.Page, doc.PrintScale, doc.PrintScaleFlag);
+    context_ = CreatePrintDC(run.printer, doc.Settings.Page, doc.PrintScale, doc.PrintScaleFlag);
     if (!context_) return;
     const DeviceCaps& caps = context_->caps();
     mapping_ = {double(gPrintMetrics.LogPixelsX), double(gPrintMetrics.LogPixelsY),
@@ -152,7 +151,8 @@ bool VDoc::PrintSelected(const RunOptions& options) {
 }
 
 bool VDoc::PrintPage(const RunOptions& options, std::int32_t number) {
-  PrintRun run(*this, options, std::string(interfaceTexts().PageJobName) + std::to_string(number), {});
+  PrintRun run(*this, options, std::string(interfaceTexts().PageJobName) + std::to_string(number),
+               {});
   if (!run.going()) return !run.lost();
   ReadUpTo(number);
   VDocPage* page = GetPage(number);

@@ -21,15 +21,15 @@ struct Form {
   FormKind kind;
 };
 
-std::string millimetres(int hundredths, int margin) {
+std::string millimetresText(int hundredths, int margin) {
   return FloatToStr((hundredths - margin) / 100.0);
 }
 
 TreeNode nodeOf(const Form& form) {
   const auto [name, size, margins] = form.media;
   return {form.name + "  (" + sizeText(size.width / 100.0, size.length / 100.0) + ")   (" +
-          millimetres(size.width, margins.right) + " x " +
-          millimetres(size.length, margins.bottom) + " mm)  " + kFormKinds[form.kind]};
+          millimetresText(size.width, margins.right) + " x " +
+          millimetresText(size.length, margins.bottom) + " mm)  " + kFormKinds[form.kind]};
 }
 
 // Every paper that has a number of its own, and those that single printers add.

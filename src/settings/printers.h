@@ -13,8 +13,8 @@ namespace qor {
 inline VSetPrn gDefaultPrn;  // the default printer, or the one selected in its place
 inline bool gPrinterMeasured = false;
 
-// What the last measuring or print context reported: the orientation of the device mode, and dots per
-// inch scaled where a scale was asked.
+// What the last measuring or print context reported: the orientation of the device mode, and dots
+// per inch scaled where a scale was asked.
 inline SheetMeasures gPrintMetrics;
 
 // Looks for printers anew and measures the default one.

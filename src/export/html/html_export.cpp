@@ -23,7 +23,7 @@ constexpr int kHtmlDpi = 72;
 constexpr std::uint64_t kMaxBarcodePicture = 64U << 20;
 
 std::int64_t htmlPixels(std::int32_t twips) {
-  return std::int64_t{twips} * kHtmlDpi / kTwipsPerInch;
+  return pixelsFromTwips(twips, kHtmlDpi);
 }
 
 void appendFont(const FontState& font, std::string& html) {
@@ -71,8 +71,8 @@ std::string headOf(const VDoc& doc, const RunOptions& run) {
   std::string html = line("<html>") + line("<head>");
   html += line("<title>" + codePageFromUtf8(run.caption, codePage, Substitute::htmlReference) +
                "</title>");
-  html += line("<meta name=\"Description\" content=\"QOR Report convertor Ver." + run.version +
-               "\">");
+  html +=
+      line("<meta name=\"Description\" content=\"QOR Report convertor Ver." + run.version + "\">");
   html += line("<meta http-equiv=\"Content-Type\" content=\"text/html;charset=" +
                std::string(CodePageName(codePage)) + "\">");
   html += line("</head>") + line("<body>");

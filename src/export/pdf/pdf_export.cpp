@@ -16,11 +16,11 @@
 #include "export/pdf/pdf_markup.h"
 #include "export/pdf/pdf_writer.h"
 #include "platform/print/pdf_file_printer.h"
-#include "settings/printers.h"
 #include "platform/system/directory.h"
 #include "platform/system/input_file.h"
 #include "platform/system/messages.h"
 #include "platform/system/output_file.h"
+#include "settings/printers.h"
 
 namespace qor {
 namespace {

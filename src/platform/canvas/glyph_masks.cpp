@@ -5,6 +5,8 @@
 #include FT_SIZES_H
 #include FT_SYNTHESIS_H
 
+#include "base/units.h"
+
 namespace qor {
 namespace {
 
@@ -25,7 +27,8 @@ class OwnSize {
   OwnSize& operator=(const OwnSize&) = delete;
 
   bool set(std::int32_t width, std::int32_t height) {
-    return size_ != nullptr && FT_Set_Char_Size(face_, width, height, 72, 72) == 0;
+    return size_ != nullptr &&
+           FT_Set_Char_Size(face_, width, height, kPointsPerInch, kPointsPerInch) == 0;
   }
 
  private:

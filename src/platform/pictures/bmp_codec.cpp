@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/errors.h"
+#include "base/units.h"
 #include "platform/pictures/picture_codecs.h"
 #include "platform/system/byte_sink.h"
 
@@ -285,7 +286,7 @@ std::optional<Picture> readDibPixels(const DibHeader& header, std::string_view d
 }
 
 void putDibHeader(std::string& bytes, const PixelView& pixels, int height, int bits, int dpi) {
-  const auto density = static_cast<std::uint32_t>(pixelsPerMetre(dpi));
+  const auto density = static_cast<std::uint32_t>(dotsPerMetre(dpi));
   putLittleEndian(bytes, kInfoHeaderSize, 4);
   putLittleEndian(bytes, static_cast<std::uint32_t>(pixels.width), 4);
   putLittleEndian(bytes, static_cast<std::uint32_t>(height), 4);

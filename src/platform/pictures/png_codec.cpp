@@ -7,6 +7,7 @@
 #include <png.h>
 
 #include "base/errors.h"
+#include "base/units.h"
 #include "platform/pictures/picture_codecs.h"
 #include "platform/system/byte_sink.h"
 
@@ -154,7 +155,7 @@ class PngWriter {
                  static_cast<png_uint_32>(pixels.height), 8,
                  gray ? PNG_COLOR_TYPE_GRAY : PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE,
                  PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
-    const auto density = static_cast<png_uint_32>(pixelsPerMetre(dpi));
+    const auto density = static_cast<png_uint_32>(dotsPerMetre(dpi));
     png_set_pHYs(png_, info_, density, density, PNG_RESOLUTION_METER);
     png_write_info(png_, info_);
     if (gray) return;

@@ -19,7 +19,6 @@ std::unique_ptr<PrintJob> openJob(const Printer& printer, const DeviceMode& mode
 }
 
 PdfSheet sheetOf(const Printer& printer, const DeviceMode& mode, const DeviceCaps& caps) {
-  constexpr double kPointsPerHundredth = kPointsPerInch / (100 * kMillimetresPerInch);
   const MediaSize size = mediaOf(printer, mode).size;
   const bool turned = mode.dmOrientation == kLandscape;
   return {(turned ? size.length : size.width) * kPointsPerHundredth,

@@ -16,7 +16,6 @@ constexpr int kFirstOwnNumber = kUserPaper + 1;
 constexpr int kOwnNumbers = 30000;
 constexpr int kMostCopies = 9999;
 constexpr int kFormSourceBin = 15;  // DMBIN_FORMSOURCE: the paper tells the tray
-constexpr double kHundredthsPerInch = 100 * kMillimetresPerInch;
 constexpr std::string_view kUsualMedia = "iso_a4_210x297mm";
 
 // The table's paper, or null. Sizes count last.

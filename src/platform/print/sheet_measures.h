@@ -1,5 +1,5 @@
-// What a device tells of the sheet that it prints on, or what stands for one: the printable area lies
-// at the offset on the physical sheet. Lengths in dots unless told.
+// What a device tells of the sheet that it prints on, or what stands for one: the printable area
+// lies at the offset on the physical sheet. Lengths in dots unless told.
 #pragma once
 
 #include <cstdint>

@@ -34,7 +34,8 @@ std::optional<mode_t> modeOfTarget(const std::string& target) {
   struct stat status {};
   if (::stat(target.c_str(), &status) != 0) return std::nullopt;
   if (S_ISDIR(status.st_mode)) fail(target, EISDIR);
-  if (!S_ISREG(status.st_mode)) throw FileError(target + ": not a regular file", ErrorKind::cannotWrite);
+  if (!S_ISREG(status.st_mode))
+    throw FileError(target + ": not a regular file", ErrorKind::cannotWrite);
   if (::access(target.c_str(), W_OK) != 0) fail(target, errno);
   return status.st_mode & 07777U;
 }

@@ -15,10 +15,7 @@
 #include "windows/view/vpage.h"
 
 namespace qor {
-namespace {
-
-
-}  // namespace
+namespace {}  // namespace
 
 void TfrmView::cmdSettings_Click() {
   if (!commands_.settings || doc_ == nullptr) return;

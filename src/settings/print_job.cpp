@@ -7,11 +7,11 @@
 
 #include "base/app_options.h"
 #include "base/errors.h"
-#include "base/interface_texts.h"
 #include "base/path.h"
 #include "base/units.h"
 #include "document/code_page.h"
 #include "document/vdoc.h"
+#include "language/language.h"
 #include "platform/canvas/canvas.h"
 #include "platform/print/print_system.h"
 #include "platform/system/messages.h"

@@ -6,7 +6,7 @@
 
 #include "base/app_options.h"
 #include "base/errors.h"
-#include "base/interface_texts.h"
+#include "language/language.h"
 #include "platform/qt/qt_text.h"
 
 namespace qor {

@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "base/app_options.h"
-#include "base/interface_texts.h"
 #include "base/path.h"
 #include "base/text.h"
+#include "language/language.h"
 #include "platform/system/input_file.h"
 #include "platform/system/locale.h"
 #include "platform/system/messages.h"

@@ -6,12 +6,12 @@
 #include <string>
 
 #include "base/errors.h"
-#include "base/interface_texts.h"
 #include "base/path.h"
 #include "base/run_options.h"
 #include "base/units.h"
 #include "document/code_page.h"
 #include "document/vdoc.h"
+#include "language/language.h"
 #include "platform/canvas/canvas.h"
 #include "platform/print/print_system.h"
 #include "platform/system/messages.h"

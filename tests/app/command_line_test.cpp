@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include "base/interface_texts.h"
 #include "platform/system/locale.h"
 #include "support/report_reader.h"
 #include "support/rows.h"
@@ -168,20 +167,6 @@ TEST(CodePages, followTheVariableAndThenTheLanguage) {
               "cs 1250|sk 1250|hu 1250|ro 1250|hr 1250|sl 1250|el 1253|he 1255|ar 1256|lt 1257|"
               "lv 1257|et 1257|vi 1258|de 1252")) {
     EXPECT_EQ(std::to_string(codePage(nullptr, language.c_str(), "el", "el")), page) << language;
-  }
-}
-
-TEST(CodePages, decideTheInterface) {
-  const OptionsGuard guard;
-  for (const auto& [codePage, charset, ansi, dos] : {std::array{1251, 204, 1251, 866},
-                                                     {1254, 162, 1254, 857},
-                                                     {1250, 0, 1252, 850},
-                                                     {866, 0, 1252, 850},
-                                                     {857, 0, 1252, 850},
-                                                     {1252, 0, 1252, 850}}) {
-    SelectInterfaceTexts(codePage);
-    EXPECT_EQ((std::array{AppOptions.FontCharset, AppOptions.AnsiCodePage, AppOptions.DocCodePage}),
-              (std::array{charset, ansi, dos}));
   }
 }
 

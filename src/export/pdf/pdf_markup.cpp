@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::size_t kLongestName = 3;
 
+// What records call the fields.
 constexpr std::array<std::string_view, static_cast<std::size_t>(PdfField::count)> kNames = {
     "fn", "fs", "fc", "fb", "fi", "tl",  "tt",  "tr",  "tc", "ta", "tb", "th", "tv", "st", "gl",
     "gt", "gr", "gb", "gc", "pt", "bcv", "ist", "ifn", "il", "it", "ir", "ib", "ic", "iss"};
@@ -100,11 +101,11 @@ class MarkupWriter {
 };
 
 void writeFont(const FontState& font, MarkupWriter& out) {
-  out.textField(PdfField::fn, font.LogFont.faceName());
-  out.number(PdfField::fs, font.Height);
-  out.number(PdfField::fc, static_cast<std::uint32_t>(font.Color));
-  if (font.LogFont.Weight >= kBoldWeight) out.field(PdfField::fb, "1");
-  if (font.LogFont.Italic == 1) out.field(PdfField::fi, "1");
+  out.textField(PdfField::fontName, font.LogFont.faceName());
+  out.number(PdfField::fontSize, font.Height);
+  out.number(PdfField::fontColor, static_cast<std::uint32_t>(font.Color));
+  if (font.LogFont.Weight >= kBoldWeight) out.field(PdfField::fontBold, "1");
+  if (font.LogFont.Italic == 1) out.field(PdfField::fontItalic, "1");
 }
 
 std::string recordOf(const VData_Text& text, bool overprint) {
@@ -112,53 +113,53 @@ std::string recordOf(const VData_Text& text, bool overprint) {
   const bool placed = text.Left != 0 || text.Top != 0;
   if (!placed) out.text(text.Text);
   writeFont(text.Font, out);
-  if (overprint) out.number(PdfField::tl, text.Left);
+  if (overprint) out.number(PdfField::textLeft, text.Left);
   if (!placed) return out.take();
-  out.number(PdfField::tl, text.Left);
-  out.number(PdfField::tt, text.Top);
-  out.number(PdfField::tr, text.Font.LogFont.Escapement);
-  out.textField(PdfField::tc, text.Text);
+  out.number(PdfField::textLeft, text.Left);
+  out.number(PdfField::textTop, text.Top);
+  out.number(PdfField::textAngle, text.Font.LogFont.Escapement);
+  out.textField(PdfField::textContent, text.Text);
   if (text.Right == 0 || text.Bottom == 0) return out.take();
-  out.number(PdfField::ta, text.Right);
-  out.number(PdfField::tb, text.Bottom);
-  out.number(PdfField::th, text.AlignH);
-  out.number(PdfField::tv, text.AlignV);
+  out.number(PdfField::textRight, text.Right);
+  out.number(PdfField::textBottom, text.Bottom);
+  out.number(PdfField::textAcross, text.AlignH);
+  out.number(PdfField::textAlong, text.AlignV);
   return out.take();
 }
 
 void writeBox(const VData_Shape& shape, MarkupWriter& out) {
-  out.number(PdfField::gl, shape.Left);
-  out.number(PdfField::gt, shape.Top);
-  out.number(PdfField::gr, shape.Right);
-  out.number(PdfField::gb, shape.Bottom);
-  out.number(PdfField::gc, static_cast<std::uint32_t>(shape.PenColor));
+  out.number(PdfField::boxLeft, shape.Left);
+  out.number(PdfField::boxTop, shape.Top);
+  out.number(PdfField::boxRight, shape.Right);
+  out.number(PdfField::boxBottom, shape.Bottom);
+  out.number(PdfField::boxColor, static_cast<std::uint32_t>(shape.PenColor));
 }
 
 std::string recordOf(const VData_Shape& shape) {
   MarkupWriter out;
-  out.number(PdfField::st, shape.ShapeType);
+  out.number(PdfField::shapeType, shape.ShapeType);
   writeBox(shape, out);
-  out.number(PdfField::pt, shape.PenType);
+  out.number(PdfField::penType, shape.PenType);
   return out.take();
 }
 
 std::string recordOf(const VData_BarCode& code) {
   MarkupWriter out;
-  out.textField(PdfField::bcv, code.Value);
+  out.textField(PdfField::barcodeValue, code.Value);
   writeBox(code, out);
   return out.take();
 }
 
 std::string recordOf(const VData_Image& image) {
   MarkupWriter out;
-  out.number(PdfField::ist, image.ShapeType);
-  out.textField(PdfField::ifn, image.FileName);
-  out.number(PdfField::il, image.Left);
-  out.number(PdfField::it, image.Top);
-  out.number(PdfField::ir, image.Right);
-  out.number(PdfField::ib, image.Bottom);
-  out.number(PdfField::ic, static_cast<std::uint32_t>(image.PenColor));
-  out.number(PdfField::iss, image.ImageStretch);
+  out.number(PdfField::imageType, image.ShapeType);
+  out.textField(PdfField::imageFile, image.FileName);
+  out.number(PdfField::imageLeft, image.Left);
+  out.number(PdfField::imageTop, image.Top);
+  out.number(PdfField::imageRight, image.Right);
+  out.number(PdfField::imageBottom, image.Bottom);
+  out.number(PdfField::imageColor, static_cast<std::uint32_t>(image.PenColor));
+  out.number(PdfField::imageStretch, image.ImageStretch);
   return out.take();
 }
 
@@ -221,7 +222,7 @@ MarkupRecord::MarkupRecord(std::string_view record) : whole_(record) {
     if (field == PdfField::count || has_[number]) continue;
     has_[number] = true;
     values_[number] = valueOf(record.substr(place), nameOf(field));
-    if (field == PdfField::fn) plainText_ = record.substr(0, place);
+    if (field == PdfField::fontName) plainText_ = record.substr(0, place);
   }
 }
 

@@ -24,37 +24,40 @@ inline constexpr char kPageMark = '\f';
 // with a line feed for each item.
 void LineToMarkup(const VDocStr& line, PdfLines& lines, std::size_t index);
 
-// Fields by their names.
+// The fields of a record.
 enum class PdfField {
-  fn,
-  fs,
-  fc,
-  fb,
-  fi,
-  tl,
-  tt,
-  tr,
-  tc,
-  ta,
-  tb,
-  th,
-  tv,  // texts
-  st,
-  gl,
-  gt,
-  gr,
-  gb,
-  gc,
-  pt,   // shapes
-  bcv,  // barcodes
-  ist,
-  ifn,
-  il,
-  it,
-  ir,
-  ib,
-  ic,
-  iss,  // pictures
+  // Of texts.
+  fontName,
+  fontSize,
+  fontColor,
+  fontBold,
+  fontItalic,
+  textLeft,
+  textTop,
+  textAngle,
+  textContent,
+  textRight,
+  textBottom,
+  textAcross,
+  textAlong,
+  // Of shapes; the box is that of barcodes, too.
+  shapeType,
+  boxLeft,
+  boxTop,
+  boxRight,
+  boxBottom,
+  boxColor,
+  penType,
+  barcodeValue,
+  // Of pictures.
+  imageType,
+  imageFile,
+  imageLeft,
+  imageTop,
+  imageRight,
+  imageBottom,
+  imageColor,
+  imageStretch,
   count
 };
 

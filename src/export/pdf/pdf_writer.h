@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <tuple>
 
@@ -24,6 +25,8 @@ class PdfWriter {
   void endPages(std::int32_t width);
 
  private:
+  static constexpr double kPageHeight = 842;  // points
+
   void writeText(const MarkupRecord& record);
   void writeShape(const MarkupRecord& record);
   void writeImage(const MarkupRecord& record);
@@ -31,8 +34,13 @@ class PdfWriter {
 
   double selectFont(const MarkupRecord& record);
   std::size_t fontOf(const MarkupRecord& record);
-  std::string fitOptionsOf(const MarkupRecord& record, double size) const;
   std::string faceFor(const std::string& name) const;
+  void takePlace(const MarkupRecord& record);
+  void turn(double angle);
+  void showText(const MarkupRecord& record, const std::optional<FitOptions>& fit);
+  const PdfImage* imageOf(const std::optional<std::string>& file);
+  void putInBox(const PdfImage* image, const MarkupRecord& record, FitOptions fit);
+  void putAtCorner(const PdfImage* image, const MarkupRecord& record);
   void beginPage();
   void newPage();
 

@@ -1,8 +1,7 @@
 // Where a text line or a picture is put in a box.
 #pragma once
 
-#include <optional>
-#include <string_view>
+#include "base/units.h"
 
 namespace qor {
 
@@ -14,16 +13,11 @@ struct FitOptions {
     double height = 0;
   };
 
-  std::optional<Box> box;
+  Box box{};
   double horizontal = 0;  // of what is fitted and of the box: 0 left, 0.5 centre, 1 right
   double vertical = 0;    // 0 bottom, 0.5 centre, 1 top
   FitMethod method = FitMethod::none;
-  std::optional<double> dpi;  // of pictures
+  double dpi = kPointsPerInch;  // of pictures
 };
-
-// Reads "boxsize={W H}", "position={left|center|right bottom|center|top}", "fitmethod=entire|meet"
-// and "dpi N" in any order; one word of position counts for both directions. What can't be read is
-// passed over.
-FitOptions parseFitOptions(std::string_view text);
 
 }  // namespace qor

@@ -6,7 +6,6 @@
 #include <numbers>
 
 #include "base/units.h"
-#include "platform/pdf/fit_options.h"
 #include "platform/pdf/pdf_fonts.h"
 
 namespace qor {
@@ -137,21 +136,19 @@ void PdfDocument::stroke() {
   path_ = {};
 }
 
-void PdfDocument::fitImage(const PdfImage& image, double x, double y, std::string_view options) {
-  const FitOptions fit = parseFitOptions(options);
-  const double perPixel = kPointsPerInch / fit.dpi.value_or(kPointsPerInch);
+void PdfDocument::fitImage(const PdfImage& image, double x, double y, const FitOptions& fit) {
+  const double perPixel = kPointsPerInch / fit.dpi;
   FitOptions::Box size = {image.width * perPixel, image.height * perPixel};
-  const FitOptions::Box box = fit.box.value_or(FitOptions::Box{});
-  if (fit.box && fit.method == FitMethod::entire) size = box;
-  if (fit.box && fit.method == FitMethod::meet) {
-    const double scale = std::min(box.width / size.width, box.height / size.height);
+  if (fit.method == FitMethod::entire) size = fit.box;
+  if (fit.method == FitMethod::meet) {
+    const double scale = std::min(fit.box.width / size.width, fit.box.height / size.height);
     size = {size.width * scale, size.height * scale};
   }
   if (!(size.width > 0) || !(size.height > 0)) return;
   const auto [name, isNew] =
       imagesOfPage_.try_emplace(image.object, "I" + std::to_string(image.object));
-  content_.image(name->second, x + fit.horizontal * (box.width - size.width),
-                 y + fit.vertical * (box.height - size.height), size.width, size.height);
+  content_.image(name->second, x + fit.horizontal * (fit.box.width - size.width),
+                 y + fit.vertical * (fit.box.height - size.height), size.width, size.height);
 }
 
 }  // namespace qor

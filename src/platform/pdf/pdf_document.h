@@ -10,8 +10,10 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/pdf/fit_options.h"
 #include "platform/pdf/pdf_content.h"
 #include "platform/pdf/pdf_encoding.h"
+#include "platform/pdf/pdf_font_name.h"
 #include "platform/pdf/pdf_images.h"
 #include "platform/pdf/pdf_metadata.h"
 #include "platform/pdf/pdf_resources.h"
@@ -54,9 +56,9 @@ class PdfDocument {
   // True if the system has the face or the one that the resource file names for it.
   bool hasFace(const std::string& name) const;
 
-  // A font for setFont. The name may end in ",Bold" and ",Italic"; encodings are those defined and
-  // "cp" with a number. Throws FileError where no font can be embedded.
-  std::size_t loadFont(const std::string& name, const std::string& encoding);
+  // A font for setFont. Encodings are those defined and "cp" with a number. Throws FileError where
+  // no font can be embedded.
+  std::size_t loadFont(const PdfFontName& name, const std::string& encoding);
 
   void setFont(std::size_t font, double size);
   // How far below the last line continueText starts the next one.
@@ -79,9 +81,8 @@ class PdfDocument {
   void continueText(std::string_view text);
 
   // Puts one line of text into a box with this lower left corner. Its own box reaches from the
-  // baseline to the top of capitals. Without a box the corner is where the text's box is placed by.
-  // The text position stays.
-  void fitTextline(std::string_view text, double x, double y, std::string_view options);
+  // baseline to the top of capitals. The text position stays.
+  void fitTextline(std::string_view text, double x, double y, const FitOptions& fit);
 
   // Coordinates, colours, font and text position of the time of save come back with restore.
   void save();
@@ -98,9 +99,9 @@ class PdfDocument {
   // the document.
   const PdfImage* loadImage(std::string_view file) { return images_.add(file); }
 
-  // Puts a picture into a box with this lower left corner: filling it, or as large as it fits.
-  // Without a box it has its own size at the resolution of the options, else 72 dots an inch.
-  void fitImage(const PdfImage& image, double x, double y, std::string_view options);
+  // Puts a picture into a box with this lower left corner: filling it, as large as it fits, or in
+  // its own size at the resolution of the options.
+  void fitImage(const PdfImage& image, double x, double y, const FitOptions& fit);
 
  private:
   struct State {

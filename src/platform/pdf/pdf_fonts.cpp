@@ -2,7 +2,6 @@
 #include "platform/pdf/pdf_fonts.h"
 
 #include <algorithm>
-#include <utility>
 
 #include FT_TRUETYPE_TABLES_H
 #include FT_TRUETYPE_TAGS_H
@@ -15,21 +14,6 @@ namespace {
 
 constexpr int kBoldWeight = 700;
 constexpr int kPlainWeight = 400;
-
-// Cuts a style off the end of a font's name.
-bool takeSuffix(std::string_view& name, std::string_view suffix) {
-  if (!name.ends_with(suffix)) return false;
-  name.remove_suffix(suffix.size());
-  return true;
-}
-
-FaceRequest requestOf(std::string_view name) {
-  FaceRequest request;
-  request.italic = takeSuffix(name, ",Italic");
-  request.weight = takeSuffix(name, ",Bold") ? kBoldWeight : kPlainWeight;
-  request.family = name;
-  return request;
-}
 
 // Controls, and bytes without a character.
 bool showsNothing(char32_t character) {
@@ -63,18 +47,18 @@ std::size_t PdfFonts::addEncoding(const PdfEncoding& encoding) {
   return encodings_.size() - 1;
 }
 
-std::size_t PdfFonts::load(std::string_view name, std::size_t encoding) {
-  std::pair key(std::string(name), encoding);
+std::size_t PdfFonts::load(const PdfFontName& name, std::size_t encoding) {
+  const std::pair key(name, encoding);
   const auto known = loaded_.find(key);
   if (known != loaded_.end()) return known->second;
   Font font;
-  font.request = requestOf(name);
+  font.request = {name.face, name.bold ? kBoldWeight : kPlainWeight, name.italic};
   font.encoding = encoding;
   const auto face = embeddableFace(font.request);
   font.face = faceNumber(face, encoding);
   font.capHeight = face->measures().capHeight / face->measures().unitsPerEm;
   fonts_.push_back(font);
-  return loaded_[std::move(key)] = fonts_.size() - 1;
+  return loaded_[key] = fonts_.size() - 1;
 }
 
 std::size_t PdfFonts::faceNumber(const std::shared_ptr<const FontFace>& face,

@@ -6,13 +6,12 @@
 #include <bitset>
 #include <map>
 #include <memory>
-#include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/fonts/font_catalogue.h"
 #include "platform/pdf/pdf_encoding.h"
 #include "platform/pdf/pdf_file.h"
+#include "platform/pdf/pdf_font_name.h"
 
 namespace qor {
 
@@ -29,9 +28,9 @@ class PdfFonts {
   // become blanks.
   std::size_t addEncoding(const PdfEncoding& encoding);
 
-  // The best face of the family, which may end in ",Bold" and ",Italic". The same font again for
-  // the same name and encoding. Throws FileError where no font can be embedded.
-  std::size_t load(std::string_view name, std::size_t encoding);
+  // The best face of the family. The same font again for the same name and encoding. Throws
+  // FileError where no font can be embedded.
+  std::size_t load(const PdfFontName& name, std::size_t encoding);
 
   const Glyph& glyph(std::size_t font, unsigned char byte) {
     Glyph& known = fonts_[font].glyphs[byte];
@@ -78,7 +77,7 @@ class PdfFonts {
   std::vector<PdfEncoding> encodings_;
   std::vector<Face> faces_;
   std::vector<Font> fonts_;
-  std::map<std::pair<std::string, std::size_t>, std::size_t> loaded_;
+  std::map<std::pair<PdfFontName, std::size_t>, std::size_t> loaded_;
 };
 
 }  // namespace qor

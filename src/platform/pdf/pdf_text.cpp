@@ -1,9 +1,6 @@
 // Texts of a document: fonts by name, and pieces of text in the faces that have their characters.
-#include <algorithm>
-
 #include "base/errors.h"
 #include "platform/fonts/font_families.h"
-#include "platform/pdf/fit_options.h"
 #include "platform/pdf/pdf_document.h"
 #include "platform/pdf/pdf_fonts.h"
 #include "platform/system/text_encoding.h"
@@ -26,11 +23,9 @@ bool PdfDocument::hasFace(const std::string& name) const {
   return hasFamily(resources_.familyOf(name));
 }
 
-std::size_t PdfDocument::loadFont(const std::string& name, const std::string& encoding) {
-  const auto style = std::min(name.find(",Bold"), name.find(",Italic"));
-  const std::string face = name.substr(0, style);
-  const std::string suffix = style == std::string::npos ? "" : name.substr(style);
-  return fonts_->load(resources_.familyOf(face) + suffix, encodingNumber(encoding));
+std::size_t PdfDocument::loadFont(const PdfFontName& name, const std::string& encoding) {
+  return fonts_->load({resources_.familyOf(name.face), name.bold, name.italic},
+                      encodingNumber(encoding));
 }
 
 void PdfDocument::setFont(std::size_t font, double size) {
@@ -87,13 +82,11 @@ void PdfDocument::continueText(std::string_view text) {
   show(text);
 }
 
-void PdfDocument::fitTextline(std::string_view text, double x, double y, std::string_view options) {
-  const FitOptions fit = parseFitOptions(options);
-  const FitOptions::Box box = fit.box.value_or(FitOptions::Box{});
+void PdfDocument::fitTextline(std::string_view text, double x, double y, const FitOptions& fit) {
   const double height = fonts_->capHeight(state_.font) * state_.size;
-  showAt(
-      {x + fit.horizontal * (box.width - lengthOf(text)), y + fit.vertical * (box.height - height)},
-      text);
+  showAt({x + fit.horizontal * (fit.box.width - lengthOf(text)),
+          y + fit.vertical * (fit.box.height - height)},
+         text);
 }
 
 }  // namespace qor

@@ -4,7 +4,7 @@
 #include <exception>
 
 #include "base/app_options.h"
-#include "base/interface_texts.h"
+#include "language/language.h"
 #include "platform/system/messages.h"
 
 namespace qor {

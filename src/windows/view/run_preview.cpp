@@ -1,8 +1,8 @@
 // The preview as the program runs it.
 #include <QMessageBox>
 
-#include "base/interface_texts.h"
 #include "document/vdoc.h"
+#include "language/language.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_user_settings.h"

@@ -33,6 +33,7 @@ class UserSettings;
 class VDoc;
 class VDocPage;
 class VPage;
+struct Language;
 struct ViewMenu;
 
 class TfrmView : public QMainWindow {
@@ -80,7 +81,7 @@ class TfrmView : public QMainWindow {
   void cmdSettings_Click();
   void cmdView_ConvertClick();
   void cmdView_MailClick();
-  void chooseLanguage(int codePage);
+  void chooseLanguage(const Language& language);
   void mnuCodePageClick(int codePage);
   void stBarMessageClick();
 

@@ -6,8 +6,8 @@
 #include <algorithm>
 
 #include "base/app_options.h"
-#include "base/interface_texts.h"
 #include "document/vdoc.h"
+#include "language/language.h"
 #include "platform/qt/qt_text.h"
 #include "ui_tfrm_view.h"
 #include "window_model/preview_texts.h"
@@ -92,8 +92,6 @@ constexpr QAction* ViewMenu::*kCheckable[] = {&ViewMenu::mnuSinglePage, &ViewMen
 
 constexpr int kZoomLetters = 12;  // as in "AutoW (100%)"
 
-constexpr int kLanguagePages[] = {1251, 1252, 1254};
-
 // A text with its key, as tool tips show it and as menus do.
 QString hint(const QString& text, const char* key) {
   return *key == '\0' ? text : QString("%1 (%2)").arg(text, key);
@@ -120,13 +118,18 @@ void addLanguageMenu(ViewMenu& menu, QObject* owner) {
   menu.mnuCodePage = menu.mnuPopup.addMenu(QString());
   menu.mnuCodePage->setObjectName("mnuCodePage");
   menu.mnuLanguage = menu.mnuPopup.addMenu(QString());
+  menu.mnuLanguage->setObjectName("mnuLanguage");
   menu.mnuLanguage->setIcon(TQorImageForm::ImageMenuList(ImageIndex::language, IconPlace::menu));
   auto* group = new QActionGroup(owner);
-  for (std::size_t i = 0; i < menu.languages.size(); ++i) {
-    menu.languages[i] = group->addAction(menu.mnuLanguage->addAction(QString()));
-    menu.languages[i]->setCheckable(true);
-    menu.languages[i]->setData(kLanguagePages[i]);
+  for (const Language* language : languages()) {
+    QAction* entry = group->addAction(menu.mnuLanguage->addAction(QString()));
+    entry->setCheckable(true);
+    entry->setData(qtText(language->id));
   }
+}
+
+const Language& languageOfEntry(const QAction* entry) {
+  return languageOf(entry->data().toString().toStdString());
 }
 
 void addEntry(ViewMenu& menu, const Command& command) {
@@ -159,7 +162,7 @@ void TfrmView::createMenu() {
   connect(menu.mnuCodePage, &QMenu::triggered, this,
           [this](QAction* entry) { mnuCodePageClick(entry->data().toInt()); });
   connect(menu.mnuLanguage, &QMenu::triggered, this,
-          [this](QAction* entry) { chooseLanguage(entry->data().toInt()); });
+          [this](QAction* entry) { chooseLanguage(languageOfEntry(entry)); });
 }
 
 void TfrmView::connectTools() {
@@ -252,11 +255,10 @@ void TfrmView::applyCaptions() {
   menu_->mnuZoom->setTitle(qtText(texts.zoom));
   menu_->mnuLanguage->setTitle(qtText(texts.language));
   menu_->mnuCodePage->setTitle(qtText(texts.codePage));
-  const std::string_view languages[] = {names.RussianName, names.EnglishName, names.TurkishName};
-  for (std::size_t i = 0; i < menu_->languages.size(); ++i) {
-    menu_->languages[i]->setText(qtText(languages[i]));
-    const int page = AppOptions.AnsiCodePage;
-    menu_->languages[i]->setChecked(kLanguagePages[i] == page);
+  for (QAction* entry : menu_->mnuLanguage->actions()) {
+    const Language& language = languageOfEntry(entry);
+    entry->setText(qtText(nameOf(language)));
+    entry->setChecked(language.id == currentLanguage().id);
   }
   nameControls();
   notes_->setCloseText(qtText(texts.close));
@@ -279,11 +281,10 @@ void TfrmView::nameControls() {
   ui_->pTools->setAccessibleName(qtText(texts.reportMenu));
 }
 
-void TfrmView::chooseLanguage(int codePage) {
+void TfrmView::chooseLanguage(const Language& language) {
   // The report stays in the code page that it was opened with.
   const int documentCodePage = AppOptions.DocCodePage;
-  SelectErrorTexts(codePage);
-  SelectInterfaceTexts(codePage);
+  selectLanguage(language);
   AppOptions.DocCodePage = documentCodePage;
   applyCaptions();
   // ESC E brings back the character set of the interface.

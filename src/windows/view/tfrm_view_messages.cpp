@@ -2,7 +2,7 @@
 #include <QMessageBox>
 #include <QTimer>
 
-#include "base/interface_texts.h"
+#include "language/language.h"
 #include "platform/qt/qt_text.h"
 #include "windows/view/tfrm_view.h"
 #include "windows/view/vpage.h"

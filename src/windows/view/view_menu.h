@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QMenu>
-#include <array>
 
 class QAction;
 
@@ -39,7 +38,6 @@ struct ViewMenu {
   QAction* mnuMail = nullptr;
   QAction* mnuConvert = nullptr;
   QAction* mnuClose = nullptr;
-  std::array<QAction*, 3> languages{};  // Russian, English, Turkish; their code pages as data
 };
 
 }  // namespace qor

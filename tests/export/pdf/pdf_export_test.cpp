@@ -129,15 +129,17 @@ TEST_F(PdfExport, alignsTextsInTheirBoxes) {
   const double capitals = std::atof(file.c_str() + file.find("/CapHeight ") + 11) / 100;
   const double width = 6.001;  // of one character of 10 points
   // From 10, 20 to 30, 25 mm: 57 by -14 points, from 28.3, 785.35.
-  for (const auto& [across, along] : {std::pair{0, 0}, {1, 1}, {2, 2}, {0, 1}, {1, 0}}) {
+  const std::tuple<int, int, double, double> rows[] = {{0, 0, 0, 0.5},   {1, 1, 0.5, 0.5},
+                                                       {2, 2, 1, 1},     {0, 1, 0, 0.5},
+                                                       {1, 0, 0.5, 0.5}, {3, 2, 0, 0}};
+  for (const auto& [across, along, right, up] : rows) {
     const auto drawn = wordsOf(
         operators("<text left=10 top=20 right=30 bottom=25 alignH=" + std::to_string(across) +
                   " alignV=" + std::to_string(along) + " tc=X/>\r\n"));
     const auto place = std::ranges::find(drawn, "Tf") + 1;
     const double height = along == 1 ? -14 : -4;
-    const double part = along == 2 ? 1 : 0.5;
-    EXPECT_NEAR(std::stod(place[0]), 28.3 + across / 2.0 * (57 - width), 0.01) << across;
-    EXPECT_NEAR(std::stod(place[1]), 785.35 + part * (height - capitals), 0.01) << along;
+    EXPECT_NEAR(std::stod(place[0]), 28.3 + right * (57 - width), 0.01) << across;
+    EXPECT_NEAR(std::stod(place[1]), 785.35 + up * (height - capitals), 0.01) << along;
   }
 }
 

@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include "base/interface_texts.h"
+#include "language/language.h"
 #include "platform/qt/qt_text.h"
 #include "platform/system/messages.h"
 #include "settings/printers.h"

@@ -3,11 +3,13 @@
 
 #include <QComboBox>
 #include <QListView>
+#include <QMenu>
 #include <filesystem>
 #include <fstream>
 
 #include <gtest/gtest.h>
 
+#include "language/language.h"
 #include "support/pdf_reader.h"
 #include "support/program.h"
 
@@ -90,16 +92,16 @@ TEST(PreviewWindow, keepsItsToolsInPlaceAndDescribesItsPage) {
 
 TEST(PreviewWindow, speaksThreeLanguages) {
   const struct {
-    int codePage;
-    const char *title, *hint, *pages, *none;
-  } rows[] = {
-      {1251, "  Предварительный просмотр документа", "Следующая страница (PgDown)",
-       "Страница 1 из 3", "Нет страниц"},
-      {1254, " Belgenin önizlemesi", "Sonraki sayfa (PgDown)", "Sayfa 1 / 3", "Sayfa yok"},
-      {1252, " Print preview of document", "Next page (PgDown)", "Page 1 of 3", "No pages"}};
+    const char *language, *own, *title, *hint, *pages, *none;
+  } rows[] = {{"ru", "Русский", "  Предварительный просмотр документа",
+               "Следующая страница (PgDown)", "Страница 1 из 3", "Нет страниц"},
+              {"tr", "Türkçe", " Belgenin önizlemesi", "Sonraki sayfa (PgDown)", "Sayfa 1 / 3",
+               "Sayfa yok"},
+              {"en", "English", " Print preview of document", "Next page (PgDown)", "Page 1 of 3",
+               "No pages"}};
   for (const auto& row : rows) {
     Window empty({""});
-    empty.form().chooseLanguage(row.codePage);
+    empty.form().chooseLanguage(languageOf(row.language));
     EXPECT_EQ(empty.status("stBarPages"), row.none);
     EXPECT_NE(empty.status("message"), "");
     for (const Qt::Key key : {Qt::Key_PageDown, Qt::Key_End}) EXPECT_EQ(empty.press(key), 0);
@@ -108,10 +110,12 @@ TEST(PreviewWindow, speaksThreeLanguages) {
       EXPECT_FALSE(empty.control("txtPageCurrentEdit").isVisible()) << name;
     }
     Window window({reportOfPages(3), {{"ListView", 1}}});
-    window.form().chooseLanguage(row.codePage);
+    window.form().chooseLanguage(languageOf(row.language));
     EXPECT_EQ(window.form().windowTitle().toStdString(), row.title);
     EXPECT_EQ(window.control("cmdView_Next").toolTip().toStdString(), row.hint);
     EXPECT_EQ(window.status("stBarPages"), row.pages);
+    for (const QAction* entry : window.control<QMenu>("mnuLanguage").actions())
+      EXPECT_EQ(entry->isChecked(), entry->text() == row.own) << row.own;
     const QVariant line = window.control<QListView>("lstPages").model()->index(0, 0).data();
     const std::string page = line.toString().trimmed().toStdString();
     EXPECT_EQ(page, window.status("stBarPages").substr(0, page.size()));

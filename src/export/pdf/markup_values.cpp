@@ -1,0 +1,34 @@
+// Numbers.
+#include "export/pdf/markup_values.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "platform/canvas/color.h"
+
+namespace qor {
+
+std::int32_t integerOf(std::string_view value) {
+  std::int64_t number = 0;
+  std::from_chars(value.data(), value.data() + value.size(), number);
+  return clamped(number);
+}
+
+double realOf(std::string_view value, double otherwise) {
+  double number = otherwise;
+  std::from_chars(value.data(), value.data() + value.size(), number);
+  return std::isfinite(number) ? number : otherwise;
+}
+
+PdfColor colorOf(std::string_view value) {
+  std::uint32_t number = 0;
+  std::from_chars(value.data(), value.data() + value.size(), number);
+  const auto color = static_cast<Color>(number);
+  return {redOf(color) / 255.0, greenOf(color) / 255.0, blueOf(color) / 255.0};
+}
+
+double wholePoints(std::string_view twips) {
+  return static_cast<double>(std::int64_t{integerOf(twips)} * kPointsPerInch / kTwipsPerInch);
+}
+
+}  // namespace qor

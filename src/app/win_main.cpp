@@ -8,6 +8,7 @@
 #include "base/app_options.h"
 #include "base/errors.h"
 #include "document/vdoc.h"
+#include "export/export_formats.h"
 #include "language/language.h"
 #include "platform/system/directory.h"
 #include "platform/system/failure.h"
@@ -47,7 +48,7 @@ int printReport() {
 // rules.
 bool answersSwitch(const std::string& parameters) {
   if (parameters == "--help") {
-    showInformation(HelpText());
+    showInformation(HelpText(extensionsInHelp()));
   } else if (parameters == "--version") {
     showInformation(AppOptions.ProgramName + " " + AppOptions.ProgramVersion);
   } else {

@@ -12,10 +12,10 @@ class LineCursor {
  public:
   explicit LineCursor(std::string_view line) : line_(line) {}
 
-  bool atEnd() const { return place_ >= line_.size(); }
-  char current() const { return line_[place_]; }
-  std::size_t place() const { return place_; }
-  void moveTo(std::size_t place) { place_ = place; }
+  bool atEnd() const { return offset_ >= line_.size(); }
+  char current() const { return line_[offset_]; }
+  std::size_t offset() const { return offset_; }
+  void moveTo(std::size_t offset) { offset_ = offset; }
 
   std::string_view line() const { return line_; }
   std::string_view from(std::size_t place) const { return line_.substr(place); }
@@ -44,7 +44,7 @@ class LineCursor {
   }
 
   std::string_view line_;
-  std::size_t place_ = 0;
+  std::size_t offset_ = 0;
   std::optional<std::size_t> lastClose_;
   std::optional<std::size_t> lastEmptyClose_;
   std::size_t nextClose_ = 0;

@@ -38,7 +38,7 @@ constexpr ExportFormat kFormats[] = {
 };
 
 // The place of the extension among those of the format, or their number.
-std::size_t placeOf(std::string_view extension, const ExportFormat& format) {
+std::size_t indexOf(std::string_view extension, const ExportFormat& format) {
   const auto found = std::find_if(
       format.extensions.begin(), format.extensions.end(),
       [extension](const ExportExtension& candidate) { return candidate.text == extension; });
@@ -53,7 +53,7 @@ ExportOptions commandLineOptions(const ExportFormat& format, std::string_view ex
   options.SaveHtmlPictures = true;
   options.SaveDocPictures = true;
   options.PagePerSheet = true;
-  if (format.run == ExportImages) options.ImageFormats.set(placeOf(extension, format));
+  if (format.run == ExportImages) options.ImageFormats.set(indexOf(extension, format));
   return options;
 }
 
@@ -67,7 +67,7 @@ const ExportFormat* formatOf(std::string_view target) {
   const std::string_view extension = extensionOf(target);
   const auto* const found = std::find_if(
       std::begin(kFormats), std::end(kFormats), [extension](const ExportFormat& format) {
-        return placeOf(extension, format) < format.extensions.size();
+        return indexOf(extension, format) < format.extensions.size();
       });
   return found == std::end(kFormats) ? nullptr : found;
 }

@@ -114,7 +114,8 @@ std::string HelpText(std::string_view extensions) {
   for (const std::string_view option : help.options) {
     const std::string_view start = upTo(option, '%');
     text.append("\n\t").append(start);
-    if (start.size() < option.size()) text.append(extensions).append(option.substr(start.size() + 1));
+    if (start.size() < option.size())
+      text.append(extensions).append(option.substr(start.size() + 1));
   }
   return text;
 }

@@ -54,7 +54,7 @@ BitmapCanvas bitmapOf(const VSetScr& screen, const std::string& target) {
 }
 
 void layOutSheet(VSet& settings) {
-  settings.Prn = sheetOf(settings.Page, kPictureDpi);
+  settings.Prn = sheetAsDevice(settings.Page, kPictureDpi);
   settings.Scr = screenOf(settings.Page, settings.Prn, kPictureDpi);
 }
 

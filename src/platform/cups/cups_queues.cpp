@@ -48,7 +48,7 @@ struct SheetCollection {
 };
 
 // A media-col: a size and its margins.
-SheetCollection sheetOf(ipp_t* collection) {
+SheetCollection collectionOf(ipp_t* collection) {
   SheetCollection sheet;
   ipp_attribute_t* size = ippFindAttribute(collection, "media-size", IPP_TAG_BEGIN_COLLECTION);
   if (size != nullptr) {
@@ -65,7 +65,8 @@ SheetCollection sheetOf(ipp_t* collection) {
 std::vector<SheetCollection> sheetsOf(ipp_t* answer, const char* name) {
   std::vector<SheetCollection> sheets;
   ipp_attribute_t* all = ippFindAttribute(answer, name, IPP_TAG_BEGIN_COLLECTION);
-  for (int i = 0; i < ippGetCount(all); ++i) sheets.push_back(sheetOf(ippGetCollection(all, i)));
+  for (int i = 0; i < ippGetCount(all); ++i)
+    sheets.push_back(collectionOf(ippGetCollection(all, i)));
   return sheets;
 }
 

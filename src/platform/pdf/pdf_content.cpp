@@ -130,7 +130,7 @@ void PdfContent::useStyle(const PdfTextStyle& style) {
   if (style.bold) useStroke(color, style.size * kBoldStroke, {});
 }
 
-bool PdfContent::place(std::int64_t x, std::int64_t y, bool slanted) {
+bool PdfContent::startText(std::int64_t x, std::int64_t y, bool slanted) {
   const auto points = [](std::int64_t value) { return static_cast<double>(value) / 1000; };
   if (slanted || slanted_) {
     bytes_ += "1 0 " + std::to_string(slanted ? kSlant : 0) + " 1 ";
@@ -171,7 +171,7 @@ void PdfContent::show(double x, double y, const PdfTextStyle& style, std::string
   if (codes.empty()) return;
   openText();
   useStyle(style);
-  const bool nextLine = place(thousandths(x), thousandths(y), style.slanted);
+  const bool nextLine = startText(thousandths(x), thousandths(y), style.slanted);
   appendString(codes);
   bytes_ += nextLine ? "'\n" : "Tj\n";
   penX_ = thousandths(x + length);

@@ -79,7 +79,7 @@ class PdfContent {
   void useStyle(const PdfTextStyle& style);
   void appendString(std::string_view codes);
   // Moves to the start of the text; true where the operator that shows it has to go to a new line.
-  bool place(std::int64_t x, std::int64_t y, bool slanted);
+  bool startText(std::int64_t x, std::int64_t y, bool slanted);
 
   std::string bytes_;
   State wanted_;

@@ -18,7 +18,7 @@ std::unique_ptr<PrintJob> openJob(const Printer& printer, const DeviceMode& mode
   return printSystem().open(printer, ticket);
 }
 
-PdfSheet sheetOf(const Printer& printer, const DeviceMode& mode, const DeviceCaps& caps) {
+PdfSheet pdfSheetOf(const Printer& printer, const DeviceMode& mode, const DeviceCaps& caps) {
   const MediaSize size = mediaOf(printer, mode).size;
   const bool turned = mode.dmOrientation == kLandscape;
   return {(turned ? size.length : size.width) * kPointsPerHundredth,
@@ -51,7 +51,7 @@ PrintContext::~PrintContext() = default;
 
 void PrintContext::startDocument(const DocumentInfo& info) {
   document_ = std::make_unique<Document>(openJob(printer_, mode_, info),
-                                         sheetOf(printer_, mode_, caps_), info.title);
+                                         pdfSheetOf(printer_, mode_, caps_), info.title);
 }
 
 Canvas& PrintContext::startPage() {

@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "base/text.h"
+#include "base/units.h"
+#include "document/item_kinds.h"
 #include "export/pdf/markup_values.h"
 #include "platform/system/text_encoding.h"
 
@@ -138,8 +140,8 @@ void PdfWriter::showText(const MarkupRecord& record, const std::optional<FitOpti
   const bool newLine = record.whole().find('\n') != std::string_view::npos;
   if (newLine && record.has(PdfField::textLeft)) document_.setLeading(0);
   if (fit) {
-    document_.fitTextline(isPlaced ? text : content, points(left_), kPageHeight - points(top_),
-                          *fit);
+    document_.fitTextline(isPlaced ? text : content, pointsFromTwips(left_),
+                          kPageHeight - pointsFromTwips(top_), *fit);
   } else if (newLine) {
     document_.continueText(text);
   } else {
@@ -156,18 +158,19 @@ void PdfWriter::writeText(const MarkupRecord& record) {
   takePlace(record);
   const bool positioned = left_ > 0 || top_ > 0;
   const PdfPoint before = document_.currentPoint();
-  if (positioned) document_.setTextPosition(points(left_), kPageHeight - points(top_) - size);
+  if (positioned)
+    document_.setTextPosition(pointsFromTwips(left_), kPageHeight - pointsFromTwips(top_) - size);
   const double angle = realOf(record[PdfField::textAngle]) / 10;
   if (angle > 0) turn(angle);
   showText(record, positioned ? fitOf(record, size) : std::nullopt);
   if (angle > 0) document_.restore();
   // The point is in points already, and is scaled all the same.
   if (positioned)
-    document_.setTextPosition(points(before.x), kPageHeight - points(before.y) - size);
+    document_.setTextPosition(pointsFromTwips(before.x),
+                              kPageHeight - pointsFromTwips(before.y) - size);
 }
 
 void PdfWriter::writeShape(const MarkupRecord& record) {
-  enum { kLine = 1, kRectangle = 2 };
   constexpr std::int32_t kPenTypes = 6;
   document_.setStrokeColor(colorOf(record[PdfField::boxColor]));
   const double left = wholePoints(record[PdfField::boxLeft]);
@@ -176,11 +179,11 @@ void PdfWriter::writeShape(const MarkupRecord& record) {
   const double bottom = kPageHeight - wholePoints(record[PdfField::boxBottom]);
   const std::int32_t type = integerOf(record[PdfField::shapeType]);
   const std::int32_t pen = integerOf(record[PdfField::penType]);
-  if (type == kLine) {
+  if (type == kLineShape) {
     document_.moveTo(left, top);
     document_.lineTo(right, bottom);
     document_.stroke();
-  } else if (type == kRectangle && pen >= 0 && pen < kPenTypes) {
+  } else if (type == kRectangleShape && pen >= 0 && pen < kPenTypes) {
     document_.setDash(dashesOf(pen));
     document_.rectangle(left, top, right - left, bottom - top);
     document_.stroke();

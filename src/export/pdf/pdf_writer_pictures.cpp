@@ -1,5 +1,7 @@
 // Pictures and barcodes on pages.
 #include "barcode/barcode_picture.h"
+#include "base/units.h"
+#include "document/item_kinds.h"
 #include "document/picture_file.h"
 #include "export/pdf/markup_values.h"
 #include "export/pdf/pdf_writer.h"
@@ -11,7 +13,7 @@ namespace {
 constexpr std::uint64_t kMaxBarcodePicture = 64U << 20;
 
 // Pictures in their own size hang from the place they are put at.
-constexpr FitOptions kNaturalSize = {.vertical = 1, .dpi = 96};
+constexpr FitOptions kNaturalSize = {.vertical = 1, .dpi = kPictureDpi};
 
 }  // namespace
 
@@ -24,11 +26,11 @@ const PdfImage* PdfWriter::imageOf(const std::optional<std::string>& file) {
 
 // A picture that may be missing, in the box of its record, with its frame.
 void PdfWriter::putInBox(const PdfImage* image, const MarkupRecord& record, FitOptions fit) {
-  const double left = points(realOf(record[PdfField::imageLeft]));
-  const double width = points(realOf(record[PdfField::imageRight])) - left;
+  const double left = pointsFromTwips(realOf(record[PdfField::imageLeft]));
+  const double width = pointsFromTwips(realOf(record[PdfField::imageRight])) - left;
   const double height =
-      points(realOf(record[PdfField::imageBottom]) - realOf(record[PdfField::imageTop]));
-  const double bottom = kPageHeight - height - points(realOf(record[PdfField::imageTop]));
+      pointsFromTwips(realOf(record[PdfField::imageBottom]) - realOf(record[PdfField::imageTop]));
+  const double bottom = kPageHeight - height - pointsFromTwips(realOf(record[PdfField::imageTop]));
   fit.box = {width, height};
   if (image != nullptr) document_.fitImage(*image, left, bottom, fit);
   document_.rectangle(left, bottom, width, height);
@@ -40,14 +42,14 @@ void PdfWriter::putAtCorner(const PdfImage* image, const MarkupRecord& record) {
   const double left = wholePoints(record[PdfField::imageLeft]);
   const double top = kPageHeight - wholePoints(record[PdfField::imageTop]);
   if (image != nullptr) document_.fitImage(*image, left, top, kNaturalSize);
-  const double perPixel = kPointsPerInch / kNaturalSize.dpi;
+  const double perPixel = pointsPerDot(kNaturalSize.dpi);
   document_.rectangle(left, top - lastImage_.y * perPixel, lastImage_.x * perPixel,
                       lastImage_.y * perPixel);
   document_.stroke();
 }
 
 void PdfWriter::writeImage(const MarkupRecord& record) {
-  enum { kNone = -1, kNatural = 0, kEntire = 1, kMeet = 2 };
+  constexpr std::int32_t kNone = -1;
   const std::int32_t frame = integerOf(record[PdfField::imageColor]);
   document_.setStrokeColor(frame == 0 ? PdfColor{1, 1, 1} : colorOf(record[PdfField::imageColor]));
   std::string buffer;
@@ -55,9 +57,9 @@ void PdfWriter::writeImage(const MarkupRecord& record) {
       imageOf(readNamedFile(withBrackets(record[PdfField::imageFile], buffer), codePage_));
   const std::string_view stretch = record[PdfField::imageStretch];
   switch (stretch.empty() ? kNone : integerOf(stretch)) {
-    case kNatural: return putAtCorner(image, record);
-    case kEntire: return putInBox(image, record, {.vertical = 1, .method = FitMethod::entire});
-    case kMeet:
+    case kNaturalStretch: return putAtCorner(image, record);
+    case kFillStretch: return putInBox(image, record, {.vertical = 1, .method = FitMethod::entire});
+    case kFitStretch:
       return putInBox(image, record,
                       {.horizontal = 0.5, .vertical = 0.5, .method = FitMethod::meet});
     default: break;

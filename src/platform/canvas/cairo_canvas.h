@@ -28,6 +28,9 @@ enum class DotGrid {
   fine      // paper: nothing is moved
 };
 
+// Lines and edges end this far off the surface at the latest, in dots. Thicker pens are cut.
+inline constexpr double kBeyondSurface = 1024;
+
 class CairoCanvas : public Canvas {
  public:
   // The surface's size and resolution are in dots.

@@ -137,7 +137,7 @@ void PdfDocument::stroke() {
 }
 
 void PdfDocument::fitImage(const PdfImage& image, double x, double y, const FitOptions& fit) {
-  const double perPixel = kPointsPerInch / fit.dpi;
+  const double perPixel = pointsPerDot(fit.dpi);
   FitOptions::Box size = {image.width * perPixel, image.height * perPixel};
   if (fit.method == FitMethod::entire) size = fit.box;
   if (fit.method == FitMethod::meet) {

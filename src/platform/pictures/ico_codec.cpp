@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::size_t kDirectorySize = 6;
 constexpr std::size_t kEntrySize = 16;
-constexpr std::size_t kDibHeaderSize = 40;
 constexpr int kMaxEntrySide = 255;
 constexpr int kBits = 24;
 constexpr std::uint32_t kAlphaMask = 0xFF000000;

@@ -88,6 +88,10 @@ struct DibHeader {
   std::size_t end() const { return paletteAt + paletteCount * paletteEntrySize; }
 };
 
+inline constexpr std::size_t kBmpFileHeaderSize = 14;  // before a file's bitmap
+inline constexpr std::size_t kDibHeaderSize = 40;      // of Windows, without later additions
+inline constexpr std::size_t kMaxDibColors = 256;      // of a palette
+
 inline constexpr std::uint32_t kDibPlain = 0;
 inline constexpr std::uint32_t kDibRle8 = 1;
 inline constexpr std::uint32_t kDibRle4 = 2;
@@ -95,7 +99,9 @@ inline constexpr std::uint32_t kDibMasks = 3;
 inline constexpr std::uint32_t kDibAlphaMasks = 6;
 
 // Rows of a bitmap fill whole groups of four bytes.
-std::size_t dibRowSize(std::int64_t width, int bits);
+inline std::size_t dibRowSize(std::int64_t width, int bits) {
+  return (static_cast<std::size_t>(width) * static_cast<std::size_t>(bits) + 31) / 32 * 4;
+}
 
 std::optional<DibHeader> readDibHeader(std::string_view dib);
 

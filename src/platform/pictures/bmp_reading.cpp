@@ -1,29 +1,21 @@
-// Windows and OS/2 bitmaps: as files, and their parts that icons share.
+// Windows and OS/2 bitmaps, read: as files, and their parts that icons share.
 #include <algorithm>
-#include <limits>
-#include <utility>
-#include <vector>
 
-#include "base/errors.h"
-#include "base/units.h"
+#include "platform/pictures/bmp_runs.h"
 #include "platform/pictures/picture_codecs.h"
-#include "platform/system/byte_sink.h"
 
 namespace qor {
 namespace {
 
-constexpr std::size_t kFileHeaderSize = 14;
 constexpr std::size_t kCoreHeaderSize = 12;
-constexpr std::size_t kInfoHeaderSize = 40;
 // Headers from these sizes on hold the masks; before, they follow the header.
 constexpr std::size_t kMaskHeaderSize = 52;
 constexpr std::size_t kAlphaMaskHeaderSize = 56;
 // The header of OS/2 2.x, whose bytes at the place of the masks mean other things.
 constexpr std::size_t kOs2HeaderSize = 64;
-constexpr std::size_t kMaxColors = 256;
 constexpr std::uint32_t kOpaque = 0xFF000000;
 
-using Palette = std::array<std::uint32_t, kMaxColors>;
+using Palette = std::array<std::uint32_t, kMaxDibColors>;
 
 // The compressions that can hold pixels of so many bits.
 bool isKnownKind(int bits, std::uint32_t compression) {
@@ -50,12 +42,12 @@ std::optional<std::size_t> readMasks(std::string_view dib, std::size_t headerSiz
   const bool hasAlpha =
       inside ? headerSize >= kAlphaMaskHeaderSize : header.compression == kDibAlphaMasks;
   const std::size_t count = hasAlpha ? 4 : 3;
-  if (headerSize == kOs2HeaderSize || headerSize < kInfoHeaderSize ||
-      dib.size() < kInfoHeaderSize + count * 4) {
+  if (headerSize == kOs2HeaderSize || headerSize < kDibHeaderSize ||
+      dib.size() < kDibHeaderSize + count * 4) {
     return std::nullopt;
   }
   for (std::size_t i = 0; i < count; ++i) {
-    header.masks[i] = littleEndian(dib, kInfoHeaderSize + i * 4, 4);
+    header.masks[i] = littleEndian(dib, kDibHeaderSize + i * 4, 4);
   }
   return inside ? 0 : count * 4;
 }
@@ -88,7 +80,7 @@ DibHeader readInfoHeader(std::string_view dib, std::size_t headerSize) {
 Palette readPalette(const DibHeader& header, std::string_view dib) {
   Palette palette;
   palette.fill(kOpaque);
-  for (std::size_t i = 0; i < std::min(header.paletteCount, kMaxColors); ++i) {
+  for (std::size_t i = 0; i < std::min(header.paletteCount, kMaxDibColors); ++i) {
     const std::size_t at = header.paletteAt + i * header.paletteEntrySize;
     if (at + header.paletteEntrySize > dib.size()) break;
     palette[i] |= littleEndian(dib, at, 3);
@@ -136,109 +128,7 @@ void readMaskedRow(std::string_view bytes, const DibHeader& header, std::span<st
   }
 }
 
-// Unpacks run lengths to one byte a pixel, rows in the order of the file.
-class RunReader {
- public:
-  RunReader(const DibHeader& header, std::string_view data)
-      : data_(data), nibbles_(header.compression == kDibRle4) {
-    width_ = static_cast<std::size_t>(header.width);
-    height_ = static_cast<std::size_t>(header.height);
-    indices_.reserve(width_ * height_);
-  }
-
-  std::optional<std::string> read() {
-    while (!ended_ && y_ < height_) {
-      if (!take(2)) return std::nullopt;
-      const std::size_t count = byte(0);
-      if (count > 0) {
-        putRun(count);
-      } else if (!readEscape(byte(1))) {
-        return std::nullopt;
-      }
-    }
-    indices_.resize(width_ * height_);
-    return std::move(indices_);
-  }
-
- private:
-  bool take(std::size_t size) {
-    if (size > data_.size() - at_) return false;
-    taken_ = at_;
-    at_ += size;
-    return true;
-  }
-
-  std::size_t byte(std::size_t i) const { return static_cast<unsigned char>(data_[taken_ + i]); }
-
-  // The pixel's index in bytes that hold one or two.
-  std::size_t index(std::size_t first, std::size_t pixel) const {
-    if (!nibbles_) return byte(first + pixel);
-    const std::size_t pair = byte(first + pixel / 2);
-    return pixel % 2 == 0 ? pair >> 4 : pair & 0xF;
-  }
-
-  void putRun(std::size_t count) {
-    for (std::size_t i = 0; i < count; ++i) put(nibbles_ ? index(1, i % 2) : byte(1));
-  }
-
-  bool readEscape(std::size_t code) {
-    switch (code) {
-      case 0: return moveTo(0, y_ + 1);
-      case 1: return ended_ = true;
-      case 2: return take(2) && moveTo(x_ + byte(0), y_ + byte(1));
-      default: return readPixels(code);
-    }
-  }
-
-  bool moveTo(std::size_t x, std::size_t y) {
-    x_ = std::min(x, width_);
-    y_ = y;
-    return true;
-  }
-
-  bool readPixels(std::size_t count) {
-    const std::size_t size = nibbles_ ? (count + 1) / 2 : count;
-    if (!take((size + 1) / 2 * 2)) return false;
-    for (std::size_t i = 0; i < count; ++i) put(index(0, i));
-    return true;
-  }
-
-  void put(std::size_t index) {
-    if (x_ >= width_) return;
-    if (indices_.size() < (y_ + 1) * width_) indices_.resize((y_ + 1) * width_);
-    indices_[y_ * width_ + x_++] = static_cast<char>(index);
-  }
-
-  std::string_view data_;
-  bool nibbles_;
-  std::size_t width_;
-  std::size_t height_;
-  std::size_t at_ = 0;
-  std::size_t taken_ = 0;
-  std::size_t x_ = 0;
-  std::size_t y_ = 0;
-  bool ended_ = false;
-  std::string indices_;
-};
-
-void putFileHeader(std::string& bytes, std::size_t size, std::size_t dataAt) {
-  bytes += "BM";
-  putLittleEndian(bytes, static_cast<std::uint32_t>(size), 4);
-  putLittleEndian(bytes, 0, 4);
-  putLittleEndian(bytes, static_cast<std::uint32_t>(dataAt), 4);
-}
-
-void putGrayPalette(std::string& bytes) {
-  for (std::uint32_t gray = 0; gray < kMaxColors; ++gray) {
-    putLittleEndian(bytes, gray * 0x010101, 4);
-  }
-}
-
 }  // namespace
-
-std::size_t dibRowSize(std::int64_t width, int bits) {
-  return (static_cast<std::size_t>(width) * static_cast<std::size_t>(bits) + 31) / 32 * 4;
-}
 
 std::optional<DibHeader> readDibHeader(std::string_view dib) {
   if (dib.size() < kCoreHeaderSize) return std::nullopt;
@@ -252,7 +142,7 @@ std::optional<DibHeader> readDibHeader(std::string_view dib) {
   const auto maskBytes = readMasks(dib, headerSize, header);
   if (!maskBytes) return std::nullopt;
   header.paletteAt = headerSize + *maskBytes;
-  if (header.bits <= 8 && (header.paletteCount == 0 || header.paletteCount > kMaxColors)) {
+  if (header.bits <= 8 && (header.paletteCount == 0 || header.paletteCount > kMaxDibColors)) {
     header.paletteCount = std::size_t{1} << header.bits;
   }
   return header;
@@ -263,7 +153,7 @@ std::optional<Picture> readDibPixels(const DibHeader& header, std::string_view d
   if (!fitsPicture(header.width, header.height)) return std::nullopt;
   const bool packed = header.compression == kDibRle8 || header.compression == kDibRle4;
   std::optional<std::string> unpacked;
-  if (packed && !(unpacked = RunReader(header, data).read())) return std::nullopt;
+  if (packed && !(unpacked = unpackRuns(header, data))) return std::nullopt;
   const std::string_view bytes = packed ? std::string_view(*unpacked) : data;
   const int bits = packed ? 8 : header.bits;
   const auto width = static_cast<std::size_t>(header.width);
@@ -285,67 +175,19 @@ std::optional<Picture> readDibPixels(const DibHeader& header, std::string_view d
   return picture;
 }
 
-void putDibHeader(std::string& bytes, const PixelView& pixels, int height, int bits, int dpi) {
-  const auto density = static_cast<std::uint32_t>(dotsPerMetre(dpi));
-  putLittleEndian(bytes, kInfoHeaderSize, 4);
-  putLittleEndian(bytes, static_cast<std::uint32_t>(pixels.width), 4);
-  putLittleEndian(bytes, static_cast<std::uint32_t>(height), 4);
-  putLittleEndian(bytes, 1, 2);
-  putLittleEndian(bytes, static_cast<std::uint32_t>(bits), 2);
-  // No compression, and a size that follows from the sides.
-  for (std::uint32_t value : {kDibPlain, 0u, density, density, 0u, 0u}) {
-    putLittleEndian(bytes, value, 4);
-  }
-}
-
-void writeDibRows(const PixelView& pixels, int bits, ByteSink& sink) {
-  std::string bytes(dibRowSize(pixels.width, bits), '\0');
-  auto* grays = reinterpret_cast<unsigned char*>(bytes.data());
-  for (int y = pixels.height - 1; y >= 0; --y) {
-    const auto row = pixels.row(y);
-    if (bits == 8) {
-      copyGrays(row, grays);
-    } else {
-      char* to = bytes.data();
-      for (std::uint32_t pixel : row) {
-        *to++ = static_cast<char>(pixel & 0xFF);
-        *to++ = static_cast<char>(pixel >> 8 & 0xFF);
-        *to++ = static_cast<char>(pixel >> 16 & 0xFF);
-      }
-    }
-    sink.write(bytes);
-  }
-}
-
 bool isBmp(std::string_view file) {
   return file.starts_with("BM");
 }
 
 std::optional<Picture> decodeBmp(std::string_view file) {
-  if (file.size() < kFileHeaderSize) return std::nullopt;
+  if (file.size() < kBmpFileHeaderSize) return std::nullopt;
   const std::size_t dataAt = littleEndian(file, 10, 4);
-  const std::string_view dib = file.substr(kFileHeaderSize);
+  const std::string_view dib = file.substr(kBmpFileHeaderSize);
   const auto header = readDibHeader(dib);
   if (!header || dataAt > file.size()) return std::nullopt;
   auto picture = readDibPixels(*header, dib, file.substr(dataAt));
   if (picture) premultiply(*picture);
   return picture;
-}
-
-void encodeBmp(const PixelView& pixels, bool gray, int dpi, ByteSink& sink) {
-  const int bits = gray ? 8 : 24;
-  const std::size_t dataAt = kFileHeaderSize + kInfoHeaderSize + (gray ? kMaxColors * 4 : 0);
-  const std::size_t size =
-      dataAt + dibRowSize(pixels.width, bits) * static_cast<std::size_t>(pixels.height);
-  if (size > std::numeric_limits<std::uint32_t>::max()) {
-    throw PictureError("the picture is too large for a BMP file");
-  }
-  std::string head;
-  putFileHeader(head, size, dataAt);
-  putDibHeader(head, pixels, pixels.height, bits, dpi);
-  if (gray) putGrayPalette(head);
-  sink.write(head);
-  writeDibRows(pixels, bits, sink);
 }
 
 }  // namespace qor

@@ -66,8 +66,9 @@ bool passesCheck(int type, std::string_view text) {
 
 // What stands for a value that failed its check.
 std::string failedValue(int type, std::size_t length) {
-  if (isDigitsOnly(type)) return std::string(length, '0');
-  return type == kCodabar || type == kItf ? "0" : "ERROR";
+  std::string value = type == kCodabar || type == kItf ? "0" : "ERROR";
+  if (isDigitsOnly(type)) value.assign(length, '0');
+  return value;
 }
 
 }  // namespace

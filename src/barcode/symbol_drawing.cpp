@@ -140,7 +140,8 @@ class SymbolPainter {
   std::int32_t middle(Point from, Point to, double halfCharacter) const {
     const std::int64_t first = layout_.upright() ? from.x : from.y;
     const std::int64_t last = layout_.upright() ? to.x : to.y;
-    const auto centre = static_cast<double>((last - first) / 2 + first);
+    const std::int64_t half = (last - first) / 2;
+    const auto centre = static_cast<double>(first + half);
     return truncated(layout_.backward() ? centre + halfCharacter : centre - halfCharacter);
   }
 

@@ -121,7 +121,8 @@ constexpr double pointsFromTwips(double twips) {
 }
 
 constexpr double wholePointsFromTwips(std::int32_t twips) {
-  return static_cast<double>(std::int64_t{twips} * kPointsPerInch / kTwipsPerInch);
+  const std::int64_t whole = std::int64_t{twips} * kPointsPerInch / kTwipsPerInch;
+  return static_cast<double>(whole);
 }
 
 constexpr double pointsPerDot(double dpi) {
@@ -138,7 +139,8 @@ inline constexpr double kPointsPerHundredth = kPointsPerInch / kHundredthsPerInc
 
 // Whole millimetres of a pitch that is told in 1/120 inch.
 constexpr double millimetresFromPitch(double units) {
-  return truncated(units * 254 / 120) / 10;
+  const std::int32_t whole = truncated(units * 254 / 120) / 10;
+  return whole;
 }
 
 }  // namespace qor

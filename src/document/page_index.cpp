@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::uint64_t kBlockSize = 32768;
 constexpr std::size_t kFirstPageSize = 65565;
-constexpr std::size_t kWindowSize = 256 * 1024;
+constexpr std::size_t kWindowSize = std::size_t{256} * 1024;
 
 // Bytes that start where a page of memory does: the system copies a file there several times faster
 // than to most other places.

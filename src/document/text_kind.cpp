@@ -68,7 +68,7 @@ TextKind kindOf(std::string_view bytes) {
 }
 
 TextKind kindOfFirstPage(VDoc& doc) {
-  constexpr std::uint64_t kEnough = 64 * 1024;
+  constexpr std::uint64_t kEnough = std::uint64_t{64} * 1024;
   const VDocPage* page = doc.findPage(1);
   const auto file = page == nullptr ? std::nullopt : VDoc::OpenFile();
   if (!file) return {};

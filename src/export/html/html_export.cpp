@@ -67,13 +67,13 @@ void appendBarcode(const VData_BarCode& code, std::string_view stem, std::string
 
 std::string headOf(const VDoc& doc, const RunOptions& run) {
   const int codePage = doc.Settings.Page.BaseCodePage;
-  const auto line = [](std::string text) { return text + "\r\n"; };
+  const auto line = [](const std::string& text) { return text + "\r\n"; };
   std::string html = line("<html>") + line("<head>");
   html += line("<title>" + codePageFromUtf8(run.caption, codePage, Substitute::htmlReference) +
                "</title>");
-  html +=
-      line("<meta name=\"Description\" content=\"QOR Report convertor Ver." + run.version + "\">");
-  html += line("<meta http-equiv=\"Content-Type\" content=\"text/html;charset=" +
+  html += line(R"(<meta name="Description" content="QOR Report convertor Ver.)" + run.version +
+               R"(">)");
+  html += line(R"(<meta http-equiv="Content-Type" content="text/html;charset=)" +
                std::string(CodePageName(codePage)) + "\">");
   html += line("</head>") + line("<body>");
   html += line("<basefont face=\"" + std::string(doc.Settings.Font.LogFont.faceName()) + "\">");

@@ -100,13 +100,13 @@ std::size_t PdfWriter::fontOf(const MarkupRecord& record) {
   const std::string_view name = record[PdfField::fontName];
   const bool bold = record[PdfField::fontBold] == "1";
   const bool italic = record[PdfField::fontItalic] == "1";
-  const auto known = fonts_.find(std::tuple(name, bold, italic));
-  if (known != fonts_.end()) return known->second;
+  auto& fonts = fonts_[(bold ? 1U : 0U) + (italic ? 2U : 0U)];
+  const auto known = fonts.find(name);
+  if (known != fonts.end()) return known->second;
   std::string buffer;
   const std::string face =
       faceFor(utf8FromCodePage(trimmed(withBrackets(name, buffer)), codePage_));
-  return fonts_[{std::string(name), bold, italic}] =
-             document_.loadFont({face, bold, italic}, encoding_);
+  return fonts[std::string(name)] = document_.loadFont({face, bold, italic}, encoding_);
 }
 
 // Sets the font of a record; gives its size.

@@ -70,7 +70,7 @@ GlyphMask render(const MaskKey& key) {
 
 std::size_t GlyphMasks::Hash::operator()(const MaskKey& key) const {
   constexpr std::uint64_t spread = 0x9E3779B97F4A7C15;  // 2^64 divided by the golden ratio
-  std::uint64_t hash = reinterpret_cast<std::uintptr_t>(key.face);
+  auto hash = reinterpret_cast<std::uintptr_t>(key.face);
   for (const std::uint64_t part :
        {std::uint64_t{key.glyph}, static_cast<std::uint64_t>(key.width),
         static_cast<std::uint64_t>(key.height), static_cast<std::uint64_t>(key.phase)}) {

@@ -65,6 +65,7 @@ SheetCollection collectionOf(ipp_t* collection) {
 std::vector<SheetCollection> sheetsOf(ipp_t* answer, const char* name) {
   std::vector<SheetCollection> sheets;
   ipp_attribute_t* all = ippFindAttribute(answer, name, IPP_TAG_BEGIN_COLLECTION);
+  sheets.reserve(static_cast<std::size_t>(ippGetCount(all)));
   for (int i = 0; i < ippGetCount(all); ++i)
     sheets.push_back(collectionOf(ippGetCollection(all, i)));
   return sheets;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 #include "base/units.h"
 #include "platform/pdf/pdf_fonts.h"
@@ -29,8 +30,8 @@ std::string references(const std::vector<PdfId>& ids) {
 
 }  // namespace
 
-PdfDocument::PdfDocument(ByteSink& sink, const PdfInformation& information)
-    : information_(information),
+PdfDocument::PdfDocument(ByteSink& sink, PdfInformation information)
+    : information_(std::move(information)),
       file_(sink),
       fonts_(std::make_unique<PdfFonts>()),
       images_(file_),

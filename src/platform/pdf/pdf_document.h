@@ -30,7 +30,7 @@ struct PdfPoint {
 class PdfDocument {
  public:
   // Starts a document. The sink must live as long; what it throws comes through everywhere.
-  PdfDocument(ByteSink& sink, const PdfInformation& information);
+  PdfDocument(ByteSink& sink, PdfInformation information);
   ~PdfDocument();
   PdfDocument(const PdfDocument&) = delete;
   PdfDocument& operator=(const PdfDocument&) = delete;

@@ -34,8 +34,7 @@ const Row kRows[] = {
      "<PaperSize=\"0\"/>\r\n<PaperWidth=\"120\"/>\r\n<PaperHeight=\"150\"/>",
      "|2|-|custom_120x150mm_120x150mm|3|color", 120, 150, 6.35},
     {"raw", "", "", "|1|-|iso_a4_210x297mm|4|monochrome", 210, 297, 0},
-    {"", "", "", "|1|-|iso_a4_210x297mm|4|monochrome", 210, 297, 6.35},
-};
+    {"", "", "", "|1|-|iso_a4_210x297mm|4|monochrome", 210, 297, 6.35}};
 
 // The session's default goes before the system's, and pages lie as they are to be read, whatever
 // the queue does with others.

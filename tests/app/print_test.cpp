@@ -55,8 +55,7 @@ TEST(Print, endsAsEachRunShould) {
       {"-g -dd", "", "r.b.txt: the report has no pages", "r.b.txt r.b_1.jpeg "},
       {"-g -dd", bad, "r.b.txt: page 1: barcode \"12345678901\": ", "r.b(print).pdf "},
       {"-g -dd", "A", "r.b(print).pdf", "r.b.txt r.b_1.jpeg ", 2048},
-      {"-g -dd -i QorUtlView.vset#S", "A", "many", "r.b.txt r.b_1.jpeg "},
-  };
+      {"-g -dd -i QorUtlView.vset#S", "A", "many", "r.b.txt r.b_1.jpeg "}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.options);
     const TemporaryDirectory place;
@@ -123,8 +122,7 @@ TEST(Print, followsTheSettingsSet) {
       {"Page PaperSize=8", 297, 420},
       {"Page PaperSize=4|Page PaperWidth=432|Page PaperHeight=279", 432, 279},
       {"Page PaperSize=4|Page PaperWidth=432|Page PaperHeight=279|Page Orientation=2", 279, 432},
-      {"Page PaperSize=4711|Page PaperWidth=123|Page PaperHeight=45", 123, 45},
-  };
+      {"Page PaperSize=4711|Page PaperWidth=123|Page PaperHeight=45", 123, 45}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.values);
     const TemporaryDirectory place;
@@ -154,17 +152,15 @@ TEST(Print, readsItsReportInACodePage) {
     const char* remembered;  // by the default set
     const char* letter;
   };
-  const Row rows[] = {
-      {"", "", "а"},
-      {"-codepage 866", "", "р"},
-      {"", "866", "р"},
-      {"-codepage 1254", "866", "à"},
-      {"-codepage x", "866", "р"},
-      {"-codepage 1254 -i s.vset#S", "866", "ŕ"},
-      {"-codepage 1254 -i s.vset#none", "866", "à"},
-      {"-codepage 28591", "", "à"},
-      {"-codepage 1255", "", "א"},
-  };
+  const Row rows[] = {{"", "", "а"},
+                      {"-codepage 866", "", "р"},
+                      {"", "866", "р"},
+                      {"-codepage 1254", "866", "à"},
+                      {"-codepage x", "866", "р"},
+                      {"-codepage 1254 -i s.vset#S", "866", "ŕ"},
+                      {"-codepage 1254 -i s.vset#none", "866", "à"},
+                      {"-codepage 28591", "", "à"},
+                      {"-codepage 1255", "", "א"}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.options);
     const TemporaryDirectory place;

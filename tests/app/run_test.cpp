@@ -49,8 +49,7 @@ TEST(Help, speaksThreeLanguages) {
   const std::array<std::string, 3> rows[] = {
       {"de_DE.UTF-8", "QorUtlView - report viewer. Version 1.3b7", "\t-e\t/?,"},
       {"ru_RU.UTF-8", "QorUtlView - программа просмотра отчётов. Версия 1.3b7", "\t/?,"},
-      {"tr_TR.UTF-8", "QorUtlView -  Yazdırma uygulaması. Versiyon 1.3b7", "\t-e\t/?,"},
-  };
+      {"tr_TR.UTF-8", "QorUtlView -  Yazdırma uygulaması. Versiyon 1.3b7", "\t-e\t/?,"}};
   for (const auto& [locale, version, lastKeys] : rows) {
     for (const auto& [key, exitCode] : {std::pair{"-h", 255}, {"--help", 0}}) {
       const Outcome help = runViewer({key}, {"", {{"LC_ALL", locale}}, 0});
@@ -108,8 +107,7 @@ TEST(Export, findsFilesByAnyName) {
       {"", "a.b/r", "a.b/r", "a.b/o.txt", "a.b/o.txt"},
       {"", "r.txt", "r.txt", "O.TXT", "o.txt"},
       {"", "r.txt", "r.txt", "Out/O.Txt", "Out/o.txt"},
-      {"", "r.txt", "r.txt", "ИТОГ ŞÇ.TXT", "итог şç.txt"},
-  };
+      {"", "r.txt", "r.txt", "ИТОГ ŞÇ.TXT", "итог şç.txt"}};
   for (const auto& [directory, report, reportOption, targetOption, target] : rows) {
     SCOPED_TRACE(targetOption);
     const TemporaryDirectory place;
@@ -160,8 +158,7 @@ TEST(DeleteAfterwards, takesTheReportAndItsSideFiles) {
       {"in/r.s.txt", "in/r.s.txt", ""},
       {"in/r.s.txt", "o.html", "in/r.s.txt in/r.s_1.jpeg"},
       {"r.txt", "o.txt", "r.txt r_1.jpeg"},
-      {"r.txt", "r_1.jpeg", "r.txt"},
-  };
+      {"r.txt", "r_1.jpeg", "r.txt"}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.target);
     const TemporaryDirectory place;

@@ -74,8 +74,7 @@ const std::vector<Extent> kExtents = {
      "value=590123412345 left=60 top=60 right=90 orient=1 manual_width=1 line_width=30", 113, 226},
     // Wider than the sheet, and whole: 113 modules of 120 twips.
     {"longer than the sheet", kEan + "left=1 manual_width=1 line_width=120", 904, 113},
-    {"modules of no width", kEan + "right=61", 3, 113},
-};
+    {"modules of no width", kEan + "right=61", 3, 113}};
 
 TEST(BarcodeItems, HavePicturesAsLargeAsWhatTheyCover) {
   for (const Extent& row : kExtents) {
@@ -106,8 +105,7 @@ const std::pair<std::string, std::string> kUnshown[] = {
     {"value=" + std::string(4000, 'q') + " br_type=KAREKOD right=50",
      "\"" + std::string(80, 'q') + "...\": no symbol can be made of it"},
     {"br_type=39 value=G left=0 right=30000", "\"G\": a picture can't have 113385 by 37 dots"},
-    {"br_type=39 value=OK right=50", ""},
-};
+    {"br_type=39 value=OK right=50", ""}};
 
 TEST(BarcodeItems, AreToldWhereAnExportCantShowThem) {
   const TemporaryDirectory place;

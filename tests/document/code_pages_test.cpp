@@ -43,8 +43,7 @@ TEST(CodePages, AreToldApart) {
   const std::tuple<int, const char*, const char*> rows[] = {
       {1252, "\xD0\xDD\xE9", "ÐÝé"}, {1253, "\xC1\xE2", "Αβ"},       {28595, "\xB6\xD0\xF0", "Жа№"},
       {28599, "\xD0\xDD", "Ğİ"},     {20866, "\xA4\xC1\xF7", "╓аВ"}, {21866, "\xA4\xC1\xF7", "єаВ"},
-      {10000, "\x80\x8A", "Ää"},     {437, "\x9B\xE0", "¢α"},
-  };
+      {10000, "\x80\x8A", "Ää"},     {437, "\x9B\xE0", "¢α"}};
   for (const auto& [codePage, bytes, text] : rows) {
     EXPECT_EQ(utf8FromCodePage(bytes, codePage), text) << codePage;
     EXPECT_EQ(codePageFromUtf8(text, codePage, Substitute::questionMark), bytes);

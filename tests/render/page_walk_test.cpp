@@ -48,8 +48,7 @@ TEST(PageWalk, PutsLinesUnderEachOther) {
       {"<text left=10 top=20 tc=q/>\r\nc", "566,1133 q|0,0 c"},
       {"a<text left=10 top=20 tc=q/>b", "0,0 a|566,1133 q|120,0 b"},
       {"<font vs=1/>a\r\nb", "0,0 a|0,283 b"},  // divided by 25.5
-      {"<font hs=10/>ab<font hs=0/>c", "0,0 ab|1372,0 c"},
-  };
+      {"<font hs=10/>ab<font hs=0/>c", "0,0 ab|1372,0 c"}};
   for (const auto& [bytes, texts] : rows) EXPECT_EQ(drawn(bytes), plainTexts(texts)) << bytes;
   // Other fonts and items: what of them stands at the origin, and the plain text behind.
   const std::tuple<std::string, std::string, const char*> others[] = {
@@ -57,8 +56,7 @@ TEST(PageWalk, PutsLinesUnderEachOther) {
       {"<h1>b<h1/>\r\nc", "b\" Courier New -480x0 weight 400", "0,544 c"},
       {"\x0F-\x12+", "-\" Courier New -200x72 weight 400", "72,0 +"},
       {"<w1><font width=10/>a<w1/>", "a\" Courier New -200x400 weight 400", ""},
-      {"<font o=3/>a<font o=0/>b", "a\" Courier New -200x0 weight 400 turned 2700", "0,120 b"},
-  };
+      {"<font o=3/>a<font o=0/>b", "a\" Courier New -200x0 weight 400 turned 2700", "0,120 b"}};
   for (const auto& [bytes, first, behind] : others) {
     EXPECT_EQ(drawn(bytes), "text 0,0 \"" + first + " color 0\n" + plainTexts(behind)) << bytes;
   }

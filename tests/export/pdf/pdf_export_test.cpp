@@ -113,8 +113,7 @@ TEST_F(PdfExport, putsEachKindOfRecordWhereTheArithmeticSays) {
       {"A[fn:B:fn]C\r\n", "@0 831 Td;(A[fn:B:fn]C)Tj;ET;"},
       {"A[st:1:st]\r\n", "@0 831 Td;(A[st:1:st])Tj;ET;"},
       {"<text * tc=:tc][x/>", "@28.3 775.35 Td;(:tc][x)Tj;ET;"},
-      {"A\r\n\fB\r\n\f", "@0 831 Td;(A)Tj;ET;page;@0 831 Td;(B)Tj;ET;"},
-  };
+      {"A\r\n\fB\r\n\f", "@0 831 Td;(A)Tj;ET;page;@0 831 Td;(B)Tj;ET;"}};
   for (auto [report, drawn] : rows) {
     if (drawn.starts_with("TURN")) drawn.replace(0, 4, turn);
     EXPECT_EQ(operators(expanded(report)), expanded(drawn)) << report;

@@ -60,8 +60,7 @@ TEST_F(PictureReading, readsThePixelsOfEveryKindOfFile) {
       {"-alpha off", "opaque.ico"},
       {"-alpha off -colors 9 -type Palette", "palette.ico"},
       {"-alpha set -colors 9 -channel A -fx 'i<9?0:1' -type PaletteAlpha", "mask.ico"},
-      {"-alpha off -depth 8 -resize 256x256!", "packed.ico"},
-  };
+      {"-alpha off -depth 8 -resize 256x256!", "packed.ico"}};
   for (const auto& [arguments, file, tolerance] : rows) {
     SCOPED_TRACE(file);
     const auto picture = decodePicture(magick_.make(arguments, file));
@@ -110,8 +109,7 @@ TEST_F(PictureReading, readsBitmapsThatFewProgramsWrite) {
       makeBitmap(2, -2, 24, 0, "", bytesOf({1, 2, 3, 4, 5, 6, 0, 0, 7, 8, 9, 10, 11, 12, 0, 0})),
       makeBitmap(2, 2, 32, 0, "", bytesOf({1, 2, 3, 0, 5, 6, 7, 0, 9, 10, 11, 0, 13, 14, 15, 0})),
       makeBitmap(2, 1, 16, 0, "", bytesOf({0x34, 0x12, 0xFF, 0x7B})),
-      makeBitmap(2, 1, 16, 3, kMasks565, bytesOf({0x34, 0x12, 0xFF, 0x7B})),
-  };
+      makeBitmap(2, 1, 16, 3, kMasks565, bytesOf({0x34, 0x12, 0xFF, 0x7B}))};
   for (const std::string& file : kFiles) {
     magick_.folder().write("made.bmp", file);
     const auto picture = decodePicture(file);

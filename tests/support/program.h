@@ -53,6 +53,9 @@ class Process {
 // Runs a program and waits for its end.
 Outcome run(const std::vector<std::string>& command, const Surroundings& surroundings = {});
 
+// Expects the exit code, and one line on standard error that holds the text: none for no text.
+void expectTold(const Outcome& outcome, const std::string& text, int exitCode = 0);
+
 // The command line of the program under test.
 std::vector<std::string> viewer(const std::vector<std::string>& arguments);
 

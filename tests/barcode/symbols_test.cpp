@@ -5,7 +5,6 @@
 #include "barcode/symbol_drawing.h"
 #include "barcode/symbol_layout.h"
 #include "platform/pictures/picture.h"
-#include "render/page_walk.h"
 #include "support/program.h"
 #include "support/recording_canvas.h"
 #include "support/report_reader.h"
@@ -52,13 +51,6 @@ TEST(Symbols, AreReadBackInEveryOrientation) {
     runViewer({"-f", "r.txt", "-codepage", "1251", "-export", "r.png"}, in(directory));
     EXPECT_EQ(run(command).output, all);
   }
-}
-
-std::string drawn(const std::string& bytes) {
-  TestReport report(bytes);
-  RecordingCanvas canvas;
-  DrawPage(report.page(), canvas);
-  return canvas.record();
 }
 
 std::size_t count(const std::string& text, const std::string& part) {

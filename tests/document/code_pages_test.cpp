@@ -13,11 +13,8 @@ namespace {
 constexpr char32_t kNone = U'\xFFFD';
 
 TEST(CodePages, BuiltInOnesAreThePublishedOnesButForAFew) {
-  struct Row {
-    int codePage;
-    std::map<int, char32_t> others;  // besides bytes without a letter, which are "?"
-  };
-  const Row rows[] = {
+  // What differs, besides bytes without a letter, which are "?".
+  const std::pair<int, std::map<int, char32_t>> rows[] = {
       {866, {}},
       {1251, {}},
       {1254, {}},
@@ -61,9 +58,7 @@ TEST(CodePages, ComeFromFilesOf128Lines) {
   lines.replace(lines.rfind(" 233"), 4, "0x0411");
   place.write("cp708.ini", lines);
   place.write("r.txt", "\x80\x81\xFE\xFF");
-  const Outcome outcome = runViewer({"-f", "r.txt", "-codepage", "708", "-export", "r.pdf"},
-                                    {.directory = place.path()});
-  EXPECT_EQ(outcome.errors, "");
+  expectTold(runViewer({"-f", "r.txt", "-codepage", "708", "-export", "r.pdf"}, in(place)), "");
   EXPECT_EQ(run({"pdftotext", place.path("r.pdf"), "-"}).output, "ЖéЖБ\n\n\f");
 }
 

@@ -28,9 +28,7 @@ class TextHtmlTest : public testing::Test {
     place_.write("r.txt", report);
     std::vector<std::string> arguments = {"-f", "r.txt", "-export", target};
     arguments.insert(arguments.end(), options.begin(), options.end());
-    const Outcome outcome = runViewer(arguments, {place_.path(), environment, 0});
-    EXPECT_EQ(outcome.exitCode, 0);
-    EXPECT_EQ(outcome.output + outcome.errors, "");
+    expectTold(runViewer(arguments, {place_.path(), environment, 0}), "");
     return place_.read(target);
   }
 

@@ -16,18 +16,6 @@ namespace {
 
 constexpr const char* kPlain = "Courier New -200x0 weight 400 color 0\n";
 
-std::string drawn(TestReport& report, int number = 1) {
-  RecordingCanvas canvas;
-  LoadCodePage(report.doc().Settings.Page.BaseCodePage);
-  DrawPage(report.page(number), canvas);
-  return canvas.record();
-}
-
-std::string drawn(std::string_view bytes) {
-  TestReport report(bytes);
-  return drawn(report);
-}
-
 std::string plain(const std::string& place, const std::string& text) {
   return "text " + place + " \"" + text + "\" " + kPlain;
 }
@@ -71,7 +59,7 @@ TEST(PageWalk, CountsMarginsInMillimetresOrCells) {
     TestReport report("a");
     report.doc().Settings.Page.MarginLeft = left;
     report.doc().Settings.Page.MarginTop = top;
-    EXPECT_EQ(drawn(report), plain(place, "a"));
+    EXPECT_EQ(drawn(report.page()), plain(place, "a"));
   }
 }
 
@@ -84,7 +72,7 @@ TEST(PageWalk, RowHeightsOfTheReportSetTheGridAndEmptyLines) {
                                      {"<font vs=1/>a\r\n\r\nb", "60 a|626 b"}}) {
     TestReport report(bytes);
     report.doc().Settings.Page.MarginTop = -2;
-    const std::string record = drawn(report);
+    const std::string record = drawn(report.page());
     for (const auto& [y, letter] : rowsOf(texts)) {
       EXPECT_NE(record.find("," + y + " \"" + letter + "\""), std::string::npos) << record;
     }
@@ -102,9 +90,7 @@ TEST(PageWalk, AFormFeedInsideAPageStartsItsLowerHalf) {
   page.AddLine("b", commands).AfterFormFeed = true;
   page.AddLine("c", commands);
   page.AddLine("d", commands).AfterFormFeed = true;
-  RecordingCanvas canvas;
-  DrawPage(page, canvas);
-  EXPECT_EQ(canvas.record(), plainTexts("0,566 a|0,7849 b|0,8076 c|0,7849 d"));
+  EXPECT_EQ(drawn(page), plainTexts("0,566 a|0,7849 b|0,8076 c|0,7849 d"));
 }
 
 TEST(PageWalk, MeasuresTheExtentOfTheContent) {
@@ -120,10 +106,8 @@ TEST(PageWalk, MeasuresTheExtentOfTheContent) {
 }
 
 TEST(PageWalk, CharactersComeFromTheReportsCodePage) {
-  TestReport cyrillic("\x80\xE1", 866);
-  EXPECT_EQ(drawn(cyrillic), plain("0,0", "<410><441>"));
-  TestReport latin("a\xE9", 1252);
-  EXPECT_EQ(drawn(latin), plain("0,0", "a<0>"));
+  EXPECT_EQ(drawn("\x80\xE1", 866), plain("0,0", "<410><441>"));
+  EXPECT_EQ(drawn("a\xE9", 1252), plain("0,0", "a<0>"));
 }
 
 TEST(PageWalk, BoxTextIsAlignedAndReadByItsCharacterSet) {
@@ -140,10 +124,8 @@ TEST(PageWalk, BoxTextIsAlignedAndReadByItsCharacterSet) {
   VDocPage page(1, &report.doc().Settings);
   VCommand commands(report.doc().Settings, report.doc().Settings.Font);
   page.AddLine("<text left=10 top=10 right=50 tc=\xC0 alignV=1/>", commands);
-  RecordingCanvas canvas;
-  DrawPage(page, canvas);
   // Without a lower edge the box has no height, and the text stands about its top.
-  EXPECT_EQ(canvas.record(), "clip 566,566 2834,0\n" + plain("566,453", "<410>"));
+  EXPECT_EQ(drawn(page), "clip 566,566 2834,0\n" + plain("566,453", "<410>"));
 }
 
 }  // namespace

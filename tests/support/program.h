@@ -16,6 +16,9 @@ struct Outcome {
   int signal = 0;      // what ended the process, 0 if it ended by itself
   std::string output;  // standard output
   std::string errors;  // standard error
+
+  // All of it, such as "0:" where nothing is said.
+  std::string told() const { return std::to_string(exitCode) + ":" + output + errors; }
 };
 
 struct Surroundings {

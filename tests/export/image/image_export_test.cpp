@@ -16,9 +16,7 @@ class ImageExport : public testing::Test {
                    const std::string& picture = "") {
     const TemporaryDirectory& place = magick_.folder();
     place.write("report.txt", report);
-    const Outcome outcome = runViewer({"-f", "report.txt", "-export", target}, in(place));
-    EXPECT_EQ(outcome.exitCode, 0);
-    EXPECT_EQ(outcome.errors, "");
+    expectTold(runViewer({"-f", "report.txt", "-export", target}, in(place)), "");
     return magick_.identify(format, picture.empty() ? target : picture);
   }
 

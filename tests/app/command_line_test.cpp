@@ -76,19 +76,17 @@ TEST(GetOptionValue, takesTheValueAndCutsItOut) {
     return (found ? value : "none") + "|" + parameters;
   };
   // The value, and the parameters that are left.
-  const std::pair<const char*, const char*> rows[] = {
-      {"-g -dd", "none|-g -dd"},
-      {"a -f b c", "b|a  c"},
-      {"a -f b", "b|a -f b"},
-      {"x -f \"a b\"", "a b|x "},
-      {"-f \"\" -g", "| -g"},
-      {"-f \"a\"b c", "a|b c"},
-      {"-f    a b", "a| b"},
-      {"-f \"a b", "none|-f \"a b"},
-      {"-fa.txt -g", "-g|-fa.txt -g"},
-      {"my-file -f x y", "-f|my x y"},
-      {"-f", "|-f"},
-  };
+  const std::pair<const char*, const char*> rows[] = {{"-g -dd", "none|-g -dd"},
+                                                      {"a -f b c", "b|a  c"},
+                                                      {"a -f b", "b|a -f b"},
+                                                      {"x -f \"a b\"", "a b|x "},
+                                                      {"-f \"\" -g", "| -g"},
+                                                      {"-f \"a\"b c", "a|b c"},
+                                                      {"-f    a b", "a| b"},
+                                                      {"-f \"a b", "none|-f \"a b"},
+                                                      {"-fa.txt -g", "-g|-fa.txt -g"},
+                                                      {"my-file -f x y", "-f|my x y"},
+                                                      {"-f", "|-f"}};
   for (const auto& [parameters, expected] : rows) EXPECT_EQ(taken(parameters), expected);
   const std::string tail(1100, 'x');
   EXPECT_EQ(taken("-f a " + tail), "a| " + tail.substr(0, 1023));

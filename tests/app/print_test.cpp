@@ -1,5 +1,6 @@
 // Printing with no window on the printer that makes PDF files, read back from its files.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -36,61 +37,43 @@ std::string setWith(const std::string& name, const std::string& values) {
   return set + "<Set/>\r\n";
 }
 
-// What the report leaves, besides the set file, and what is told in the only line on standard
-// error: nothing where nothing stands here. "_" stands for a blank.
+// What the report leaves, besides the set file, and what is told. "_" stands for a blank.
 TEST(Print, endsAsEachRunShould) {
-  struct Row {
-    const char* options;
-    const char* report;
-    const char* error;
-    const char* left;
-    unsigned long fileSizeLimit = 0;
-  };
   const char* bad = "A\r\n<barcode value=12345678901 br_type=UPCE right=50 bottom=9/>\r\n";
-  const Row rows[] = {
-      {"-dynamic -g", "A", "", "r.b(print).pdf r.b.txt r.b_1.jpeg "},
-      {"-g -p MICROSOFT_print_to_PDF", "A", "", "r.b(print).pdf r.b.txt r.b_1.jpeg "},
-      {"-g -dd", "A", "", "r.b(print).pdf "},
-      {"-g -dd -p nobody", "A", "nobody", ""},
-      {"-g -p ../a_b/\"#", "A", "../a b/", "r.b.txt r.b_1.jpeg "},
-      {"-g -dd", "", "r.b.txt: the report has no pages", "r.b.txt r.b_1.jpeg "},
-      {"-g -dd", bad, "r.b.txt: page 1: barcode \"12345678901\": ", "r.b(print).pdf "},
+  // The options, the report, the message, what is left, and a limit for the sizes of files.
+  const std::tuple<std::string, const char*, std::string, std::string, unsigned long> rows[] = {
+      {"-dynamic -g", "A", "", "r.b(print).pdf r.b.txt r.b_1.jpeg ", 0},
+      {"-g -p MICROSOFT_print_to_PDF", "A", "", "r.b(print).pdf r.b.txt r.b_1.jpeg ", 0},
+      {"-g -dd", "A", "", "r.b(print).pdf ", 0},
+      {"-g -dd -p nobody", "A", "nobody", "", 0},
+      {"-g -p ../a_b/\"#", "A", "../a b/", "r.b.txt r.b_1.jpeg ", 0},
+      {"-g -dd", "", "r.b.txt: the report has no pages", "r.b.txt r.b_1.jpeg ", 0},
+      {"-g -dd", bad, "r.b.txt: page 1: barcode \"12345678901\": ", "r.b(print).pdf ", 0},
       {"-g -dd", "A", "r.b(print).pdf", "r.b.txt r.b_1.jpeg ", 2048},
-      {"-g -dd -i QorUtlView.vset#S", "A", "many", "r.b.txt r.b_1.jpeg "},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.options);
+      {"-g -dd -i QorUtlView.vset#S", "A", "many", "r.b.txt r.b_1.jpeg ", 0}};
+  for (const auto& [options, report, error, left, limit] : rows) {
+    SCOPED_TRACE(options);
     const TemporaryDirectory place;
-    place.write("r.b.txt", row.report);
+    place.write("r.b.txt", report);
     place.write("r.b_1.jpeg", "side");
     place.write("r_mail.tmp", "r_mail.tmp\r\n");
     place.write("QorUtlView.vset", setWith("S", "Print NumOfCopies=many"));
-    auto arguments = wordsOf(std::string("-f r.b.txt ") + row.options);
-    for (auto& option : arguments) std::replace(option.begin(), option.end(), '_', ' ');
-    const Outcome outcome = runViewer(arguments, {place.path(), {}, row.fileSizeLimit});
-    EXPECT_EQ(outcome.exitCode, row.error == std::string("many") ? 254 : 0);
-    EXPECT_EQ(outcome.signal, 0);
-    EXPECT_EQ(outcome.output, "");
-    EXPECT_NE(outcome.errors.find(row.error), std::string::npos) << outcome.errors;
-    EXPECT_EQ(linesOf(outcome.errors).size(), *row.error != '\0' ? 1U : 0U);
-    std::string left;
-    for (const std::string& name : place.names()) left += name + " ";
-    EXPECT_EQ(left, "QorUtlView.vset " + std::string(row.left) + "r_mail.tmp ");
+    auto arguments = wordsOf("-f r.b.txt " + options);
+    for (auto& option : arguments) std::ranges::replace(option, '_', ' ');
+    expectTold(runViewer(arguments, {place.path(), {}, limit}), error, error == "many" ? 254 : 0);
+    EXPECT_EQ(place.names(), wordsOf("QorUtlView.vset " + left + "r_mail.tmp"));
   }
 }
 
 TEST(Print, keepsTextTitleAndPages) {
   const TemporaryDirectory place;
-  const Outcome none = runViewer({"-g", "-dd"}, in(place));
-  EXPECT_EQ(none.exitCode, 255);
-  EXPECT_EQ(none.errors, "File for print not selected.\n");
+  expectTold(runViewer({"-g", "-dd"}, in(place)), "File for print not selected.", 255);
   // Two of the letters are none that a text may hold.
   place.write("cp1253.ini", "128-0xFFFF\r\n129-0xD800\r\n130-0x416\r\n");
   place.write("r.txt", "\x82\x80\x81 world\r\n\fzweite\r\n\f\fvierte Seite");
-  EXPECT_EQ(runViewer({"-g", "-f", "r.txt", "-codepage", "1253"},
-                      {place.path(), {{"QOR_ANSI_CODEPAGE", "1251"}}, 0})
-                .errors,
-            "");
+  expectTold(runViewer({"-g", "-f", "r.txt", "-codepage", "1253"},
+                       {place.path(), {{"QOR_ANSI_CODEPAGE", "1251"}}, 0}),
+             "");
   const PdfDocument document = readPdf(place.path("r(print).pdf"));
   EXPECT_EQ(document.pages, 4);
   EXPECT_EQ(document.title, "QorUtlView, Документ");
@@ -101,94 +84,79 @@ TEST(Print, keepsTextTitleAndPages) {
 
 // The sheet of a picture is the same.
 TEST(Print, followsTheSettingsSet) {
-  struct Row {
-    std::string values;  // of the section of the page, or of another
-    double width;        // mm
-    double height;
-    double x = 2 * 10 * 0.6001 * 25.4 / 72;  // of "B", behind two cells of the font
-    double y = 0;
-  };
-  const Row rows[] = {
-      {"", 210, 297},
-      {"Page PaperSize=1|Page Orientation=2", 279.4, 215.9},
-      {"Page MarginLeft=20|Page MarginTop=30", 210, 297, 20 + rows[0].x, 30},
-      {"Font Height=20|Font Name=Courier New", 210, 297, 2 * rows[0].x},
-      {"Page PaperSize=0|Page PaperWidth=100,5|Page PaperHeight=50", 100.5, 50},
-      {"Page PaperSize=0|Page PaperWidth=200|Page PaperHeight=80|Page Orientation=2", 200, 80},
-      {"Page PaperSize=0|Page PaperWidth=80|Page PaperHeight=200|Page Orientation=2", 80, 200},
-      {"Page PaperSize=256|Page PaperWidth=100", 100, 297},
-      {"Page PaperSize=117", 210, 297},
-      {"Page PaperWidth=297|Page PaperHeight=210|Page Orientation=7", 297, 210},
-      {"Page PaperWidth=297|Page PaperHeight=210", 210, 297},
-      {"Page Orientation=0", 210, 297},
-      {"Page PaperSize=8", 297, 420},
-      {"Page PaperSize=4|Page PaperWidth=432|Page PaperHeight=279", 432, 279},
-      {"Page PaperSize=4|Page PaperWidth=432|Page PaperHeight=279|Page Orientation=2", 279, 432},
-      {"Page PaperSize=4711|Page PaperWidth=123|Page PaperHeight=45", 123, 45},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.values);
+  constexpr double kCells = 2 * 10 * 0.6001 * 25.4 / 72;  // before "B", in mm
+  // The values, the sheet, and the place of "B", in mm.
+  const std::tuple<std::string, double, double, double, double> rows[] = {
+      {"", 210, 297, kCells, 0},
+      {"Page PaperSize=1|Page Orientation=2", 279.4, 215.9, kCells, 0},
+      {"Page MarginLeft=20|Page MarginTop=30", 210, 297, 20 + kCells, 30},
+      {"Font Height=20|Font Name=Courier New", 210, 297, 2 * kCells, 0},
+      {"Page PaperSize=0|Page PaperWidth=100,5|Page PaperHeight=50", 100.5, 50, kCells, 0},
+      {"Page PaperSize=0|Page PaperWidth=200|Page PaperHeight=80|Page Orientation=2", 200, 80,
+       kCells, 0},
+      {"Page PaperSize=0|Page PaperWidth=80|Page PaperHeight=200|Page Orientation=2", 80, 200,
+       kCells, 0},
+      {"Page PaperSize=256|Page PaperWidth=100", 100, 297, kCells, 0},
+      {"Page PaperSize=117", 210, 297, kCells, 0},
+      {"Page PaperWidth=297|Page PaperHeight=210|Page Orientation=7", 297, 210, kCells, 0},
+      {"Page PaperWidth=297|Page PaperHeight=210", 210, 297, kCells, 0},
+      {"Page Orientation=0", 210, 297, kCells, 0},
+      {"Page PaperSize=8", 297, 420, kCells, 0},
+      {"Page PaperSize=4|Page PaperWidth=432|Page PaperHeight=279", 432, 279, kCells, 0},
+      {"Page PaperSize=4|Page PaperWidth=432|Page PaperHeight=279|Page Orientation=2", 279, 432,
+       kCells, 0},
+      {"Page PaperSize=4711|Page PaperWidth=123|Page PaperHeight=45", 123, 45, kCells, 0}};
+  for (const auto& [values, width, height, x, y] : rows) {
+    SCOPED_TRACE(values);
     const TemporaryDirectory place;
     place.write("r.txt", "A B\r\n");
-    place.write("s.vset", setWith("Name", row.values));
-    for (const std::string way : {"-g", "-export o.png"}) {
-      EXPECT_EQ(runViewer(wordsOf("-f r.txt -i s.vset#Name " + way), in(place)).errors, "");
-    }
+    place.write("s.vset", setWith("Name", values));
+    for (const std::string way : {"-g", "-export o.png"})
+      expectTold(runViewer(wordsOf("-f r.txt -i s.vset#Name " + way), in(place)), "");
     const auto picture = decodePicture(place.read("o.png")).value();
-    EXPECT_NEAR(picture.width * 25.4 / 96, row.width, 0.5);
-    EXPECT_NEAR(picture.height * 25.4 / 96, row.height, 0.5);
+    EXPECT_NEAR(picture.width * 25.4 / 96, width, 0.5);
+    EXPECT_NEAR(picture.height * 25.4 / 96, height, 0.5);
     const PdfDocument document = readPdf(place.path("r(print).pdf"));
-    EXPECT_NEAR(document.width, row.width, 0.5);
-    EXPECT_NEAR(document.height, row.height, 0.5);
+    EXPECT_NEAR(document.width, width, 0.5);
+    EXPECT_NEAR(document.height, height, 0.5);
     const PdfWord word = document.word("B");
     EXPECT_EQ(word.page, 1);
-    EXPECT_NEAR(word.x, row.x, kMillimetre);
-    EXPECT_NEAR(word.y, row.y, 1);  // the reader's boxes start at its own idea of an ascent
+    EXPECT_NEAR(word.x, x, kMillimetre);
+    EXPECT_NEAR(word.y, y, 1);  // the reader's boxes start at its own idea of an ascent
   }
 }
 
 // The command line's, a set's, or a memory of earlier runs. Byte 0xE0 is "а" in 1251, "р" in 866,
 // "à" in 1254 and 28591, "ŕ" in 1250; byte 0xE4 "ה" in 1255.
 TEST(Print, readsItsReportInACodePage) {
-  struct Row {
-    const char* options;
-    const char* remembered;  // by the default set
-    const char* letter;
-  };
-  const Row rows[] = {
-      {"", "", "а"},
-      {"-codepage 866", "", "р"},
-      {"", "866", "р"},
-      {"-codepage 1254", "866", "à"},
-      {"-codepage x", "866", "р"},
-      {"-codepage 1254 -i s.vset#S", "866", "ŕ"},
-      {"-codepage 1254 -i s.vset#none", "866", "à"},
-      {"-codepage 28591", "", "à"},
-      {"-codepage 1255", "", "א"},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.options);
+  // The options, what the default set remembers, and the letter.
+  const std::array<std::string, 3> rows[] = {{"", "", "а"},
+                                             {"-codepage 866", "", "р"},
+                                             {"", "866", "р"},
+                                             {"-codepage 1254", "866", "à"},
+                                             {"-codepage x", "866", "р"},
+                                             {"-codepage 1254 -i s.vset#S", "866", "ŕ"},
+                                             {"-codepage 1254 -i s.vset#none", "866", "à"},
+                                             {"-codepage 28591", "", "à"},
+                                             {"-codepage 1255", "", "א"}};
+  for (const auto& [options, remembered, letter] : rows) {
+    SCOPED_TRACE(options);
     const TemporaryDirectory place;
     place.write("r.txt", "x\xE0x\r\n");
     place.write("s.vset", setWith("S", "Page BaseCodePage=1250"));
-    if (*row.remembered != '\0') {
-      const std::string page = std::string("Page BaseCodePage=") + row.remembered;
-      place.write("QorUtlView.vset", setWith("Default", page));
-    }
-    EXPECT_EQ(runViewer(wordsOf(std::string("-g -f r.txt ") + row.options),
-                        {place.path(), {{"QOR_ANSI_CODEPAGE", "1251"}}, 0})
-                  .errors,
-              "");
-    const PdfDocument document = readPdf(place.path("r(print).pdf"));
-    EXPECT_EQ(document.words.at(0).text, "x" + std::string(row.letter) + "x");
+    if (!remembered.empty())
+      place.write("QorUtlView.vset", setWith("Default", "Page BaseCodePage=" + remembered));
+    expectTold(runViewer(wordsOf("-g -f r.txt " + options),
+                         {place.path(), {{"QOR_ANSI_CODEPAGE", "1251"}}, 0}),
+               "");
+    EXPECT_EQ(readPdf(place.path("r(print).pdf")).words.at(0).text, "x" + letter + "x");
   }
   // What nobody knows is not remembered: it would fail each later run, too.
   const TemporaryDirectory place;
   place.write("r.txt", "x\r\n");
-  const Outcome failed = runViewer({"-g", "-dd", "-f", "r.txt", "-codepage", "99999"}, in(place));
-  EXPECT_EQ(failed.exitCode, 254);
-  EXPECT_TRUE(failed.errors.starts_with(place.path("r.txt") + ": code page 99999: "));
-  EXPECT_EQ(runViewer({"-g", "-f", "r.txt"}, in(place)).errors, "");
+  expectTold(runViewer({"-g", "-dd", "-f", "r.txt", "-codepage", "99999"}, in(place)),
+             place.path("r.txt") + ": code page 99999: ", 254);
+  expectTold(runViewer({"-g", "-f", "r.txt"}, in(place)), "");
   EXPECT_TRUE(place.has("r(print).pdf"));
 }
 
@@ -197,7 +165,7 @@ TEST(Print, startsEachPageWithItsOwnPenAndBrush) {
   place.write("r.txt",
               "<shape sh_type=2 bt=1 bc=Red right=9 bottom=9/>\r\n\f"
               "<img imgn=3 left=20 top=20 right=60 bottom=40/>\r\n");
-  EXPECT_EQ(runViewer({"-g", "-f", "r.txt"}, in(place)).errors, "");
+  expectTold(runViewer({"-g", "-f", "r.txt"}, in(place)), "");
   const Picture page = renderPdf(place.path("r(print).pdf"), 2);
   EXPECT_EQ(dotAt(page, static_cast<int>(dotOf(22)), static_cast<int>(dotOf(22))), 0xFFFFFFU);
 }

@@ -15,12 +15,6 @@ namespace {
 
 const std::string kBox = " left=20 top=30 right=120 bottom=70 value_show=1";
 
-std::string drawn(VDocPage& page) {
-  RecordingCanvas canvas;
-  DrawPage(page, canvas);
-  return canvas.record();
-}
-
 // Two of what stands before decides, and one of what stands behind must not.
 TEST(BarcodeItems, AreDrawnAlikeHoweverOften) {
   const std::string interleave = "<barcode br_type=InterLeave value=zz" + kBox + "/>";
@@ -52,16 +46,10 @@ TEST(BarcodeItems, WithoutAnEncoderShowTheSymbolBeforeThem) {
   EXPECT_EQ(drawn(report.page(3)), "");
 }
 
-struct Extent {
-  const char* what;
-  std::string keys;
-  int width;  // of the picture, dots of 15 twips
-  int height;
-};
-
 // Lengths in twips: left=60 is 3401, top=20 1133, bottom=50 2834.
 const std::string kEan = "value=590123412345 top=20 bottom=50 left=60 ";
-const std::vector<Extent> kExtents = {
+// The keys, and the size of the picture in dots of 15 twips.
+const std::tuple<const char*, std::string, int, int> kExtents[] = {
     {"its box", kEan + "right=110", 189, 113},
     // 3401 / 113 gives modules of 30 to the left: 3390 twips.
     {"fitted, no right", kEan, 226, 113},
@@ -74,23 +62,20 @@ const std::vector<Extent> kExtents = {
      "value=590123412345 left=60 top=60 right=90 orient=1 manual_width=1 line_width=30", 113, 226},
     // Wider than the sheet, and whole: 113 modules of 120 twips.
     {"longer than the sheet", kEan + "left=1 manual_width=1 line_width=120", 904, 113},
-    {"modules of no width", kEan + "right=61", 3, 113},
-};
+    {"modules of no width", kEan + "right=61", 3, 113}};
 
 TEST(BarcodeItems, HavePicturesAsLargeAsWhatTheyCover) {
-  for (const Extent& row : kExtents) {
-    SCOPED_TRACE(row.what);
-    TestReport report("<barcode " + row.keys + "/>");
+  for (const auto& [what, keys, width, height] : kExtents) {
+    SCOPED_TRACE(what);
+    TestReport report("<barcode " + keys + "/>");
     drawn(report.page());
     std::string file;
     for (const auto& entry : std::filesystem::directory_iterator(report.path("")))
       if (entry.path().extension() == ".jpeg") file = entry.path().string();
     const auto picture = decodePicture(readFile(file));
     ASSERT_TRUE(picture);
-    EXPECT_EQ(picture->width, row.width);
-    EXPECT_EQ(picture->height, row.height);
-    const std::string read = run({"zbarimg", "-q", file}).output;
-    EXPECT_EQ(read, row.width == 3 ? "" : "EAN-13:5901234123457\n");
+    EXPECT_EQ(std::pair(picture->width, picture->height), std::pair(width, height));
+    EXPECT_EQ(run({"zbarimg", "-q", file}).output, width == 3 ? "" : "EAN-13:5901234123457\n");
   }
 }
 
@@ -106,8 +91,7 @@ const std::pair<std::string, std::string> kUnshown[] = {
     {"value=" + std::string(4000, 'q') + " br_type=KAREKOD right=50",
      "\"" + std::string(80, 'q') + "...\": no symbol can be made of it"},
     {"br_type=39 value=G left=0 right=30000", "\"G\": a picture can't have 113385 by 37 dots"},
-    {"br_type=39 value=OK right=50", ""},
-};
+    {"br_type=39 value=OK right=50", ""}};
 
 TEST(BarcodeItems, AreToldWhereAnExportCantShowThem) {
   const TemporaryDirectory place;
@@ -119,9 +103,7 @@ TEST(BarcodeItems, AreToldWhereAnExportCantShowThem) {
   }
   place.write("r.txt", report + "behind\r\n");
   for (const char* target : {"o.html", "o.pdf"}) {
-    const Outcome outcome = runViewer({"-f", "r.txt", "-export", target}, {place.path(), {}, 0});
-    EXPECT_EQ(outcome.exitCode, 0);
-    EXPECT_EQ(outcome.errors, errors);
+    EXPECT_EQ(runViewer({"-f", "r.txt", "-export", target}, in(place)).told(), "0:" + errors);
   }
   const std::string html = place.read("o.html");
   EXPECT_NE(html.find("r_barcode_OK_0_0.jpeg\" width=\"188\""), std::string::npos) << html;
@@ -142,9 +124,9 @@ TEST(BarcodeItems, HavePicturesWithNamesThatFit) {
                     "<barcode br_type=39 value=" + letters + "Q top=10 right=150 bottom=20/>" +
                     "<shape sh_type=5 left=10 top=10 right=20 bottom=20/>\r\n");
     for (const auto& [option, files] : {std::pair{"-test", 9U}, {"-dd", 1U}}) {
-      const Outcome outcome = runViewer(
-          {"-f", stem + ".t", "-codepage", "1251", "-export", "o.png", option}, in(place));
-      EXPECT_EQ(outcome.errors, "");
+      const std::vector<std::string> line = {"-f",      stem + ".t", "-codepage", "1251",
+                                             "-export", "o.png",     option};
+      expectTold(runViewer(line, in(place)), "");
       EXPECT_EQ(place.names().size(), files) << stem.size();
     }
   }

@@ -5,7 +5,6 @@
 #include "barcode/symbol_drawing.h"
 #include "barcode/symbol_layout.h"
 #include "platform/pictures/picture.h"
-#include "render/page_walk.h"
 #include "support/program.h"
 #include "support/recording_canvas.h"
 #include "support/report_reader.h"
@@ -23,8 +22,7 @@ const std::pair<std::string, std::string> kSymbols[] = {
     {"br_type=ITF value=1540014128876", "I2/5:15400141288763"},
     {"br_type=128 value=\"PJJ 123-C\"", "CODE-128:PJJ 123-C"},
     {"br_type=KAREKOD value=\"HTTP://QOR/1 a\"", "QR-Code:HTTP://QOR/1 a"},
-    {"br_type=KAREKOD value=\"\xCA\xEE\xE4\"", "QR-Code:Код"},
-};
+    {"br_type=KAREKOD value=\"\xCA\xEE\xE4\"", "QR-Code:Код"}};
 
 // A box of 100 by 40 mm, or 40 by 100, where the symbol stands upright.
 std::string item(const std::string& symbol, int orientation, const std::string& more = "") {
@@ -55,13 +53,6 @@ TEST(Symbols, AreReadBackInEveryOrientation) {
   }
 }
 
-std::string drawn(const std::string& bytes) {
-  TestReport report(bytes);
-  RecordingCanvas canvas;
-  DrawPage(report.page(), canvas);
-  return canvas.record();
-}
-
 std::size_t count(const std::string& text, const std::string& part) {
   std::size_t found = 0;
   for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++found;
@@ -81,8 +72,7 @@ TEST(Symbols, AreLaidOutByTheirKeys) {
       {"value_show=1 value_font=1 font_height=4", "16 16 1000,2000 774 226"},
       {"orient=1 value_show=1 value_pos=0", "8 -8 1066,3000 1834 66"},
       {"orient=2 manual_height=1 margin_top=30", "16 -16 2900,2970 -970 0"},
-      {"orient=3", "8 8 2900,2000 -1900 0"},
-  };
+      {"orient=3", "8 8 2900,2000 -1900 0"}};
   for (const auto& [keys, expected] : rows) {
     TestReport report("<barcode " + std::string(keys) + " value=590123412345/>");
     auto& code = dynamic_cast<VData_BarCode&>(*report.page().FirstLine->FirstItem);
@@ -119,8 +109,7 @@ TEST(Symbols, LabelsStandUnderTheirBars) {
       {"br_type=39 value=A orient=1", "1743,694 \"A\" Arial 166x283 weight 400 turned 900"},
       {"br_type=39 value=A orient=2", "1025,273 \"A\" Arial 291x283 weight 400 turned 1800"},
       {"br_type=39 value=A orient=3", "156,438 \"A\" Arial 166x283 weight 400 turned 2700"},
-      {"br_type=128 value=AB fb=1", "275,937 \"AB\" Arial 208x-662 weight 700"},
-  };
+      {"br_type=128 value=AB fb=1", "275,937 \"AB\" Arial 208x-662 weight 700"}};
   for (const auto& [keys, label] : rows) {
     const std::string record = drawn("<barcode " + place + keys + "/>");
     EXPECT_NE(record.find("text " + std::string(label) + " color ff\n"), std::string::npos)

@@ -13,11 +13,8 @@ namespace {
 constexpr char32_t kNone = U'\xFFFD';
 
 TEST(CodePages, BuiltInOnesAreThePublishedOnesButForAFew) {
-  struct Row {
-    int codePage;
-    std::map<int, char32_t> others;  // besides bytes without a letter, which are "?"
-  };
-  const Row rows[] = {
+  // What differs, besides bytes without a letter, which are "?".
+  const std::pair<int, std::map<int, char32_t>> rows[] = {
       {866, {}},
       {1251, {}},
       {1254, {}},
@@ -43,8 +40,7 @@ TEST(CodePages, AreToldApart) {
   const std::tuple<int, const char*, const char*> rows[] = {
       {1252, "\xD0\xDD\xE9", "ÐÝé"}, {1253, "\xC1\xE2", "Αβ"},       {28595, "\xB6\xD0\xF0", "Жа№"},
       {28599, "\xD0\xDD", "Ğİ"},     {20866, "\xA4\xC1\xF7", "╓аВ"}, {21866, "\xA4\xC1\xF7", "єаВ"},
-      {10000, "\x80\x8A", "Ää"},     {437, "\x9B\xE0", "¢α"},
-  };
+      {10000, "\x80\x8A", "Ää"},     {437, "\x9B\xE0", "¢α"}};
   for (const auto& [codePage, bytes, text] : rows) {
     EXPECT_EQ(utf8FromCodePage(bytes, codePage), text) << codePage;
     EXPECT_EQ(codePageFromUtf8(text, codePage, Substitute::questionMark), bytes);
@@ -62,9 +58,7 @@ TEST(CodePages, ComeFromFilesOf128Lines) {
   lines.replace(lines.rfind(" 233"), 4, "0x0411");
   place.write("cp708.ini", lines);
   place.write("r.txt", "\x80\x81\xFE\xFF");
-  const Outcome outcome = runViewer({"-f", "r.txt", "-codepage", "708", "-export", "r.pdf"},
-                                    {.directory = place.path()});
-  EXPECT_EQ(outcome.errors, "");
+  expectTold(runViewer({"-f", "r.txt", "-codepage", "708", "-export", "r.pdf"}, in(place)), "");
   EXPECT_EQ(run({"pdftotext", place.path("r.pdf"), "-"}).output, "ЖéЖБ\n\n\f");
 }
 

@@ -30,38 +30,37 @@ void expectItems(const std::vector<Row>& rows) {
 }
 
 TEST(CommandLanguage, StyleTagsChangeTheTextBehindThem) {
-  expectItems({
-      {"closing", "<b>x<b/>y", "\"x\" weight=700|\"y\""},
-      {"closing takes inner tags with it", "<b><i>x<b/>y", "\"x\" weight=700 italic=1|\"y\""},
-      {"nothing open", "<i/>a", "\"a\""},
-      {"not a tag", "</b>a", "\"</b>a\""},
-      {"no end", "a<b c", "\"a<b c\""},
-      {"capitals", "<B>a", "\"<B>a\""},
-      {"headings", "<h1>a<h2>b<h3>c<h4>d<h5>e<h6>f<h2/>g",
-       "\"a\" height=24|\"b\" height=18|\"c\" height=15|\"d\" height=12|\"e\" height=8|\"f\" "
-       "height=6|\"g\" height=24"},
-      {"one tag in itself", "<h1>a<h2>b<h1>c<h1/>d<h1/>e<h1/>f",
-       "\"a\" height=24|\"b\" height=18|\"c\" height=24|\"d\" height=18|\"e\"|\"f\""},
-      {"twice as wide, twice", "<w1>a<w1>b<w1/>c<w1/>d",
-       "\"a\" factor=2|\"b\" factor=4|\"c\" factor=2|\"d\""},
-      {"underline and strike-out", "<u><s>a", "\"a\" underline=1 strikeout=1"},
-      {"font", "<font fn=\"Arial\" height=14>x<font/>y", "\"x\" face=Arial height=14|\"y\""},
-      {"font without a pop", "<font height=14/>x<font/>y", "\"x\" height=14|\"y\" height=14"},
-      {"attributes in another tag", "<b fi=1/>x", "\"x\" italic=1"},
-      {"opening form of another tag is dropped", "<b x=\"1\">x", "\"x\""},
-      {"font closed from outside", "<h1>a<font fn=\"Arial\">b<h1/>c",
-       "\"a\" height=24|\"b\" face=Arial height=24|\"c\""},
-      {"line of an opening tag", "<font fn=\"Arial\">", "\"\""},
-      {"line of a plain tag", "<b>", ""},
-      {"empty line", "\r\n", "\"\""},
-      {"place of a style is ignored", "<font left=5 tc=\"q\" fi=1/>a", "\"a\" italic=1"},
-      {"page", "<page w=100/>a", "\"a\""},
-      {"image without a blank", "<img/>", "\"<img/>\""},
-      {"no end that belongs to it", "<text tc=\"a>b\"/>c", "\"<text tc=\"a>b\"/>c\""},
-      {"face of 40 letters", "<font fn=\"" + std::string(40, 'f') + "\"/>a",
-       "\"a\" face=" + std::string(31, 'f') + ""},
-      {"text of 5000 bytes", std::string(5000, 'x'), "\"" + std::string(5000, 'x') + "\""},
-  });
+  expectItems(
+      {{"closing", "<b>x<b/>y", "\"x\" weight=700|\"y\""},
+       {"closing takes inner tags with it", "<b><i>x<b/>y", "\"x\" weight=700 italic=1|\"y\""},
+       {"nothing open", "<i/>a", "\"a\""},
+       {"not a tag", "</b>a", "\"</b>a\""},
+       {"no end", "a<b c", "\"a<b c\""},
+       {"capitals", "<B>a", "\"<B>a\""},
+       {"headings", "<h1>a<h2>b<h3>c<h4>d<h5>e<h6>f<h2/>g",
+        "\"a\" height=24|\"b\" height=18|\"c\" height=15|\"d\" height=12|\"e\" height=8|\"f\" "
+        "height=6|\"g\" height=24"},
+       {"one tag in itself", "<h1>a<h2>b<h1>c<h1/>d<h1/>e<h1/>f",
+        "\"a\" height=24|\"b\" height=18|\"c\" height=24|\"d\" height=18|\"e\"|\"f\""},
+       {"twice as wide, twice", "<w1>a<w1>b<w1/>c<w1/>d",
+        "\"a\" factor=2|\"b\" factor=4|\"c\" factor=2|\"d\""},
+       {"underline and strike-out", "<u><s>a", "\"a\" underline=1 strikeout=1"},
+       {"font", "<font fn=\"Arial\" height=14>x<font/>y", "\"x\" face=Arial height=14|\"y\""},
+       {"font without a pop", "<font height=14/>x<font/>y", "\"x\" height=14|\"y\" height=14"},
+       {"attributes in another tag", "<b fi=1/>x", "\"x\" italic=1"},
+       {"opening form of another tag is dropped", "<b x=\"1\">x", "\"x\""},
+       {"font closed from outside", "<h1>a<font fn=\"Arial\">b<h1/>c",
+        "\"a\" height=24|\"b\" face=Arial height=24|\"c\""},
+       {"line of an opening tag", "<font fn=\"Arial\">", "\"\""},
+       {"line of a plain tag", "<b>", ""},
+       {"empty line", "\r\n", "\"\""},
+       {"place of a style is ignored", "<font left=5 tc=\"q\" fi=1/>a", "\"a\" italic=1"},
+       {"page", "<page w=100/>a", "\"a\""},
+       {"image without a blank", "<img/>", "\"<img/>\""},
+       {"no end that belongs to it", "<text tc=\"a>b\"/>c", "\"<text tc=\"a>b\"/>c\""},
+       {"face of 40 letters", "<font fn=\"" + std::string(40, 'f') + "\"/>a",
+        "\"a\" face=" + std::string(31, 'f') + ""},
+       {"text of 5000 bytes", std::string(5000, 'x'), "\"" + std::string(5000, 'x') + "\""}});
 }
 
 TEST(CommandLanguage, StylesGoOnInTheNextLineAndPage) {
@@ -73,40 +72,39 @@ TEST(CommandLanguage, StylesGoOnInTheNextLineAndPage) {
 }
 
 TEST(CommandLanguage, TextItemsTakeTheirKeys) {
-  expectItems({
-      {"place", "<text left=10 top=20.5 tc=\"a b\"/>", "\"a b\" at 566,1162"},
-      {"comma, two decimals", "<text left=10,25 tc=x top=1.50/>", "\"x\" at 581,85"},
-      {"three decimals", "<text left=1.234/>", "\"\" at 69959,0"},
-      {"quoted fraction is lost", "<text left=\"10.5\" tc=q/>", "\"q\""},
-      {"quoted whole number", "<text left=\"10\" top=\"-3\" tc=q/>", "\"q\" at 566,-170"},
-      {"box", "<text left=10 top=10 right=50 bottom=20 alignH=1 alignV=2 tc=\"m\"/>",
-       "\"m\" at 566,566 to 2834,1133 align 12"},
-      {"whole points only", "<text height=12.5 fb=1 tc=a/>", "\"a\" weight=700"},
-      {"weights", "<text fp=250 tc=a/><text fb=2 tc=b/>", "\"a\" weight=250|\"b\""},
-      {"styles", "<text fi=1 fu=1 fso=1 vs=2 hs=3 width=7 tc=a/>",
-       "\"a\" width=7 italic=1 underline=1 strikeout=1 hs=3 vs=2"},
-      {"rotation", "<text o=1 tc=a/><text o=5 tc=b/><text od=455 tc=c/>",
-       "\"a\" turned=900|\"b\" turned=900|\"c\" turned=455"},
-      {"number in hexadecimal", "<text height=$10 tc=a/><text height=0x0C tc=b/>",
-       "\"a\" height=16|\"b\" height=12"},
-      {"number out of range", "<text height=99999999999 tc=a/>", "\"a\""},
-      {"quotes inside", "<text tc=\"say \"hi\" now\" left=1 top=1/>",
-       "\"say \"hi\" now\" at 56,56"},
-      {"quotes inside at the end", "<text left=1 tc=\"say \"hi\" now\"/>", "\"say \" at 56,0"},
-      {"equals sign cuts", "<text tc=\"Total: x=5\" left=1 top=1/>", "\"Total\" at 56,56"},
-      {"bare words", "<text memo \"x y\" tc=a b c fi=1/>", "\"a\" italic=1"},
-      {"empty value", "<text fn=\"\" tc=a/>", "\"a\""},
-      {"own font does not leak", "<text fi=1 tc=a/>b", "\"a\" italic=1|\"b\""},
-      {"key must be whole", "<text fc16x=4 fc=Red tc=a/>", "\"a\" color=ff"},
-      // Behind a value 1024 characters are kept.
-      {"tail behind a value", "<text tc=a" + std::string(1020, ' ') + "fi=1/>", "\"a\" italic=1"},
-      {"cut behind a value", "<text tc=a" + std::string(1021, ' ') + "fi=1/>", "\"a\""},
-      {"tail behind quotes", "<text fn=\"\"" + std::string(1020, ' ') + "tc=b/>", "\"b\""},
-      {"cut behind quotes", "<text fn=\"\"" + std::string(1021, ' ') + "tc=b/>", "\"\""},
-      {"tail behind a text", "<text tc=\"a\" x=1" + std::string(1017, ' ') + "fi=1/>",
-       "\"a\" italic=1"},
-      {"cut behind a text", "<text tc=\"a\" x=1" + std::string(1018, ' ') + "fi=1/>", "\"a\""},
-  });
+  expectItems(
+      {{"place", "<text left=10 top=20.5 tc=\"a b\"/>", "\"a b\" at 566,1162"},
+       {"comma, two decimals", "<text left=10,25 tc=x top=1.50/>", "\"x\" at 581,85"},
+       {"three decimals", "<text left=1.234/>", "\"\" at 69959,0"},
+       {"quoted fraction is lost", "<text left=\"10.5\" tc=q/>", "\"q\""},
+       {"quoted whole number", "<text left=\"10\" top=\"-3\" tc=q/>", "\"q\" at 566,-170"},
+       {"box", "<text left=10 top=10 right=50 bottom=20 alignH=1 alignV=2 tc=\"m\"/>",
+        "\"m\" at 566,566 to 2834,1133 align 12"},
+       {"whole points only", "<text height=12.5 fb=1 tc=a/>", "\"a\" weight=700"},
+       {"weights", "<text fp=250 tc=a/><text fb=2 tc=b/>", "\"a\" weight=250|\"b\""},
+       {"styles", "<text fi=1 fu=1 fso=1 vs=2 hs=3 width=7 tc=a/>",
+        "\"a\" width=7 italic=1 underline=1 strikeout=1 hs=3 vs=2"},
+       {"rotation", "<text o=1 tc=a/><text o=5 tc=b/><text od=455 tc=c/>",
+        "\"a\" turned=900|\"b\" turned=900|\"c\" turned=455"},
+       {"number in hexadecimal", "<text height=$10 tc=a/><text height=0x0C tc=b/>",
+        "\"a\" height=16|\"b\" height=12"},
+       {"number out of range", "<text height=99999999999 tc=a/>", "\"a\""},
+       {"quotes inside", "<text tc=\"say \"hi\" now\" left=1 top=1/>",
+        "\"say \"hi\" now\" at 56,56"},
+       {"quotes inside at the end", "<text left=1 tc=\"say \"hi\" now\"/>", "\"say \" at 56,0"},
+       {"equals sign cuts", "<text tc=\"Total: x=5\" left=1 top=1/>", "\"Total\" at 56,56"},
+       {"bare words", "<text memo \"x y\" tc=a b c fi=1/>", "\"a\" italic=1"},
+       {"empty value", "<text fn=\"\" tc=a/>", "\"a\""},
+       {"own font does not leak", "<text fi=1 tc=a/>b", "\"a\" italic=1|\"b\""},
+       {"key must be whole", "<text fc16x=4 fc=Red tc=a/>", "\"a\" color=ff"},
+       // Behind a value 1024 characters are kept.
+       {"tail behind a value", "<text tc=a" + std::string(1020, ' ') + "fi=1/>", "\"a\" italic=1"},
+       {"cut behind a value", "<text tc=a" + std::string(1021, ' ') + "fi=1/>", "\"a\""},
+       {"tail behind quotes", "<text fn=\"\"" + std::string(1020, ' ') + "tc=b/>", "\"b\""},
+       {"cut behind quotes", "<text fn=\"\"" + std::string(1021, ' ') + "tc=b/>", "\"\""},
+       {"tail behind a text", "<text tc=\"a\" x=1" + std::string(1017, ' ') + "fi=1/>",
+        "\"a\" italic=1"},
+       {"cut behind a text", "<text tc=\"a\" x=1" + std::string(1018, ' ') + "fi=1/>", "\"a\""}});
 }
 
 TEST(CommandLanguage, OtherItemsTakeTheirKeys) {
@@ -184,15 +182,13 @@ TEST(CommandLanguage, ColoursReadInEveryForm) {
 }
 
 TEST(CommandLanguage, LinesEndAsOnALinePrinter) {
-  expectItems({
-      {"bare CR", "a\rb\r\nc", "\"a\"|line overprint feeds0|\"b\"|line|\"c\""},
-      {"LF alone is no end", "a\nb", "\"a\"|\"b\""},
-      {"tab is dropped", "a\tb", "\"ab\""},
-      {"end of file", "a\r\nb\x1A\r\nc", "\"a\"|line|\"b\""},
-      {"CR at the end", "a\r", "\"a\""},
-      {"memo spans lines", "<text memo tc=\"a\r\nb\r\nc\"/>\r\nd", "\"a|b|c\"|\"d\""},
-      {"zero byte is dropped", std::string("a\0b", 3), "\"a\"|\"b\""},
-  });
+  expectItems({{"bare CR", "a\rb\r\nc", "\"a\"|line overprint feeds0|\"b\"|line|\"c\""},
+               {"LF alone is no end", "a\nb", "\"a\"|\"b\""},
+               {"tab is dropped", "a\tb", "\"ab\""},
+               {"end of file", "a\r\nb\x1A\r\nc", "\"a\"|line|\"b\""},
+               {"CR at the end", "a\r", "\"a\""},
+               {"memo spans lines", "<text memo tc=\"a\r\nb\r\nc\"/>\r\nd", "\"a|b|c\"|\"d\""},
+               {"zero byte is dropped", std::string("a\0b", 3), "\"a\"|\"b\""}});
   EXPECT_EQ(TestReport("a\tb").dump(1, PageMode::sheets), "line\n  text \"a\"\n  text \"b\"\n");
 }
 

@@ -94,8 +94,7 @@ TEST(ControlSequences, AreSteppedOverWhereTheyChangeNothing) {
 
 TEST(ControlSequences, LeaveWhatIsNotTheirs) {
   const std::pair<std::string, std::string> rows[] = {
-      {"Qx", "Qx"}, {"&aLx", "Lx"}, {"&z5Dx", "z5Dx"}, {"(s5", ""}, {"&", ""}, {"", ""},
-  };
+      {"Qx", "Qx"}, {"&aLx", "Lx"}, {"&z5Dx", "z5Dx"}, {"(s5", ""}, {"&", ""}, {"", ""}};
   for (const auto& [sequence, expected] : rows) EXPECT_EQ(told(sequence), expected) << sequence;
   EXPECT_EQ(told("W1\r\n\017x"), "factor=2 \n\017x") << "takes one control byte";
 }

@@ -47,44 +47,38 @@ std::string letters(std::size_t count) {
 }
 
 TEST_F(PageIndexTest, findsThePages) {
-  expectPages({
-      {"", "open, 0"},
-      {kEof, "complete, 1"},
-      {"ABC", "0+3 open, 3"},
-      {"AB\f", "0+4 open, 3"},
-      {"A\fB\fC", "0+2 2+2 4+1 open, 5"},
-      {"\f\f\f", "0+1 1+1 2+2 open, 3"},
-      {"A\f\r\nB" + kEof, "0+3 4+2 complete, 6"},
-      {"A\f\rB", "0+2 open, 4"},
-      {"A\f\rBC", "0+2 4+1 open, 5"},
-      {"A\f" + kEof, "0+2 complete, 3"},
-      {"A\r\n" + kEof + "B", "0+3 complete, 5"},
-      {"\033EAB\fC", "2+3 5+1 open, 6"},
-  });
+  expectPages({{"", "open, 0"},
+               {kEof, "complete, 1"},
+               {"ABC", "0+3 open, 3"},
+               {"AB\f", "0+4 open, 3"},
+               {"A\fB\fC", "0+2 2+2 4+1 open, 5"},
+               {"\f\f\f", "0+1 1+1 2+2 open, 3"},
+               {"A\f\r\nB" + kEof, "0+3 4+2 complete, 6"},
+               {"A\f\rB", "0+2 open, 4"},
+               {"A\f\rBC", "0+2 4+1 open, 5"},
+               {"A\f" + kEof, "0+2 complete, 3"},
+               {"A\r\n" + kEof + "B", "0+3 complete, 5"},
+               {"\033EAB\fC", "2+3 5+1 open, 6"}});
   // Around the end of the first block.
-  expectPages({
-      {letters(32767) + "\f\r\nB", "0+32769 32768+3 open, 32771"},
-      {letters(32766) + "\f\r\nB", "0+32768 32769+1 open, 32770"},
-      {letters(32768) + kEof, "complete, 32769"},
-      {letters(32767) + kEof, "0+32768 complete, 32768"},
-      {letters(32769) + kEof, "0+32770 complete, 32770"},
-      {"\f" + letters(32768) + kEof, "0+1 complete, 32770"},
-      // Blocks start anew at each page, whatever the windows of the reader are.
-      {"A\f" + letters(32767) + "\f\r\nB", "0+2 2+32769 32770+3 open, 32773"},
-      {"A\f" + letters(32766) + "\f\r\nB", "0+2 2+32768 32771+1 open, 32772"},
-      {"A\f" + letters(32768) + kEof, "0+2 complete, 32771"},
-      {letters(262143) + "\f\r\nB", "0+262145 262144+3 open, 262147"},
-      {letters(262142) + "\f\r\nB", "0+262144 262145+1 open, 262146"},
-      {letters(300000) + "\fB" + kEof, "0+300001 300001+2 complete, 300003"},
-  });
+  expectPages({{letters(32767) + "\f\r\nB", "0+32769 32768+3 open, 32771"},
+               {letters(32766) + "\f\r\nB", "0+32768 32769+1 open, 32770"},
+               {letters(32768) + kEof, "complete, 32769"},
+               {letters(32767) + kEof, "0+32768 complete, 32768"},
+               {letters(32769) + kEof, "0+32770 complete, 32770"},
+               {"\f" + letters(32768) + kEof, "0+1 complete, 32770"},
+               // Blocks start anew at each page, whatever the windows of the reader are.
+               {"A\f" + letters(32767) + "\f\r\nB", "0+2 2+32769 32770+3 open, 32773"},
+               {"A\f" + letters(32766) + "\f\r\nB", "0+2 2+32768 32771+1 open, 32772"},
+               {"A\f" + letters(32768) + kEof, "0+2 complete, 32771"},
+               {letters(262143) + "\f\r\nB", "0+262145 262144+3 open, 262147"},
+               {letters(262142) + "\f\r\nB", "0+262144 262145+1 open, 262146"},
+               {letters(300000) + "\fB" + kEof, "0+300001 300001+2 complete, 300003"}});
   AppOptions.DynamicMode = true;
-  expectPages({
-      {"", "open, 0"},
-      {"ABC", "open, 0"},
-      {"A\fBC", "0+2 open, 2"},
-      {"A\f", "0+3 open, 2"},
-      {"A\fBC" + kEof, "0+2 2+3 complete, 5"},
-  });
+  expectPages({{"", "open, 0"},
+               {"ABC", "open, 0"},
+               {"A\fBC", "0+2 open, 2"},
+               {"A\f", "0+3 open, 2"},
+               {"A\fBC" + kEof, "0+2 2+3 complete, 5"}});
 }
 
 TEST_F(PageIndexTest, startsAnewWithEachScan) {
@@ -126,10 +120,9 @@ TEST_F(PageIndexTest, findsTheFirstPageAtOnce) {
     return resultOf(doc, false);
   };
   const std::pair<const char*, std::string> rows[] = {
-      {"AB", "0+2"},         {"AB\fCD", "0+3"},     {"AB\f\r\nC", "0+5"}, {"AB\f\r\n", "0+4"},
-      {"AB\f\rC", "0+4"},    {"AB\f\r", "0+3"},     {"AB\f", "0+3"},      {"AB\x1A", "0+3"},
-      {"AB\x1A\x1A", "0+2"}, {"\033EAB\fC", "0+3"},
-  };
+      {"AB", "0+2"},         {"AB\fCD", "0+3"},    {"AB\f\r\nC", "0+5"}, {"AB\f\r\n", "0+4"},
+      {"AB\f\rC", "0+4"},    {"AB\f\r", "0+3"},    {"AB\f", "0+3"},      {"AB\x1A", "0+3"},
+      {"AB\x1A\x1A", "0+2"}, {"\033EAB\fC", "0+3"}};
   for (const auto& [bytes, page] : rows) EXPECT_EQ(firstPage(bytes), page + " open, 1") << bytes;
   EXPECT_EQ(firstPage(""), "open, 1");
   EXPECT_EQ(firstPage(letters(70000)), "0+65565 open, 1");
@@ -141,22 +134,20 @@ TEST_F(PageIndexTest, readsTheHead) {
   std::string resets;
   for (int i = 0; i < 600; ++i) resets += "\033E";
   // The width of the base font in percent, and the length of the head.
-  const std::pair<std::string, const char*> rows[] = {
-      {resets.substr(0, 1022) + "X", "150 1022"},
-      {resets, "150 1024"},
-      {"ABC", "100 0"},
-      {"\017A", "100 0"},
-      {"\017AB", "125 0"},
-      {"\033EX", "150 2"},
-      {" \033EX", "100 0"},
-      {"\033CB\017X", "125 4"},
-      {"\033(9TX", "125 4"},
-      {"\033(s18HX", "125 6"},
-      {"\033(s10HX", "75 6"},
-      {"\033(s12HX", "100 6"},
-      {"\033E\033&l1OX", "150 7"},
-      {"\033E\r\nX", "150 3"},
-  };
+  const std::pair<std::string, const char*> rows[] = {{resets.substr(0, 1022) + "X", "150 1022"},
+                                                      {resets, "150 1024"},
+                                                      {"ABC", "100 0"},
+                                                      {"\017A", "100 0"},
+                                                      {"\017AB", "125 0"},
+                                                      {"\033EX", "150 2"},
+                                                      {" \033EX", "100 0"},
+                                                      {"\033CB\017X", "125 4"},
+                                                      {"\033(9TX", "125 4"},
+                                                      {"\033(s18HX", "125 6"},
+                                                      {"\033(s10HX", "75 6"},
+                                                      {"\033(s12HX", "100 6"},
+                                                      {"\033E\033&l1OX", "150 7"},
+                                                      {"\033E\r\nX", "150 3"}};
   for (const auto& [bytes, expected] : rows) {
     put(bytes);
     VDoc doc;

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "render/page_walk.h"
 #include "support/recording_canvas.h"
 #include "support/report_reader.h"
 #include "support/rows.h"
@@ -36,10 +35,9 @@ std::string randomReport(std::mt19937& random) {
 // The page as it is drawn; its margins are counted in cells of its grid.
 std::string drawn(VDoc& doc, int number) {
   doc.Settings.Page.MarginLeft = doc.Settings.Page.MarginTop = -2;
-  RecordingCanvas canvas;
-  DrawPage(*doc.GetPage(number), canvas);
+  const std::string record = test::drawn(*doc.GetPage(number));
   doc.ReleasePage(number);
-  return canvas.record();
+  return record;
 }
 
 TEST(RunningFonts, ArePartOfThePageAndNotOfWhoReadIt) {

@@ -28,9 +28,7 @@ class TextHtmlTest : public testing::Test {
     place_.write("r.txt", report);
     std::vector<std::string> arguments = {"-f", "r.txt", "-export", target};
     arguments.insert(arguments.end(), options.begin(), options.end());
-    const Outcome outcome = runViewer(arguments, {place_.path(), environment, 0});
-    EXPECT_EQ(outcome.exitCode, 0);
-    EXPECT_EQ(outcome.output + outcome.errors, "");
+    expectTold(runViewer(arguments, {place_.path(), environment, 0}), "");
     return place_.read(target);
   }
 
@@ -71,8 +69,7 @@ TEST_F(TextHtmlTest, writesText) {
       {"a<text left=10 top=20 tc=\"box\"/>c", "aboxc\r\n" + kEnd},
       {"<text memo left=1 top=1 tc=\"x\r\ny\"/>\r\nB\r\n", "x\nyB\r\n" + kEnd},
       {"<shape left=1 right=9/><img image=\"p.bmp\"/>\r\nB", "\r\nB\r\n" + kEnd},
-      {std::string(5000, 'A'), std::string(5000, 'A') + "\r\n" + kEnd},
-  };
+      {std::string(5000, 'A'), std::string(5000, 'A') + "\r\n" + kEnd}};
   for (const auto& [report, expected] : rows) {
     EXPECT_EQ(exported(report, "o.txt", {"-codepage", "866"}), expected) << report;
   }
@@ -127,8 +124,7 @@ TEST_F(TextHtmlTest, writesLinesOfHtml) {
        "<img src=\"none.png\" width=\"113\" height=\"142\">"},
       {"<img image=\"p.bmp\" left=10 top=20/>", "<img src=\"p.bmp\" width=\"3\" height=\"2\">"},
       {"A<img image=\"p.bmp\" left=10/>B",
-       kPlain + "A<img src=\"p.bmp\" width=\"3\" height=\"2\">" + kPlain + "B"},
-  };
+       kPlain + "A<img src=\"p.bmp\" width=\"3\" height=\"2\">" + kPlain + "B"}};
   for (const auto& [report, expected] : rows) EXPECT_EQ(body(report), expected) << report;
 }
 

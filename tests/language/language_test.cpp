@@ -48,24 +48,21 @@ std::string namesOf(std::initializer_list<const char*> ids) {
 
 TEST(Languages, areSelectedByCodePage) {
   const OptionsGuard guard;
-  const struct {
-    int codePage;
-    std::array<int, 3> numbers;
-    const char *names, *error;
-  } rows[] = {{1251, {204, 1251, 866}, "Русский Английский Турецкий ru", "  Ошибка! Ф"},
-              {1254, {162, 1254, 857}, "Rusça İngilizce Türkçe tr", "  Hata! Dosya "},
-              {1250, {0, 1252, 850}, "Russian English Turkish en", "  Error! Can't"},
-              {866, {0, 1252, 850}, "Russian English Turkish en", "  Oшибка! Ф"},
-              {857, {0, 1252, 850}, "Russian English Turkish en", "  Hata! Dosya "},
-              {850, {0, 1252, 850}, "Russian English Turkish en", "  Error! Can't"},
-              {1252, {0, 1252, 850}, "Russian English Turkish en", "  Error! Can't"}};
-  for (const auto& row : rows) {
-    SelectErrorTexts(row.codePage);
-    SelectInterfaceTexts(row.codePage);
+  const std::tuple<int, std::array<int, 3>, const char*, const char*> rows[] = {
+      {1251, {204, 1251, 866}, "Русский Английский Турецкий ru", "  Ошибка! Ф"},
+      {1254, {162, 1254, 857}, "Rusça İngilizce Türkçe tr", "  Hata! Dosya "},
+      {1250, {0, 1252, 850}, "Russian English Turkish en", "  Error! Can't"},
+      {866, {0, 1252, 850}, "Russian English Turkish en", "  Oшибка! Ф"},
+      {857, {0, 1252, 850}, "Russian English Turkish en", "  Hata! Dosya "},
+      {850, {0, 1252, 850}, "Russian English Turkish en", "  Error! Can't"},
+      {1252, {0, 1252, 850}, "Russian English Turkish en", "  Error! Can't"}};
+  for (const auto& [codePage, numbers, names, error] : rows) {
+    SelectErrorTexts(codePage);
+    SelectInterfaceTexts(codePage);
     EXPECT_EQ((std::array{AppOptions.FontCharset, GetAnsiCodePage(), AppOptions.DocCodePage}),
-              row.numbers);
-    EXPECT_EQ(namesOf({"ru", "en", "tr"}), row.names);
-    EXPECT_TRUE(errorTexts().front().starts_with(row.error)) << row.codePage;
+              numbers);
+    EXPECT_EQ(namesOf({"ru", "en", "tr"}), names);
+    EXPECT_TRUE(errorTexts().front().starts_with(error)) << codePage;
   }
   SelectErrorTexts(857);
   EXPECT_TRUE(errorTexts().back().ends_with(". ")) << "the row of the DOS code page";

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/pictures/picture.h"
-#include "render/page_walk.h"
 #include "render/path_ellipsis.h"
 #include "support/page_picture.h"
 #include "support/recording_canvas.h"
@@ -11,17 +10,6 @@
 
 namespace qor::test {
 namespace {
-
-std::string drawn(VDocPage& page) {
-  RecordingCanvas canvas;
-  DrawPage(page, canvas);
-  return canvas.record();
-}
-
-std::string drawn(const std::string& bytes) {
-  TestReport report(bytes);
-  return drawn(report.page());
-}
 
 std::string pngFile(int width, int height) {
   const std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width * height), 0xFF00FF00U);

@@ -39,8 +39,7 @@ constexpr Item kItems[] = {
     {"img", "imgSS=0 image=\"c.png\"", true},
     {"barcode", "br_type=39 value=AB1 value_show=1 brc=Teal", true},
     {"barcode", "br_type=KAREKOD value=x", true},
-    {"shape", "sh_type=2 bt=1 bc=Olive pt=3 lw=45", true},
-};
+    {"shape", "sh_type=2 bt=1 bc=Olive pt=3 lw=45", true}};
 constexpr int kColumns = 4;
 constexpr int kColumn = 48;  // mm
 constexpr int kRow = 40;

@@ -24,8 +24,7 @@ TEST(PageOverflow, CountsLinesAndColumns) {
       {"a\r\n\r\n\r\n  ", {0, 0, 999, 300}, 0, 0},
       {"<text left=10 top=1 tc=placed/>", {0, 0, 900, 999}, 0, 4},
       {"<text left=1 top=20 tc=placed/>", {0, 0, 9999, 999}, 1, 0},
-      {"<text left=1 top=20 o=1 tc=turned/>", {0, 0, 9, 9}, 0, 0},
-  };
+      {"<text left=1 top=20 o=1 tc=turned/>", {0, 0, 9, 9}, 0, 0}};
   for (const auto& [bytes, sheet, lines, columns] : rows) {
     TestReport report(bytes);
     const PageOverflow overflow = overflowOf(report.page(), sheet);

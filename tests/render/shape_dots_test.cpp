@@ -76,18 +76,16 @@ int rowsOfInk(const Picture& page, int x, int y) {
 // The patterns are those of the screens that the styles come from: dots for thin pens.
 TEST(ShapeDots, PensHaveTheirPatternsAndWidths) {
   // The keys, the runs from the start, and the width.
-  const std::tuple<std::string, std::string, int> rows[] = {
-      {"pt=1", "378 ", 1},
-      {"pt=2", "18 6 18 6 18 6", 1},
-      {"pt=3", "3 3 3 3 3 3", 1},
-      {"pt=4", "9 6 3 6 9 6", 1},
-      {"pt=5", "9 3 3 3 3 3 9 3", 1},
-      {"pt=2 lw=90", "36 12 36 12", 6},
-      {"pt=5 lw=60", "12 4 4 4 4 4 12 4", 4},
-      {"pt=7 lw=0", "378 ", 1},
-      {"pt=1 lw=22", "378 ", 1},
-      {"pt=1 lw=23", "378 ", 2},
-  };
+  const std::tuple<std::string, std::string, int> rows[] = {{"pt=1", "378 ", 1},
+                                                            {"pt=2", "18 6 18 6 18 6", 1},
+                                                            {"pt=3", "3 3 3 3 3 3", 1},
+                                                            {"pt=4", "9 6 3 6 9 6", 1},
+                                                            {"pt=5", "9 3 3 3 3 3 9 3", 1},
+                                                            {"pt=2 lw=90", "36 12 36 12", 6},
+                                                            {"pt=5 lw=60", "12 4 4 4 4 4 12 4", 4},
+                                                            {"pt=7 lw=0", "378 ", 1},
+                                                            {"pt=1 lw=22", "378 ", 1},
+                                                            {"pt=1 lw=23", "378 ", 2}};
   std::string report;
   for (int top = 10; const auto& [keys, runs, width] : rows) {
     report += itemTag("shape", {10, top, 110, top}, keys);

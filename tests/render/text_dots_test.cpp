@@ -23,8 +23,7 @@ TEST(TextDots, StrokesFollowTheFaceAndTheTurn) {
   const std::tuple<const char*, int, const char*> rows[] = {
       {"fu=1", 20, "75,460 268,463"},       {"fso=1", 20, "75,424 268,428"},
       {"fu=1 o=1", 20, "157,185 161,378"},  {"fso=1 o=1", 20, "121,185 126,378"},
-      {"fu=1 o=2", 100, "185,292 378,296"}, {"fu=1 o=3", 60, "141,377 145,570"},
-  };
+      {"fu=1 o=2", 100, "185,292 378,296"}, {"fu=1 o=3", 60, "141,377 145,570"}};
   const TemporaryDirectory place;
   for (const auto& [keys, left, box] : rows) {
     const std::string blanks = std::string("height=60 fcRGB=\"9,9,9\" tc=\"    \" ") + keys;

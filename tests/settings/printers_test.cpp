@@ -135,8 +135,7 @@ TEST_F(Printers, takeDeviceModesFromThePage) {
       {pageOf(256, 100), 0xC0F, {1181, 1753}},
       {pageOf(0, 250, 80, 2), 0xC0F, {2952, 472}},
       {pageOf(0, 1e9, 1e9), 0xC0F, {3543, 2952}},
-      {copies, 0x8D01, {2480, 1753}},
-  };
+      {copies, 0x8D01, {2480, 1753}}};
   const auto sheet = [] {
     return Point{gPrintMetrics.PhysicalWidth, gPrintMetrics.PhysicalHeight};
   };

@@ -187,8 +187,7 @@ TEST_F(SetFileTest, readsLineByLine) {
       {"<Font>|<Charset = '204'/>|<Charset = '-1'/>|<Font/>", "0"},
       {"<Font>|<Italic = '1'/>|<Underline = '2'/>|<StrikeOut = 'on'/>|<Font/>", "0 Italic=1"},
       {"<Font>|<Name = '" + longName + "'/>|<Font/>", "0 Name=" + longName.substr(0, 31)},
-      {"<Page>|<PaperSize = '11'/>", "index PaperSize=11"},
-  };
+      {"<Page>|<PaperSize = '11'/>", "index PaperSize=11"}};
   for (const auto& [section, expected] : sections) {
     EXPECT_EQ(loaded("<Set SetName='A'>|" + section + "|<Set/>"), expected) << section;
   }
@@ -205,8 +204,7 @@ TEST_F(SetFileTest, findsItsSet) {
       {"<Set SetName='a'>" + page11 + "| <Set SetName='A'>" + page11 + "<Set/>", "-1"},
       {"<Set SetName='A'>" + page11 + "<Set/>|<Set SetName='A'>" + page12, "0 PaperSize=11"},
       {"<Set SetName='A'>" + page11 + "<Set SetName='B'>" + page12 + "<Set/>", "0 PaperSize=12"},
-      {"<Set SetName='A'>" + page11, "index"},
-  };
+      {"<Set SetName='A'>" + page11, "index"}};
   for (const auto& [text, expected] : files) EXPECT_EQ(loaded(text), expected) << text;
 }
 
@@ -242,8 +240,7 @@ TEST_F(SetFileTest, removesLinesUpToTheNextName) {
       {"<Set SetName='A'>|x|<Set SetName='A'>|y", "<Set SetName='A'>|y"},
       {" <Set SetName='A'>|x|<Set/>", " <Set SetName='A'>|x|<Set/>"},
       {"<Ver/>|<Set SetName='B'>|y", "<Set SetName='B'>|y"},
-      {"<Set SetName='Version'>|y|<Set/>", "y|<Set/>"},
-  };
+      {"<Set SetName='Version'>|y|<Set/>", "y|<Set/>"}};
   for (const auto& [before, left] : rows) {
     VSet::Lines lines = setLines(before);
     VSet::RemoveSetLines("A", lines);
@@ -268,10 +265,9 @@ TEST_F(SetFileTest, holdsNamesInTheAnsiCodePage) {
 
 TEST(GetKeyValue, takesWhatStandsBehindTheKey) {
   const std::pair<const char*, const char*> rows[] = {
-      {"<Key = \"a b\"/>", "a b"},  {"Key=1 x", "1"}, {"<Set Key=abc>", "abc>"}, {"Key a b", "a"},
-      {"Key \"a\" b", "a"},         {"Key=\"\"", ""}, {"x Key: y = z", "z"},     {"Key=", ""},
-      {"a=\"Key=1\" Key=2", "1\""},
-  };
+      {"<Key = \"a b\"/>", "a b"}, {"Key=1 x", "1"}, {"<Set Key=abc>", "abc>"}, {"Key a b", "a"},
+      {"Key \"a\" b", "a"},        {"Key=\"\"", ""}, {"x Key: y = z", "z"},     {"Key=", ""},
+      {"a=\"Key=1\" Key=2", "1\""}};
   std::string value;
   for (const auto& [line, expected] : rows) {
     EXPECT_TRUE(GetKeyValue(line, "Key", value)) << line;

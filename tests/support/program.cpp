@@ -3,9 +3,12 @@
 #include <csignal>
 #include <system_error>
 
+#include <gtest/gtest.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -89,6 +92,14 @@ void Process::collect(int options) {
 
 Outcome run(const std::vector<std::string>& command, const Surroundings& surroundings) {
   return Process(command, surroundings).wait();
+}
+
+void expectTold(const Outcome& outcome, const std::string& text, int exitCode) {
+  EXPECT_EQ(outcome.exitCode, exitCode);
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_EQ(linesOf(outcome.errors).size(), text.empty() ? 0U : 1U) << outcome.errors;
+  EXPECT_EQ(outcome.errors.ends_with('\n'), !text.empty());
+  EXPECT_NE(outcome.errors.find(text), std::string::npos) << outcome.errors;
 }
 
 std::vector<std::string> viewer(const std::vector<std::string>& arguments) {

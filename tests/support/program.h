@@ -16,6 +16,9 @@ struct Outcome {
   int signal = 0;      // what ended the process, 0 if it ended by itself
   std::string output;  // standard output
   std::string errors;  // standard error
+
+  // All of it, such as "0:" where nothing is said.
+  std::string told() const { return std::to_string(exitCode) + ":" + output + errors; }
 };
 
 struct Surroundings {
@@ -52,6 +55,9 @@ class Process {
 
 // Runs a program and waits for its end.
 Outcome run(const std::vector<std::string>& command, const Surroundings& surroundings = {});
+
+// Expects the exit code, and one line on standard error that holds the text: none for no text.
+void expectTold(const Outcome& outcome, const std::string& text, int exitCode = 0);
 
 // The command line of the program under test.
 std::vector<std::string> viewer(const std::vector<std::string>& arguments);

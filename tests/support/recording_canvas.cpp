@@ -3,7 +3,10 @@
 #include <cmath>
 #include <sstream>
 
+#include "document/code_page.h"
 #include "platform/pictures/picture.h"
+#include "render/page_walk.h"
+#include "support/report_reader.h"
 
 namespace qor::test {
 namespace {
@@ -78,6 +81,18 @@ void RecordingCanvas::paintText(const TextRun& run) {
 
 void RecordingCanvas::clipText(const Rect& rect) {
   note("clip " + text(rect));
+}
+
+std::string drawn(VDocPage& page) {
+  RecordingCanvas canvas;
+  DrawPage(page, canvas);
+  return canvas.record();
+}
+
+std::string drawn(std::string_view bytes, int codePage) {
+  TestReport report(bytes, codePage);
+  LoadCodePage(codePage);
+  return drawn(report.page());
 }
 
 }  // namespace qor::test

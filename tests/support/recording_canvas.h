@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "document/vdocpage.h"
 #include "platform/canvas/canvas.h"
 
 namespace qor::test {
@@ -37,5 +38,9 @@ class RecordingCanvas : public Canvas {
   Point dotsPerInch_;
   std::string record_;
 };
+
+// What pages draw: a loaded one, or the first of a report with these bytes.
+std::string drawn(VDocPage& page);
+std::string drawn(std::string_view bytes, int codePage = 1251);
 
 }  // namespace qor::test

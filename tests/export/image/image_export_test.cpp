@@ -16,9 +16,7 @@ class ImageExport : public testing::Test {
                    const std::string& picture = "") {
     const TemporaryDirectory& place = magick_.folder();
     place.write("report.txt", report);
-    const Outcome outcome = runViewer({"-f", "report.txt", "-export", target}, in(place));
-    EXPECT_EQ(outcome.exitCode, 0);
-    EXPECT_EQ(outcome.errors, "");
+    expectTold(runViewer({"-f", "report.txt", "-export", target}, in(place)), "");
     return magick_.identify(format, picture.empty() ? target : picture);
   }
 
@@ -70,8 +68,7 @@ TEST_F(ImageExport, PutsItemsAtTheirMillimetres) {
       {"<img image=\"p.bmp\" imgSS=2 left=20 top=30 right=100/>", "75,0 378,171"},
       // A dot is a twip in the corner, or nothing at all.
       {"<img image=\"p.bmp\" imgSS=3" + place, "0,0 3,2"},
-      {"<img image=\"p.bmp\" imgSS=4" + place, "793,1122 0,0"},
-  };
+      {"<img image=\"p.bmp\" imgSS=4" + place, "793,1122 0,0"}};
   for (const auto& [item, box] : rows) EXPECT_EQ(inkOf(item), box) << item;
 }
 

@@ -33,8 +33,7 @@ class PdfExport : public testing::Test {
 
   // The operators of all pages, each page between "page" lines, as qpdf unpacks them.
   std::string operators(const std::string& report, const std::string& codePage = "1254") {
-    const Outcome outcome = exportReport(report, codePage);
-    EXPECT_EQ(outcome.errors, "");
+    expectTold(exportReport(report, codePage), "");
     run({"qpdf", "--qdf", "--object-streams=disable", directory_.path("r.pdf"),
          directory_.path("q.pdf")});
     const std::string file = directory_.read("q.pdf");
@@ -115,8 +114,7 @@ TEST_F(PdfExport, putsEachKindOfRecordWhereTheArithmeticSays) {
       {"A[fn:B:fn]C\r\n", "@0 831 Td;(A[fn:B:fn]C)Tj;ET;"},
       {"A[st:1:st]\r\n", "@0 831 Td;(A[st:1:st])Tj;ET;"},
       {"<text * tc=:tc][x/>", "@28.3 775.35 Td;(:tc][x)Tj;ET;"},
-      {"A\r\n\fB\r\n\f", "@0 831 Td;(A)Tj;ET;page;@0 831 Td;(B)Tj;ET;"},
-  };
+      {"A\r\n\fB\r\n\f", "@0 831 Td;(A)Tj;ET;page;@0 831 Td;(B)Tj;ET;"}};
   for (auto [report, drawn] : rows) {
     if (drawn.starts_with("TURN")) drawn.replace(0, 4, turn);
     EXPECT_EQ(operators(expanded(report)), expanded(drawn)) << report;
@@ -180,7 +178,7 @@ TEST_F(PdfExport, passesJpegFilesOnAsTheyAre) {
 TEST_F(PdfExport, takesTheFaceOfEachStyleAndItsWidths) {
   const std::string text =
       "A<b>A<i>A<b/><i>A<text left=10 top=20 fn=Arial height=20 tc=\"WWW iii\"/>";
-  EXPECT_EQ(exportReport(text).errors, "");
+  expectTold(exportReport(text), "");
   const std::string fonts = run({"pdffonts", directory_.path("r.pdf")}).output;
   for (const char* style : {" ", "-Bold ", "-BoldItalic ", "-Italic "}) {
     EXPECT_NE(fonts.find(std::string("+LiberationMono") + style), std::string::npos) << fonts;
@@ -196,7 +194,7 @@ TEST_F(PdfExport, takesTheFaceOfEachStyleAndItsWidths) {
 TEST_F(PdfExport, keepsThePagesOfLongReports) {
   std::string report;
   for (int page = 1; page <= 130; ++page) report += "p" + std::to_string(page) + "\r\n\f\r\n";
-  EXPECT_EQ(exportReport(report).errors, "");
+  expectTold(exportReport(report), "");
   const PdfDocument document = readPdf(directory_.path("r.pdf"));
   EXPECT_EQ(document.pages, 130);
   ASSERT_EQ(document.words.size(), 130U);
@@ -292,7 +290,7 @@ TEST_F(PdfExport, takesFacesAndEncodingsFromItsResourceFile) {
                 "FontOutline % ours\nhouse face = Liberation Serif\nGone Face = No such face\n.\n"
                 "Encoding\ncp1254 = cp1251\n.\n");
   directory_.write("r.txt", "<font fn=\"House Face\">\xCF<font/><font fn=\"Gone Face\">b<font/>");
-  EXPECT_EQ(exportByCopy(program).errors, "");
+  expectTold(exportByCopy(program), "");
   const std::string fonts = run({"pdffonts", directory_.path("r.pdf")}).output;
   EXPECT_NE(fonts.find("+LiberationSerif "), std::string::npos) << fonts;
   EXPECT_NE(fonts.find("+LiberationMono "), std::string::npos) << fonts;

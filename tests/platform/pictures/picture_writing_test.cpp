@@ -25,8 +25,7 @@ const Sample kSamples[] = {
     {"few colours",
      [](int x, int y) { return 0xFF0000u | static_cast<unsigned>(x / 20 << 4 | y / 20); }},
     {"many colours",
-     [](int x, int y) { return static_cast<unsigned>(x * 255 / kWidth << 16 | y * 3 << 8 | 99); }},
-};
+     [](int x, int y) { return static_cast<unsigned>(x * 255 / kWidth << 16 | y * 3 << 8 | 99); }}};
 
 std::vector<std::uint32_t> pixelsOf(const Sample& sample, std::uint32_t top, int stride) {
   std::vector<std::uint32_t> pixels;

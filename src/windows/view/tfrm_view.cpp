@@ -72,7 +72,9 @@ TfrmView::TfrmView(UserSettings& settings, ViewCommands commands)
   connectEdits();
   connectPages();
   connect(TimerDynamicBlinc_, &QTimer::timeout, this, &TfrmView::TimerDynamicBlincTimer);
-  if (AppOptions.DynamicMode) TimerDynamicBlinc_->start(kBlinkInterval);
+  if (!AppOptions.DynamicMode) return;
+  growth_.follow();
+  TimerDynamicBlinc_->start(kBlinkInterval);
 }
 
 TfrmView::~TfrmView() {
@@ -85,6 +87,7 @@ TfrmView::~TfrmView() {
 void TfrmView::SetDocument(VDoc* doc, VDocPage* page) {
   doc_ = doc;
   page_ = page;
+  cursor_.setTotal(doc == nullptr ? 0 : doc->PageCount);
   firstPageShown_ = false;
   if (page == nullptr) page_control_->usePage(nullptr);
   gap_->stop();
@@ -102,9 +105,9 @@ void TfrmView::FormShow() {
   state_ = stored_ = loadViewState(settings_);
   applyFullWindow();
   ui_->cmbZoom->setCurrentIndex(state_.ZoomID);
-  setCurrentPage(1);
-  setPageTotal(doc_ == nullptr ? 0 : doc_->PageCount);
-  stamp_ = fileStamp(AppOptions.FileName);
+  showCurrentPage();
+  setPageTotal(cursor_.total());
+  growth_.noteFile();
   showDates();
   applyCaptions();
   cmdView_SetListViewClick();
@@ -133,6 +136,7 @@ void TfrmView::closeEvent(QCloseEvent* event) {
 void TfrmView::FormClose() {
   if (std::exchange(closed_, true)) return;
   TimerDynamicBlinc_->stop();
+  growth_.stop();
   const std::int32_t number = ownerNumber(AppOptions.FileName);
   if (AppOptions.OwnerWindow != 0 && number != 0)
     notifyOwner(AppOptions.OwnerWindow, kViewerClosed, number);
@@ -140,7 +144,7 @@ void TfrmView::FormClose() {
 
 // Moves count anew how many pages there is room for.
 void TfrmView::FormResize() {
-  pages_on_view_ = 1;
+  cursor_.countAnew();
   ShowPage();
   centreErrorBox();
 }

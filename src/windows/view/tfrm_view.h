@@ -5,11 +5,10 @@
 
 #include <QMainWindow>
 #include <memory>
-#include <optional>
 
-#include "platform/system/file_times.h"
 #include "platform/system/messages.h"
-#include "window_model/page_moves.h"
+#include "window_model/growth_watch.h"
+#include "window_model/page_cursor.h"
 #include "window_model/view_state.h"
 #include "windows/view/status_panels.h"
 #include "windows/view/view_commands.h"
@@ -108,12 +107,8 @@ class TfrmView : public QMainWindow {
   void centreErrorBox();
 
   // Pages.
-  int currentPage() const;
-  void setCurrentPage(int number);
+  void showCurrentPage();
   void setPageTotal(int total);
-  int pagesInStep() const;
-  int firstShown() const;
-  int moveTarget(PageMove move) const;
   void goToPage(int number);
   void markPage(int number);
   bool loadPage();
@@ -181,6 +176,8 @@ class TfrmView : public QMainWindow {
   std::unique_ptr<Ui::TfrmView> ui_;
   UserSettings& settings_;
   ViewCommands commands_;
+  PageCursor cursor_;
+  GrowthWatch growth_;
   ViewState state_;
   ViewState stored_;  // the state as it was stored last
   VDoc* doc_ = nullptr;
@@ -196,21 +193,16 @@ class TfrmView : public QMainWindow {
   QMessageBox* errorBox_ = nullptr;
   QString lastError_;  // since the page was asked for
   QString shownError_;
-  QString boxedError_;              // that waits for its box
-  QPoint boxPlace_;                 // of the box, as it was put over the window
-  std::optional<FileStamp> stamp_;  // of the file as it was opened
+  QString boxedError_;    // that waits for its box
+  QPoint boxPlace_;       // of the box, as it was put over the window
   std::int32_t fit_ = 0;  // kWholeWidth or kWholePage, which no entry of the list stands for
   std::int32_t zoom_on_view_ = 0;  // percent, 0 where no page is shown
-  int pages_on_view_ = 1;
-  int first_on_view_ = 1;
-  QString standingMessage_;  // for the status bar while there is nothing else to say
+  QString standingMessage_;        // for the status bar while there is nothing else to say
   bool shown_ = false;
   bool ready_ = false;     // pages are shown from now on
   bool onScreen_ = false;  // boxes stand over the window from now on
   bool closed_ = false;
   bool firstPageShown_ = false;
-  bool endAfterMove_ = false;  // the next move shows the end of its page
-  bool totalBlinks_ = false;
   bool seen_ = false;       // a page was on view
   bool overflows_ = false;  // the status bar tells of text outside the sheet
 };

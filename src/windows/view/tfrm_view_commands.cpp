@@ -3,7 +3,6 @@
 #include <QLineEdit>
 #include <QTimer>
 
-#include "base/app_options.h"
 #include "document/vdoc.h"
 #include "settings/print_scale.h"
 #include "ui_tfrm_view.h"
@@ -44,7 +43,7 @@ void TfrmView::cmdSettings_Click() {
   ui_->txtZoom->setText("100");
   setPageTotal(doc_->PageCount);
   fillPageList();
-  stamp_ = fileStamp(AppOptions.FileName);
+  growth_.noteFile();
   cmbPagesChange();
   if (!failure.isNull()) showMessage(MessageKind::error, failure);
 }
@@ -52,7 +51,7 @@ void TfrmView::cmdSettings_Click() {
 void TfrmView::printChosenPages() {
   switch (doc_->Settings.Page.PrintPagesSet) {
     case kPrintAllPages: doc_->PrintAll(); break;
-    case kPrintCurrentPage: doc_->PrintPage(currentPage()); break;
+    case kPrintCurrentPage: doc_->PrintPage(cursor_.current()); break;
     default: doc_->PrintSelected();
   }
 }
@@ -63,7 +62,7 @@ void TfrmView::cmdView_ConvertClick() {
   releasePage();
   commands_.convert(*doc_, state_);
   keepState();
-  if (doc_->PageCount > 0 && loadPage()) page_control_->usePage(page_);
+  if (cursor_.total() > 0 && loadPage()) page_control_->usePage(page_);
 }
 
 void TfrmView::cmdView_MailClick() {
@@ -71,15 +70,10 @@ void TfrmView::cmdView_MailClick() {
 }
 
 void TfrmView::TimerDynamicBlincTimer() {
-  totalBlinks_ = !totalBlinks_;
   const QString failure = failureOf([this] {
-    if (doc_ == nullptr || !doc_->FileChanged()) return;
-    stamp_ = fileStamp(AppOptions.FileName);
-    if (doc_->ScanPages(true)) {
-      TimerDynamicBlinc_->stop();
-      totalBlinks_ = false;
-    }
-    followGrowth();
+    const Growth growth = growth_.tick(doc_);
+    if (growth == Growth::complete) TimerDynamicBlinc_->stop();
+    if (growth != Growth::none) followGrowth();
   });
   if (!failure.isNull()) {
     forgetPage();
@@ -89,14 +83,14 @@ void TfrmView::TimerDynamicBlincTimer() {
     showMessage(MessageKind::error, failure);
   }
   QPalette colors = ui_->pTools->palette();
-  if (totalBlinks_) colors.setColor(QPalette::WindowText, Qt::red);
+  if (growth_.blinks()) colors.setColor(QPalette::WindowText, Qt::red);
   ui_->lblPageTotal->setPalette(colors);
 }
 
 // The page on show stays; the first one appears by itself.
 void TfrmView::followGrowth() {
   setPageTotal(doc_->PageCount);
-  if (currentPage() > doc_->PageCount) {
+  if (cursor_.current() > cursor_.total()) {
     forgetPage();
     cmbPagesChange();
   } else if (!page_control_->showsPages()) {

@@ -6,7 +6,6 @@
 #include <QScrollBar>
 #include <QWindow>
 
-#include "document/vdoc.h"
 #include "platform/qt/qt_text.h"
 #include "platform/system/companion.h"
 #include "ui_tfrm_view.h"
@@ -109,10 +108,9 @@ bool TfrmView::movementKey(const QKeyEvent& event) {
 void TfrmView::pageKey(PageMove move, bool leap) {
   if (!leap || state_.showsSeveral()) {
     cmdView_PageMoveTo(move);
-  } else if (doc_ != nullptr && doc_->PageCount > 0) {
+  } else if (cursor_.total() > 0) {
     leavePageEdit();
-    const int current = currentPage();
-    goToPage(move == PageMove::previous ? leapBack(current) : leapOn(current, doc_->PageCount));
+    goToPage(cursor_.leapTarget(move));
   }
 }
 
@@ -143,13 +141,12 @@ void TfrmView::scrollHorizontally(int steps) {
 // At an end of the page the walk goes on with the page before or behind it.
 void TfrmView::scrollVertically(int steps) {
   QScrollBar* bar = ui_->pScroll->verticalScrollBar();
-  const int total = doc_ == nullptr ? 0 : doc_->PageCount;
   if (steps < 0 && ui_->pScroll->isAtTop()) {
-    if (firstShown() <= 1) return;
-    endAfterMove_ = true;
+    if (!cursor_.hasPageBefore()) return;
+    cursor_.wishForEnd();
     replayKey(Qt::Key_PageUp);
   } else if (steps > 0 && ui_->pScroll->isAtBottom()) {
-    if (currentPage() < total) replayKey(Qt::Key_PageDown);
+    if (cursor_.hasPageBehind()) replayKey(Qt::Key_PageDown);
   } else {
     bar->setValue(bar->value() + steps * bar->singleStep());
   }

@@ -2,7 +2,6 @@
 #include <QActionGroup>
 #include <QTimer>
 
-#include "base/app_options.h"
 #include "document/vdoc.h"
 #include "platform/qt/qt_text.h"
 #include "window_model/page_notes.h"
@@ -18,8 +17,7 @@ namespace qor {
 
 // Told after the page is on view, which must not wait for it.
 void TfrmView::lookCloser() {
-  const int last = state_.showsSeveral() ? first_on_view_ + pages_on_view_ - 1 : currentPage();
-  gap_->watch(*doc_, firstShown(), std::min(last, doc_->PageCount));
+  gap_->watch(*doc_, cursor_.firstOnView(), cursor_.lastOnView());
   QTimer::singleShot(0, this, &TfrmView::tellNotes);
 }
 
@@ -37,7 +35,7 @@ void TfrmView::tellNotes() {
   });
   notes_->tell(report);
   // A wide view shows all, and small pages are not to be read.
-  if (state_.PreviewType == kWideView || state_.showsSeveral()) notes.overflow = {};
+  if (state_.PreviewType == kWideView || cursor_.showsSeveral()) notes.overflow = {};
   overflows_ = false;
   if (!status_.message().isEmpty()) return;
   overflows_ = notes.hasOverflow();
@@ -77,7 +75,7 @@ void TfrmView::fillCodePageMenu() {
 }
 
 bool TfrmView::hasShownReport() const {
-  return seen_ && stamp_ && fileStamp(AppOptions.FileName) == stamp_;
+  return seen_ && growth_.fileState() == FileState::asIndexed;
 }
 
 }  // namespace qor

@@ -1,10 +1,8 @@
 // Showing pages.
 #include <QLineEdit>
 #include <QListView>
-#include <QTimer>
 #include <algorithm>
 
-#include "base/app_options.h"
 #include "document/code_page.h"
 #include "document/vdoc.h"
 #include "platform/qt/qt_text.h"
@@ -26,18 +24,16 @@ constexpr int kEditFrame = 14;    // and for what is around them in an edit, pix
 
 }  // namespace
 
-int TfrmView::currentPage() const {
-  return ui_->lblPageCurrent->text().toInt();
-}
-
-void TfrmView::setCurrentPage(int number) {
-  ui_->lblPageCurrent->setText(QString::number(number));
-  ui_->lblPageCurrent->setAccessibleDescription(QString::number(number));
+void TfrmView::showCurrentPage() {
+  const QString number = QString::number(cursor_.current());
+  ui_->lblPageCurrent->setText(number);
+  ui_->lblPageCurrent->setAccessibleDescription(number);
 }
 
 // The number before it takes the same room whatever it is, and while it is typed: nothing beside it
 // moves away under the mouse.
 void TfrmView::setPageTotal(int total) {
+  cursor_.setTotal(total);
   const QString digits = QString::number(total);
   ui_->lblPageTotal->setText(digits);
   ui_->lblPageTotal->setAccessibleDescription(digits);
@@ -51,20 +47,20 @@ void TfrmView::setPageTotal(int total) {
 }
 
 void TfrmView::cmbPagesChange() {
-  const int total = doc_ == nullptr ? 0 : doc_->PageCount;
-  setCurrentPage(std::clamp(currentPage(), std::min(1, total), total));
+  cursor_.goTo(cursor_.current());
+  showCurrentPage();
   selectInPageList();
-  first_on_view_ = currentPage();
   ShowPage();
 }
 
 void TfrmView::ShowPage() {
   if (!ready_) return;
+  cursor_.setSeveral(state_.showsSeveral());
   updateArea();
   showPageStatus();
   updateMoves();
   zoom_on_view_ = 0;
-  if (doc_ == nullptr || doc_->PageCount == 0) {
+  if (cursor_.total() == 0) {
     page_control_->ShowMessage(reasonForNoPages());
   } else if (loadPage()) {
     TakePrintMetrics(doc_->Settings.Prn);
@@ -85,7 +81,7 @@ void TfrmView::updateArea() {
 // The first page has just been read.
 bool TfrmView::keepsLoadedPage() {
   const bool first = !std::exchange(firstPageShown_, true);
-  return first && page_ != nullptr && page_->Loaded && page_->Number == currentPage();
+  return first && page_ != nullptr && page_->Loaded && page_->Number == cursor_.current();
 }
 
 bool TfrmView::loadPage() {
@@ -93,7 +89,7 @@ bool TfrmView::loadPage() {
   releasePage();
   lastError_.clear();
   QString failure = failureOf([this] {
-    page_ = doc_->GetPage(currentPage(), 0);
+    page_ = doc_->GetPage(cursor_.current(), 0);
     LoadCodePage(doc_->Settings.Page.BaseCodePage);
   });
   if (failure.isNull() && page_ != nullptr && page_->Loaded) {
@@ -120,7 +116,7 @@ void TfrmView::forgetPage() {
 
 void TfrmView::showLoadedPage() {
   const std::int32_t wanted = wantedZoom();
-  if (state_.showsSeveral()) return showMulti();
+  if (cursor_.showsSeveral()) return showMulti();
   zoom_on_view_ = wanted;
   page_control_->ShowNormal(page_, zoom_on_view_, state_.ShowUnprintable, state_.PreviewType);
   if (wanted > zoom_on_view_ && state_.PreviewType == kWideView)
@@ -131,16 +127,12 @@ void TfrmView::showMulti() {
   const auto show = [this] {
     zoom_on_view_ = wantedZoom();
     return page_control_->ShowMulti(doc_, page_, zoom_on_view_, state_.ShowUnprintable,
-                                    first_on_view_);
+                                    cursor_.firstOnView());
   };
   int count = show();
-  // Where there is room for fewer than before, the current page comes first.
-  if (count > 0 && currentPage() >= first_on_view_ + count) {
-    first_on_view_ = currentPage();
-    count = show();
-  }
-  page_control_->MarkPage(currentPage());
-  if (state_.ZoomID == kNaturalZoomEntry || count > pages_on_view_) pages_on_view_ = count;
+  if (cursor_.makesCurrentFirst(count)) count = show();
+  page_control_->MarkPage(cursor_.current());
+  cursor_.setInView(count, state_.ZoomID == kNaturalZoomEntry);
   updateMoves();
 }
 
@@ -150,24 +142,26 @@ void TfrmView::showPageStatus() {
 }
 
 void TfrmView::showPageNumber() {
-  const QString text = qtText(pageOfText(currentPage(), doc_ == nullptr ? 0 : doc_->PageCount));
+  const QString text = qtText(pageOfText(cursor_.current(), cursor_.total()));
   status_.setPages(text);
 }
 
 // For those who hear the window: the description of the control that has the focus, which is told
 // anew when it changes.
 void TfrmView::describeView() {
-  QString text = qtText(pageOfText(currentPage(), doc_ == nullptr ? 0 : doc_->PageCount));
+  QString text = qtText(pageOfText(cursor_.current(), cursor_.total()));
   if (zoom_on_view_ > 0) text += QString(", %1%").arg(zoom_on_view_);
   if (text != ui_->pScroll->accessibleDescription()) ui_->pScroll->setAccessibleDescription(text);
 }
 
 // A report that nobody said would change has changed: its pages may not be where they were.
 void TfrmView::showFileState() {
-  if (TimerDynamicBlinc_->isActive()) return;
-  const auto now = fileStamp(AppOptions.FileName);
-  if (now != stamp_)
-    status_.setMessage(qtText(now ? previewTexts().fileChanged : previewTexts().fileGone));
+  if (growth_.isFollowing()) return;
+  switch (growth_.fileState()) {
+    case FileState::asIndexed: return;
+    case FileState::changed: return status_.setMessage(qtText(previewTexts().fileChanged));
+    case FileState::gone: return status_.setMessage(qtText(previewTexts().fileGone));
+  }
 }
 
 QString TfrmView::reasonForNoPages() {
@@ -175,17 +169,17 @@ QString TfrmView::reasonForNoPages() {
   const QString failure = failureOf([] { VDoc::OpenFile(); });
   if (!lastError_.isEmpty()) return lastError_;
   if (!failure.isNull()) return failure;
-  return qtText(TimerDynamicBlinc_->isActive() ? previewTexts().waiting : previewTexts().noPages);
+  return qtText(growth_.isFollowing() ? previewTexts().waiting : previewTexts().noPages);
 }
 
 void TfrmView::fillPageList() {
-  pageList_->setPageCount(state_.ListView && doc_ != nullptr ? doc_->PageCount : 0);
+  pageList_->setPageCount(state_.ListView ? cursor_.total() : 0);
   selectInPageList();
 }
 
 void TfrmView::selectInPageList() {
   if (!state_.ListView) return;
-  const QModelIndex index = pageList_->index(currentPage() - 1);
+  const QModelIndex index = pageList_->index(cursor_.current() - 1);
   ui_->lstPages->setCurrentIndex(index);
   ui_->lstPages->scrollTo(index);
 }
@@ -195,17 +189,17 @@ void TfrmView::lstPagesClick() {
   const QModelIndexList chosen = ui_->lstPages->selectionModel()->selectedIndexes();
   if (chosen.isEmpty()) return selectInPageList();
   const int number = chosen.front().row() + 1;
-  if (number != currentPage()) goToPage(number);
+  if (number != cursor_.current()) goToPage(number);
 }
 
 // A click goes to the page also where it is on view already.
 void TfrmView::lstPagesClickAgain(const QModelIndex& line) {
-  if (line.row() + 1 == currentPage()) ui_->pScroll->scrollToStart();
+  if (line.row() + 1 == cursor_.current()) ui_->pScroll->scrollToStart();
 }
 
 void TfrmView::lblPageCurrentClick() {
   ui_->lblPageCurrent->hide();
-  ui_->txtPageCurrentEdit->setText(ui_->lblPageCurrent->text());
+  ui_->txtPageCurrentEdit->setText(QString::number(cursor_.current()));
   ui_->txtPageCurrentEdit->show();
   ui_->txtPageCurrentEdit->selectAll();
   ui_->txtPageCurrentEdit->setFocus();
@@ -223,13 +217,13 @@ void TfrmView::txtPageCurrentEditExit() {
   const int number = ui_->txtPageCurrentEdit->text().toInt();
   ui_->txtPageCurrentEdit->hide();
   ui_->lblPageCurrent->show();
-  const bool asked = ui_->txtPageCurrentEdit->isModified() || number != currentPage();
+  const bool asked = ui_->txtPageCurrentEdit->isModified() || number != cursor_.current();
   if (number != 0 && asked) goToPage(number);
 }
 
 // Ends the typing as if nothing had been typed.
 void TfrmView::cancelPageEdit() {
-  ui_->txtPageCurrentEdit->setText(ui_->lblPageCurrent->text());
+  ui_->txtPageCurrentEdit->setText(QString::number(cursor_.current()));
   leavePageEdit();
 }
 

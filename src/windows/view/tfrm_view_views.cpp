@@ -50,7 +50,7 @@ void TfrmView::rbMultiPageViewClick(bool several) {
   state_.MultipageView = several;
   ui_->cmdView_SinglePage->setChecked(!several);
   ui_->cmdView_MultiPage->setChecked(several);
-  if (several) first_on_view_ = currentPage();
+  if (several) cursor_.startWithCurrent();
   ui_->pScroll->scrollToStart();
   ShowPage();
   ui_->pScroll->scrollToStart();

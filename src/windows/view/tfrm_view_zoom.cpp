@@ -17,7 +17,7 @@ namespace qor {
 void TfrmView::cmbZoomChange() {
   state_.ZoomID = ui_->cmbZoom->currentIndex();
   fit_ = 0;
-  pages_on_view_ = 1;
+  cursor_.countAnew();
   ui_->pScroll->scrollToStart();
   ShowPage();
   keepState();
@@ -58,7 +58,7 @@ void TfrmView::zoomAround(const QPoint& anchor, int entry, std::int32_t fit) {
   state_.ZoomID = entry;
   fit_ = fit;
   ui_->cmbZoom->setCurrentIndex(entry);
-  pages_on_view_ = 1;
+  cursor_.countAnew();
   ShowPage();
   if (one && page_control_->showsOnePage() && before > 0) {
     ui_->pScroll->bring(seen * zoom_on_view_ / before, anchor);
@@ -105,14 +105,14 @@ void TfrmView::ShowPageScale() {
   if (ui_->txtZoom->text().isEmpty()) ui_->txtZoom->setText("100");
   const int percent = std::max(1, ui_->txtZoom->text().toInt());
   updateArea();
-  if (doc_ == nullptr || doc_->PageCount == 0) return;
+  if (cursor_.total() == 0) return;
   if ((page_ == nullptr || !page_->Loaded) && !loadPage()) return;
   TakePrintMetrics(doc_->Settings.Prn);
   page_control_->ShowScaled(page_, percent, state_.ShowUnprintable);
 }
 
 void TfrmView::UpDown1Click() {
-  pages_on_view_ = 1;
+  cursor_.countAnew();
   ui_->txtZoom->setText(QString::number(ui_->UpDown1->value()));
   ui_->pScroll->scrollToStart();
   ShowPageScale();

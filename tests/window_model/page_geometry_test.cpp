@@ -6,7 +6,6 @@
 
 #include "settings/print_scale.h"
 #include "window_model/page_layout.h"
-#include "window_model/page_moves.h"
 #include "window_model/zoom_fit.h"
 
 namespace qor::test {
@@ -160,19 +159,6 @@ TEST(PageGeometry, NumbersStandBesideSheetsWhereThereIsRoom) {
       {1, {10, 0}}, {2, {150, 0}}, {3, {10, 230}}, {4, {150, 230}}};
   for (const auto& [what, board, index, high, corner] : rows)
     EXPECT_EQ(numberCorner(pages, index, {100, 200}, board, {20, high}), corner) << what;
-}
-
-TEST(PageGeometry, MovesStopAtTheEnds) {
-  // From a page of so many, with so many on view, to a page.
-  using Number = std::int32_t;
-  const std::tuple<PageMove, Number, Number, Number, Number> rows[] = {
-      {PageMove::first, 7, 10, 1, 1},    {PageMove::previous, 9, 20, 8, 1},
-      {PageMove::previous, 8, 20, 8, 1}, {PageMove::previous, 10, 20, 8, 2},
-      {PageMove::next, 1, 20, 8, 9},     {PageMove::next, 13, 20, 8, 13},
-      {PageMove::next, 15, 20, 8, 23},   {PageMove::last, 1, 20, 8, 13},
-      {PageMove::last, 1, 3, 8, 1}};
-  for (const auto& [move, current, total, onView, to] : rows)
-    EXPECT_EQ(movedPage(move, current, total, onView), to) << current << " of " << total;
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ int PageScroll::barThickness() const {
 
 // A control that is larger than the area ends beyond the board: its gap at the far side serves as
 // the one before it.
-void PageScroll::place(const QPoint& origin, const QSize& size) {
+void PageScroll::putControl(const QPoint& origin, const QSize& size) {
   control_->move(origin);
   control_->show();
   const ScreenArea area = {{fullArea().width(), fullArea().height()}};
@@ -49,12 +49,12 @@ void PageScroll::place(const QPoint& origin, const QSize& size) {
   QCoreApplication::sendEvent(this, &layout);
 }
 
-QPointF PageScroll::placeInControl(const QPoint& seen) const {
+QPointF PageScroll::spotInControl(const QPoint& seen) const {
   return control_->mapFrom(viewport(), seen);
 }
 
-void PageScroll::bring(const QPointF& placeInControl, const QPoint& seen) {
-  const QPoint scrolled = control_->pos() + placeInControl.toPoint() - seen;
+void PageScroll::bring(const QPointF& spotInControl, const QPoint& seen) {
+  const QPoint scrolled = control_->pos() + spotInControl.toPoint() - seen;
   horizontalScrollBar()->setValue(scrolled.x());
   verticalScrollBar()->setValue(scrolled.y());
 }

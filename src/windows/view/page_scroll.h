@@ -20,12 +20,12 @@ class PageScroll : public QScrollArea {
   QSize fullArea() const { return maximumViewportSize(); }
   int barThickness() const;
 
-  // Places of what is seen, pixels from its corner: the middle, and one as the control counts it.
+  // Spots of what is seen, pixels from its corner: the middle, and one as the control counts it.
   QPoint middle() const { return viewport()->rect().center(); }
-  QPointF placeInControl(const QPoint& seen) const;
+  QPointF spotInControl(const QPoint& seen) const;
 
   // Scrolls until a place of the control is seen at one of the area, or as near as can be.
-  void bring(const QPointF& placeInControl, const QPoint& seen);
+  void bring(const QPointF& spotInControl, const QPoint& seen);
 
   void scrollToStart();
   void scrollToEnd() { verticalScrollBar()->setValue(verticalScrollBar()->maximum()); }
@@ -35,7 +35,7 @@ class PageScroll : public QScrollArea {
   bool isAtBottom() const { return verticalScrollBar()->value() >= verticalScrollBar()->maximum(); }
 
  public slots:
-  void place(const QPoint& origin, const QSize& size);
+  void putControl(const QPoint& origin, const QSize& size);
 
  signals:
   void resized();

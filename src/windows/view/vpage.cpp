@@ -7,7 +7,6 @@
 #include "document/vdoc.h"
 #include "document/vdocpage.h"
 #include "window_model/page_view.h"
-#include "window_model/view_state.h"
 #include "window_model/zoom_fit.h"
 #include "windows/view/page_image.h"
 #include "windows/view/small_pages.h"
@@ -80,19 +79,19 @@ PageView VPage::viewOf(const VSetScr& screen, std::int32_t zoom, bool show_unpri
 }
 
 void VPage::ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable,
-                       int preview_type) {
+                       PreviewKind kind) {
   VSet& settings = *page->Settings;
-  const bool wide = preview_type == kWideView;
+  const bool wide = kind == kWideView;
   if (wide) {
     ShowMeasured(page, zoom);
   } else {
-    settings.Scr = sheetOf(settings, zoom);
+    settings.Scr = fitSheet(settings, zoom);
   }
   showSingle(page, viewOf(settings.Scr, zoom, show_unprintable && !wide, wide));
 }
 
 // The sheet beside the bars that it needs.
-VSetScr VPage::sheetOf(const VSet& settings, std::int32_t& zoom) const {
+VSetScr VPage::fitSheet(const VSet& settings, std::int32_t& zoom) const {
   const bool fitted = isFit(zoom);
   zoom = fittedToSheet(zoom, settings.Page, settings.Prn, area_, barThickness_);
   std::int32_t firstZoom = zoom;
@@ -141,7 +140,7 @@ int VPage::ShowMulti(VDoc* doc, VDocPage* page, std::int32_t& zoom, bool show_un
 }
 
 void VPage::ShowMessage(const QString& text) {
-  clearForSingle();
+  makeRoomForPages();
   single_->hide();
   showsPages_ = false;
   page_ = nullptr;
@@ -150,7 +149,7 @@ void VPage::ShowMessage(const QString& text) {
   message_->setGeometry(
       rect().adjusted(kMessageMargin, kMessageMargin, -kMessageMargin, -kMessageMargin));
   message_->show();
-  emit placed({0, 0}, size());
+  emit laidOut({0, 0}, size());
 }
 
 QString VPage::message() const {
@@ -158,29 +157,29 @@ QString VPage::message() const {
 }
 
 void VPage::showSingle(VDocPage* page, const PageView& view) {
-  clearForSingle();
+  makeRoomForPages();
   page_ = page;
   resize(view.screen.view_width, view.screen.view_height);
   single_->setGeometry(rect());
   single_->show([this, view](Canvas& canvas, const ViewPart& part) {
     paintPageOrSheet(page_, canvas, view, part);
   });
-  emit placed({view.screen.origin_x, view.screen.origin_y}, size());
+  emit laidOut({view.screen.origin_x, view.screen.origin_y}, size());
 }
 
 void VPage::showThumbnails(VDoc* doc, const PageView& view, const std::vector<PagePlace>& places) {
-  clearForSingle();
+  makeRoomForPages();
   single_->hide();
   // Where a page is larger than the area in one direction, the control is, too.
   const Extent client = areaFor(view.screen).client;
   resize(std::max(client.Width, view.screen.view_width),
          std::max(client.Height, view.screen.view_height));
   small_->show(doc, view, places);
-  emit placed({0, 0}, size());
+  emit laidOut({0, 0}, size());
 }
 
-// Takes away what stands in the place of a single page.
-void VPage::clearForSingle() {
+// Takes away what stands in the place of pages; they are what is shown then.
+void VPage::makeRoomForPages() {
   small_->clear();
   message_->hide();
   showsPages_ = true;

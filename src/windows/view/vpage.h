@@ -8,6 +8,7 @@
 #include "document/vset.h"
 #include "window_model/page_layout.h"
 #include "window_model/sheet_view.h"
+#include "window_model/view_state.h"
 
 class QLabel;
 
@@ -31,7 +32,7 @@ class VPage : public QFrame {
   // One page, on its sheet or as wide as its content needs. `page` must be loaded and stay so while
   // it is shown; its set takes the sheet's measurements, and a zoom that fits is replaced by its
   // percentage. Throws SystemError where no font is installed.
-  void ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable, int preview_type);
+  void ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable, PreviewKind kind);
 
   // Measures a page for the wide view and paints nothing.
   void ShowMeasured(VDocPage* page, std::int32_t& zoom);
@@ -64,7 +65,7 @@ class VPage : public QFrame {
 
  signals:
   // Where the control's corner is to stand in the scrolling area, and its size, pixels.
-  void placed(const QPoint& origin, const QSize& size);
+  void laidOut(const QPoint& origin, const QSize& size);
   // A small page was clicked, once or twice, from 1.
   void pageClicked(int number);
   void pageDoubleClicked(int number);
@@ -73,11 +74,11 @@ class VPage : public QFrame {
 
  private:
   ScreenArea areaFor(const VSetScr& sheet) const;
-  VSetScr sheetOf(const VSet& settings, std::int32_t& zoom) const;
+  VSetScr fitSheet(const VSet& settings, std::int32_t& zoom) const;
   PageView viewOf(const VSetScr& screen, std::int32_t zoom, bool show_unprintable, bool wide) const;
   void showSingle(VDocPage* page, const PageView& view);
   void showThumbnails(VDoc* doc, const PageView& view, const std::vector<PagePlace>& places);
-  void clearForSingle();
+  void makeRoomForPages();
 
   VDocPage* page_ = nullptr;  // on show; the document's
   ScreenArea area_;

@@ -129,7 +129,7 @@ int Window::wheel(int delta, Qt::KeyboardModifiers modifiers, QPoint place) {
 
 std::map<int, PageImage*> Window::smallPages() {
   std::map<int, PageImage*> pages;
-  for (PageImage* image : view().findChildren<PageImage*>()) {
+  for (PageImage* image : pageControl().findChildren<PageImage*>()) {
     if (image->isVisible()) pages[image->property("tag").toInt()] = image;
   }
   return pages;

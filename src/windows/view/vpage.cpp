@@ -9,6 +9,7 @@
 #include "window_model/page_view.h"
 #include "window_model/zoom_fit.h"
 #include "windows/view/page_image.h"
+#include "windows/view/page_overlay.h"
 #include "windows/view/small_pages.h"
 
 namespace qor {
@@ -39,7 +40,8 @@ VPage::VPage(QWidget* parent)
     : QFrame(parent),
       single_(new PageImage(this)),
       small_(new SmallPages(this)),
-      message_(new QLabel(this)) {
+      message_(new QLabel(this)),
+      overlay_(new PageOverlay(this)) {
   setFrameShape(QFrame::NoFrame);
   setCursor(Qt::OpenHandCursor);
   message_->setObjectName("message");
@@ -164,6 +166,7 @@ void VPage::showSingle(VDocPage* page, const PageView& view) {
   single_->show([this, view](Canvas& canvas, const ViewPart& part) {
     paintPageOrSheet(page_, canvas, view, part);
   });
+  overlay_->cover(view);
   emit laidOut({view.screen.origin_x, view.screen.origin_y}, size());
 }
 
@@ -182,6 +185,7 @@ void VPage::showThumbnails(VDoc* doc, const PageView& view, const std::vector<Pa
 void VPage::makeRoomForPages() {
   small_->clear();
   message_->hide();
+  overlay_->leave();
   showsPages_ = true;
 }
 

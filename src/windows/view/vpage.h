@@ -15,6 +15,7 @@ class QLabel;
 namespace qor {
 
 class PageImage;
+class PageOverlay;
 class SmallPages;
 class VDoc;
 class VDocPage;
@@ -57,6 +58,9 @@ class VPage : public QFrame {
   // stays.
   void usePage(VDocPage* page) { page_ = page; }
 
+  // What stands above a single page.
+  PageOverlay& overlay() { return *overlay_; }
+
   // True where a single page is shown.
   bool showsOnePage() const;
 
@@ -86,6 +90,7 @@ class VPage : public QFrame {
   PageImage* single_;
   SmallPages* small_;
   QLabel* message_;
+  PageOverlay* overlay_;
   bool showsPages_ = false;
 };
 

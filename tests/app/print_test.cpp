@@ -232,16 +232,14 @@ int strangers(const Picture& here, const Picture& there) {
   constexpr int kNear = 6;
   const auto isNear = [&there](int x, int y) {
     for (int dy = -kNear; dy <= kNear; ++dy) {
-      for (int dx = -kNear; dx <= kNear; ++dx) {
+      for (int dx = -kNear; dx <= kNear; ++dx)
         if (dotAt(there, x + dx, y + dy) != 0xFFFFFF) return true;
-      }
     }
     return false;
   };
   int count = 0;
-  for (int y = 0; y < here.height; ++y) {
+  for (int y = 0; y < here.height; ++y)
     for (int x = 0; x < here.width; ++x) count += isInk(here, x, y) && !isNear(x, y) ? 1 : 0;
-  }
   return count;
 }
 

@@ -102,9 +102,8 @@ TEST(BarcodeItems, AreToldWhereAnExportCantShowThem) {
     if (!told.empty()) errors += place.path("r.txt") + ": page 2: barcode " + told + "\n";
   }
   place.write("r.txt", report + "behind\r\n");
-  for (const char* target : {"o.html", "o.pdf"}) {
+  for (const char* target : {"o.html", "o.pdf"})
     EXPECT_EQ(runViewer({"-f", "r.txt", "-export", target}, in(place)).told(), "0:" + errors);
-  }
   const std::string html = place.read("o.html");
   EXPECT_NE(html.find("r_barcode_OK_0_0.jpeg\" width=\"188\""), std::string::npos) << html;
   EXPECT_NE(html.find(">behind\r\n"), std::string::npos);

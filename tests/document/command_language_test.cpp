@@ -172,9 +172,8 @@ TEST(CommandLanguage, ColoursReadInEveryForm) {
     for (const auto& [form, color] :
          rowsOf("=Navy 800000|=red 0|16=5 80|16=99 0|16=-1 0|256=5 0|RGB=\"255,0,1\" 100ff|"
                 "RGB=1,2,3 30201|RGB=7 0|RGB=7,8 7|RGB=1,x,3 1|RGB=257,256,1 10001|"
-                "INT=16711681 ff0001|HEX=$0080FF 80ff|HEX=0x0080FF 80ff")) {
+                "INT=16711681 ff0001|HEX=$0080FF 80ff|HEX=0x0080FF 80ff"))
       EXPECT_EQ(dumpOf(form), dumpOf("INT=0x" + color)) << item << key << form;
-    }
     const std::string dump = dumpOf("INT=0x123456");
     EXPECT_NE(dump.find(place + "123456"), std::string::npos) << dump;
     EXPECT_EQ(dump.find("123456"), dump.rfind("123456")) << dump;
@@ -201,9 +200,8 @@ TEST(CommandLanguage, HostileLinesAreReadInOnePass) {
   for (const auto& [line, items] :
        {std::pair{nested, std::string("line\n  text \"x\" weight=700\n")},
         {words + "tc=z/>", "line\n  text \"z\"\n"},
-        {many + "<b>x", "line\n  text \"" + many + "\"\n  text \"x\" weight=700\n"}}) {
+        {many + "<b>x", "line\n  text \"" + many + "\"\n  text \"x\" weight=700\n"}})
     EXPECT_TRUE(TestReport(line).dump() == items);
-  }
 }
 
 }  // namespace

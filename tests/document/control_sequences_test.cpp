@@ -30,9 +30,8 @@ std::string changes(const FontState& font, const VSetPage& page) {
       {"right", page.MarginRight, 0},
       {"bottom", page.MarginBottom, 0},
       {"codepage", page.BaseCodePage, 1252}};
-  for (const auto& [name, value, usual] : values) {
+  for (const auto& [name, value, usual] : values)
     if (value != usual) out << name << "=" << value << " ";
-  }
   return out.str();
 }
 
@@ -57,9 +56,8 @@ TEST(ControlSequences, ChangeFontAndPage) {
   for (const auto& [sequence, change] :
        rowsOf("\017 factor=0.6|W1 factor=2|W0 factor=0.5|w1 height=20|w0 height=5.5|&a6P "
               "orientation=3|"
-              "&a5P orientation=2|(s1V\033(s3B height=1 weight=700")) {
+              "&a5P orientation=2|(s1V\033(s3B height=1 weight=700"))
     EXPECT_EQ(told(sequence + "x"), change + " x") << sequence;
-  }
   // The letters of all others may be small ones.
   for (const auto& [sequence, change] : rowsOf(
            "&a5L left=-5|&a7M right=-7|&d3D underline=1|&d0D underline=1|&d4D underline=1|"
@@ -86,9 +84,8 @@ TEST(ControlSequences, ChangeFontAndPage) {
 TEST(ControlSequences, AreSteppedOverWhereTheyChangeNothing) {
   for (const char* sequence :
        {"W\1",  "CB",   "=",       "Y",      "3ab",  "2a",   "&a2p", "&a5V", "&d5D", "&k9S",
-        "&l0D", "&l9O", "&l1000X", "&u300D", "(s0H", "(s8B", "(s1P", "(8U",  "*5X",  "*p20Y"}) {
+        "&l0D", "&l9O", "&l1000X", "&u300D", "(s0H", "(s8B", "(s1P", "(8U",  "*5X",  "*p20Y"})
     EXPECT_EQ(told(std::string(sequence) + "x"), "x") << sequence;
-  }
   EXPECT_EQ(told(std::string("C\0\fx", 4)), "x");
 }
 

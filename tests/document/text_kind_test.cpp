@@ -50,9 +50,8 @@ std::string linesOf(const std::string& bytes, int page = 1) {
   TestReport report(bytes);
   std::string lines;
   for (const VDocStr& line : report.page(page).lines()) {
-    for (const VData& item : line.items()) {
+    for (const VData& item : line.items())
       if (const auto* text = dynamic_cast<const VData_Text*>(&item)) lines += text->Text;
-    }
     lines += line.LineFeeds == 0 ? "+" : "|";
   }
   return lines;

@@ -81,11 +81,9 @@ TEST(ItemOrder, IsNotSeenOnAnyRoad) {
       const Box cell = {dot(kColumn * column), dot(kRow * row), dot(kColumn * (column + 1)),
                         dot(kRow * (row + 1))};
       int different = 0;
-      for (int y = cell.top; y < cell.bottom; ++y) {
-        for (int x = cell.left; x < cell.right; ++x) {
+      for (int y = cell.top; y < cell.bottom; ++y)
+        for (int x = cell.left; x < cell.right; ++x)
           different += apart(dotAt(first, x, y), dotAt(second, x, y)) > kPartOfADot ? 1 : 0;
-        }
-      }
       EXPECT_EQ(different, 0) << static_cast<int>(road) << " " << itemText(i);
       const bool shown = inkBox(first, cell).right > cell.left;
       const bool isCurve = i == 2 || i == 3;  // which PDF leaves out

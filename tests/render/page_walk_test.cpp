@@ -45,9 +45,8 @@ TEST(PageWalk, PutsLinesUnderEachOther) {
       {"\x0F-\x12+", "-\" Courier New -200x72 weight 400", "72,0 +"},
       {"<w1><font width=10/>a<w1/>", "a\" Courier New -200x400 weight 400", ""},
       {"<font o=3/>a<font o=0/>b", "a\" Courier New -200x0 weight 400 turned 2700", "0,120 b"}};
-  for (const auto& [bytes, first, behind] : others) {
+  for (const auto& [bytes, first, behind] : others)
     EXPECT_EQ(drawn(bytes), "text 0,0 \"" + first + " color 0\n" + plainTexts(behind)) << bytes;
-  }
   EXPECT_EQ(drawn("a<shape left=50 top=90 right=90 bottom=90/>b\r\nc"),
             plain("0,0", "a") + "line 2834,5102 5102,5102 pen 1 15 0 brush 0 0\n" +
                 plainTexts("120,0 b|0,227 c"));
@@ -73,9 +72,8 @@ TEST(PageWalk, RowHeightsOfTheReportSetTheGridAndEmptyLines) {
     TestReport report(bytes);
     report.doc().Settings.Page.MarginTop = -2;
     const std::string record = drawn(report.page());
-    for (const auto& [y, letter] : rowsOf(texts)) {
+    for (const auto& [y, letter] : rowsOf(texts))
       EXPECT_NE(record.find("," + y + " \"" + letter + "\""), std::string::npos) << record;
-    }
   }
 }
 

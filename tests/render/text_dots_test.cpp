@@ -78,9 +78,8 @@ TEST(TextDots, LettersStandInEvenSteps) {
     return sum / ink;
   };
   const double first = centre(dotOf(20));
-  for (int i = 1; i < 20; ++i) {
+  for (int i = 1; i < 20; ++i)
     EXPECT_NEAR(centre(dotOf(20) + i * kAdvance) - first, i * kAdvance, 0.27) << i;
-  }
 }
 
 // The face has one style only, and a square.
@@ -91,9 +90,8 @@ TEST(TextDots, MissingStylesAreMade) {
     std::string report;
     const std::string square = "fn=D050000L height=60 tc=\"\xFE\" ";
     for (const auto& [top, keys] :
-         {std::pair{20, ""}, {60, "fb=1"}, {100, "fi=1"}, {140, "fi=1 fb=1"}}) {
+         {std::pair{20, ""}, {60, "fb=1"}, {100, "fi=1"}, {140, "fi=1 fb=1"}})
       report += placed(30, top, square + keys);
-    }
     const Picture page = pageBy(road, place, report);
     const auto inkAt = [&page](int top) {
       const auto first = static_cast<int>(dotOf(top));

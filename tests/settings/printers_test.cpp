@@ -204,9 +204,8 @@ TEST(Papers, areKnownByNameTurnAndSize) {
                  {"om_a4_210x297mm", a4, {}},
                  {"om_a5_149x210mm", {14900, 21000}, {}}};
   std::string names;
-  for (const Paper& paper : printerOf(queue).papers) {
+  for (const Paper& paper : printerOf(queue).papers)
     names += paper.number > kUserPaper ? paper.name + " " : std::to_string(paper.number) + " ";
-  }
   EXPECT_EQ(names, "9 77 4 3 11 om_a4_210x297mm om_a5_149x210mm ");
 }
 
@@ -249,15 +248,13 @@ TEST_F(Printers, standInTheTreeWithAllTheyTell) {
   EXPECT_EQ(forms.at(0).text, "Letter  (215.9 x 279.4 mm)   (215.9 x 279.4 mm)  [Form BuiltIn]");
   EXPECT_EQ(forms.back().text, "om_label_62x100mm  (62 x 100 mm)   (55 x 92 mm)  [Form Printer]");
   text.clear();
-  for (const TreeNode& branch : tree[3].children) {
+  for (const TreeNode& branch : tree[3].children)
     for (const TreeNode& leaf : branch.children) text += leaf.text + "|";
-  }
   for (const char* part :
        {"        Paper Size: A4|", "      Paper Height: 297 mm|",
         "      Resolution Y: 1669 pixels|", " Physical Offset X: 60 pixels|",
-        "Tabloid  (279.4 x 431.8 mm)  (#3)|", "600 x 300 DPI|", "roll-7  ( #257 )|"}) {
+        "Tabloid  (279.4 x 431.8 mm)  (#3)|", "600 x 300 DPI|", "roll-7  ( #257 )|"})
     EXPECT_NE(text.find(part), std::string::npos) << text;
-  }
 }
 
 TEST_F(Printers, haveTheFontsOfACharacterSet) {
@@ -306,9 +303,8 @@ TEST(PaperTable, hasTheSheetsOfWindows) {
     EXPECT_TRUE(row.turned || row.name.find("Rotated") == std::string_view::npos) << row.name;
   }
   for (const char* name : {"", "iso_a4", "custom_max_15x-490.-931in", "a_1x2", "a_x2mm", "a_0x1mm",
-                           "a_1e9x1mm", "a_nanx1mm", "a_1x2mm3"}) {
+                           "a_1e9x1mm", "a_nanx1mm", "a_1x2mm3"})
     EXPECT_FALSE(sizeOfMedia(name)) << name;
-  }
   EXPECT_EQ(sizeOfMedia("na_letter_8.5x11in"), (MediaSize{21590, 27940}));
 }
 

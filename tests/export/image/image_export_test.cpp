@@ -31,9 +31,8 @@ class ImageExport : public testing::Test {
 
 TEST_F(ImageExport, WritesEveryFormatAtTheSizeOfTheSheet) {
   // A4 at 96 dots to the inch, cut to whole dots.
-  for (const auto& [name, format] : rowsOf("p.bmp BMP3|p.jpeg JPEG|p.gif GIF|p.png PNG")) {
+  for (const auto& [name, format] : rowsOf("p.bmp BMP3|p.jpeg JPEG|p.gif GIF|p.png PNG"))
     EXPECT_EQ(told(name, "text", "%m %w x %h"), format + " 793 x 1122");
-  }
   EXPECT_EQ(told("wide.png", "\x1B&l1Otext", "%w x %h"), "1122 x 793");
   told("p.ico", "text", "");
   const std::string icon = magick_.folder().read("p.ico");

@@ -47,9 +47,8 @@ class PdfExport : public testing::Test {
 
   // The same report, by a program that stands elsewhere.
   Outcome exportByCopy(const TemporaryDirectory& program, const char* option = "") {
-    for (const char* name : {"qorutlview", "qor_harfbuzz.so"}) {
+    for (const char* name : {"qorutlview", "qor_harfbuzz.so"})
       fs::copy_file(fs::path(QOR_PROGRAM).parent_path() / name, program.path(name));
-    }
     return run({program.path("qorutlview"), "-f", "r.txt", "-codepage", "1254", option, "-export",
                 "r.pdf"},
                {directory_.path(), {}, 0});
@@ -66,11 +65,9 @@ std::string expanded(std::string text) {
   for (const auto& [mark, words] : {std::pair{'*', "left=10 top=20"},
                                     {'#', "left=10 top=20 right=30 bottom=40"},
                                     {'@', "BT;/F0 10 Tf;"},
-                                    {'%', "28 786 57 -57 re;S;"}}) {
-    for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark, at)) {
+                                    {'%', "28 786 57 -57 re;S;"}})
+    for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark, at))
       text.replace(at, 1, words);
-    }
-  }
   std::ranges::replace(text, ';', '\n');
   return text;
 }
@@ -178,9 +175,8 @@ TEST_F(PdfExport, takesTheFaceOfEachStyleAndItsWidths) {
       "A<b>A<i>A<b/><i>A<text left=10 top=20 fn=Arial height=20 tc=\"WWW iii\"/>";
   expectTold(exportReport(text), "");
   const std::string fonts = run({"pdffonts", directory_.path("r.pdf")}).output;
-  for (const char* style : {" ", "-Bold ", "-BoldItalic ", "-Italic "}) {
+  for (const char* style : {" ", "-Bold ", "-BoldItalic ", "-Italic "})
     EXPECT_NE(fonts.find(std::string("+LiberationMono") + style), std::string::npos) << fonts;
-  }
   EXPECT_NE(fonts.find("+LiberationSans-Italic "), std::string::npos) << fonts;
   EXPECT_EQ(std::count(fonts.begin(), fonts.end(), '\n'), 7) << fonts;
   // Of 2048 units "W" has 1933 and a blank 569.
@@ -220,9 +216,8 @@ TEST_F(PdfExport, isTheSameEachTimeAndTellsOfItself) {
   const std::string metadata = run({"pdfinfo", "-meta", directory_.path("r.pdf")}).output;
   for (const char* part : {"Title:           T\n", "Producer:        QorUtlView 1.3b7\n",
                            "CreationDate:    1970-01-02T00:00:00Z\n", "595 x 842 pts",
-                           ">A\uFFFD &lt;</rdf:li>", "<pdfaid:part>2</pdfaid:part>"}) {
+                           ">A\uFFFD &lt;</rdf:li>", "<pdfaid:part>2</pdfaid:part>"})
     EXPECT_NE((information + metadata).find(part), std::string::npos) << information << metadata;
-  }
 }
 
 // Readers put words in their own order.
@@ -276,9 +271,8 @@ TEST_F(PdfExport, makesSoundDocumentsOfTheSamples) {
     const Outcome check = run({"qpdf", "--check", directory_.path("o.pdf")});
     EXPECT_EQ(check.exitCode, 0) << check.output << check.errors;
     auto fonts = linesOf(run({"pdffonts", directory_.path("o.pdf")}).output);
-    for (std::size_t i = 2; i < fonts.size(); ++i) {
+    for (std::size_t i = 2; i < fonts.size(); ++i)
       EXPECT_NE(fonts[i].find("yes yes yes"), std::string::npos);  // embedded, subset, unicode
-    }
   }
 }
 

@@ -42,12 +42,10 @@ TEST(Fonts, CharactersWithoutAPlaceInTheFaceStillCount) {
 }
 
 TEST(Fonts, UnknownFacesAndSizesFindAStandIn) {
-  for (const char* face : {"No Such Face", "", "MS Sans Serif", "Terminal"}) {
+  for (const char* face : {"No Such Face", "", "MS Sans Serif", "Terminal"})
     EXPECT_GT(scaledFont(record(face, -200))->glyph(U'a').advance, 0) << face;
-  }
-  for (const int height : {2147483647, -2147483647 - 1}) {
+  for (const int height : {2147483647, -2147483647 - 1})
     EXPECT_GT(scaledFont(record("Arial", height))->metrics().height, 0);
-  }
 }
 
 }  // namespace

@@ -29,11 +29,9 @@ const Sample kSamples[] = {
 
 std::vector<std::uint32_t> pixelsOf(const Sample& sample, std::uint32_t top, int stride) {
   std::vector<std::uint32_t> pixels;
-  for (int y = 0; y < kHeight; ++y) {
-    for (int x = 0; x < stride; ++x) {
+  for (int y = 0; y < kHeight; ++y)
+    for (int x = 0; x < stride; ++x)
       pixels.push_back(x < kWidth ? top | sample.pixel(x, y) : 0x12345678);
-    }
-  }
   return pixels;
 }
 

@@ -166,7 +166,7 @@ TEST(Print, startsEachPageWithItsOwnPenAndBrush) {
               "<img imgn=3 left=20 top=20 right=60 bottom=40/>\r\n");
   expectTold(runViewer({"-g", "-f", "r.txt"}, in(place)), "");
   const Picture page = renderPdf(place.path("r(print).pdf"), 2);
-  EXPECT_EQ(dotAt(page, static_cast<int>(dotOf(22)), static_cast<int>(dotOf(22))), 0xFFFFFFU);
+  EXPECT_EQ(dotAt(page, wholeDotOf(22), wholeDotOf(22)), 0xFFFFFFU);
 }
 
 // In the process: no command line asks for scales, single pages or lists of them.

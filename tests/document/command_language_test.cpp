@@ -10,22 +10,17 @@
 namespace qor::test {
 namespace {
 
-struct Row {
-  std::string name;
-  std::string line;
-  std::string items;
-};
-
-// The items as a dump tells them, "|" between them; texts without their name.
-void expectItems(const std::vector<Row>& rows) {
-  for (const Row& row : rows) {
+// The name of a row, its line, and the items as a dump tells them, "|" between them; texts without
+// their name.
+void expectItems(const std::vector<std::array<std::string, 3>>& rows) {
+  for (const auto& [name, report, expected] : rows) {
     std::string items;
-    for (const std::string& line : linesOf(TestReport(row.line).dump())) {
+    for (const std::string& line : linesOf(TestReport(report).dump())) {
       const bool isText = line.starts_with("  text ");
       if (line == "line" && items.empty()) continue;
       items += (items.empty() ? "" : "|") + line.substr(isText ? 7 : line.find_first_not_of(' '));
     }
-    EXPECT_EQ(items, row.items) << row.name;
+    EXPECT_EQ(items, expected) << name;
   }
 }
 

@@ -4,18 +4,14 @@
 
 #include "support/page_picture.h"
 #include "support/program.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
 
-// Places are filled in: of the cell's corner and, for boxes, of the corner across.
-struct Item {
-  const char* start;
-  const char* keys;
-  bool hasBox;
-};
-
-constexpr Item kItems[] = {
+// The start and the keys of each. Places are filled in: of the cell's corner and, where there is a
+// box, of the corner across.
+constexpr std::tuple<const char*, const char*, bool> kItems[] = {
     {"shape", "pt=2 lw=60 pc=Red", true},
     {"shape", "sh_type=2 lw=30 pc=Navy", true},
     {"shape", "sh_type=4 bt=3 bc=Green pt=0", true},
@@ -45,11 +41,10 @@ constexpr int kColumn = 48;  // mm
 constexpr int kRow = 40;
 
 std::string itemText(std::size_t number) {
-  const Item& item = kItems[number];
+  const auto& [start, keys, hasBox] = kItems[number];
   const int left = 3 + kColumn * (static_cast<int>(number) % kColumns);
   const int top = 15 + kRow * (static_cast<int>(number) / kColumns);
-  return itemTag(item.start, {left, top, item.hasBox ? left + 40 : 0, item.hasBox ? top + 15 : 0},
-                 item.keys);
+  return itemTag(start, {left, top, hasBox ? left + 40 : 0, hasBox ? top + 15 : 0}, keys);
 }
 
 // A PDF file tells places of neighbours in thousandths of a font, a part of a dot.
@@ -58,12 +53,8 @@ constexpr int kPartOfADot = 80;
 TEST(ItemOrder, IsNotSeenOnAnyRoad) {
   const TemporaryDirectory place;
   // Files of one length for two pictures.
-  const auto make = [&place](const char* color, const char* name) {
+  for (const auto& [color, name] : rowsOf("xc:#C03050 a.bmp|xc:#30C050 b.bmp|xc:#3050C080 c.png"))
     run({"convert-im6.q16", "-size", "30x20", color, place.path(name)});
-  };
-  make("xc:#C03050", "a.bmp");
-  make("xc:#30C050", "b.bmp");
-  make("xc:#3050C080", "c.png");
   std::string forward;
   std::string backward;
   for (std::size_t i = 0; i < std::size(kItems); ++i) {
@@ -77,9 +68,8 @@ TEST(ItemOrder, IsNotSeenOnAnyRoad) {
     for (std::size_t i = 0; i < std::size(kItems); ++i) {
       const int column = static_cast<int>(i) % kColumns;
       const int row = static_cast<int>(i) / kColumns;
-      const auto dot = [](int millimetres) { return static_cast<int>(dotOf(millimetres)); };
-      const Box cell = {dot(kColumn * column), dot(kRow * row), dot(kColumn * (column + 1)),
-                        dot(kRow * (row + 1))};
+      const Box cell = {wholeDotOf(kColumn * column), wholeDotOf(kRow * row),
+                        wholeDotOf(kColumn * (column + 1)), wholeDotOf(kRow * (row + 1))};
       int different = 0;
       for (int y = cell.top; y < cell.bottom; ++y)
         for (int x = cell.left; x < cell.right; ++x)

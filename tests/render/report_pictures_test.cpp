@@ -44,8 +44,8 @@ TEST(ReportPictures, AreTakenForNoOther) {
   for (const Road road : kRoads) {
     const Picture page = pageBy(road, place, report);
     for (const auto& [spot, color] : seen) {
-      const auto x = static_cast<int>(dotOf(spot.left + 4));
-      const auto y = static_cast<int>(dotOf(spot.top + 4));
+      const auto x = wholeDotOf(spot.left + 4);
+      const auto y = wholeDotOf(spot.top + 4);
       EXPECT_LE(apart(dotAt(page, x, y), color), 4) << static_cast<int>(road) << " " << text(spot);
     }
   }

@@ -24,10 +24,9 @@ TEST(TextDots, StrokesFollowTheFaceAndTheTurn) {
       {"fu=1", 20, "75,460 268,463"},       {"fso=1", 20, "75,424 268,428"},
       {"fu=1 o=1", 20, "157,185 161,378"},  {"fso=1 o=1", 20, "121,185 126,378"},
       {"fu=1 o=2", 100, "185,292 378,296"}, {"fu=1 o=3", 60, "141,377 145,570"}};
-  const TemporaryDirectory place;
   for (const auto& [keys, left, box] : rows) {
     const std::string blanks = std::string("height=60 fcRGB=\"9,9,9\" tc=\"    \" ") + keys;
-    const Picture page = pageBy(Road::picture, place, placed(left, 100, blanks));
+    const Picture page = pictureOf(placed(left, 100, blanks));
     EXPECT_EQ(text(inkBox(page, {0, 0, page.width, page.height})), box) << keys;
   }
 }
@@ -35,7 +34,6 @@ TEST(TextDots, StrokesFollowTheFaceAndTheTurn) {
 // The box goes from 75.53, 377.93 to 453.53, 604.67; three blanks of 20 points, each with 170 twips
 // behind it, are 82.01 long and 30.2 high, their stroke lies 27.86 below their top.
 TEST(TextDots, BoxesAlignTextsWithTheirSpaces) {
-  const TemporaryDirectory place;
   const std::pair<int, int> across[] = {{75, 158}, {223, 306}, {371, 454}};
   const std::pair<int, int> along[] = {{405, 406}, {504, 505}, {602, 603}};
   for (int i = 0; i < 9; ++i) {
@@ -43,7 +41,7 @@ TEST(TextDots, BoxesAlignTextsWithTheirSpaces) {
     const int v = i / 3;
     const std::string keys = "height=20 hs=3 fu=1 tc=\"   \" alignH=" + std::to_string(h) +
                              " alignV=" + std::to_string(v);
-    const Picture page = pageBy(Road::picture, place, itemTag("text", {20, 100, 120, 160}, keys));
+    const Picture page = pictureOf(itemTag("text", {20, 100, 120, 160}, keys));
     EXPECT_EQ(inkBox(page, {0, 0, page.width, page.height}),
               (Box{across[h].first, along[v].first, across[h].second, along[v].second}))
         << i;
@@ -53,10 +51,8 @@ TEST(TextDots, BoxesAlignTextsWithTheirSpaces) {
 // At 19 points a blank is 228.04 twips wide, less 226: 4100 of them end at 556.8 dots, however they
 // are painted.
 TEST(TextDots, LongTextsGoOnWhereTheyAre) {
-  const TemporaryDirectory place;
   const Picture page =
-      pageBy(Road::picture, place,
-             "<font height=19 hs=-4/>" + std::string(4100, ' ') + "<font hs=0 fu=1/>  ");
+      pictureOf("<font height=19 hs=-4/>" + std::string(4100, ' ') + "<font hs=0 fu=1/>  ");
   const Box ink = inkBox(page, {0, 0, page.width, page.height});
   EXPECT_EQ(std::pair(ink.left, ink.right), std::pair(556, 588));
 }
@@ -64,14 +60,12 @@ TEST(TextDots, LongTextsGoOnWhereTheyAre) {
 // Glyphs stand at quarters of a dot, so that gaps are even where an advance is no whole dot.
 TEST(TextDots, LettersStandInEvenSteps) {
   constexpr double kAdvance = 11 * 20 * 1229 / 2048.0 / 15;
-  const TemporaryDirectory place;
-  const Picture page =
-      pageBy(Road::picture, place, placed(20, 20, "height=11 tc=\"" + std::string(20, '|') + "\""));
+  const Picture page = pictureOf(placed(20, 20, "height=11 tc=\"" + std::string(20, '|') + "\""));
   const auto centre = [&page](double left) {
     double sum = 0;
     double ink = 0;
     for (int x = static_cast<int>(left); x < left + kAdvance; ++x) {
-      const int dark = 255 - static_cast<int>(dotAt(page, x, static_cast<int>(dotOf(22))) & 0xFF);
+      const int dark = 255 - static_cast<int>(dotAt(page, x, wholeDotOf(22)) & 0xFF);
       sum += dark * (x + 0.5);
       ink += dark;
     }
@@ -84,7 +78,6 @@ TEST(TextDots, LettersStandInEvenSteps) {
 
 // The face has one style only, and a square.
 TEST(TextDots, MissingStylesAreMade) {
-  const TemporaryDirectory place;
   for (const Road road : {Road::picture, Road::print}) {
     SCOPED_TRACE(static_cast<int>(road));
     std::string report;
@@ -92,9 +85,9 @@ TEST(TextDots, MissingStylesAreMade) {
     for (const auto& [top, keys] :
          {std::pair{20, ""}, {60, "fb=1"}, {100, "fi=1"}, {140, "fi=1 fb=1"}})
       report += placed(30, top, square + keys);
-    const Picture page = pageBy(road, place, report);
+    const Picture page = pageBy(road, TemporaryDirectory(), report);
     const auto inkAt = [&page](int top) {
-      const auto first = static_cast<int>(dotOf(top));
+      const auto first = wholeDotOf(top);
       return inkBox(page, {0, first, page.width, first + 140});
     };
     const auto width = [](const Box& box) { return box.right - box.left; };
@@ -127,7 +120,7 @@ std::pair<Picture, std::vector<Box>> lettersOf(
     cells.push_back(
         {dot(dotOf(left)), dot(dotOf(top)), dot(dotOf(left) + 32.005), dot(dotOf(top) + 60.4)});
   }
-  return {pageBy(Road::picture, TemporaryDirectory(), report), cells};
+  return {pictureOf(report), cells};
 }
 
 // The strokes at the left, upper, right and lower edge, by the names of the characters.

@@ -102,9 +102,9 @@ bool VData_BarCode::SetValue(std::string_view given) {
 
 void VData_BarCode::follow(const VData_BarCode* before) {
   if (hasEncoder(BarcodeType) && !trimmed(Value).empty()) {
-    symbolSource_ = this;
+    symbol_source_ = this;
   } else if (before != nullptr) {
-    symbolSource_ = before->symbolSource();
+    symbol_source_ = before->symbolSource();
   }
 }
 

@@ -34,7 +34,7 @@ void AttributeReader::continueWith(std::string_view rest) {
   rest_ = rest;
   equals_ = nullptr;
   const auto blank = rest.rfind(' ');
-  lastBlank_ = blank == std::string_view::npos ? nullptr : rest.data() + blank;
+  last_blank_ = blank == std::string_view::npos ? nullptr : rest.data() + blank;
 }
 
 std::optional<std::string_view> AttributeReader::key() {
@@ -92,7 +92,7 @@ AttributeValue AttributeReader::takeText() {
 
 void AttributeReader::skipToken() {
   rest_ = trimmedLeft(rest_);
-  if (lastBlank_ < rest_.data()) {
+  if (last_blank_ < rest_.data()) {
     rest_ = {};
     return;
   }

@@ -43,8 +43,8 @@ class AttributeReader {
   AttributeValue takeQuoted(std::string_view text);
 
   std::string_view rest_;
-  const char* equals_ = nullptr;     // the next "=", or the end of the text
-  const char* lastBlank_ = nullptr;  // null where there is none
+  const char* equals_ = nullptr;      // the next "=", or the end of the text
+  const char* last_blank_ = nullptr;  // null where there is none
 };
 
 // How the texts of values become what items hold; nothing where they can't be read.

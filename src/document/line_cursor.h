@@ -24,16 +24,16 @@ class LineCursor {
   }
 
   // True if a ">" (or a "/>") stands anywhere behind the place.
-  bool closeFollows(std::size_t place) { return isLastBehind(lastClose_, ">", place); }
-  bool emptyCloseFollows(std::size_t place) { return isLastBehind(lastEmptyClose_, "/>", place); }
+  bool closeFollows(std::size_t place) { return isLastBehind(last_close_, ">", place); }
+  bool emptyCloseFollows(std::size_t place) { return isLastBehind(last_empty_close_, "/>", place); }
 
   // The first ">" at or behind the place, which has one.
   std::size_t nextClose(std::size_t place) {
-    if (nextClose_ < place || searchedFrom_ > place) {
-      nextClose_ = line_.find('>', place);
-      searchedFrom_ = place;
+    if (next_close_ < place || searched_from_ > place) {
+      next_close_ = line_.find('>', place);
+      searched_from_ = place;
     }
-    return nextClose_;
+    return next_close_;
   }
 
  private:
@@ -45,10 +45,10 @@ class LineCursor {
 
   std::string_view line_;
   std::size_t offset_ = 0;
-  std::optional<std::size_t> lastClose_;
-  std::optional<std::size_t> lastEmptyClose_;
-  std::size_t nextClose_ = 0;
-  std::size_t searchedFrom_ = 1;
+  std::optional<std::size_t> last_close_;
+  std::optional<std::size_t> last_empty_close_;
+  std::size_t next_close_ = 0;
+  std::size_t searched_from_ = 1;
 };
 
 }  // namespace qor

@@ -159,8 +159,8 @@ std::unique_ptr<VData> VCommand::MakeItem(const Tag& tag) {
 std::unique_ptr<VData> VCommand::makeBarcode(const Tag& tag) {
   auto item = std::make_unique<VData_BarCode>(Settings);
   readAttributes(tag.attributes, *item);
-  item->follow(barcodeBefore_);
-  barcodeBefore_ = item.get();
+  item->follow(barcode_before_);
+  barcode_before_ = item.get();
   return item;
 }
 

@@ -145,7 +145,7 @@ class VData_BarCode : public VData_Font, public VData_Shape {
 
   // The item whose symbol this one shows: itself, or, where its type has no encoder, the nearest
   // one before it on the page that has; null where there is none.
-  const VData_BarCode* symbolSource() const { return symbolSource_; }
+  const VData_BarCode* symbolSource() const { return symbol_source_; }
 
   // Takes a symbology's name or number; an unknown one makes the type -1.
   void SetType(std::string_view text);
@@ -172,7 +172,7 @@ class VData_BarCode : public VData_Font, public VData_Shape {
   std::int32_t AttributeCount = 0;
 
  private:
-  const VData_BarCode* symbolSource_ = nullptr;
+  const VData_BarCode* symbol_source_ = nullptr;
 };
 
 }  // namespace qor

@@ -66,7 +66,7 @@ int VDoc::ReadHeader(const InputFile& file) {
   VSetPage page = Settings.Page;
   FontState font;
   RunControlSequences(header, consumed, &page, font);
-  if (!std::exchange(headApplied_, true)) Settings.Page = page;
+  if (!std::exchange(head_applied_, true)) Settings.Page = page;
   head_ = header.substr(0, consumed);
   HeaderLength = static_cast<std::uint32_t>(consumed);
   return 1;
@@ -95,9 +95,9 @@ VDocPage* VDoc::GetPage(std::int32_t number, PageMode mode) {
 }
 
 const FontState& VDoc::FontAt(std::int32_t number) {
-  if (fonts_.known() == 0 || baseFont_ != Settings.Font) {
-    baseFont_ = Settings.Font;
-    FontState first = baseFont_;
+  if (fonts_.known() == 0 || base_font_ != Settings.Font) {
+    base_font_ = Settings.Font;
+    FontState first = base_font_;
     std::size_t cursor = 0;
     RunControlSequences(head_, cursor, nullptr, first);
     fonts_.restart(first);
@@ -107,9 +107,9 @@ const FontState& VDoc::FontAt(std::int32_t number) {
 
 // A short file may still grow, and is looked at again.
 void VDoc::findLineEnds(const InputFile& file) {
-  if (lineEnds_ || file.size() <= kShortFile) return;
-  lineEnds_ = lineEndsOf(file);
-  if (lineEnds_ == LineEnds::lineFeeds) ForgetFonts();
+  if (line_ends_ || file.size() <= kShortFile) return;
+  line_ends_ = lineEndsOf(file);
+  if (line_ends_ == LineEnds::lineFeeds) ForgetFonts();
 }
 
 LineEnds VDoc::lineEndsOf(const InputFile& file) const {
@@ -160,7 +160,7 @@ void VDoc::Clear() {
   KnownSize = 0;
   HeaderLength = 0;
   head_.clear();
-  lineEnds_.reset();
+  line_ends_.reset();
   ForgetFonts();
 }
 

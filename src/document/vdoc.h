@@ -53,7 +53,7 @@ class VDoc {
 
   // What ends the lines of the report. A file of more than 4 KB whose first page holds no CR at all
   // is a text of another system, which would be one endless line. Known once a page was read.
-  LineEnds lineEnds() const { return lineEnds_.value_or(LineEnds::carriageReturns); }
+  LineEnds lineEnds() const { return line_ends_.value_or(LineEnds::carriageReturns); }
 
   // How many pages from the first on have a start that is known: those before them were read. The
   // first page has as soon as it was asked for.
@@ -113,11 +113,11 @@ class VDoc {
   void findLineEnds(const InputFile& file);
   LineEnds lineEndsOf(const InputFile& file) const;
 
-  std::string head_;    // control sequences at the start of the file
-  FontState baseFont_;  // of the settings that fonts_ started with
+  std::string head_;     // control sequences at the start of the file
+  FontState base_font_;  // of the settings that fonts_ started with
   RunningFonts fonts_;
-  std::optional<LineEnds> lineEnds_;
-  bool headApplied_ = false;
+  std::optional<LineEnds> line_ends_;
+  bool head_applied_ = false;
 };
 
 }  // namespace qor

@@ -86,9 +86,9 @@ class LineSplitter {
     if (place_ < bytes_.size() && bytes_[place_] == kLineFeed) {
       ++place_;
     } else {
-      pendingOverprint_ = true;
+      pending_overprint_ = true;
     }
-    if (c == kFormFeed) pendingFormFeed_ = true;
+    if (c == kFormFeed) pending_form_feed_ = true;
   }
 
   // Looks only at what was added since the last time.
@@ -102,8 +102,8 @@ class LineSplitter {
 
   void addLine() {
     VDocStr& line = page_.AddLine(line_, commands_);
-    if (std::exchange(pendingFormFeed_, false)) line.AfterFormFeed = true;
-    if (std::exchange(pendingOverprint_, false)) {
+    if (std::exchange(pending_form_feed_, false)) line.AfterFormFeed = true;
+    if (std::exchange(pending_overprint_, false)) {
       line.Overprint = 1;
       line.LineFeeds = 0;
     }
@@ -119,8 +119,8 @@ class LineSplitter {
   std::string line_;
   std::size_t searched_ = 0;
   bool memo_ = false;  // once true, no line of the page ends any more
-  bool pendingOverprint_ = false;
-  bool pendingFormFeed_ = false;
+  bool pending_overprint_ = false;
+  bool pending_form_feed_ = false;
 };
 
 }  // namespace

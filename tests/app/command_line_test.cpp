@@ -23,9 +23,8 @@ class CommandLineTest : public testing::Test {
   std::string parsed(std::string parameters) {
     AppOptions = {};
     AppOptions.WorkDir = place_.path();
-    if (const auto at = parameters.find('@'); at != std::string::npos) {
+    if (const auto at = parameters.find('@'); at != std::string::npos)
       parameters.replace(at, 1, place_.path());
-    }
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     const RunMode mode = ParseCommandLine(parameters);
@@ -37,9 +36,8 @@ class CommandLineTest : public testing::Test {
   }
 
   void expectParsed(const std::vector<std::pair<const char*, const char*>>& rows) {
-    for (const auto& [parameters, expected] : rows) {
+    for (const auto& [parameters, expected] : rows)
       EXPECT_EQ(parsed(parameters), expected) << parameters;
-    }
   }
 
  private:
@@ -65,7 +63,7 @@ class CommandLineTest : public testing::Test {
   }
 
   OptionsGuard guard_;
-  Variable codePage_{"QOR_ANSI_CODEPAGE", "1253"};
+  Variable code_page_{"QOR_ANSI_CODEPAGE", "1253"};
   TemporaryDirectory place_;
 };
 
@@ -134,16 +132,13 @@ TEST_F(CommandLineTest, fillsTheOptions) {
   for (const char* parameters :
        {"-F r.txt", "-f @r.txt", "-f \"r.txt\"", "-f \"r.txt -F r.txt", "-f r.txt -mail abc",
         "-HANDLE abc -f r.txt", "x -fr.txt", "-dynamic -f r.txt", "-test -f r.txt",
-        "-mail 2 -f r.txt", "-f r.txt -e txt", "-f r.txt -Dd -Dynamic -Test"}) {
+        "-mail 2 -f r.txt", "-f r.txt -e txt", "-f r.txt -Dd -Dynamic -Test"})
     EXPECT_EQ(parsed(parameters), "preview file=@r.txt") << parameters;
-  }
   for (const char* parameters : {"-g", "-dd", "-p", "-fr.txt", "-f \"r.txt", "-codepage abc",
-                                 "-Export o.txt", "x -h", "-hx", "-?", "--h"}) {
+                                 "-Export o.txt", "x -h", "-hx", "-?", "--h"})
     EXPECT_EQ(parsed(parameters), "preview") << parameters;
-  }
-  for (const char* parameters : {"/?", "/h", "/H", "-h", "-H", "  -h "}) {
+  for (const char* parameters : {"/?", "/h", "/H", "-h", "-H", "  -h "})
     EXPECT_EQ(parsed(parameters), "stop told") << parameters;
-  }
 }
 
 TEST(CodePages, followTheVariableAndThenTheLanguage) {
@@ -163,9 +158,8 @@ TEST(CodePages, followTheVariableAndThenTheLanguage) {
   for (const auto& [language, page] :
        rowsOf("C 1252|ru 1251|uk 1251|be 1251|bg 1251|mk 1251|sr 1251|tr 1254|az 1254|pl 1250|"
               "cs 1250|sk 1250|hu 1250|ro 1250|hr 1250|sl 1250|el 1253|he 1255|ar 1256|lt 1257|"
-              "lv 1257|et 1257|vi 1258|de 1252")) {
+              "lv 1257|et 1257|vi 1258|de 1252"))
     EXPECT_EQ(std::to_string(codePage(nullptr, language.c_str(), "el", "el")), page) << language;
-  }
 }
 
 }  // namespace

@@ -78,9 +78,8 @@ TEST(Cups, saysWhyNothingWasPrinted) {
     const bool dies = queue == std::string("dying");
     const TemporaryDirectory place;
     std::string report;
-    for (int i = 0; i < (dies ? 1000000 : 1); ++i) {
+    for (int i = 0; i < (dies ? 1000000 : 1); ++i)
       report += "Alpha " + std::to_string(i) + (i % 50 == 49 ? "\r\n\f" : "\r\n");
-    }
     place.write("r.txt", report);
     Process printing(viewer({"-g", "-f", "r.txt", "-dd", "-p", queue}),
                      scheduler.surroundings(place));

@@ -167,7 +167,7 @@ TEST(Print, startsEachPageWithItsOwnPenAndBrush) {
               "<img imgn=3 left=20 top=20 right=60 bottom=40/>\r\n");
   expectTold(runViewer({"-g", "-f", "r.txt"}, in(place)), "");
   const Picture page = renderPdf(place.path("r(print).pdf"), 2);
-  EXPECT_EQ(dotAt(page, static_cast<int>(dotOf(22)), static_cast<int>(dotOf(22))), 0xFFFFFFU);
+  EXPECT_EQ(dotAt(page, wholeDotOf(22), wholeDotOf(22)), 0xFFFFFFU);
 }
 
 // In the process: no command line asks for scales, single pages or lists of them.
@@ -234,16 +234,14 @@ int strangers(const Picture& here, const Picture& there) {
   constexpr int kNear = 6;
   const auto isNear = [&there](int x, int y) {
     for (int dy = -kNear; dy <= kNear; ++dy) {
-      for (int dx = -kNear; dx <= kNear; ++dx) {
+      for (int dx = -kNear; dx <= kNear; ++dx)
         if (dotAt(there, x + dx, y + dy) != 0xFFFFFF) return true;
-      }
     }
     return false;
   };
   int count = 0;
-  for (int y = 0; y < here.height; ++y) {
+  for (int y = 0; y < here.height; ++y)
     for (int x = 0; x < here.width; ++x) count += isInk(here, x, y) && !isNear(x, y) ? 1 : 0;
-  }
   return count;
 }
 

@@ -18,9 +18,8 @@ using Files = std::map<std::string, std::string>;
 // Every file below the directory with its bytes.
 Files contents(const TemporaryDirectory& place) {
   Files files;
-  for (const std::string& name : place.names()) {
+  for (const std::string& name : place.names())
     files[name] = name.ends_with('/') ? "" : place.read(name);
-  }
   return files;
 }
 
@@ -50,9 +49,8 @@ TEST(Help, speaksThreeLanguages) {
 
 TEST(Run, endsSilentlyWithoutReport) {
   const TemporaryDirectory place;
-  for (const char* options : {"", "x -h", "-g", "-export o.txt", "-test -dd"}) {
+  for (const char* options : {"", "x -h", "-g", "-export o.txt", "-test -dd"})
     expectTold(runViewer(wordsOf(options), in(place)), "");
-  }
   EXPECT_TRUE(contents(place).empty());
 }
 
@@ -139,9 +137,8 @@ TEST(DeleteAfterwards, takesTheReportAndItsSideFiles) {
     const TemporaryDirectory place;
     for (const char* name : {"r.txt", "r_1.jpeg", "listed.txt", "in/r.txt", "in/r_1.jpeg",
                              "in/r_.x", "in/r_a_b.c", "in/r.bak", "in/r2_1.jpeg", "in/xr_1.jpeg",
-                             "in/r.s.txt", "in/r.s_1.jpeg", "in/r_d.d/r_1.jpeg"}) {
+                             "in/r.s.txt", "in/r.s_1.jpeg", "in/r_d.d/r_1.jpeg"})
       place.write(name, "A");
-    }
     place.write("in/r_mail.tmp", "listed.txt\r\n" + place.path("listed.txt") + "\r\n");
     Files expected = contents(place);
     for (const auto& name : wordsOf(gone)) EXPECT_EQ(expected.erase(name), 1U) << name;
@@ -190,12 +187,10 @@ TEST(FailedExport, leavesEverythingAsItWas) {
   place.write("r.txt", report);
   place.write("r_1.jpeg", "side");
   for (const char* name : {"old.txt", "old.html", "old.bmp", "old.png", "locked.txt", "locked.png",
-                           "taken.txt/inside", "taken.bmp/inside"}) {
+                           "taken.txt/inside", "taken.bmp/inside"})
     place.write(name, "old");
-  }
-  for (const char* name : {"locked.txt", "locked.png"}) {
+  for (const char* name : {"locked.txt", "locked.png"})
     fs::permissions(place.path(name), fs::perms(0444));
-  }
   fs::permissions(place.path(), fs::perms(0777));
   const Files before = contents(place);
   const auto expectFailure = [&](const std::string& target, const std::string& codePage,
@@ -207,12 +202,10 @@ TEST(FailedExport, leavesEverythingAsItWas) {
     EXPECT_EQ(contents(place), before);
   };
   for (const char* target : {"none/o.txt", "none/o.html", "none/o.png", "r.txt/o.txt", "taken.txt",
-                             "taken.bmp", "locked.txt", "locked.png"}) {
+                             "taken.bmp", "locked.txt", "locked.png"})
     expectFailure(target, "1252", 0, target);
-  }
-  for (const char* tooLarge : {"old.txt", "old.html", "old.bmp", "new.txt"}) {
+  for (const char* tooLarge : {"old.txt", "old.html", "old.bmp", "new.txt"})
     expectFailure(tooLarge, "1252", 8192, tooLarge);
-  }
   expectFailure("old.png", "708", 0, "code page 708");
 }
 

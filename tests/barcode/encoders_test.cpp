@@ -36,7 +36,7 @@ std::string read(const std::string& modules) {
 
 constexpr std::string_view kAlphabet = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ-. $/+%";
 
-TEST(Encoders, MakeSymbolsThatAreRead) {
+TEST(Encoders, makeSymbolsThatAreRead) {
   VBarCodeCalc calc;
   // The first digit decides which set each of the next ones comes from.
   for (const char first : std::string_view("123456789")) {
@@ -51,9 +51,8 @@ TEST(Encoders, MakeSymbolsThatAreRead) {
   EXPECT_EQ(read(calc.ITF("0123456789012")), "ITF 01234567890128");
   // Set A has its check symbol right always, set B where the sum allows it.
   for (const char* text : {" !\"#$%&'()*+,-./0123456789:;<=>?@", "ABCDEFGHIJKLMNOPQRSTUVWXYZ[\\]^_",
-                           "abcdefghijklmnopqrstuvwxyzA{", "`{|}~amkellsdzdw"}) {
+                           "abcdefghijklmnopqrstuvwxyzA{", "`{|}~amkellsdzdw"})
     EXPECT_EQ(read(calc.Code128(text)), std::string("Code128 ") + text);
-  }
   // Readers want gaps between the characters of Code 39, and the check symbols of Code 93.
   calc.Code39(kAlphabet, false);
   VBarCodeCalc::Texts entries;
@@ -64,22 +63,20 @@ TEST(Encoders, MakeSymbolsThatAreRead) {
   EXPECT_EQ(read(calc.Code93("!A#B&C@DKT")), "Code93 \x01\x1C#d");
 }
 
-TEST(Encoders, MakeUpcEOfBothNumberSystems) {
+TEST(Encoders, makeUpcEOfBothNumberSystems) {
   VBarCodeCalc calc;
   // The check digit, the last one, decides the sets of digits.
   for (const auto& [value, none] :
        rowsOf("04610960|05102761|08601292|03504963|03982594|05584185|04833796|09441187|08762368|"
               "00555289|11818090|11861591|18190762|12217793|13608194|10174975|11620556|11098867|"
-              "13433468|15921369")) {
+              "13433468|15921369"))
     EXPECT_EQ(read(calc.UPCE(value.substr(0, 7))), "UPC-E " + value);
-  }
   for (const auto& [upca, upce] :
        rowsOf("01200000678 01267804|01210000678 01267813|01220000678 01267822|"
               "01234000005 01234543|01234500005 01234558|01234500006 01234565|"
               "01234500007 01234572|01234500008 01234589|01234500009 01234596|"
-              "11234500009 11234593")) {
+              "11234500009 11234593"))
     EXPECT_EQ(read(calc.UPCE(upca)), "UPC-E " + upce) << upca;
-  }
   // Behind "3" to "9" the maker's fourth digit is lost, as it always was.
   calc.UPCE("01290000067");
   VBarCodeCalc::Texts entries;
@@ -88,14 +85,14 @@ TEST(Encoders, MakeUpcEOfBothNumberSystems) {
   EXPECT_EQ(joined(labels, "|"), "|1|2|0|6|7|3|");
 }
 
-TEST(Encoders, RefuseWhatTheyCannotHold) {
+TEST(Encoders, refuseWhatTheyCannotHold) {
   VBarCodeCalc calc;
   EXPECT_EQ(calc.EAN8("123456789") + calc.UPCE("123456789") + calc.ITF("123456789012"), "");
   EXPECT_THROW(calc.EAN8("12a4567"), ConversionError);
   EXPECT_THROW(calc.UPCE("12345678901"), ConversionError);
 }
 
-TEST(BarcodeValues, AreCheckedAsTheTypeStands) {
+TEST(BarcodeValues, areCheckedAsTheTypeStands) {
   const auto held = [](const std::string& type, const std::string& value) {
     VData_BarCode code(nullptr);
     code.SetType(type);

@@ -10,26 +10,21 @@
 namespace qor::test {
 namespace {
 
-struct Row {
-  std::string name;
-  std::string line;
-  std::string items;
-};
-
-// The items as a dump tells them, "|" between them; texts without their name.
-void expectItems(const std::vector<Row>& rows) {
-  for (const Row& row : rows) {
+// The name of a row, its line, and the items as a dump tells them, "|" between them; texts without
+// their name.
+void expectItems(const std::vector<std::array<std::string, 3>>& rows) {
+  for (const auto& [name, report, expected] : rows) {
     std::string items;
-    for (const std::string& line : linesOf(TestReport(row.line).dump())) {
+    for (const std::string& line : linesOf(TestReport(report).dump())) {
       const bool isText = line.starts_with("  text ");
       if (line == "line" && items.empty()) continue;
       items += (items.empty() ? "" : "|") + line.substr(isText ? 7 : line.find_first_not_of(' '));
     }
-    EXPECT_EQ(items, row.items) << row.name;
+    EXPECT_EQ(items, expected) << name;
   }
 }
 
-TEST(CommandLanguage, StyleTagsChangeTheTextBehindThem) {
+TEST(CommandLanguage, styleTagsChangeTheTextBehindThem) {
   expectItems(
       {{"closing", "<b>x<b/>y", "\"x\" weight=700|\"y\""},
        {"closing takes inner tags with it", "<b><i>x<b/>y", "\"x\" weight=700 italic=1|\"y\""},
@@ -63,7 +58,7 @@ TEST(CommandLanguage, StyleTagsChangeTheTextBehindThem) {
        {"text of 5000 bytes", std::string(5000, 'x'), "\"" + std::string(5000, 'x') + "\""}});
 }
 
-TEST(CommandLanguage, StylesGoOnInTheNextLineAndPage) {
+TEST(CommandLanguage, stylesGoOnInTheNextLineAndPage) {
   TestReport report("<i>a\r\nb\f\r\nc<i/>d");
   EXPECT_EQ(report.dump(1),
             "line\n  text \"a\" italic=1\nline\n  text \"b\" italic=1\n"
@@ -71,7 +66,7 @@ TEST(CommandLanguage, StylesGoOnInTheNextLineAndPage) {
   EXPECT_EQ(report.dump(2), "line\n  text \"c\" italic=1\n  text \"d\" italic=1\n");
 }
 
-TEST(CommandLanguage, TextItemsTakeTheirKeys) {
+TEST(CommandLanguage, textItemsTakeTheirKeys) {
   expectItems(
       {{"place", "<text left=10 top=20.5 tc=\"a b\"/>", "\"a b\" at 566,1162"},
        {"comma, two decimals", "<text left=10,25 tc=x top=1.50/>", "\"x\" at 581,85"},
@@ -107,7 +102,7 @@ TEST(CommandLanguage, TextItemsTakeTheirKeys) {
        {"cut behind a text", "<text tc=\"a\" x=1" + std::string(1018, ' ') + "fi=1/>", "\"a\""}});
 }
 
-TEST(CommandLanguage, OtherItemsTakeTheirKeys) {
+TEST(CommandLanguage, otherItemsTakeTheirKeys) {
   expectItems({
       {"shape",
        "<shape sh_type=3 left=1 top=2 right=30 bottom=40 pt=2 pc=Navy bt=4 bc=Lime rw=5 rh=6 "
@@ -131,7 +126,7 @@ TEST(CommandLanguage, OtherItemsTakeTheirKeys) {
   });
 }
 
-TEST(CommandLanguage, BarcodeTypesGoByNameOrNumber) {
+TEST(CommandLanguage, barcodeTypesGoByNameOrNumber) {
   for (const auto& [name, type] :
        rowsOf("EAN_8 1|1 1|EAN_13 2|2 2|UPCA 3|3 3|UPCE 4|5 4|39 5|6 5|128 6|7 6|CodeBar 7|8 7|"
               "InterLeave 8|9 8|FullASCII 9|10 9|ITF 10|93 11|11 11|KAREKOD 12|12 12|4 -1|"
@@ -142,7 +137,7 @@ TEST(CommandLanguage, BarcodeTypesGoByNameOrNumber) {
   }
 }
 
-TEST(CommandLanguage, ColoursGoByNameAndNumber) {
+TEST(CommandLanguage, coloursGoByNameAndNumber) {
   // In the order of their numbers, as blue, green, red.
   const auto colors = rowsOf(
       "Black 0|Navy 800000|Teal 808000|Green 8000|Purple 800080|Maroon 80|Olive 8080|"
@@ -157,7 +152,7 @@ TEST(CommandLanguage, ColoursGoByNameAndNumber) {
 }
 
 // Each of the four families of keys, in the items that have it, and where a dump tells the colour.
-TEST(CommandLanguage, ColoursReadInEveryForm) {
+TEST(CommandLanguage, coloursReadInEveryForm) {
   const std::array<std::string, 3> families[] = {{"text", "fc", "color="},
                                                  {"barcode", "fc", "color="},
                                                  {"shape", "pc", "pen 1 15 "},
@@ -172,16 +167,15 @@ TEST(CommandLanguage, ColoursReadInEveryForm) {
     for (const auto& [form, color] :
          rowsOf("=Navy 800000|=red 0|16=5 80|16=99 0|16=-1 0|256=5 0|RGB=\"255,0,1\" 100ff|"
                 "RGB=1,2,3 30201|RGB=7 0|RGB=7,8 7|RGB=1,x,3 1|RGB=257,256,1 10001|"
-                "INT=16711681 ff0001|HEX=$0080FF 80ff|HEX=0x0080FF 80ff")) {
+                "INT=16711681 ff0001|HEX=$0080FF 80ff|HEX=0x0080FF 80ff"))
       EXPECT_EQ(dumpOf(form), dumpOf("INT=0x" + color)) << item << key << form;
-    }
     const std::string dump = dumpOf("INT=0x123456");
     EXPECT_NE(dump.find(place + "123456"), std::string::npos) << dump;
     EXPECT_EQ(dump.find("123456"), dump.rfind("123456")) << dump;
   }
 }
 
-TEST(CommandLanguage, LinesEndAsOnALinePrinter) {
+TEST(CommandLanguage, linesEndAsOnALinePrinter) {
   expectItems({{"bare CR", "a\rb\r\nc", "\"a\"|line overprint feeds0|\"b\"|line|\"c\""},
                {"LF alone is no end", "a\nb", "\"a\"|\"b\""},
                {"tab is dropped", "a\tb", "\"ab\""},
@@ -192,7 +186,7 @@ TEST(CommandLanguage, LinesEndAsOnALinePrinter) {
   EXPECT_EQ(TestReport("a\tb").dump(1, PageMode::sheets), "line\n  text \"a\"\n  text \"b\"\n");
 }
 
-TEST(CommandLanguage, HostileLinesAreReadInOnePass) {
+TEST(CommandLanguage, hostileLinesAreReadInOnePass) {
   std::string nested;
   for (int i = 0; i < 600000; ++i) nested += i < 300000 ? "<b>" : i == 300000 ? "x" : "<i/>";
   std::string words = "<text ";
@@ -201,9 +195,8 @@ TEST(CommandLanguage, HostileLinesAreReadInOnePass) {
   for (const auto& [line, items] :
        {std::pair{nested, std::string("line\n  text \"x\" weight=700\n")},
         {words + "tc=z/>", "line\n  text \"z\"\n"},
-        {many + "<b>x", "line\n  text \"" + many + "\"\n  text \"x\" weight=700\n"}}) {
+        {many + "<b>x", "line\n  text \"" + many + "\"\n  text \"x\" weight=700\n"}})
     EXPECT_TRUE(TestReport(line).dump() == items);
-  }
 }
 
 }  // namespace

@@ -30,9 +30,8 @@ std::string changes(const FontState& font, const VSetPage& page) {
       {"right", page.MarginRight, 0},
       {"bottom", page.MarginBottom, 0},
       {"codepage", page.BaseCodePage, 1252}};
-  for (const auto& [name, value, usual] : values) {
+  for (const auto& [name, value, usual] : values)
     if (value != usual) out << name << "=" << value << " ";
-  }
   return out.str();
 }
 
@@ -53,13 +52,12 @@ std::string told(const std::string& sequence) {
   return changes(font, page) + rest;
 }
 
-TEST(ControlSequences, ChangeFontAndPage) {
+TEST(ControlSequences, changeFontAndPage) {
   for (const auto& [sequence, change] :
        rowsOf("\017 factor=0.6|W1 factor=2|W0 factor=0.5|w1 height=20|w0 height=5.5|&a6P "
               "orientation=3|"
-              "&a5P orientation=2|(s1V\033(s3B height=1 weight=700")) {
+              "&a5P orientation=2|(s1V\033(s3B height=1 weight=700"))
     EXPECT_EQ(told(sequence + "x"), change + " x") << sequence;
-  }
   // The letters of all others may be small ones.
   for (const auto& [sequence, change] : rowsOf(
            "&a5L left=-5|&a7M right=-7|&d3D underline=1|&d0D underline=1|&d4D underline=1|"
@@ -83,23 +81,22 @@ TEST(ControlSequences, ChangeFontAndPage) {
   EXPECT_EQ(told("&l2O\033&l4O"), "");
 }
 
-TEST(ControlSequences, AreSteppedOverWhereTheyChangeNothing) {
+TEST(ControlSequences, areSteppedOverWhereTheyChangeNothing) {
   for (const char* sequence :
        {"W\1",  "CB",   "=",       "Y",      "3ab",  "2a",   "&a2p", "&a5V", "&d5D", "&k9S",
-        "&l0D", "&l9O", "&l1000X", "&u300D", "(s0H", "(s8B", "(s1P", "(8U",  "*5X",  "*p20Y"}) {
+        "&l0D", "&l9O", "&l1000X", "&u300D", "(s0H", "(s8B", "(s1P", "(8U",  "*5X",  "*p20Y"})
     EXPECT_EQ(told(std::string(sequence) + "x"), "x") << sequence;
-  }
   EXPECT_EQ(told(std::string("C\0\fx", 4)), "x");
 }
 
-TEST(ControlSequences, LeaveWhatIsNotTheirs) {
+TEST(ControlSequences, leaveWhatIsNotTheirs) {
   const std::pair<std::string, std::string> rows[] = {
       {"Qx", "Qx"}, {"&aLx", "Lx"}, {"&z5Dx", "z5Dx"}, {"(s5", ""}, {"&", ""}, {"", ""}};
   for (const auto& [sequence, expected] : rows) EXPECT_EQ(told(sequence), expected) << sequence;
   EXPECT_EQ(told("W1\r\n\017x"), "factor=2 \n\017x") << "takes one control byte";
 }
 
-TEST(ControlSequences, LeaveThePageAloneInsideALine) {
+TEST(ControlSequences, leaveThePageAloneInsideALine) {
   const std::pair<const char*, double> rows[] = {{"&l2O", 12}, {"&a5L", 12}, {"(9T", 12},
                                                  {"9", 12},    {"&l4X", 12}, {"E", 10}};
   for (const auto& [sequence, height] : rows) {
@@ -110,7 +107,7 @@ TEST(ControlSequences, LeaveThePageAloneInsideALine) {
   }
 }
 
-TEST(ControlSequences, ResetBringsBackTheDefaults) {
+TEST(ControlSequences, resetBringsBackTheDefaults) {
   FontState font;
   VSetPage page;
   font.Height = 20;

@@ -190,9 +190,8 @@ TEST_F(PageIndexTest, selectsPagesByList) {
     } catch (const ConversionError&) {
       selected = "?";
     }
-    for (const VDocPage& page : doc.Pages) {
+    for (const VDocPage& page : doc.Pages)
       if (page.Selected) selected += std::to_string(page.Number);
-    }
     EXPECT_EQ(selected, expected) << list;
   }
 }

@@ -9,7 +9,7 @@
 namespace qor::test {
 namespace {
 
-TEST(TextKind, IsToldByBytes) {
+TEST(TextKind, isToldByBytes) {
   // With "8" for UTF-8 and "n" for lines that end with LF only.
   // The first three of those without a sign are letters of 866 and 1251, and what never starts one.
   const std::pair<std::string, std::string> rows[] = {{"\x80\x81\x82", ""},
@@ -37,7 +37,7 @@ TEST(TextKind, IsToldByBytes) {
 }
 
 // The three code pages that count as ASCII show nothing in the place of other letters.
-TEST(TextKind, CountsTheLettersThatAreLeftOut) {
+TEST(TextKind, countsTheLettersThatAreLeftOut) {
   for (const auto& [codePage, letters] : {std::pair{1252, 3}, {850, 3}, {437, 3}, {1251, 0}}) {
     TestReport report("a\xE9\xE8<text left=1 top=1 tc=\xE9/>\r\n<text right=9 left=1 tc=\xE9/>",
                       codePage);
@@ -50,16 +50,15 @@ std::string linesOf(const std::string& bytes, int page = 1) {
   TestReport report(bytes);
   std::string lines;
   for (const VDocStr& line : report.page(page).lines()) {
-    for (const VData& item : line.items()) {
+    for (const VData& item : line.items())
       if (const auto* text = dynamic_cast<const VData_Text*>(&item)) lines += text->Text;
-    }
     lines += line.LineFeeds == 0 ? "+" : "|";
   }
   return lines;
 }
 
 // A file of 4096 bytes is as the generator writes it, one of 4097 may be from another system.
-TEST(TextKind, LetsLineFeedsEndTheLinesOfLongTexts) {
+TEST(TextKind, letsLineFeedsEndTheLinesOfLongTexts) {
   const auto filled = [](const std::string& start, std::size_t size) {
     return start + std::string(size - start.size(), 'x');
   };

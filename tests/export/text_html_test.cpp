@@ -70,9 +70,8 @@ TEST_F(TextHtmlTest, writesText) {
       {"<text memo left=1 top=1 tc=\"x\r\ny\"/>\r\nB\r\n", "x\nyB\r\n" + kEnd},
       {"<shape left=1 right=9/><img image=\"p.bmp\"/>\r\nB", "\r\nB\r\n" + kEnd},
       {std::string(5000, 'A'), std::string(5000, 'A') + "\r\n" + kEnd}};
-  for (const auto& [report, expected] : rows) {
+  for (const auto& [report, expected] : rows)
     EXPECT_EQ(exported(report, "o.txt", {"-codepage", "866"}), expected) << report;
-  }
 }
 
 TEST_F(TextHtmlTest, writesAPageOfHtml) {
@@ -94,10 +93,9 @@ TEST_F(TextHtmlTest, namesTheCodePage) {
     return html.substr(charset, html.find('"', charset) - charset) + " " +
            html.substr(face, html.find('"', face) - face);
   };
-  for (const auto& [number, charset] : rowsOf(
-           "437 |850 |857 |1250 |866 cp866|1252 windows-1252|1254 windows-1254|x windows-1252")) {
+  for (const auto& [number, charset] :
+       rowsOf("437 |850 |857 |1250 |866 cp866|1252 windows-1252|1254 windows-1254|x windows-1252"))
     EXPECT_EQ(headOf({"-codepage", number}, "C"), charset + " Courier New") << number;
-  }
   EXPECT_EQ(headOf({"-codepage", "1252"}, "ru_RU.UTF-8"), "windows-1252 Courier New");
   EXPECT_EQ(headOf({}, "ru_RU.UTF-8"), "windows-1251 Courier New");
   EXPECT_EQ(headOf({}, "tr_TR.UTF-8"), "windows-1254 Courier New");

@@ -27,7 +27,7 @@ std::string plainTexts(const std::string& texts) {
   return record;
 }
 
-TEST(PageWalk, PutsLinesUnderEachOther) {
+TEST(PageWalk, putsLinesUnderEachOther) {
   const std::pair<std::string, const char*> rows[] = {
       {"a\r\nb", "0,0 a|0,227 b"},
       {"\r\n\r\nb", "0,454 b"},
@@ -45,15 +45,14 @@ TEST(PageWalk, PutsLinesUnderEachOther) {
       {"\x0F-\x12+", "-\" Courier New -200x72 weight 400", "72,0 +"},
       {"<w1><font width=10/>a<w1/>", "a\" Courier New -200x400 weight 400", ""},
       {"<font o=3/>a<font o=0/>b", "a\" Courier New -200x0 weight 400 turned 2700", "0,120 b"}};
-  for (const auto& [bytes, first, behind] : others) {
+  for (const auto& [bytes, first, behind] : others)
     EXPECT_EQ(drawn(bytes), "text 0,0 \"" + first + " color 0\n" + plainTexts(behind)) << bytes;
-  }
   EXPECT_EQ(drawn("a<shape left=50 top=90 right=90 bottom=90/>b\r\nc"),
             plain("0,0", "a") + "line 2834,5102 5102,5102 pen 1 15 0 brush 0 0\n" +
                 plainTexts("120,0 b|0,227 c"));
 }
 
-TEST(PageWalk, CountsMarginsInMillimetresOrCells) {
+TEST(PageWalk, countsMarginsInMillimetresOrCells) {
   for (const auto& [left, top, place] :
        {std::tuple{3, 5, "170,283"}, {-3, -2, "318,400"}, {0, -1, "0,200"}}) {
     TestReport report("a");
@@ -65,7 +64,7 @@ TEST(PageWalk, CountsMarginsInMillimetresOrCells) {
 
 // 8/48 inch are 240 twips: two rows above the page, and each empty line. Plain lines keep 227, and
 // with a height for 8 lines an inch (9 points) 204.
-TEST(PageWalk, RowHeightsOfTheReportSetTheGridAndEmptyLines) {
+TEST(PageWalk, rowHeightsOfTheReportSetTheGridAndEmptyLines) {
   for (const auto& [bytes, texts] : {std::pair{"\033&l8Ca\r\nb\r\n\r\nc", "480 a|707 b|1174 c"},
                                      {"a\r\n\033&l8Cb\r\n\r\nc", "480 a|707 b|1174 c"},
                                      {"\033&l8Da\r\n\r\nb\r\nc", "360 a|768 b|972 c"},
@@ -73,13 +72,12 @@ TEST(PageWalk, RowHeightsOfTheReportSetTheGridAndEmptyLines) {
     TestReport report(bytes);
     report.doc().Settings.Page.MarginTop = -2;
     const std::string record = drawn(report.page());
-    for (const auto& [y, letter] : rowsOf(texts)) {
+    for (const auto& [y, letter] : rowsOf(texts))
       EXPECT_NE(record.find("," + y + " \"" + letter + "\""), std::string::npos) << record;
-    }
   }
 }
 
-TEST(PageWalk, AFormFeedInsideAPageStartsItsLowerHalf) {
+TEST(PageWalk, aFormFeedInsideAPageStartsItsLowerHalf) {
   VSet settings;
   settings.Prn.VertRes = 1122;
   settings.Prn.LogPixelsY = 96;
@@ -93,7 +91,7 @@ TEST(PageWalk, AFormFeedInsideAPageStartsItsLowerHalf) {
   EXPECT_EQ(drawn(page), plainTexts("0,566 a|0,7849 b|0,8076 c|0,7849 d"));
 }
 
-TEST(PageWalk, MeasuresTheExtentOfTheContent) {
+TEST(PageWalk, measuresTheExtentOfTheContent) {
   TestReport report(
       "abc\r\n<text left=100 top=100 tc=far/>a\r\n<shape left=1 top=1 right=90 bottom=90/>");
   RecordingCanvas canvas;
@@ -105,12 +103,12 @@ TEST(PageWalk, MeasuresTheExtentOfTheContent) {
   EXPECT_EQ(height, 454 / 15);
 }
 
-TEST(PageWalk, CharactersComeFromTheReportsCodePage) {
+TEST(PageWalk, charactersComeFromTheReportsCodePage) {
   EXPECT_EQ(drawn("\x80\xE1", 866), plain("0,0", "<410><441>"));
   EXPECT_EQ(drawn("a\xE9", 1252), plain("0,0", "a<0>"));
 }
 
-TEST(PageWalk, BoxTextIsAlignedAndReadByItsCharacterSet) {
+TEST(PageWalk, boxTextIsAlignedAndReadByItsCharacterSet) {
   for (const auto& [align, place] : {std::pair{"alignH=0 alignV=0", "566,566"},
                                      {"alignH=1 alignV=1", "1640,736"},
                                      {"alignH=2 alignV=2", "2714,906"},

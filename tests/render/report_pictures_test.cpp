@@ -21,7 +21,7 @@ void writePicture(const TemporaryDirectory& place, const std::string& name, std:
 }
 
 // More of them than are kept decoded, most of them files of one length.
-TEST(ReportPictures, AreTakenForNoOther) {
+TEST(ReportPictures, areTakenForNoOther) {
   const TemporaryDirectory place;
   // The name on the disk, and that in the report.
   std::vector<std::pair<std::string, std::string>> names = {
@@ -44,8 +44,8 @@ TEST(ReportPictures, AreTakenForNoOther) {
   for (const Road road : kRoads) {
     const Picture page = pageBy(road, place, report);
     for (const auto& [spot, color] : seen) {
-      const auto x = static_cast<int>(dotOf(spot.left + 4));
-      const auto y = static_cast<int>(dotOf(spot.top + 4));
+      const auto x = wholeDotOf(spot.left + 4);
+      const auto y = wholeDotOf(spot.top + 4);
       EXPECT_LE(apart(dotAt(page, x, y), color), 4) << static_cast<int>(road) << " " << text(spot);
     }
   }

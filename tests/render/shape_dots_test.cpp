@@ -28,7 +28,7 @@ std::string fullLines(const Picture& page, int left, int top) {
          count([&](int line, int i) { return ink(i, line + i); }) + " falling";
 }
 
-TEST(ShapeDots, HatchesRunTheirWayEightDotsApart) {
+TEST(ShapeDots, hatchesRunTheirWayEightDotsApart) {
   const std::pair<int, const char*> rows[] = {
       {2, "0 level 0 upright 4 rising 0 falling"},    {3, "4 level 4 upright 0 rising 0 falling"},
       {4, "0 level 0 upright 4 rising 4 falling"},    {5, "0 level 0 upright 0 rising 4 falling"},
@@ -40,10 +40,9 @@ TEST(ShapeDots, HatchesRunTheirWayEightDotsApart) {
     report += itemTag("shape", {left, 10, left + 22, 40},
                       "sh_type=2 pt=0 bcRGB=\"120,30,9\" bt=" + std::to_string(type));
   }
-  const TemporaryDirectory place;
-  const Picture page = pageBy(Road::picture, place, report);
+  const Picture page = pictureOf(report);
   for (const auto& [type, lines] : rows) {
-    const int left = static_cast<int>(dotOf(10 + 25 * (type - 1)));
+    const int left = wholeDotOf(10 + 25 * (type - 1));
     EXPECT_EQ(fullLines(page, left + 8, 80), lines) << type;
     const bool straight = type != 2 && type != 4 && type != 5;
     bool hasColor = false;
@@ -74,7 +73,7 @@ int rowsOfInk(const Picture& page, int x, int y) {
 }
 
 // The patterns are those of the screens that the styles come from: dots for thin pens.
-TEST(ShapeDots, PensHaveTheirPatternsAndWidths) {
+TEST(ShapeDots, pensHaveTheirPatternsAndWidths) {
   // The keys, the runs from the start, and the width.
   const std::tuple<std::string, std::string, int> rows[] = {{"pt=1", "378 ", 1},
                                                             {"pt=2", "18 6 18 6 18 6", 1},
@@ -91,10 +90,9 @@ TEST(ShapeDots, PensHaveTheirPatternsAndWidths) {
     report += itemTag("shape", {10, top, 110, top}, keys);
     top += 10;
   }
-  const TemporaryDirectory place;
-  const Picture page = pageBy(Road::picture, place, report);
+  const Picture page = pictureOf(report);
   for (int top = 10; const auto& [keys, runs, width] : rows) {
-    const int y = static_cast<int>(dotOf(top));
+    const int y = wholeDotOf(top);
     const auto count = static_cast<int>(std::ranges::count(runs, ' ') + 1);
     EXPECT_EQ(runsOf(page, y, count).substr(0, runs.size()), runs) << keys;
     EXPECT_EQ(rowsOfInk(page, 39, y), width) << keys;
@@ -102,11 +100,10 @@ TEST(ShapeDots, PensHaveTheirPatternsAndWidths) {
   }
 }
 
-TEST(ShapeDots, CornersAreRoundedByWidthAndHeight) {
-  const TemporaryDirectory place;
+TEST(ShapeDots, cornersAreRoundedByWidthAndHeight) {
   // From 75,113 to 378,227; a corner is a quarter of 40 by 10 dots.
   const std::string keys = "sh_type=3 rw=1200 rh=300 pcRGB=\"0,0,90\"";
-  const Picture page = pageBy(Road::picture, place, itemTag("shape", {20, 30, 100, 60}, keys));
+  const Picture page = pictureOf(itemTag("shape", {20, 30, 100, 60}, keys));
   EXPECT_EQ(dotAt(page, 75 + 20, 113), 0xFFFFFFU);
   EXPECT_EQ(dotAt(page, 75 + 42, 113), 0x00005AU);
   EXPECT_EQ(dotAt(page, 75, 113 + 5), 0xFFFFFFU);
@@ -115,7 +112,7 @@ TEST(ShapeDots, CornersAreRoundedByWidthAndHeight) {
   EXPECT_EQ(dotAt(page, 377 - 20, 226), 0xFFFFFFU);
 }
 
-TEST(ShapeDots, PicturesKeepTheirColoursAndDirections) {
+TEST(ShapeDots, picturesKeepTheirColoursAndDirections) {
   const TemporaryDirectory place;
   run({"convert-im6.q16", "-size",   "10x10", "(",       "xc:#C00000",
        "xc:#00C000",      "+append", ")",     "(",       "xc:#0000C0",
@@ -132,14 +129,14 @@ TEST(ShapeDots, PicturesKeepTheirColoursAndDirections) {
     const Picture page = pageBy(road, place, report);
     const std::uint32_t cells[] = {0xC00000, 0x00C000, 0x0000C0, 0xC0C000, 0x00C0C0, 0xC000C0};
     for (int i = 0; i < 6; ++i) {
-      const int x = static_cast<int>(dotOf(20 + 20 * (i % 2)));
-      const int y = static_cast<int>(dotOf(30 + 20 * (i / 2)));
+      const int x = wholeDotOf(20 + 20 * (i % 2));
+      const int y = wholeDotOf(30 + 20 * (i / 2));
       EXPECT_EQ(dotAt(page, x, y), cells[i]) << i;
     }
     // Half of red over blue, or over white on the road that fills nothing.
     const bool filled = road != Road::document;
-    const int x = static_cast<int>(dotOf(62));
-    const int y = static_cast<int>(dotOf(22));
+    const int x = wholeDotOf(62);
+    const int y = wholeDotOf(22);
     const std::uint32_t mixed = dotAt(page, x + 10, y + 20);
     EXPECT_NEAR(static_cast<int>(mixed >> 16), filled ? 128 : 255, 2);
     EXPECT_NEAR(static_cast<int>(mixed >> 8 & 0xFF), filled ? 0 : 127, 2);

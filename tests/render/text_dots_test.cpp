@@ -17,25 +17,23 @@ std::string placed(int left, int top, const std::string& keys) {
 // Blanks show nothing but their strokes. At 60 points an em is 80 dots; the face has 2048 units, an
 // ascent of 1705, an advance of 1229, an underline of 84 from 393 below the baseline down, a
 // strike-out of 102 from 530 above it down.
-TEST(TextDots, StrokesFollowTheFaceAndTheTurn) {
+TEST(TextDots, strokesFollowTheFaceAndTheTurn) {
   // The keys, the left in millimetres, and the ink. The baseline is 66.6 dots below the top, the
   // four blanks are 192.03 long.
   const std::tuple<const char*, int, const char*> rows[] = {
       {"fu=1", 20, "75,460 268,463"},       {"fso=1", 20, "75,424 268,428"},
       {"fu=1 o=1", 20, "157,185 161,378"},  {"fso=1 o=1", 20, "121,185 126,378"},
       {"fu=1 o=2", 100, "185,292 378,296"}, {"fu=1 o=3", 60, "141,377 145,570"}};
-  const TemporaryDirectory place;
   for (const auto& [keys, left, box] : rows) {
     const std::string blanks = std::string("height=60 fcRGB=\"9,9,9\" tc=\"    \" ") + keys;
-    const Picture page = pageBy(Road::picture, place, placed(left, 100, blanks));
+    const Picture page = pictureOf(placed(left, 100, blanks));
     EXPECT_EQ(text(inkBox(page, {0, 0, page.width, page.height})), box) << keys;
   }
 }
 
 // The box goes from 75.53, 377.93 to 453.53, 604.67; three blanks of 20 points, each with 170 twips
 // behind it, are 82.01 long and 30.2 high, their stroke lies 27.86 below their top.
-TEST(TextDots, BoxesAlignTextsWithTheirSpaces) {
-  const TemporaryDirectory place;
+TEST(TextDots, boxesAlignTextsWithTheirSpaces) {
   const std::pair<int, int> across[] = {{75, 158}, {223, 306}, {371, 454}};
   const std::pair<int, int> along[] = {{405, 406}, {504, 505}, {602, 603}};
   for (int i = 0; i < 9; ++i) {
@@ -43,7 +41,7 @@ TEST(TextDots, BoxesAlignTextsWithTheirSpaces) {
     const int v = i / 3;
     const std::string keys = "height=20 hs=3 fu=1 tc=\"   \" alignH=" + std::to_string(h) +
                              " alignV=" + std::to_string(v);
-    const Picture page = pageBy(Road::picture, place, itemTag("text", {20, 100, 120, 160}, keys));
+    const Picture page = pictureOf(itemTag("text", {20, 100, 120, 160}, keys));
     EXPECT_EQ(inkBox(page, {0, 0, page.width, page.height}),
               (Box{across[h].first, along[v].first, across[h].second, along[v].second}))
         << i;
@@ -52,51 +50,44 @@ TEST(TextDots, BoxesAlignTextsWithTheirSpaces) {
 
 // At 19 points a blank is 228.04 twips wide, less 226: 4100 of them end at 556.8 dots, however they
 // are painted.
-TEST(TextDots, LongTextsGoOnWhereTheyAre) {
-  const TemporaryDirectory place;
+TEST(TextDots, longTextsGoOnWhereTheyAre) {
   const Picture page =
-      pageBy(Road::picture, place,
-             "<font height=19 hs=-4/>" + std::string(4100, ' ') + "<font hs=0 fu=1/>  ");
+      pictureOf("<font height=19 hs=-4/>" + std::string(4100, ' ') + "<font hs=0 fu=1/>  ");
   const Box ink = inkBox(page, {0, 0, page.width, page.height});
   EXPECT_EQ(std::pair(ink.left, ink.right), std::pair(556, 588));
 }
 
 // Glyphs stand at quarters of a dot, so that gaps are even where an advance is no whole dot.
-TEST(TextDots, LettersStandInEvenSteps) {
+TEST(TextDots, lettersStandInEvenSteps) {
   constexpr double kAdvance = 11 * 20 * 1229 / 2048.0 / 15;
-  const TemporaryDirectory place;
-  const Picture page =
-      pageBy(Road::picture, place, placed(20, 20, "height=11 tc=\"" + std::string(20, '|') + "\""));
+  const Picture page = pictureOf(placed(20, 20, "height=11 tc=\"" + std::string(20, '|') + "\""));
   const auto centre = [&page](double left) {
     double sum = 0;
     double ink = 0;
     for (int x = static_cast<int>(left); x < left + kAdvance; ++x) {
-      const int dark = 255 - static_cast<int>(dotAt(page, x, static_cast<int>(dotOf(22))) & 0xFF);
+      const int dark = 255 - static_cast<int>(dotAt(page, x, wholeDotOf(22)) & 0xFF);
       sum += dark * (x + 0.5);
       ink += dark;
     }
     return sum / ink;
   };
   const double first = centre(dotOf(20));
-  for (int i = 1; i < 20; ++i) {
+  for (int i = 1; i < 20; ++i)
     EXPECT_NEAR(centre(dotOf(20) + i * kAdvance) - first, i * kAdvance, 0.27) << i;
-  }
 }
 
 // The face has one style only, and a square.
-TEST(TextDots, MissingStylesAreMade) {
-  const TemporaryDirectory place;
+TEST(TextDots, missingStylesAreMade) {
   for (const Road road : {Road::picture, Road::print}) {
     SCOPED_TRACE(static_cast<int>(road));
     std::string report;
     const std::string square = "fn=D050000L height=60 tc=\"\xFE\" ";
     for (const auto& [top, keys] :
-         {std::pair{20, ""}, {60, "fb=1"}, {100, "fi=1"}, {140, "fi=1 fb=1"}}) {
+         {std::pair{20, ""}, {60, "fb=1"}, {100, "fi=1"}, {140, "fi=1 fb=1"}})
       report += placed(30, top, square + keys);
-    }
-    const Picture page = pageBy(road, place, report);
+    const Picture page = pageBy(road, TemporaryDirectory(), report);
     const auto inkAt = [&page](int top) {
-      const auto first = static_cast<int>(dotOf(top));
+      const auto first = wholeDotOf(top);
       return inkBox(page, {0, first, page.width, first + 140});
     };
     const auto width = [](const Box& box) { return box.right - box.left; };
@@ -129,11 +120,11 @@ std::pair<Picture, std::vector<Box>> lettersOf(
     cells.push_back(
         {dot(dotOf(left)), dot(dotOf(top)), dot(dotOf(left) + 32.005), dot(dotOf(top) + 60.4)});
   }
-  return {pageBy(Road::picture, TemporaryDirectory(), report), cells};
+  return {pictureOf(report), cells};
 }
 
 // The strokes at the left, upper, right and lower edge, by the names of the characters.
-TEST(TextDots, BoxLinesReachTheEdgesThatTheirNamesTell) {
+TEST(TextDots, boxLinesReachTheEdgesThatTheirNamesTell) {
   const auto rows = rowsOf(
       "─ 1010|│ 0101|┌ 0011|┐ 1001|└ 0110|┘ 1100|├ 0111|┤ 1101|┬ 1011|┴ 1110|┼ 1111|═ 2020|║ 0202|"
       "╒ 0021|╓ 0012|╔ 0022|╕ 2001|╖ 1002|╗ 2002|╘ 0120|╙ 0210|╚ 0220|╛ 2100|╜ 1200|╝ 2200|╞ 0121|"
@@ -169,7 +160,7 @@ TEST(TextDots, BoxLinesReachTheEdgesThatTheirNamesTell) {
 }
 
 // Quarters of ink in the upper left and right and the lower left and right of the cell.
-TEST(TextDots, BlocksFillTheirPartOfTheCell) {
+TEST(TextDots, blocksFillTheirPartOfTheCell) {
   const auto rows = rowsOf("▀ 4400|▄ 0044|█ 4444|▌ 4040|▐ 0404|░ 1111|▒ 2222|▓ 3333");
   const auto [page, cells] = lettersOf(rows);
   for (std::size_t i = 0; i < rows.size(); ++i) {

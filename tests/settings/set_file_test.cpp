@@ -68,9 +68,8 @@ class SetFileTest : public testing::Test {
       result = "index";
     }
     const auto after = fieldsOf(set);
-    for (std::size_t i = 0; i < after.size(); ++i) {
+    for (std::size_t i = 0; i < after.size(); ++i)
       if (after[i] != before[i]) result += " " + after[i].substr(1, after[i].size() - 3);
-    }
     return result;
   }
 
@@ -81,7 +80,7 @@ class SetFileTest : public testing::Test {
   }
 
   TemporaryDirectory place_;
-  Variable codePage_{"QOR_ANSI_CODEPAGE", "1254"};
+  Variable code_page_{"QOR_ANSI_CODEPAGE", "1254"};
 
  private:
   OptionsGuard guard_;
@@ -188,9 +187,8 @@ TEST_F(SetFileTest, readsLineByLine) {
       {"<Font>|<Italic = '1'/>|<Underline = '2'/>|<StrikeOut = 'on'/>|<Font/>", "0 Italic=1"},
       {"<Font>|<Name = '" + longName + "'/>|<Font/>", "0 Name=" + longName.substr(0, 31)},
       {"<Page>|<PaperSize = '11'/>", "index PaperSize=11"}};
-  for (const auto& [section, expected] : sections) {
+  for (const auto& [section, expected] : sections)
     EXPECT_EQ(loaded("<Set SetName='A'>|" + section + "|<Set/>"), expected) << section;
-  }
 }
 
 TEST_F(SetFileTest, findsItsSet) {
@@ -254,7 +252,7 @@ TEST_F(SetFileTest, holdsNamesInTheAnsiCodePage) {
   const std::array<std::string, 3> rows[] = {{"1254", "Şçğ İı", "\xDE\xE7\xF0 \xDD\xFD"},
                                              {"1251", "Отчёт №", "\xCE\xF2\xF7\xB8\xF2 \xB9"}};
   for (const auto& [codePage, name, bytes] : rows) {
-    codePage_.set(codePage.c_str());
+    code_page_.set(codePage.c_str());
     use("<Ver/>\n", name);
     EXPECT_EQ(VSet().SaveSet(), 0);
     EXPECT_NE(file().find(fileOf("|<Set SetName='" + bytes + "'>")), std::string::npos) << name;
@@ -278,20 +276,17 @@ TEST(GetKeyValue, takesWhatStandsBehindTheKey) {
 
 TEST_F(SetFileTest, writesAndReadsNumbers) {
   for (const std::string& text :
-       wordsOf("0 210 -12.5 0.1 0.0001 1E20 0.333333333333333 123456789012345")) {
+       wordsOf("0 210 -12.5 0.1 0.0001 1E20 0.333333333333333 123456789012345"))
     EXPECT_EQ(FloatToStr(std::stod(text)), text);
-  }
   EXPECT_EQ(FloatToStr(1.0 / 3), "0.333333333333333");
   for (const auto& [text, value] :
        rowsOf("12,5 12.5|12.5 12.5|1,234.5 1.234|1.234,5 1.2345|-3,5mm -3.5|+3 3|.5 0.5|1e3 1000|"
-              "12/> 12|abc 0|- 0")) {
+              "12/> 12|abc 0|- 0"))
     EXPECT_EQ(ParseDoubleAnyLocale(text), std::stod(value)) << text;
-  }
   EXPECT_EQ(ParseDoubleAnyLocale("1 000,5"), 1000.5);
   EXPECT_EQ(ParseDoubleAnyLocale(""), 0);
-  if (run({"localedef", "-i", "ru_RU", "-f", "UTF-8", place_.path("ru_RU.utf8")}).exitCode != 0) {
+  if (run({"localedef", "-i", "ru_RU", "-f", "UTF-8", place_.path("ru_RU.utf8")}).exitCode != 0)
     GTEST_SKIP() << "no source of a locale with a decimal comma";
-  }
   const Variable variables[] = {{"LOCPATH", place_.path().c_str()}, {"LC_ALL", "ru_RU.utf8"}};
   EXPECT_EQ(FloatToStr(12.5), "12,5");
 }

@@ -46,21 +46,18 @@ CupsScheduler::CupsScheduler() {
 }
 
 void CupsScheduler::writeFiles() const {
-  for (const char* name : {"spool/tmp", "cache", "run/certs", "ppd", "out"}) {
+  for (const char* name : {"spool/tmp", "cache", "run/certs", "ppd", "out"})
     fs::create_directories(place_.path(name));
-  }
   place_.write("cupsd.conf", "Listen " + place_.path("socket") + "\n" + kConfiguration);
   std::string files = "FileDevice Yes\nUser lp\nGroup lp\nSystemGroup root\nSandboxing relaxed\n";
   for (const auto& [key, name] :
        rowsOf("ServerRoot|RequestRoot spool|TempDir spool/tmp|CacheDir cache|StateDir run|"
-              "AccessLog access_log|ErrorLog error_log|PageLog page_log")) {
+              "AccessLog access_log|ErrorLog error_log|PageLog page_log"))
     files += key + " " + place_.path(name) + "\n";
-  }
   place_.write("cups-files.conf", files);
   // The scheduler's filters run as another user.
-  for (const auto& entry : fs::recursive_directory_iterator(place_.path())) {
+  for (const auto& entry : fs::recursive_directory_iterator(place_.path()))
     fs::permissions(entry.path(), entry.is_directory() ? fs::perms(0777) : fs::perms(0644));
-  }
   fs::permissions(place_.path(), fs::perms(0777));
 }
 

@@ -13,16 +13,14 @@ Picture pageBy(Road road, const TemporaryDirectory& place, const std::string& re
                const std::string& codePage) {
   place.write("r.txt", report);
   std::vector<std::string> line = {"-f", "r.txt", "-codepage", codePage};
-  if (road == Road::print) {
+  if (road == Road::print)
     line.push_back("-g");
-  } else {
+  else
     line.insert(line.end(), {"-export", road == Road::picture ? "r.png" : "r.pdf"});
-  }
   const Outcome outcome = runViewer(line, {.directory = place.path()});
   if (!outcome.errors.empty()) throw std::runtime_error(outcome.errors);
-  if (road != Road::picture) {
+  if (road != Road::picture)
     return renderPdf(place.path(road == Road::print ? "r(print).pdf" : "r.pdf"), 1);
-  }
   // Several pages are numbered.
   return decodePicture(place.read(place.has("r.png") ? "r.png" : "r(1).png")).value();
 }

@@ -17,6 +17,11 @@ constexpr Road kRoads[] = {Road::picture, Road::print, Road::document};
 Picture pageBy(Road road, const TemporaryDirectory& place, const std::string& report,
                const std::string& codePage = "866");
 
+// The page as a picture, of a report that needs no other files.
+inline Picture pictureOf(const std::string& report) {
+  return pageBy(Road::picture, TemporaryDirectory(), report);
+}
+
 // Of dots or of millimetres.
 struct Box {
   int left = 0;
@@ -44,5 +49,8 @@ Box inkBox(const Picture& picture, const Box& within);
 
 // Where a place of millimetres lies, cut to 1/1440 inch as reports have it.
 double dotOf(double millimetres);
+inline int wholeDotOf(double millimetres) {
+  return static_cast<int>(dotOf(millimetres));
+}
 
 }  // namespace qor::test

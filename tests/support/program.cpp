@@ -26,9 +26,8 @@ std::vector<std::string> environmentOf(const Surroundings& surroundings) {
     const std::size_t end = variable.find('=');
     variables[variable.substr(0, end)] = variable.substr(end + 1);
   }
-  for (const char* name : {"DISPLAY", "QOR_ANSI_CODEPAGE", "PRINTER", "LPDEST"}) {
+  for (const char* name : {"DISPLAY", "QOR_ANSI_CODEPAGE", "PRINTER", "LPDEST"})
     variables.erase(name);
-  }
   variables["CUPS_SERVER"] = "/nowhere";
   variables["LC_ALL"] = "C";
   for (const auto& [name, value] : surroundings.environment) variables[name] = value;

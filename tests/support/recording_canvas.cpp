@@ -24,13 +24,11 @@ std::string text(Point point) {
 // Characters beyond ASCII as <number>.
 std::string text(std::u32string_view characters) {
   std::ostringstream out;
-  for (const char32_t c : characters) {
-    if (c >= 32 && c < 127) {
+  for (const char32_t c : characters)
+    if (c >= 32 && c < 127)
       out << static_cast<char>(c);
-    } else {
+    else
       out << "<" << std::hex << static_cast<unsigned>(c) << ">";
-    }
-  }
   return out.str();
 }
 

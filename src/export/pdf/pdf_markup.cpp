@@ -222,7 +222,7 @@ MarkupRecord::MarkupRecord(std::string_view record) : whole_(record) {
     if (field == PdfField::count || has_[number]) continue;
     has_[number] = true;
     values_[number] = valueOf(record.substr(place), nameOf(field));
-    if (field == PdfField::fontName) plainText_ = record.substr(0, place);
+    if (field == PdfField::fontName) plain_text_ = record.substr(0, place);
   }
 }
 

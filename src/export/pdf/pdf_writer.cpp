@@ -53,7 +53,7 @@ std::optional<FitOptions> fitOf(const MarkupRecord& record, double size) {
 
 PdfWriter::PdfWriter(PdfDocument& document, int codePage, std::string stem)
     : document_(document),
-      codePage_(codePage),
+      code_page_(codePage),
       encoding_("cp" + std::to_string(codePage)),
       stem_(std::move(stem)) {
   beginPage();
@@ -105,7 +105,7 @@ std::size_t PdfWriter::fontOf(const MarkupRecord& record) {
   if (known != fonts.end()) return known->second;
   std::string buffer;
   const std::string face =
-      faceFor(utf8FromCodePage(trimmed(withBrackets(name, buffer)), codePage_));
+      faceFor(utf8FromCodePage(trimmed(withBrackets(name, buffer)), code_page_));
   return fonts[std::string(name)] = document_.loadFont({face, bold, italic}, encoding_);
 }
 

@@ -45,7 +45,7 @@ class PdfWriter {
   void newPage();
 
   PdfDocument& document_;
-  int codePage_;
+  int code_page_;
   std::string encoding_;
   std::string stem_;
   // The document's fonts by their names in records: plain, bold, italic, both.
@@ -53,7 +53,7 @@ class PdfWriter {
   double left_ = 0;  // twips; they stay until a record tells others
   double top_ = 0;
   PdfColor color_;
-  PdfPoint lastImage_;  // pixels; frames of pictures that fail have the size of the last one
+  PdfPoint last_image_;  // pixels; frames of pictures that fail have the size of the last one
 };
 
 }  // namespace qor

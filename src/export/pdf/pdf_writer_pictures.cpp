@@ -20,7 +20,7 @@ constexpr FitOptions kNaturalSize = {.vertical = 1, .dpi = kPictureDpi};
 // The picture of a file's bytes, null where they are none.
 const PdfImage* PdfWriter::imageOf(const std::optional<std::string>& file) {
   const PdfImage* image = file ? document_.loadImage(*file) : nullptr;
-  if (image != nullptr) lastImage_ = {double(image->width), double(image->height)};
+  if (image != nullptr) last_image_ = {double(image->width), double(image->height)};
   return image;
 }
 
@@ -43,8 +43,8 @@ void PdfWriter::putAtCorner(const PdfImage* image, const MarkupRecord& record) {
   const double top = kPageHeight - wholePoints(record[PdfField::imageTop]);
   if (image != nullptr) document_.fitImage(*image, left, top, kNaturalSize);
   const double perPixel = pointsPerDot(kNaturalSize.dpi);
-  document_.rectangle(left, top - lastImage_.y * perPixel, lastImage_.x * perPixel,
-                      lastImage_.y * perPixel);
+  document_.rectangle(left, top - last_image_.y * perPixel, last_image_.x * perPixel,
+                      last_image_.y * perPixel);
   document_.stroke();
 }
 
@@ -54,7 +54,7 @@ void PdfWriter::writeImage(const MarkupRecord& record) {
   document_.setStrokeColor(frame == 0 ? PdfColor{1, 1, 1} : colorOf(record[PdfField::imageColor]));
   std::string buffer;
   const PdfImage* image =
-      imageOf(readNamedFile(withBrackets(record[PdfField::imageFile], buffer), codePage_));
+      imageOf(readNamedFile(withBrackets(record[PdfField::imageFile], buffer), code_page_));
   const std::string_view stretch = record[PdfField::imageStretch];
   switch (stretch.empty() ? kNone : integerOf(stretch)) {
     case kNaturalStretch: return putAtCorner(image, record);
@@ -71,7 +71,7 @@ void PdfWriter::writeBarcode(const MarkupRecord& record) {
     document_.setStrokeColor(colorOf(record[PdfField::boxColor]));
   std::string buffer;
   const std::string name = barcodePictureName(
-      {stem_, withBrackets(record[PdfField::barcodeValue], buffer), codePage_,
+      {stem_, withBrackets(record[PdfField::barcodeValue], buffer), code_page_,
        integerOf(record[PdfField::boxLeft]), integerOf(record[PdfField::boxTop])},
       ".jpeg");
   const PdfImage* image = imageOf(readWholeFile(name, kMaxBarcodePicture));

@@ -39,17 +39,17 @@ double near(double dot, std::int32_t size, double beyond) {
 
 CairoCanvas::CairoCanvas(cairo_surface_t* surface, Point size, Point dotsPerInch, DotGrid grid)
     : context_(cairo_create(surface)),
-      fontOptions_(cairo_font_options_create()),
+      font_options_(cairo_font_options_create()),
       size_(size),
-      dotsPerInch_(dotsPerInch),
+      dots_per_inch_(dotsPerInch),
       grid_(grid),
       mapping_{double(dotsPerInch.x), double(dotsPerInch.y), 0, 0} {
   const bool hinted = grid == DotGrid::visible;
-  cairo_font_options_set_antialias(fontOptions_.get(), CAIRO_ANTIALIAS_GRAY);
-  cairo_font_options_set_hint_metrics(fontOptions_.get(), CAIRO_HINT_METRICS_OFF);
-  cairo_font_options_set_hint_style(fontOptions_.get(),
+  cairo_font_options_set_antialias(font_options_.get(), CAIRO_ANTIALIAS_GRAY);
+  cairo_font_options_set_hint_metrics(font_options_.get(), CAIRO_HINT_METRICS_OFF);
+  cairo_font_options_set_hint_style(font_options_.get(),
                                     hinted ? CAIRO_HINT_STYLE_SLIGHT : CAIRO_HINT_STYLE_NONE);
-  cairo_set_font_options(context_.get(), fontOptions_.get());
+  cairo_set_font_options(context_.get(), font_options_.get());
 }
 
 CairoCanvas::~CairoCanvas() = default;

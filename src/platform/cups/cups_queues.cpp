@@ -231,12 +231,12 @@ class CupsQueues : public PrintQueues {
     constexpr std::chrono::minutes kPause(1);
     const auto now = Clock::now();
     if (now - start < kUnansweredAfter) return;
-    silentUntil_ = now + kPause;
+    silent_until_ = now + kPause;
     connection_.reset();
   }
 
   bool connected() {
-    if (Clock::now() < silentUntil_) return false;
+    if (Clock::now() < silent_until_) return false;
     if (!connection_) connection_ = connectToScheduler();
     return connection_ != nullptr;
   }
@@ -251,7 +251,7 @@ class CupsQueues : public PrintQueues {
   }
 
   Connection connection_;
-  Clock::time_point silentUntil_{};
+  Clock::time_point silent_until_{};
 };
 
 }  // namespace

@@ -85,11 +85,11 @@ class PdfContent {
   State wanted_;
   State written_;
   std::vector<std::pair<State, State>> saved_;
-  bool inText_ = false;
-  bool slanted_ = false;    // the text matrix
-  std::int64_t lineX_ = 0;  // of the text line, as written, thousandths
-  std::int64_t lineY_ = 0;
-  std::int64_t penX_ = 0;  // behind the last text
+  bool in_text_ = false;
+  bool slanted_ = false;     // the text matrix
+  std::int64_t line_x_ = 0;  // of the text line, as written, thousandths
+  std::int64_t line_y_ = 0;
+  std::int64_t pen_x_ = 0;  // behind the last text
 };
 
 }  // namespace qor

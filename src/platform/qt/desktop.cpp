@@ -65,7 +65,7 @@ Desktop::Desktop(std::optional<int> exitCodeWithout) {
   // Qt has told the C library the user's locale; numbers in files are not to depend on it.
   std::setlocale(LC_NUMERIC, "C");
   started = true;
-  endSignals_ = std::make_unique<EndSignals>();
+  end_signals_ = std::make_unique<EndSignals>();
   QApplication::setApplicationName("QorUtlView");
   QApplication::setOrganizationName("QOR");
 }
@@ -73,7 +73,7 @@ Desktop::Desktop(std::optional<int> exitCodeWithout) {
 Desktop::~Desktop() = default;
 
 bool Desktop::isAskedToEnd() const {
-  return endSignals_->came();
+  return end_signals_->came();
 }
 
 void Desktop::run() {

@@ -9,8 +9,8 @@
 #include <QWindow>
 
 #include "base/app_options.h"
-#include "language/language.h"
 #include "document/vdoc.h"
+#include "language/language.h"
 #include "platform/qt/qt_text.h"
 #include "platform/system/owner_notice.h"
 #include "platform/system/user_settings.h"

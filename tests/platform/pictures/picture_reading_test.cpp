@@ -191,9 +191,8 @@ TEST_F(PictureReading, refusesSidesOfFiftyThousandPixels) {
   const std::string bitmap = makeBitmap(50000, 50000, 24, 0, "", "");
   const std::string bigIcon = directory + longs({40, 22}) + bitmap.substr(14);
   for (const std::string& file : {bigPng, bigJpeg, bigGif, bitmap, bigIcon,
-                                  makeBitmap(50000, 50000, 8, 1, kThreeColours, bytesOf({0, 1}))}) {
+                                  makeBitmap(50000, 50000, 8, 1, kThreeColours, bytesOf({0, 1}))})
     EXPECT_FALSE(decodePicture(file)) << file.substr(0, 2);
-  }
 }
 
 }  // namespace

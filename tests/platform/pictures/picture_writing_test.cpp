@@ -29,11 +29,9 @@ const Sample kSamples[] = {
 
 std::vector<std::uint32_t> pixelsOf(const Sample& sample, std::uint32_t top, int stride) {
   std::vector<std::uint32_t> pixels;
-  for (int y = 0; y < kHeight; ++y) {
-    for (int x = 0; x < stride; ++x) {
+  for (int y = 0; y < kHeight; ++y)
+    for (int x = 0; x < stride; ++x)
       pixels.push_back(x < kWidth ? top | sample.pixel(x, y) : 0x12345678);
-    }
-  }
   return pixels;
 }
 
@@ -44,34 +42,29 @@ std::string encoded(const Sample& sample, PictureFormat format) {
   return sink.text();
 }
 
-struct Writing {
-  PictureFormat format;
-  const char* file;
-  double tolerance = 0;
-};
-
-constexpr Writing kWritings[] = {{PictureFormat::png, "out.png"},
-                                 {PictureFormat::bmp, "out.bmp"},
-                                 {PictureFormat::gif, "out.gif"},
-                                 {PictureFormat::ico, "out.ico"},
-                                 {PictureFormat::jpeg, "out.jpg", 3}};
+// The format, the file, and how far pixels may be off.
+constexpr std::tuple<PictureFormat, const char*, double> kWritings[] = {
+    {PictureFormat::png, "out.png", 0},
+    {PictureFormat::bmp, "out.bmp", 0},
+    {PictureFormat::gif, "out.gif", 0},
+    {PictureFormat::ico, "out.ico", 0},
+    {PictureFormat::jpeg, "out.jpg", 3}};
 
 TEST(PictureWriting, writesFilesThatOthersReadToTheSamePixels) {
   const ImageMagick magick;
-  for (const Writing& writing : kWritings) {
+  for (const auto& [format, name, tolerance] : kWritings) {
     for (const Sample& sample : kSamples) {
-      const std::string file = encoded(sample, writing.format);
-      magick.folder().write(writing.file, file);
+      const std::string file = encoded(sample, format);
+      magick.folder().write(name, file);
       auto expected = pixelsOf(sample, 0xFF000000, kWidth);
-      if (writing.format == PictureFormat::ico) std::ranges::replace(expected, 0xFFFFFFFF, 0u);
-      const bool reduced = writing.format == PictureFormat::gif && &sample == &kSamples[3];
-      const double tolerance = reduced ? 6 : writing.tolerance;
-      EXPECT_LE(distance(magick.seen(writing.file), expected), tolerance)
-          << writing.file << sample.name;
-      EXPECT_LE(distance(decodePicture(file)->pixels, expected), tolerance) << writing.file;
-      if (writing.format == PictureFormat::gif || writing.format == PictureFormat::ico) continue;
-      EXPECT_NEAR(std::stod(magick.identify("%x", writing.file)), 96, 0.1) << writing.file;
-      EXPECT_NEAR(std::stod(magick.identify("%y", writing.file)), 96, 0.1) << writing.file;
+      if (format == PictureFormat::ico) std::ranges::replace(expected, 0xFFFFFFFF, 0u);
+      const bool reduced = format == PictureFormat::gif && &sample == &kSamples[3];
+      const double most = reduced ? 6 : tolerance;
+      EXPECT_LE(distance(magick.seen(name), expected), most) << name << sample.name;
+      EXPECT_LE(distance(decodePicture(file)->pixels, expected), most) << name;
+      if (format == PictureFormat::gif || format == PictureFormat::ico) continue;
+      EXPECT_NEAR(std::stod(magick.identify("%x", name)), 96, 0.1) << name;
+      EXPECT_NEAR(std::stod(magick.identify("%y", name)), 96, 0.1) << name;
     }
   }
 }
@@ -129,12 +122,12 @@ TEST(PictureWriting, passesOnWhatTheSinkThrows) {
     std::size_t left = 0;
   };
   const auto pixels = pixelsOf(kSamples[3], 0, kStride);
-  for (const Writing& writing : kWritings) {
+  for (const auto& [format, name, tolerance] : kWritings) {
     FullSink sink;
     const PixelView view{kWidth, kHeight, kStride, pixels.data()};
-    EXPECT_THROW(encodePicture(view, writing.format, 96, sink), FileError) << writing.file;
-    sink.left = encoded(kSamples[3], writing.format).size() - 1;
-    EXPECT_THROW(encodePicture(view, writing.format, 96, sink), FileError) << writing.file;
+    EXPECT_THROW(encodePicture(view, format, 96, sink), FileError) << name;
+    sink.left = encoded(kSamples[3], format).size() - 1;
+    EXPECT_THROW(encodePicture(view, format, 96, sink), FileError) << name;
   }
 }
 

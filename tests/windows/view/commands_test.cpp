@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/errors.h"
 #include "language/language.h"
 #include "platform/qt/qt_text.h"
 #include "support/program.h"
@@ -67,8 +68,8 @@ TEST(Commands, areTheSameInToolbarAndMenu) {
 TEST(Commands, leaveThePageOnViewWhateverTheyThrow) {
   const std::pair<const char*, std::function<void()>> rows[] = {
       {"no memory", [] { throw std::runtime_error("no memory"); }},
-      {"no paper", [] { throw std::string("no paper"); }},
-      {"", [] { throw 7; }}};
+      {"no paper", [] { throw PrintError("no paper"); }},
+      {"Not set any printers", [] { throw NumberedError(7); }}};
   const std::pair<Qt::Key, const char*> commands[] = {{Qt::Key_F4, "cmdView_SetPrinter"},
                                                       {Qt::Key_F5, "cmdView_Mail"},
                                                       {Qt::Key_F6, "cmdView_Convert"}};

@@ -16,7 +16,7 @@ class PageBitmap {
 
   // Starts anew with a view of that many pixels, each of `dotsPerPixel` dots, on a display of `dpi`
   // dots per inch. Nothing is drawn yet.
-  void start(const Extent& view, double dotsPerPixel, int dpi, Paint paint);
+  void start(const Extent& pixels, double dotsPerPixel, int dpi, Paint paint);
 
   // Draws unless the pixels `seen` of the view are there already. Throws PictureError and what the
   // paint throws; nothing is then kept.
@@ -32,7 +32,7 @@ class PageBitmap {
   Rect partAround(const Rect& seen) const;
   void prepareBitmap(const Rect& part);
 
-  Extent view_;  // dots
+  Extent size_;  // of the view, dots
   double dotsPerPixel_ = 1;
   int dpi_ = 96;
   Paint paint_;

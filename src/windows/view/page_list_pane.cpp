@@ -46,10 +46,6 @@ void PageListPane::retranslate() {
   lines_->retranslate();
 }
 
-bool PageListPane::hasFocus() const {
-  return desk_.ui.lstPages->hasFocus();
-}
-
 void PageListPane::lstPagesClick() {
   const QModelIndexList chosen = desk_.ui.lstPages->selectionModel()->selectedIndexes();
   if (chosen.isEmpty()) return select();

@@ -24,7 +24,6 @@ class PageListPane : public QObject {
   void select();
 
   void retranslate();
-  bool hasFocus() const;
 
  signals:
   void pageChosen(int number);

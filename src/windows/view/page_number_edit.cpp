@@ -85,10 +85,6 @@ bool PageNumberEdit::isOpen() const {
   return !desk_.ui.txtPageCurrentEdit->isHidden();
 }
 
-bool PageNumberEdit::hasFocus() const {
-  return desk_.ui.txtPageCurrentEdit->hasFocus();
-}
-
 void PageNumberEdit::lblPageCurrentClick() {
   QLineEdit& edit = *desk_.ui.txtPageCurrentEdit;
   desk_.ui.lblPageCurrent->hide();

@@ -22,7 +22,6 @@ class PageNumberEdit : public QObject {
   void setBlinking(bool blinks);
 
   bool isVisible() const;
-  bool hasFocus() const;
 
   // Opens the edit.
   void lblPageCurrentClick();

@@ -13,7 +13,7 @@ class PageScroll : public QScrollArea {
  public:
   explicit PageScroll(QWidget* parent = nullptr);
 
-  // The control that stands at a place of the area.
+  // The control that stands in the area.
   void setControl(QWidget* control);
 
   // The area without bars, and how thick a bar is.
@@ -24,7 +24,7 @@ class PageScroll : public QScrollArea {
   QPoint middle() const { return viewport()->rect().center(); }
   QPointF spotInControl(const QPoint& seen) const;
 
-  // Scrolls until a place of the control is seen at one of the area, or as near as can be.
+  // Scrolls until a spot of the control is seen at one of the area, or as near as can be.
   void bring(const QPointF& spotInControl, const QPoint& seen);
 
   void scrollToStart();

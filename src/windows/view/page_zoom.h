@@ -43,7 +43,7 @@ class PageZoom : public QObject {
   void zoomInList(int direction);
 
   // A step from the percentage that is seen, whatever was chosen. What is seen at the anchor, a
-  // place of the scrolling area, stays there.
+  // spot of the scrolling area, stays there.
   void zoomFromView(int direction, const QPoint& anchor);
 
  signals:

@@ -19,10 +19,6 @@ void PaperScale::reset() {
   desk_.ui.txtZoom->setText("100");
 }
 
-bool PaperScale::hasFocus() const {
-  return desk_.ui.txtZoom->hasFocus();
-}
-
 void PaperScale::ShowPageScale() {
   if (desk_.ui.txtZoom->text().isEmpty()) reset();
   pages_.showScaled(std::max(1, desk_.ui.txtZoom->text().toInt()));

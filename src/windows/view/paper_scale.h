@@ -17,8 +17,6 @@ class PaperScale : public QObject {
   // Back to 100 percent, for the next time.
   void reset();
 
-  bool hasFocus() const;
-
   // Shows the page at the scale of the edit.
   void ShowPageScale();
 

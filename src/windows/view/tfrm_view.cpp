@@ -77,13 +77,13 @@ void TfrmView::FormShow() {
   parts.number.showCurrent();
   parts.number.showTotal();
   desk.growth.noteFile();
-  parts.status.tellDates();
+  parts.pageStatus.tellDates();
   applyCaptions();
   parts.switches.cmdView_SetListViewClick();
   parts.switches.rbMultiPageViewClick(desk.state.MultipageView);
   parts.switches.cmdView_SetPreviewTypeClick(desk.state.PreviewType);
   if (!settings_.isUsable())
-    parts.status.setStandingMessage(qtText(previewTexts().stateNotRead) +
+    parts.pageStatus.setStandingMessage(qtText(previewTexts().stateNotRead) +
                                     qtText(settings_.place()));
   parts.pages.start();
   cmbPagesChange();

@@ -77,7 +77,6 @@ class TfrmView : public QMainWindow {
   void FormClose();
   void FormResize();
   bool FormKeyDown(const QKeyEvent& event);
-  bool belongsToFocus(const QKeyEvent& event) const;
 
   void showTotal();
   void followGrowth();

@@ -4,6 +4,7 @@
 
 #include "document/vdoc.h"
 #include "windows/failure_text.h"
+#include "windows/view/focus_keys.h"
 #include "windows/view/key_table.h"
 #include "windows/view/tfrm_view.h"
 #include "windows/view/view_desk.h"
@@ -57,15 +58,15 @@ void TfrmView::connectPages() {
 void TfrmView::connectParts() {
   ViewParts& parts = *parts_;
   connect(&parts.pages, &PageShow::aboutToShow, this, [this, &parts] {
-    parts.status.startPage();
+    parts.pageStatus.startPage();
     updateCommands();
   });
   connect(&parts.pages, &PageShow::roomCounted, this, &TfrmView::updateCommands);
   connect(&parts.pages, &PageShow::pageShown, this, [&parts] {
-    parts.status.tellFileState();
+    parts.pageStatus.tellFileState();
     parts.notes.lookCloser();
   });
-  connect(&parts.pages, &PageShow::shown, this, [&parts] { parts.status.describeView(); });
+  connect(&parts.pages, &PageShow::shown, this, [&parts] { parts.pageStatus.describeView(); });
   connect(&parts.turner, &PageTurner::moved, this, &TfrmView::cmbPagesChange);
   connect(&parts.turner, &PageTurner::marked, this, &TfrmView::tellMarked);
   const auto goTo = [this, &parts](int number) { run([&] { parts.turner.goToPage(number); }); };
@@ -118,8 +119,8 @@ void TfrmView::cmbPagesChange() {
 void TfrmView::tellMarked() {
   parts_->number.showCurrent();
   parts_->list.select();
-  parts_->status.tellNumber();
-  parts_->status.describeView();
+  parts_->pageStatus.tellNumber();
+  parts_->pageStatus.describeView();
   updateCommands();
 }
 
@@ -158,37 +159,19 @@ void TfrmView::followGrowth() {
   } else if (!parts.desk->page_control->showsPages()) {
     cmbPagesChange();
   }
-  parts.status.tellNumber();
-  parts.status.describeView();
+  parts.pageStatus.tellNumber();
+  parts.pageStatus.describeView();
   updateCommands();
   parts.list.fill();
 }
 
 // True if the key was one of the window's: nobody else gets it then.
 bool TfrmView::FormKeyDown(const QKeyEvent& event) {
-  if (belongsToFocus(event)) return false;
+  if (focusKeeps(event)) return false;
   const KeyAction action = actionOfKey(event);
   if (action == nullptr) return false;
   run(action);
   return true;
-}
-
-// An edit moves in what is typed, the list of pages over its lines.
-bool TfrmView::belongsToFocus(const QKeyEvent& event) const {
-  const bool inEdit = parts_->number.hasFocus() || parts_->scale.hasFocus();
-  const bool inList =
-      parts_->list.hasFocus() && (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-  switch (event.key()) {
-    case Qt::Key_Left:
-    case Qt::Key_Right: return inEdit;
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_Home:
-    case Qt::Key_End: return inEdit || inList;
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown: return inList;
-    default: return false;
-  }
 }
 
 }  // namespace qor

@@ -16,7 +16,7 @@ class ViewMenu : public QObject {
  public:
   explicit ViewMenu(TfrmView& form);
 
-  // Shows it at a place of the scrolling area, as the window stands.
+  // Shows it at a spot of the scrolling area, as the window stands.
   void popup(const QPoint& spot);
 
   // Enables and checks its entries as the window stands.

@@ -11,7 +11,7 @@ ViewParts::ViewParts(QMainWindow* window, ViewCommands offered)
       number(*desk),
       list(*desk),
       zoom(*desk),
-      status(*desk, zoom),
+      pageStatus(*desk, zoom),
       pages(*desk, zoom, errors),
       scale(*desk, pages),
       notes(*desk, pages),

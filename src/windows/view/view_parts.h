@@ -31,7 +31,7 @@ struct ViewParts {
   PageNumberEdit number;
   PageListPane list;
   PageZoom zoom;
-  PageStatus status;
+  PageStatus pageStatus;
   PageShow pages;
   PaperScale scale;
   PageNotesWatch notes;

@@ -58,8 +58,12 @@ constexpr double realTwipsFromLabelMillimetres(double millimetres) {
 }
 
 // Of a device or a picture; 0 where it has no resolution.
+constexpr double realTwipsFromDots(double dots, double dpi) {
+  return dpi > 0 ? dots * kTwipsPerInch / dpi : 0;
+}
+
 constexpr std::int32_t twipsFromDots(double dots, std::int32_t dpi) {
-  return dpi > 0 ? truncated(dots * kTwipsPerInch / dpi) : 0;
+  return truncated(realTwipsFromDots(dots, dpi));
 }
 
 // Of a picture in its natural size.

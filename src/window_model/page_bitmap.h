@@ -26,14 +26,14 @@ class PageBitmap {
   // drawing.
   PixelView pixels() { return drawn_ ? bitmap_->pixels() : PixelView(); }
   Point corner() const { return {part_.left, part_.top}; }
-  double dotsPerPixel() const { return dotsPerPixel_; }
+  double dotsPerPixel() const { return dots_per_pixel_; }
 
  private:
   Rect partAround(const Rect& seen) const;
   void prepareBitmap(const Rect& part);
 
   Extent size_;  // of the view, dots
-  double dotsPerPixel_ = 1;
+  double dots_per_pixel_ = 1;
   int dpi_ = 96;
   Paint paint_;
   std::unique_ptr<BitmapCanvas> bitmap_;

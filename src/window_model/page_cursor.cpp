@@ -12,7 +12,7 @@ void PageCursor::goTo(std::int32_t number) {
 }
 
 std::int32_t PageCursor::lastOnView() const {
-  return std::min(several_ ? first_ + inView_ - 1 : current_, total_);
+  return std::min(several_ ? first_ + in_view_ - 1 : current_, total_);
 }
 
 bool PageCursor::makesCurrentFirst(std::int32_t count) {
@@ -22,11 +22,11 @@ bool PageCursor::makesCurrentFirst(std::int32_t count) {
 }
 
 void PageCursor::setInView(std::int32_t count, bool exactly) {
-  inView_ = exactly ? count : std::max(inView_, count);
+  in_view_ = exactly ? count : std::max(in_view_, count);
 }
 
 std::int32_t PageCursor::movedFrom(std::int32_t page, PageMove move) const {
-  const std::int32_t step = several_ ? inView_ : 1;
+  const std::int32_t step = several_ ? in_view_ : 1;
   switch (move) {
     case PageMove::first: return 1;
     case PageMove::previous: return step >= page ? 1 : page - step;

@@ -42,7 +42,7 @@ class PageCursor {
   void startWithCurrent() { first_ = current_; }
 
   // How many pages there is room for is counted anew with the next view.
-  void countAnew() { inView_ = 1; }
+  void countAnew() { in_view_ = 1; }
 
   // There is room for that many. True where the current page has none, since there was more before:
   // it then comes first, and the pages are to be shown anew.
@@ -72,8 +72,8 @@ class PageCursor {
 
   std::int32_t current_ = 1;
   std::int32_t total_ = 0;
-  std::int32_t first_ = 1;   // of several on view
-  std::int32_t inView_ = 1;  // as many as there was room for
+  std::int32_t first_ = 1;    // of several on view
+  std::int32_t in_view_ = 1;  // as many as there was room for
   bool several_ = false;
   PageEdge edge_ = PageEdge::top;
 };

@@ -7,19 +7,16 @@ namespace qor {
 namespace {
 
 double dotsPerInch(std::int32_t dpi, const PageView& view, double dotsPerPixel) {
-  return static_cast<double>(std::int64_t{dpi} * view.zoom / 100) * dotsPerPixel;
-}
-
-double inTwips(double dots, double dpi) {
-  return dpi > 0 ? dots * kTwipsPerInch / dpi : 0;
+  const std::int64_t pixelsPerInch = std::int64_t{dpi} * view.zoom / 100;
+  return static_cast<double>(pixelsPerInch) * dotsPerPixel;
 }
 
 }  // namespace
 
 PageMapping::PageMapping(const PageView& view, double dotsPerPixel)
-    : dotsPerPixel_(dotsPerPixel),
-      dpiX_(dotsPerInch(view.screen.dpi_x, view, dotsPerPixel)),
-      dpiY_(dotsPerInch(view.screen.dpi_y, view, dotsPerPixel)),
+    : dots_per_pixel_(dotsPerPixel),
+      dpi_x_(dotsPerInch(view.screen.dpi_x, view, dotsPerPixel)),
+      dpi_y_(dotsPerInch(view.screen.dpi_y, view, dotsPerPixel)),
       printable_{inDots(view.screen.print_left, dotsPerPixel),
                  inDots(view.screen.print_top, dotsPerPixel),
                  inDots(view.screen.print_right, dotsPerPixel),
@@ -27,17 +24,17 @@ PageMapping::PageMapping(const PageView& view, double dotsPerPixel)
 }
 
 Spot PageMapping::toPixels(const Spot& twips) const {
-  return {(twips.x * dpiX_ / kTwipsPerInch + printable_.left) / dotsPerPixel_,
-          (twips.y * dpiY_ / kTwipsPerInch + printable_.top) / dotsPerPixel_};
+  return {(realDotsFromTwips(twips.x, dpi_x_) + printable_.left) / dots_per_pixel_,
+          (realDotsFromTwips(twips.y, dpi_y_) + printable_.top) / dots_per_pixel_};
 }
 
 Spot PageMapping::toTwips(const Spot& pixels) const {
-  return {inTwips(pixels.x * dotsPerPixel_ - printable_.left, dpiX_),
-          inTwips(pixels.y * dotsPerPixel_ - printable_.top, dpiY_)};
+  return {realTwipsFromDots(pixels.x * dots_per_pixel_ - printable_.left, dpi_x_),
+          realTwipsFromDots(pixels.y * dots_per_pixel_ - printable_.top, dpi_y_)};
 }
 
 Mapping PageMapping::onCanvas(const Point& corner) const {
-  return {dpiX_, dpiY_, printable_.left - corner.x, printable_.top - corner.y};
+  return {dpi_x_, dpi_y_, printable_.left - corner.x, printable_.top - corner.y};
 }
 
 }  // namespace qor

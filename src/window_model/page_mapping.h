@@ -29,9 +29,9 @@ class PageMapping {
   const Rect& printable() const { return printable_; }
 
  private:
-  double dotsPerPixel_;
-  double dpiX_;  // dots for an inch of the page
-  double dpiY_;
+  double dots_per_pixel_;
+  double dpi_x_;  // dots for an inch of the page
+  double dpi_y_;
   Rect printable_;
 };
 

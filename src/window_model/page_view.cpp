@@ -65,7 +65,7 @@ class SheetPainter {
   }
 
  private:
-  static constexpr std::int32_t kTwipsPerDot = kTwipsPerInch / kPictureDpi;
+  static constexpr std::int32_t kTwipsPerDot = wholeTwipsPerDot(kPictureDpi);
 
   void draw(const Rect& pixels, const Pen& pen, const Brush& brush, std::int32_t inside) {
     const auto twips = [this](std::int32_t pixel, std::int32_t less) {

@@ -19,11 +19,11 @@ void ErrorBox::tell(const QString& error) {
   last_ = error;
   if (std::exchange(shown_, error) == error) return;
   waiting_ = error;
-  if (onScreen_) showSoon();
+  if (on_screen_) showSoon();
 }
 
 void ErrorBox::windowIsOnScreen() {
-  if (std::exchange(onScreen_, true)) return;
+  if (std::exchange(on_screen_, true)) return;
   if (!waiting_.isEmpty()) showSoon();
 }
 

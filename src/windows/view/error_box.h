@@ -42,7 +42,7 @@ class ErrorBox : public QObject {
   QString shown_;
   QString waiting_;  // for its box
   QPoint put_;       // where the box was put over the window
-  bool onScreen_ = false;
+  bool on_screen_ = false;
 };
 
 }  // namespace qor

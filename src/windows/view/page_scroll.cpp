@@ -119,10 +119,10 @@ void PageScroll::endDrag() {
 
 // Whole steps; fine wheels give parts of one, which add up.
 int PageScroll::wheelSteps(int delta) {
-  if ((delta > 0) != (wheelRest_ > 0)) wheelRest_ = 0;
-  wheelRest_ += delta;
-  const int steps = wheelRest_ / kWheelStep;
-  wheelRest_ %= kWheelStep;
+  if ((delta > 0) != (wheel_rest_ > 0)) wheel_rest_ = 0;
+  wheel_rest_ += delta;
+  const int steps = wheel_rest_ / kWheelStep;
+  wheel_rest_ %= kWheelStep;
   return steps;
 }
 

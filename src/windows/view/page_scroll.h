@@ -59,7 +59,7 @@ class PageScroll : public QScrollArea {
   QWidget* control_ = nullptr;
   bool dragging_ = false;
   QPoint drag_;  // last point of the mouse, on the screen
-  int wheelRest_ = 0;
+  int wheel_rest_ = 0;
 };
 
 }  // namespace qor

@@ -20,7 +20,7 @@ PageShow::PageShow(ViewDesk& desk, PageZoom& zoom, ErrorBox& errors)
 void PageShow::setDocument(VDoc* doc, VDocPage* page) {
   doc_ = doc;
   page_ = page;
-  firstPageShown_ = false;
+  first_page_shown_ = false;
   countPages();
   if (page == nullptr) desk_.page_control->usePage(nullptr);
 }
@@ -61,7 +61,7 @@ void PageShow::updateArea() {
 
 // The first page has just been read.
 bool PageShow::keepsLoaded() {
-  const bool first = !std::exchange(firstPageShown_, true);
+  const bool first = !std::exchange(first_page_shown_, true);
   return first && loadedPage() != nullptr && page_->Number == desk_.cursor.current();
 }
 

@@ -46,7 +46,7 @@ class PageShow : public QObject {
   void reload();
 
   // A page that will be read again anyway is not kept from before the window was shown.
-  void dropFirstPage() { firstPageShown_ = true; }
+  void dropFirstPage() { first_page_shown_ = true; }
 
  signals:
   void aboutToShow();  // a page, or the reason why there is none
@@ -69,7 +69,7 @@ class PageShow : public QObject {
   VDoc* doc_ = nullptr;
   VDocPage* page_ = nullptr;  // on show, loaded
   bool started_ = false;
-  bool firstPageShown_ = false;
+  bool first_page_shown_ = false;
 };
 
 }  // namespace qor

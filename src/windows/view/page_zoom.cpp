@@ -44,8 +44,8 @@ void PageZoom::cmdView_ZoomOutClick() {
 }
 
 void PageZoom::zoomFromView(int direction, const QPoint& anchor) {
-  if (onView_ == 0) return zoomInList(direction);
-  const int entry = direction > 0 ? zoomEntryAbove(onView_) : zoomEntryBelow(onView_);
+  if (on_view_ == 0) return zoomInList(direction);
+  const int entry = direction > 0 ? zoomEntryAbove(on_view_) : zoomEntryBelow(on_view_);
   if (entry != kNoZoomEntry) zoomAround(anchor, entry);
 }
 
@@ -58,7 +58,7 @@ void PageZoom::zoomInList(int direction) {
 void PageZoom::zoomAround(const QPoint& anchor, int entry, std::int32_t fit) {
   PageScroll& area = *desk_.ui.pScroll;
   const QPointF seen = area.spotInControl(anchor);
-  const std::int32_t before = onView_;
+  const std::int32_t before = on_view_;
   const bool one = desk_.page_control->showsOnePage();
   desk_.state.ZoomID = entry;
   fit_ = fit;
@@ -66,7 +66,7 @@ void PageZoom::zoomAround(const QPoint& anchor, int entry, std::int32_t fit) {
   desk_.cursor.countAnew();
   emit pageWanted();
   if (one && desk_.page_control->showsOnePage() && before > 0) {
-    area.bring(seen * onView_ / before, anchor);
+    area.bring(seen * on_view_ / before, anchor);
   } else {
     area.scrollToStart();
   }

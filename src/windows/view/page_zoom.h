@@ -25,9 +25,9 @@ class PageZoom : public QObject {
 
   // The percentage that is seen, 0 where no page is. Whoever shows a page sets it and then tells
   // it.
-  std::int32_t onView() const { return onView_; }
-  void setOnView(std::int32_t percent) { onView_ = percent; }
-  void tellOnView() { box_.tell(onView_); }
+  std::int32_t onView() const { return on_view_; }
+  void setOnView(std::int32_t percent) { on_view_ = percent; }
+  void tellOnView() { box_.tell(on_view_); }
 
   void cmbZoomChange();
   void cmdView_ZoomInClick();
@@ -57,7 +57,7 @@ class PageZoom : public QObject {
   ViewDesk& desk_;
   ZoomBox box_;
   std::int32_t fit_ = 0;  // kWholeWidth or kWholePage, which no entry of the list stands for
-  std::int32_t onView_ = 0;
+  std::int32_t on_view_ = 0;
 };
 
 }  // namespace qor

@@ -84,7 +84,7 @@ void TfrmView::FormShow() {
   parts.switches.cmdView_SetPreviewTypeClick(desk.state.PreviewType);
   if (!settings_.isUsable())
     parts.pageStatus.setStandingMessage(qtText(previewTexts().stateNotRead) +
-                                    qtText(settings_.place()));
+                                        qtText(settings_.place()));
   parts.pages.start();
   cmbPagesChange();
   desk.ui.pScroll->setFocus();

@@ -66,12 +66,12 @@ VPage::VPage(QWidget* parent)
 
 void VPage::setSurroundings(const ScreenArea& area, int barThickness) {
   area_ = area;
-  barThickness_ = barThickness;
+  bar_thickness_ = barThickness;
 }
 
 // The area that is left for a sheet once the bars that it needs are there.
 ScreenArea VPage::areaFor(const VSetScr& sheet) const {
-  return areaBesideBars(area_, {sheet.view_width, sheet.view_height}, barThickness_);
+  return areaBesideBars(area_, {sheet.view_width, sheet.view_height}, bar_thickness_);
 }
 
 PageView VPage::viewOf(const VSetScr& screen, std::int32_t zoom, bool show_unprintable,
@@ -95,7 +95,7 @@ void VPage::ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable
 // The sheet beside the bars that it needs.
 VSetScr VPage::fitSheet(const VSet& settings, std::int32_t& zoom) const {
   const bool fitted = isFit(zoom);
-  zoom = fittedToSheet(zoom, settings.Page, settings.Prn, area_, barThickness_);
+  zoom = fittedToSheet(zoom, settings.Page, settings.Prn, area_, bar_thickness_);
   std::int32_t firstZoom = zoom;
   const ScreenArea area = areaFor(normalSheet(settings.Page, settings.Prn, area_, firstZoom));
   VSetScr sheet = normalSheet(settings.Page, settings.Prn, area, zoom);
@@ -106,7 +106,7 @@ VSetScr VPage::fitSheet(const VSet& settings, std::int32_t& zoom) const {
 void VPage::ShowMeasured(VDocPage* page, std::int32_t& zoom) {
   VSet& settings = *page->Settings;
   const Extent content = contentOf(*page, {area_.dpi_x, area_.dpi_y});
-  zoom = fittedToContent(zoom, settings.Page, settings.Prn, area_, content, barThickness_);
+  zoom = fittedToContent(zoom, settings.Page, settings.Prn, area_, content, bar_thickness_);
   settings.Scr = wideSheet(settings.Page, settings.Prn, area_, content, zoom);
   const std::int64_t side = std::max(settings.Scr.view_width, settings.Scr.view_height);
   if (side <= kLongestSide) return;
@@ -125,7 +125,7 @@ int VPage::ShowMulti(VDoc* doc, VDocPage* page, std::int32_t& zoom, bool show_un
                      int first) {
   if (doc == nullptr || page == nullptr) return -1;
   const VSet& settings = *page->Settings;
-  std::int32_t percent = fittedToSheet(zoom, settings.Page, settings.Prn, area_, barThickness_);
+  std::int32_t percent = fittedToSheet(zoom, settings.Page, settings.Prn, area_, bar_thickness_);
   const VSetScr screen = normalSheet(settings.Page, settings.Prn, area_, percent);
   const Extent view = {screen.view_width, screen.view_height};
   const auto places = layOutPages(view, areaFor(screen).client, first, doc->PageCount);
@@ -144,7 +144,7 @@ int VPage::ShowMulti(VDoc* doc, VDocPage* page, std::int32_t& zoom, bool show_un
 void VPage::ShowMessage(const QString& text) {
   makeRoomForPages();
   single_->hide();
-  showsPages_ = false;
+  shows_pages_ = false;
   page_ = nullptr;
   resize(area_.client.Width, area_.client.Height);
   message_->setText(text);
@@ -155,7 +155,7 @@ void VPage::ShowMessage(const QString& text) {
 }
 
 QString VPage::message() const {
-  return showsPages_ ? QString() : message_->text();
+  return shows_pages_ ? QString() : message_->text();
 }
 
 void VPage::showSingle(VDocPage* page, const PageView& view) {
@@ -186,7 +186,7 @@ void VPage::makeRoomForPages() {
   small_->clear();
   message_->hide();
   overlay_->leave();
-  showsPages_ = true;
+  shows_pages_ = true;
 }
 
 bool VPage::MarkPage(int number) {
@@ -194,7 +194,7 @@ bool VPage::MarkPage(int number) {
 }
 
 bool VPage::showsOnePage() const {
-  return showsPages_ && small_->isEmpty();
+  return shows_pages_ && small_->isEmpty();
 }
 
 }  // namespace qor

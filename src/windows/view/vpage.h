@@ -65,7 +65,7 @@ class VPage : public QFrame {
   bool showsOnePage() const;
 
   // False where a text stands in the place of pages.
-  bool showsPages() const { return showsPages_; }
+  bool showsPages() const { return shows_pages_; }
 
  signals:
   // Where the control's corner is to stand in the scrolling area, and its size, pixels.
@@ -86,12 +86,12 @@ class VPage : public QFrame {
 
   VDocPage* page_ = nullptr;  // on show; the document's
   ScreenArea area_;
-  int barThickness_ = 0;
+  int bar_thickness_ = 0;
   PageImage* single_;
   SmallPages* small_;
   QLabel* message_;
   PageOverlay* overlay_;
-  bool showsPages_ = false;
+  bool shows_pages_ = false;
 };
 
 }  // namespace qor

@@ -1,0 +1,72 @@
+// Exports as whoever starts them sees them: progress, stopping, and what they leave alone.
+#include "export/export_task.h"
+
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "export/export_formats.h"
+#include "platform/print/pdf_file_printer.h"
+#include "settings/printers.h"
+#include "support/pdf_reader.h"
+#include "support/report_reader.h"
+
+namespace qor::test {
+namespace {
+
+// Exports three pages, of which the user lets `wanted` pass. Gives what was told of each.
+std::string exportSome(TestReport& report, const std::string& name, int wanted,
+                       ExportResult result) {
+  std::string told;
+  ExportTask task = {report.doc(), report.path(name)};
+  task.options.ImageFormats.set(kImagePng);
+  task.progress = [&](std::int32_t page, std::int32_t pages) {
+    told += std::to_string(page) + "/" + std::to_string(pages) + " ";
+    return page < wanted;
+  };
+  EXPECT_EQ(runExport(*formatOf(name), task), result) << name;
+  for (const std::string& file : task.files) told += std::filesystem::path(file).filename();
+  return told;
+}
+
+// A target stays as it was, pictures that were finished stay, and nothing else is left.
+TEST(ExportTask, stopsBehindAPage) {
+  for (const std::string name : {"r.txt", "r.html", "r.pdf"}) {
+    TestReport report("A\r\n\fB\r\n\fC\r\n");
+    const std::string target = report.path(name);
+    EXPECT_EQ(exportSome(report, name, 9, ExportResult::done), "1/3 2/3 3/3 " + name);
+    const std::string whole = readFile(target);
+    EXPECT_EQ(exportSome(report, name, 2, ExportResult::stopped), "1/3 2/3 ");
+    EXPECT_EQ(readFile(target), whole);
+    std::filesystem::remove(target);
+    exportSome(report, name, 1, ExportResult::stopped);
+    EXPECT_FALSE(std::filesystem::exists(target));
+    const std::filesystem::directory_iterator left(report.path(""));
+    EXPECT_EQ(std::distance(begin(left), end(left)), 1) << "the report";
+  }
+  TestReport report("A\r\n\fB\r\n\fC\r\n");
+  EXPECT_EQ(exportSome(report, "r.png", 2, ExportResult::stopped), "1/3 2/3 r(1).pngr(2).png");
+  EXPECT_TRUE(std::filesystem::exists(report.path("r(2).png")));
+  EXPECT_FALSE(std::filesystem::exists(report.path("r(3).png")));
+}
+
+// One through the printer that makes files: half of the size in the file, and none of it behind it.
+TEST(ExportTask, leavesTheChosenPrinterAsItWas) {
+  TestReport report("<text left=100 top=100 tc=A/>\r\n");
+  InitPrinters();
+  AppOptions.PrinterName = "chosen";
+  report.doc().PrintScale = 75;
+  gPrintMetrics.LogPixelsX = 123;
+  ExportTask task = {report.doc(), report.path("r.pdf")};
+  task.options.PrintToPdfPrinter = task.options.ScaleToPaper = true;
+  task.options.PaperScale = 50;
+  EXPECT_EQ(runExport(*formatOf(task.target), task), ExportResult::done);
+  EXPECT_NEAR(readPdf(task.target).word("A").x, 50, 0.2);
+  EXPECT_EQ(AppOptions.PrinterName, "chosen");
+  EXPECT_EQ(report.doc().PrintScale, 75);
+  EXPECT_FALSE(report.doc().PrintScaleFlag);
+  EXPECT_EQ(gPrintMetrics.LogPixelsX, 123);
+}
+
+}  // namespace
+}  // namespace qor::test

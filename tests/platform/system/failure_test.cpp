@@ -1,0 +1,61 @@
+// What was caught, as a message.
+#include "platform/system/failure.h"
+
+#include <functional>
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+
+#include "language/language.h"
+#include "support/report_reader.h"
+
+namespace qor::test {
+namespace {
+
+// Errors that don't say where they arose are told with the report, numbers with their file.
+TEST(Failures, tellWhatFailedAndWhere) {
+  struct Row {
+    std::function<void()> fail;
+    ErrorKind kind;
+    int code;
+    const char* text;  // empty where nobody is told again
+  };
+  const Row rows[] = {
+      {[] { throw NumberedError(2); }, ErrorKind::badReport, 2, ""},
+      {[] { throw NumberedError(5); }, ErrorKind::badSettings, 5, ""},
+      {[] { throw StoppedError(); }, ErrorKind::stopped, 0, ""},
+      {[] { throw ReportError("page 3"); }, ErrorKind::badReport, 0, "page 3"},
+      {[] { throw ConversionError("x"); }, ErrorKind::badReport, 0, "x"},
+      {[] { throw ListIndexError("s.vset"); }, ErrorKind::badSettings, 0, "s.vset"},
+      {[] { throw FileError("f", ErrorKind::cannotWrite); }, ErrorKind::cannotWrite, 0, "f"},
+      {[] { throw FileError("f"); }, ErrorKind::cannotRead, 0, "f"},
+      {[] { throw PrintError("laser"); }, ErrorKind::cannotPrint, 0, "laser"},
+      {[] { throw PictureError("no dots"); }, ErrorKind::cannotWrite, 0, "r.txt: no dots"},
+      {[] { throw SystemError("no font"); }, ErrorKind::system, 0, "r.txt: no font"},
+      {[] { throw std::runtime_error("?"); }, ErrorKind::system, 0, "r.txt: ?"},
+      {[] { throw 1; }, ErrorKind::system, 0, "r.txt: unknown failure"}};
+  const OptionsGuard guard;
+  AppOptions.FileName = "r.txt";
+  SelectErrorTexts(1252);
+  LastError.set(5, "cp5.ini");
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.text);
+    testing::internal::CaptureStderr();
+    try {
+      row.fail();
+    } catch (...) {
+      const Failure failure = caughtFailure();
+      EXPECT_EQ(failure.kind, row.kind);
+      EXPECT_EQ(failure.code, row.code);
+      if (row.code == 5) {
+        EXPECT_EQ(failure.text, "  Error! Can't open DOS charset file: cp5.ini");
+      }
+      tellFailure();
+    }
+    const std::string line = *row.text == 0 ? "" : std::string(row.text) + "\n";
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), line);
+  }
+}
+
+}  // namespace
+}  // namespace qor::test

@@ -98,13 +98,15 @@ std::size_t PdfWriter::fontOf(const MarkupRecord& record) {
   const std::string_view name = record[PdfField::fontName];
   const bool bold = record[PdfField::fontBold] == "1";
   const bool italic = record[PdfField::fontItalic] == "1";
-  const auto known = fonts_.find(std::tuple(name, bold, italic));
-  if (known != fonts_.end()) return known->second;
+  const std::size_t style = (bold ? 1U : 0U) + (italic ? 2U : 0U);
+  const auto known = fonts_.find(name);
+  if (known != fonts_.end() && known->second[style]) return *known->second[style];
   std::string buffer;
   const std::string face =
       faceFor(utf8FromCodePage(trimmed(withBrackets(name, buffer)), codePage_));
-  return fonts_[{std::string(name), bold, italic}] =
-             document_.loadFont({face, bold, italic}, encoding_);
+  const std::size_t font = document_.loadFont({face, bold, italic}, encoding_);
+  fonts_[std::string(name)][style] = font;
+  return font;
 }
 
 // Sets the font of a record; gives its size.

@@ -1,12 +1,12 @@
 // The second stage of the PDF export: records of markup in, calls of the PDF engine out.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
-#include <tuple>
 
 #include "export/pdf/pdf_markup.h"
 #include "platform/pdf/pdf_document.h"
@@ -48,8 +48,8 @@ class PdfWriter {
   int codePage_;
   std::string encoding_;
   std::string stem_;
-  // The document's fonts by their names in records, bold and italic.
-  std::map<std::tuple<std::string, bool, bool>, std::size_t, std::less<>> fonts_;
+  // The document's fonts by their names in records: plain, bold, italic, and both.
+  std::map<std::string, std::array<std::optional<std::size_t>, 4>, std::less<>> fonts_;
   double left_ = 0;  // twips; they stay until a record tells others
   double top_ = 0;
   PdfColor color_;

@@ -1,8 +1,6 @@
 // The option parser: parameter strings to options.
 #include "app/command_line.h"
 
-#include <array>
-
 #include <gtest/gtest.h>
 
 #include "platform/system/locale.h"
@@ -33,11 +31,6 @@ class CommandLineTest : public testing::Test {
     const char* const modes[] = {"stop", "print", "preview", "export"};
     return modes[mode + 1] + std::string(told ? " told" : "") + (warned ? " warned" : "") +
            options(mode == kRunStop ? 850 : 1253);
-  }
-
-  void expectParsed(const std::vector<std::pair<const char*, const char*>>& rows) {
-    for (const auto& [parameters, expected] : rows)
-      EXPECT_EQ(parsed(parameters), expected) << parameters;
   }
 
  private:
@@ -91,40 +84,34 @@ TEST(GetOptionValue, takesTheValueAndCutsItOut) {
 }
 
 TEST_F(CommandLineTest, fillsTheOptions) {
-  expectParsed({
-      {"-caption \"A -g B\" -f r.txt -i s.vset#Q -p \"HP 4 L\" -codepage $362 -mail 2 -dd -dynamic "
-       "-test -export Dir/O.TXT -handle 4660",
-       "export file=@r.txt ini=@s.vset set=Q printer=HP 4 L caption=A -g B codepage=866 mail=2 "
-       "dd=1 dynamic=1 test=1 target=Dir/o.txt owner=4660"},
-      {"-EXPORT ОТЧЁТ_ŞÇĞ.TXT -F r.txt -I s.vset#Q -P HP -CODEPAGE 866 -MAIL 2 -DD -DYNAMIC -TEST "
-       "-CAPTION Sales -HANDLE 7",
-       "export file=@r.txt ini=@s.vset set=Q printer=HP caption=Sales codepage=866 mail=2 dd=1 "
-       "dynamic=1 test=1 target=отчёт_şçğ.txt owner=7"},
-      {"-f missing.txt", "stop warned"},
-      {"-G -f r.txt", "print file=@r.txt"},
-      {"-f r.txt -G", "print file=@r.txt"},
-      {"-P HP -f r.txt", "preview file=@r.txt printer=HP"},
-      {"-p HP -f r.txt", "preview file=@r.txt printer=HP"},
-      {"-dd -f r.txt", "preview file=@r.txt dd=1"},
-      {"-DD -f r.txt", "preview file=@r.txt dd=1"},
-      {"-f r.txt -g -export o.txt", "export file=@r.txt target=o.txt"},
-      // The settings are split at the last mark.
-      {"-I s.vset#A", "preview ini=@s.vset set=A"},
-      {"-i @s.vset#", "preview ini=@s.vset"},
-      {"-i \"s.vset#Set A\" -f r.txt", "preview file=@r.txt ini=@s.vset set=Set A"},
-      {"-i s.vset#Set A -f r.txt", "preview file=@r.txt ini=@s.vset set=Set"},
-      {"-i a#b.vset#C", "preview ini=@a#b.vset set=C"},
-      {"-i a#b.vset", "preview warned"},
-      // Options are searched for as parts of the text.
-      {"x -fr.txt -g", "stop warned"},  // takes "-g" for the name
-      {"-f r.txt -green", "print file=@r.txt"},
-      {"-f \"a -g b.txt\"", "print file=@a -g b.txt"},
-      {"-f r.txt -caption -g", "print file=@r.txt caption=-g"},
-      {"-f r.txt -invoice", "preview warned file=@r.txt"},  // settings file "nvoice"
-      {"-export a-f.txt -f r.txt", "stop warned"},          // report "-f"
-      {"-f r.txt -export a-p.txt -p HP", "export file=@r.txt printer=-p target=a"},
-      {"-caption X -h", "stop told caption=X"},
-  });
+  // The settings are split at the last mark; options are searched for as parts of the text: "-g" is
+  // taken for the name of a report, "nvoice" for that of settings.
+  for (const auto& [parameters, expected] : rowsOf(
+           "-caption \"A -g B\" -f r.txt -i s.vset#Q -p \"HP 4 L\" -codepage $362 -mail 2 -dd "
+           "-dynamic -test -export Dir/O.TXT -handle 4660 => export file=@r.txt ini=@s.vset set=Q "
+           "printer=HP 4 L caption=A -g B codepage=866 mail=2 dd=1 dynamic=1 test=1 "
+           "target=Dir/o.txt owner=4660|"
+           "-EXPORT ОТЧЁТ_ŞÇĞ.TXT -F r.txt -I s.vset#Q -P HP -CODEPAGE 866 -MAIL 2 -DD -DYNAMIC "
+           "-TEST -CAPTION Sales -HANDLE 7 => export file=@r.txt ini=@s.vset set=Q printer=HP "
+           "caption=Sales codepage=866 mail=2 dd=1 dynamic=1 test=1 target=отчёт_şçğ.txt owner=7|"
+           "-f missing.txt => stop warned|-G -f r.txt => print file=@r.txt|"
+           "-f r.txt -G => print file=@r.txt|-P HP -f r.txt => preview file=@r.txt printer=HP|"
+           "-p HP -f r.txt => preview file=@r.txt printer=HP|"
+           "-dd -f r.txt => preview file=@r.txt dd=1|-DD -f r.txt => preview file=@r.txt dd=1|"
+           "-f r.txt -g -export o.txt => export file=@r.txt target=o.txt|"
+           "-I s.vset#A => preview ini=@s.vset set=A|-i @s.vset# => preview ini=@s.vset|"
+           "-i \"s.vset#Set A\" -f r.txt => preview file=@r.txt ini=@s.vset set=Set A|"
+           "-i s.vset#Set A -f r.txt => preview file=@r.txt ini=@s.vset set=Set|"
+           "-i a#b.vset#C => preview ini=@a#b.vset set=C|-i a#b.vset => preview warned|"
+           "x -fr.txt -g => stop warned|-f r.txt -green => print file=@r.txt|"
+           "-f \"a -g b.txt\" => print file=@a -g b.txt|"
+           "-f r.txt -caption -g => print file=@r.txt caption=-g|"
+           "-f r.txt -invoice => preview warned file=@r.txt|"
+           "-export a-f.txt -f r.txt => stop warned|"
+           "-f r.txt -export a-p.txt -p HP => export file=@r.txt printer=-p target=a|"
+           "-caption X -h => stop told caption=X",
+           " => "))
+    EXPECT_EQ(parsed(parameters), expected) << parameters;
   std::string letters;
   for (int i = 0; i < 300; ++i) letters += "Ж";
   EXPECT_EQ(parsed("-i s.vset#" + letters),

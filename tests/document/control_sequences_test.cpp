@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "document/vset.h"
+#include "support/report_reader.h"
 #include "support/rows.h"
 
 namespace qor::test {
@@ -14,25 +15,15 @@ namespace {
 // Everything that sequences can change, where it differs from the defaults.
 std::string changes(const FontState& font, const VSetPage& page) {
   std::ostringstream out;
+  out << differences(font);
   const std::tuple<const char*, double, double> values[] = {
-      {"factor", font.WidthFactor, 1},
-      {"height", font.Height, 10},
-      {"width", font.Width, 0},
-      {"weight", font.LogFont.Weight, 400},
-      {"underline", font.LogFont.Underline, 0},
-      {"hs", font.CharSpacing, 0},
-      {"vs", font.LineSpacing, 0},
-      {"row", font.RowHeight, 0},
-      {"copies", page.NumOfCopies, 1},
-      {"orientation", page.Orientation, 1},
-      {"left", page.MarginLeft, 0},
-      {"top", page.MarginTop, 0},
-      {"right", page.MarginRight, 0},
-      {"bottom", page.MarginBottom, 0},
-      {"codepage", page.BaseCodePage, 1252}};
+      {"row", font.RowHeight, 0},           {"copies", page.NumOfCopies, 1},
+      {"orientation", page.Orientation, 1}, {"left", page.MarginLeft, 0},
+      {"top", page.MarginTop, 0},           {"right", page.MarginRight, 0},
+      {"bottom", page.MarginBottom, 0},     {"codepage", page.BaseCodePage, 1252}};
   for (const auto& [name, value, usual] : values)
-    if (value != usual) out << name << "=" << value << " ";
-  return out.str();
+    if (value != usual) out << " " << name << "=" << value;
+  return out.str().empty() ? "" : out.str().substr(1) + " ";
 }
 
 // Runs what stands behind an ESC; gives what is left to be read.
@@ -54,9 +45,8 @@ std::string told(const std::string& sequence) {
 
 TEST(ControlSequences, changeFontAndPage) {
   for (const auto& [sequence, change] :
-       rowsOf("\017 factor=0.6|W1 factor=2|W0 factor=0.5|w1 height=20|w0 height=5.5|&a6P "
-              "orientation=3|"
-              "&a5P orientation=2|(s1V\033(s3B height=1 weight=700"))
+       rowsOf("\017 factor=0.6|W1 factor=2|W0 factor=0.5|w1 height=20|w0 height=5.5|"
+              "&a6P orientation=3|&a5P orientation=2|(s1V\033(s3B height=1 weight=700"))
     EXPECT_EQ(told(sequence + "x"), change + " x") << sequence;
   // The letters of all others may be small ones.
   for (const auto& [sequence, change] : rowsOf(

@@ -27,7 +27,7 @@ class PageIndexTest : public testing::Test {
     const bool complete = doc.ScanPages(rescan);
     return resultOf(doc, complete);
   }
-  void expectPages(const std::vector<std::pair<std::string, const char*>>& rows) {
+  void expectPages(const std::vector<std::pair<std::string, std::string>>& rows) {
     for (const auto& [bytes, pages] : rows) {
       put(bytes);
       VDoc doc;
@@ -47,18 +47,12 @@ std::string letters(std::size_t count) {
 }
 
 TEST_F(PageIndexTest, findsThePages) {
-  expectPages({{"", "open, 0"},
-               {kEof, "complete, 1"},
-               {"ABC", "0+3 open, 3"},
-               {"AB\f", "0+4 open, 3"},
-               {"A\fB\fC", "0+2 2+2 4+1 open, 5"},
-               {"\f\f\f", "0+1 1+1 2+2 open, 3"},
-               {"A\f\r\nB" + kEof, "0+3 4+2 complete, 6"},
-               {"A\f\rB", "0+2 open, 4"},
-               {"A\f\rBC", "0+2 4+1 open, 5"},
-               {"A\f" + kEof, "0+2 complete, 3"},
-               {"A\r\n" + kEof + "B", "0+3 complete, 5"},
-               {"\033EAB\fC", "2+3 5+1 open, 6"}});
+  expectPages(rowsOf(
+      " => open, 0|\032 => complete, 1|ABC => 0+3 open, 3|AB\f => 0+4 open, 3|"
+      "A\fB\fC => 0+2 2+2 4+1 open, 5|\f\f\f => 0+1 1+1 2+2 open, 3|"
+      "A\f\r\nB\032 => 0+3 4+2 complete, 6|A\f\rB => 0+2 open, 4|A\f\rBC => 0+2 4+1 open, 5|"
+      "A\f\032 => 0+2 complete, 3|A\r\n\032B => 0+3 complete, 5|\033EAB\fC => 2+3 5+1 open, 6",
+      " => "));
   // Around the end of the first block.
   expectPages({{letters(32767) + "\f\r\nB", "0+32769 32768+3 open, 32771"},
                {letters(32766) + "\f\r\nB", "0+32768 32769+1 open, 32770"},
@@ -74,20 +68,17 @@ TEST_F(PageIndexTest, findsThePages) {
                {letters(262142) + "\f\r\nB", "0+262144 262145+1 open, 262146"},
                {letters(300000) + "\fB" + kEof, "0+300001 300001+2 complete, 300003"}});
   AppOptions.DynamicMode = true;
-  expectPages({{"", "open, 0"},
-               {"ABC", "open, 0"},
-               {"A\fBC", "0+2 open, 2"},
-               {"A\f", "0+3 open, 2"},
-               {"A\fBC" + kEof, "0+2 2+3 complete, 5"}});
+  expectPages(
+      rowsOf(" => open, 0|ABC => open, 0|A\fBC => 0+2 open, 2|A\f => 0+3 open, 2|"
+             "A\fBC\032 => 0+2 2+3 complete, 5",
+             " => "));
 }
 
 TEST_F(PageIndexTest, startsAnewWithEachScan) {
   VDoc doc;
-  const std::pair<const char*, const char*> rows[] = {{"\033EAB\fC", "2+3 5+1 open, 6"},
-                                                      {"AB\fC", "0+3 3+1 open, 4"},
-                                                      {"\033E\033EA", "4+1 open, 5"},
-                                                      {"", "open, 0"}};
-  for (const auto& [bytes, pages] : rows) {
+  for (const auto& [bytes, pages] : rowsOf("\033EAB\fC => 2+3 5+1 open, 6|AB\fC => 0+3 3+1 open, 4|"
+                                           "\033E\033EA => 4+1 open, 5| => open, 0",
+                                           " => ")) {
     put(bytes);
     EXPECT_EQ(scanned(doc, false), pages);
   }

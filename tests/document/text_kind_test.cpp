@@ -5,6 +5,7 @@
 
 #include "document/code_page.h"
 #include "support/report_reader.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -12,22 +13,13 @@ namespace {
 TEST(TextKind, isToldByBytes) {
   // With "8" for UTF-8 and "n" for lines that end with LF only.
   // The first three of those without a sign are letters of 866 and 1251, and what never starts one.
-  const std::pair<std::string, std::string> rows[] = {{"\x80\x81\x82", ""},
-                                                      {"\xC0\xE0\xC1\xE1", ""},
-                                                      {"\xC1\x81", ""},
-                                                      {"\xC3\x28", ""},
-                                                      {"", ""},
-                                                      {"no end", ""},
-                                                      {"a\nb\rc", ""},
-                                                      {"caf\xE9", ""},
-                                                      {"\xF5\x80\x80\x80", ""},
-                                                      {"caf\xC3\xA9 and caf\xE9 au lait", ""},
-                                                      {"plain\n", "n"},
-                                                      {"\xD0\x90\xD0\x91\n", "8n"},
-                                                      {"\xE2\x82\xAC and \xF0\x9F\x98\x80", "8"},
-                                                      {"\xC3\xA9 cut \xE2\x82", "8"},
-                                                      {"\xEF\xBB\xBFmarked", "8"}};
-  for (const auto& [bytes, expected] : rows) {
+  for (const auto& [bytes, expected] :
+       rowsOf("\x80\x81\x82 => |\xC0\xE0\xC1\xE1 => |\xC1\x81 => |\xC3( => | => |no end => |"
+              "a\nb\rc => |caf\xE9 => |\xF5\x80\x80\x80 => |caf\xC3\xA9 and caf\xE9 au lait => "
+              "|plain\n => n|"
+              "\xD0\x90\xD0\x91\n => 8n|\xE2\x82\xAC and \xF0\x9F\x98\x80 => 8|"
+              "\xC3\xA9 cut \xE2\x82 => 8|\xEF\xBB\xBFmarked => 8",
+              " => ")) {
     const TextKind kind = kindOf(bytes);
     EXPECT_EQ(std::string(kind.utf8 ? "8" : "") + (kind.lineFeedsOnly ? "n" : ""), expected);
   }
@@ -46,7 +38,7 @@ TEST(TextKind, countsTheLettersThatAreLeftOut) {
   }
 }
 
-std::string linesOf(const std::string& bytes, int page = 1) {
+std::string linesIn(const std::string& bytes, int page = 1) {
   TestReport report(bytes);
   std::string lines;
   for (const VDocStr& line : report.page(page).lines()) {
@@ -63,14 +55,14 @@ TEST(TextKind, letsLineFeedsEndTheLinesOfLongTexts) {
     return start + std::string(size - start.size(), 'x');
   };
   const std::string x(4088, 'x');
-  EXPECT_EQ(linesOf(filled("ab\ncd\n\n\f", 4096)), "abcd|");
+  EXPECT_EQ(linesIn(filled("ab\ncd\n\n\f", 4096)), "abcd|");
   const std::string second = filled("ab\n<b>cd\n\n\f\nef\n\r\ngh\n\f", 4097);
-  EXPECT_EQ(linesOf(second), "ab|cd|||");
-  EXPECT_EQ(linesOf(second, 2), "ef||gh||");
+  EXPECT_EQ(linesIn(second), "ab|cd|||");
+  EXPECT_EQ(linesIn(second, 2), "ef||gh||");
   // One CR on the first page, and all is as it was.
-  EXPECT_EQ(linesOf(filled("ab\ncd\r\n\f", 4097)), "abcd||");
-  EXPECT_EQ(linesOf(filled("ab\ncd\f\r\n", 4097)), "abcd|+");
-  EXPECT_EQ(linesOf(filled("a<text memo left=1 tc=\"b\nc\"/>\nd\f", 4097)), "ab\ncd|");
+  EXPECT_EQ(linesIn(filled("ab\ncd\r\n\f", 4097)), "abcd||");
+  EXPECT_EQ(linesIn(filled("ab\ncd\f\r\n", 4097)), "abcd|+");
+  EXPECT_EQ(linesIn(filled("a<text memo left=1 tc=\"b\nc\"/>\nd\f", 4097)), "ab\ncd|");
 }
 
 }  // namespace

@@ -5,31 +5,13 @@
 namespace qor::test {
 namespace {
 
-// Only what differs from a plain font of 10 points is told.
-std::string describe(const FontState& font) {
-  std::ostringstream out;
-  if (font.LogFont.faceName() != "Courier New") out << " face=" << font.LogFont.faceName();
-  if (font.Height != 10) out << " height=" << font.Height;
-  if (font.Width != 0) out << " width=" << font.Width;
-  if (font.WidthFactor != 1) out << " factor=" << font.WidthFactor;
-  if (font.LogFont.Weight != 400) out << " weight=" << font.LogFont.Weight;
-  if (font.LogFont.Italic != 0) out << " italic=" << int{font.LogFont.Italic};
-  if (font.LogFont.Underline != 0) out << " underline=" << int{font.LogFont.Underline};
-  if (font.LogFont.StrikeOut != 0) out << " strikeout=" << int{font.LogFont.StrikeOut};
-  if (font.LogFont.Escapement != 0) out << " turned=" << font.LogFont.Escapement;
-  if (font.Color != 0) out << " color=" << std::hex << font.Color << std::dec;
-  if (font.CharSpacing != 0) out << " hs=" << font.CharSpacing;
-  if (font.LineSpacing != 0) out << " vs=" << font.LineSpacing;
-  return out.str();
-}
-
 std::string describe(const VData_Text& text) {
   std::ostringstream out;
   out << "\"" << text.Text << "\"";
   if (text.HasPosition) out << " at " << text.Left << "," << text.Top;
   if (text.Right != 0 || text.Bottom != 0) out << " to " << text.Right << "," << text.Bottom;
   if (text.AlignH != 0 || text.AlignV != 0) out << " align " << text.AlignH << text.AlignV;
-  return out.str() + describe(text.Font);
+  return out.str() + differences(text.Font);
 }
 
 std::string describe(const VData_Shape& shape) {
@@ -49,7 +31,7 @@ std::string describe(const VData_BarCode& code) {
       << code.SizeFactor << " width " << code.ManualWidth << " " << code.LineWidth << " margins "
       << code.ManualHeight << " " << code.MarginTop << " " << code.MarginBottom << " orient "
       << code.Orientation << " color " << std::hex << code.BarColor << std::dec
-      << describe(code.Font);
+      << differences(code.Font);
   return out.str();
 }
 
@@ -68,6 +50,23 @@ std::string describe(const VData& item) {
 }
 
 }  // namespace
+
+std::string differences(const FontState& font) {
+  std::ostringstream out;
+  if (font.LogFont.faceName() != "Courier New") out << " face=" << font.LogFont.faceName();
+  if (font.Height != 10) out << " height=" << font.Height;
+  if (font.Width != 0) out << " width=" << font.Width;
+  if (font.WidthFactor != 1) out << " factor=" << font.WidthFactor;
+  if (font.LogFont.Weight != 400) out << " weight=" << font.LogFont.Weight;
+  if (font.LogFont.Italic != 0) out << " italic=" << int{font.LogFont.Italic};
+  if (font.LogFont.Underline != 0) out << " underline=" << int{font.LogFont.Underline};
+  if (font.LogFont.StrikeOut != 0) out << " strikeout=" << int{font.LogFont.StrikeOut};
+  if (font.LogFont.Escapement != 0) out << " turned=" << font.LogFont.Escapement;
+  if (font.Color != 0) out << " color=" << std::hex << font.Color << std::dec;
+  if (font.CharSpacing != 0) out << " hs=" << font.CharSpacing;
+  if (font.LineSpacing != 0) out << " vs=" << font.LineSpacing;
+  return out.str();
+}
 
 std::string TestReport::prepare(std::string_view bytes, int codePage) {
   AppOptions.DocCodePage = codePage;

@@ -22,6 +22,9 @@ class OptionsGuard {
   AppOptionsRecord before_;
 };
 
+// What differs from a plain font of 10 points, such as " height=12 italic=1".
+std::string differences(const FontState& font);
+
 // A document on these bytes, scanned.
 class TestReport {
  public:

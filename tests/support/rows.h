@@ -1,4 +1,5 @@
-// Short tables as text: rows between "|", each a first word and what stands behind the blank.
+// Short tables as text: rows between "|", each of two texts with a blank or other mark between
+// them.
 #pragma once
 
 #include <iterator>
@@ -16,12 +17,13 @@ inline std::vector<std::string> linesOf(const std::string& text, char end = '\n'
   return lines;
 }
 
-inline std::vector<std::pair<std::string, std::string>> rowsOf(const std::string& text) {
+inline std::vector<std::pair<std::string, std::string>> rowsOf(const std::string& text,
+                                                               const std::string& mark = " ") {
   std::vector<std::pair<std::string, std::string>> rows;
   for (const std::string& row : linesOf(text, '|')) {
-    const auto blank = row.find(' ');
-    const bool alone = blank == std::string::npos;
-    rows.emplace_back(row.substr(0, blank), alone ? "" : row.substr(blank + 1));
+    const auto place = row.find(mark);
+    const bool alone = place == std::string::npos;
+    rows.emplace_back(row.substr(0, place), alone ? "" : row.substr(place + mark.size()));
   }
   return rows;
 }

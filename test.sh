@@ -12,3 +12,6 @@ for preset in asan release; do
   # A test that hangs is ended, so that the run can name it.
   ctest --preset "$preset" -j "$(nproc)" --timeout 600
 done
+
+# What was changed lately; tools/tidy.sh alone looks at everything.
+tools/tidy.sh --recent 10 100

@@ -46,7 +46,7 @@ void scan() {
 
 double secondsToOpen(qor::VDoc& doc, std::int32_t number) {
   const double start = now();
-  doc.GetPage(number, 0);
+  doc.GetPage(number);
   doc.ReleasePage(number);
   return now() - start;
 }

@@ -73,7 +73,7 @@ int main(int argc, char** argv) {
   qor::AppOptions.FileName = argv[1];
   qor::InitPrinters();
   qor::VDoc doc;
-  doc.SelectPrinter();
+  doc.SelectPrinter({});
   doc.ScanPages(false);
   NoSettings settings;
   qor::TfrmView window(settings, {});

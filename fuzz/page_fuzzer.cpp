@@ -8,7 +8,8 @@
 #include "document/code_page.h"
 #include "document/loaded_page.h"
 #include "document/vdoc.h"
-#include "export/exporters.h"
+#include "export/html/html_export.h"
+#include "export/text/text_export.h"
 #include "platform/canvas/bitmap_canvas.h"
 #include "render/page_walk.h"
 #include "scratch.h"
@@ -27,7 +28,7 @@ void writeLines(VDocPage& page) {
   std::string output;
   for (const VDocStr& line : page.lines()) {
     LineToText(line, output);
-    LineToHtml(line, true, output);
+    LineToHtml(line, "report", output);
     output.clear();
   }
 }
@@ -37,7 +38,7 @@ void drawPages(VDoc& doc) {
   bitmap.canvas().setMapping({kDpi, kDpi, 0, 0});
   LoadCodePage(doc.Settings.Page.BaseCodePage);
   for (std::int32_t number = 1; number <= std::min(doc.PageCount, kMostPages); ++number) {
-    const LoadedPage page(doc, number, 0);
+    const LoadedPage page(doc, number);
     writeLines(*page);
     DrawPage(*page, bitmap.canvas());
   }
@@ -45,7 +46,7 @@ void drawPages(VDoc& doc) {
 
 void readPages(VDoc& doc) {
   for (std::int32_t number = 1; number <= std::min(doc.PageCount, kMostPages); ++number)
-    writeLines(*LoadedPage(doc, number, kKeepTabs));
+    writeLines(*LoadedPage(doc, number, PageMode::sheets));
 }
 
 void readComplete(std::string_view bytes) {

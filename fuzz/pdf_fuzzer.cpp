@@ -7,7 +7,7 @@
 
 #include "base/app_options.h"
 #include "document/vdoc.h"
-#include "export/exporters.h"
+#include "export/pdf/pdf_export.h"
 #include "platform/print/pdf_file_printer.h"
 #include "platform/print/print_system.h"
 #include "scratch.h"
@@ -29,10 +29,9 @@ void exportReport(std::string_view bytes, bool byPrinter) {
   AppOptions.FileName = scratch.write("report.txt", bytes);
   VDoc doc;
   doc.ScanPages(false);
-  ExportOptions options;
-  options.TargetName = scratch.write("report.pdf", "");
-  options.PrintToPdfPrinter = byPrinter;
-  ExportPdf(doc, options);
+  ExportTask task = {doc, scratch.write("report.pdf", "")};
+  task.options.PrintToPdfPrinter = byPrinter;
+  ExportPdf(task);
 }
 
 }  // namespace

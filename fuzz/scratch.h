@@ -35,11 +35,7 @@ template <class Work>
 void tolerant(Work work) {
   try {
     work();
-  } catch (int) {
-  } catch (const std::string&) {
-  } catch (const ConversionError&) {
-  } catch (const ListIndexError&) {
-  } catch (const FileError&) {
+  } catch (const Error&) {
   }
 }
 

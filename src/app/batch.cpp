@@ -6,8 +6,10 @@
 #include "app/side_files.h"
 #include "base/app_options.h"
 #include "base/errors.h"
+#include "base/run_options.h"
 #include "document/vdoc.h"
-#include "export/exporters.h"
+#include "export/export_formats.h"
+#include "platform/system/failure.h"
 #include "platform/system/messages.h"
 #include "settings/printers.h"
 
@@ -17,20 +19,20 @@ namespace {
 // The whole of a print but for the clean-up behind it. False where nobody got anything of the
 // report: not where there is no printer, or it refuses the job.
 bool printReport() {
-  if (!VDoc::OpenFile()) throw kErrorOpenDocument;
+  if (!VDoc::OpenFile()) throw NumberedError(kErrorOpenDocument);
   InitPrinters();
   // Nobody looks again at what a writer adds later: what is there is printed, to its last byte.
   AppOptions.DynamicMode = false;
   VDoc doc;
   doc.ScanPages(false);
   doc.Settings.LoadSet();
-  if (!doc.SelectPrinter()) {
+  if (!doc.SelectPrinter(AppOptions.PrinterName)) {
     writeErrorLine(AppOptions.PrinterName +
                    ": there is no such printer, or the print system doesn't answer");
     return true;
   }
   if (doc.PageCount == 0) writeErrorLine(AppOptions.FileName + ": the report has no pages");
-  return doc.PrintAll();
+  return doc.PrintAll(runOptions());
 }
 
 }  // namespace
@@ -41,10 +43,8 @@ int PrintWithoutInterface() {
   try {
     if (printReport()) report.cleanUp(ListedFiles::keep, {});
     return 1;
-  } catch (int) {
-    // The user has been told where the error arose.
   } catch (...) {
-    showWarning(failureText());
+    tellFailure();
   }
   return -1;
 }
@@ -60,10 +60,10 @@ int ExportWithoutInterface() {
     VDoc doc;
     doc.ScanPages(false);
     doc.Settings.ReloadSet();
-    const ExportFileList files = ExportByExtension(doc);
+    const ExportFileList files = exportByExtension(doc, AppOptions.ExportTarget);
     // Where nothing was exported, the report stays, and so do its side files.
     if (!files.empty()) report.cleanUp(ListedFiles::keep, files);
-  } catch (int) {
+  } catch (const NumberedError&) {
     // The report stays, also under DeleteAfterPrint: nothing came of it.
     return -1;
   }

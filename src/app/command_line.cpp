@@ -8,6 +8,7 @@
 #include "base/app_options.h"
 #include "base/path.h"
 #include "base/text.h"
+#include "export/export_formats.h"
 #include "language/language.h"
 #include "platform/system/input_file.h"
 #include "platform/system/locale.h"
@@ -152,7 +153,7 @@ RunMode ParseCommandLine(std::string parameters) {
     AppOptions.WindowCaption = *value;
   }
   if (isHelp(parameters)) {
-    showInformation(HelpText());
+    showInformation(HelpText(extensionsInHelp()));
     return kRunStop;
   }
   if (asksForPrint(parameters)) mode = kRunPrint;

@@ -47,11 +47,11 @@ void scanReport(VDoc& doc) {
 
 void PreviewReport(StartMessages* messages) {
   // Ends at once: not even the default set is made.
-  if (AppOptions.FileName.empty()) throw kErrorOpenDocument;
+  if (AppOptions.FileName.empty()) throw NumberedError(kErrorOpenDocument);
   InitPrinters();
   VDoc doc;
   loadFirstSettings(doc);
-  doc.SelectPrinter();
+  doc.SelectPrinter(AppOptions.PrinterName);
   scanReport(doc);
   auto* runPreview = reinterpret_cast<RunPreview*>(moduleSymbol(kPreviewModule, kRunPreviewSymbol));
   if (runPreview == nullptr) {

@@ -8,8 +8,10 @@
 #include "base/app_options.h"
 #include "base/errors.h"
 #include "document/vdoc.h"
+#include "export/export_formats.h"
 #include "language/language.h"
 #include "platform/system/directory.h"
+#include "platform/system/failure.h"
 #include "platform/system/locale.h"
 #include "platform/system/messages.h"
 
@@ -46,7 +48,7 @@ int printReport() {
 // rules.
 bool answersSwitch(const std::string& parameters) {
   if (parameters == "--help") {
-    showInformation(HelpText());
+    showInformation(HelpText(extensionsInHelp()));
   } else if (parameters == "--version") {
     showInformation(AppOptions.ProgramName + " " + AppOptions.ProgramVersion);
   } else {
@@ -69,10 +71,10 @@ int run(const std::string& parameters, StartMessages* messages) {
 int runGuarded(const std::string& parameters, StartMessages* messages) {
   try {
     return run(parameters, messages);
-  } catch (int) {
+  } catch (const NumberedError&) {
     ShowErrorNumber();
   } catch (...) {
-    showWarning(failureText());
+    tellFailure();
   }
   return kExitDone;
 }

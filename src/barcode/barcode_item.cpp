@@ -66,8 +66,9 @@ bool passesCheck(int type, std::string_view text) {
 
 // What stands for a value that failed its check.
 std::string failedValue(int type, std::size_t length) {
-  if (isDigitsOnly(type)) return std::string(length, '0');
-  return type == kCodabar || type == kItf ? "0" : "ERROR";
+  std::string value = type == kCodabar || type == kItf ? "0" : "ERROR";
+  if (isDigitsOnly(type)) value.assign(length, '0');
+  return value;
 }
 
 }  // namespace
@@ -101,16 +102,16 @@ bool VData_BarCode::SetValue(std::string_view given) {
 
 void VData_BarCode::follow(const VData_BarCode* before) {
   if (hasEncoder(BarcodeType) && !trimmed(Value).empty()) {
-    symbolSource_ = this;
+    symbol_source_ = this;
   } else if (before != nullptr) {
-    symbolSource_ = before->symbolSource();
+    symbol_source_ = before->symbolSource();
   }
 }
 
 void VData_BarCode::Draw(Canvas& canvas) {
   if (trimmed(Value).empty()) return;
   const int dpi = canvas.dotsPerInch().x;
-  drawSymbol(*this, canvas, {Left, Top, Right, Bottom}, kTwipsPerInch / std::max(1, dpi));
+  drawSymbol(*this, canvas, {Left, Top, Right, Bottom}, wholeTwipsPerDot(std::max(1, dpi)));
   try {
     writeBarcodePictures(*this, dpi);
   } catch (const PictureError&) {

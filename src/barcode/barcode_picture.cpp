@@ -10,6 +10,7 @@
 #include "base/path.h"
 #include "base/text.h"
 #include "base/units.h"
+#include "document/item_visitor.h"
 #include "document/side_picture.h"
 #include "document/vdata.h"
 #include "document/vdocpage.h"
@@ -66,7 +67,7 @@ void writePictures(const VData_BarCode& code, int dpi, std::string_view stem) {
   if (code.BarcodeType <= 0 || code.BarcodeType == kCodabar || dpi <= 0) return;
   const BarcodePlace picture = placeOf(code, stem);
   const PictureFrame place = frameOf(code);
-  const std::int32_t dot = kTwipsPerInch / dpi;
+  const std::int32_t dot = wholeTwipsPerDot(dpi);
   saveSidePicture(place.frame, dpi,
                   {barcodePictureName(picture, ".jpeg"), barcodePictureName(picture, ".jpg")},
                   [&](Canvas& canvas) { drawSymbol(code, canvas, place.item, dot); });
@@ -89,7 +90,7 @@ void exportPicture(const VData_BarCode& code, std::string_view stem, std::int32_
   std::string reason;
   try {
     writePictures(code, kPictureDpi, stem);
-    reason = reasonForNone(code, kTwipsPerInch / kPictureDpi);
+    reason = reasonForNone(code, wholeTwipsPerDot(kPictureDpi));
   } catch (const ConversionError& error) {
     reason = error.what();
   } catch (const PictureError& error) {
@@ -97,6 +98,19 @@ void exportPicture(const VData_BarCode& code, std::string_view stem, std::int32_
   }
   if (!reason.empty()) showWarning(placeInReport(page) + reason);
 }
+
+class PictureTeller : public ItemVisitor {
+ public:
+  PictureTeller(std::string_view stem, std::int32_t page) : stem_(stem), page_(page) {}
+
+  void barcode(VData_BarCode& code) override {
+    if (!trimmed(code.Value).empty()) exportPicture(code, stem_, page_);
+  }
+
+ private:
+  std::string_view stem_;
+  std::int32_t page_;
+};
 
 }  // namespace
 
@@ -114,8 +128,8 @@ std::string barcodePictureName(const BarcodePlace& place, std::string_view endin
   return named(standInOf(place.value));
 }
 
-std::string barcodePictureName(const VData_BarCode& code, std::string_view ending) {
-  const std::string stem = sideFileStem(AppOptions.FileName);
+std::string barcodePictureName(const VData_BarCode& code, std::string_view stem,
+                               std::string_view ending) {
   return barcodePictureName(placeOf(code, stem), ending);
 }
 
@@ -124,12 +138,8 @@ void writeBarcodePictures(const VData_BarCode& code, int dpi) {
 }
 
 void writeBarcodePicturesOf(const VDocPage& page, std::string_view stem) {
-  for (const VDocStr& line : page.lines()) {
-    for (const VData& item : line.items()) {
-      const auto* code = dynamic_cast<const VData_BarCode*>(&item);
-      if (code != nullptr && !trimmed(code->Value).empty()) exportPicture(*code, stem, page.Number);
-    }
-  }
+  PictureTeller teller(stem, page.Number);
+  for (const VDocStr& line : page.lines()) line.tell(teller);
 }
 
 }  // namespace qor

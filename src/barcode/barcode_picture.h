@@ -24,8 +24,8 @@ struct BarcodePlace {
 // be part of a file name, or makes it too long, has a short stand-in.
 std::string barcodePictureName(const BarcodePlace& place, std::string_view ending);
 
-// The same with the stem of the report.
-std::string barcodePictureName(const VData_BarCode& code, std::string_view ending);
+std::string barcodePictureName(const VData_BarCode& code, std::string_view stem,
+                               std::string_view ending);
 
 // Writes the symbol in both endings, ".jpeg" and ".jpg", with the dots of a device of this
 // resolution, as large as the item's box or, where that has no size, as what the bars cover. A

@@ -18,7 +18,6 @@
 namespace qor {
 namespace {
 
-constexpr double kInchesPerMillimetre = 0.0393700787;
 constexpr std::int64_t kCode128Indent = 11;  // modules
 
 bool encodeValue(const VData_BarCode& code, VBarCodeCalc& calc) {
@@ -60,7 +59,7 @@ class SymbolPainter {
   SymbolPainter(const VData_BarCode& code, Canvas& canvas, const SymbolLayout& layout)
       : code_(code), canvas_(canvas), layout_(layout), font_(code.Font.LogFont) {
     font_.Height = truncated(layout.textHeight);
-    font_.Width = truncated(code.Font.Width * kTwipsPerInch / kMillimetresPerInch);
+    font_.Width = twipsFromMillimetres(code.Font.Width);
     font_.Escapement = font_.Orientation = layout.orientation * 900;
   }
 
@@ -110,7 +109,7 @@ class SymbolPainter {
 
   void paintLabel(const std::string& label, Point from, Point to) {
     if (label == " " || label.empty()) return;
-    const double halfCharacter = code_.Font.Width * kInchesPerMillimetre * kTwipsPerInch / 2;
+    const double halfCharacter = realTwipsFromLabelMillimetres(code_.Font.Width) / 2;
     showText(label, alongBars(from), middle(from, to, halfCharacter));
   }
 
@@ -141,7 +140,8 @@ class SymbolPainter {
   std::int32_t middle(Point from, Point to, double halfCharacter) const {
     const std::int64_t first = layout_.upright() ? from.x : from.y;
     const std::int64_t last = layout_.upright() ? to.x : to.y;
-    const auto centre = static_cast<double>((last - first) / 2 + first);
+    const std::int64_t half = (last - first) / 2;
+    const auto centre = static_cast<double>(first + half);
     return truncated(layout_.backward() ? centre + halfCharacter : centre - halfCharacter);
   }
 

@@ -15,7 +15,8 @@ constexpr int kGuardModules = 5;
 double moduleWidth(const VData_BarCode& code, std::int64_t span, std::int64_t modules) {
   if (code.ManualWidth) return code.LineWidth;
   if (!code.SizeSet) return double(code.SizeFactor) * kBasicModule;
-  return static_cast<double>(span / modules);
+  const std::int64_t whole = span / modules;
+  return static_cast<double>(whole);
 }
 
 // A symbol of a width of its own stands in the middle of its box, if it fits.
@@ -29,7 +30,7 @@ double textHeight(const VData_BarCode& code, double module) {
   if (!code.SizeSet) return double(code.SizeFactor) * kBasicTextHeight;
   if (code.ValueFont == 0) return module / kBasicModule * kBasicTextHeight;
   // Millimetres, where the height of a text item is points.
-  return code.Font.Height * kTwipsPerInch / kMillimetresPerInch;
+  return realTwipsFromMillimetres(code.Font.Height);
 }
 
 // The corner of the rectangle where the symbol starts, moved in by the offset along the steps and
@@ -83,7 +84,7 @@ SymbolLayout layOutSymbol(const VData_BarCode& code, const Rect& rect, std::int6
   SymbolLayout layout;
   layout.orientation = code.Orientation >= 0 && code.Orientation <= 3 ? code.Orientation : 0;
   const std::int64_t span = layout.upright() ? rect.width() : rect.height();
-  double room = static_cast<double>(layout.upright() ? rect.height() : rect.width());
+  auto room = static_cast<double>(layout.upright() ? rect.height() : rect.width());
   double inset = 0;
 
   layout.module = moduleWidth(code, span, modules);

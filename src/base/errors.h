@@ -1,5 +1,6 @@
-// The ways a run can fail. Document and settings code throws the plain numbers below; the entry
-// catches them.
+// The ways a run can fail. Every failure is an Error: its kind says what it means for the run, its
+// text is one line for the user, and those that the suite knows by a number bear it as their code.
+// platform/system/failure.h makes the message of whatever was caught.
 #pragma once
 
 #include <stdexcept>
@@ -8,51 +9,99 @@
 
 namespace qor {
 
+enum class ErrorKind {
+  badReport,    // what the report says can't be made anything of
+  badSettings,  // nor what a set, or the code page that it names, says
+  cannotRead,
+  cannotWrite,
+  cannotPrint,
+  stopped,  // by the user
+  system    // something that the whole run needs isn't there
+};
+
+class Error : public std::runtime_error {
+ public:
+  ErrorKind kind() const { return kind_; }
+
+  // The given number, or 0.
+  int code() const { return code_; }
+
+  // Whether the text says of which file, printer or value it speaks.
+  bool namesItsPlace() const { return names_its_place_; }
+
+ protected:
+  Error(ErrorKind kind, const std::string& text, bool namesItsPlace = true, int code = 0)
+      : std::runtime_error(text), kind_(kind), names_its_place_(namesItsPlace), code_(code) {}
+
+ private:
+  ErrorKind kind_;
+  bool names_its_place_;
+  int code_;
+};
+
 inline constexpr int kErrorOpenDocument = 1;
 inline constexpr int kErrorReadDocument = 2;
 inline constexpr int kErrorOpenCodePage = 5;
 inline constexpr int kErrorReadCodePage = 6;
 
-// A text that had to be a number is none.
-class ConversionError : public std::runtime_error {
+// A failure with a given number. The user was told where it arose, or is not to be told.
+class NumberedError : public Error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit NumberedError(int number)
+      : Error(number >= kErrorOpenCodePage ? ErrorKind::badSettings : ErrorKind::badReport,
+              "error number " + std::to_string(number), false, number) {}
+};
+
+// A report, or a page of it, can't be read.
+class ReportError : public Error {
+ public:
+  explicit ReportError(const std::string& text) : Error(ErrorKind::badReport, text) {}
+};
+
+// A text that had to be a number is none.
+class ConversionError : public Error {
+ public:
+  explicit ConversionError(const std::string& text, ErrorKind kind = ErrorKind::badReport)
+      : Error(kind, text) {}
 };
 
 // A list of lines ended before the line that had to be there.
-class ListIndexError : public std::out_of_range {
+class ListIndexError : public Error {
  public:
-  explicit ListIndexError(const std::string& what) : std::out_of_range(what) {}
+  explicit ListIndexError(const std::string& text) : Error(ErrorKind::badSettings, text) {}
 };
 
 // A file could not be opened, read or written, or holds what it must not. The text names the file
 // and the reason, on one line.
-class FileError : public std::runtime_error {
+class FileError : public Error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit FileError(const std::string& text, ErrorKind kind = ErrorKind::cannotRead)
+      : Error(kind, text) {}
 };
 
 // A print system didn't take a job. The text names the printer and the reason, on one line.
-class PrintError : public std::runtime_error {
+class PrintError : public Error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit PrintError(const std::string& text) : Error(ErrorKind::cannotPrint, text) {}
 };
 
 // A picture can't be made of these dots. Whoever knows the file it was for makes it a FileError.
-class PictureError : public std::runtime_error {
+class PictureError : public Error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit PictureError(const std::string& text) : Error(ErrorKind::cannotWrite, text, false) {}
 };
 
-// Something that the whole run needs isn't there, as a font. Whoever catches it tells the report.
-class SystemError : public std::runtime_error {
+// Something that the whole run needs isn't there, as a font.
+class SystemError : public Error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit SystemError(const std::string& text) : Error(ErrorKind::system, text, false) {}
 };
 
-// What is being caught, as one line with file and reason. Not for numbers: those were told where
-// they arose.
-std::string failureText();
+// The user has stopped what was going on, and knows it.
+class StoppedError : public Error {
+ public:
+  StoppedError() : Error(ErrorKind::stopped, "stopped") {}
+};
 
 // The last error number that was met and the file it belongs to.
 struct LastErrorRecord {

@@ -53,7 +53,8 @@ void setWeight(FontState& font, const AttributeValue& value) {
 }
 
 void setBold(FontState& font, const AttributeValue& value) {
-  if (const auto number = wholeNumber(value)) font.LogFont.Weight = *number == 1 ? 700 : 400;
+  if (const auto number = wholeNumber(value))
+    font.LogFont.Weight = *number == 1 ? kBoldWeight : kPlainWeight;
 }
 
 template <auto Field>
@@ -99,7 +100,7 @@ void setText(VData_Text& item, const AttributeValue& value) {
 
 template <auto Field>
 void setPosition(VData_Text& item, const AttributeValue& value) {
-  const auto position = millimetres(value);
+  const auto position = millimetresAsTwips(value);
   if (!position) return;
   item.*Field = *position;
   item.HasPosition = true;
@@ -109,8 +110,8 @@ constexpr AttributeKey<VData_Text> kTextKeys[] = {
     {"tc", setText},
     {"left", setPosition<&VData_Text::Left>},
     {"top", setPosition<&VData_Text::Top>},
-    {"right", store<&VData_Text::Right, millimetres>},
-    {"bottom", store<&VData_Text::Bottom, millimetres>},
+    {"right", store<&VData_Text::Right, millimetresAsTwips>},
+    {"bottom", store<&VData_Text::Bottom, millimetresAsTwips>},
     {"alignH", store<&VData_Text::AlignH, wholeNumber>},
     {"alignV", store<&VData_Text::AlignV, wholeNumber>},
 };
@@ -133,10 +134,10 @@ constexpr AttributeKey<VData_Shape> kShapeKeys[] = {
     {"bcRGB", store<&VData_Shape::BrushColor, colorByRgb>},
     {"bcINT", store<&VData_Shape::BrushColor, colorByNumber>},
     {"bcHEX", store<&VData_Shape::BrushColor, colorByNumber>},
-    {"left", store<&VData_Shape::Left, millimetres>},
-    {"top", store<&VData_Shape::Top, millimetres>},
-    {"right", store<&VData_Shape::Right, millimetres>},
-    {"bottom", store<&VData_Shape::Bottom, millimetres>},
+    {"left", store<&VData_Shape::Left, millimetresAsTwips>},
+    {"top", store<&VData_Shape::Top, millimetresAsTwips>},
+    {"right", store<&VData_Shape::Right, millimetresAsTwips>},
+    {"bottom", store<&VData_Shape::Bottom, millimetresAsTwips>},
     {"rw", store<&VData_Shape::RoundWidth, wholeNumber>},
     {"rh", store<&VData_Shape::RoundHeight, wholeNumber>},
     {"lw", store<&VData_Shape::LineWidth, wholeNumber>},

@@ -34,7 +34,7 @@ void AttributeReader::continueWith(std::string_view rest) {
   rest_ = rest;
   equals_ = nullptr;
   const auto blank = rest.rfind(' ');
-  lastBlank_ = blank == std::string_view::npos ? nullptr : rest.data() + blank;
+  last_blank_ = blank == std::string_view::npos ? nullptr : rest.data() + blank;
 }
 
 std::optional<std::string_view> AttributeReader::key() {
@@ -92,7 +92,7 @@ AttributeValue AttributeReader::takeText() {
 
 void AttributeReader::skipToken() {
   rest_ = trimmedLeft(rest_);
-  if (lastBlank_ < rest_.data()) {
+  if (last_blank_ < rest_.data()) {
     rest_ = {};
     return;
   }
@@ -124,7 +124,7 @@ std::optional<std::uint8_t> byteNumber(const AttributeValue& value) {
   return static_cast<std::uint8_t>(*number);
 }
 
-std::optional<std::int32_t> millimetres(const AttributeValue& value) {
+std::optional<std::int32_t> millimetresAsTwips(const AttributeValue& value) {
   std::string digits(value.text);
   std::size_t decimals = 0;
   const auto mark = value.quoted ? std::string::npos : digits.find_first_of(".,");
@@ -135,7 +135,7 @@ std::optional<std::int32_t> millimetres(const AttributeValue& value) {
   const auto number = parseInteger(digits);
   if (!number) return std::nullopt;
   const double scale = decimals == 2 ? 100 : decimals == 1 ? 10 : 1;
-  return truncated(double(*number) * kTwipsPerInch / kMillimetresPerInch / scale);
+  return truncated(realTwipsFromMillimetres(*number) / scale);
 }
 
 std::optional<Color> colorByName(const AttributeValue& value) {

@@ -43,8 +43,8 @@ class AttributeReader {
   AttributeValue takeQuoted(std::string_view text);
 
   std::string_view rest_;
-  const char* equals_ = nullptr;     // the next "=", or the end of the text
-  const char* lastBlank_ = nullptr;  // null where there is none
+  const char* equals_ = nullptr;      // the next "=", or the end of the text
+  const char* last_blank_ = nullptr;  // null where there is none
 };
 
 // How the texts of values become what items hold; nothing where they can't be read.
@@ -55,7 +55,7 @@ std::optional<std::uint8_t> byteNumber(const AttributeValue& value);
 
 // Millimetres as twips. A quoted value must be whole. An unquoted one may hold one "." or ",": the
 // digits are read without it, and only one or two of them behind it scale the result down.
-std::optional<std::int32_t> millimetres(const AttributeValue& value);
+std::optional<std::int32_t> millimetresAsTwips(const AttributeValue& value);
 
 std::optional<Color> colorByName(const AttributeValue& value);
 std::optional<Color> colorByIndex(const AttributeValue& value);

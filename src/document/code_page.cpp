@@ -21,7 +21,7 @@ constexpr std::size_t kMaxFileSize = 4096;
 [[noreturn]] void fail(int number, const std::string& fileName, const std::string& reason) {
   LastError.set(number, fileName);
   showWarning(reason);
-  throw number;
+  throw NumberedError(number);
 }
 
 std::string fileOf(int codePage) {

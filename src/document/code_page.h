@@ -13,7 +13,7 @@ inline CodePageEntries CodePageTable{};
 // Fills CodePageTable. Code pages 866, 1251, 1254 and 857 are built in; 437, 850 and 1252 count as
 // plain ASCII and leave zeros; any other is read from "cp<number>.ini" in the current directory or,
 // where there is none, taken from the system's tables of one byte a character. Throws
-// kErrorOpenCodePage or kErrorReadCodePage and sets LastError where neither can be had.
+// NumberedError and sets LastError where neither can be had.
 void LoadCodePage(int codePage);
 
 // Whether there is such a table or file.

@@ -53,6 +53,7 @@ class Interpreter {
   void setPosition(char letter, Parameter n);
   void setUnderline(char letter, Parameter n);
   void setPitch(char letter, Parameter n);
+  void setLinesPerInch(std::int32_t lines);
   void setPageLayout(char letter, Parameter n);
   void setFontLook(char letter, Parameter n);
   void setCodePage(char letter, Parameter n);
@@ -106,7 +107,7 @@ void Interpreter::setUnderline(char letter, Parameter n) {
 
 void Interpreter::setPitch(char letter, Parameter n) {
   switch (upperCase(letter)) {
-    case 'H': font_.CharSpacing = truncated(n.number * 254 / 120) / 10; break;
+    case 'H': font_.CharSpacing = millimetresFromPitch(n.number); break;
     case 'S':
       if (n.whole == 0) font_.Width = 7.2;
       if (n.whole == 2) font_.Width = 4.2;
@@ -116,12 +117,17 @@ void Interpreter::setPitch(char letter, Parameter n) {
   }
 }
 
+// Tenths of a point, cut.
+void Interpreter::setLinesPerInch(std::int32_t lines) {
+  if (lines == 0) return;
+  const std::int32_t tenths = 720 / lines;
+  font_.Height = tenths / 10.0;
+}
+
 void Interpreter::setPageLayout(char letter, Parameter n) {
   switch (upperCase(letter)) {
     case 'C': font_.RowHeight = n.number; return;
-    case 'D':
-      if (n.whole != 0) font_.Height = (720 / n.whole) / 10.0;
-      return;
+    case 'D': setLinesPerInch(n.whole); return;
     default: break;
   }
   if (page_ == nullptr) return;

@@ -12,10 +12,10 @@ class LineCursor {
  public:
   explicit LineCursor(std::string_view line) : line_(line) {}
 
-  bool atEnd() const { return place_ >= line_.size(); }
-  char current() const { return line_[place_]; }
-  std::size_t place() const { return place_; }
-  void moveTo(std::size_t place) { place_ = place; }
+  bool atEnd() const { return offset_ >= line_.size(); }
+  char current() const { return line_[offset_]; }
+  std::size_t offset() const { return offset_; }
+  void moveTo(std::size_t offset) { offset_ = offset; }
 
   std::string_view line() const { return line_; }
   std::string_view from(std::size_t place) const { return line_.substr(place); }
@@ -24,16 +24,16 @@ class LineCursor {
   }
 
   // True if a ">" (or a "/>") stands anywhere behind the place.
-  bool closeFollows(std::size_t place) { return isLastBehind(lastClose_, ">", place); }
-  bool emptyCloseFollows(std::size_t place) { return isLastBehind(lastEmptyClose_, "/>", place); }
+  bool closeFollows(std::size_t place) { return isLastBehind(last_close_, ">", place); }
+  bool emptyCloseFollows(std::size_t place) { return isLastBehind(last_empty_close_, "/>", place); }
 
   // The first ">" at or behind the place, which has one.
   std::size_t nextClose(std::size_t place) {
-    if (nextClose_ < place || searchedFrom_ > place) {
-      nextClose_ = line_.find('>', place);
-      searchedFrom_ = place;
+    if (next_close_ < place || searched_from_ > place) {
+      next_close_ = line_.find('>', place);
+      searched_from_ = place;
     }
-    return nextClose_;
+    return next_close_;
   }
 
  private:
@@ -44,11 +44,11 @@ class LineCursor {
   }
 
   std::string_view line_;
-  std::size_t place_ = 0;
-  std::optional<std::size_t> lastClose_;
-  std::optional<std::size_t> lastEmptyClose_;
-  std::size_t nextClose_ = 0;
-  std::size_t searchedFrom_ = 1;
+  std::size_t offset_ = 0;
+  std::optional<std::size_t> last_close_;
+  std::optional<std::size_t> last_empty_close_;
+  std::size_t next_close_ = 0;
+  std::size_t searched_from_ = 1;
 };
 
 }  // namespace qor

@@ -6,13 +6,13 @@
 
 namespace qor {
 
-// Loads the page and lets it go with the object. Throws kErrorOpenDocument where the report can't
+// Loads the page and lets it go with the object. Throws NumberedError where the report can't
 // be opened any more: it would be blank.
 class LoadedPage {
  public:
-  LoadedPage(VDoc& doc, std::int32_t number, int mode)
+  LoadedPage(VDoc& doc, std::int32_t number, PageMode mode = PageMode::plain)
       : doc_(doc), number_(number), page_(doc.GetPage(number, mode)) {
-    if (!page_->Loaded) throw kErrorOpenDocument;
+    if (!page_->Loaded) throw NumberedError(kErrorOpenDocument);
   }
   ~LoadedPage() { doc_.ReleasePage(number_); }
   LoadedPage(const LoadedPage&) = delete;

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::uint64_t kBlockSize = 32768;
 constexpr std::size_t kFirstPageSize = 65565;
-constexpr std::size_t kWindowSize = 256 * 1024;
+constexpr std::size_t kWindowSize = std::size_t{256} * 1024;
 
 // Bytes that start where a page of memory does: the system copies a file there several times faster
 // than to most other places.
@@ -85,16 +85,16 @@ std::size_t findStop(std::string_view bytes) {
 class PageScan {
  public:
   PageScan(VDoc& doc, const InputFile& file, std::uint64_t pageStart)
-      : doc_(doc), window_(file), pageStart_(pageStart) {}
+      : doc_(doc), window_(file), page_start_(pageStart) {}
 
   // Appends pages up to the end of the file, or to an end-of-file byte: then true.
   bool run() {
-    while (pageStart_ < window_.fileSize()) {
+    while (page_start_ < window_.fileSize()) {
       const std::uint64_t end = endOfPage();
       const int stop = window_.byteAt(end);
-      if (stop < 0 && end == pageStart_) break;
+      if (stop < 0 && end == page_start_) break;
       if (stop < 0 && AppOptions.DynamicMode) {
-        doc_.KnownSize = pageStart_;
+        doc_.KnownSize = page_start_;
         return false;
       }
       if (stop != kEndOfFile || !startsBlock(end)) appendPage(end, stop);
@@ -109,7 +109,7 @@ class PageScan {
  private:
   // The offset of the byte that ends the page, or the size of the file.
   std::uint64_t endOfPage() {
-    std::uint64_t place = pageStart_;
+    std::uint64_t place = page_start_;
     for (std::string_view bytes = window_.from(place); !bytes.empty();
          bytes = window_.from(place)) {
       const std::size_t stop = findStop(bytes);
@@ -119,22 +119,22 @@ class PageScan {
     return place;
   }
 
-  bool startsBlock(std::uint64_t offset) const { return (offset - pageStart_) % kBlockSize == 0; }
+  bool startsBlock(std::uint64_t offset) const { return (offset - page_start_) % kBlockSize == 0; }
 
   void appendPage(std::uint64_t end, int stop) {
     const bool crFollows = window_.byteAt(end + 1) == kCarriageReturn;
     const bool lfFollows = crFollows && window_.byteAt(end + 2) == kLineFeed;
     // The last byte of the file is part of the page, whatever it is.
-    std::uint64_t length = end - pageStart_ + (end + 1 == window_.fileSize() ? 1 : 0);
+    std::uint64_t length = end - page_start_ + (end + 1 == window_.fileSize() ? 1 : 0);
     if (stop == kFormFeed) length += lfFollows ? 2 : 1;
-    doc_.appendPage(pageStart_, length);
+    doc_.appendPage(page_start_, length);
     // A form feed that is the last byte of its block is not seen to be followed by anything.
-    pageStart_ = end + (crFollows && !startsBlock(end + 1) ? 3 : 1);
+    page_start_ = end + (crFollows && !startsBlock(end + 1) ? 3 : 1);
   }
 
   VDoc& doc_;
   FileWindow window_;
-  std::uint64_t pageStart_;
+  std::uint64_t page_start_;
 };
 
 bool VDoc::ScanPages(bool rescan) {

@@ -47,8 +47,9 @@ std::vector<PageRange> readPageList(const std::string& list) {
   try {
     return parsePageList(list);
   } catch (const ConversionError& error) {
-    throw ConversionError(AppOptions.FileName + ": pages to print \"" + list +
-                          "\": " + error.what());
+    throw ConversionError(
+        AppOptions.FileName + ": pages to print \"" + list + "\": " + error.what(),
+        ErrorKind::badSettings);
   }
 }
 

@@ -25,13 +25,13 @@ void warnOnce(const char* text) {
 
 void saveSidePicture(const Rect& rect, int dpi, const std::vector<std::string>& names,
                      const std::function<void(Canvas&)>& draw) {
-  const int twipsPerDot = dpi > 0 ? kTwipsPerInch / dpi : 0;
+  const int twipsPerDot = wholeTwipsPerDot(dpi);
   if (twipsPerDot == 0 || names.empty()) return;
   const int width = clamped(rect.width() / twipsPerDot);
   const int height = clamped(rect.height() / twipsPerDot);
   if (width <= 0 || height <= 0) return;
   try {
-    BitmapCanvas bitmap(width, height, kTwipsPerInch / twipsPerDot);
+    BitmapCanvas bitmap(width, height, dpiOfTwips(twipsPerDot));
     draw(bitmap.canvas());
     for (const std::string& name : names) {
       savePicture(bitmap.pixels(), PictureFormat::jpeg, dpi, name);

@@ -6,6 +6,7 @@
 
 #include "document/code_page.h"
 #include "document/control_bytes.h"
+#include "document/item_visitor.h"
 #include "document/vdoc.h"
 
 namespace qor {
@@ -48,6 +49,17 @@ bool looksLikeUtf8(std::string_view bytes) {
   return found;
 }
 
+class LeftOutCounter : public ItemVisitor {
+ public:
+  void text(VData_Text& text) override {
+    if (text.inBox()) return;
+    const auto count = std::count_if(text.Text.begin(), text.Text.end(), isLeftOut);
+    letters += static_cast<std::int32_t>(count);
+  }
+
+  std::int32_t letters = 0;
+};
+
 }  // namespace
 
 TextKind kindOf(std::string_view bytes) {
@@ -56,7 +68,7 @@ TextKind kindOf(std::string_view bytes) {
 }
 
 TextKind kindOfFirstPage(VDoc& doc) {
-  constexpr std::uint64_t kEnough = 64 * 1024;
+  constexpr std::uint64_t kEnough = std::uint64_t{64} * 1024;
   const VDocPage* page = doc.findPage(1);
   const auto file = page == nullptr ? std::nullopt : VDoc::OpenFile();
   if (!file) return {};
@@ -66,16 +78,9 @@ TextKind kindOfFirstPage(VDoc& doc) {
 }
 
 std::int32_t lettersLeftOut(const VDocPage& page) {
-  std::int32_t letters = 0;
-  for (const VDocStr& line : page.lines()) {
-    for (const VData& item : line.items()) {
-      const auto* text = dynamic_cast<const VData_Text*>(&item);
-      if (text == nullptr || text->inBox()) continue;
-      letters +=
-          static_cast<std::int32_t>(std::count_if(text->Text.begin(), text->Text.end(), isLeftOut));
-    }
-  }
-  return letters;
+  LeftOutCounter counter;
+  for (const VDocStr& line : page.lines()) line.tell(counter);
+  return counter.letters;
 }
 
 }  // namespace qor

@@ -28,7 +28,7 @@ constexpr std::size_t kLongestKey = 7;
 
 // The place of the key among the keys, or -1.
 template <std::size_t Count>
-int placeOf(std::string_view key, const std::array<std::string_view, Count>& keys) {
+int indexOf(std::string_view key, const std::array<std::string_view, Count>& keys) {
   const auto found = std::find(keys.begin(), keys.end(), key);
   return found == keys.end() ? -1 : static_cast<int>(found - keys.begin());
 }
@@ -41,20 +41,20 @@ VCommand::VCommand(VSet& settings, FontState& font) : Font(&font), Settings(&set
 std::unique_ptr<VData> VCommand::NextItem(LineCursor& cursor) {
   if (cursor.atEnd()) return nullptr;
   if (isControl(cursor.current())) {
-    std::size_t place = cursor.place();
+    std::size_t place = cursor.offset();
     RunControlSequences(cursor.line(), place, nullptr, *Font);
     cursor.moveTo(place);
     return nullptr;
   }
   if (cursor.current() == '<') {
-    if (const auto tag = tagAt(cursor, cursor.place())) return ParseTag(cursor, *tag);
+    if (const auto tag = tagAt(cursor, cursor.offset())) return ParseTag(cursor, *tag);
   }
   return takeTextRun(cursor);
 }
 
 std::size_t VCommand::endOfRun(LineCursor& cursor) {
   const std::string_view line = cursor.line();
-  std::size_t end = cursor.place();
+  std::size_t end = cursor.offset();
   for (; end < line.size(); ++end) {
     const char c = line[end];
     if (isControl(c) && c != kFormFeed) break;
@@ -65,7 +65,7 @@ std::size_t VCommand::endOfRun(LineCursor& cursor) {
 
 std::unique_ptr<VData> VCommand::takeTextRun(LineCursor& cursor) {
   const std::size_t end = endOfRun(cursor);
-  auto item = std::make_unique<VData_Text>(cursor.between(cursor.place(), end), Font);
+  auto item = std::make_unique<VData_Text>(cursor.between(cursor.offset(), end), Font);
   std::replace(item->Text.begin(), item->Text.end(), kFormFeed, ' ');
   cursor.moveTo(end);
   return item;
@@ -74,10 +74,10 @@ std::unique_ptr<VData> VCommand::takeTextRun(LineCursor& cursor) {
 std::optional<VCommand::Tag> VCommand::tagAt(LineCursor& cursor, std::size_t place) {
   const std::string_view rest = cursor.from(place + 1).substr(0, kLongestKey + 1);
   const std::string_view key = rest.substr(0, rest.find_first_of(" />"));
-  if (const int style = placeOf(key, kStyleKeys); style >= 0) {
+  if (const int style = indexOf(key, kStyleKeys); style >= 0) {
     return styleTagAt(cursor, place, style);
   }
-  if (const int item = placeOf(key, kItemKeys); item >= 0) return itemTagAt(cursor, place, item);
+  if (const int item = indexOf(key, kItemKeys); item >= 0) return itemTagAt(cursor, place, item);
   return std::nullopt;
 }
 
@@ -133,7 +133,7 @@ void VCommand::ApplyStyleCommand(const Tag& tag) {
 void VCommand::applyPlainStyle(int key) {
   switch (key) {
     case kFont: break;
-    case kBold: Font->LogFont.Weight = 700; break;
+    case kBold: Font->LogFont.Weight = kBoldWeight; break;
     case kItalic: Font->LogFont.Italic = 1; break;
     case kUnderline: Font->LogFont.Underline = 1; break;
     case kStrikeOut: Font->LogFont.StrikeOut = 1; break;
@@ -159,8 +159,8 @@ std::unique_ptr<VData> VCommand::MakeItem(const Tag& tag) {
 std::unique_ptr<VData> VCommand::makeBarcode(const Tag& tag) {
   auto item = std::make_unique<VData_BarCode>(Settings);
   readAttributes(tag.attributes, *item);
-  item->follow(barcodeBefore_);
-  barcodeBefore_ = item.get();
+  item->follow(barcode_before_);
+  barcode_before_ = item.get();
   return item;
 }
 

@@ -56,7 +56,7 @@ class VCommand : public VFont_List {
 
   FontState* Font;
   VSet* Settings;
-  const VData_BarCode* barcodeBefore_ = nullptr;
+  const VData_BarCode* barcode_before_ = nullptr;
 };
 
 }  // namespace qor

@@ -1,5 +1,7 @@
 // The items of a line: what a report holds, and all that its output is made from. An item holds
-// what the report said and is thrown away with its line. Lengths are in twips unless told.
+// what the report said and is thrown away with its line. Lengths are in twips unless told. Items
+// are drawn by the layers above: Draw and DrawOnPage of texts, shapes and images stand in render,
+// those of barcodes, with their keys that check values, in barcode.
 #pragma once
 
 #include <cstdint>
@@ -9,10 +11,12 @@
 
 #include "base/chain.h"
 #include "document/font_state.h"
+#include "document/item_kinds.h"
 
 namespace qor {
 
 class Canvas;
+class ItemVisitor;
 class VSet;
 struct Picture;
 
@@ -28,6 +32,13 @@ class VData {
 
   // Draws the item as part of a page, which may leave a picture file beside the report.
   virtual void DrawOnPage(Canvas& canvas) { Draw(canvas); }
+
+  // Calls the operation of the item's kind.
+  virtual void tell(ItemVisitor& visitor) = 0;
+
+  // What the item, once drawn, makes of the height of its line; 0 for items with places of their
+  // own.
+  virtual std::int32_t heightOnLine() const { return 0; }
 
   VData* NextItem = nullptr;  // of the same line, owned
   VSet* Settings = nullptr;   // the document's; null for texts
@@ -48,6 +59,8 @@ class VData_Text : public VData_Font {
   VData_Text(std::string_view text, const FontState* font) : VData_Font(font), Text(text) {}
 
   void Draw(Canvas& canvas) override;
+  void tell(ItemVisitor& visitor) override;
+  std::int32_t heightOnLine() const override { return HasPosition ? 0 : LineHeight; }
 
   // Fills WideText from Text and the code page table.
   void BuildWideText();
@@ -73,8 +86,9 @@ class VData_Shape : public virtual VData {
 
   void Draw(Canvas& canvas) override;
   void DrawOnPage(Canvas& canvas) override;
+  void tell(ItemVisitor& visitor) override;
 
-  std::int32_t ShapeType = 1;  // 1 line, 2 rectangle, 3 rounded, 4 ellipse, 5 rectangle as picture
+  std::int32_t ShapeType = kLineShape;  // a ShapeKind
   Color PenColor = 0;
   std::int32_t PenType = 1;  // 0 none, 1 solid, 2 dash, 3 dot, 4 dash dot, 5 dash dot dot
   Color BrushColor = 0;
@@ -97,6 +111,7 @@ class VData_Image : public VData_Shape {
 
   void Draw(Canvas& canvas) override;
   void DrawOnPage(Canvas& canvas) override;
+  void tell(ItemVisitor& visitor) override;
 
   // Finds the picture, or the text to show in its place. Does nothing while it has one, so that a
   // run that shows no pictures reads none.
@@ -106,7 +121,7 @@ class VData_Image : public VData_Shape {
   std::shared_ptr<const Picture> Bitmap;
   std::string FileName;  // in the document's code page
   std::int32_t ImageNumber = -1;
-  std::int32_t ImageStretch = 0;
+  std::int32_t ImageStretch = kNaturalStretch;  // a StretchKind
 
  private:
   bool drawPicture(Canvas& canvas, bool onPage);
@@ -123,13 +138,14 @@ class VData_BarCode : public VData_Font, public VData_Shape {
   // Throws ConversionError, which tells the value, for a symbol that can't be made of it.
   void Draw(Canvas& canvas) override;
   void DrawOnPage(Canvas& canvas) override { Draw(canvas); }
+  void tell(ItemVisitor& visitor) override;
 
   // Once the keys are read: `before` is the barcode before this one on the page, or null.
   void follow(const VData_BarCode* before);
 
   // The item whose symbol this one shows: itself, or, where its type has no encoder, the nearest
   // one before it on the page that has; null where there is none.
-  const VData_BarCode* symbolSource() const { return symbolSource_; }
+  const VData_BarCode* symbolSource() const { return symbol_source_; }
 
   // Takes a symbology's name or number; an unknown one makes the type -1.
   void SetType(std::string_view text);
@@ -156,7 +172,7 @@ class VData_BarCode : public VData_Font, public VData_Shape {
   std::int32_t AttributeCount = 0;
 
  private:
-  const VData_BarCode* symbolSource_ = nullptr;
+  const VData_BarCode* symbol_source_ = nullptr;
 };
 
 }  // namespace qor

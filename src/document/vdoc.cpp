@@ -39,7 +39,7 @@ std::int32_t baseFontPercent(std::string_view header) {
 }  // namespace
 
 std::optional<InputFile> VDoc::OpenFile() {
-  if (AppOptions.FileName.empty()) throw kErrorOpenDocument;
+  if (AppOptions.FileName.empty()) throw NumberedError(kErrorOpenDocument);
   try {
     return InputFile(AppOptions.FileName);
   } catch (const FileError& error) {
@@ -57,7 +57,7 @@ int VDoc::ReadHeader(const InputFile& file) {
   } catch (const FileError& error) {
     showWarning(error.what());
     LastError.set(kErrorReadDocument, AppOptions.FileName);
-    throw kErrorReadDocument;
+    throw NumberedError(kErrorReadDocument);
   }
   if (header.size() <= 2) return 0;
   BaseFontPercent = baseFontPercent(header);
@@ -66,7 +66,7 @@ int VDoc::ReadHeader(const InputFile& file) {
   VSetPage page = Settings.Page;
   FontState font;
   RunControlSequences(header, consumed, &page, font);
-  if (!std::exchange(headApplied_, true)) Settings.Page = page;
+  if (!std::exchange(head_applied_, true)) Settings.Page = page;
   head_ = header.substr(0, consumed);
   HeaderLength = static_cast<std::uint32_t>(consumed);
   return 1;
@@ -85,7 +85,7 @@ VDocPage* VDoc::findPage(std::int32_t number) {
   return &Pages[static_cast<std::size_t>(number - 1)];
 }
 
-VDocPage* VDoc::GetPage(std::int32_t number, int mode) {
+VDocPage* VDoc::GetPage(std::int32_t number, PageMode mode) {
   VDocPage* page = findPage(number);
   if (page == nullptr) return nullptr;
   const auto file = OpenFile();
@@ -95,9 +95,9 @@ VDocPage* VDoc::GetPage(std::int32_t number, int mode) {
 }
 
 const FontState& VDoc::FontAt(std::int32_t number) {
-  if (fonts_.known() == 0 || baseFont_ != Settings.Font) {
-    baseFont_ = Settings.Font;
-    FontState first = baseFont_;
+  if (fonts_.known() == 0 || base_font_ != Settings.Font) {
+    base_font_ = Settings.Font;
+    FontState first = base_font_;
     std::size_t cursor = 0;
     RunControlSequences(head_, cursor, nullptr, first);
     fonts_.restart(first);
@@ -107,9 +107,9 @@ const FontState& VDoc::FontAt(std::int32_t number) {
 
 // A short file may still grow, and is looked at again.
 void VDoc::findLineEnds(const InputFile& file) {
-  if (lineEnds_ || file.size() <= kShortFile) return;
-  lineEnds_ = lineEndsOf(file);
-  if (lineEnds_ == LineEnds::lineFeeds) ForgetFonts();
+  if (line_ends_ || file.size() <= kShortFile) return;
+  line_ends_ = lineEndsOf(file);
+  if (line_ends_ == LineEnds::lineFeeds) ForgetFonts();
 }
 
 LineEnds VDoc::lineEndsOf(const InputFile& file) const {
@@ -128,7 +128,7 @@ LineEnds VDoc::lineEndsOf(const InputFile& file) const {
   return LineEnds::lineFeeds;
 }
 
-void VDoc::readPage(VDocPage& page, const InputFile& file, int mode) {
+void VDoc::readPage(VDocPage& page, const InputFile& file, PageMode mode) {
   // The first page of a quick scan starts at 0, before the control sequences.
   if (page.Number == 1 && HeaderLength > 0) page.Offset = HeaderLength;
   findLineEnds(file);
@@ -141,7 +141,7 @@ void VDoc::readUpTo(std::int32_t number, const InputFile& file) {
   FontAt(number);
   while (fonts_.known() < std::min(number, PageCount)) {
     VDocPage& page = *findPage(fonts_.known());
-    readPage(page, file, 0);
+    readPage(page, file);
     page.ReleaseLines();
   }
 }
@@ -160,7 +160,7 @@ void VDoc::Clear() {
   KnownSize = 0;
   HeaderLength = 0;
   head_.clear();
-  lineEnds_.reset();
+  line_ends_.reset();
   ForgetFonts();
 }
 

@@ -15,18 +15,20 @@
 
 namespace qor {
 
+struct RunOptions;
+
 class VDoc {
  public:
   // The report is the file of AppOptions.FileName.
 
-  // Opens it. Throws kErrorOpenDocument where no file is named; where it can't be opened tells the
+  // Opens it. Throws NumberedError where no file is named; where it can't be opened tells the
   // user, sets LastError and gives nothing.
   static std::optional<InputFile> OpenFile();
 
   // Runs the control sequences at the head of the file. Those for the page set its options once:
   // what a set says later goes before them. Those for the font belong to the report: the first page
   // starts with the font of the settings and these, whenever the settings change. Returns 1 if
-  // there were any, else 0. Throws kErrorReadDocument.
+  // there were any, else 0. Throws NumberedError.
   int ReadHeader(const InputFile& file);
 
   // Indexes only the first page, to show something while the report is being written.
@@ -42,7 +44,7 @@ class VDoc {
   // The page with its lines loaded, or null. Where the file can't be opened it has no lines. It
   // begins where the page before it ended or, where not all pages before it have been read, as the
   // last of these that is known.
-  VDocPage* GetPage(std::int32_t number, int mode);
+  VDocPage* GetPage(std::int32_t number, PageMode mode = PageMode::plain);
   void ReleasePage(std::int32_t number);
 
   // Reads the pages before this one that have not been read yet. Does nothing where the file can't
@@ -51,7 +53,7 @@ class VDoc {
 
   // What ends the lines of the report. A file of more than 4 KB whose first page holds no CR at all
   // is a text of another system, which would be one endless line. Known once a page was read.
-  LineEnds lineEnds() const { return lineEnds_.value_or(LineEnds::carriageReturns); }
+  LineEnds lineEnds() const { return line_ends_.value_or(LineEnds::carriageReturns); }
 
   // How many pages from the first on have a start that is known: those before them were read. The
   // first page has as soon as it was asked for.
@@ -71,20 +73,22 @@ class VDoc {
   // nothing. Throws ConversionError, and changes nothing, where the list can't be read.
   void SelectPages();
 
-  // Measures the printer of AppOptions.PrinterName, or the default one, for the settings. False
-  // where there is no such printer.
-  bool SelectPrinter();
+  // This and the print jobs below stand in settings.
 
-  // Print jobs on that printer: every page, one, those of the page list, and every page with the
-  // output in a file. A job that isn't taken ends silently but for a line on standard error. False
-  // where nothing came of it although nobody refused it: there was no page to print, or the file of
-  // the job couldn't be written. All but PrintPage throw kErrorOpenDocument where the report can't
-  // be opened, and the text "Error: not set file name for print" as a std::string; PrintSelected
-  // throws as SelectPages does.
-  bool PrintAll();
-  bool PrintPage(std::int32_t number);
-  bool PrintSelected();
-  bool PrintToFile(const std::string& path);
+  // Measures the printer, or the default one for an empty name, for the settings. False where there
+  // is no such printer.
+  bool SelectPrinter(const std::string& printer);
+
+  // Print jobs on the printer of the options: every page, one, those of the page list, and every
+  // page with the output in a file. A job that isn't taken ends silently but for a line on standard
+  // error. False where nothing came of it although nobody refused it: there was no page to print,
+  // or the file of the job couldn't be written. All but PrintPage throw NumberedError where the
+  // report can't be opened and ReportError where none is named; PrintSelected throws as SelectPages
+  // does.
+  bool PrintAll(const RunOptions& options);
+  bool PrintPage(const RunOptions& options, std::int32_t number);
+  bool PrintSelected(const RunOptions& options);
+  bool PrintToFile(const RunOptions& options, const std::string& path);
 
   VDocPage* findPage(std::int32_t number);
   VDocPage* LastPage() { return Pages.empty() ? nullptr : &Pages.back(); }
@@ -101,19 +105,19 @@ class VDoc {
  private:
   friend class PageScan;
 
-  void readPage(VDocPage& page, const InputFile& file, int mode);
+  void readPage(VDocPage& page, const InputFile& file, PageMode mode = PageMode::plain);
   void readUpTo(std::int32_t number, const InputFile& file);
-  bool printPages(const std::string& output, bool selectedOnly);
+  bool printPages(const RunOptions& options, const std::string& output, bool selectedOnly);
   VDocPage& appendPage(std::uint64_t offset, std::uint64_t length);
   void dropControlPage(const InputFile& file);
   void findLineEnds(const InputFile& file);
   LineEnds lineEndsOf(const InputFile& file) const;
 
-  std::string head_;    // control sequences at the start of the file
-  FontState baseFont_;  // of the settings that fonts_ started with
+  std::string head_;     // control sequences at the start of the file
+  FontState base_font_;  // of the settings that fonts_ started with
   RunningFonts fonts_;
-  std::optional<LineEnds> lineEnds_;
-  bool headApplied_ = false;
+  std::optional<LineEnds> line_ends_;
+  bool head_applied_ = false;
 };
 
 }  // namespace qor

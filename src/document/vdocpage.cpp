@@ -86,9 +86,9 @@ class LineSplitter {
     if (place_ < bytes_.size() && bytes_[place_] == kLineFeed) {
       ++place_;
     } else {
-      pendingOverprint_ = true;
+      pending_overprint_ = true;
     }
-    if (c == kFormFeed) pendingFormFeed_ = true;
+    if (c == kFormFeed) pending_form_feed_ = true;
   }
 
   // Looks only at what was added since the last time.
@@ -102,8 +102,8 @@ class LineSplitter {
 
   void addLine() {
     VDocStr& line = page_.AddLine(line_, commands_);
-    if (std::exchange(pendingFormFeed_, false)) line.AfterFormFeed = true;
-    if (std::exchange(pendingOverprint_, false)) {
+    if (std::exchange(pending_form_feed_, false)) line.AfterFormFeed = true;
+    if (std::exchange(pending_overprint_, false)) {
       line.Overprint = 1;
       line.LineFeeds = 0;
     }
@@ -119,8 +119,8 @@ class LineSplitter {
   std::string line_;
   std::size_t searched_ = 0;
   bool memo_ = false;  // once true, no line of the page ends any more
-  bool pendingOverprint_ = false;
-  bool pendingFormFeed_ = false;
+  bool pending_overprint_ = false;
+  bool pending_form_feed_ = false;
 };
 
 }  // namespace
@@ -136,20 +136,22 @@ VDocPage::~VDocPage() {
   ReleaseLines();
 }
 
-void VDocPage::ReadLines(const InputFile& file, int mode, LineEnds ends, FontState& font) {
+void VDocPage::ReadLines(const InputFile& file, PageMode mode, LineEnds ends, FontState& font) {
   ReleaseLines();
   if (Length > kMaxPageBytes) {
-    throw std::string("Error: page " + std::to_string(Number) + " is too long to be read: ");
+    throw ReportError("Error: page " + std::to_string(Number) +
+                      " is too long to be read: " + AppOptions.FileName);
   }
   std::string bytes;
   try {
     bytes = readBytes(file, Offset, Length);
   } catch (const FileError& error) {
-    throw std::string(error.what()) + ": page " + std::to_string(Number) +
-        ". Error: can't read data from document file: ";
+    throw ReportError(std::string(error.what()) + ": page " + std::to_string(Number) +
+                      ". Error: can't read data from document file: " + AppOptions.FileName);
   }
   VCommand commands(*Settings, font);
-  LineSplitter(*this, commands, textOf(bytes, ends, Number), {mode == kKeepTabs, ends}).run();
+  LineSplitter(*this, commands, textOf(bytes, ends, Number), {mode == PageMode::sheets, ends})
+      .run();
   Font = std::make_unique<FontState>(font);
   Loaded = true;
 }

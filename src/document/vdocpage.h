@@ -16,10 +16,6 @@ class InputFile;
 class VCommand;
 class VSet;
 
-// How a page is read: with `kKeepTabs` tabulators stay in the text, with any other they are
-// dropped.
-inline constexpr int kKeepTabs = 8;
-
 // "<report>: page <number>: ", for messages about what stands there.
 std::string placeInReport(std::int32_t page);
 
@@ -34,10 +30,9 @@ class VDocPage {
   VDocPage& operator=(const VDocPage&) = delete;
 
   // Reads the page's bytes and builds its lines, with the font that runs at its start; `font` is
-  // then the one at its end. Throws a text that ends with "Error: can't read data from document
-  // file: " as a std::string where they can't be read, and another such text for a page of more
+  // then the one at its end. Throws ReportError where they can't be read, and for a page of more
   // than 1 GiB.
-  void ReadLines(const InputFile& file, int mode, LineEnds ends, FontState& font);
+  void ReadLines(const InputFile& file, PageMode mode, LineEnds ends, FontState& font);
 
   // Builds one line and appends it.
   VDocStr& AddLine(std::string_view text, VCommand& commands);

@@ -25,6 +25,11 @@ class VDocStr {
   // Appends the item, unless it is null.
   void AddItem(std::unique_ptr<VData> item);
 
+  // Tells the items, in their order.
+  void tell(ItemVisitor& visitor) const {
+    for (VData& item : items()) item.tell(visitor);
+  }
+
   ChainView<&VData::NextItem, VData> items() const {
     return ChainView<&VData::NextItem, VData>(FirstItem);
   }

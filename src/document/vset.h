@@ -8,6 +8,8 @@
 
 #include "base/app_options.h"
 #include "document/font_state.h"
+#include "document/item_kinds.h"
+#include "platform/print/sheet_measures.h"
 
 namespace qor {
 
@@ -19,8 +21,8 @@ struct Extent {
 // Print and page options.
 struct VSetPage {
   std::int32_t NumOfCopies = 1;
-  std::int32_t PrintPagesSet = 0;  // 0 all, 1 current, 2 those of PagesForPrint
-  std::string PagesForPrint;       // such as "1,3,5-12"
+  std::int32_t PrintPagesSet = kPrintAllPages;  // a PrintRange, the listed ones by PagesForPrint
+  std::string PagesForPrint;                    // such as "1,3,5-12"
   bool SortByCopies = false;
   bool ReverseOrder = false;      // not in the file
   std::int32_t PaperSize = 9;     // Windows paper number
@@ -41,21 +43,10 @@ struct VSetPage {
   bool landscape() const { return Orientation != 0 && Orientation != 1; }
 };
 
-// Measurements of a printer, or of a sheet that stands for one. Lengths in dots unless told.
-struct VSetPrn {
+// Measurements of a printer, or of a sheet that stands for one.
+struct VSetPrn : SheetMeasures {
   std::int32_t ResolutionX = 0;
   std::int32_t ResolutionY = 0;
-  std::int32_t Orientation = 0;  // 1 portrait, 2 landscape
-  std::int32_t HorzRes = 0;      // printable area
-  std::int32_t VertRes = 0;
-  std::int32_t LogPixelsX = 0;  // dots per inch
-  std::int32_t LogPixelsY = 0;
-  std::int32_t HorzSize = 0;  // mm
-  std::int32_t VertSize = 0;
-  std::int32_t PhysicalWidth = 0;
-  std::int32_t PhysicalHeight = 0;
-  std::int32_t PhysicalOffsetX = 0;
-  std::int32_t PhysicalOffsetY = 0;
   std::string DeviceName;
   std::string PortName;
 };

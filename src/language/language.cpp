@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "base/app_options.h"
+#include "base/text.h"
 
 namespace qor {
 namespace {
@@ -106,11 +107,16 @@ std::string_view nameOf(const Language& language) {
   return language.name;
 }
 
-std::string HelpText() {
+std::string HelpText(std::string_view extensions) {
   const HelpTexts& help = currentLanguage().help;
   std::string text = std::string(help.version) + AppOptions.ProgramVersion + "\n";
   text.append(help.about).append("\n").append(help.heading);
-  for (const std::string_view option : help.options) text.append("\n\t").append(option);
+  for (const std::string_view option : help.options) {
+    const std::string_view start = upTo(option, '%');
+    text.append("\n\t").append(start);
+    if (start.size() < option.size())
+      text.append(extensions).append(option.substr(start.size() + 1));
+  }
   return text;
 }
 

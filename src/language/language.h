@@ -72,7 +72,7 @@ int GetAnsiCodePage();
 // As the current language names it, or else in that language itself.
 std::string_view nameOf(const Language& language);
 
-// The help of the command line, with the program's version.
-std::string HelpText();
+// The help of the command line, with the program's version and the extensions of exports.
+std::string HelpText(std::string_view extensions);
 
 }  // namespace qor

@@ -10,7 +10,6 @@
 namespace qor {
 namespace {
 
-constexpr std::int32_t kFrameShape = 2;
 constexpr std::int32_t kErrorTextHeight = 300;  // twips, of the cell
 constexpr std::size_t kMaxErrorText = 1024;     // bytes; no sheet shows more
 
@@ -50,8 +49,8 @@ bool VData_Image::drawPicture(Canvas& canvas, bool onPage) {
   }
   const auto place =
       placeImage(ImageStretch, {Left, Top, Right, Bottom}, Bitmap->width, Bitmap->height);
-  if (!place || (ImageStretch == kTwipPerPixel && !onPage)) return true;
-  if (ImageStretch == kNatural) {
+  if (!place || (ImageStretch == kTwipPerPixelStretch && !onPage)) return true;
+  if (ImageStretch == kNaturalStretch) {
     Right = place->right;
     Bottom = place->bottom;
   }
@@ -61,11 +60,11 @@ bool VData_Image::drawPicture(Canvas& canvas, bool onPage) {
 }
 
 void VData_Image::Draw(Canvas& canvas) {
-  if (drawPicture(canvas, false) && ShapeType == kFrameShape) VData_Shape::Draw(canvas);
+  if (drawPicture(canvas, false) && ShapeType == kRectangleShape) VData_Shape::Draw(canvas);
 }
 
 void VData_Image::DrawOnPage(Canvas& canvas) {
-  if (drawPicture(canvas, true) && ShapeType == kFrameShape) VData_Shape::DrawOnPage(canvas);
+  if (drawPicture(canvas, true) && ShapeType == kRectangleShape) VData_Shape::DrawOnPage(canvas);
 }
 
 }  // namespace qor

@@ -2,6 +2,7 @@
 #include "render/image_placing.h"
 
 #include "base/units.h"
+#include "document/item_kinds.h"
 
 namespace qor {
 namespace {
@@ -11,8 +12,7 @@ Rect rectAt(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t hei
 }
 
 Rect naturalSize(const Rect& box, int width, int height) {
-  return rectAt(box.left, box.top, std::int64_t{width} * kTwipsPerInch / kPictureDpi,
-                std::int64_t{height} * kTwipsPerInch / kPictureDpi);
+  return rectAt(box.left, box.top, twipsFromPixels(width), twipsFromPixels(height));
 }
 
 // As large as the box allows with the picture's own proportions, in its middle; a box without a
@@ -31,12 +31,12 @@ Rect fitted(const Rect& box, int width, int height) {
 
 }  // namespace
 
-std::optional<Rect> placeImage(std::int32_t mode, const Rect& box, int width, int height) {
-  switch (mode) {
-    case kNatural: return naturalSize(box, width, height);
-    case kFillBox: return box;
-    case kFitBox: return fitted(box, width, height);
-    case kTwipPerPixel: return Rect{0, 0, width, height};
+std::optional<Rect> placeImage(std::int32_t stretch, const Rect& box, int width, int height) {
+  switch (stretch) {
+    case kNaturalStretch: return naturalSize(box, width, height);
+    case kFillStretch: return box;
+    case kFitStretch: return fitted(box, width, height);
+    case kTwipPerPixelStretch: return Rect{0, 0, width, height};
     default: return std::nullopt;
   }
 }

@@ -42,8 +42,7 @@ Point startOf(const VDocPage& page, Canvas& canvas) {
 // The row of a line behind a form feed: the middle of the printable area, less the top margin.
 std::int32_t middleRow(const VSetPrn& device, std::int32_t topMargin) {
   if (device.LogPixelsY == 0) return 0;
-  const double height = double(device.VertRes) * kTwipsPerInch / device.LogPixelsY;
-  return clamped(std::int64_t{truncated(height)} / 2 - topMargin);
+  return clamped(std::int64_t{twipsFromDots(device.VertRes, device.LogPixelsY)} / 2 - topMargin);
 }
 
 // What an item can't make of its value costs the item and nothing else.
@@ -71,9 +70,7 @@ std::int32_t walkLines(VDocPage& page, Canvas& canvas, DrawItem drawItem) {
     line.Height = 0;
     for (VData& item : line.items()) {
       tryToDraw(page, item, drawItem);
-      const auto* text = dynamic_cast<const VData_Text*>(&item);
-      if (text != nullptr && !text->HasPosition)
-        line.Height = std::max(line.Height, text->LineHeight);
+      line.Height = std::max(line.Height, item.heightOnLine());
     }
     if (line.RowHeight > 0) line.Height = line.RowHeight;
     previousHeight = line.Height;
@@ -105,8 +102,8 @@ void DrawPage(VDocPage& page, Canvas& canvas) {
 
 void MeasurePage(VDocPage& page, Canvas& canvas, std::int32_t& width, std::int32_t& height) {
   const Point dotsPerInch = canvas.dotsPerInch();
-  const std::int32_t twipsPerDotX = std::max(1, kTwipsPerInch / std::max(1, dotsPerInch.x));
-  const std::int32_t twipsPerDotY = std::max(1, kTwipsPerInch / std::max(1, dotsPerInch.y));
+  const std::int32_t twipsPerDotX = std::max(1, wholeTwipsPerDot(std::max(1, dotsPerInch.x)));
+  const std::int32_t twipsPerDotY = std::max(1, wholeTwipsPerDot(std::max(1, dotsPerInch.y)));
   Point extent;
   const auto include = [&extent](Point position) {
     extent = {std::max(extent.x, position.x), std::max(extent.y, position.y)};

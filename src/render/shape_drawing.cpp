@@ -10,8 +10,6 @@ namespace {
 
 constexpr std::int32_t kUsualLineWidth = 15;
 
-enum ShapeKind { kLine = 1, kRectangle, kRoundRectangle, kEllipse, kPictureRectangle };
-
 constexpr std::array<PenStyle, 6> kPenStyles = {PenStyle::none,    PenStyle::solid,
                                                 PenStyle::dash,    PenStyle::dot,
                                                 PenStyle::dashDot, PenStyle::dashDotDot};
@@ -39,11 +37,11 @@ void VData_Shape::drawOutline(Canvas& canvas) const {
   canvas.setBrush(brushOf(BrushType, BrushColor, canvas.brush()));
   const Rect rect = {Left, Top, Right, Bottom};
   switch (ShapeType) {
-    case kLine: canvas.line({Left, Top}, {Right, Bottom}); break;
-    case kRectangle:
-    case kPictureRectangle: canvas.rectangle(rect); break;
-    case kRoundRectangle: canvas.roundRect(rect, RoundWidth, RoundHeight); break;
-    case kEllipse: canvas.ellipse(rect); break;
+    case kLineShape: canvas.line({Left, Top}, {Right, Bottom}); break;
+    case kRectangleShape:
+    case kPictureShape: canvas.rectangle(rect); break;
+    case kRoundedShape: canvas.roundRect(rect, RoundWidth, RoundHeight); break;
+    case kEllipseShape: canvas.ellipse(rect); break;
     default: break;
   }
 }
@@ -54,7 +52,7 @@ void VData_Shape::Draw(Canvas& canvas) {
 
 void VData_Shape::DrawOnPage(Canvas& canvas) {
   drawOutline(canvas);
-  if (ShapeType == kPictureRectangle) saveShapePicture(*this, canvas.dotsPerInch().x);
+  if (ShapeType == kPictureShape) saveShapePicture(*this, canvas.dotsPerInch().x);
 }
 
 }  // namespace qor

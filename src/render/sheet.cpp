@@ -43,7 +43,7 @@ SheetSize sheetSizeOf(const VSetPage& page) {
   return sheet;
 }
 
-VSetPrn sheetOf(const VSetPage& page, int dpi) {
+VSetPrn sheetAsDevice(const VSetPage& page, int dpi) {
   const auto [width, height] = sheetSizeOf(page);
   VSetPrn sheet;
   sheet.Orientation = width < height ? 1 : 2;

@@ -19,7 +19,7 @@ SheetSize sheetSizeOf(const VSetPage& page);
 bool hasOwnSize(const VSetPage& page);
 
 // The sheet of the options as a device of this resolution without unprintable edges.
-VSetPrn sheetOf(const VSetPage& page, int dpi);
+VSetPrn sheetAsDevice(const VSetPage& page, int dpi);
 
 // The sheet as a picture at 100 percent, on a display of `dpi` dots per inch: no gap around it.
 VSetScr screenOf(const VSetPage& page, const VSetPrn& device, int dpi);

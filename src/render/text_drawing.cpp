@@ -7,10 +7,6 @@
 namespace qor {
 namespace {
 
-// The extra height of lines has always been counted with this many millimetres to the inch; line
-// steps of existing reports depend on it.
-constexpr double kLineSpacingInch = 25.5;
-
 Align alignOf(std::int32_t number) {
   return number == 1 ? Align::centre : number == 2 ? Align::end : Align::start;
 }
@@ -19,7 +15,7 @@ Align alignOf(std::int32_t number) {
 // average width of the natural font.
 LogFont selectFont(const FontState& font, Canvas& canvas) {
   LogFont record = font.LogFont;
-  record.Height = truncated(-font.Height * kTwipsPerInch / kPointsPerInch);
+  record.Height = twipsFromPoints(-font.Height);
   record.Width = 0;
   if (font.Width != 0) {
     record.Width = twipsFromPoints(font.Width);
@@ -41,7 +37,7 @@ void VData_Text::Draw(Canvas& canvas) {
   const TextMetrics& metrics = canvas.textMetrics();
   CharWidth = metrics.averageWidth;
   LineHeight = truncated(metrics.height + metrics.externalLeading +
-                         Font.LineSpacing * kTwipsPerInch / kLineSpacingInch);
+                         realTwipsFromLineSpacing(Font.LineSpacing));
   canvas.setCharacterExtra(twipsFromMillimetres(Font.CharSpacing));
   if (Text.empty()) return;
 

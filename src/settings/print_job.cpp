@@ -5,9 +5,9 @@
 #include <stdexcept>
 #include <string>
 
-#include "base/app_options.h"
 #include "base/errors.h"
 #include "base/path.h"
+#include "base/run_options.h"
 #include "base/units.h"
 #include "document/code_page.h"
 #include "document/vdoc.h"
@@ -23,23 +23,23 @@ namespace qor {
 namespace {
 
 // Where the printer that makes files puts a job that names none: beside the report.
-std::string fileBesideReport() {
-  std::string name(directoryOf(AppOptions.FileName));
-  return name.append(baseNameOf(AppOptions.FileName)).append("(print).pdf");
+std::string fileBeside(const std::string& report) {
+  return std::string(directoryOf(report)).append(baseNameOf(report)).append("(print).pdf");
 }
 
 // A job of one document. It says once what went wrong and then takes nothing more.
 class PrintRun {
  public:
-  PrintRun(const VDoc& doc, std::string_view title, const std::string& output) {
+  PrintRun(const VDoc& doc, const RunOptions& run, std::string_view title,
+           const std::string& output)
+      : report_(run.report) {
     LoadCodePage(doc.Settings.Page.BaseCodePage);
-    context_ = CreatePrintDC(AppOptions.PrinterName, doc.Settings.Page, doc.PrintScale,
-                             doc.PrintScaleFlag);
+    context_ = CreatePrintDC(run.printer, doc.Settings.Page, doc.PrintScale, doc.PrintScaleFlag);
     if (!context_) return;
     const DeviceCaps& caps = context_->caps();
     mapping_ = {double(gPrintMetrics.LogPixelsX), double(gPrintMetrics.LogPixelsY),
-                caps.physicalOffsetX, caps.physicalOffsetY};
-    attempt([&] { context_->startDocument({std::string(title), output, fileBesideReport()}); });
+                caps.PhysicalOffsetX, caps.PhysicalOffsetY};
+    attempt([&] { context_->startDocument({std::string(title), output, fileBeside(report_)}); });
     tellIfStopped(output);
   }
 
@@ -63,7 +63,7 @@ class PrintRun {
 
   // What scaling has changed is told as the device has it.
   void unscaleMetrics() const {
-    if (going()) gPrintMetrics.LogPixelsX = context_->caps().logPixelsX;
+    if (going()) gPrintMetrics.LogPixelsX = context_->caps().LogPixelsX;
   }
 
  private:
@@ -80,7 +80,7 @@ class PrintRun {
   }
 
   void fail(const std::runtime_error& error) {
-    writeErrorLine(AppOptions.FileName + ": not printed: " + error.what());
+    writeErrorLine(report_ + ": not printed: " + error.what());
     context_.reset();
   }
 
@@ -89,6 +89,7 @@ class PrintRun {
     writeErrorLine(context_->printer().name + ": the printer is stopped, the job waits for it");
   }
 
+  std::string report_;
   std::unique_ptr<PrintContext> context_;
   Mapping mapping_;
   bool lost_ = false;
@@ -108,27 +109,26 @@ class PrintedPage {
 
 }  // namespace
 
-bool VDoc::SelectPrinter() {
-  const std::string& name = AppOptions.PrinterName;
-  const bool found = name.empty() || printSystem().find(name) != nullptr;
-  const bool measured = found && MeasureNamedPrinter(name, nullptr);
+bool VDoc::SelectPrinter(const std::string& printer) {
+  const bool found = printer.empty() || printSystem().find(printer) != nullptr;
+  const bool measured = found && MeasureNamedPrinter(printer, nullptr);
   Settings.Prn = gDefaultPrn;
   return measured;
 }
 
-bool VDoc::printPages(const std::string& output, bool selectedOnly) {
-  PrintRun run(*this, interfaceTexts().DocumentJobName, output);
+bool VDoc::printPages(const RunOptions& options, const std::string& output, bool selectedOnly) {
+  PrintRun run(*this, options, interfaceTexts().DocumentJobName, output);
   if (!run.going()) return !run.lost();
-  if (AppOptions.FileName.empty()) throw std::string("Error: not set file name for print");
+  if (options.report.empty()) throw ReportError("Error: not set file name for print");
   const auto file = OpenFile();
-  if (!file) throw kErrorOpenDocument;
+  if (!file) throw NumberedError(kErrorOpenDocument);
   bool any = false;
   for (VDocPage& page : Pages) {
     if (selectedOnly && !page.Selected) continue;
     any = true;
     const PrintedPage inUse(page);
     readUpTo(page.Number, *file);
-    readPage(page, *file, 0);
+    readPage(page, *file);
     run.print(page);
     if (!run.going()) return !run.lost();
     if (!selectedOnly) run.unscaleMetrics();
@@ -137,24 +137,25 @@ bool VDoc::printPages(const std::string& output, bool selectedOnly) {
   return any && !run.lost();
 }
 
-bool VDoc::PrintAll() {
-  return printPages({}, false);
+bool VDoc::PrintAll(const RunOptions& options) {
+  return printPages(options, {}, false);
 }
 
-bool VDoc::PrintToFile(const std::string& path) {
-  return printPages(path, false);
+bool VDoc::PrintToFile(const RunOptions& options, const std::string& path) {
+  return printPages(options, path, false);
 }
 
-bool VDoc::PrintSelected() {
+bool VDoc::PrintSelected(const RunOptions& options) {
   SelectPages();
-  return printPages({}, true);
+  return printPages(options, {}, true);
 }
 
-bool VDoc::PrintPage(std::int32_t number) {
-  PrintRun run(*this, std::string(interfaceTexts().PageJobName) + std::to_string(number), {});
+bool VDoc::PrintPage(const RunOptions& options, std::int32_t number) {
+  PrintRun run(*this, options, std::string(interfaceTexts().PageJobName) + std::to_string(number),
+               {});
   if (!run.going()) return !run.lost();
   ReadUpTo(number);
-  VDocPage* page = GetPage(number, 0);
+  VDocPage* page = GetPage(number);
   if (page == nullptr) return false;
   const PrintedPage inUse(*page);
   if (!page->Loaded) return false;

@@ -12,7 +12,7 @@ constexpr std::int64_t kAllowance = 2;
 
 // How much wider the printer's sheet is than the paper of the options.
 double widthRatio(const ScaleQuestion& question, const VSetPage& page, const VSetPrn& printer) {
-  const double paper = question.screenDpi * page.PaperWidth / kMillimetresPerInch;
+  const double paper = realPixelsFromMillimetres(page.PaperWidth, question.screenDpi);
   if (printer.LogPixelsX == 0 || paper == 0) return 0;
   const std::int64_t sheet =
       std::int64_t{printer.PhysicalWidth} * question.screenDpi / printer.LogPixelsX;
@@ -21,7 +21,7 @@ double widthRatio(const ScaleQuestion& question, const VSetPage& page, const VSe
 
 // How much of the paper's width the page as drawn takes, at the zoom.
 std::int64_t fillingPercent(const ScaleQuestion& question, const VSetPage& page) {
-  const std::int64_t paper = truncated(question.screenDpi * page.PaperWidth / kMillimetresPerInch);
+  const std::int64_t paper = pixelsFromMillimetres(page.PaperWidth, question.screenDpi);
   return question.zoom * paper / question.pageWidth;
 }
 

@@ -21,15 +21,15 @@ struct Form {
   FormKind kind;
 };
 
-std::string millimetres(int hundredths, int margin) {
+std::string millimetresText(int hundredths, int margin) {
   return FloatToStr((hundredths - margin) / 100.0);
 }
 
 TreeNode nodeOf(const Form& form) {
   const auto [name, size, margins] = form.media;
   return {form.name + "  (" + sizeText(size.width / 100.0, size.length / 100.0) + ")   (" +
-          millimetres(size.width, margins.right) + " x " +
-          millimetres(size.length, margins.bottom) + " mm)  " + kFormKinds[form.kind]};
+          millimetresText(size.width, margins.right) + " x " +
+          millimetresText(size.length, margins.bottom) + " mm)  " + kFormKinds[form.kind]};
 }
 
 // Every paper that has a number of its own, and those that single printers add.
@@ -71,17 +71,17 @@ TreeNode parametersNode(const Printer& printer) {
   addNumber("       Paper Width: ", mode.dmPaperWidth / 10.0, " mm");
   addNumber("      Paper Height: ", mode.dmPaperLength / 10.0, " mm");
   add("       Orientation: ", mode.dmOrientation == kPortrait ? "Portrait" : "Landscape");
-  addNumber("       Paper Width: ", caps.horzSize, " mm");
-  addNumber("      Paper Height: ", caps.vertSize, " mm");
+  addNumber("       Paper Width: ", caps.HorzSize, " mm");
+  addNumber("      Paper Height: ", caps.VertSize, " mm");
   add("              Port: ", printer.port);
-  addNumber("      Resolution X: ", caps.horzRes, " pixels");
-  addNumber("      Resolution Y: ", caps.vertRes, " pixels");
-  addNumber("    Physical Width: ", caps.physicalWidth, " pixels");
-  addNumber("   Physical Height: ", caps.physicalHeight, " pixels");
-  addNumber("       LogPixels X: ", caps.logPixelsX, " pixels per inch");
-  addNumber("       LogPixels Y: ", caps.logPixelsY, " pixels per inch");
-  addNumber(" Physical Offset X: ", caps.physicalOffsetX, " pixels");
-  addNumber(" Physical Offset Y: ", caps.physicalOffsetY, " pixels");
+  addNumber("      Resolution X: ", caps.HorzRes, " pixels");
+  addNumber("      Resolution Y: ", caps.VertRes, " pixels");
+  addNumber("    Physical Width: ", caps.PhysicalWidth, " pixels");
+  addNumber("   Physical Height: ", caps.PhysicalHeight, " pixels");
+  addNumber("       LogPixels X: ", caps.LogPixelsX, " pixels per inch");
+  addNumber("       LogPixels Y: ", caps.LogPixelsY, " pixels per inch");
+  addNumber(" Physical Offset X: ", caps.PhysicalOffsetX, " pixels");
+  addNumber(" Physical Offset Y: ", caps.PhysicalOffsetY, " pixels");
   addNumber("  Scaling Factor X: ", caps.scalingFactorX);
   addNumber("  Scaling Factor Y: ", caps.scalingFactorY);
   addNumber("          Aspect X: ", caps.aspectX);

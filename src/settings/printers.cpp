@@ -64,18 +64,16 @@ std::int32_t scaled(std::int32_t dotsPerInch, int percent, bool scale) {
   return scale ? clamped(std::int64_t{dotsPerInch} * percent / 100) : dotsPerInch;
 }
 
-PrintMetrics metricsOf(const DeviceMode& mode, const DeviceCaps& caps, int percent, bool scale) {
-  return {mode.dmOrientation,
-          scaled(caps.logPixelsX, percent, scale),
-          scaled(caps.logPixelsY, percent, scale),
-          caps.horzRes,
-          caps.vertRes,
-          caps.horzSize,
-          caps.vertSize,
-          caps.physicalWidth,
-          caps.physicalHeight,
-          caps.physicalOffsetX,
-          caps.physicalOffsetY};
+SheetMeasures metricsOf(const DeviceMode& mode, const DeviceCaps& caps, int percent, bool scale) {
+  SheetMeasures metrics = caps;
+  metrics.Orientation = mode.dmOrientation;
+  metrics.LogPixelsX = scaled(caps.LogPixelsX, percent, scale);
+  metrics.LogPixelsY = scaled(caps.LogPixelsY, percent, scale);
+  return metrics;
+}
+
+SheetMeasures& sheetMeasures(VSetPrn& measures) {
+  return measures;
 }
 
 }  // namespace
@@ -96,19 +94,10 @@ const Printer* FindPrinter(const std::string& name) {
 
 void MeasurePrinter(const Printer& printer, VSetPrn& measures) {
   const DeviceCaps caps = deviceCaps(printer, printer.mode);
+  sheetMeasures(measures) = caps;
+  measures.Orientation = caps.HorzSize < caps.VertSize ? kPortrait : kLandscape;
   measures.ResolutionX = printer.mode.dmPrintQuality;
   measures.ResolutionY = printer.mode.dmColor;
-  measures.Orientation = caps.horzSize < caps.vertSize ? kPortrait : kLandscape;
-  measures.HorzRes = caps.horzRes;
-  measures.VertRes = caps.vertRes;
-  measures.LogPixelsX = caps.logPixelsX;
-  measures.LogPixelsY = caps.logPixelsY;
-  measures.HorzSize = caps.horzSize;
-  measures.VertSize = caps.vertSize;
-  measures.PhysicalWidth = caps.physicalWidth;
-  measures.PhysicalHeight = caps.physicalHeight;
-  measures.PhysicalOffsetX = caps.physicalOffsetX;
-  measures.PhysicalOffsetY = caps.physicalOffsetY;
   measures.DeviceName = printer.name.substr(0, kMaxName);
   measures.PortName = upTo(printer.port, ',').substr(0, kMaxName);
   gPrinterMeasured = true;
@@ -134,18 +123,10 @@ int UpdatePrintMetrics(const std::string& printerName, const VSetPage& page, int
 }
 
 void TakePrintMetrics(VSetPrn& measures) {
-  const PrintMetrics& metrics = gPrintMetrics;
-  if (metrics.LogPixelsX == 0 || metrics.LogPixelsY == 0) return;
-  measures.HorzRes = metrics.HorzRes;
-  measures.VertRes = metrics.VertRes;
-  measures.LogPixelsX = metrics.LogPixelsX;
-  measures.LogPixelsY = metrics.LogPixelsY;
-  measures.HorzSize = metrics.HorzSize;
-  measures.VertSize = metrics.VertSize;
-  measures.PhysicalWidth = metrics.PhysicalWidth;
-  measures.PhysicalHeight = metrics.PhysicalHeight;
-  measures.PhysicalOffsetX = metrics.PhysicalOffsetX;
-  measures.PhysicalOffsetY = metrics.PhysicalOffsetY;
+  SheetMeasures taken = gPrintMetrics;
+  if (taken.LogPixelsX == 0 || taken.LogPixelsY == 0) return;
+  taken.Orientation = measures.Orientation;
+  sheetMeasures(measures) = taken;
 }
 
 std::unique_ptr<PrintContext> CreatePrintDC(const std::string& printerName, const VSetPage& page,

@@ -10,24 +10,12 @@
 
 namespace qor {
 
-// What the last measuring or print context reported. Lengths in dots unless told.
-struct PrintMetrics {
-  std::int32_t Orientation = 0;  // of the device mode
-  std::int32_t LogPixelsX = 0;   // dots per inch, scaled where a scale was asked
-  std::int32_t LogPixelsY = 0;
-  std::int32_t HorzRes = 0;
-  std::int32_t VertRes = 0;
-  std::int32_t HorzSize = 0;  // mm
-  std::int32_t VertSize = 0;
-  std::int32_t PhysicalWidth = 0;
-  std::int32_t PhysicalHeight = 0;
-  std::int32_t PhysicalOffsetX = 0;
-  std::int32_t PhysicalOffsetY = 0;
-};
-
 inline VSetPrn gDefaultPrn;  // the default printer, or the one selected in its place
 inline bool gPrinterMeasured = false;
-inline PrintMetrics gPrintMetrics;
+
+// What the last measuring or print context reported: the orientation of the device mode, and dots
+// per inch scaled where a scale was asked.
+inline SheetMeasures gPrintMetrics;
 
 // Looks for printers anew and measures the default one.
 void InitPrinters();

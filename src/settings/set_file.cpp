@@ -42,7 +42,8 @@ void readKeyLine(VSet& set, const SetSection& section, const std::string& line) 
       key.read(set, value);
     } catch (const ConversionError& error) {
       throw ConversionError(AppOptions.IniFileName + ": set \"" + AppOptions.SetName +
-                            "\": " + std::string(key.name) + ": " + error.what());
+                                "\": " + std::string(key.name) + ": " + error.what(),
+                            ErrorKind::badSettings);
     }
     return;
   }

@@ -35,20 +35,20 @@ bool holds(const Rect& outer, const Rect& inner) {
 
 }  // namespace
 
-void PageBitmap::start(const Extent& view, double dotsPerPixel, int dpi, Paint paint) {
-  view_ = {inDots(view.Width, dotsPerPixel), inDots(view.Height, dotsPerPixel)};
-  dotsPerPixel_ = dotsPerPixel;
+void PageBitmap::start(const Extent& pixels, double dotsPerPixel, int dpi, Paint paint) {
+  size_ = {inDots(pixels.Width, dotsPerPixel), inDots(pixels.Height, dotsPerPixel)};
+  dots_per_pixel_ = dotsPerPixel;
   dpi_ = dpi;
   paint_ = std::move(paint);
   drawn_ = false;
 }
 
 Rect PageBitmap::partAround(const Rect& seen) const {
-  if (std::int64_t{view_.Width} * view_.Height <= kWholeView) {
-    return {0, 0, view_.Width, view_.Height};
+  if (std::int64_t{size_.Width} * size_.Height <= kWholeView) {
+    return {0, 0, size_.Width, size_.Height};
   }
-  const Span columns = grown(seen.left, seen.right, view_.Width);
-  const Span rows = grown(seen.top, seen.bottom, view_.Height);
+  const Span columns = grown(seen.left, seen.right, size_.Width);
+  const Span rows = grown(seen.top, seen.bottom, size_.Height);
   return {columns.start, rows.start, columns.end, rows.end};
 }
 
@@ -65,15 +65,15 @@ void PageBitmap::prepareBitmap(const Rect& part) {
 }
 
 void PageBitmap::cover(const Rect& seen) {
-  const Rect wanted = {std::max(0, inDots(seen.left, dotsPerPixel_) - 1),
-                       std::max(0, inDots(seen.top, dotsPerPixel_) - 1),
-                       std::min(view_.Width, inDots(seen.right, dotsPerPixel_) + 1),
-                       std::min(view_.Height, inDots(seen.bottom, dotsPerPixel_) + 1)};
+  const Rect wanted = {std::max(0, inDots(seen.left, dots_per_pixel_) - 1),
+                       std::max(0, inDots(seen.top, dots_per_pixel_) - 1),
+                       std::min(size_.Width, inDots(seen.right, dots_per_pixel_) + 1),
+                       std::min(size_.Height, inDots(seen.bottom, dots_per_pixel_) + 1)};
   if (wanted.width() <= 0 || wanted.height() <= 0 || (drawn_ && holds(part_, wanted))) return;
   drawn_ = false;
   const Rect part = partAround(wanted);
   prepareBitmap(part);
-  paint_(bitmap_->canvas(), {{part.left, part.top}, dotsPerPixel_});
+  paint_(bitmap_->canvas(), {{part.left, part.top}, dots_per_pixel_});
   part_ = part;
   drawn_ = true;
 }

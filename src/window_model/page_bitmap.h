@@ -16,7 +16,7 @@ class PageBitmap {
 
   // Starts anew with a view of that many pixels, each of `dotsPerPixel` dots, on a display of `dpi`
   // dots per inch. Nothing is drawn yet.
-  void start(const Extent& view, double dotsPerPixel, int dpi, Paint paint);
+  void start(const Extent& pixels, double dotsPerPixel, int dpi, Paint paint);
 
   // Draws unless the pixels `seen` of the view are there already. Throws PictureError and what the
   // paint throws; nothing is then kept.
@@ -26,14 +26,14 @@ class PageBitmap {
   // drawing.
   PixelView pixels() { return drawn_ ? bitmap_->pixels() : PixelView(); }
   Point corner() const { return {part_.left, part_.top}; }
-  double dotsPerPixel() const { return dotsPerPixel_; }
+  double dotsPerPixel() const { return dots_per_pixel_; }
 
  private:
   Rect partAround(const Rect& seen) const;
   void prepareBitmap(const Rect& part);
 
-  Extent view_;  // dots
-  double dotsPerPixel_ = 1;
+  Extent size_;  // of the view, dots
+  double dots_per_pixel_ = 1;
   int dpi_ = 96;
   Paint paint_;
   std::unique_ptr<BitmapCanvas> bitmap_;

@@ -12,16 +12,16 @@ struct Row {
   std::int32_t gap = 0;
 };
 
-Row rowOf(std::int32_t view, std::int32_t client) {
-  if (std::int64_t{2} * view >= client) return {};
-  const std::int32_t count = client / view;
-  return {count, client % view / (count + 1)};
+Row rowOf(std::int32_t cell, std::int32_t client) {
+  if (std::int64_t{2} * cell >= client) return {};
+  const std::int32_t count = client / cell;
+  return {count, client % cell / (count + 1)};
 }
 
 // Where the places start: what they and their gaps leave stands at both ends. A single one that is
 // larger than the area starts with it.
-std::int32_t startOf(std::int32_t view, const Row& row, std::int32_t client) {
-  return std::max(0, (client - (view + row.gap) * row.count) / 2);
+std::int32_t startOf(std::int32_t cell, const Row& row, std::int32_t client) {
+  return std::max(0, (client - (cell + row.gap) * row.count) / 2);
 }
 
 // Rows and columns that no page is left for go.
@@ -56,22 +56,22 @@ std::int32_t distanceIn(std::int32_t room, std::int32_t label) {
 
 }  // namespace
 
-std::optional<std::vector<PagePlace>> layOutPages(const Extent& view, const Extent& client,
+std::optional<std::vector<PagePlace>> layOutPages(const Extent& cell, const Extent& client,
                                                   std::int32_t first, std::int32_t total) {
   if (first < 1 || total < first) return std::nullopt;
-  if (view.Width < 1 || view.Height < 1) return std::vector<PagePlace>();
-  Row columns = rowOf(view.Width, client.Width);
-  Row rows = rowOf(view.Height, client.Height);
+  if (cell.Width < 1 || cell.Height < 1) return std::vector<PagePlace>();
+  Row columns = rowOf(cell.Width, client.Width);
+  Row rows = rowOf(cell.Height, client.Height);
   if (columns.count == 1 && rows.count == 1) return std::vector<PagePlace>();
   const std::int32_t left = total - first + 1;
   cutTo(left, columns, rows);
-  const std::int32_t startX = startOf(view.Width, columns, client.Width);
-  const std::int32_t startY = startOf(view.Height, rows, client.Height);
+  const std::int32_t startX = startOf(cell.Width, columns, client.Width);
+  const std::int32_t startY = startOf(cell.Height, rows, client.Height);
   std::vector<PagePlace> places;
   for (std::int32_t i = 0; i < std::min(left, columns.count * rows.count); ++i) {
     places.push_back({first + i,
-                      {startX + i % columns.count * (view.Width + columns.gap),
-                       startY + i / columns.count * (view.Height + rows.gap)}});
+                      {startX + i % columns.count * (cell.Width + columns.gap),
+                       startY + i / columns.count * (cell.Height + rows.gap)}});
   }
   return places;
 }

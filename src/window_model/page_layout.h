@@ -12,13 +12,13 @@ namespace qor {
 
 struct PagePlace {
   std::int32_t number;  // of the page, 1 for the first
-  Point corner;         // of its view, pixels from the corner of the area
+  Point corner;         // of its cell, pixels from the corner of the area
 };
 
-// Pages from `first` to `total` laid out in rows on an area of `client` pixels, each taking `view`
-// pixels. None at all where there is room for one only: it is then shown as a single page. Nothing
-// where there is no such page.
-std::optional<std::vector<PagePlace>> layOutPages(const Extent& view, const Extent& client,
+// Pages from `first` to `total` laid out in rows on an area of `client` pixels, each taking a cell
+// of that many pixels with the gaps of its sheet. None at all where there is room for one only: it
+// is then shown as a single page. Nothing where there is no such page.
+std::optional<std::vector<PagePlace>> layOutPages(const Extent& cell, const Extent& client,
                                                   std::int32_t first, std::int32_t total);
 
 // Where the number of the page at places[index] stands on a board of that size: below its sheet or

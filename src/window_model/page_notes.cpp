@@ -35,11 +35,8 @@ void append(std::string& text, const std::string& note, std::string_view separat
 
 // The printable area as the canvas of a page has it: its corner is logical (0, 0).
 Rect printableTwips(const VSetPrn& printer) {
-  const auto twips = [](std::int32_t dots, std::int32_t dpi) {
-    return dpi > 0 ? truncated(double(dots) * kTwipsPerInch / dpi) : 0;
-  };
-  return {0, 0, twips(printer.HorzRes, printer.LogPixelsX),
-          twips(printer.VertRes, printer.LogPixelsY)};
+  return {0, 0, twipsFromDots(printer.HorzRes, printer.LogPixelsX),
+          twipsFromDots(printer.VertRes, printer.LogPixelsY)};
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "document/vdocpage.h"
 #include "platform/canvas/bitmap_canvas.h"
 #include "render/page_walk.h"
+#include "window_model/page_mapping.h"
 
 namespace qor {
 namespace {
@@ -29,22 +30,8 @@ Color shadowOn(Color ground) {
   return isDarker ? kShadow : ground >> 1 & 0x7F7F7FU;
 }
 
-// Dots of the part.
-Rect printableDots(const VSetScr& screen, const ViewPart& part) {
-  const double ratio = part.dotsPerPixel;
-  return {inDots(screen.print_left, ratio) - part.corner.x,
-          inDots(screen.print_top, ratio) - part.corner.y,
-          inDots(screen.print_right, ratio) - part.corner.x,
-          inDots(screen.print_bottom, ratio) - part.corner.y};
-}
-
-void mapTwips(Canvas& canvas, const PageView& view, const ViewPart& part) {
-  const VSetScr& screen = view.screen;
-  const auto extent = [&](std::int32_t dpi) {
-    return static_cast<double>(std::int64_t{dpi} * view.zoom / 100) * part.dotsPerPixel;
-  };
-  const Rect printable = printableDots(screen, part);
-  canvas.setMapping({extent(screen.dpi_x), extent(screen.dpi_y), printable.left, printable.top});
+Rect movedBy(const Point& corner, const Rect& dots) {
+  return {dots.left - corner.x, dots.top - corner.y, dots.right - corner.x, dots.bottom - corner.y};
 }
 
 // Fields of the sheet, told in pixels of the view. An outline is one dot wide and lies inside of
@@ -78,7 +65,7 @@ class SheetPainter {
   }
 
  private:
-  static constexpr std::int32_t kTwipsPerDot = kTwipsPerInch / kPictureDpi;
+  static constexpr std::int32_t kTwipsPerDot = wholeTwipsPerDot(kPictureDpi);
 
   void draw(const Rect& pixels, const Pen& pen, const Brush& brush, std::int32_t inside) {
     const auto twips = [this](std::int32_t pixel, std::int32_t less) {
@@ -129,9 +116,10 @@ void paintPage(VDocPage& page, Canvas& canvas, const PageView& view, const ViewP
   const UntoldSidePictures looksOnly;
   canvas.clearClip();
   DrawSheet(canvas, view, part);
-  if (!view.wide) canvas.setClip(printableDots(view.screen, part));
+  const PageMapping mapping(view, part.dotsPerPixel);
+  if (!view.wide) canvas.setClip(movedBy(part.corner, mapping.printable()));
   canvas.reset();
-  mapTwips(canvas, view, part);
+  canvas.setMapping(mapping.onCanvas(part.corner));
   DrawPage(page, canvas);
 }
 

@@ -125,16 +125,16 @@ VSetScr scaledSheet(const VSetPage& page, const VSetPrn& printer, const ScreenAr
   return screen;
 }
 
-ScrollBars barsFor(const ScreenArea& area, const Extent& view, std::int32_t thickness) {
+ScrollBars barsFor(const ScreenArea& area, const Extent& shown, std::int32_t thickness) {
   const Extent& client = area.client;
-  const bool wide = view.Width > client.Width;
-  const bool high = view.Height > client.Height;
-  return {high || (wide && view.Height > client.Height - thickness),
-          wide || (high && view.Width > client.Width - thickness)};
+  const bool wide = shown.Width > client.Width;
+  const bool high = shown.Height > client.Height;
+  return {high || (wide && shown.Height > client.Height - thickness),
+          wide || (high && shown.Width > client.Width - thickness)};
 }
 
-ScreenArea areaBesideBars(const ScreenArea& area, const Extent& view, std::int32_t thickness) {
-  const ScrollBars bars = barsFor(area, view, thickness);
+ScreenArea areaBesideBars(const ScreenArea& area, const Extent& shown, std::int32_t thickness) {
+  const ScrollBars bars = barsFor(area, shown, thickness);
   ScreenArea rest = area;
   if (bars.right) rest.client.Width = std::max(1, area.client.Width - thickness);
   if (bars.bottom) rest.client.Height = std::max(1, area.client.Height - thickness);

@@ -40,11 +40,11 @@ struct ScrollBars {
   bool bottom = false;
 };
 
-// Those that appear where a view, with the gaps that it holds, is larger than the area: one bar
+// Those that appear where what is shown, with its gaps, is larger than the area: one bar
 // takes room that the other direction may then lack. They are `thickness` pixels thick.
-ScrollBars barsFor(const ScreenArea& area, const Extent& view, std::int32_t thickness);
+ScrollBars barsFor(const ScreenArea& area, const Extent& shown, std::int32_t thickness);
 
 // What these bars leave of the area.
-ScreenArea areaBesideBars(const ScreenArea& area, const Extent& view, std::int32_t thickness);
+ScreenArea areaBesideBars(const ScreenArea& area, const Extent& shown, std::int32_t thickness);
 
 }  // namespace qor

@@ -15,7 +15,7 @@ struct ViewState {
   bool ShowUnprintable = true;     // margins and the area that the printer can't reach
   bool ListView = false;           // the list of pages
   bool MultipageView = false;
-  int PreviewType = kNormalView;
+  PreviewKind PreviewType = kNormalView;
   // Choices of the export dialog.
   int ID_of_Convert = 0;
   bool ImageSaveHTML = false;

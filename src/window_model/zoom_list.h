@@ -1,4 +1,5 @@
-// The zooms that the window offers: those of its list, and those of its menu.
+// The zooms that the window offers: those of its list, a row each from the largest down, and those
+// of its menu. The user's settings keep a zoom by its place in the list.
 #pragma once
 
 #include <array>
@@ -16,32 +17,22 @@ struct ZoomEntry {
   std::int32_t percent;
 };
 
-inline constexpr std::array<ZoomEntry, 14> kZoomList = {{{"500%", 500},
-                                                         {"400%", 400},
-                                                         {"300%", 300},
-                                                         {"200%", 200},
-                                                         {"150%", 150},
-                                                         {"125%", 125},
-                                                         {"100%", 100},
-                                                         {"75%", 75},
-                                                         {"50%", 50},
-                                                         {"25%", 25},
-                                                         {"12%", 12},
-                                                         {"5%", 5},
-                                                         {"AutoW", kFitWidth},
-                                                         {"AutoH", kFitHeight}}};
+inline constexpr auto kZoomList = std::to_array<ZoomEntry>({{"500%", 500},
+                                                            {"400%", 400},
+                                                            {"300%", 300},
+                                                            {"200%", 200},
+                                                            {"150%", 150},
+                                                            {"125%", 125},
+                                                            {"100%", 100},
+                                                            {"75%", 75},
+                                                            {"50%", 50},
+                                                            {"25%", 25},
+                                                            {"12%", 12},
+                                                            {"5%", 5},
+                                                            {"AutoW", kFitWidth},
+                                                            {"AutoH", kFitHeight}});
 
 inline constexpr int kNoZoomEntry = -1;
-inline constexpr int kNaturalZoomEntry = 6;
-inline constexpr int kLastFixedZoomEntry = 10;  // that a wide view keeps for the next time
-
-static_assert(kZoomList[kNaturalZoomEntry].percent == kNaturalZoom);
-
-// An entry of the menu picks the entry of the list at its place. The menu has no 125 percent, so
-// that its later entries pick the next larger zoom than they read, as clerks know it.
-inline constexpr std::array<std::string_view, 13> kZoomMenu = {
-    "500%", "400%", "300%", "200%", "150%",  "100%", "75%",
-    "50%",  "25%",  "12%",  "5%",   "AutoW", "AutoH"};
 
 // The percentage of an entry of the list; 100 where none is selected.
 constexpr std::int32_t zoomPercent(int entry) {
@@ -56,6 +47,31 @@ constexpr int zoomEntryOf(std::int32_t percent) {
   }
   return kNoZoomEntry;
 }
+
+inline constexpr int kNaturalZoomEntry = zoomEntryOf(kNaturalZoom);
+// The smallest zoom that a wide view keeps for the next time.
+inline constexpr int kLastFixedZoomEntry = zoomEntryOf(12);
+
+// The entries of the menu, with what they pick: it has no 125 percent, so that those behind pick
+// the next larger zoom than they read, as clerks know it.
+struct ZoomMenuEntry {
+  std::string_view text;
+  std::int32_t percent;
+};
+
+inline constexpr auto kZoomMenu = std::to_array<ZoomMenuEntry>({{"500%", 500},
+                                                                {"400%", 400},
+                                                                {"300%", 300},
+                                                                {"200%", 200},
+                                                                {"150%", 150},
+                                                                {"100%", 125},
+                                                                {"75%", 100},
+                                                                {"50%", 75},
+                                                                {"25%", 50},
+                                                                {"12%", 25},
+                                                                {"5%", 12},
+                                                                {"AutoW", 5},
+                                                                {"AutoH", kFitWidth}});
 
 // The entry one step larger or smaller, or the same at the ends of the list.
 constexpr int largerZoomEntry(int entry) {

@@ -30,7 +30,7 @@ class CleanUp : public testing::Test {
   TemporaryDirectory place_;
 };
 
-TEST_F(CleanUp, LeavesAReportThatChanged) {
+TEST_F(CleanUp, leavesAReportThatChanged) {
   const UsedReport used;
   put("my.r.txt", "another one");
   put("my_mail.tmp", "listed.txt\r\n");
@@ -43,7 +43,7 @@ TEST_F(CleanUp, LeavesAReportThatChanged) {
 }
 
 // Its lines may be ANSI, or what a byte-order mark tells; either separator, either line end.
-TEST_F(CleanUp, ReadsTheListOfAMailAsEditorsWriteIt) {
+TEST_F(CleanUp, readsTheListOfAMailAsEditorsWriteIt) {
   const std::string lines = "first.txt\r\n" + place_.path("") + "*t*.txt\nsub\\third.txt\r\n\r\n" +
                             "link.txt\rway\r\ndirectory\r\nnone.txt\r\n";
   std::string wide = "\xFF\xFE";
@@ -66,7 +66,7 @@ TEST_F(CleanUp, ReadsTheListOfAMailAsEditorsWriteIt) {
 }
 
 // On a file system that counts them, letters of another case make another name.
-TEST_F(CleanUp, CountsTheCaseOfNamesAsTheFileSystemDoes) {
+TEST_F(CleanUp, countsTheCaseOfNamesAsTheFileSystemDoes) {
   put("MY.R_1.jpg");
   put("my.r_1.JPG");
   fs::create_symlink("nowhere", place_.path("my.r_dangling.l"));

@@ -56,7 +56,7 @@ class CommandLineTest : public testing::Test {
   }
 
   OptionsGuard guard_;
-  Variable codePage_{"QOR_ANSI_CODEPAGE", "1253"};
+  Variable code_page_{"QOR_ANSI_CODEPAGE", "1253"};
   TemporaryDirectory place_;
 };
 

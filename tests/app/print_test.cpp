@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
+#include "base/run_options.h"
 #include "platform/print/pdf_file_printer.h"
 #include "platform/print/print_system.h"
 #include "settings/printers.h"
@@ -197,7 +198,7 @@ class PrintJobs : public testing::Test {
 TEST_F(PrintJobs, areScaledOnEveryPage) {
   report_.doc().PrintScale = 50;
   report_.doc().PrintScaleFlag = true;
-  report_.doc().PrintToFile(report_.path("half.pdf"));
+  report_.doc().PrintToFile(runOptions(), report_.path("half.pdf"));
   const PdfDocument document = readPdf(report_.path("half.pdf"));
   ASSERT_EQ(document.words.size(), 6U);
   for (const char* word : {"A", "B", "CC", "DD"}) {
@@ -211,14 +212,15 @@ TEST_F(PrintJobs, areScaledOnEveryPage) {
 
 // Characters are 10.16 mm wide from the third page on, whatever was read before it.
 TEST_F(PrintJobs, takeThePagesThatAreAskedFor) {
-  EXPECT_EQ(printed([](VDoc& doc) { doc.PrintAll(); }),
+  EXPECT_EQ(printed([](VDoc& doc) { doc.PrintAll(runOptions()); }),
             "1A@200 2B@200 3CC@200 3C@505 4DD@200 4D@505 QorUtlView, Document");
-  EXPECT_EQ(printed([](VDoc& doc) { doc.PrintPage(3); }), "1CC@200 1C@505 QorUtlView, page: 3");
+  EXPECT_EQ(printed([](VDoc& doc) { doc.PrintPage(runOptions(), 3); }),
+            "1CC@200 1C@505 QorUtlView, page: 3");
   report_.doc().Settings.Page.PagesForPrint = "2,4";
-  EXPECT_EQ(printed([](VDoc& doc) { doc.PrintSelected(); }),
+  EXPECT_EQ(printed([](VDoc& doc) { doc.PrintSelected(runOptions()); }),
             "1B@200 2DD@200 2D@505 QorUtlView, Document");
   report_.doc().Settings.Page.PagesForPrint = "2,x";
-  EXPECT_THROW(report_.doc().PrintSelected(), ConversionError);
+  EXPECT_THROW(report_.doc().PrintSelected(runOptions()), ConversionError);
 }
 
 // How many dots of ink here have no trace within six dots of their place there.

@@ -16,7 +16,7 @@ namespace {
 const std::string kBox = " left=20 top=30 right=120 bottom=70 value_show=1";
 
 // Two of what stands before decides, and one of what stands behind must not.
-TEST(BarcodeItems, AreDrawnAlikeHoweverOften) {
+TEST(BarcodeItems, areDrawnAlikeHoweverOften) {
   const std::string interleave = "<barcode br_type=InterLeave value=zz" + kBox + "/>";
   const std::string code39 = "<barcode br_type=39 value=AB" + kBox + "/>";
   const std::string ean = "<barcode value=590123412345 font_width=4" + kBox + "/>";
@@ -37,7 +37,7 @@ TEST(BarcodeItems, AreDrawnAlikeHoweverOften) {
   }
 }
 
-TEST(BarcodeItems, WithoutAnEncoderShowTheSymbolBeforeThem) {
+TEST(BarcodeItems, withoutAnEncoderShowTheSymbolBeforeThem) {
   const std::string code39 = "<barcode br_type=39 value=AB" + kBox + "/>";
   const std::string none = "<barcode br_type=InterLeave value=zz" + kBox + "/>";
   TestReport report(none + code39 + none + "\f\r\n" + code39 + "\f\r\n" + none);
@@ -64,7 +64,7 @@ const std::tuple<const char*, std::string, int, int> kExtents[] = {
     {"longer than the sheet", kEan + "left=1 manual_width=1 line_width=120", 904, 113},
     {"modules of no width", kEan + "right=61", 3, 113}};
 
-TEST(BarcodeItems, HavePicturesAsLargeAsWhatTheyCover) {
+TEST(BarcodeItems, havePicturesAsLargeAsWhatTheyCover) {
   for (const auto& [what, keys, width, height] : kExtents) {
     SCOPED_TRACE(what);
     TestReport report("<barcode " + keys + "/>");
@@ -93,7 +93,7 @@ const std::pair<std::string, std::string> kUnshown[] = {
     {"br_type=39 value=G left=0 right=30000", "\"G\": a picture can't have 113385 by 37 dots"},
     {"br_type=39 value=OK right=50", ""}};
 
-TEST(BarcodeItems, AreToldWhereAnExportCantShowThem) {
+TEST(BarcodeItems, areToldWhereAnExportCantShowThem) {
   const TemporaryDirectory place;
   std::string report = "a\r\n\f\r\n";
   std::string errors;
@@ -112,7 +112,7 @@ TEST(BarcodeItems, AreToldWhereAnExportCantShowThem) {
 
 // 255 bytes are the most that a file's name may have, in whatever code page its parts were. The
 // side files go with their report.
-TEST(BarcodeItems, HavePicturesWithNamesThatFit) {
+TEST(BarcodeItems, havePicturesWithNamesThatFit) {
   const std::string cyrillic(100, '\xE0');  // 200 bytes of UTF-8
   const std::string letters(120, 'Q');
   for (const std::string& stem : {std::string("r"), std::string(250, 's'), std::string(170, 's')}) {

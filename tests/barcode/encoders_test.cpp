@@ -36,7 +36,7 @@ std::string read(const std::string& modules) {
 
 constexpr std::string_view kAlphabet = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ-. $/+%";
 
-TEST(Encoders, MakeSymbolsThatAreRead) {
+TEST(Encoders, makeSymbolsThatAreRead) {
   VBarCodeCalc calc;
   // The first digit decides which set each of the next ones comes from.
   for (const char first : std::string_view("123456789")) {
@@ -63,7 +63,7 @@ TEST(Encoders, MakeSymbolsThatAreRead) {
   EXPECT_EQ(read(calc.Code93("!A#B&C@DKT")), "Code93 \x01\x1C#d");
 }
 
-TEST(Encoders, MakeUpcEOfBothNumberSystems) {
+TEST(Encoders, makeUpcEOfBothNumberSystems) {
   VBarCodeCalc calc;
   // The check digit, the last one, decides the sets of digits.
   for (const auto& [value, none] :
@@ -85,14 +85,14 @@ TEST(Encoders, MakeUpcEOfBothNumberSystems) {
   EXPECT_EQ(joined(labels, "|"), "|1|2|0|6|7|3|");
 }
 
-TEST(Encoders, RefuseWhatTheyCannotHold) {
+TEST(Encoders, refuseWhatTheyCannotHold) {
   VBarCodeCalc calc;
   EXPECT_EQ(calc.EAN8("123456789") + calc.UPCE("123456789") + calc.ITF("123456789012"), "");
   EXPECT_THROW(calc.EAN8("12a4567"), ConversionError);
   EXPECT_THROW(calc.UPCE("12345678901"), ConversionError);
 }
 
-TEST(BarcodeValues, AreCheckedAsTheTypeStands) {
+TEST(BarcodeValues, areCheckedAsTheTypeStands) {
   const auto held = [](const std::string& type, const std::string& value) {
     VData_BarCode code(nullptr);
     code.SetType(type);

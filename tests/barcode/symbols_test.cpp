@@ -33,7 +33,7 @@ std::string item(const std::string& symbol, int orientation, const std::string& 
          " bottom=" + (turned && !square ? "130" : "70") + " " + more + "/>\r\n\f";
 }
 
-TEST(Symbols, AreReadBackInEveryOrientation) {
+TEST(Symbols, areReadBackInEveryOrientation) {
   const std::string above = "value_show=1 value_pos=0 manual_height=1 margin_top=99";
   for (const auto& [symbol, read] : kSymbols) {
     const TemporaryDirectory directory;
@@ -59,7 +59,7 @@ std::size_t count(const std::string& text, const std::string& part) {
   return found;
 }
 
-TEST(Symbols, AreLaidOutByTheirKeys) {
+TEST(Symbols, areLaidOutByTheirKeys) {
   // Module, step, start, length of the bars, row of the text. The box goes from 1000,2000 to
   // 2900,3000; EAN-13 has 113 modules with its quiet zones; 0.33 mm are 18.7087 twips.
   const std::pair<const char*, const char*> rows[] = {
@@ -84,7 +84,7 @@ TEST(Symbols, AreLaidOutByTheirKeys) {
   }
 }
 
-TEST(Symbols, GuardsReachIntoTheTextBelowOnly) {
+TEST(Symbols, guardsReachIntoTheTextBelowOnly) {
   const std::string box = "<barcode value=590123412345 left=0 top=0 right=33.5 bottom=20 ";
   const std::string below = drawn(box + "value_show=1/>");
   // 1899 twips give modules of 16; the text row is 133 high, so bars end at 1000 and guards 80
@@ -99,7 +99,7 @@ TEST(Symbols, GuardsReachIntoTheTextBelowOnly) {
 
 // The box is 1899 by 1133 twips. Code 39 has 54 modules of 35 or, turned, 20 of them here, and "A"
 // stands on 23 to 35; half a character is 141.7. Code 128 has 75 modules of 25.
-TEST(Symbols, LabelsStandUnderTheirBars) {
+TEST(Symbols, labelsStandUnderTheirBars) {
   const std::string place =
       " left=0 top=0 right=33.5 bottom=20 value_show=1 font_width=5 font_name=Arial fc=Red "
       "brc=Navy ";
@@ -119,7 +119,7 @@ TEST(Symbols, LabelsStandUnderTheirBars) {
 }
 
 // With its quiet zone the code has 23 modules a side, here of 7 by 5 twips.
-TEST(Symbols, QrCodesFillTheirBox) {
+TEST(Symbols, qrCodesFillTheirBox) {
   const std::string record =
       drawn("<barcode br_type=KAREKOD value=A left=10 top=5 right=12.84 bottom=7.04/>");
   EXPECT_TRUE(record.starts_with("rectangle 566,283 727,399 ")) << record;
@@ -127,7 +127,7 @@ TEST(Symbols, QrCodesFillTheirBox) {
   EXPECT_NE(record.find("\nrectangle 573,288 622,293 "), std::string::npos) << record;
 }
 
-TEST(Symbols, OfAnySizeDrawSomethingOrNothing) {
+TEST(Symbols, ofAnySizeDrawSomethingOrNothing) {
   for (const char* keys : {"manual_width=1 line_width=0", "manual_width=1 line_width=1000000",
                            "size_set=0 size_factor=0", "size_set=0 size_factor=100000000"}) {
     drawn(std::string("<barcode value=590123412345 value_show=1 right=60 bottom=30 ") + keys +

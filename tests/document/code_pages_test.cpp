@@ -12,7 +12,7 @@ namespace {
 
 constexpr char32_t kNone = U'\xFFFD';
 
-TEST(CodePages, BuiltInOnesAreThePublishedOnesButForAFew) {
+TEST(CodePages, builtInOnesAreThePublishedOnesButForAFew) {
   // What differs, besides bytes without a letter, which are "?".
   const std::pair<int, std::map<int, char32_t>> rows[] = {
       {866, {}},
@@ -36,7 +36,7 @@ TEST(CodePages, BuiltInOnesAreThePublishedOnesButForAFew) {
 }
 
 // The system's converter is a part of what is told above: a few letters that differ between pages.
-TEST(CodePages, AreToldApart) {
+TEST(CodePages, areToldApart) {
   const std::tuple<int, const char*, const char*> rows[] = {
       {1252, "\xD0\xDD\xE9", "ÐÝé"}, {1253, "\xC1\xE2", "Αβ"},       {28595, "\xB6\xD0\xF0", "Жа№"},
       {28599, "\xD0\xDD", "Ğİ"},     {20866, "\xA4\xC1\xF7", "╓аВ"}, {21866, "\xA4\xC1\xF7", "єаВ"},
@@ -47,7 +47,7 @@ TEST(CodePages, AreToldApart) {
   }
 }
 
-TEST(CodePages, ComeFromFilesOf128Lines) {
+TEST(CodePages, comeFromFilesOf128Lines) {
   const TemporaryDirectory place;
   std::string lines;
   for (int byte = 128; byte < 256; ++byte) {
@@ -63,7 +63,7 @@ TEST(CodePages, ComeFromFilesOf128Lines) {
 }
 
 // Of Windows' fonts.
-TEST(CodePages, BelongToCharacterSets) {
+TEST(CodePages, belongToCharacterSets) {
   const std::pair<int, int> rows[] = {{0, 1252},   {161, 1253}, {162, 1254}, {163, 1258},
                                       {177, 1255}, {178, 1256}, {186, 1257}, {204, 1251},
                                       {222, 874},  {238, 1250}};

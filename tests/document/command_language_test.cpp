@@ -24,7 +24,7 @@ void expectItems(const std::vector<std::array<std::string, 3>>& rows) {
   }
 }
 
-TEST(CommandLanguage, StyleTagsChangeTheTextBehindThem) {
+TEST(CommandLanguage, styleTagsChangeTheTextBehindThem) {
   expectItems(
       {{"closing", "<b>x<b/>y", "\"x\" weight=700|\"y\""},
        {"closing takes inner tags with it", "<b><i>x<b/>y", "\"x\" weight=700 italic=1|\"y\""},
@@ -58,7 +58,7 @@ TEST(CommandLanguage, StyleTagsChangeTheTextBehindThem) {
        {"text of 5000 bytes", std::string(5000, 'x'), "\"" + std::string(5000, 'x') + "\""}});
 }
 
-TEST(CommandLanguage, StylesGoOnInTheNextLineAndPage) {
+TEST(CommandLanguage, stylesGoOnInTheNextLineAndPage) {
   TestReport report("<i>a\r\nb\f\r\nc<i/>d");
   EXPECT_EQ(report.dump(1),
             "line\n  text \"a\" italic=1\nline\n  text \"b\" italic=1\n"
@@ -66,7 +66,7 @@ TEST(CommandLanguage, StylesGoOnInTheNextLineAndPage) {
   EXPECT_EQ(report.dump(2), "line\n  text \"c\" italic=1\n  text \"d\" italic=1\n");
 }
 
-TEST(CommandLanguage, TextItemsTakeTheirKeys) {
+TEST(CommandLanguage, textItemsTakeTheirKeys) {
   expectItems(
       {{"place", "<text left=10 top=20.5 tc=\"a b\"/>", "\"a b\" at 566,1162"},
        {"comma, two decimals", "<text left=10,25 tc=x top=1.50/>", "\"x\" at 581,85"},
@@ -102,7 +102,7 @@ TEST(CommandLanguage, TextItemsTakeTheirKeys) {
        {"cut behind a text", "<text tc=\"a\" x=1" + std::string(1018, ' ') + "fi=1/>", "\"a\""}});
 }
 
-TEST(CommandLanguage, OtherItemsTakeTheirKeys) {
+TEST(CommandLanguage, otherItemsTakeTheirKeys) {
   expectItems({
       {"shape",
        "<shape sh_type=3 left=1 top=2 right=30 bottom=40 pt=2 pc=Navy bt=4 bc=Lime rw=5 rh=6 "
@@ -126,7 +126,7 @@ TEST(CommandLanguage, OtherItemsTakeTheirKeys) {
   });
 }
 
-TEST(CommandLanguage, BarcodeTypesGoByNameOrNumber) {
+TEST(CommandLanguage, barcodeTypesGoByNameOrNumber) {
   for (const auto& [name, type] :
        rowsOf("EAN_8 1|1 1|EAN_13 2|2 2|UPCA 3|3 3|UPCE 4|5 4|39 5|6 5|128 6|7 6|CodeBar 7|8 7|"
               "InterLeave 8|9 8|FullASCII 9|10 9|ITF 10|93 11|11 11|KAREKOD 12|12 12|4 -1|"
@@ -137,7 +137,7 @@ TEST(CommandLanguage, BarcodeTypesGoByNameOrNumber) {
   }
 }
 
-TEST(CommandLanguage, ColoursGoByNameAndNumber) {
+TEST(CommandLanguage, coloursGoByNameAndNumber) {
   // In the order of their numbers, as blue, green, red.
   const auto colors = rowsOf(
       "Black 0|Navy 800000|Teal 808000|Green 8000|Purple 800080|Maroon 80|Olive 8080|"
@@ -152,7 +152,7 @@ TEST(CommandLanguage, ColoursGoByNameAndNumber) {
 }
 
 // Each of the four families of keys, in the items that have it, and where a dump tells the colour.
-TEST(CommandLanguage, ColoursReadInEveryForm) {
+TEST(CommandLanguage, coloursReadInEveryForm) {
   const std::array<std::string, 3> families[] = {{"text", "fc", "color="},
                                                  {"barcode", "fc", "color="},
                                                  {"shape", "pc", "pen 1 15 "},
@@ -175,7 +175,7 @@ TEST(CommandLanguage, ColoursReadInEveryForm) {
   }
 }
 
-TEST(CommandLanguage, LinesEndAsOnALinePrinter) {
+TEST(CommandLanguage, linesEndAsOnALinePrinter) {
   expectItems({{"bare CR", "a\rb\r\nc", "\"a\"|line overprint feeds0|\"b\"|line|\"c\""},
                {"LF alone is no end", "a\nb", "\"a\"|\"b\""},
                {"tab is dropped", "a\tb", "\"ab\""},
@@ -183,10 +183,10 @@ TEST(CommandLanguage, LinesEndAsOnALinePrinter) {
                {"CR at the end", "a\r", "\"a\""},
                {"memo spans lines", "<text memo tc=\"a\r\nb\r\nc\"/>\r\nd", "\"a|b|c\"|\"d\""},
                {"zero byte is dropped", std::string("a\0b", 3), "\"a\"|\"b\""}});
-  EXPECT_EQ(TestReport("a\tb").dump(1, kKeepTabs), "line\n  text \"a\"\n  text \"b\"\n");
+  EXPECT_EQ(TestReport("a\tb").dump(1, PageMode::sheets), "line\n  text \"a\"\n  text \"b\"\n");
 }
 
-TEST(CommandLanguage, HostileLinesAreReadInOnePass) {
+TEST(CommandLanguage, hostileLinesAreReadInOnePass) {
   std::string nested;
   for (int i = 0; i < 600000; ++i) nested += i < 300000 ? "<b>" : i == 300000 ? "x" : "<i/>";
   std::string words = "<text ";

@@ -43,7 +43,7 @@ std::string told(const std::string& sequence) {
   return changes(font, page) + rest;
 }
 
-TEST(ControlSequences, ChangeFontAndPage) {
+TEST(ControlSequences, changeFontAndPage) {
   for (const auto& [sequence, change] :
        rowsOf("\017 factor=0.6|W1 factor=2|W0 factor=0.5|w1 height=20|w0 height=5.5|"
               "&a6P orientation=3|&a5P orientation=2|(s1V\033(s3B height=1 weight=700"))
@@ -71,7 +71,7 @@ TEST(ControlSequences, ChangeFontAndPage) {
   EXPECT_EQ(told("&l2O\033&l4O"), "");
 }
 
-TEST(ControlSequences, AreSteppedOverWhereTheyChangeNothing) {
+TEST(ControlSequences, areSteppedOverWhereTheyChangeNothing) {
   for (const char* sequence :
        {"W\1",  "CB",   "=",       "Y",      "3ab",  "2a",   "&a2p", "&a5V", "&d5D", "&k9S",
         "&l0D", "&l9O", "&l1000X", "&u300D", "(s0H", "(s8B", "(s1P", "(8U",  "*5X",  "*p20Y"})
@@ -79,14 +79,14 @@ TEST(ControlSequences, AreSteppedOverWhereTheyChangeNothing) {
   EXPECT_EQ(told(std::string("C\0\fx", 4)), "x");
 }
 
-TEST(ControlSequences, LeaveWhatIsNotTheirs) {
+TEST(ControlSequences, leaveWhatIsNotTheirs) {
   const std::pair<std::string, std::string> rows[] = {
       {"Qx", "Qx"}, {"&aLx", "Lx"}, {"&z5Dx", "z5Dx"}, {"(s5", ""}, {"&", ""}, {"", ""}};
   for (const auto& [sequence, expected] : rows) EXPECT_EQ(told(sequence), expected) << sequence;
   EXPECT_EQ(told("W1\r\n\017x"), "factor=2 \n\017x") << "takes one control byte";
 }
 
-TEST(ControlSequences, LeaveThePageAloneInsideALine) {
+TEST(ControlSequences, leaveThePageAloneInsideALine) {
   const std::pair<const char*, double> rows[] = {{"&l2O", 12}, {"&a5L", 12}, {"(9T", 12},
                                                  {"9", 12},    {"&l4X", 12}, {"E", 10}};
   for (const auto& [sequence, height] : rows) {
@@ -97,7 +97,7 @@ TEST(ControlSequences, LeaveThePageAloneInsideALine) {
   }
 }
 
-TEST(ControlSequences, ResetBringsBackTheDefaults) {
+TEST(ControlSequences, resetBringsBackTheDefaults) {
   FontState font;
   VSetPage page;
   font.Height = 20;

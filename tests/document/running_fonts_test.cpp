@@ -35,12 +35,12 @@ std::string randomReport(std::mt19937& random) {
 // The page as it is drawn; its margins are counted in cells of its grid.
 std::string drawn(VDoc& doc, int number) {
   doc.Settings.Page.MarginLeft = doc.Settings.Page.MarginTop = -2;
-  const std::string record = test::drawn(*doc.GetPage(number, 0));
+  const std::string record = test::drawn(*doc.GetPage(number));
   doc.ReleasePage(number);
   return record;
 }
 
-TEST(RunningFonts, ArePartOfThePageAndNotOfWhoReadIt) {
+TEST(RunningFonts, arePartOfThePageAndNotOfWhoReadIt) {
   std::mt19937 random(20);
   for (int round = 0; round < 60; ++round) {
     const std::string bytes = randomReport(random);
@@ -60,7 +60,7 @@ TEST(RunningFonts, ArePartOfThePageAndNotOfWhoReadIt) {
   }
 }
 
-TEST(RunningFonts, StartAtTheNearestPageThatIsKnown) {
+TEST(RunningFonts, startAtTheNearestPageThatIsKnown) {
   TestReport report("<b>a\f\r\n<i>b\f\r\nc\f\r\nd");
   VDoc& doc = report.doc();
   EXPECT_EQ(report.dump(4), "line\n  text \"d\"\n");
@@ -80,7 +80,7 @@ TEST(RunningFonts, StartAtTheNearestPageThatIsKnown) {
 }
 
 // The settings are those of the report, and stay what they are whatever its pages say.
-TEST(RunningFonts, LeaveTheSettingsAlone) {
+TEST(RunningFonts, leaveTheSettingsAlone) {
   TestReport report("\033W1a<h1>\f\r\nb");
   VDoc& doc = report.doc();
   doc.ReadUpTo(2);

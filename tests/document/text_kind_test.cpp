@@ -10,7 +10,7 @@
 namespace qor::test {
 namespace {
 
-TEST(TextKind, IsToldByBytes) {
+TEST(TextKind, isToldByBytes) {
   // With "8" for UTF-8 and "n" for lines that end with LF only.
   // The first three of those without a sign are letters of 866 and 1251, and what never starts one.
   for (const auto& [bytes, expected] :
@@ -29,7 +29,7 @@ TEST(TextKind, IsToldByBytes) {
 }
 
 // The three code pages that count as ASCII show nothing in the place of other letters.
-TEST(TextKind, CountsTheLettersThatAreLeftOut) {
+TEST(TextKind, countsTheLettersThatAreLeftOut) {
   for (const auto& [codePage, letters] : {std::pair{1252, 3}, {850, 3}, {437, 3}, {1251, 0}}) {
     TestReport report("a\xE9\xE8<text left=1 top=1 tc=\xE9/>\r\n<text right=9 left=1 tc=\xE9/>",
                       codePage);
@@ -50,7 +50,7 @@ std::string linesIn(const std::string& bytes, int page = 1) {
 }
 
 // A file of 4096 bytes is as the generator writes it, one of 4097 may be from another system.
-TEST(TextKind, LetsLineFeedsEndTheLinesOfLongTexts) {
+TEST(TextKind, letsLineFeedsEndTheLinesOfLongTexts) {
   const auto filled = [](const std::string& start, std::size_t size) {
     return start + std::string(size - start.size(), 'x');
   };

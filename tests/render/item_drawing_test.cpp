@@ -20,7 +20,7 @@ std::string pngFile(int width, int height) {
 
 constexpr const char* kErrorFont = "Times New Roman 300x0 weight 400 color 0\n";
 
-TEST(ShapeDrawing, AnUnknownBrushLeavesTheOneBefore) {
+TEST(ShapeDrawing, anUnknownBrushLeavesTheOneBefore) {
   EXPECT_EQ(drawn("<shape sh_type=2 bt=1 bc=Red/><shape sh_type=2 bt=8 bc=Blue/>"),
             "rectangle 0,0 0,0 pen 1 15 0 brush 1 ff\nrectangle 0,0 0,0 pen 1 15 0 brush 1 ff\n");
   EXPECT_EQ(drawn("<shape sh_type=6 right=9 bottom=9/>"), "");
@@ -28,7 +28,7 @@ TEST(ShapeDrawing, AnUnknownBrushLeavesTheOneBefore) {
 
 // The shape keeps its place on the page: its corner lies 10 and 20 mm into a bitmap of its own
 // size, 15 twips to the dot.
-TEST(ShapeDrawing, TypeFiveLeavesAPictureBesideTheReport) {
+TEST(ShapeDrawing, typeFiveLeavesAPictureBesideTheReport) {
   TestReport report(
       "<shape sh_type=5 left=10 top=20 right=50 bottom=40/>"
       "<shape sh_type=5 left=1 top=1 right=21 bottom=21 lw=60/>");
@@ -40,7 +40,7 @@ TEST(ShapeDrawing, TypeFiveLeavesAPictureBesideTheReport) {
   EXPECT_FALSE(isInk(corner, 40, 40) || isInk(corner, corner.width - 1, 40));
 }
 
-TEST(ImageDrawing, ShowsThePictureOrTheReasonWhyNot) {
+TEST(ImageDrawing, showsThePictureOrTheReasonWhyNot) {
   const TemporaryDirectory directory;
   const std::string good = directory.write("logo.PNG", pngFile(10, 4));
   const std::string other = directory.write("logo.tif", pngFile(10, 4));
@@ -61,7 +61,7 @@ TEST(ImageDrawing, ShowsThePictureOrTheReasonWhyNot) {
   }
 }
 
-TEST(ImageDrawing, LargePicturesAreThereEachTime) {
+TEST(ImageDrawing, largePicturesAreThereEachTime) {
   const TemporaryDirectory directory;
   const std::string large = directory.write("large.png", pngFile(1200, 900));
   TestReport report("<img image=\"" + large + "\" imgSS=1 left=10 top=10 right=110 bottom=20/>");
@@ -71,13 +71,13 @@ TEST(ImageDrawing, LargePicturesAreThereEachTime) {
   EXPECT_EQ(drawn(page), picture);
 }
 
-TEST(ImageDrawing, MessagesKeepOffTheSpacingOfTexts) {
+TEST(ImageDrawing, messagesKeepOffTheSpacingOfTexts) {
   const std::string image = "<img image=\"no.png\" left=10 top=10 right=110 bottom=20/>";
   const std::string record = drawn("<text hs=9 left=1 top=1 tc=a/>" + image);
   EXPECT_TRUE(record.ends_with(drawn(image))) << record;
 }
 
-TEST(PathEllipsis, KeepsTheLastComponent) {
+TEST(PathEllipsis, keepsTheLastComponent) {
   const auto shown = [](std::u32string_view text, double room) {
     const auto fitted = withPathEllipsis(text, room, [](char32_t) { return 1.0; });
     return std::string(fitted.begin(), fitted.end());

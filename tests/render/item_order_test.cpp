@@ -39,7 +39,7 @@ std::string itemText(std::size_t number) {
 // A PDF file tells places of neighbours in thousandths of a font, a part of a dot.
 constexpr int kPartOfADot = 80;
 
-TEST(ItemOrder, IsNotSeenOnAnyRoad) {
+TEST(ItemOrder, isNotSeenOnAnyRoad) {
   const TemporaryDirectory place;
   // Files of one length for two pictures.
   for (const auto& [color, name] : rowsOf("xc:#C03050 a.bmp|xc:#30C050 b.bmp|xc:#3050C080 c.png"))

@@ -9,7 +9,7 @@
 namespace qor::test {
 namespace {
 
-TEST(PageOverflow, CountsLinesAndColumns) {
+TEST(PageOverflow, countsLinesAndColumns) {
   const std::tuple<const char*, Rect, int, int> rows[] = {
       {"abc\r\ndef", {0, 0, 99999, 99999}, 0, 0},
       {"abc\r\nd", {0, 0, 361, 999}, 0, 0},
@@ -32,7 +32,7 @@ TEST(PageOverflow, CountsLinesAndColumns) {
   }
 }
 
-TEST(PageOverflow, LeavesNoPicturesBehind) {
+TEST(PageOverflow, leavesNoPicturesBehind) {
   TestReport report(
       "<barcode value=590123412345 left=1 top=1 right=60 bottom=20/><shape sh_type=5 right=9 "
       "bottom=9/>");

@@ -27,7 +27,7 @@ std::string plainTexts(const std::string& texts) {
   return record;
 }
 
-TEST(PageWalk, PutsLinesUnderEachOther) {
+TEST(PageWalk, putsLinesUnderEachOther) {
   const std::pair<std::string, const char*> rows[] = {
       {"a\r\nb", "0,0 a|0,227 b"},
       {"\r\n\r\nb", "0,454 b"},
@@ -52,7 +52,7 @@ TEST(PageWalk, PutsLinesUnderEachOther) {
                 plainTexts("120,0 b|0,227 c"));
 }
 
-TEST(PageWalk, CountsMarginsInMillimetresOrCells) {
+TEST(PageWalk, countsMarginsInMillimetresOrCells) {
   for (const auto& [left, top, place] :
        {std::tuple{3, 5, "170,283"}, {-3, -2, "318,400"}, {0, -1, "0,200"}}) {
     TestReport report("a");
@@ -64,7 +64,7 @@ TEST(PageWalk, CountsMarginsInMillimetresOrCells) {
 
 // 8/48 inch are 240 twips: two rows above the page, and each empty line. Plain lines keep 227, and
 // with a height for 8 lines an inch (9 points) 204.
-TEST(PageWalk, RowHeightsOfTheReportSetTheGridAndEmptyLines) {
+TEST(PageWalk, rowHeightsOfTheReportSetTheGridAndEmptyLines) {
   for (const auto& [bytes, texts] : {std::pair{"\033&l8Ca\r\nb\r\n\r\nc", "480 a|707 b|1174 c"},
                                      {"a\r\n\033&l8Cb\r\n\r\nc", "480 a|707 b|1174 c"},
                                      {"\033&l8Da\r\n\r\nb\r\nc", "360 a|768 b|972 c"},
@@ -77,7 +77,7 @@ TEST(PageWalk, RowHeightsOfTheReportSetTheGridAndEmptyLines) {
   }
 }
 
-TEST(PageWalk, AFormFeedInsideAPageStartsItsLowerHalf) {
+TEST(PageWalk, aFormFeedInsideAPageStartsItsLowerHalf) {
   VSet settings;
   settings.Prn.VertRes = 1122;
   settings.Prn.LogPixelsY = 96;
@@ -91,7 +91,7 @@ TEST(PageWalk, AFormFeedInsideAPageStartsItsLowerHalf) {
   EXPECT_EQ(drawn(page), plainTexts("0,566 a|0,7849 b|0,8076 c|0,7849 d"));
 }
 
-TEST(PageWalk, MeasuresTheExtentOfTheContent) {
+TEST(PageWalk, measuresTheExtentOfTheContent) {
   TestReport report(
       "abc\r\n<text left=100 top=100 tc=far/>a\r\n<shape left=1 top=1 right=90 bottom=90/>");
   RecordingCanvas canvas;
@@ -103,12 +103,12 @@ TEST(PageWalk, MeasuresTheExtentOfTheContent) {
   EXPECT_EQ(height, 454 / 15);
 }
 
-TEST(PageWalk, CharactersComeFromTheReportsCodePage) {
+TEST(PageWalk, charactersComeFromTheReportsCodePage) {
   EXPECT_EQ(drawn("\x80\xE1", 866), plain("0,0", "<410><441>"));
   EXPECT_EQ(drawn("a\xE9", 1252), plain("0,0", "a<0>"));
 }
 
-TEST(PageWalk, BoxTextIsAlignedAndReadByItsCharacterSet) {
+TEST(PageWalk, boxTextIsAlignedAndReadByItsCharacterSet) {
   for (const auto& [align, place] : {std::pair{"alignH=0 alignV=0", "566,566"},
                                      {"alignH=1 alignV=1", "1640,736"},
                                      {"alignH=2 alignV=2", "2714,906"},

@@ -21,7 +21,7 @@ void writePicture(const TemporaryDirectory& place, const std::string& name, std:
 }
 
 // More of them than are kept decoded, most of them files of one length.
-TEST(ReportPictures, AreTakenForNoOther) {
+TEST(ReportPictures, areTakenForNoOther) {
   const TemporaryDirectory place;
   // The name on the disk, and that in the report.
   std::vector<std::pair<std::string, std::string>> names = {

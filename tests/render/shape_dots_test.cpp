@@ -28,7 +28,7 @@ std::string fullLines(const Picture& page, int left, int top) {
          count([&](int line, int i) { return ink(i, line + i); }) + " falling";
 }
 
-TEST(ShapeDots, HatchesRunTheirWayEightDotsApart) {
+TEST(ShapeDots, hatchesRunTheirWayEightDotsApart) {
   const std::pair<int, const char*> rows[] = {
       {2, "0 level 0 upright 4 rising 0 falling"},    {3, "4 level 4 upright 0 rising 0 falling"},
       {4, "0 level 0 upright 4 rising 4 falling"},    {5, "0 level 0 upright 0 rising 4 falling"},
@@ -73,7 +73,7 @@ int rowsOfInk(const Picture& page, int x, int y) {
 }
 
 // The patterns are those of the screens that the styles come from: dots for thin pens.
-TEST(ShapeDots, PensHaveTheirPatternsAndWidths) {
+TEST(ShapeDots, pensHaveTheirPatternsAndWidths) {
   // The keys, the runs from the start, and the width.
   const std::tuple<std::string, std::string, int> rows[] = {{"pt=1", "378 ", 1},
                                                             {"pt=2", "18 6 18 6 18 6", 1},
@@ -100,7 +100,7 @@ TEST(ShapeDots, PensHaveTheirPatternsAndWidths) {
   }
 }
 
-TEST(ShapeDots, CornersAreRoundedByWidthAndHeight) {
+TEST(ShapeDots, cornersAreRoundedByWidthAndHeight) {
   // From 75,113 to 378,227; a corner is a quarter of 40 by 10 dots.
   const std::string keys = "sh_type=3 rw=1200 rh=300 pcRGB=\"0,0,90\"";
   const Picture page = pictureOf(itemTag("shape", {20, 30, 100, 60}, keys));
@@ -112,7 +112,7 @@ TEST(ShapeDots, CornersAreRoundedByWidthAndHeight) {
   EXPECT_EQ(dotAt(page, 377 - 20, 226), 0xFFFFFFU);
 }
 
-TEST(ShapeDots, PicturesKeepTheirColoursAndDirections) {
+TEST(ShapeDots, picturesKeepTheirColoursAndDirections) {
   const TemporaryDirectory place;
   run({"convert-im6.q16", "-size",   "10x10", "(",       "xc:#C00000",
        "xc:#00C000",      "+append", ")",     "(",       "xc:#0000C0",

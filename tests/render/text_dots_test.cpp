@@ -17,7 +17,7 @@ std::string placed(int left, int top, const std::string& keys) {
 // Blanks show nothing but their strokes. At 60 points an em is 80 dots; the face has 2048 units, an
 // ascent of 1705, an advance of 1229, an underline of 84 from 393 below the baseline down, a
 // strike-out of 102 from 530 above it down.
-TEST(TextDots, StrokesFollowTheFaceAndTheTurn) {
+TEST(TextDots, strokesFollowTheFaceAndTheTurn) {
   // The keys, the left in millimetres, and the ink. The baseline is 66.6 dots below the top, the
   // four blanks are 192.03 long.
   const std::tuple<const char*, int, const char*> rows[] = {
@@ -33,7 +33,7 @@ TEST(TextDots, StrokesFollowTheFaceAndTheTurn) {
 
 // The box goes from 75.53, 377.93 to 453.53, 604.67; three blanks of 20 points, each with 170 twips
 // behind it, are 82.01 long and 30.2 high, their stroke lies 27.86 below their top.
-TEST(TextDots, BoxesAlignTextsWithTheirSpaces) {
+TEST(TextDots, boxesAlignTextsWithTheirSpaces) {
   const std::pair<int, int> across[] = {{75, 158}, {223, 306}, {371, 454}};
   const std::pair<int, int> along[] = {{405, 406}, {504, 505}, {602, 603}};
   for (int i = 0; i < 9; ++i) {
@@ -50,7 +50,7 @@ TEST(TextDots, BoxesAlignTextsWithTheirSpaces) {
 
 // At 19 points a blank is 228.04 twips wide, less 226: 4100 of them end at 556.8 dots, however they
 // are painted.
-TEST(TextDots, LongTextsGoOnWhereTheyAre) {
+TEST(TextDots, longTextsGoOnWhereTheyAre) {
   const Picture page =
       pictureOf("<font height=19 hs=-4/>" + std::string(4100, ' ') + "<font hs=0 fu=1/>  ");
   const Box ink = inkBox(page, {0, 0, page.width, page.height});
@@ -58,7 +58,7 @@ TEST(TextDots, LongTextsGoOnWhereTheyAre) {
 }
 
 // Glyphs stand at quarters of a dot, so that gaps are even where an advance is no whole dot.
-TEST(TextDots, LettersStandInEvenSteps) {
+TEST(TextDots, lettersStandInEvenSteps) {
   constexpr double kAdvance = 11 * 20 * 1229 / 2048.0 / 15;
   const Picture page = pictureOf(placed(20, 20, "height=11 tc=\"" + std::string(20, '|') + "\""));
   const auto centre = [&page](double left) {
@@ -77,7 +77,7 @@ TEST(TextDots, LettersStandInEvenSteps) {
 }
 
 // The face has one style only, and a square.
-TEST(TextDots, MissingStylesAreMade) {
+TEST(TextDots, missingStylesAreMade) {
   for (const Road road : {Road::picture, Road::print}) {
     SCOPED_TRACE(static_cast<int>(road));
     std::string report;
@@ -124,7 +124,7 @@ std::pair<Picture, std::vector<Box>> lettersOf(
 }
 
 // The strokes at the left, upper, right and lower edge, by the names of the characters.
-TEST(TextDots, BoxLinesReachTheEdgesThatTheirNamesTell) {
+TEST(TextDots, boxLinesReachTheEdgesThatTheirNamesTell) {
   const auto rows = rowsOf(
       "─ 1010|│ 0101|┌ 0011|┐ 1001|└ 0110|┘ 1100|├ 0111|┤ 1101|┬ 1011|┴ 1110|┼ 1111|═ 2020|║ 0202|"
       "╒ 0021|╓ 0012|╔ 0022|╕ 2001|╖ 1002|╗ 2002|╘ 0120|╙ 0210|╚ 0220|╛ 2100|╜ 1200|╝ 2200|╞ 0121|"
@@ -160,7 +160,7 @@ TEST(TextDots, BoxLinesReachTheEdgesThatTheirNamesTell) {
 }
 
 // Quarters of ink in the upper left and right and the lower left and right of the cell.
-TEST(TextDots, BlocksFillTheirPartOfTheCell) {
+TEST(TextDots, blocksFillTheirPartOfTheCell) {
   const auto rows = rowsOf("▀ 4400|▄ 0044|█ 4444|▌ 4040|▐ 0404|░ 1111|▒ 2222|▓ 3333");
   const auto [page, cells] = lettersOf(rows);
   for (std::size_t i = 0; i < rows.size(); ++i) {

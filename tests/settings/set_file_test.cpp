@@ -80,7 +80,7 @@ class SetFileTest : public testing::Test {
   }
 
   TemporaryDirectory place_;
-  Variable codePage_{"QOR_ANSI_CODEPAGE", "1254"};
+  Variable code_page_{"QOR_ANSI_CODEPAGE", "1254"};
 
  private:
   OptionsGuard guard_;
@@ -252,7 +252,7 @@ TEST_F(SetFileTest, holdsNamesInTheAnsiCodePage) {
   const std::array<std::string, 3> rows[] = {{"1254", "Şçğ İı", "\xDE\xE7\xF0 \xDD\xFD"},
                                              {"1251", "Отчёт №", "\xCE\xF2\xF7\xB8\xF2 \xB9"}};
   for (const auto& [codePage, name, bytes] : rows) {
-    codePage_.set(codePage.c_str());
+    code_page_.set(codePage.c_str());
     use("<Ver/>\n", name);
     EXPECT_EQ(VSet().SaveSet(), 0);
     EXPECT_NE(file().find(fileOf("|<Set SetName='" + bytes + "'>")), std::string::npos) << name;

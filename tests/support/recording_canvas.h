@@ -11,12 +11,12 @@ namespace qor::test {
 
 class RecordingCanvas : public Canvas {
  public:
-  explicit RecordingCanvas(int dotsPerInch = 96) : dotsPerInch_{dotsPerInch, dotsPerInch} {}
+  explicit RecordingCanvas(int dotsPerInch = 96) : dots_per_inch_{dotsPerInch, dotsPerInch} {}
 
   // All calls so far. Coordinates are in twips.
   const std::string& record() const { return record_; }
 
-  Point dotsPerInch() const override { return dotsPerInch_; }
+  Point dotsPerInch() const override { return dots_per_inch_; }
   void setMapping(const Mapping&) override {}
   void setClip(const Rect&) override {}
   void clearClip() override {}
@@ -35,7 +35,7 @@ class RecordingCanvas : public Canvas {
   void note(const std::string& line) { record_ += line + "\n"; }
   std::string tools() const;
 
-  Point dotsPerInch_;
+  Point dots_per_inch_;
   std::string record_;
 };
 

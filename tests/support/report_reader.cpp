@@ -80,7 +80,7 @@ TestReport::TestReport(std::string_view bytes, int codePage) : name_(prepare(byt
   doc_.ScanPages(false);
 }
 
-std::string TestReport::dump(int number, int mode) {
+std::string TestReport::dump(int number, PageMode mode) {
   std::string result;
   for (const VDocStr& line : page(number, mode).lines()) {
     result += "line";

@@ -33,10 +33,12 @@ class TestReport {
   VDoc& doc() { return doc_; }
 
   // The loaded page.
-  VDocPage& page(int number = 1, int mode = 0) { return *doc_.GetPage(number, mode); }
+  VDocPage& page(int number = 1, PageMode mode = PageMode::plain) {
+    return *doc_.GetPage(number, mode);
+  }
 
   // The lines and items of a page, one line of text for each.
-  std::string dump(int number = 1, int mode = 0);
+  std::string dump(int number = 1, PageMode mode = PageMode::plain);
 
   std::string path(std::string_view name) const { return directory_.path(name); }
 

@@ -26,7 +26,7 @@ std::uint32_t dotAt(PageBitmap& bitmap, int x, int y) {
   return bitmap.pixels().row(y - top)[static_cast<std::size_t>(x - left)] & 0xFFFFFFU;
 }
 
-TEST(PageBitmap, SmallViewsAreDrawnOnce) {
+TEST(PageBitmap, smallViewsAreDrawnOnce) {
   int drawings = 0;
   PageBitmap bitmap;
   bitmap.start({1200, 1100}, 1, 96, marking(drawings));
@@ -42,7 +42,7 @@ TEST(PageBitmap, SmallViewsAreDrawnOnce) {
   EXPECT_EQ(bitmap.pixels().width, 1500);
 }
 
-TEST(PageBitmap, LargeViewsAreDrawnAroundWhatIsSeen) {
+TEST(PageBitmap, largeViewsAreDrawnAroundWhatIsSeen) {
   int drawings = 0;
   PageBitmap bitmap;
   bitmap.start({30000, 40000}, 1.5, 96, marking(drawings));
@@ -57,7 +57,7 @@ TEST(PageBitmap, LargeViewsAreDrawnAroundWhatIsSeen) {
   EXPECT_EQ(bitmap.corner().y + bitmap.pixels().height, 60000);
 }
 
-TEST(PageBitmap, AFailedDrawingLeavesNothing) {
+TEST(PageBitmap, aFailedDrawingLeavesNothing) {
   PageBitmap bitmap;
   bitmap.start({100, 100}, 1, 96, [](Canvas&, const ViewPart&) { throw PictureError("no"); });
   EXPECT_THROW(bitmap.cover({0, 0, 10, 10}), PictureError);
@@ -81,7 +81,7 @@ PageView sheetView(std::int32_t unreached) {
   return view;
 }
 
-TEST(PageView, DrawsSheetMarginsAndPage) {
+TEST(PageView, drawsSheetMarginsAndPage) {
   TestReport report("<shape sh_type=2 left=0 top=0 right=10 bottom=10 bt=1 bc=Red/>");
   PageView view = sheetView(10);
   view.panel = 0x332211;
@@ -106,7 +106,7 @@ TEST(PageView, DrawsSheetMarginsAndPage) {
   EXPECT_EQ(dot(203, 50), 0x112233U) << "a wide view has no shadow";
 }
 
-TEST(PageView, ShadowsAreDarkerThanTheirGround) {
+TEST(PageView, shadowsAreDarkerThanTheirGround) {
   // The ground and its shadow, as pictures hold it; zoom, dots per pixel, and dots of depth.
   const std::tuple<Color, std::uint32_t, std::int32_t, double, int> rows[] = {
       {0xC0C0C0, 0x766D5C, 100, 1, 7},  {0x332211, 0x081119, 100, 1, 7},

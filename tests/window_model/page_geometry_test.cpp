@@ -6,14 +6,13 @@
 
 #include "settings/print_scale.h"
 #include "window_model/page_layout.h"
-#include "window_model/page_moves.h"
 #include "window_model/zoom_fit.h"
 
 namespace qor::test {
 namespace {
 
 // Resolution 600, 4960 by 7016 dots behind an offset of 100, of which 4760 by 6816 are printable.
-const VSetPrn kPrinter = {0, 0, 0, 4760, 6816, 600, 600, 0, 0, 4960, 7016, 100, 100, {}, {}};
+const VSetPrn kPrinter = {{0, 600, 600, 4760, 6816, 0, 0, 4960, 7016, 100, 100}, 0, 0, {}, {}};
 constexpr ScreenArea kArea = {{1000, 700}};
 constexpr std::int32_t kBar = 15;
 
@@ -33,7 +32,7 @@ Numbers numbers(const VSetScr& s) {
           s.print_right, s.print_bottom, s.margin_left, s.margin_top};
 }
 
-TEST(PageGeometry, NormalSheetStandsInTheMiddleOrBehindAGap) {
+TEST(PageGeometry, normalSheetStandsInTheMiddleOrBehindAGap) {
   // A zoom (-1 and -2 fit), the width of the area, and what comes of them.
   const std::tuple<std::int32_t, std::int32_t, std::int32_t, Numbers> rows[] = {
       {0, 1000, 100, {96, 96, 600, 600, 813, 1142, 92, 10, 793, 1122, 16, 16, 777, 1106, 37, 75}},
@@ -55,7 +54,7 @@ TEST(PageGeometry, NormalSheetStandsInTheMiddleOrBehindAGap) {
             Numbers({48, 48, 300, 300, 436, 601, 281, 48, 396, 561, 8, 8, 388, 553, 37, 75}));
 }
 
-TEST(PageGeometry, WideViewIsAsLargeAsPaperAndContent) {
+TEST(PageGeometry, wideViewIsAsLargeAsPaperAndContent) {
   for (std::int32_t zoom : {100, kFitWidth, kFitHeight}) {
     EXPECT_EQ(numbers(wideSheet(page(), kPrinter, kArea, {1700, 400}, zoom)),
               Numbers({96, 96, 600, 600, 1700, 1122, 0, 0, 793, 1122, 0, 0, 1700, 1122, 37, 75}));
@@ -67,7 +66,7 @@ TEST(PageGeometry, WideViewIsAsLargeAsPaperAndContent) {
   EXPECT_EQ(sheet.view_height, 1000);
 }
 
-TEST(PageGeometry, BarsTakeRoomWhereTheSheetIsLarger) {
+TEST(PageGeometry, barsTakeRoomWhereTheSheetIsLarger) {
   const std::pair<Extent, Numbers> rows[] = {{{900, 600}, {1000, 700}},  {{1000, 700}, {1000, 700}},
                                              {{985, 701}, {985, 700}},   {{1001, 685}, {1000, 685}},
                                              {{1200, 600}, {1000, 685}}, {{900, 800}, {985, 700}},
@@ -78,7 +77,7 @@ TEST(PageGeometry, BarsTakeRoomWhereTheSheetIsLarger) {
   }
 }
 
-TEST(PageGeometry, ViewsOpenThePrinterAtAScale) {
+TEST(PageGeometry, viewsOpenThePrinterAtAScale) {
   // A4: 793 pixels of paper against a page of 1586; the printer's sheet has 793 pixels, too.
   VSetPage paper;
   EXPECT_EQ(previewPrintScale({96, 100, 1586}, paper, kPrinter), 47);
@@ -88,7 +87,7 @@ TEST(PageGeometry, ViewsOpenThePrinterAtAScale) {
   EXPECT_EQ(previewPrintScale({96, 100, 1586}, paper, kPrinter), 50) << "Letter";
 }
 
-TEST(ZoomFit, LeavesNoBars) {
+TEST(ZoomFit, leavesNoBars) {
   const struct {
     const char* what;
     Extent area, content;                // the content of a wide view; none: a sheet
@@ -128,7 +127,7 @@ std::string places(const Extent& view, const Extent& client, std::int32_t first,
   return text;
 }
 
-TEST(PageGeometry, SeveralPagesStandInRows) {
+TEST(PageGeometry, severalPagesStandInRows) {
   const Extent view = {300, 400};
   EXPECT_EQ(places(view, {1000, 900}, 3, 20),
             "3 at 12,17 4 at 337,17 5 at 662,17 6 at 12,450 7 at 337,450 8 at 662,450 ");
@@ -146,7 +145,7 @@ TEST(PageGeometry, SeveralPagesStandInRows) {
   EXPECT_EQ(places({0, 0}, {1000, 900}, 1, 5), "");
 }
 
-TEST(PageGeometry, NumbersStandBesideSheetsWhereThereIsRoom) {
+TEST(PageGeometry, numbersStandBesideSheetsWhereThereIsRoom) {
   // The board, a page, the height of its label, and where that stands.
   const std::tuple<const char*, Extent, std::size_t, std::int32_t, Point> rows[] = {
       {"in the 30 pixels between rows", {260, 460}, 0, 16, {50, 207}},
@@ -160,19 +159,6 @@ TEST(PageGeometry, NumbersStandBesideSheetsWhereThereIsRoom) {
       {1, {10, 0}}, {2, {150, 0}}, {3, {10, 230}}, {4, {150, 230}}};
   for (const auto& [what, board, index, high, corner] : rows)
     EXPECT_EQ(numberCorner(pages, index, {100, 200}, board, {20, high}), corner) << what;
-}
-
-TEST(PageGeometry, MovesStopAtTheEnds) {
-  // From a page of so many, with so many on view, to a page.
-  using Number = std::int32_t;
-  const std::tuple<PageMove, Number, Number, Number, Number> rows[] = {
-      {PageMove::first, 7, 10, 1, 1},    {PageMove::previous, 9, 20, 8, 1},
-      {PageMove::previous, 8, 20, 8, 1}, {PageMove::previous, 10, 20, 8, 2},
-      {PageMove::next, 1, 20, 8, 9},     {PageMove::next, 13, 20, 8, 13},
-      {PageMove::next, 15, 20, 8, 23},   {PageMove::last, 1, 20, 8, 13},
-      {PageMove::last, 1, 3, 8, 1}};
-  for (const auto& [move, current, total, onView, to] : rows)
-    EXPECT_EQ(movedPage(move, current, total, onView), to) << current << " of " << total;
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 namespace qor::test {
 namespace {
 
-TEST(ViewTexts, DatesMoveTheHourAlone) {
+TEST(ViewTexts, datesMoveTheHourAlone) {
   const UtcTime late = {2026, 3, 7, 23, 5};
   EXPECT_EQ(fileDateText(late, 0), "07/03/2026  23:05");
   EXPECT_EQ(fileDateText(late, -180), "07/03/2026  26:05");
@@ -15,7 +15,7 @@ TEST(ViewTexts, DatesMoveTheHourAlone) {
   EXPECT_EQ(fileDateText({2026, 1, 1, 9, 0}, 210), "01/01/2026  6:00") << "whole hours only";
 }
 
-TEST(ViewTexts, OwnersNumberStandsBeforeTheLastPoint) {
+TEST(ViewTexts, ownersNumberStandsBeforeTheLastPoint) {
   const std::pair<const char*, std::int32_t> rows[] = {
       {"/tmp/rep1234.txt", 1234}, {"/a.b/rep0042.txt", 42},
       {"r1234.new.txt", 0},       {"/tmp/report.txt", 0},

@@ -1,17 +1,15 @@
-// Reports as one flowing page of HTML. Text goes out as it stands in the report, byte for byte, in
-// the report's own code page.
+// Text goes out as it stands in the report, byte for byte, in the report's own code page.
+#include "export/html/html_export.h"
+
 #include <cstdio>
-#include <string>
 
 #include "barcode/barcode_picture.h"
-#include "base/app_options.h"
 #include "base/errors.h"
 #include "base/path.h"
 #include "base/text.h"
 #include "base/units.h"
 #include "document/code_page.h"
-#include "document/loaded_page.h"
-#include "export/exporters.h"
+#include "document/item_visitor.h"
 #include "platform/pictures/picture.h"
 #include "platform/system/directory.h"
 #include "platform/system/input_file.h"
@@ -21,12 +19,11 @@
 namespace qor {
 namespace {
 
-constexpr int kBoldWeight = 700;
 constexpr int kHtmlDpi = 72;
 constexpr std::uint64_t kMaxBarcodePicture = 64U << 20;
 
 std::int64_t htmlPixels(std::int32_t twips) {
-  return std::int64_t{twips} * kHtmlDpi / kTwipsPerInch;
+  return pixelsFromTwips(twips, kHtmlDpi);
 }
 
 void appendFont(const FontState& font, std::string& html) {
@@ -59,8 +56,8 @@ std::string linkOf(const std::string& name, int codePage) {
   return codePageFromUtf8(link, codePage, Substitute::htmlReference);
 }
 
-void appendBarcode(const VData_BarCode& code, std::string& html) {
-  const std::string name = barcodePictureName(code, ".jpeg");
+void appendBarcode(const VData_BarCode& code, std::string_view stem, std::string& html) {
+  const std::string name = barcodePictureName(code, stem, ".jpeg");
   const auto file = readWholeFile(name, kMaxBarcodePicture);
   const auto picture = file ? decodePicture(*file) : std::nullopt;
   if (!picture) return;
@@ -68,54 +65,63 @@ void appendBarcode(const VData_BarCode& code, std::string& html) {
   appendSize(picture->width, picture->height, html);
 }
 
-std::string headOf(const VDoc& doc) {
+std::string headOf(const VDoc& doc, const RunOptions& run) {
   const int codePage = doc.Settings.Page.BaseCodePage;
-  const auto line = [](std::string text) { return text + "\r\n"; };
+  const auto line = [](const std::string& text) { return text + "\r\n"; };
   std::string html = line("<html>") + line("<head>");
-  html += line("<title>" +
-               codePageFromUtf8(AppOptions.WindowCaption, codePage, Substitute::htmlReference) +
+  html += line("<title>" + codePageFromUtf8(run.caption, codePage, Substitute::htmlReference) +
                "</title>");
-  html += line("<meta name=\"Description\" content=\"QOR Report convertor Ver." +
-               AppOptions.ProgramVersion + "\">");
-  html += line("<meta http-equiv=\"Content-Type\" content=\"text/html;charset=" +
+  html += line(R"(<meta name="Description" content="QOR Report convertor Ver.)" + run.version +
+               R"(">)");
+  html += line(R"(<meta http-equiv="Content-Type" content="text/html;charset=)" +
                std::string(CodePageName(codePage)) + "\">");
   html += line("</head>") + line("<body>");
   html += line("<basefont face=\"" + std::string(doc.Settings.Font.LogFont.faceName()) + "\">");
   return html + line("<pre>");
 }
 
+class HtmlTeller : public ItemVisitor {
+ public:
+  HtmlTeller(std::string_view stem, std::string& html) : stem_(stem), html_(html) {}
+
+  void font(VData_Font& item) override { appendFont(item.Font, html_); }
+  void text(VData_Text& text) override { html_ += text.Text; }
+  void image(VData_Image& image) override {
+    if (!stem_.empty()) appendImage(image, html_);
+  }
+  void barcode(VData_BarCode& code) override {
+    if (!stem_.empty()) appendBarcode(code, stem_, html_);
+  }
+
+ private:
+  std::string_view stem_;
+  std::string& html_;
+};
+
 }  // namespace
 
-void LineToHtml(const VDocStr& line, bool savePictures, std::string& html) {
-  for (VData& item : line.items()) {
-    if (const auto* font = dynamic_cast<const VData_Font*>(&item)) appendFont(font->Font, html);
-    if (const auto* text = dynamic_cast<const VData_Text*>(&item)) html += text->Text;
-    if (auto* image = dynamic_cast<VData_Image*>(&item); image && savePictures) {
-      appendImage(*image, html);
-    }
-    if (const auto* code = dynamic_cast<const VData_BarCode*>(&item); code && savePictures) {
-      appendBarcode(*code, html);
-    }
-  }
+void LineToHtml(const VDocStr& line, std::string_view stem, std::string& html) {
+  HtmlTeller teller(stem, html);
+  line.tell(teller);
 }
 
-void ExportHtml(VDoc& doc, const ExportOptions& options) {
-  OutputFile file(options.TargetName);
-  file.write(headOf(doc));
+ExportResult ExportHtml(ExportTask& task) {
+  OutputFile file(task.target);
+  file.write(headOf(task.doc, task.run));
+  const std::string stem = task.options.SaveHtmlPictures ? sideFileStem(task.run.report) : "";
   std::string html;
-  for (std::int32_t number = 1; number <= doc.PageCount; ++number) {
-    const LoadedPage page(doc, number, options.PageMode);
-    if (options.SaveHtmlPictures) {
-      writeBarcodePicturesOf(*page, sideFileStem(AppOptions.FileName));
-    }
-    for (const VDocStr& line : page->lines()) {
+  forEachPage(task.doc, task.mode, task.progress, [&](const VDocPage& page) {
+    if (!stem.empty()) writeBarcodePicturesOf(page, stem);
+    forEachLine(page, [&](const VDocStr& line) {
       html.clear();
-      LineToHtml(line, options.SaveHtmlPictures, html);
+      LineToHtml(line, stem, html);
       file.write(html.append("\r\n"));
-    }
-  }
+    });
+  });
   file.write("</pre>\r\n</body>\r\n</html>\r\n");
   file.commit();
+  task.files.push_back(task.target);
+  return ExportResult::done;
 }
 
 }  // namespace qor

@@ -1,15 +1,15 @@
 // Pages as pictures.
+#include "export/image/image_export.h"
+
 #include <array>
-#include <string>
 
 #include "base/errors.h"
 #include "base/path.h"
 #include "base/units.h"
 #include "document/code_page.h"
-#include "document/loaded_page.h"
-#include "export/exporters.h"
 #include "platform/canvas/bitmap_canvas.h"
 #include "platform/pictures/save_picture.h"
+#include "platform/system/messages.h"
 #include "render/page_walk.h"
 #include "render/sheet.h"
 
@@ -49,12 +49,12 @@ BitmapCanvas bitmapOf(const VSetScr& screen, const std::string& target) {
   try {
     return {screen.paper_width, screen.paper_height, kPictureDpi};
   } catch (const PictureError& error) {
-    throw FileError(target + ": " + error.what());
+    throw FileError(target + ": " + error.what(), ErrorKind::cannotWrite);
   }
 }
 
 void layOutSheet(VSet& settings) {
-  settings.Prn = sheetOf(settings.Page, kPictureDpi);
+  settings.Prn = sheetAsDevice(settings.Page, kPictureDpi);
   settings.Scr = screenOf(settings.Page, settings.Prn, kPictureDpi);
 }
 
@@ -70,23 +70,23 @@ void RenderPageToImage(VDocPage& page, Canvas& canvas) {
   canvas.clearClip();
 }
 
-int ExportImages(VDoc& doc, const ExportOptions& options, ExportFileList& files) {
-  auto formats = options.ImageFormats;
-  if (extensionOf(options.TargetName).empty()) formats.set(kImageJpeg);
-  const TargetNames names(options.TargetName, doc.PageCount != 1);
-  layOutSheet(doc.Settings);
-  BitmapCanvas bitmap = bitmapOf(doc.Settings.Scr, options.TargetName);
-  for (std::int32_t number = 1; number <= doc.PageCount; ++number) {
-    const LoadedPage page(doc, number, options.PageMode);
+ExportResult ExportImages(ExportTask& task) {
+  if (task.doc.PageCount == 0) showWarning(task.target + ": the report has no pages");
+  auto formats = task.options.ImageFormats;
+  if (extensionOf(task.target).empty()) formats.set(kImageJpeg);
+  const TargetNames names(task.target, task.doc.PageCount != 1);
+  layOutSheet(task.doc.Settings);
+  BitmapCanvas bitmap = bitmapOf(task.doc.Settings.Scr, task.target);
+  forEachPage(task.doc, task.mode, task.progress, [&](VDocPage& page) {
     bitmap.clear();
-    RenderPageToImage(*page, bitmap.canvas());
+    RenderPageToImage(page, bitmap.canvas());
     for (std::size_t i = 0; i < kFormats.size(); ++i) {
       if (!formats.test(i)) continue;
-      files.push_back(names.name(number, kFormats[i].extension));
-      savePicture(bitmap.pixels(), kFormats[i].format, kPictureDpi, files.back());
+      task.files.push_back(names.name(page.Number, kFormats[i].extension));
+      savePicture(bitmap.pixels(), kFormats[i].format, kPictureDpi, task.files.back());
     }
-  }
-  return kExportFiles;
+  });
+  return ExportResult::files;
 }
 
 }  // namespace qor

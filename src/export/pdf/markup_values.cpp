@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "base/units.h"
 #include "platform/canvas/color.h"
 
 namespace qor {
@@ -28,7 +29,7 @@ PdfColor colorOf(std::string_view value) {
 }
 
 double wholePoints(std::string_view twips) {
-  return static_cast<double>(std::int64_t{integerOf(twips)} * kPointsPerInch / kTwipsPerInch);
+  return wholePointsFromTwips(integerOf(twips));
 }
 
 }  // namespace qor

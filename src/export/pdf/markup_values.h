@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <string_view>
 
-#include "base/units.h"
 #include "platform/pdf/pdf_content.h"
 
 namespace qor {
@@ -13,10 +12,7 @@ std::int32_t integerOf(std::string_view value);
 double realOf(std::string_view value, double otherwise = 0);
 PdfColor colorOf(std::string_view value);
 
-// Twips as points; the first one as whole points.
+// Twips as whole points.
 double wholePoints(std::string_view twips);
-inline double points(double twips) {
-  return twips * kPointsPerInch / kTwipsPerInch;
-}
 
 }  // namespace qor

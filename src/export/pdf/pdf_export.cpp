@@ -1,4 +1,6 @@
-// Reports as PDF documents: through the markup, or as a print job into a file.
+// Reports as PDF documents.
+#include "export/pdf/pdf_export.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
@@ -8,13 +10,9 @@
 #include <string>
 
 #include "barcode/barcode_picture.h"
-#include "base/app_options.h"
 #include "base/path.h"
 #include "base/units.h"
 #include "document/code_page.h"
-#include "document/loaded_page.h"
-#include "document/vdoc.h"
-#include "export/exporters.h"
 #include "export/pdf/pdf_markup.h"
 #include "export/pdf/pdf_writer.h"
 #include "platform/print/pdf_file_printer.h"
@@ -22,6 +20,7 @@
 #include "platform/system/input_file.h"
 #include "platform/system/messages.h"
 #include "platform/system/output_file.h"
+#include "settings/printers.h"
 
 namespace qor {
 namespace {
@@ -55,11 +54,11 @@ const char* languageOf(int codePage) {
   }
 }
 
-PdfInformation informationOf(const VDoc& doc) {
-  const std::string report(baseNameOf(AppOptions.FileName));
-  return {AppOptions.WindowCaption.empty() ? report : AppOptions.WindowCaption,
-          languageOf(doc.Settings.Page.BaseCodePage),
-          AppOptions.ProgramName + " " + AppOptions.ProgramVersion, creationTime()};
+PdfInformation informationOf(const ExportTask& task) {
+  const RunOptions& run = task.run;
+  return {run.caption.empty() ? std::string(baseNameOf(run.report)) : run.caption,
+          languageOf(task.doc.Settings.Page.BaseCodePage), run.program + " " + run.version,
+          creationTime()};
 }
 
 // A code page that isn't as the system has it, or that the system doesn't have. Throws as
@@ -73,12 +72,34 @@ void defineCodePage(PdfDocument& document, int codePage) {
   document.defineEncoding(name, encoding);
 }
 
-int exportByPrinter(VDoc& doc, const ExportOptions& options) {
-  AppOptions.PrinterName = kPdfFilePrinter;
-  doc.PrintScale = options.ScaleToPaper ? options.PaperScale : 100;
-  doc.PrintScaleFlag = options.ScaleToPaper;
-  doc.PrintToFile(options.TargetName);
-  return 0;
+// Keeps what a job on another printer would leave behind: the chosen one stays as it was.
+class ChosenPrinter {
+ public:
+  explicit ChosenPrinter(VDoc& doc)
+      : doc_(doc), scale_(doc.PrintScale), flag_(doc.PrintScaleFlag), metrics_(gPrintMetrics) {}
+  ~ChosenPrinter() {
+    doc_.PrintScale = scale_;
+    doc_.PrintScaleFlag = flag_;
+    gPrintMetrics = metrics_;
+  }
+  ChosenPrinter(const ChosenPrinter&) = delete;
+  ChosenPrinter& operator=(const ChosenPrinter&) = delete;
+
+ private:
+  VDoc& doc_;
+  std::int32_t scale_;
+  bool flag_;
+  SheetMeasures metrics_;
+};
+
+void exportByPrinter(const ExportTask& task) {
+  const ChosenPrinter chosen(task.doc);
+  const ExportOptions& options = task.options;
+  task.doc.PrintScale = options.ScaleToPaper ? options.PaperScale : 100;
+  task.doc.PrintScaleFlag = options.ScaleToPaper;
+  RunOptions run = task.run;
+  run.printer = kPdfFilePrinter;
+  task.doc.PrintToFile(run, task.target);
 }
 
 struct WidthRow {
@@ -89,53 +110,63 @@ constexpr WidthRow kWidthDivisors[] = {{10, 1.335}, {9, 1.295}, {8, 1.455}, {12,
 constexpr double kOtherDivisor = 1.35;
 
 // Points. Pages may change the font, and the last one decides.
-std::int32_t pageWidthOf(VDoc& doc, const ExportOptions& options) {
-  if (options.PageMode != kWindowPageMode)
+std::int32_t pageWidthOf(const ExportTask& task) {
+  VDoc& doc = task.doc;
+  if (task.mode != PageMode::pictures)
     return doc.Settings.Page.landscape() ? kLandscapeWidth : kUprightWidth;
   const double height = doc.FontAt(doc.PageCount + 1).Height;
   const auto* row =
       std::find_if(std::begin(kWidthDivisors), std::end(kWidthDivisors),
                    [height](const WidthRow& each) { return each.fontHeight == height; });
   const double divisor = row == std::end(kWidthDivisors) ? kOtherDivisor : row->divisor;
-  return truncated(options.PreviewPageWidth / divisor);
+  return truncated(task.options.PreviewPageWidth / divisor);
 }
 
-void writePages(VDoc& doc, const ExportOptions& options, PdfDocument& document) {
-  const int codePage = doc.Settings.Page.BaseCodePage;
-  const std::string stem = sideFileStem(options.TargetName);
+void writePages(const ExportTask& task, PdfDocument& document) {
+  const int codePage = task.doc.Settings.Page.BaseCodePage;
+  const std::string stem = sideFileStem(task.target);
   defineCodePage(document, codePage);
   PdfWriter writer(document, codePage, stem);
   PdfLines lines(1);
   const PdfLines pageEnd = {{std::string(1, kPageMark)}};
-  for (std::int32_t number = 1; number <= doc.PageCount; ++number) {
-    const LoadedPage page(doc, number, options.PageMode);
-    writeBarcodePicturesOf(*page, stem);
-    for (const VDocStr& line : page->lines()) {
+  forEachPage(task.doc, task.mode, task.progress, [&](const VDocPage& page) {
+    writeBarcodePicturesOf(page, stem);
+    forEachLine(page, [&](const VDocStr& line) {
       lines.front().clear();
       LineToMarkup(line, lines, 0);
       writer.WritePdf(lines);
-    }
-    if (number != doc.PageCount) writer.WritePdf(pageEnd);
+    });
+    if (page.Number != task.doc.PageCount) writer.WritePdf(pageEnd);
+  });
+  writer.endPages(pageWidthOf(task));
+}
+
+// As a document that is told; false where the engine's resource file is missing.
+bool exportTold(const ExportTask& task) {
+  const std::string resources = programDirectory() + "pdflib.upr";
+  if (!fileExists(resources)) {
+    showWarning(missingText(resources, task.doc.Settings.Page.BaseCodePage));
+    return false;
   }
-  writer.endPages(pageWidthOf(doc, options));
+  OutputFile file(task.target);
+  PdfDocument document(file, informationOf(task));
+  document.setResourceFile(resources);
+  writePages(task, document);
+  document.finish();
+  file.commit();
+  return true;
 }
 
 }  // namespace
 
-int ExportPdf(VDoc& doc, const ExportOptions& options) {
-  if (options.PrintToPdfPrinter) return exportByPrinter(doc, options);
-  const std::string resources = programDirectory() + "pdflib.upr";
-  if (!fileExists(resources)) {
-    showWarning(missingText(resources, doc.Settings.Page.BaseCodePage));
-    return kExportStop;
+ExportResult ExportPdf(ExportTask& task) {
+  if (task.options.PrintToPdfPrinter) {
+    exportByPrinter(task);
+  } else if (!exportTold(task)) {
+    return ExportResult::stopped;
   }
-  OutputFile file(options.TargetName);
-  PdfDocument document(file, informationOf(doc));
-  document.setResourceFile(resources);
-  writePages(doc, options, document);
-  document.finish();
-  file.commit();
-  return 0;
+  task.files.push_back(task.target);
+  return ExportResult::done;
 }
 
 }  // namespace qor

@@ -6,13 +6,13 @@
 #include <type_traits>
 
 #include "base/text.h"
+#include "document/item_visitor.h"
 #include "document/vdata.h"
 #include "document/vdocstr.h"
 
 namespace qor {
 namespace {
 
-constexpr int kBoldFrom = 700;
 constexpr std::size_t kLongestName = 3;
 
 // What records call the fields.
@@ -104,7 +104,7 @@ void writeFont(const FontState& font, MarkupWriter& out) {
   out.textField(PdfField::fontName, font.LogFont.faceName());
   out.number(PdfField::fontSize, font.Height);
   out.number(PdfField::fontColor, static_cast<std::uint32_t>(font.Color));
-  if (font.LogFont.Weight >= kBoldFrom) out.field(PdfField::fontBold, "1");
+  if (font.LogFont.Weight >= kBoldWeight) out.field(PdfField::fontBold, "1");
   if (font.LogFont.Italic == 1) out.field(PdfField::fontItalic, "1");
 }
 
@@ -163,15 +163,20 @@ std::string recordOf(const VData_Image& image) {
   return out.take();
 }
 
-std::string recordOf(const VData& item, bool overprint) {
-  if (const auto* text = dynamic_cast<const VData_Text*>(&item)) {
-    return recordOf(*text, overprint);
-  }
-  if (const auto* code = dynamic_cast<const VData_BarCode*>(&item)) return recordOf(*code);
-  if (const auto* image = dynamic_cast<const VData_Image*>(&item)) return recordOf(*image);
-  if (const auto* shape = dynamic_cast<const VData_Shape*>(&item)) return recordOf(*shape);
-  return {};
-}
+class RecordTeller : public ItemVisitor {
+ public:
+  RecordTeller(std::vector<std::string>& records, bool overprint)
+      : records_(records), overprint_(overprint) {}
+
+  void text(VData_Text& text) override { records_.push_back(recordOf(text, overprint_)); }
+  void shape(VData_Shape& shape) override { records_.push_back(recordOf(shape)); }
+  void image(VData_Image& image) override { records_.push_back(recordOf(image)); }
+  void barcode(VData_BarCode& code) override { records_.push_back(recordOf(code)); }
+
+ private:
+  std::vector<std::string>& records_;
+  bool overprint_;
+};
 
 // The field that starts with the bracket here, or count.
 PdfField fieldAt(std::string_view text) {
@@ -197,7 +202,8 @@ void LineToMarkup(const VDocStr& line, PdfLines& lines, std::size_t index) {
   std::vector<std::string>& records = lines[index];
   const std::size_t first = records.size();
   const bool overprint = line.Overprint == 1 && line.LineFeeds == 0;
-  for (const VData& item : line.items()) records.push_back(recordOf(item, overprint));
+  RecordTeller teller(records, overprint);
+  line.tell(teller);
   if (records.size() > first) records[first].append(records.size() - first, '\n');
 }
 
@@ -216,7 +222,7 @@ MarkupRecord::MarkupRecord(std::string_view record) : whole_(record) {
     if (field == PdfField::count || has_[number]) continue;
     has_[number] = true;
     values_[number] = valueOf(record.substr(place), nameOf(field));
-    if (field == PdfField::fontName) plainText_ = record.substr(0, place);
+    if (field == PdfField::fontName) plain_text_ = record.substr(0, place);
   }
 }
 

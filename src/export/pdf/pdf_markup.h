@@ -79,14 +79,14 @@ class MarkupRecord {
   bool has(PdfField field) const { return has_[static_cast<std::size_t>(field)]; }
 
   // What stands before the name of the font; nothing where there is none.
-  std::string_view plainText() const { return plainText_; }
+  std::string_view plainText() const { return plain_text_; }
   std::string_view whole() const { return whole_; }
 
  private:
   static constexpr auto kCount = static_cast<std::size_t>(PdfField::count);
 
   std::string_view whole_;
-  std::string_view plainText_;
+  std::string_view plain_text_;
   std::array<std::string_view, kCount> values_{};
   std::array<bool, kCount> has_{};
 };

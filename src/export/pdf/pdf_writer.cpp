@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "base/text.h"
+#include "base/units.h"
+#include "document/item_kinds.h"
 #include "export/pdf/markup_values.h"
 #include "platform/system/text_encoding.h"
 
@@ -51,7 +53,7 @@ std::optional<FitOptions> fitOf(const MarkupRecord& record, double size) {
 
 PdfWriter::PdfWriter(PdfDocument& document, int codePage, std::string stem)
     : document_(document),
-      codePage_(codePage),
+      code_page_(codePage),
       encoding_("cp" + std::to_string(codePage)),
       stem_(std::move(stem)) {
   beginPage();
@@ -98,15 +100,13 @@ std::size_t PdfWriter::fontOf(const MarkupRecord& record) {
   const std::string_view name = record[PdfField::fontName];
   const bool bold = record[PdfField::fontBold] == "1";
   const bool italic = record[PdfField::fontItalic] == "1";
-  const std::size_t style = (bold ? 1U : 0U) + (italic ? 2U : 0U);
-  const auto known = fonts_.find(name);
-  if (known != fonts_.end() && known->second[style]) return *known->second[style];
+  auto& fonts = fonts_[(bold ? 1U : 0U) + (italic ? 2U : 0U)];
+  const auto known = fonts.find(name);
+  if (known != fonts.end()) return known->second;
   std::string buffer;
   const std::string face =
-      faceFor(utf8FromCodePage(trimmed(withBrackets(name, buffer)), codePage_));
-  const std::size_t font = document_.loadFont({face, bold, italic}, encoding_);
-  fonts_[std::string(name)][style] = font;
-  return font;
+      faceFor(utf8FromCodePage(trimmed(withBrackets(name, buffer)), code_page_));
+  return fonts[std::string(name)] = document_.loadFont({face, bold, italic}, encoding_);
 }
 
 // Sets the font of a record; gives its size.
@@ -140,8 +140,8 @@ void PdfWriter::showText(const MarkupRecord& record, const std::optional<FitOpti
   const bool newLine = record.whole().find('\n') != std::string_view::npos;
   if (newLine && record.has(PdfField::textLeft)) document_.setLeading(0);
   if (fit) {
-    document_.fitTextline(isPlaced ? text : content, points(left_), kPageHeight - points(top_),
-                          *fit);
+    document_.fitTextline(isPlaced ? text : content, pointsFromTwips(left_),
+                          kPageHeight - pointsFromTwips(top_), *fit);
   } else if (newLine) {
     document_.continueText(text);
   } else {
@@ -158,18 +158,19 @@ void PdfWriter::writeText(const MarkupRecord& record) {
   takePlace(record);
   const bool positioned = left_ > 0 || top_ > 0;
   const PdfPoint before = document_.currentPoint();
-  if (positioned) document_.setTextPosition(points(left_), kPageHeight - points(top_) - size);
+  if (positioned)
+    document_.setTextPosition(pointsFromTwips(left_), kPageHeight - pointsFromTwips(top_) - size);
   const double angle = realOf(record[PdfField::textAngle]) / 10;
   if (angle > 0) turn(angle);
   showText(record, positioned ? fitOf(record, size) : std::nullopt);
   if (angle > 0) document_.restore();
   // The point is in points already, and is scaled all the same.
   if (positioned)
-    document_.setTextPosition(points(before.x), kPageHeight - points(before.y) - size);
+    document_.setTextPosition(pointsFromTwips(before.x),
+                              kPageHeight - pointsFromTwips(before.y) - size);
 }
 
 void PdfWriter::writeShape(const MarkupRecord& record) {
-  enum { kLine = 1, kRectangle = 2 };
   constexpr std::int32_t kPenTypes = 6;
   document_.setStrokeColor(colorOf(record[PdfField::boxColor]));
   const double left = wholePoints(record[PdfField::boxLeft]);
@@ -178,11 +179,11 @@ void PdfWriter::writeShape(const MarkupRecord& record) {
   const double bottom = kPageHeight - wholePoints(record[PdfField::boxBottom]);
   const std::int32_t type = integerOf(record[PdfField::shapeType]);
   const std::int32_t pen = integerOf(record[PdfField::penType]);
-  if (type == kLine) {
+  if (type == kLineShape) {
     document_.moveTo(left, top);
     document_.lineTo(right, bottom);
     document_.stroke();
-  } else if (type == kRectangle && pen >= 0 && pen < kPenTypes) {
+  } else if (type == kRectangleShape && pen >= 0 && pen < kPenTypes) {
     document_.setDash(dashesOf(pen));
     document_.rectangle(left, top, right - left, bottom - top);
     document_.stroke();

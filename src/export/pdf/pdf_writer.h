@@ -45,15 +45,15 @@ class PdfWriter {
   void newPage();
 
   PdfDocument& document_;
-  int codePage_;
+  int code_page_;
   std::string encoding_;
   std::string stem_;
-  // The document's fonts by their names in records: plain, bold, italic, and both.
-  std::map<std::string, std::array<std::optional<std::size_t>, 4>, std::less<>> fonts_;
+  // The document's fonts by their names in records: plain, bold, italic, both.
+  std::array<std::map<std::string, std::size_t, std::less<>>, 4> fonts_;
   double left_ = 0;  // twips; they stay until a record tells others
   double top_ = 0;
   PdfColor color_;
-  PdfPoint lastImage_;  // pixels; frames of pictures that fail have the size of the last one
+  PdfPoint last_image_;  // pixels; frames of pictures that fail have the size of the last one
 };
 
 }  // namespace qor

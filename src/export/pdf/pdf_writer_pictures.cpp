@@ -1,5 +1,7 @@
 // Pictures and barcodes on pages.
 #include "barcode/barcode_picture.h"
+#include "base/units.h"
+#include "document/item_kinds.h"
 #include "document/picture_file.h"
 #include "export/pdf/markup_values.h"
 #include "export/pdf/pdf_writer.h"
@@ -11,24 +13,24 @@ namespace {
 constexpr std::uint64_t kMaxBarcodePicture = 64U << 20;
 
 // Pictures in their own size hang from the place they are put at.
-constexpr FitOptions kNaturalSize = {.vertical = 1, .dpi = 96};
+constexpr FitOptions kNaturalSize = {.vertical = 1, .dpi = kPictureDpi};
 
 }  // namespace
 
 // The picture of a file's bytes, null where they are none.
 const PdfImage* PdfWriter::imageOf(const std::optional<std::string>& file) {
   const PdfImage* image = file ? document_.loadImage(*file) : nullptr;
-  if (image != nullptr) lastImage_ = {double(image->width), double(image->height)};
+  if (image != nullptr) last_image_ = {double(image->width), double(image->height)};
   return image;
 }
 
 // A picture that may be missing, in the box of its record, with its frame.
 void PdfWriter::putInBox(const PdfImage* image, const MarkupRecord& record, FitOptions fit) {
-  const double left = points(realOf(record[PdfField::imageLeft]));
-  const double width = points(realOf(record[PdfField::imageRight])) - left;
+  const double left = pointsFromTwips(realOf(record[PdfField::imageLeft]));
+  const double width = pointsFromTwips(realOf(record[PdfField::imageRight])) - left;
   const double height =
-      points(realOf(record[PdfField::imageBottom]) - realOf(record[PdfField::imageTop]));
-  const double bottom = kPageHeight - height - points(realOf(record[PdfField::imageTop]));
+      pointsFromTwips(realOf(record[PdfField::imageBottom]) - realOf(record[PdfField::imageTop]));
+  const double bottom = kPageHeight - height - pointsFromTwips(realOf(record[PdfField::imageTop]));
   fit.box = {width, height};
   if (image != nullptr) document_.fitImage(*image, left, bottom, fit);
   document_.rectangle(left, bottom, width, height);
@@ -40,24 +42,24 @@ void PdfWriter::putAtCorner(const PdfImage* image, const MarkupRecord& record) {
   const double left = wholePoints(record[PdfField::imageLeft]);
   const double top = kPageHeight - wholePoints(record[PdfField::imageTop]);
   if (image != nullptr) document_.fitImage(*image, left, top, kNaturalSize);
-  const double perPixel = kPointsPerInch / kNaturalSize.dpi;
-  document_.rectangle(left, top - lastImage_.y * perPixel, lastImage_.x * perPixel,
-                      lastImage_.y * perPixel);
+  const double perPixel = pointsPerDot(kNaturalSize.dpi);
+  document_.rectangle(left, top - last_image_.y * perPixel, last_image_.x * perPixel,
+                      last_image_.y * perPixel);
   document_.stroke();
 }
 
 void PdfWriter::writeImage(const MarkupRecord& record) {
-  enum { kNone = -1, kNatural = 0, kEntire = 1, kMeet = 2 };
+  constexpr std::int32_t kNone = -1;
   const std::int32_t frame = integerOf(record[PdfField::imageColor]);
   document_.setStrokeColor(frame == 0 ? PdfColor{1, 1, 1} : colorOf(record[PdfField::imageColor]));
   std::string buffer;
   const PdfImage* image =
-      imageOf(readNamedFile(withBrackets(record[PdfField::imageFile], buffer), codePage_));
+      imageOf(readNamedFile(withBrackets(record[PdfField::imageFile], buffer), code_page_));
   const std::string_view stretch = record[PdfField::imageStretch];
   switch (stretch.empty() ? kNone : integerOf(stretch)) {
-    case kNatural: return putAtCorner(image, record);
-    case kEntire: return putInBox(image, record, {.vertical = 1, .method = FitMethod::entire});
-    case kMeet:
+    case kNaturalStretch: return putAtCorner(image, record);
+    case kFillStretch: return putInBox(image, record, {.vertical = 1, .method = FitMethod::entire});
+    case kFitStretch:
       return putInBox(image, record,
                       {.horizontal = 0.5, .vertical = 0.5, .method = FitMethod::meet});
     default: break;
@@ -69,7 +71,7 @@ void PdfWriter::writeBarcode(const MarkupRecord& record) {
     document_.setStrokeColor(colorOf(record[PdfField::boxColor]));
   std::string buffer;
   const std::string name = barcodePictureName(
-      {stem_, withBrackets(record[PdfField::barcodeValue], buffer), codePage_,
+      {stem_, withBrackets(record[PdfField::barcodeValue], buffer), code_page_,
        integerOf(record[PdfField::boxLeft]), integerOf(record[PdfField::boxTop])},
       ".jpeg");
   const PdfImage* image = imageOf(readWholeFile(name, kMaxBarcodePicture));

@@ -1,32 +1,44 @@
-// Reports as plain text.
-#include <string>
+// Texts of lines.
+#include "export/text/text_export.h"
 
-#include "document/loaded_page.h"
-#include "export/exporters.h"
+#include "document/item_visitor.h"
 #include "platform/system/output_file.h"
 
 namespace qor {
+namespace {
+
+class TextTeller : public ItemVisitor {
+ public:
+  explicit TextTeller(std::string& out) : out_(out) {}
+
+  void text(VData_Text& text) override { out_ += text.Text; }
+
+ private:
+  std::string& out_;
+};
+
+}  // namespace
 
 void LineToText(const VDocStr& line, std::string& text) {
-  for (const VData& item : line.items()) {
-    if (const auto* run = dynamic_cast<const VData_Text*>(&item)) text += run->Text;
-  }
+  TextTeller teller(text);
+  line.tell(teller);
 }
 
-void ExportText(VDoc& doc, const ExportOptions& options) {
-  OutputFile file(options.TargetName);
+ExportResult ExportText(ExportTask& task) {
+  OutputFile file(task.target);
   std::string text;
-  for (std::int32_t number = 1; number <= doc.PageCount; ++number) {
-    const LoadedPage page(doc, number, options.PageMode);
-    for (const VDocStr& line : page->lines()) {
+  forEachPage(task.doc, task.mode, task.progress, [&](const VDocPage& page) {
+    forEachLine(page, [&](const VDocStr& line) {
       text.clear();
       LineToText(line, text);
       file.write(text.append("\r\n"));
-    }
-    if (options.UseNewPageChar) file.write("\f\r\n");
-  }
-  if (options.UseEofChar) file.write("\x1A\r\n");
+    });
+    if (task.options.UseNewPageChar) file.write("\f\r\n");
+  });
+  if (task.options.UseEofChar) file.write("\x1A\r\n");
   file.commit();
+  task.files.push_back(task.target);
+  return ExportResult::done;
 }
 
 }  // namespace qor

@@ -21,7 +21,7 @@ constexpr std::string_view kOptions[] = {
     "-dd(-DD) - delete data file after print report",
     "-dynamic - dynamic mode of reading data file",
     "-test    - test mode for preview, print button disabled",
-    "-e (-E)  <file extension> - File Export (rtf,doc,pdf,bmp,jpeg,gif,ico)",
+    "-e (-E)  <file extension> - File Export (%)",
     "/?, /h, -h - show help window",
 };
 

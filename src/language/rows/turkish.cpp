@@ -21,7 +21,7 @@ constexpr std::string_view kOptions[] = {
     "-dd(-DD) - rapor basma işleminden sonra veri dosyasını sil",
     "-dynamic - veri dosyasını dinamik olarak oku",
     "-test    - önizleme için test, yazdırma işlemi yapılamaz",
-    "-e (-E)  <dosya uzantısı> - Dosya Export(rtf,doc,pdf,bmp,jpeg,gif,ico)",
+    "-e (-E)  <dosya uzantısı> - Dosya Export(%)",
     "/?, /h, -h - yardım",
 };
 

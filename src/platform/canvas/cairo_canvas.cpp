@@ -39,17 +39,17 @@ double near(double dot, std::int32_t size, double beyond) {
 
 CairoCanvas::CairoCanvas(cairo_surface_t* surface, Point size, Point dotsPerInch, DotGrid grid)
     : context_(cairo_create(surface)),
-      fontOptions_(cairo_font_options_create()),
+      font_options_(cairo_font_options_create()),
       size_(size),
-      dotsPerInch_(dotsPerInch),
+      dots_per_inch_(dotsPerInch),
       grid_(grid),
       mapping_{double(dotsPerInch.x), double(dotsPerInch.y), 0, 0} {
   const bool hinted = grid == DotGrid::visible;
-  cairo_font_options_set_antialias(fontOptions_.get(), CAIRO_ANTIALIAS_GRAY);
-  cairo_font_options_set_hint_metrics(fontOptions_.get(), CAIRO_HINT_METRICS_OFF);
-  cairo_font_options_set_hint_style(fontOptions_.get(),
+  cairo_font_options_set_antialias(font_options_.get(), CAIRO_ANTIALIAS_GRAY);
+  cairo_font_options_set_hint_metrics(font_options_.get(), CAIRO_HINT_METRICS_OFF);
+  cairo_font_options_set_hint_style(font_options_.get(),
                                     hinted ? CAIRO_HINT_STYLE_SLIGHT : CAIRO_HINT_STYLE_NONE);
-  cairo_set_font_options(context_.get(), fontOptions_.get());
+  cairo_set_font_options(context_.get(), font_options_.get());
 }
 
 CairoCanvas::~CairoCanvas() = default;
@@ -70,12 +70,12 @@ void CairoCanvas::clearClip() {
 }
 
 CairoCanvas::Dots CairoCanvas::dots(double x, double y) const {
-  return {x * mapping_.dpiX / kTwipsPerInch + mapping_.originX,
-          y * mapping_.dpiY / kTwipsPerInch + mapping_.originY};
+  return {realDotsFromTwips(x, mapping_.dpiX) + mapping_.originX,
+          realDotsFromTwips(y, mapping_.dpiY) + mapping_.originY};
 }
 
 CairoCanvas::Dots CairoCanvas::dotsPerTwip() const {
-  return {double(mapping_.dpiX) / kTwipsPerInch, double(mapping_.dpiY) / kTwipsPerInch};
+  return {realDotsPerTwip(mapping_.dpiX), realDotsPerTwip(mapping_.dpiY)};
 }
 
 CairoCanvas::DotBox CairoCanvas::box(const Rect& rect, double beyond) const {
@@ -108,8 +108,8 @@ void CairoCanvas::rectangle(const Rect& rect) {
 
 void CairoCanvas::roundRect(const Rect& rect, std::int32_t width, std::int32_t height) {
   const DotBox place = edges(rect);
-  const Dots corner = {width * double(mapping_.dpiX) / kTwipsPerInch / 2,
-                       height * double(mapping_.dpiY) / kTwipsPerInch / 2};
+  const Dots corner = {realDotsFromTwips(width, mapping_.dpiX) / 2,
+                       realDotsFromTwips(height, mapping_.dpiY) / 2};
   const double rx = std::clamp(corner.x, 0.0, place.width() / 2);
   const double ry = std::clamp(corner.y, 0.0, place.height() / 2);
   if (rx <= 0 || ry <= 0) return rectangle(rect);

@@ -37,7 +37,7 @@ class CairoCanvas : public Canvas {
   CairoCanvas(cairo_surface_t* surface, Point size, Point dotsPerInch, DotGrid grid);
   ~CairoCanvas() override;
 
-  Point dotsPerInch() const override { return dotsPerInch_; }
+  Point dotsPerInch() const override { return dots_per_inch_; }
   void setMapping(const Mapping& mapping) override;
   void setClip(const Rect& dots) override;
   void clearClip() override;
@@ -104,11 +104,11 @@ class CairoCanvas : public Canvas {
   void paintStroke(const TextRun& run, const TextStroke& stroke);
 
   CairoOwned<cairo_t> context_;
-  CairoOwned<cairo_font_options_t> fontOptions_;
+  CairoOwned<cairo_font_options_t> font_options_;
   std::map<const FontFace*, CairoOwned<cairo_font_face_t>> faces_;
   std::vector<cairo_glyph_t> glyphs_;
   Point size_;
-  Point dotsPerInch_;
+  Point dots_per_inch_;
   DotGrid grid_;
   Mapping mapping_;
 };

@@ -59,8 +59,7 @@ void drawHatch(cairo_surface_t* tile, const Brush& brush, double step, double wi
 }  // namespace
 
 double CairoCanvas::penWidth() const {
-  const double width =
-      std::min(double(pen().width) * mapping_.dpiX / kTwipsPerInch, kBeyondSurface);
+  const double width = std::min(realDotsFromTwips(pen().width, mapping_.dpiX), kBeyondSurface);
   return std::max(1.0, grid_ == DotGrid::visible ? std::round(width) : width);
 }
 

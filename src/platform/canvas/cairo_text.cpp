@@ -58,8 +58,7 @@ void CairoCanvas::useFace(const FontFace& face, const TextRun& run) {
   if (!kept) kept = cairoFace(face);
   cairo_set_font_face(context_.get(), kept.get());
   cairo_matrix_t matrix;
-  cairo_matrix_init_scale(&matrix, double(mapping_.dpiX) / kTwipsPerInch,
-                          double(mapping_.dpiY) / kTwipsPerInch);
+  cairo_matrix_init_scale(&matrix, dotsPerTwip().x, dotsPerTwip().y);
   cairo_matrix_rotate(&matrix, -angleOf(run));
   cairo_matrix_scale(&matrix, run.font.emSize() * run.font.widthScale(), run.font.emSize());
   cairo_set_font_matrix(context_.get(), &matrix);
@@ -96,7 +95,7 @@ void CairoCanvas::putGlyphs(cairo_t* context, const TextRun& run, std::u32string
 }
 
 void CairoCanvas::paintStroke(const TextRun& run, const TextStroke& stroke) {
-  const double dotsPerUnit = double(mapping_.dpiY) / kTwipsPerInch;
+  const double dotsPerUnit = dotsPerTwip().y;
   const bool whole = grid_ == DotGrid::visible && run.record.Escapement == 0;
   double thickness = std::max(1.0, stroke.thickness * dotsPerUnit);
   double middle = (run.font.metrics().ascent + stroke.offset) * dotsPerUnit;
@@ -109,7 +108,7 @@ void CairoCanvas::paintStroke(const TextRun& run, const TextStroke& stroke) {
   cairo_translate(context_.get(), corner.x, corner.y);
   cairo_rotate(context_.get(), -angleOf(run));
   cairo_rectangle(context_.get(), 0, middle - thickness / 2,
-                  run.length * mapping_.dpiX / kTwipsPerInch, thickness);
+                  realDotsFromTwips(run.length, mapping_.dpiX), thickness);
   cairo_restore(context_.get());
   cairo_fill(context_.get());
 }

@@ -45,14 +45,14 @@ Point Canvas::currentPosition() const {
 void Canvas::reset() {
   pen_ = {};
   brush_ = {};
-  textColor_ = kBlack;
-  characterExtra_ = 0;
+  text_color_ = kBlack;
+  character_extra_ = 0;
   position_ = {};
 }
 
 double Canvas::textLength(std::u32string_view text) const {
   double length = 0;
-  for (const char32_t c : text) length += font_->glyph(c).advance + characterExtra_;
+  for (const char32_t c : text) length += font_->glyph(c).advance + character_extra_;
   return length;
 }
 
@@ -65,9 +65,9 @@ Canvas::Position Canvas::paintAt(Position start, std::u32string_view text) {
     for (const char32_t c : part) {
       const Glyph glyph = font_->glyph(c);
       glyphs_.push_back({glyph.face, glyph.index, length});
-      length += glyph.advance + characterExtra_;
+      length += glyph.advance + character_extra_;
     }
-    paintText({*font_, record_, textColor_, start.x, start.y, length, part, glyphs_});
+    paintText({*font_, record_, text_color_, start.x, start.y, length, part, glyphs_});
     if (record_.Escapement == 0) {
       start.x += length;
     } else {

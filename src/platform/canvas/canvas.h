@@ -110,8 +110,8 @@ class Canvas {
   // The font of texts, and what else they need.
   void setFont(const LogFont& font);
   const TextMetrics& textMetrics() const { return font_->metrics(); }
-  void setTextColor(Color color) { textColor_ = color; }
-  void setCharacterExtra(std::int32_t extra) { characterExtra_ = extra; }
+  void setTextColor(Color color) { text_color_ = color; }
+  void setCharacterExtra(std::int32_t extra) { character_extra_ = extra; }
 
   // The current position, where text and lines start.
   void moveTo(Point position);
@@ -156,8 +156,8 @@ class Canvas {
   Brush brush_;
   LogFont record_;
   std::shared_ptr<const ScaledFont> font_;
-  Color textColor_ = kBlack;
-  std::int32_t characterExtra_ = 0;
+  Color text_color_ = kBlack;
+  std::int32_t character_extra_ = 0;
   Position position_;
   std::vector<PlacedGlyph> glyphs_;
 };

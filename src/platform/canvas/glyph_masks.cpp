@@ -5,6 +5,8 @@
 #include FT_SIZES_H
 #include FT_SYNTHESIS_H
 
+#include "base/units.h"
+
 namespace qor {
 namespace {
 
@@ -25,7 +27,8 @@ class OwnSize {
   OwnSize& operator=(const OwnSize&) = delete;
 
   bool set(std::int32_t width, std::int32_t height) {
-    return size_ != nullptr && FT_Set_Char_Size(face_, width, height, 72, 72) == 0;
+    return size_ != nullptr &&
+           FT_Set_Char_Size(face_, width, height, kPointsPerInch, kPointsPerInch) == 0;
   }
 
  private:
@@ -67,7 +70,7 @@ GlyphMask render(const MaskKey& key) {
 
 std::size_t GlyphMasks::Hash::operator()(const MaskKey& key) const {
   constexpr std::uint64_t spread = 0x9E3779B97F4A7C15;  // 2^64 divided by the golden ratio
-  std::uint64_t hash = reinterpret_cast<std::uintptr_t>(key.face);
+  auto hash = reinterpret_cast<std::uintptr_t>(key.face);
   for (const std::uint64_t part :
        {std::uint64_t{key.glyph}, static_cast<std::uint64_t>(key.width),
         static_cast<std::uint64_t>(key.height), static_cast<std::uint64_t>(key.phase)}) {

@@ -3,13 +3,14 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "base/errors.h"
 
 namespace qor {
 namespace {
 
-constexpr std::size_t kBufferSize = 64 * 1024;
+constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
 constexpr const char* kDocumentFormat = "application/pdf";
 constexpr const char* kUpright = "3";  // pages lie as they are to be read already
 
@@ -74,7 +75,7 @@ void addTicket(Options& options, const JobTicket& ticket) {
 
 }  // namespace
 
-CupsJob::CupsJob(const std::string& queue) : queue_(queue), connection_(connectToScheduler()) {
+CupsJob::CupsJob(std::string queue) : queue_(std::move(queue)), connection_(connectToScheduler()) {
   if (!connection_) fail();
   buffer_.reserve(kBufferSize);
 }

@@ -10,7 +10,7 @@ namespace qor {
 class CupsJob : public PrintJob {
  public:
   // Throws PrintError where no scheduler answers.
-  explicit CupsJob(const std::string& queue);
+  explicit CupsJob(std::string queue);
   ~CupsJob() override;
   CupsJob(const CupsJob&) = delete;
   CupsJob& operator=(const CupsJob&) = delete;

@@ -48,7 +48,7 @@ struct SheetCollection {
 };
 
 // A media-col: a size and its margins.
-SheetCollection sheetOf(ipp_t* collection) {
+SheetCollection collectionOf(ipp_t* collection) {
   SheetCollection sheet;
   ipp_attribute_t* size = ippFindAttribute(collection, "media-size", IPP_TAG_BEGIN_COLLECTION);
   if (size != nullptr) {
@@ -65,7 +65,9 @@ SheetCollection sheetOf(ipp_t* collection) {
 std::vector<SheetCollection> sheetsOf(ipp_t* answer, const char* name) {
   std::vector<SheetCollection> sheets;
   ipp_attribute_t* all = ippFindAttribute(answer, name, IPP_TAG_BEGIN_COLLECTION);
-  for (int i = 0; i < ippGetCount(all); ++i) sheets.push_back(sheetOf(ippGetCollection(all, i)));
+  sheets.reserve(static_cast<std::size_t>(ippGetCount(all)));
+  for (int i = 0; i < ippGetCount(all); ++i)
+    sheets.push_back(collectionOf(ippGetCollection(all, i)));
   return sheets;
 }
 
@@ -229,12 +231,12 @@ class CupsQueues : public PrintQueues {
     constexpr std::chrono::minutes kPause(1);
     const auto now = Clock::now();
     if (now - start < kUnansweredAfter) return;
-    silentUntil_ = now + kPause;
+    silent_until_ = now + kPause;
     connection_.reset();
   }
 
   bool connected() {
-    if (Clock::now() < silentUntil_) return false;
+    if (Clock::now() < silent_until_) return false;
     if (!connection_) connection_ = connectToScheduler();
     return connection_ != nullptr;
   }
@@ -249,7 +251,7 @@ class CupsQueues : public PrintQueues {
   }
 
   Connection connection_;
-  Clock::time_point silentUntil_{};
+  Clock::time_point silent_until_{};
 };
 
 }  // namespace

@@ -10,12 +10,16 @@ namespace qor {
 
 inline constexpr std::size_t kFaceNameSize = 32;
 
+// Weights of faces, of 0 to 1000. From the second one on a text counts as bold.
+inline constexpr std::int32_t kPlainWeight = 400;
+inline constexpr std::int32_t kBoldWeight = 700;
+
 struct LogFont {
   std::int32_t Height = -10;     // logical units; negative: of the character, positive: of the cell
   std::int32_t Width = 0;        // average width, logical units; 0: the natural one
   std::int32_t Escapement = 0;   // of the line, tenths of a degree, counter-clockwise
   std::int32_t Orientation = 0;  // of each character; always as Escapement
-  std::int32_t Weight = 400;     // 0 to 1000
+  std::int32_t Weight = kPlainWeight;  // 0 to 1000
   std::uint8_t Italic = 0;
   std::uint8_t Underline = 0;
   std::uint8_t StrikeOut = 0;

@@ -34,13 +34,13 @@ class OutlineFont : public ScaledFont {
   explicit OutlineFont(const LogFont& font)
       : request_{std::string(font.faceName()), font.Weight, font.Italic != 0},
         face_(matchFace(request_)),
-        emSize_(emSizeOf(font, face_->measures())) {
+        em_size_(emSizeOf(font, face_->measures())) {
     measure(std::min(std::abs(double(font.Width)), kLargestSize));
   }
 
   const TextMetrics& metrics() const override { return metrics_; }
-  double emSize() const override { return emSize_; }
-  double widthScale() const override { return widthScale_; }
+  double emSize() const override { return em_size_; }
+  double widthScale() const override { return width_scale_; }
 
   TextStroke underline() const override {
     return {scaled(face_->measures().underlineOffset),
@@ -66,7 +66,7 @@ class OutlineFont : public ScaledFont {
 
  private:
   double scaled(double fontUnits) const {
-    return fontUnits * emSize_ / face_->measures().unitsPerEm;
+    return fontUnits * em_size_ / face_->measures().unitsPerEm;
   }
 
   void measure(double width) {
@@ -76,8 +76,8 @@ class OutlineFont : public ScaledFont {
     metrics_.descent = metrics_.height - metrics_.ascent;
     metrics_.externalLeading = rounded(scaled(face.externalLeading));
     const double natural = scaled(face.averageWidth);
-    if (width > 0 && natural > 0) widthScale_ = width / natural;
-    metrics_.averageWidth = rounded(natural * widthScale_);
+    if (width > 0 && natural > 0) width_scale_ = width / natural;
+    metrics_.averageWidth = rounded(natural * width_scale_);
   }
 
   // A character that no face has is drawn as the face's own mark for missing ones.
@@ -90,14 +90,14 @@ class OutlineFont : public ScaledFont {
         index = face->glyphIndex(character);
       }
     }
-    const double unit = emSize_ * widthScale_ / face->measures().unitsPerEm;
+    const double unit = em_size_ * width_scale_ / face->measures().unitsPerEm;
     return {face.get(), index, face->advance(index) * unit};
   }
 
   FaceRequest request_;
   std::shared_ptr<const FontFace> face_;
-  double emSize_;
-  double widthScale_ = 1;
+  double em_size_;
+  double width_scale_ = 1;
   TextMetrics metrics_;
   mutable std::array<Glyph, 256> common_{};
   mutable std::unordered_map<char32_t, Glyph> others_;

@@ -44,7 +44,7 @@ std::string bytesOf(hb_blob_t* taken) {
   const HarfBuzz<hb_blob_t> blob(taken);
   unsigned length = 0;
   const char* data = hb_blob_get_data(blob.get(), &length);
-  return std::string(data, length);
+  return {data, length};
 }
 
 FontSubset cutFont(const std::string& file, int index, const std::set<std::uint32_t>& glyphs) {

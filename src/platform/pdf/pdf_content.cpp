@@ -29,7 +29,7 @@ void PdfContent::clear() {
   wanted_ = written_ = {};
   written_.text.size = -1;  // no font yet
   saved_.clear();
-  inText_ = false;
+  in_text_ = false;
 }
 
 void PdfContent::operate(std::initializer_list<double> operands, std::string_view operation) {
@@ -104,17 +104,17 @@ void PdfContent::image(const std::string& name, double x, double y, double width
 }
 
 void PdfContent::openText() {
-  if (inText_) return;
+  if (in_text_) return;
   bytes_ += "BT\n";
-  inText_ = true;
+  in_text_ = true;
   slanted_ = false;
-  lineX_ = lineY_ = penX_ = 0;
+  line_x_ = line_y_ = pen_x_ = 0;
 }
 
 void PdfContent::closeText() {
-  if (!inText_) return;
+  if (!in_text_) return;
   bytes_ += "ET\n";
-  inText_ = false;
+  in_text_ = false;
 }
 
 void PdfContent::useStyle(const PdfTextStyle& style) {
@@ -130,24 +130,24 @@ void PdfContent::useStyle(const PdfTextStyle& style) {
   if (style.bold) useStroke(color, style.size * kBoldStroke, {});
 }
 
-bool PdfContent::place(std::int64_t x, std::int64_t y, bool slanted) {
+bool PdfContent::startText(std::int64_t x, std::int64_t y, bool slanted) {
   const auto points = [](std::int64_t value) { return static_cast<double>(value) / 1000; };
   if (slanted || slanted_) {
     bytes_ += "1 0 " + std::to_string(slanted ? kSlant : 0) + " 1 ";
     operate({points(x), points(y)}, "Tm");
     slanted_ = slanted;
-  } else if (x == penX_ && y == lineY_) {
+  } else if (x == pen_x_ && y == line_y_) {
     return false;
-  } else if (x == lineX_ && y < lineY_) {
-    if (written_.leading != lineY_ - y) operate({points(lineY_ - y)}, "TL");
-    written_.leading = lineY_ - y;
-    lineY_ = y;
+  } else if (x == line_x_ && y < line_y_) {
+    if (written_.leading != line_y_ - y) operate({points(line_y_ - y)}, "TL");
+    written_.leading = line_y_ - y;
+    line_y_ = y;
     return true;
   } else {
-    operate({points(x - lineX_), points(y - lineY_)}, "Td");
+    operate({points(x - line_x_), points(y - line_y_)}, "Td");
   }
-  lineX_ = x;
-  lineY_ = y;
+  line_x_ = x;
+  line_y_ = y;
   return false;
 }
 
@@ -171,10 +171,10 @@ void PdfContent::show(double x, double y, const PdfTextStyle& style, std::string
   if (codes.empty()) return;
   openText();
   useStyle(style);
-  const bool nextLine = place(thousandths(x), thousandths(y), style.slanted);
+  const bool nextLine = startText(thousandths(x), thousandths(y), style.slanted);
   appendString(codes);
   bytes_ += nextLine ? "'\n" : "Tj\n";
-  penX_ = thousandths(x + length);
+  pen_x_ = thousandths(x + length);
 }
 
 }  // namespace qor

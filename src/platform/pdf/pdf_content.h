@@ -79,17 +79,17 @@ class PdfContent {
   void useStyle(const PdfTextStyle& style);
   void appendString(std::string_view codes);
   // Moves to the start of the text; true where the operator that shows it has to go to a new line.
-  bool place(std::int64_t x, std::int64_t y, bool slanted);
+  bool startText(std::int64_t x, std::int64_t y, bool slanted);
 
   std::string bytes_;
   State wanted_;
   State written_;
   std::vector<std::pair<State, State>> saved_;
-  bool inText_ = false;
-  bool slanted_ = false;    // the text matrix
-  std::int64_t lineX_ = 0;  // of the text line, as written, thousandths
-  std::int64_t lineY_ = 0;
-  std::int64_t penX_ = 0;  // behind the last text
+  bool in_text_ = false;
+  bool slanted_ = false;     // the text matrix
+  std::int64_t line_x_ = 0;  // of the text line, as written, thousandths
+  std::int64_t line_y_ = 0;
+  std::int64_t pen_x_ = 0;  // behind the last text
 };
 
 }  // namespace qor

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 #include "base/units.h"
 #include "platform/pdf/pdf_fonts.h"
@@ -29,13 +30,13 @@ std::string references(const std::vector<PdfId>& ids) {
 
 }  // namespace
 
-PdfDocument::PdfDocument(ByteSink& sink, const PdfInformation& information)
-    : information_(information),
+PdfDocument::PdfDocument(ByteSink& sink, PdfInformation information)
+    : information_(std::move(information)),
       file_(sink),
       fonts_(std::make_unique<PdfFonts>()),
       images_(file_),
-      fontDictionary_(file_.reserve()),
-      pageTree_(file_.reserve()) {
+      font_dictionary_(file_.reserve()),
+      page_tree_(file_.reserve()) {
 }
 
 PdfDocument::~PdfDocument() = default;
@@ -55,7 +56,7 @@ void PdfDocument::setPageSize(double width, double height) {
 
 void PdfDocument::beginPage() {
   content_.clear();
-  imagesOfPage_.clear();
+  images_of_page_.clear();
   saved_.clear();
   state_ = {};
   path_ = {};
@@ -65,18 +66,18 @@ void PdfDocument::endPage() {
   if (pages_.empty()) nodes_.push_back(file_.reserve());
   const PdfId contents = file_.addStream("", content_.bytes());
   std::string images;
-  for (const auto& [id, name] : imagesOfPage_) images += "/" + name + " " + pdfReference(id);
+  for (const auto& [id, name] : images_of_page_) images += "/" + name + " " + pdfReference(id);
   const PdfId page = file_.addObject("<</Type/Page/Parent " + pdfReference(nodes_.back()) +
-                                     "/Resources<</Font " + pdfReference(fontDictionary_) +
+                                     "/Resources<</Font " + pdfReference(font_dictionary_) +
                                      (images.empty() ? "" : "/XObject<<" + images + ">>") +
                                      ">>/Contents " + pdfReference(contents) + ">>");
-  if (pageCount_++ == 0) firstPage_ = page;
+  if (page_count_++ == 0) first_page_ = page;
   pages_.push_back(page);
   if (pages_.size() == kPagesOfNode) closeNode();
 }
 
 void PdfDocument::closeNode() {
-  file_.writeObject(nodes_.back(), "<</Type/Pages/Parent " + pdfReference(pageTree_) + "/Count " +
+  file_.writeObject(nodes_.back(), "<</Type/Pages/Parent " + pdfReference(page_tree_) + "/Count " +
                                        std::to_string(pages_.size()) + "/Kids" +
                                        references(pages_) + ">>");
   pages_.clear();
@@ -84,14 +85,14 @@ void PdfDocument::closeNode() {
 
 void PdfDocument::finish() {
   if (!pages_.empty()) closeNode();
-  file_.writeObject(pageTree_, "<</Type/Pages/MediaBox" + rectangleText(width_, height_) +
-                                   "/Count " + std::to_string(pageCount_) + "/Kids" +
-                                   references(nodes_) + ">>");
-  fonts_->write(file_, fontDictionary_);
+  file_.writeObject(page_tree_, "<</Type/Pages/MediaBox" + rectangleText(width_, height_) +
+                                    "/Count " + std::to_string(page_count_) + "/Kids" +
+                                    references(nodes_) + ">>");
+  fonts_->write(file_, font_dictionary_);
   const std::string metadata = writeMetadata(file_, information_);
   const PdfId catalog =
-      file_.addObject("<</Type/Catalog/Pages " + pdfReference(pageTree_) + "/OpenAction[" +
-                      pdfReference(firstPage_) + "/FitB]" + metadata + ">>");
+      file_.addObject("<</Type/Catalog/Pages " + pdfReference(page_tree_) + "/OpenAction[" +
+                      pdfReference(first_page_) + "/FitB]" + metadata + ">>");
   file_.finish(catalog, writeInformation(file_, information_));
 }
 
@@ -137,7 +138,7 @@ void PdfDocument::stroke() {
 }
 
 void PdfDocument::fitImage(const PdfImage& image, double x, double y, const FitOptions& fit) {
-  const double perPixel = kPointsPerInch / fit.dpi;
+  const double perPixel = pointsPerDot(fit.dpi);
   FitOptions::Box size = {image.width * perPixel, image.height * perPixel};
   if (fit.method == FitMethod::entire) size = fit.box;
   if (fit.method == FitMethod::meet) {
@@ -146,7 +147,7 @@ void PdfDocument::fitImage(const PdfImage& image, double x, double y, const FitO
   }
   if (!(size.width > 0) || !(size.height > 0)) return;
   const auto [name, isNew] =
-      imagesOfPage_.try_emplace(image.object, "I" + std::to_string(image.object));
+      images_of_page_.try_emplace(image.object, "I" + std::to_string(image.object));
   content_.image(name->second, x + fit.horizontal * (fit.box.width - size.width),
                  y + fit.vertical * (fit.box.height - size.height), size.width, size.height);
 }

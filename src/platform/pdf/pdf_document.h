@@ -30,7 +30,7 @@ struct PdfPoint {
 class PdfDocument {
  public:
   // Starts a document. The sink must live as long; what it throws comes through everywhere.
-  PdfDocument(ByteSink& sink, const PdfInformation& information);
+  PdfDocument(ByteSink& sink, PdfInformation information);
   ~PdfDocument();
   PdfDocument(const PdfDocument&) = delete;
   PdfDocument& operator=(const PdfDocument&) = delete;
@@ -135,15 +135,15 @@ class PdfDocument {
   State state_;
   std::vector<State> saved_;
   PdfPoint path_;
-  std::map<PdfId, std::string> imagesOfPage_;  // the names of their resources
+  std::map<PdfId, std::string> images_of_page_;  // the names of their resources
   double width_ = 0;
   double height_ = 0;
-  PdfId fontDictionary_;
-  PdfId pageTree_;
+  PdfId font_dictionary_;
+  PdfId page_tree_;
   std::vector<PdfId> nodes_;  // of the page tree
   std::vector<PdfId> pages_;  // of the node at hand
-  std::size_t pageCount_ = 0;
-  PdfId firstPage_ = 0;
+  std::size_t page_count_ = 0;
+  PdfId first_page_ = 0;
 };
 
 }  // namespace qor

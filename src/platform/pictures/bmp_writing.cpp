@@ -2,6 +2,7 @@
 #include <limits>
 
 #include "base/errors.h"
+#include "base/units.h"
 #include "platform/pictures/picture_codecs.h"
 #include "platform/system/byte_sink.h"
 
@@ -24,7 +25,7 @@ void putGrayPalette(std::string& bytes) {
 }  // namespace
 
 void putDibHeader(std::string& bytes, const PixelView& pixels, int height, int bits, int dpi) {
-  const auto density = static_cast<std::uint32_t>(pixelsPerMetre(dpi));
+  const auto density = static_cast<std::uint32_t>(dotsPerMetre(dpi));
   putLittleEndian(bytes, kDibHeaderSize, 4);
   putLittleEndian(bytes, static_cast<std::uint32_t>(pixels.width), 4);
   putLittleEndian(bytes, static_cast<std::uint32_t>(height), 4);

@@ -102,10 +102,6 @@ void copyGrays(std::span<const std::uint32_t> row, unsigned char* grays) {
                  [](std::uint32_t pixel) { return static_cast<unsigned char>(pixel & 0xFF); });
 }
 
-int pixelsPerMetre(int dpi) {
-  return static_cast<int>(std::lround(dpi * 1000.0 / kMillimetresPerInch));
-}
-
 bool SinkWriter::write(const void* bytes, std::size_t size) noexcept {
   if (failure_) return false;
   try {

@@ -52,8 +52,6 @@ void premultiply(Picture& picture);
 // The blue of each pixel: the brightness of gray ones.
 void copyGrays(std::span<const std::uint32_t> row, unsigned char* grays);
 
-int pixelsPerMetre(int dpi);
-
 // Takes the bytes of a C library to a sink. An exception must not cross the library's frames: it is
 // kept, and thrown again when the library has returned.
 class SinkWriter {

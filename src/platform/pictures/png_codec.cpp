@@ -7,6 +7,7 @@
 #include <png.h>
 
 #include "base/errors.h"
+#include "base/units.h"
 #include "platform/pictures/picture_codecs.h"
 #include "platform/system/byte_sink.h"
 
@@ -70,7 +71,7 @@ class PngReader {
       if (!readPass(pass, picture)) return std::nullopt;
     }
     if (!run(png_, [this] { png_read_end(png_, nullptr); })) return std::nullopt;
-    if (hasAlpha_) premultiply(picture);
+    if (has_alpha_) premultiply(picture);
     return picture;
   }
 
@@ -83,8 +84,8 @@ class PngReader {
     png_read_info(png_, info_);
     width_ = png_get_image_width(png_, info_);
     height_ = png_get_image_height(png_, info_);
-    hasAlpha_ = (png_get_color_type(png_, info_) & PNG_COLOR_MASK_ALPHA) != 0 ||
-                png_get_valid(png_, info_, PNG_INFO_tRNS) != 0;
+    has_alpha_ = (png_get_color_type(png_, info_) & PNG_COLOR_MASK_ALPHA) != 0 ||
+                 png_get_valid(png_, info_, PNG_INFO_tRNS) != 0;
   }
 
   void setConversions() {
@@ -92,7 +93,7 @@ class PngReader {
     png_set_scale_16(png_);
     png_set_gray_to_rgb(png_);
     png_set_bgr(png_);
-    if (!hasAlpha_) png_set_filler(png_, kOpaque, PNG_FILLER_AFTER);
+    if (!has_alpha_) png_set_filler(png_, kOpaque, PNG_FILLER_AFTER);
     passes_ = png_set_interlace_handling(png_);
     png_read_update_info(png_, info_);
     if (png_get_rowbytes(png_, info_) != std::size_t{width_} * 4) png_error(png_, "");
@@ -112,7 +113,7 @@ class PngReader {
   png_infop info_;
   png_uint_32 width_ = 0;
   png_uint_32 height_ = 0;
-  bool hasAlpha_ = false;
+  bool has_alpha_ = false;
   int passes_ = 1;
 };
 
@@ -154,7 +155,7 @@ class PngWriter {
                  static_cast<png_uint_32>(pixels.height), 8,
                  gray ? PNG_COLOR_TYPE_GRAY : PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE,
                  PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
-    const auto density = static_cast<png_uint_32>(pixelsPerMetre(dpi));
+    const auto density = static_cast<png_uint_32>(dotsPerMetre(dpi));
     png_set_pHYs(png_, info_, density, density, PNG_RESOLUTION_METER);
     png_write_info(png_, info_);
     if (gray) return;

@@ -12,7 +12,7 @@ void savePicture(const PixelView& pixels, PictureFormat format, int dpi, const s
     encodePicture(pixels, format, dpi, file);
     file.commit();
   } catch (const PictureError& error) {
-    throw FileError(name + ": " + error.what());
+    throw FileError(name + ": " + error.what(), ErrorKind::cannotWrite);
   }
 }
 

@@ -7,11 +7,12 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "base/units.h"
+
 namespace qor {
 namespace {
 
 constexpr double kHundredthsPerMillimetre = 100;
-constexpr double kHundredthsPerInch = 2540;
 constexpr double kLongestSide = 100 * 1000 * kHundredthsPerMillimetre;
 
 constexpr auto kPapers = std::to_array<PaperRow>({

@@ -29,8 +29,7 @@ class PdfPages::Page : public CairoCanvas {
  public:
   Page(cairo_surface_t* surface, const PdfSheet& sheet)
       : CairoCanvas(surface, sheet.dots, sheet.dotsPerInch, DotGrid::fine) {
-    setUnitsPerDot(double(kPointsPerInch) / sheet.dotsPerInch.x,
-                   double(kPointsPerInch) / sheet.dotsPerInch.y);
+    setUnitsPerDot(pointsPerDot(sheet.dotsPerInch.x), pointsPerDot(sheet.dotsPerInch.y));
   }
 
   cairo_status_t drawingStatus() const { return status(); }

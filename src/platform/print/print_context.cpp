@@ -18,19 +18,18 @@ std::unique_ptr<PrintJob> openJob(const Printer& printer, const DeviceMode& mode
   return printSystem().open(printer, ticket);
 }
 
-PdfSheet sheetOf(const Printer& printer, const DeviceMode& mode, const DeviceCaps& caps) {
-  constexpr double kPointsPerHundredth = kPointsPerInch / (100 * kMillimetresPerInch);
+PdfSheet pdfSheetOf(const Printer& printer, const DeviceMode& mode, const DeviceCaps& caps) {
   const MediaSize size = mediaOf(printer, mode).size;
   const bool turned = mode.dmOrientation == kLandscape;
   return {(turned ? size.length : size.width) * kPointsPerHundredth,
           (turned ? size.width : size.length) * kPointsPerHundredth,
-          {caps.physicalWidth, caps.physicalHeight},
-          {caps.logPixelsX, caps.logPixelsY}};
+          {caps.PhysicalWidth, caps.PhysicalHeight},
+          {caps.LogPixelsX, caps.LogPixelsY}};
 }
 
 Rect printableArea(const DeviceCaps& caps) {
-  return {caps.physicalOffsetX, caps.physicalOffsetY, caps.physicalOffsetX + caps.horzRes,
-          caps.physicalOffsetY + caps.vertRes};
+  return {caps.PhysicalOffsetX, caps.PhysicalOffsetY, caps.PhysicalOffsetX + caps.HorzRes,
+          caps.PhysicalOffsetY + caps.VertRes};
 }
 
 }  // namespace
@@ -52,7 +51,7 @@ PrintContext::~PrintContext() = default;
 
 void PrintContext::startDocument(const DocumentInfo& info) {
   document_ = std::make_unique<Document>(openJob(printer_, mode_, info),
-                                         sheetOf(printer_, mode_, caps_), info.title);
+                                         pdfSheetOf(printer_, mode_, caps_), info.title);
 }
 
 Canvas& PrintContext::startPage() {

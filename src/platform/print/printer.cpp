@@ -16,7 +16,6 @@ constexpr int kFirstOwnNumber = kUserPaper + 1;
 constexpr int kOwnNumbers = 30000;
 constexpr int kMostCopies = 9999;
 constexpr int kFormSourceBin = 15;  // DMBIN_FORMSOURCE: the paper tells the tray
-constexpr double kHundredthsPerInch = 100 * kMillimetresPerInch;
 constexpr std::string_view kUsualMedia = "iso_a4_210x297mm";
 
 // The table's paper, or null. Sizes count last.
@@ -224,19 +223,19 @@ DeviceCaps deviceCaps(const Printer& printer, const DeviceMode& mode) {
   const MediaMargins& edges = sheet.margins;
   const Dpi dpi = printer.resolution;
   DeviceCaps caps;
-  caps.logPixelsX = caps.aspectX = dpi.x;
-  caps.logPixelsY = caps.aspectY = dpi.y;
+  caps.LogPixelsX = caps.aspectX = dpi.x;
+  caps.LogPixelsY = caps.aspectY = dpi.y;
   caps.scalingFactorX = caps.scalingFactorY = 1;
-  caps.physicalWidth = std::max(1, dots(sheet.size.width, dpi.x));
-  caps.physicalHeight = std::max(1, dots(sheet.size.length, dpi.y));
-  caps.physicalOffsetX = dotsOfMargin(edges.left, dpi.x);
-  caps.physicalOffsetY = dotsOfMargin(edges.top, dpi.y);
+  caps.PhysicalWidth = std::max(1, dots(sheet.size.width, dpi.x));
+  caps.PhysicalHeight = std::max(1, dots(sheet.size.length, dpi.y));
+  caps.PhysicalOffsetX = dotsOfMargin(edges.left, dpi.x);
+  caps.PhysicalOffsetY = dotsOfMargin(edges.top, dpi.y);
   const int right = dotsOfMargin(edges.right, dpi.x);
   const int bottom = dotsOfMargin(edges.bottom, dpi.y);
-  caps.horzRes = std::max(1, caps.physicalWidth - caps.physicalOffsetX - right);
-  caps.vertRes = std::max(1, caps.physicalHeight - caps.physicalOffsetY - bottom);
-  caps.horzSize = (sheet.size.width - edges.left - edges.right) / 100;
-  caps.vertSize = (sheet.size.length - edges.top - edges.bottom) / 100;
+  caps.HorzRes = std::max(1, caps.PhysicalWidth - caps.PhysicalOffsetX - right);
+  caps.VertRes = std::max(1, caps.PhysicalHeight - caps.PhysicalOffsetY - bottom);
+  caps.HorzSize = (sheet.size.width - edges.left - edges.right) / 100;
+  caps.VertSize = (sheet.size.length - edges.top - edges.bottom) / 100;
   return caps;
 }
 

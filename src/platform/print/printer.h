@@ -9,6 +9,7 @@
 
 #include "platform/print/device_mode.h"
 #include "platform/print/print_queues.h"
+#include "platform/print/sheet_measures.h"
 
 namespace qor {
 
@@ -39,19 +40,8 @@ struct Printer {
   bool stopped = false;
 };
 
-// What a device context tells. Lengths in dots unless told; the printable area lies at the offset
-// on the physical sheet.
-struct DeviceCaps {
-  std::int32_t horzSize = 0;  // printable area, mm
-  std::int32_t vertSize = 0;
-  std::int32_t horzRes = 0;
-  std::int32_t vertRes = 0;
-  std::int32_t logPixelsX = 0;  // dots per inch
-  std::int32_t logPixelsY = 0;
-  std::int32_t physicalWidth = 0;
-  std::int32_t physicalHeight = 0;
-  std::int32_t physicalOffsetX = 0;
-  std::int32_t physicalOffsetY = 0;
+// What a device context tells.
+struct DeviceCaps : SheetMeasures {
   std::int32_t scalingFactorX = 0;
   std::int32_t scalingFactorY = 0;
   std::int32_t aspectX = 0;  // relative width and height of a dot, as dots per inch

@@ -5,11 +5,11 @@
 #include <QMessageLogContext>
 #include <clocale>
 #include <cstdlib>
-#include <exception>
 #include <string>
 
 #include "base/app_options.h"
 #include "platform/qt/end_signals.h"
+#include "platform/system/failure.h"
 #include "platform/system/messages.h"
 
 namespace qor {
@@ -48,12 +48,9 @@ class Application : public QApplication {
   bool notify(QObject* receiver, QEvent* event) override {
     try {
       return QApplication::notify(receiver, event);
-    } catch (int) {
-      // The user has been told where the error arose.
-    } catch (const std::string& text) {
-      showError(text + AppOptions.FileName);
-    } catch (const std::exception& error) {
-      showError(error.what());
+    } catch (...) {
+      const Failure failure = caughtFailure();
+      if (!failure.wasTold()) showError(failure.text);
     }
     return true;
   }
@@ -68,7 +65,7 @@ Desktop::Desktop(std::optional<int> exitCodeWithout) {
   // Qt has told the C library the user's locale; numbers in files are not to depend on it.
   std::setlocale(LC_NUMERIC, "C");
   started = true;
-  endSignals_ = std::make_unique<EndSignals>();
+  end_signals_ = std::make_unique<EndSignals>();
   QApplication::setApplicationName("QorUtlView");
   QApplication::setOrganizationName("QOR");
 }
@@ -76,7 +73,7 @@ Desktop::Desktop(std::optional<int> exitCodeWithout) {
 Desktop::~Desktop() = default;
 
 bool Desktop::isAskedToEnd() const {
-  return endSignals_->came();
+  return end_signals_->came();
 }
 
 void Desktop::run() {

@@ -28,7 +28,7 @@ class Desktop {
 
  private:
   std::unique_ptr<QApplication> application_;
-  std::unique_ptr<EndSignals> endSignals_;
+  std::unique_ptr<EndSignals> end_signals_;
 };
 
 }  // namespace qor

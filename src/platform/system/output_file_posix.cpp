@@ -20,7 +20,7 @@ namespace {
 constexpr std::size_t kBufferSize = 64 * 1024;
 
 [[noreturn]] void fail(const std::string& path, int error) {
-  throw FileError(path + ": " + std::strerror(error));
+  throw FileError(path + ": " + std::strerror(error), ErrorKind::cannotWrite);
 }
 
 // The file that a symbolic link leads to: the link itself is to stay.
@@ -34,7 +34,8 @@ std::optional<mode_t> modeOfTarget(const std::string& target) {
   struct stat status {};
   if (::stat(target.c_str(), &status) != 0) return std::nullopt;
   if (S_ISDIR(status.st_mode)) fail(target, EISDIR);
-  if (!S_ISREG(status.st_mode)) throw FileError(target + ": not a regular file");
+  if (!S_ISREG(status.st_mode))
+    throw FileError(target + ": not a regular file", ErrorKind::cannotWrite);
   if (::access(target.c_str(), W_OK) != 0) fail(target, errno);
   return status.st_mode & 07777U;
 }

@@ -11,7 +11,7 @@ namespace {
 // One byte order of UTF-16.
 class Utf16Reader {
  public:
-  Utf16Reader(std::string_view bytes, bool bigEndian) : bytes_(bytes), bigEndian_(bigEndian) {}
+  Utf16Reader(std::string_view bytes, bool bigEndian) : bytes_(bytes), big_endian_(bigEndian) {}
 
   std::string utf8() {
     std::string text;
@@ -26,7 +26,7 @@ class Utf16Reader {
     const auto byte = [&](std::size_t i) {
       return static_cast<char32_t>(static_cast<unsigned char>(bytes_[place + i]));
     };
-    return bigEndian_ ? byte(0) << 8 | byte(1) : byte(1) << 8 | byte(0);
+    return big_endian_ ? byte(0) << 8 | byte(1) : byte(1) << 8 | byte(0);
   }
 
   char32_t next() {
@@ -41,7 +41,7 @@ class Utf16Reader {
   }
 
   std::string_view bytes_;
-  bool bigEndian_;
+  bool big_endian_;
   std::size_t place_ = 0;
 };
 

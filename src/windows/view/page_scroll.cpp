@@ -38,7 +38,7 @@ int PageScroll::barThickness() const {
 
 // A control that is larger than the area ends beyond the board: its gap at the far side serves as
 // the one before it.
-void PageScroll::place(const QPoint& origin, const QSize& size) {
+void PageScroll::putControl(const QPoint& origin, const QSize& size) {
   control_->move(origin);
   control_->show();
   const ScreenArea area = {{fullArea().width(), fullArea().height()}};
@@ -49,12 +49,12 @@ void PageScroll::place(const QPoint& origin, const QSize& size) {
   QCoreApplication::sendEvent(this, &layout);
 }
 
-QPointF PageScroll::placeInControl(const QPoint& seen) const {
+QPointF PageScroll::spotInControl(const QPoint& seen) const {
   return control_->mapFrom(viewport(), seen);
 }
 
-void PageScroll::bring(const QPointF& placeInControl, const QPoint& seen) {
-  const QPoint scrolled = control_->pos() + placeInControl.toPoint() - seen;
+void PageScroll::bring(const QPointF& spotInControl, const QPoint& seen) {
+  const QPoint scrolled = control_->pos() + spotInControl.toPoint() - seen;
   horizontalScrollBar()->setValue(scrolled.x());
   verticalScrollBar()->setValue(scrolled.y());
 }
@@ -119,10 +119,10 @@ void PageScroll::endDrag() {
 
 // Whole steps; fine wheels give parts of one, which add up.
 int PageScroll::wheelSteps(int delta) {
-  if ((delta > 0) != (wheelRest_ > 0)) wheelRest_ = 0;
-  wheelRest_ += delta;
-  const int steps = wheelRest_ / kWheelStep;
-  wheelRest_ %= kWheelStep;
+  if ((delta > 0) != (wheel_rest_ > 0)) wheel_rest_ = 0;
+  wheel_rest_ += delta;
+  const int steps = wheel_rest_ / kWheelStep;
+  wheel_rest_ %= kWheelStep;
   return steps;
 }
 

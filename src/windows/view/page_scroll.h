@@ -13,19 +13,19 @@ class PageScroll : public QScrollArea {
  public:
   explicit PageScroll(QWidget* parent = nullptr);
 
-  // The control that stands at a place of the area.
+  // The control that stands in the area.
   void setControl(QWidget* control);
 
   // The area without bars, and how thick a bar is.
   QSize fullArea() const { return maximumViewportSize(); }
   int barThickness() const;
 
-  // Places of what is seen, pixels from its corner: the middle, and one as the control counts it.
+  // Spots of what is seen, pixels from its corner: the middle, and one as the control counts it.
   QPoint middle() const { return viewport()->rect().center(); }
-  QPointF placeInControl(const QPoint& seen) const;
+  QPointF spotInControl(const QPoint& seen) const;
 
-  // Scrolls until a place of the control is seen at one of the area, or as near as can be.
-  void bring(const QPointF& placeInControl, const QPoint& seen);
+  // Scrolls until a spot of the control is seen at one of the area, or as near as can be.
+  void bring(const QPointF& spotInControl, const QPoint& seen);
 
   void scrollToStart();
   void scrollToEnd() { verticalScrollBar()->setValue(verticalScrollBar()->maximum()); }
@@ -35,7 +35,7 @@ class PageScroll : public QScrollArea {
   bool isAtBottom() const { return verticalScrollBar()->value() >= verticalScrollBar()->maximum(); }
 
  public slots:
-  void place(const QPoint& origin, const QSize& size);
+  void putControl(const QPoint& origin, const QSize& size);
 
  signals:
   void resized();
@@ -59,7 +59,7 @@ class PageScroll : public QScrollArea {
   QWidget* control_ = nullptr;
   bool dragging_ = false;
   QPoint drag_;  // last point of the mouse, on the screen
-  int wheelRest_ = 0;
+  int wheel_rest_ = 0;
 };
 
 }  // namespace qor

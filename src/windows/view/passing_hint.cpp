@@ -32,7 +32,7 @@ PassingHint::PassingHint(QWidget* area) : QLabel(area), passing_(new QTimer(this
 
 void PassingHint::tell(const QString& text) {
   setText(text);
-  place();
+  moveToBottom();
   show();
   raise();
   passing_->start();
@@ -41,11 +41,11 @@ void PassingHint::tell(const QString& text) {
 }
 
 bool PassingHint::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == parent() && event->type() == QEvent::Resize) place();
+  if (watched == parent() && event->type() == QEvent::Resize) moveToBottom();
   return QLabel::eventFilter(watched, event);
 }
 
-void PassingHint::place() {
+void PassingHint::moveToBottom() {
   resize(sizeHint());
   const QSize area = parentWidget()->size();
   move((area.width() - width()) / 2, area.height() - height() - kDistance);

@@ -20,7 +20,7 @@ class PassingHint : public QLabel {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void place();
+  void moveToBottom();
 
   QTimer* passing_;
 };

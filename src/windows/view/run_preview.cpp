@@ -16,7 +16,7 @@ namespace {
 // The first page, or none where it can't be read: the window will tell why.
 VDocPage* firstPage(VDoc& doc) {
   VDocPage* page = nullptr;
-  failureOf([&] { page = doc.GetPage(1, 0); });
+  failureOf([&] { page = doc.GetPage(1); });
   return page;
 }
 

@@ -92,7 +92,7 @@ PageImage* SmallPages::makeImage(VDoc* doc, const PageView& view, const PagePlac
   connect(image, &PageImage::drawingFailed, this, &SmallPages::drawingFailed);
   image->setWaiting(true);
   image->show([doc, view, number](Canvas& canvas, const ViewPart& part) {
-    paintPage(*LoadedPage(*doc, number, 0), canvas, view, part);
+    paintPage(*LoadedPage(*doc, number), canvas, view, part);
   });
   return image;
 }

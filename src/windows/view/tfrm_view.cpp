@@ -1,33 +1,25 @@
 // The life of the window: made, shown, closed.
 #include "windows/view/tfrm_view.h"
 
-#include <QCloseEvent>
-#include <QListView>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QScreen>
 #include <QStyle>
 #include <QTimer>
 #include <QWindow>
 
 #include "base/app_options.h"
-#include "base/text.h"
 #include "document/vdoc.h"
 #include "language/language.h"
 #include "platform/qt/qt_text.h"
 #include "platform/system/owner_notice.h"
 #include "platform/system/user_settings.h"
-#include "ui_tfrm_view.h"
-#include "window_model/file_dates.h"
 #include "window_model/owner_number.h"
 #include "window_model/preview_texts.h"
 #include "windows/tqor_image_form.h"
-#include "windows/view/gap_reader.h"
-#include "windows/view/note_bar.h"
-#include "windows/view/page_list_model.h"
-#include "windows/view/page_scroll.h"
-#include "windows/view/passing_hint.h"
-#include "windows/view/size_line.h"
-#include "windows/view/view_menu.h"
-#include "windows/view/vpage.h"
+#include "windows/view/captions.h"
+#include "windows/view/view_desk.h"
+#include "windows/view/view_parts.h"
 
 namespace qor {
 namespace {
@@ -35,59 +27,37 @@ namespace {
 constexpr QSize kSize = {1000, 760};  // pixels, on a screen that has them
 constexpr int kFrame = 8;             // around a window, besides its title
 constexpr int kBlinkInterval = 1700;  // ms
-constexpr int kListWidth = 150;       // pixels
-constexpr int kSmallestList = 60;
-constexpr int kLargestList = 600;
-
-std::unique_ptr<Ui::TfrmView> createForm(QMainWindow* window) {
-  auto form = std::make_unique<Ui::TfrmView>();
-  form->setupUi(window);
-  return form;
-}
 
 }  // namespace
 
 TfrmView::TfrmView(UserSettings& settings, ViewCommands commands)
-    : ui_(createForm(this)),
-      settings_(settings),
-      commands_(std::move(commands)),
-      page_control_(new VPage(this)),
-      pageList_(new PageListModel(this)),
-      status_(*ui_->stBar),
-      hint_(new PassingHint(ui_->pScroll)),
-      notes_(new NoteBar(ui_->form)),
-      TimerDynamicBlinc_(new QTimer(this)),
-      gap_(new GapReader(this)) {
+    : settings_(settings),
+      parts_(std::make_unique<ViewParts>(this, std::move(commands))),
+      TimerDynamicBlinc_(new QTimer(this)) {
   setWindowIcon(TQorImageForm::ImageMenuList(ImageIndex::program, IconPlace::button));
   const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight) + kFrame;
   resize(kSize.boundedTo(screen()->availableSize() - QSize(kFrame, title)));
-  page_control_->setObjectName("page_control");
-  ui_->rows->insertWidget(1, notes_);
-  ui_->pScroll->setControl(page_control_);
-  ui_->lstPages->setModel(pageList_);
-  ui_->lstPages->setFixedWidth(kListWidth);
-  ui_->pSizeLine->setSized(ui_->lstPages, kSmallestList, kLargestList);
-  createMenu();
-  connectTools();
-  connectEdits();
+  parts_->tools = std::make_unique<ViewTools>(*this);
+  parts_->menu = std::make_unique<ViewMenu>(*this);
   connectPages();
+  connectParts();
+  connectMenu();
   connect(TimerDynamicBlinc_, &QTimer::timeout, this, &TfrmView::TimerDynamicBlincTimer);
-  if (AppOptions.DynamicMode) TimerDynamicBlinc_->start(kBlinkInterval);
+  if (!AppOptions.DynamicMode) return;
+  parts_->desk->growth.follow();
+  TimerDynamicBlinc_->start(kBlinkInterval);
 }
 
 TfrmView::~TfrmView() {
   if (!shown_) return;
-  storeViewState(state_, settings_);
+  storeViewState(parts_->desk->state, settings_);
   if (!settings_.save())
     writeErrorLine(settings_.place() + ": the settings of the window can't be written");
 }
 
 void TfrmView::SetDocument(VDoc* doc, VDocPage* page) {
-  doc_ = doc;
-  page_ = page;
-  firstPageShown_ = false;
-  if (page == nullptr) page_control_->usePage(nullptr);
-  gap_->stop();
+  parts_->pages.setDocument(doc, page);
+  parts_->notes.stop();
 }
 
 void TfrmView::showEvent(QShowEvent* event) {
@@ -99,30 +69,25 @@ void TfrmView::showEvent(QShowEvent* event) {
 }
 
 void TfrmView::FormShow() {
-  state_ = stored_ = loadViewState(settings_);
-  applyFullWindow();
-  ui_->cmbZoom->setCurrentIndex(state_.ZoomID);
-  setCurrentPage(1);
-  setPageTotal(doc_ == nullptr ? 0 : doc_->PageCount);
-  stamp_ = fileStamp(AppOptions.FileName);
-  showDates();
+  ViewParts& parts = *parts_;
+  ViewDesk& desk = *parts.desk;
+  desk.state = stored_ = loadViewState(settings_);
+  parts.switches.applyFullWindow();
+  parts.zoom.applyState();
+  parts.number.showCurrent();
+  parts.number.showTotal();
+  desk.growth.noteFile();
+  parts.pageStatus.tellDates();
   applyCaptions();
-  cmdView_SetListViewClick();
-  rbMultiPageViewClick(state_.MultipageView);
-  cmdView_SetPreviewTypeClick(state_.PreviewType);
+  parts.switches.cmdView_SetListViewClick();
+  parts.switches.rbMultiPageViewClick(desk.state.MultipageView);
+  parts.switches.cmdView_SetPreviewTypeClick(desk.state.PreviewType);
   if (!settings_.isUsable())
-    standingMessage_ = qtText(previewTexts().stateNotRead) + qtText(settings_.place());
-  ready_ = true;
+    parts.pageStatus.setStandingMessage(qtText(previewTexts().stateNotRead) +
+                                        qtText(settings_.place()));
+  parts.pages.start();
   cmbPagesChange();
-  ui_->pScroll->setFocus();
-}
-
-void TfrmView::showDates() {
-  const auto times = fileTimes(AppOptions.FileName);
-  if (!times) return;
-  const int bias = timeZoneBias();
-  status_.setDates(qtText(fileDateText(times->created, bias)) + "   " +
-                   qtText(fileDateText(times->modified, bias)));
+  desk.ui.pScroll->setFocus();
 }
 
 void TfrmView::closeEvent(QCloseEvent* event) {
@@ -133,6 +98,7 @@ void TfrmView::closeEvent(QCloseEvent* event) {
 void TfrmView::FormClose() {
   if (std::exchange(closed_, true)) return;
   TimerDynamicBlinc_->stop();
+  parts_->desk->growth.stop();
   const std::int32_t number = ownerNumber(AppOptions.FileName);
   if (AppOptions.OwnerWindow != 0 && number != 0)
     notifyOwner(AppOptions.OwnerWindow, kViewerClosed, number);
@@ -140,21 +106,76 @@ void TfrmView::FormClose() {
 
 // Moves count anew how many pages there is room for.
 void TfrmView::FormResize() {
-  pages_on_view_ = 1;
+  parts_->desk->cursor.countAnew();
   ShowPage();
-  centreErrorBox();
+  parts_->errors.centre();
 }
 
 // The window manager places a window while it is shown, and boxes stay over it.
 void TfrmView::moveEvent(QMoveEvent* event) {
   QMainWindow::moveEvent(event);
-  centreErrorBox();
+  parts_->errors.centre();
 }
 
 void TfrmView::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   // The controls in the window learn of their colours after it.
   if (event->type() == QEvent::PaletteChange) QTimer::singleShot(0, this, &TfrmView::ShowPage);
+}
+
+bool TfrmView::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != windowHandle()) return QMainWindow::eventFilter(watched, event);
+  if (event->type() == QEvent::Expose) parts_->errors.windowIsOnScreen();
+  // Keys for an open menu or list come by here, too.
+  if (event->type() != QEvent::KeyPress || QApplication::activePopupWidget() != nullptr)
+    return QMainWindow::eventFilter(watched, event);
+  // A key that is to come again comes before this one.
+  QCoreApplication::sendPostedEvents(watched, QEvent::KeyPress);
+  return FormKeyDown(*static_cast<QKeyEvent*>(event));
+}
+
+void TfrmView::showMessage(MessageKind kind, const QString& text) {
+  parts_->desk->status.setMessage(text);
+  if (kind == MessageKind::error) parts_->errors.tell(text);
+}
+
+void TfrmView::ShowPage() {
+  parts_->pages.ShowPage();
+}
+
+bool TfrmView::hasShownReport() const {
+  return parts_->notes.hasShownReport();
+}
+
+void TfrmView::chooseLanguage(const Language& language) {
+  // The report stays in the code page that it was opened with.
+  const int documentCodePage = AppOptions.DocCodePage;
+  selectLanguage(language);
+  AppOptions.DocCodePage = documentCodePage;
+  applyCaptions();
+  // ESC E brings back the character set of the interface.
+  if (VDoc* doc = parts_->pages.document()) doc->ForgetFonts();
+  ShowPage();
+}
+
+void TfrmView::applyCaptions() {
+  setTitleOf(*this);
+  nameControls(*parts_->desk);
+  parts_->tools->retranslate();
+  parts_->menu->retranslate();
+  parts_->notes.retranslate();
+  parts_->list.retranslate();
+}
+
+// A run may end without a word; what its user chose is stored by then. Failures are told at the
+// end.
+void TfrmView::keepState() {
+  updateCommands();
+  const ViewState& state = parts_->desk->state;
+  if (!parts_->pages.isStarted() || state == stored_) return;
+  stored_ = state;
+  storeViewState(state, settings_);
+  settings_.save();
 }
 
 }  // namespace qor

@@ -1,40 +1,27 @@
 // The preview window: toolbar, scrolling area with the pages, list of pages, status bar. It shows a
-// document that somebody else owns, remembers the user's view, and calls the other forms. Order of
-// calls: constructor, SetDocument, show. What is shown where is computed in preview/model.
+// document that somebody else owns and remembers the user's view. It wires its parts together,
+// which do the work; what it can be asked to do stands in command_table.h. Order of calls:
+// constructor, SetDocument, show.
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 #include <memory>
-#include <optional>
 
-#include "platform/system/file_times.h"
 #include "platform/system/messages.h"
-#include "window_model/page_moves.h"
 #include "window_model/view_state.h"
-#include "windows/view/status_panels.h"
 #include "windows/view/view_commands.h"
 
 class QKeyEvent;
-class QMessageBox;
-class QScrollBar;
 class QTimer;
-
-namespace Ui {
-class TfrmView;
-}
 
 namespace qor {
 
-class GapReader;
-class NoteBar;
-class PageListModel;
-class PassingHint;
+struct Language;
 class UserSettings;
 class VDoc;
 class VDocPage;
-class VPage;
-struct Language;
-struct ViewMenu;
+struct ViewParts;
 
 class TfrmView : public QMainWindow {
   Q_OBJECT
@@ -60,30 +47,19 @@ class TfrmView : public QMainWindow {
   // One tick of the timer that follows a growing report.
   void TimerDynamicBlincTimer();
 
-  // Commands.
-  void cmdView_PageMoveTo(PageMove move);
+  // Shows the page that the cursor names.
   void cmbPagesChange();
-  void cmbZoomChange();
-  void cmdView_ZoomInClick();
-  void cmdView_ZoomOutClick();
-  void mnuZoomListClick(int tag);
-  void mnuActualSizeClick();
-  void mnuFitWidthClick();
-  void mnuFitPageClick();
-  void cmdView_SetPreviewTypeClick(int type);
-  void rbMultiPageViewClick(bool several);
-  void cmdView_SetListViewClick();
-  void mnuListViewClick();
-  void mnuUnprintableClick();
-  void mnuFullScreenClick();
-  void ShowPageScale();
-  void UpDown1Click();
-  void cmdSettings_Click();
-  void cmdView_ConvertClick();
-  void cmdView_MailClick();
+
+  // The language of the interface.
   void chooseLanguage(const Language& language);
-  void mnuCodePageClick(int codePage);
-  void stBarMessageClick();
+
+  // Runs a command. Where it fails the reason is told, and the page shown again: nothing that a
+  // command or its form throws leaves the window without a page.
+  void run(const std::function<void()>& command);
+  void run(void (*command)(TfrmView&));
+
+  ViewParts& parts() { return *parts_; }
+  const ViewParts& parts() const { return *parts_; }
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -93,127 +69,28 @@ class TfrmView : public QMainWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void connectTools();
-  void connectEdits();
   void connectPages();
+  void connectParts();
+  void connectMenu();
 
   void FormShow();
   void FormClose();
   void FormResize();
-  void showDates();
+  bool FormKeyDown(const QKeyEvent& event);
 
-  // Messages.
-  void windowIsOnScreen();
-  void showErrorBoxSoon();
-  void showErrorBox();
-  void centreErrorBox();
-
-  // Pages.
-  int currentPage() const;
-  void setCurrentPage(int number);
-  void setPageTotal(int total);
-  int pagesInStep() const;
-  int firstShown() const;
-  int moveTarget(PageMove move) const;
-  void goToPage(int number);
-  void markPage(int number);
-  bool loadPage();
-  bool keepsLoadedPage();
-  void releasePage();
-  void forgetPage();
-  void showLoadedPage();
-  void showMulti();
-  void updateArea();
-  void updateMoves();
-  void showPageStatus();
-  void showPageNumber();
-  void describeView();
-  void showFileState();
-  QString reasonForNoPages();
-  void lookCloser();
-  void tellNotes();
-  void fillPageList();
-  void selectInPageList();
-  void lblPageCurrentClick();
-  void txtPageCurrentEditExit();
-  void leavePageEdit();
-  void cancelPageEdit();
-  void lstPagesClick();
-  void lstPagesClickAgain(const QModelIndex& line);
-
-  // Views.
-  void zoomFromView(int direction, const QPoint& anchor);
-  void zoomInList(int direction);
-  void zoomAround(const QPoint& anchor, int entry, std::int32_t fit = 0);
-  std::int32_t wantedZoom() const;
-  void showZoom();
-  void openPrinter(std::int32_t scale, bool flag);
-  void openPrinterForView();
-  void applyFullWindow();
+  void showTotal();
+  void followGrowth();
+  void tellMarked();
+  void updateCommands();
+  void applyCaptions();
   void keepState();
 
-  // Keys.
-  bool FormKeyDown(const QKeyEvent& event);
-  bool belongsToFocus(const QKeyEvent& event) const;
-  bool commandKey(const QKeyEvent& event);
-  bool zoomKey(const QKeyEvent& event);
-  bool movementKey(const QKeyEvent& event);
-  void pageKey(PageMove move, bool leap);
-  QScrollBar* barOf(Qt::KeyboardModifiers modifiers) const;
-  void homeKey(Qt::KeyboardModifiers modifiers);
-  void endKey(Qt::KeyboardModifiers modifiers);
-  void scrollVertically(int steps);
-  void scrollHorizontally(int steps);
-  void replayKey(int key);
-  void turnPage(int direction);
-  void startCalculator();
-
-  // Menu and captions.
-  void createMenu();
-  void enableCommands();
-  void showPopup(const QPoint& place);
-  void updateMenu();
-  void applyCaptions();
-  void nameControls();
-  void fillCodePageMenu();
-  void printChosenPages();
-  void followGrowth();
-
-  std::unique_ptr<Ui::TfrmView> ui_;
   UserSettings& settings_;
-  ViewCommands commands_;
-  ViewState state_;
-  ViewState stored_;  // the state as it was stored last
-  VDoc* doc_ = nullptr;
-  VDocPage* page_ = nullptr;  // on show, loaded
-  VPage* page_control_;
-  PageListModel* pageList_;
-  StatusPanels status_;
-  PassingHint* hint_;
-  NoteBar* notes_;
-  std::unique_ptr<ViewMenu> menu_;
+  std::unique_ptr<ViewParts> parts_;
   QTimer* TimerDynamicBlinc_;
-  GapReader* gap_;
-  QMessageBox* errorBox_ = nullptr;
-  QString lastError_;  // since the page was asked for
-  QString shownError_;
-  QString boxedError_;              // that waits for its box
-  QPoint boxPlace_;                 // of the box, as it was put over the window
-  std::optional<FileStamp> stamp_;  // of the file as it was opened
-  std::int32_t fit_ = 0;  // kWholeWidth or kWholePage, which no entry of the list stands for
-  std::int32_t zoom_on_view_ = 0;  // percent, 0 where no page is shown
-  int pages_on_view_ = 1;
-  int first_on_view_ = 1;
-  QString standingMessage_;  // for the status bar while there is nothing else to say
+  ViewState stored_;  // the state as it was stored last
   bool shown_ = false;
-  bool ready_ = false;     // pages are shown from now on
-  bool onScreen_ = false;  // boxes stand over the window from now on
   bool closed_ = false;
-  bool firstPageShown_ = false;
-  bool endAfterMove_ = false;  // the next move shows the end of its page
-  bool totalBlinks_ = false;
-  bool seen_ = false;       // a page was on view
-  bool overflows_ = false;  // the status bar tells of text outside the sheet
 };
 
 }  // namespace qor

@@ -19,7 +19,7 @@ struct SettingsAnswer {
 
 struct ViewCommands {
   // The settings dialog. It may change the document's settings.
-  std::function<SettingsAnswer(VDoc&, int previewType)> settings;
+  std::function<SettingsAnswer(VDoc&, PreviewKind view)> settings;
   // The export dialog. It reads and changes its own choices in the state.
   std::function<void(VDoc&, ViewState&)> convert;
   // The hand-off to a mail program.

@@ -1,43 +1,47 @@
-// The popup menu of the window: its commands mirror the buttons. Shortcuts stand in their texts and
-// are the window's to carry out.
+// The popup menu of the window: an entry for each row of the command table, and menus of zooms,
+// code pages and languages. Shortcuts stand in its texts and are the window's to carry out.
 #pragma once
 
 #include <QMenu>
-
-class QAction;
+#include <vector>
 
 namespace qor {
 
-struct ViewMenu {
-  explicit ViewMenu(QWidget* window) : mnuPopup(window) {}
+struct Language;
+class TfrmView;
 
-  QMenu mnuPopup;
-  QMenu* mnuZoom = nullptr;
-  QMenu* mnuLanguage = nullptr;
-  QMenu* mnuCodePage = nullptr;
-  QAction* mnuFirst = nullptr;
-  QAction* mnuPrev = nullptr;
-  QAction* mnuNext = nullptr;
-  QAction* mnuLast = nullptr;
-  QAction* mnuZoomPlus = nullptr;
-  QAction* mnuZoomMinus = nullptr;
-  QAction* mnuActualSize = nullptr;
-  QAction* mnuFitWidth = nullptr;
-  QAction* mnuFitPage = nullptr;
-  QAction* mnuSinglePage = nullptr;
-  QAction* mnuMultiPage = nullptr;
-  QAction* mnuNormalView = nullptr;
-  QAction* mnuWideView = nullptr;
-  QAction* mnuListView = nullptr;
-  QAction* mnuUnprintable = nullptr;
-  QAction* mnuFullScreen = nullptr;
-  QAction* mnuRowLine = nullptr;
-  QAction* mnuShapeLine = nullptr;
-  QAction* mnuProperties = nullptr;
-  QAction* mnuSettings = nullptr;
-  QAction* mnuMail = nullptr;
-  QAction* mnuConvert = nullptr;
-  QAction* mnuClose = nullptr;
+class ViewMenu : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit ViewMenu(TfrmView& form);
+
+  // Shows it at a spot of the scrolling area, as the window stands.
+  void popup(const QPoint& spot);
+
+  // Enables and checks its entries as the window stands.
+  void update();
+
+  void retranslate();
+
+ signals:
+  void zoomChosen(int entry);  // of the list of zooms
+  void codePageChosen(int codePage);
+  void languageChosen(const Language& language);
+
+ private:
+  void addEntries();
+  QMenu* addMenu(const char* name);
+  void addZooms();
+  void addLanguages();
+  void fillCodePages();
+
+  TfrmView& form_;
+  QMenu* mnuPopup_;
+  QMenu* mnuZoom_ = nullptr;
+  QMenu* mnuCodePage_ = nullptr;
+  QMenu* mnuLanguage_ = nullptr;
+  std::vector<QAction*> entries_;  // by the rows
 };
 
 }  // namespace qor

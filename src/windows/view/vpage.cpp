@@ -7,9 +7,9 @@
 #include "document/vdoc.h"
 #include "document/vdocpage.h"
 #include "window_model/page_view.h"
-#include "window_model/view_state.h"
 #include "window_model/zoom_fit.h"
 #include "windows/view/page_image.h"
+#include "windows/view/page_overlay.h"
 #include "windows/view/small_pages.h"
 
 namespace qor {
@@ -40,7 +40,8 @@ VPage::VPage(QWidget* parent)
     : QFrame(parent),
       single_(new PageImage(this)),
       small_(new SmallPages(this)),
-      message_(new QLabel(this)) {
+      message_(new QLabel(this)),
+      overlay_(new PageOverlay(this)) {
   setFrameShape(QFrame::NoFrame);
   setCursor(Qt::OpenHandCursor);
   message_->setObjectName("message");
@@ -65,12 +66,12 @@ VPage::VPage(QWidget* parent)
 
 void VPage::setSurroundings(const ScreenArea& area, int barThickness) {
   area_ = area;
-  barThickness_ = barThickness;
+  bar_thickness_ = barThickness;
 }
 
 // The area that is left for a sheet once the bars that it needs are there.
 ScreenArea VPage::areaFor(const VSetScr& sheet) const {
-  return areaBesideBars(area_, {sheet.view_width, sheet.view_height}, barThickness_);
+  return areaBesideBars(area_, {sheet.view_width, sheet.view_height}, bar_thickness_);
 }
 
 PageView VPage::viewOf(const VSetScr& screen, std::int32_t zoom, bool show_unprintable,
@@ -80,21 +81,21 @@ PageView VPage::viewOf(const VSetScr& screen, std::int32_t zoom, bool show_unpri
 }
 
 void VPage::ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable,
-                       int preview_type) {
+                       PreviewKind kind) {
   VSet& settings = *page->Settings;
-  const bool wide = preview_type == kWideView;
+  const bool wide = kind == kWideView;
   if (wide) {
     ShowMeasured(page, zoom);
   } else {
-    settings.Scr = sheetOf(settings, zoom);
+    settings.Scr = fitSheet(settings, zoom);
   }
   showSingle(page, viewOf(settings.Scr, zoom, show_unprintable && !wide, wide));
 }
 
 // The sheet beside the bars that it needs.
-VSetScr VPage::sheetOf(const VSet& settings, std::int32_t& zoom) const {
+VSetScr VPage::fitSheet(const VSet& settings, std::int32_t& zoom) const {
   const bool fitted = isFit(zoom);
-  zoom = fittedToSheet(zoom, settings.Page, settings.Prn, area_, barThickness_);
+  zoom = fittedToSheet(zoom, settings.Page, settings.Prn, area_, bar_thickness_);
   std::int32_t firstZoom = zoom;
   const ScreenArea area = areaFor(normalSheet(settings.Page, settings.Prn, area_, firstZoom));
   VSetScr sheet = normalSheet(settings.Page, settings.Prn, area, zoom);
@@ -105,7 +106,7 @@ VSetScr VPage::sheetOf(const VSet& settings, std::int32_t& zoom) const {
 void VPage::ShowMeasured(VDocPage* page, std::int32_t& zoom) {
   VSet& settings = *page->Settings;
   const Extent content = contentOf(*page, {area_.dpi_x, area_.dpi_y});
-  zoom = fittedToContent(zoom, settings.Page, settings.Prn, area_, content, barThickness_);
+  zoom = fittedToContent(zoom, settings.Page, settings.Prn, area_, content, bar_thickness_);
   settings.Scr = wideSheet(settings.Page, settings.Prn, area_, content, zoom);
   const std::int64_t side = std::max(settings.Scr.view_width, settings.Scr.view_height);
   if (side <= kLongestSide) return;
@@ -124,7 +125,7 @@ int VPage::ShowMulti(VDoc* doc, VDocPage* page, std::int32_t& zoom, bool show_un
                      int first) {
   if (doc == nullptr || page == nullptr) return -1;
   const VSet& settings = *page->Settings;
-  std::int32_t percent = fittedToSheet(zoom, settings.Page, settings.Prn, area_, barThickness_);
+  std::int32_t percent = fittedToSheet(zoom, settings.Page, settings.Prn, area_, bar_thickness_);
   const VSetScr screen = normalSheet(settings.Page, settings.Prn, area_, percent);
   const Extent view = {screen.view_width, screen.view_height};
   const auto places = layOutPages(view, areaFor(screen).client, first, doc->PageCount);
@@ -141,49 +142,51 @@ int VPage::ShowMulti(VDoc* doc, VDocPage* page, std::int32_t& zoom, bool show_un
 }
 
 void VPage::ShowMessage(const QString& text) {
-  clearForSingle();
+  makeRoomForPages();
   single_->hide();
-  showsPages_ = false;
+  shows_pages_ = false;
   page_ = nullptr;
   resize(area_.client.Width, area_.client.Height);
   message_->setText(text);
   message_->setGeometry(
       rect().adjusted(kMessageMargin, kMessageMargin, -kMessageMargin, -kMessageMargin));
   message_->show();
-  emit placed({0, 0}, size());
+  emit laidOut({0, 0}, size());
 }
 
 QString VPage::message() const {
-  return showsPages_ ? QString() : message_->text();
+  return shows_pages_ ? QString() : message_->text();
 }
 
 void VPage::showSingle(VDocPage* page, const PageView& view) {
-  clearForSingle();
+  makeRoomForPages();
   page_ = page;
   resize(view.screen.view_width, view.screen.view_height);
   single_->setGeometry(rect());
   single_->show([this, view](Canvas& canvas, const ViewPart& part) {
     paintPageOrSheet(page_, canvas, view, part);
   });
-  emit placed({view.screen.origin_x, view.screen.origin_y}, size());
+  overlay_->cover(view);
+  emit laidOut({view.screen.origin_x, view.screen.origin_y}, size());
 }
 
 void VPage::showThumbnails(VDoc* doc, const PageView& view, const std::vector<PagePlace>& places) {
-  clearForSingle();
+  makeRoomForPages();
   single_->hide();
   // Where a page is larger than the area in one direction, the control is, too.
   const Extent client = areaFor(view.screen).client;
   resize(std::max(client.Width, view.screen.view_width),
          std::max(client.Height, view.screen.view_height));
   small_->show(doc, view, places);
-  emit placed({0, 0}, size());
+  emit laidOut({0, 0}, size());
 }
 
-// Takes away what stands in the place of a single page.
-void VPage::clearForSingle() {
+// Takes away what stands in the place of pages; they are what is shown then.
+void VPage::makeRoomForPages() {
   small_->clear();
   message_->hide();
-  showsPages_ = true;
+  overlay_->leave();
+  shows_pages_ = true;
 }
 
 bool VPage::MarkPage(int number) {
@@ -191,7 +194,7 @@ bool VPage::MarkPage(int number) {
 }
 
 bool VPage::showsOnePage() const {
-  return showsPages_ && small_->isEmpty();
+  return shows_pages_ && small_->isEmpty();
 }
 
 }  // namespace qor

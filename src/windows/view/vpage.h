@@ -8,12 +8,14 @@
 #include "document/vset.h"
 #include "window_model/page_layout.h"
 #include "window_model/sheet_view.h"
+#include "window_model/view_state.h"
 
 class QLabel;
 
 namespace qor {
 
 class PageImage;
+class PageOverlay;
 class SmallPages;
 class VDoc;
 class VDocPage;
@@ -31,7 +33,7 @@ class VPage : public QFrame {
   // One page, on its sheet or as wide as its content needs. `page` must be loaded and stay so while
   // it is shown; its set takes the sheet's measurements, and a zoom that fits is replaced by its
   // percentage. Throws SystemError where no font is installed.
-  void ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable, int preview_type);
+  void ShowNormal(VDocPage* page, std::int32_t& zoom, bool show_unprintable, PreviewKind kind);
 
   // Measures a page for the wide view and paints nothing.
   void ShowMeasured(VDocPage* page, std::int32_t& zoom);
@@ -56,15 +58,18 @@ class VPage : public QFrame {
   // stays.
   void usePage(VDocPage* page) { page_ = page; }
 
+  // What stands above a single page.
+  PageOverlay& overlay() { return *overlay_; }
+
   // True where a single page is shown.
   bool showsOnePage() const;
 
   // False where a text stands in the place of pages.
-  bool showsPages() const { return showsPages_; }
+  bool showsPages() const { return shows_pages_; }
 
  signals:
   // Where the control's corner is to stand in the scrolling area, and its size, pixels.
-  void placed(const QPoint& origin, const QSize& size);
+  void laidOut(const QPoint& origin, const QSize& size);
   // A small page was clicked, once or twice, from 1.
   void pageClicked(int number);
   void pageDoubleClicked(int number);
@@ -73,19 +78,20 @@ class VPage : public QFrame {
 
  private:
   ScreenArea areaFor(const VSetScr& sheet) const;
-  VSetScr sheetOf(const VSet& settings, std::int32_t& zoom) const;
+  VSetScr fitSheet(const VSet& settings, std::int32_t& zoom) const;
   PageView viewOf(const VSetScr& screen, std::int32_t zoom, bool show_unprintable, bool wide) const;
   void showSingle(VDocPage* page, const PageView& view);
   void showThumbnails(VDoc* doc, const PageView& view, const std::vector<PagePlace>& places);
-  void clearForSingle();
+  void makeRoomForPages();
 
   VDocPage* page_ = nullptr;  // on show; the document's
   ScreenArea area_;
-  int barThickness_ = 0;
+  int bar_thickness_ = 0;
   PageImage* single_;
   SmallPages* small_;
   QLabel* message_;
-  bool showsPages_ = false;
+  PageOverlay* overlay_;
+  bool shows_pages_ = false;
 };
 
 }  // namespace qor

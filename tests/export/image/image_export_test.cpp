@@ -29,7 +29,7 @@ class ImageExport : public testing::Test {
   ImageMagick magick_;
 };
 
-TEST_F(ImageExport, WritesEveryFormatAtTheSizeOfTheSheet) {
+TEST_F(ImageExport, writesEveryFormatAtTheSizeOfTheSheet) {
   // A4 at 96 dots to the inch, cut to whole dots.
   for (const auto& [name, format] : rowsOf("p.bmp BMP3|p.jpeg JPEG|p.gif GIF|p.png PNG"))
     EXPECT_EQ(told(name, "text", "%m %w x %h"), format + " 793 x 1122");
@@ -41,14 +41,14 @@ TEST_F(ImageExport, WritesEveryFormatAtTheSizeOfTheSheet) {
   EXPECT_EQ(icon.substr(22, 12), std::string("\x28\0\0\0\x19\x03\0\0\xC4\x08\0\0", 12));
 }
 
-TEST_F(ImageExport, StartsEachPageWithItsOwnPenAndBrush) {
+TEST_F(ImageExport, startsEachPageWithItsOwnPenAndBrush) {
   const char* report =
       "<shape sh_type=2 bt=1 bc=Red right=9 bottom=9/>\f\r\n"
       "<img imgn=3 left=20 top=20 right=60 bottom=40/>\f\r\n";
   EXPECT_EQ(told("p.png", report, "%[channels]", "p(2).png"), "gray");
 }
 
-TEST_F(ImageExport, PutsItemsAtTheirMillimetres) {
+TEST_F(ImageExport, putsItemsAtTheirMillimetres) {
   magick_.run("convert-im6.q16 -size 40x30 xc:black p.bmp");
   // 20 mm are 75.6 dots, 100 mm 377.9, 30 mm 113.4, 50 mm 189.
   const std::string place = " left=20 top=30 right=100 bottom=50/>";

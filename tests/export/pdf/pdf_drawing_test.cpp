@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <array>
 
-#include "export/pdf/pdf_export.h"
+#include "export/pdf/exported_pdf.h"
 #include "support/image_magick.h"
 #include "support/rows.h"
 

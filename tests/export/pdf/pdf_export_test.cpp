@@ -5,7 +5,8 @@
 #include <array>
 #include <fstream>
 
-#include "export/exporters.h"
+#include "export/export_formats.h"
+#include "export/pdf/exported_pdf.h"
 #include "support/pdf_reader.h"
 #include "support/report_reader.h"
 #include "support/rows.h"
@@ -151,12 +152,11 @@ TEST(PdfPage, takesItsWidthFromTheWindow) {
        {std::pair{8, 558}, {9, 627}, {10, 608}, {11, 602}, {12, 584}, {14, 620}}) {
     TestReport report("A\r\n");
     report.doc().Settings.Font.Height = fontHeight;
-    ExportOptions options;
-    options.TargetName = report.path("w.pdf");
-    options.PageMode = 7;
-    options.PreviewPageWidth = 813;
-    EXPECT_EQ(ExportPdf(report.doc(), options), 0);
-    EXPECT_NEAR(readPdf(options.TargetName).width / 25.4 * 72, points, 0.1) << fontHeight;
+    ExportTask task = {report.doc(), report.path("w.pdf")};
+    task.mode = formatOf(task.target)->mode;
+    task.options.PreviewPageWidth = 813;
+    EXPECT_EQ(ExportPdf(task), ExportResult::done);
+    EXPECT_NEAR(readPdf(task.target).width / 25.4 * 72, points, 0.1) << fontHeight;
   }
 }
 

@@ -19,7 +19,7 @@ LogFont record(const char* face, int height, int width = 0, int weight = 400) {
 
 // Arial's stand-in has 2048 units, an ascent of 1854, a descent of 434, a gap of 67, a width of
 // 1187.
-TEST(Fonts, MeasureAsTheWindowsTextMapperDoes) {
+TEST(Fonts, measureAsTheWindowsTextMapperDoes) {
   const TextMetrics& arial = scaledFont(record("Arial", -2048))->metrics();
   EXPECT_EQ((std::array{arial.ascent, arial.descent, arial.height, arial.externalLeading,
                         arial.averageWidth}),
@@ -29,7 +29,7 @@ TEST(Fonts, MeasureAsTheWindowsTextMapperDoes) {
   EXPECT_EQ(scaledFont(record("Arial", -200, -72))->metrics().averageWidth, 72);
 }
 
-TEST(Fonts, CharactersWithoutAPlaceInTheFaceStillCount) {
+TEST(Fonts, charactersWithoutAPlaceInTheFaceStillCount) {
   const auto font = scaledFont(record("Courier New", -200));
   // The character 0 stands for letters of code pages without a table: a blank as wide as any.
   EXPECT_EQ(font->glyph(0).index, font->glyph(U' ').index);
@@ -41,7 +41,7 @@ TEST(Fonts, CharactersWithoutAPlaceInTheFaceStillCount) {
   EXPECT_NE(star.index, 0U);
 }
 
-TEST(Fonts, UnknownFacesAndSizesFindAStandIn) {
+TEST(Fonts, unknownFacesAndSizesFindAStandIn) {
   for (const char* face : {"No Such Face", "", "MS Sans Serif", "Terminal"})
     EXPECT_GT(scaledFont(record(face, -200))->glyph(U'a').advance, 0) << face;
   for (const int height : {2147483647, -2147483647 - 1})

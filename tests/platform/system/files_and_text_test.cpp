@@ -16,7 +16,7 @@ namespace qor::test {
 namespace fs = std::filesystem;
 namespace {
 
-TEST(TextEncoding, MarksWhatIsNoLetter) {
+TEST(TextEncoding, marksWhatIsNoLetter) {
   EXPECT_EQ(utf8FromCodePage("a\x98-", 1251), "a\uFFFD-");
   EXPECT_EQ(utf8FromCodePage("\xE9", 99999), "\uFFFD");
   EXPECT_EQ(codePageFromUtf8("a€b", 866, Substitute::questionMark), "a?b");
@@ -31,7 +31,7 @@ TEST(TextEncoding, MarksWhatIsNoLetter) {
 }
 
 // A link stays, and its target is replaced.
-TEST(OutputFile, ReplacesItsTargetOnlyWhenComplete) {
+TEST(OutputFile, replacesItsTargetOnlyWhenComplete) {
   const TemporaryDirectory directory;
   const std::string target = directory.write("a b.txt", "before");
   fs::permissions(target, fs::perms(0640));
@@ -56,7 +56,7 @@ TEST(OutputFile, ReplacesItsTargetOnlyWhenComplete) {
 }
 
 // Pieces are gathered up to 64 KiB, larger ones go out at once.
-TEST(OutputFile, KeepsThePiecesInOrder) {
+TEST(OutputFile, keepsThePiecesInOrder) {
   const TemporaryDirectory directory;
   std::string whole;
   OutputFile file(directory.path("out"));
@@ -72,7 +72,7 @@ TEST(OutputFile, KeepsThePiecesInOrder) {
   EXPECT_TRUE(directory.read("out") == whole);
 }
 
-TEST(Files, TellTheirTimesInUtcAndTheZoneWestOfIt) {
+TEST(Files, tellTheirTimesInUtcAndTheZoneWestOfIt) {
   const TemporaryDirectory directory;
   const std::string name = directory.write("a", "b");
   run({"touch", "-d", "2001-02-03T04:05:06Z", name});
@@ -86,7 +86,7 @@ TEST(Files, TellTheirTimesInUtcAndTheZoneWestOfIt) {
   }
 }
 
-TEST(Files, RefuseWhatIsNone) {
+TEST(Files, refuseWhatIsNone) {
   const TemporaryDirectory directory;
   EXPECT_THROW(OutputFile(directory.path()), FileError);
   EXPECT_THROW(OutputFile(directory.path("none/x.txt")), FileError);

@@ -69,7 +69,7 @@ TEST(PreviewKeys, movesAPageThatIsWiderToo) {
   const auto drag = [&window](QEvent::Type type, QPoint point) {
     QMouseEvent event(type, point, window.area().mapToGlobal(point), Qt::LeftButton, Qt::LeftButton,
                       kNone);
-    QCoreApplication::sendEvent(&window.view(), &event);
+    QCoreApplication::sendEvent(&window.pageControl(), &event);
   };
   drag(QEvent::MouseButtonPress, {300, 300});
   for (const QPoint to : {QPoint(290, 275), QPoint(280, 250)}) drag(QEvent::MouseMove, to);

@@ -99,13 +99,13 @@ void idle(Window& window) {
 }
 
 // The inside of the sheet, without its frame.
-QImage sheetOf(const QImage& picture) {
+QImage insideOfSheet(const QImage& picture) {
   return picture.copy(2, 2, 780, 1000).convertToFormat(QImage::Format_RGB32);
 }
 
 QImage onView(Window& window) {
   idle(window);
-  return sheetOf(window.picture("page_control"));
+  return insideOfSheet(window.picture("page_control"));
 }
 
 // A page on view is the page of a run that reads all of them in their order.
@@ -121,7 +121,7 @@ TEST(PreviewNotes, pagesLookAsWhenAllAreReadInOrder) {
             "");
   const auto expected = [&window](int page) {
     const std::string name = "r(" + std::to_string(page) + ").png";
-    return sheetOf(QImage(qtText(window.directory().path(name))));
+    return insideOfSheet(QImage(qtText(window.directory().path(name))));
   };
   window.press(Qt::Key_End, Qt::ControlModifier);
   EXPECT_EQ(onView(window), expected(5));
@@ -190,11 +190,11 @@ TEST(PreviewNotes, leadToTheWideViewByAClick) {
     window.click(clicked);
     idle(window);
     EXPECT_EQ(wide.isChecked(), isWide) << clicked;
-    EXPECT_EQ(window.view().width(), isWide ? 1200 : 813) << clicked;
+    EXPECT_EQ(window.pageControl().width(), isWide ? 1200 : 813) << clicked;
     EXPECT_EQ(window.status(), told) << clicked;
     // The last letters are at 150 times 8 pixels: 10 points, a twelfth of an inch each.
     EXPECT_EQ(firstInk(window.picture("page_control"), {1160, 0, 40, 30}) >= 0, isWide);
-    EXPECT_EQ(window.view().pos() == QPoint(0, 0), isWide);
+    EXPECT_EQ(window.pageControl().pos() == QPoint(0, 0), isWide);
   }
 }
 

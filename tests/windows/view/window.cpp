@@ -50,7 +50,7 @@ Window::Window(const Start& start) {
   prepare(start);
   doc_.Settings.Page.BaseCodePage = AppOptions.DocCodePage;
   InitPrinters();
-  doc_.SelectPrinter();
+  doc_.SelectPrinter({});
   if (start.dynamic) doc_.ScanFirstPage();
   if (!start.dynamic) doc_.ScanPages(false);
   settings_ = std::make_unique<QtUserSettings>();
@@ -129,7 +129,7 @@ int Window::wheel(int delta, Qt::KeyboardModifiers modifiers, QPoint place) {
 
 std::map<int, PageImage*> Window::smallPages() {
   std::map<int, PageImage*> pages;
-  for (PageImage* image : view().findChildren<PageImage*>()) {
+  for (PageImage* image : pageControl().findChildren<PageImage*>()) {
     if (image->isVisible()) pages[image->property("tag").toInt()] = image;
   }
   return pages;

@@ -16,6 +16,7 @@
 #include "windows/view/page_image.h"
 #include "windows/view/page_scroll.h"
 #include "windows/view/tfrm_view.h"
+#include "windows/view/view_parts.h"
 
 namespace qor::test {
 
@@ -52,6 +53,7 @@ class Window {
   ~Window();
 
   TfrmView& form() { return *form_; }
+  ViewParts& parts() { return form_->parts(); }
   VDoc& doc() { return doc_; }
   static std::string path() { return AppOptions.FileName; }
   const TemporaryDirectory& directory() const { return directory_; }
@@ -79,7 +81,7 @@ class Window {
     return control<QLabel>(panel).text().toStdString();
   }
   int scrolled() { return area().verticalScrollBar()->value(); }  // pixels, down
-  QWidget& view() { return control("page_control"); }
+  QWidget& pageControl() { return control("page_control"); }
   PageScroll& area() { return control<PageScroll>("pScroll"); }
   std::map<int, PageImage*> smallPages();  // that are seen, by their numbers
 

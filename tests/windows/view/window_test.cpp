@@ -43,21 +43,22 @@ TEST(PreviewWindow, keepsTheUsersSettings) {
 }
 
 TEST(PreviewWindow, storesWhatTheUserChoosesAtOnce) {
-  const std::pair<const char*, std::function<void(TfrmView&)>> rows[] = {
-      {"ZoomID=3", [](TfrmView& form) { form.mnuZoomListClick(3); }},
-      {"ZoomID=4", [](TfrmView& form) { form.cmdView_ZoomOutClick(); }},
-      {"MultipageView=true", [](TfrmView& form) { form.rbMultiPageViewClick(true); }},
-      {"ListView=true", [](TfrmView& form) { form.mnuListViewClick(); }},
-      {"ShowUnprintable=false", [](TfrmView& form) { form.mnuUnprintableClick(); }},
-      {"FlagFullWindow=true", [](TfrmView& form) { form.mnuFullScreenClick(); }},
-      {"PreviewType=1", [](TfrmView& form) { form.cmdView_SetPreviewTypeClick(kWideView); }},
-      {"CheckPdf=true", [](TfrmView& form) { form.cmdView_ConvertClick(); }},
+  const std::pair<const char*, std::function<void(ViewParts&)>> rows[] = {
+      {"ZoomID=3", [](ViewParts& parts) { parts.zoom.mnuZoomListClick(3); }},
+      {"ZoomID=4", [](ViewParts& parts) { parts.zoom.cmdView_ZoomOutClick(); }},
+      {"MultipageView=true", [](ViewParts& parts) { parts.switches.rbMultiPageViewClick(true); }},
+      {"ListView=true", [](ViewParts& parts) { parts.switches.mnuListViewClick(); }},
+      {"ShowUnprintable=false", [](ViewParts& parts) { parts.switches.mnuUnprintableClick(); }},
+      {"FlagFullWindow=true", [](ViewParts& parts) { parts.switches.mnuFullScreenClick(); }},
+      {"PreviewType=1",
+       [](ViewParts& parts) { parts.switches.cmdView_SetPreviewTypeClick(kWideView); }},
+      {"CheckPdf=true", [](ViewParts& parts) { parts.forms.cmdView_ConvertClick(); }},
   };
   Window::Start start{reportOfPages(3)};
   start.commands.convert = [](VDoc&, ViewState& state) { state.CheckPdf = true; };
   Window window(start);
   for (const auto& [line, choose] : rows) {
-    choose(window.form());
+    choose(window.parts());
     // As another program reads the file.
     const std::string text = readFile(settingsFile());
     EXPECT_NE(text.find(std::string(line) + "\n"), std::string::npos) << line << " in " << text;
@@ -173,7 +174,7 @@ TEST(PreviewWindow, printsWhatTheSettingsDialogAsksFor) {
   for (const auto& row : rows) {
     int asked = 0;
     Window::Start start{reportOfPages(5)};
-    start.commands.settings = [&](VDoc& doc, int) {
+    start.commands.settings = [&](VDoc& doc, PreviewKind) {
       ++asked;
       doc.Settings.Page.PrintPagesSet = row.pagesSet;
       doc.Settings.Page.PagesForPrint = "2-3";

@@ -19,18 +19,18 @@ TEST(PreviewZoom, hasEveryZoomOfItsList) {
   auto& list = window.control<QComboBox>("cmbZoom");
   EXPECT_EQ(list.currentIndex(), -1) << "nothing is stored yet";
   EXPECT_EQ(list.placeholderText(), "100%");
-  EXPECT_EQ(window.view().size(), QSize(813, 1142)) << "which counts as 100 percent";
+  EXPECT_EQ(window.pageControl().size(), QSize(813, 1142)) << "which counts as 100 percent";
   int entry = 0;
   for (const int height : {5712, 4569, 3427, 2284, 1713, 1427, 1142, 855, 571, 284, 136, 56}) {
     list.setCurrentIndex(entry++);
-    window.form().cmbZoomChange();
-    EXPECT_EQ(window.view().height(), height);
+    window.parts().zoom.cmbZoomChange();
+    EXPECT_EQ(window.pageControl().height(), height);
   }
   window.control<QLineEdit>("txtZoom").setText("200");
-  window.form().ShowPageScale();
-  EXPECT_EQ(window.view().size(), QSize(436, 601)) << "a sheet scaled under its page";
-  window.form().mnuZoomListClick(6);
-  EXPECT_EQ(window.view().size(), QSize(813, 1142)) << "the next zoom ends it";
+  window.parts().scale.ShowPageScale();
+  EXPECT_EQ(window.pageControl().size(), QSize(436, 601)) << "a sheet scaled under its page";
+  window.parts().zoom.mnuZoomListClick(6);
+  EXPECT_EQ(window.pageControl().size(), QSize(813, 1142)) << "the next zoom ends it";
 }
 
 TEST(PreviewZoom, stepsInTheListOrFromWhatIsSeen) {
@@ -68,7 +68,7 @@ TEST(PreviewZoom, stepsInTheListOrFromWhatIsSeen) {
       {menu(12), {{6, 12}}}};
   for (const auto& [step, entries] : rows) {
     for (const auto& [start, entry] : entries) {
-      window.form().mnuZoomListClick(start);
+      window.parts().zoom.mnuZoomListClick(start);
       step();
       EXPECT_EQ(window.control<QComboBox>("cmbZoom").currentIndex(), entry) << "from " << start;
     }
@@ -92,11 +92,11 @@ TEST(PreviewZoom, keepsThePlaceThatIsLookedAt) {
       const QPoint at = atPointer ? pointer : window.area().viewport()->rect().center();
       // The place of the page at 100 percent.
       const auto place = [&](double zoom) {
-        return QPointF(window.view().mapFrom(window.area().viewport(), at)) * 100 / zoom;
+        return QPointF(window.pageControl().mapFrom(window.area().viewport(), at)) * 100 / zoom;
       };
       const QPointF before = place(300);
       step(window);
-      const double zoom = window.view().width() / (kind == kWideView ? 793.7 : 813.7) * 100;
+      const double zoom = window.pageControl().width() / (kind == kWideView ? 793.7 : 813.7) * 100;
       ASSERT_GT(std::abs(zoom - 300), 90);
       EXPECT_LE((place(zoom) - before).manhattanLength(), 3) << kind << " " << zoom;
     }
@@ -119,7 +119,7 @@ TEST(PreviewZoom, fitsAndStaysFitted) {
       window.resize(size);
       EXPECT_EQ(window.area().verticalScrollBar()->isVisible(), bar);
       EXPECT_FALSE(window.area().horizontalScrollBar()->isVisible());
-      const QSize view = window.view().size();
+      const QSize view = window.pageControl().size();
       const QSize left = window.area().viewport()->size() - view;
       if (key == Qt::Key_0) {
         EXPECT_EQ(view, QSize(813, 1142));
@@ -129,7 +129,8 @@ TEST(PreviewZoom, fitsAndStaysFitted) {
       EXPECT_LT(key == Qt::Key_1 ? left.width() : std::min(left.width(), left.height()), 26);
       if (kind == kWideView) continue;
       const int gaps = view.width() - window.doc().Settings.Scr.paper_width;
-      EXPECT_NEAR(window.view().x() * 2, left.width() + gaps, 1) << "the sheet is in the middle";
+      EXPECT_NEAR(window.pageControl().x() * 2, left.width() + gaps, 1)
+          << "the sheet is in the middle";
     }
     EXPECT_EQ(window.close()["ZoomID"], stored) << key;
   }
@@ -147,7 +148,7 @@ TEST(PreviewZoom, isToldInItsBoxAndHasNoBarBelowAPageThatFits) {
                                                           {1000, 1008, true, "AutoW (124%)"}};
   for (const auto& [width, view, bar, shown] : rows) {
     window.resize({width + right.width(), 800});
-    EXPECT_EQ(window.view().width(), view);
+    EXPECT_EQ(window.pageControl().width(), view);
     EXPECT_EQ(below.isVisible(), bar) << width;
     EXPECT_EQ(below.maximum(), std::max(0, view - width));
     EXPECT_EQ(box.currentText(), shown);
@@ -156,7 +157,7 @@ TEST(PreviewZoom, isToldInItsBoxAndHasNoBarBelowAPageThatFits) {
   EXPECT_EQ(box.currentText(), "100%");
   EXPECT_EQ(box.itemText(12), "AutoW");
   EXPECT_EQ(right.maximum(), 1142 - window.area().viewport()->height()) << "a gap at each side";
-  window.form().mnuZoomListClick(13);
+  window.parts().zoom.mnuZoomListClick(13);
   window.click("cmdView_MultiPage");
   EXPECT_TRUE(box.currentText().startsWith("AutoH (")) << box.currentText().toStdString();
   window.click("cmdView_WideView");

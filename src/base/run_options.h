@@ -1,0 +1,25 @@
+// What a run was started with, as far as its exports and print jobs ask for it. All texts are
+// UTF-8.
+#pragma once
+
+#include <string>
+
+#include "base/app_options.h"
+
+namespace qor {
+
+struct RunOptions {
+  std::string report;   // its file
+  std::string caption;  // may be empty
+  std::string printer;  // empty means the default printer
+  std::string program;
+  std::string version;
+};
+
+// Those of this process.
+inline RunOptions runOptions() {
+  return {AppOptions.FileName, AppOptions.WindowCaption, AppOptions.PrinterName,
+          AppOptions.ProgramName, AppOptions.ProgramVersion};
+}
+
+}  // namespace qor

@@ -1,0 +1,105 @@
+// The table of formats, and running one of them.
+#include "export/export_formats.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "base/path.h"
+#include "export/html/html_export.h"
+#include "export/image/image_export.h"
+#include "export/pdf/pdf_export.h"
+#include "export/text/text_export.h"
+
+namespace qor {
+namespace {
+
+constexpr ExportExtension kText[] = {{".txt"}};
+constexpr ExportExtension kHtml[] = {{".html"}};
+constexpr ExportExtension kRtf[] = {{".rtf", true}};
+constexpr ExportExtension kDoc[] = {{".doc", true}};
+constexpr ExportExtension kPdf[] = {{".pdf", true}};
+constexpr ExportExtension kSheets[] = {{".xls"}, {".xlsx"}, {".csv"}};
+// By ImageFormat.
+constexpr ExportExtension kPictures[] = {
+    {".bmp", true}, {".jpeg", true}, {".gif", true}, {".ico", true}, {".png"}};
+
+[[noreturn]] ExportResult exportNothing(ExportTask& task) {
+  throw FileError(task.target + ": this version can't write such files", ErrorKind::cannotWrite);
+}
+
+constexpr ExportFormat kFormats[] = {
+    {0, "Text", kText, PageMode::text, ExportText},
+    {1, "HTML", kHtml, PageMode::html, ExportHtml},
+    {2, "RTF", kRtf, PageMode::rtf, exportNothing},
+    {3, "DOC", kDoc, PageMode::doc, exportNothing},
+    {4, "PDF", kPdf, PageMode::pictures, ExportPdf},
+    {5, "Pictures", kPictures, PageMode::pictures, ExportImages},
+    {6, "Spreadsheet", kSheets, PageMode::sheets, exportNothing},
+};
+
+// The place of the extension among those of the format, or their number.
+std::size_t indexOf(std::string_view extension, const ExportFormat& format) {
+  const auto found = std::find_if(
+      format.extensions.begin(), format.extensions.end(),
+      [extension](const ExportExtension& candidate) { return candidate.text == extension; });
+  return static_cast<std::size_t>(found - format.extensions.begin());
+}
+
+// What the command line has no words for.
+ExportOptions commandLineOptions(const ExportFormat& format, std::string_view extension) {
+  ExportOptions options;
+  options.UseNewPageChar = true;
+  options.UseEofChar = true;
+  options.SaveHtmlPictures = true;
+  options.SaveDocPictures = true;
+  options.PagePerSheet = true;
+  if (format.run == ExportImages) options.ImageFormats.set(indexOf(extension, format));
+  return options;
+}
+
+}  // namespace
+
+std::span<const ExportFormat> exportFormats() {
+  return kFormats;
+}
+
+const ExportFormat* formatOf(std::string_view target) {
+  const std::string_view extension = extensionOf(target);
+  const auto* const found = std::find_if(
+      std::begin(kFormats), std::end(kFormats), [extension](const ExportFormat& format) {
+        return indexOf(extension, format) < format.extensions.size();
+      });
+  return found == std::end(kFormats) ? nullptr : found;
+}
+
+std::string extensionsInHelp() {
+  std::string list;
+  for (const ExportFormat& format : kFormats) {
+    for (const ExportExtension& extension : format.extensions) {
+      if (!extension.inHelp) continue;
+      if (!list.empty()) list += ',';
+      list += extension.text.substr(1);
+    }
+  }
+  return list;
+}
+
+ExportResult runExport(const ExportFormat& format, ExportTask& task) {
+  try {
+    return format.run(task);
+  } catch (const StoppedError&) {
+    return ExportResult::stopped;
+  }
+}
+
+ExportFileList exportByExtension(VDoc& doc, const std::string& target) {
+  const ExportFormat* format = formatOf(target);
+  if (format == nullptr) return {};
+  ExportTask task = {doc, target, commandLineOptions(*format, extensionOf(target))};
+  // Only sheets are read otherwise where nobody looks.
+  if (format->mode == PageMode::sheets) task.mode = PageMode::sheets;
+  runExport(*format, task);
+  return task.files;
+}
+
+}  // namespace qor

@@ -1,0 +1,41 @@
+// The formats that reports are exported in: one table for the command line, the help and the
+// windows.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "export/export_task.h"
+
+namespace qor {
+
+struct ExportExtension {
+  std::string_view text;  // with its point, in lower case
+  bool inHelp = false;    // the help of the command line names it
+};
+
+struct ExportFormat {
+  int id;                  // as the window's settings store it
+  std::string_view title;  // as users call it
+  std::span<const ExportExtension> extensions;
+  PageMode mode;  // in which a window asks for pages
+  ExportResult (*run)(ExportTask& task);
+};
+
+std::span<const ExportFormat> exportFormats();
+
+// The format whose extension the target has; null where none has it.
+const ExportFormat* formatOf(std::string_view target);
+
+// The extensions of the help: "rtf,doc,pdf".
+std::string extensionsInHelp();
+
+// Runs the exporter. Stopping is a result here and not thrown; else throws as the exporters.
+ExportResult runExport(const ExportFormat& format, ExportTask& task);
+
+// The export of the command line, by the extension of the target: any other one exports nothing.
+// Returns the files that it wrote; throws as runExport.
+ExportFileList exportByExtension(VDoc& doc, const std::string& target);
+
+}  // namespace qor

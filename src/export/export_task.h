@@ -1,0 +1,50 @@
+// What crosses between the ways into an export and the exporters.
+#pragma once
+
+#include <bitset>
+#include <string>
+#include <vector>
+
+#include "base/run_options.h"
+#include "document/page_loop.h"
+
+namespace qor {
+
+// Places in ExportOptions::ImageFormats, in the order in which files are written.
+enum ImageFormat { kImageBmp, kImageJpeg, kImageGif, kImageIco, kImagePng, kImageFormatCount };
+
+struct ExportOptions {
+  bool UseNewPageChar = false;  // text: a form feed line after each page
+  bool UseEofChar = false;      // text: an end-of-file line at the end
+  bool SaveHtmlPictures = false;
+  bool SaveDocPictures = false;
+  bool PrintToPdfPrinter = false;
+  bool ScaleToPaper = false;
+  int PaperScale = 100;  // percent, where the page is to be scaled to the paper
+  std::bitset<kImageFormatCount> ImageFormats;
+  bool PagePerSheet = false;
+  char CsvSeparator = ';';
+  int PreviewPageWidth = 0;  // of the page as the window first painted it, pixels
+};
+
+// What an export came to: done; stopped by the user or for a reason that was told; or the files of
+// the list were written. Companions know the values.
+enum class ExportResult { stopped = -1, done = 0, files = 100 };
+
+// The names of the files that an export wrote, in order.
+using ExportFileList = std::vector<std::string>;
+
+// One export. The exporters walk the document page by page and keep one page at a time. They throw
+// what reading pages throws, StoppedError where `progress` asks for it, and FileError where the
+// target can't be written; the target is then as it was.
+struct ExportTask {
+  VDoc& doc;
+  std::string target;  // a file; pictures of several pages make their names of it
+  ExportOptions options{};
+  RunOptions run = runOptions();
+  PageMode mode = PageMode::plain;  // that of the format where a window asks
+  PageProgress progress{};
+  ExportFileList files{};  // appended to, each when it stands
+};
+
+}  // namespace qor

@@ -1,0 +1,48 @@
+// Failures as texts.
+#include "platform/system/failure.h"
+
+#include <exception>
+
+#include "base/app_options.h"
+#include "language/language.h"
+#include "platform/system/messages.h"
+
+namespace qor {
+namespace {
+
+// The text that belongs to an error number.
+std::string numberText(int number) {
+  const auto index = static_cast<std::size_t>(number - 1);
+  const ErrorTexts& texts = errorTexts();
+  return std::string(index < texts.size() ? texts[index] : texts.front()) + LastError.FileName;
+}
+
+std::string ofReport(const std::string& reason) {
+  return AppOptions.FileName + ": " + reason;
+}
+
+std::string textOf(const Error& error) {
+  if (error.code() != 0) return numberText(error.code());
+  return error.namesItsPlace() ? error.what() : ofReport(error.what());
+}
+
+}  // namespace
+
+Failure caughtFailure() {
+  try {
+    throw;
+  } catch (const Error& error) {
+    return {error.kind(), error.code(), textOf(error)};
+  } catch (const std::exception& error) {
+    return {ErrorKind::system, 0, ofReport(error.what())};
+  } catch (...) {
+    return {ErrorKind::system, 0, ofReport("unknown failure")};
+  }
+}
+
+void tellFailure() {
+  const Failure failure = caughtFailure();
+  if (!failure.wasTold()) showWarning(failure.text);
+}
+
+}  // namespace qor

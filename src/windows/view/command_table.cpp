@@ -1,0 +1,225 @@
+// The rows of the commands.
+#include "windows/view/command_table.h"
+
+#include "window_model/preview_texts.h"
+#include "windows/view/tfrm_view.h"
+#include "windows/view/view_desk.h"
+#include "windows/view/view_parts.h"
+
+namespace qor {
+namespace {
+
+using Form = TfrmView;
+using Texts = PreviewTexts;
+
+constexpr auto kCtrl = Qt::ControlModifier;
+
+template <PageMove move>
+bool leads(const Form& form) {
+  return form.parts().desk->cursor.leads(move);
+}
+
+template <PageMove move>
+void moveTo(Form& form) {
+  form.parts().turner.cmdView_PageMoveTo(move);
+}
+
+template <PageMove move, PageSide side>
+void moveToSide(Form& form) {
+  moveTo<move>(form);
+  form.parts().turner.scrollTo(side);
+}
+
+template <bool several>
+bool showsSeveral(const Form& form) {
+  return form.parts().desk->state.MultipageView == several;
+}
+
+template <PreviewKind kind>
+bool isKind(const Form& form) {
+  return form.parts().desk->state.PreviewType == kind;
+}
+
+template <bool ViewState::*flag>
+bool isOn(const Form& form) {
+  return form.parts().desk->state.*flag;
+}
+
+// Commands of forms that nobody offers are there and off.
+template <auto form>
+bool isOffered(const Form& window) {
+  return static_cast<bool>(window.parts().forms.offered().*form);
+}
+
+void escape(Form& form) {
+  PageNumberEdit& number = form.parts().number;
+  number.isVisible() ? number.cancel() : static_cast<void>(form.close());
+}
+
+constexpr CommandRow kCommands[] = {
+    {.id = "mnuFirst",
+     .text = &Texts::firstPage,
+     .image = ImageIndex::first,
+     .button = {"cmdView_First", "lblPageCurrent"},
+     .keys = {{{Qt::Key_Home, kCtrl}}},
+     .enabledWhen = leads<PageMove::first>,
+     .run = moveTo<PageMove::first>,
+     .runByKey = moveToSide<PageMove::first, PageSide::top>},
+    {.id = "mnuPrev",
+     .text = &Texts::previousPage,
+     .image = ImageIndex::previous,
+     .button = {"cmdView_Prev", "lblPageCurrent"},
+     .keys = {{{Qt::Key_PageUp, {}, kCtrl}}},
+     .enabledWhen = leads<PageMove::previous>,
+     .run = moveTo<PageMove::previous>},
+    {.id = "mnuNext",
+     .text = &Texts::nextPage,
+     .image = ImageIndex::next,
+     .button = {"cmdView_Next", "lineMoves"},
+     .keys = {{{Qt::Key_PageDown, {}, kCtrl}}},
+     .enabledWhen = leads<PageMove::next>,
+     .run = moveTo<PageMove::next>},
+    {.id = "mnuLast",
+     .text = &Texts::lastPage,
+     .image = ImageIndex::last,
+     .button = {"cmdView_Last", "lineMoves"},
+     .keys = {{{Qt::Key_End, kCtrl}}},
+     .endsGroup = true,
+     .enabledWhen = leads<PageMove::last>,
+     .run = moveTo<PageMove::last>,
+     .runByKey = moveToSide<PageMove::last, PageSide::bottom>},
+    {.id = "mnuZoomPlus",
+     .text = &Texts::zoomIn,
+     .image = ImageIndex::zoomIn,
+     .button = {"cmdView_ZoomIn", "lineZoom"},
+     // Ctrl+= is the plus of many keyboards, without Shift.
+     .keys = {{{Qt::Key_Plus, kCtrl}, {Qt::Key_Equal, kCtrl}}},
+     .run = [](Form& form) { form.parts().zoom.cmdView_ZoomInClick(); }},
+    {.id = "mnuZoomMinus",
+     .text = &Texts::zoomOut,
+     .image = ImageIndex::zoomOut,
+     .button = {"cmdView_ZoomOut", "cmbZoom"},
+     .keys = {{{Qt::Key_Minus, kCtrl}}},
+     .run = [](Form& form) { form.parts().zoom.cmdView_ZoomOutClick(); }},
+    {.id = "mnuActualSize",
+     .text = &Texts::actualSize,
+     .image = ImageIndex::actualSize,
+     .keys = {{{Qt::Key_0, kCtrl}}},
+     .run = [](Form& form) { form.parts().zoom.mnuActualSizeClick(); }},
+    {.id = "mnuFitWidth",
+     .text = &Texts::fitWidth,
+     .image = ImageIndex::fitWidth,
+     .keys = {{{Qt::Key_1, kCtrl}}},
+     .run = [](Form& form) { form.parts().zoom.mnuFitWidthClick(); }},
+    {.id = "mnuFitPage",
+     .text = &Texts::fitPage,
+     .image = ImageIndex::fitPage,
+     .keys = {{{Qt::Key_2, kCtrl}}},
+     .endsGroup = true,
+     .run = [](Form& form) { form.parts().zoom.mnuFitPageClick(); }},
+    {.id = "mnuSinglePage",
+     .text = &Texts::singlePage,
+     .image = ImageIndex::singlePage,
+     .button = {"cmdView_SinglePage", "linePages"},
+     .oneOf = OneOf::pages,
+     .checkedWhen = showsSeveral<false>,
+     .run = [](Form& form) { form.parts().switches.rbMultiPageViewClick(false); }},
+    {.id = "mnuMultiPage",
+     .text = &Texts::multiPage,
+     .image = ImageIndex::multiPage,
+     .button = {"cmdView_MultiPage", "linePages"},
+     .oneOf = OneOf::pages,
+     .checkedWhen = showsSeveral<true>,
+     .run = [](Form& form) { form.parts().switches.rbMultiPageViewClick(true); }},
+    {.id = "mnuNormalView",
+     .text = &Texts::normalView,
+     .image = ImageIndex::normalView,
+     .button = {"cmdView_NormalView", "lineViews"},
+     .oneOf = OneOf::views,
+     .checkedWhen = isKind<kNormalView>,
+     .run = [](Form& form) { form.parts().switches.cmdView_SetPreviewTypeClick(kNormalView); }},
+    {.id = "mnuWideView",
+     .text = &Texts::wideView,
+     .image = ImageIndex::wideView,
+     .button = {"cmdView_WideView", "lineViews"},
+     .oneOf = OneOf::views,
+     .endsGroup = true,
+     .checkedWhen = isKind<kWideView>,
+     .run = [](Form& form) { form.parts().switches.cmdView_SetPreviewTypeClick(kWideView); }},
+    {.id = "mnuListView",
+     .text = &Texts::pageList,
+     .image = ImageIndex::pageList,
+     .checkedWhen = isOn<&ViewState::ListView>,
+     .run = [](Form& form) { form.parts().switches.mnuListViewClick(); }},
+    {.id = "mnuUnprintable",
+     .text = &Texts::unprintable,
+     .image = ImageIndex::margins,
+     .checkedWhen = isOn<&ViewState::ShowUnprintable>,
+     .run = [](Form& form) { form.parts().switches.mnuUnprintableClick(); }},
+    {.id = "mnuFullScreen",
+     .text = &Texts::fullWindow,
+     .image = ImageIndex::fullScreen,
+     .keys = {{{Qt::Key_F11}}},
+     .endsGroup = true,
+     .checkedWhen = isOn<&ViewState::FlagFullWindow>,
+     .run = [](Form& form) { form.parts().switches.mnuFullScreenClick(); }},
+    {.id = "mnuRowLine",
+     .text = &Texts::showRowLine,
+     .image = ImageIndex::alignmentLine,
+     .hidden = true},
+    {.id = "mnuShapeLine",
+     .text = &Texts::showShapeLine,
+     .image = ImageIndex::alignmentLine,
+     .enabledWhen = isOffered<&ViewCommands::shapeLine>,
+     .run = [](Form& form) { form.parts().forms.offered().shapeLine(); }},
+    {.id = "mnuProperties",
+     .text = &Texts::lineProperties,
+     .image = ImageIndex::properties,
+     .endsGroup = true,
+     .enabledWhen = isOffered<&ViewCommands::lineProperties>,
+     .run = [](Form& form) { form.parts().forms.offered().lineProperties(); }},
+    {.id = "mnuSettings",
+     .text = &Texts::settings,
+     .image = ImageIndex::print,
+     .button = {"cmdView_SetPrinter"},
+     .keys = {{{Qt::Key_F4}}},
+     .enabledWhen = isOffered<&ViewCommands::settings>,
+     .run = [](Form& form) { form.parts().forms.cmdSettings_Click(); }},
+    {.id = "mnuMail",
+     .text = &Texts::mail,
+     .image = ImageIndex::mail,
+     .button = {"cmdView_Mail"},
+     .keys = {{{Qt::Key_F5}}},
+     .enabledWhen = isOffered<&ViewCommands::mail>,
+     .run = [](Form& form) { form.parts().forms.cmdView_MailClick(); }},
+    {.id = "mnuConvert",
+     .text = &Texts::convert,
+     .image = ImageIndex::convert,
+     .button = {"cmdView_Convert"},
+     .keys = {{{Qt::Key_F6}}},
+     .endsGroup = true,
+     .enabledWhen = isOffered<&ViewCommands::convert>,
+     .run = [](Form& form) { form.parts().forms.cmdView_ConvertClick(); }},
+    {.id = "mnuClose",
+     .text = &Texts::close,
+     .image = ImageIndex::close,
+     .button = {"cmdView_Esc", "lineClose"},
+     .keys = {{{Qt::Key_Escape}}},
+     .run = [](Form& form) { form.close(); },
+     .runByKey = escape}};
+
+}  // namespace
+
+std::span<const CommandRow> commandTable() {
+  return kCommands;
+}
+
+bool CommandRow::isOn(const TfrmView& form) const {
+  return enabledWhen == nullptr || enabledWhen(form);
+}
+
+QString CommandRow::keyText() const {
+  return keys[0].isNone() ? QString() : keys[0].text();
+}
+
+}  // namespace qor

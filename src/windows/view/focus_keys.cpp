@@ -1,0 +1,29 @@
+// Keys of edits and lists.
+#include "windows/view/focus_keys.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+
+namespace qor {
+
+bool focusKeeps(const QKeyEvent& event) {
+  const QWidget* focus = QApplication::focusWidget();
+  const bool inEdit = qobject_cast<const QLineEdit*>(focus) != nullptr;
+  const bool inList = qobject_cast<const QListView*>(focus) != nullptr &&
+                      (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  switch (event.key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right: return inEdit;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+    case Qt::Key_End: return inEdit || inList;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown: return inList;
+    default: return false;
+  }
+}
+
+}  // namespace qor

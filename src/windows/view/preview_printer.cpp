@@ -1,0 +1,41 @@
+// The printer of the window.
+#include "windows/view/preview_printer.h"
+
+#include "base/app_options.h"
+#include "document/vdoc.h"
+#include "settings/print_scale.h"
+#include "settings/printers.h"
+#include "windows/view/view_desk.h"
+
+namespace qor {
+namespace {
+
+void openPrinter(VDoc& doc, std::int32_t scale, bool scaled) {
+  doc.PrintScale = scale;
+  doc.PrintScaleFlag = scaled;
+  UpdatePrintMetrics(AppOptions.PrinterName, doc.Settings.Page, scale, scaled);
+}
+
+ScaleQuestion questionOf(const ViewDesk& desk, const VDoc& doc) {
+  return {desk.page_control->logicalDpiX(), zoomPercent(desk.state.ZoomID),
+          doc.Settings.Scr.view_width};
+}
+
+}  // namespace
+
+void openPrinterForView(const ViewDesk& desk, VDoc& doc) {
+  const VSet& settings = doc.Settings;
+  const auto scale = previewPrintScale(questionOf(desk, doc), settings.Page, settings.Prn);
+  openPrinter(doc, scale.value_or(doc.PrintScale), false);
+}
+
+void openPrinterUnscaled(VDoc& doc) {
+  openPrinter(doc, kNaturalZoom, false);
+}
+
+void openPrinterScaled(const ViewDesk& desk, VDoc& doc) {
+  const VSet& settings = doc.Settings;
+  openPrinter(doc, ComputePrintScale(questionOf(desk, doc), settings.Page, settings.Prn), true);
+}
+
+}  // namespace qor

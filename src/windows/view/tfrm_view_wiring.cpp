@@ -1,0 +1,177 @@
+// How the parts of the window work together.
+#include <QKeyEvent>
+#include <QTimer>
+
+#include "document/vdoc.h"
+#include "windows/failure_text.h"
+#include "windows/view/focus_keys.h"
+#include "windows/view/key_table.h"
+#include "windows/view/tfrm_view.h"
+#include "windows/view/view_desk.h"
+#include "windows/view/view_parts.h"
+
+namespace qor {
+
+void TfrmView::run(const std::function<void()>& command) {
+  const QString failure = failureOf(command);
+  if (failure.isNull()) return;
+  failureOf([this] { ShowPage(); });
+  updateCommands();
+  showMessage(MessageKind::error, failure);
+}
+
+void TfrmView::run(void (*command)(TfrmView&)) {
+  run([this, command] { command(*this); });
+}
+
+// Pages are changed once the control that asks for it has done with its event.
+void TfrmView::connectPages() {
+  ViewParts& parts = *parts_;
+  VPage* pages = parts.desk->page_control;
+  PageScroll* area = parts.desk->ui.pScroll;
+  connect(pages, &VPage::laidOut, area, &PageScroll::putControl);
+  connect(
+      pages, &VPage::pageClicked, this,
+      [this, &parts](int number) { run([&] { parts.turner.markPage(number); }); },
+      Qt::QueuedConnection);
+  connect(
+      pages, &VPage::pageDoubleClicked, this,
+      [this, &parts](int number) {
+        run([&] {
+          parts.turner.markPage(number);
+          parts.switches.rbMultiPageViewClick(false);
+        });
+      },
+      Qt::QueuedConnection);
+  connect(pages, &VPage::drawingFailed, this,
+          [&parts](const QString& reason) { parts.desk->status.setMessage(reason); });
+  connect(area, &PageScroll::resized, this, &TfrmView::FormResize);
+  connect(area, &PageScroll::wheelZoomed, this, [this, &parts](int direction, const QPoint& seen) {
+    run([&] { parts.zoom.zoomFromView(direction, seen); });
+  });
+  connect(area, &PageScroll::wheelBeyondEnd, this,
+          [this, &parts](int direction) { run([&] { parts.turner.turnPage(direction); }); });
+  connect(parts.desk->ui.cmbZoom, &QComboBox::activated, this,
+          [this, &parts] { run([&] { parts.zoom.cmbZoomChange(); }); });
+}
+
+void TfrmView::connectParts() {
+  ViewParts& parts = *parts_;
+  connect(&parts.pages, &PageShow::aboutToShow, this, [this, &parts] {
+    parts.pageStatus.startPage();
+    updateCommands();
+  });
+  connect(&parts.pages, &PageShow::roomCounted, this, &TfrmView::updateCommands);
+  connect(&parts.pages, &PageShow::pageShown, this, [&parts] {
+    parts.pageStatus.tellFileState();
+    parts.notes.lookCloser();
+  });
+  connect(&parts.pages, &PageShow::shown, this, [&parts] { parts.pageStatus.describeView(); });
+  connect(&parts.turner, &PageTurner::moved, this, &TfrmView::cmbPagesChange);
+  connect(&parts.turner, &PageTurner::marked, this, &TfrmView::tellMarked);
+  const auto goTo = [this, &parts](int number) { run([&] { parts.turner.goToPage(number); }); };
+  connect(&parts.number, &PageNumberEdit::pageChosen, this, goTo);
+  connect(&parts.list, &PageListPane::pageChosen, this, goTo);
+  connect(&parts.zoom, &PageZoom::pageWanted, this, &TfrmView::ShowPage);
+  connect(&parts.zoom, &PageZoom::stateChanged, this, &TfrmView::keepState);
+  connect(&parts.switches, &ViewSwitches::stateChanged, this, &TfrmView::keepState);
+  connect(&parts.notes, &PageNotesWatch::pageWanted, this, &TfrmView::ShowPage);
+  connect(&parts.notes, &PageNotesWatch::wideViewWanted, this,
+          [this, &parts] { run([&] { parts.switches.cmdView_SetPreviewTypeClick(kWideView); }); });
+  connect(&parts.forms, &FormCalls::stateChanged, this, &TfrmView::keepState);
+  connect(&parts.forms, &FormCalls::failed, this,
+          [this](const QString& reason) { showMessage(MessageKind::error, reason); });
+  connect(&parts.forms, &FormCalls::pagesIndexed, this, [this, &parts] {
+    showTotal();
+    parts.list.fill();
+    cmbPagesChange();
+  });
+}
+
+void TfrmView::connectMenu() {
+  ViewParts& parts = *parts_;
+  const ViewMenu* menu = parts.menu.get();
+  connect(menu, &ViewMenu::zoomChosen, this,
+          [this, &parts](int entry) { run([&] { parts.zoom.mnuZoomListClick(entry); }); });
+  connect(menu, &ViewMenu::codePageChosen, this,
+          [this, &parts](int codePage) { run([&] { parts.notes.mnuCodePageClick(codePage); }); });
+  connect(menu, &ViewMenu::languageChosen, this,
+          [this](const Language& language) { run([&] { chooseLanguage(language); }); });
+  PageScroll* area = parts.desk->ui.pScroll;
+  area->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(area, &QWidget::customContextMenuRequested, parts.menu.get(), &ViewMenu::popup);
+}
+
+void TfrmView::updateCommands() {
+  parts_->tools->update();
+  parts_->menu->update();
+}
+
+void TfrmView::cmbPagesChange() {
+  PageCursor& cursor = parts_->desk->cursor;
+  cursor.goTo(cursor.current());
+  parts_->number.showCurrent();
+  parts_->list.select();
+  ShowPage();
+}
+
+// Another one of the pages on view is the current one.
+void TfrmView::tellMarked() {
+  parts_->number.showCurrent();
+  parts_->list.select();
+  parts_->pageStatus.tellNumber();
+  parts_->pageStatus.describeView();
+  updateCommands();
+}
+
+void TfrmView::showTotal() {
+  const VDoc* doc = parts_->pages.document();
+  parts_->desk->cursor.setTotal(doc == nullptr ? 0 : doc->PageCount);
+  parts_->number.showTotal();
+}
+
+void TfrmView::TimerDynamicBlincTimer() {
+  GrowthWatch& growth = parts_->desk->growth;
+  VDoc* doc = parts_->pages.document();
+  const QString failure = failureOf([&] {
+    const Growth grown = growth.tick(doc);
+    if (grown == Growth::complete) TimerDynamicBlinc_->stop();
+    if (grown != Growth::none) followGrowth();
+  });
+  if (!failure.isNull()) {
+    parts_->pages.forget();
+    parts_->notes.stop();
+    doc->Clear();
+    followGrowth();
+    showMessage(MessageKind::error, failure);
+  }
+  parts_->number.setBlinking(growth.blinks());
+}
+
+// The page on show stays; the first one appears by itself.
+void TfrmView::followGrowth() {
+  ViewParts& parts = *parts_;
+  const PageCursor& cursor = parts.desk->cursor;
+  showTotal();
+  if (cursor.current() > cursor.total()) {
+    parts.pages.forget();
+    cmbPagesChange();
+  } else if (!parts.desk->page_control->showsPages()) {
+    cmbPagesChange();
+  }
+  parts.pageStatus.tellNumber();
+  parts.pageStatus.describeView();
+  updateCommands();
+  parts.list.fill();
+}
+
+// True if the key was one of the window's: nobody else gets it then.
+bool TfrmView::FormKeyDown(const QKeyEvent& event) {
+  if (focusKeeps(event)) return false;
+  const KeyAction action = actionOfKey(event);
+  if (action == nullptr) return false;
+  run(action);
+  return true;
+}
+
+}  // namespace qor

@@ -1,0 +1,21 @@
+// Laying the desk.
+#include "windows/view/view_desk.h"
+
+namespace qor {
+namespace {
+
+Ui::TfrmView formIn(QMainWindow* window) {
+  Ui::TfrmView form;
+  form.setupUi(window);
+  return form;
+}
+
+}  // namespace
+
+ViewDesk::ViewDesk(QMainWindow* window)
+    : ui(formIn(window)), page_control(new VPage(window)), status(*ui.stBar) {
+  page_control->setObjectName("page_control");
+  ui.pScroll->setControl(page_control);
+}
+
+}  // namespace qor

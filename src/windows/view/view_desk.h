@@ -1,0 +1,25 @@
+// What the parts of the window work on together: its controls, what it remembers, and where in the
+// report it stands. The window makes it before its parts, which own what is theirs alone.
+#pragma once
+
+#include "ui_tfrm_view.h"
+#include "window_model/growth_watch.h"
+#include "window_model/page_cursor.h"
+#include "window_model/view_state.h"
+#include "windows/view/status_panels.h"
+#include "windows/view/vpage.h"
+
+namespace qor {
+
+struct ViewDesk {
+  explicit ViewDesk(QMainWindow* window);
+
+  Ui::TfrmView ui;
+  VPage* page_control;
+  StatusPanels status;
+  ViewState state;
+  PageCursor cursor;
+  GrowthWatch growth;
+};
+
+}  // namespace qor

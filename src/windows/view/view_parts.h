@@ -1,0 +1,46 @@
+// The parts of the window, made in the order in which they need each other. The window wires them
+// together; the commands reach them here. Another form, bar or panel is another part.
+#pragma once
+
+#include <memory>
+
+#include "windows/view/error_box.h"
+#include "windows/view/form_calls.h"
+#include "windows/view/page_list_pane.h"
+#include "windows/view/page_notes_watch.h"
+#include "windows/view/page_number_edit.h"
+#include "windows/view/page_show.h"
+#include "windows/view/page_status.h"
+#include "windows/view/page_turner.h"
+#include "windows/view/page_zoom.h"
+#include "windows/view/paper_scale.h"
+#include "windows/view/view_menu.h"
+#include "windows/view/view_switches.h"
+#include "windows/view/view_tools.h"
+
+class QMainWindow;
+
+namespace qor {
+
+struct ViewParts {
+  ViewParts(QMainWindow* window, ViewCommands offered);
+  ~ViewParts();
+
+  std::unique_ptr<ViewDesk> desk;
+  ErrorBox errors;
+  PageNumberEdit number;
+  PageListPane list;
+  PageZoom zoom;
+  PageStatus pageStatus;
+  PageShow pages;
+  PaperScale scale;
+  PageNotesWatch notes;
+  PageTurner turner;
+  ViewSwitches switches;
+  FormCalls forms;
+  // They read the parts before them, and are made once these are there.
+  std::unique_ptr<ViewTools> tools;
+  std::unique_ptr<ViewMenu> menu;
+};
+
+}  // namespace qor

@@ -42,7 +42,7 @@ void drawHatch(cairo_surface_t* tile, const Brush& brush, double step, double wi
   const double middle = width / 2;
   if (is(BrushStyle::horizontal, BrushStyle::cross)) line(0, middle, step, middle);
   if (is(BrushStyle::vertical, BrushStyle::cross)) line(middle, 0, middle, step);
-  for (double shift = -step; shift <= step; shift += step) {
+  for (const double shift : {-step, 0.0, step}) {
     if (is(BrushStyle::forwardDiagonal, BrushStyle::diagonalCross)) {
       line(shift - step, -step, shift + 2 * step, 2 * step);
     }

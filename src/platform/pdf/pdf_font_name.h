@@ -1,8 +1,8 @@
 // What a font of a document is asked for by.
 #pragma once
 
-#include <compare>
 #include <string>
+#include <tuple>
 
 namespace qor {
 
@@ -11,7 +11,9 @@ struct PdfFontName {
   bool bold = false;
   bool italic = false;
 
-  auto operator<=>(const PdfFontName&) const = default;
+  bool operator<(const PdfFontName& other) const {
+    return std::tie(face, bold, italic) < std::tie(other.face, other.bold, other.italic);
+  }
 };
 
 }  // namespace qor

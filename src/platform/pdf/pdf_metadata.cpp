@@ -15,7 +15,7 @@ std::string timeText(std::time_t time, const char* format) {
   std::tm parts{};
   ::gmtime_r(&time, &parts);
   std::array<char, 40> text{};
-  return std::string(text.data(), std::strftime(text.data(), text.size(), format, &parts));
+  return {text.data(), std::strftime(text.data(), text.size(), format, &parts)};
 }
 
 // What both forms can hold: titles come from command lines, in whatever bytes.
@@ -131,7 +131,7 @@ std::string colorProfile() {
   putNumber(header, 0);
   putNumber(header, 0x04200000);
   header += "mntrRGB XYZ ";
-  for (const std::uint32_t part : {2024, 1, 1, 0, 0, 0}) putNumber(header, part, 2);
+  for (const std::uint32_t part : {2024U, 1U, 1U, 0U, 0U, 0U}) putNumber(header, part, 2);
   header += "acsp";
   header.resize(68);
   for (const double part : {0.9642, 1.0, 0.8249}) putReal(header, part);

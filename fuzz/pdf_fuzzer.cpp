@@ -29,7 +29,7 @@ void exportReport(std::string_view bytes, bool byPrinter) {
   AppOptions.FileName = scratch.write("report.txt", bytes);
   VDoc doc;
   doc.ScanPages(false);
-  ExportTask task = {doc, scratch.write("report.pdf", "")};
+  ExportTask task = {doc, scratch.write("report.pdf", ""), runOptions()};
   task.options.PrintToPdfPrinter = byPrinter;
   ExportPdf(task);
 }

@@ -19,7 +19,7 @@ namespace {
 // The whole of a print but for the clean-up behind it. False where nobody got anything of the
 // report: not where there is no printer, or it refuses the job.
 bool printReport() {
-  if (!VDoc::OpenFile()) throw NumberedError(kErrorOpenDocument);
+  if (!VDoc::OpenFile()) throw NumberedError(kErrorOpenDocument, AppOptions.FileName);
   InitPrinters();
   // Nobody looks again at what a writer adds later: what is there is printed, to its last byte.
   AppOptions.DynamicMode = false;
@@ -60,7 +60,10 @@ int ExportWithoutInterface() {
     VDoc doc;
     doc.ScanPages(false);
     doc.Settings.ReloadSet();
-    const ExportFileList files = exportByExtension(doc, AppOptions.ExportTarget);
+    ExportFileList files;
+    if (exportByExtension(doc, AppOptions.ExportTarget, runOptions(), files) ==
+        ExportResult::stopped)
+      return -1;
     // Where nothing was exported, the report stays, and so do its side files.
     if (!files.empty()) report.cleanUp(ListedFiles::keep, files);
   } catch (const NumberedError&) {

@@ -47,7 +47,7 @@ void scanReport(VDoc& doc) {
 
 void PreviewReport(StartMessages* messages) {
   // Ends at once: not even the default set is made.
-  if (AppOptions.FileName.empty()) throw NumberedError(kErrorOpenDocument);
+  if (AppOptions.FileName.empty()) throw NumberedError(kErrorOpenDocument, {});
   InitPrinters();
   VDoc doc;
   loadFirstSettings(doc);

@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "base/units.h"
 #include "document/item_visitor.h"
+#include "document/page_loop.h"
 #include "document/side_picture.h"
 #include "document/vdata.h"
 #include "document/vdocpage.h"
@@ -139,7 +140,7 @@ void writeBarcodePictures(const VData_BarCode& code, int dpi) {
 
 void writeBarcodePicturesOf(const VDocPage& page, std::string_view stem) {
   PictureTeller teller(stem, page.Number);
-  for (const VDocStr& line : page.lines()) line.tell(teller);
+  forEachLine(page, [&teller](const VDocStr& line) { line.tell(teller); });
 }
 
 }  // namespace qor

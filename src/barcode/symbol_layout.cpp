@@ -29,7 +29,7 @@ double textHeight(const VData_BarCode& code, double module) {
   if (!code.ShowValue) return 0;
   if (!code.SizeSet) return double(code.SizeFactor) * kBasicTextHeight;
   if (code.ValueFont == 0) return module / kBasicModule * kBasicTextHeight;
-  // Millimetres, where the height of a text item is points.
+  // Millimetres, where the height of a text item is points: reports size their captions by it.
   return realTwipsFromMillimetres(code.Font.Height);
 }
 

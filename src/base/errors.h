@@ -10,8 +10,8 @@
 namespace qor {
 
 enum class ErrorKind {
-  badReport,    // what the report says can't be made anything of
-  badSettings,  // nor what a set, or the code page that it names, says
+  badReport,    // the report can't be read, or says what makes no sense
+  badSettings,  // a set, or its code page, can't be read or makes no sense
   cannotRead,
   cannotWrite,
   cannotPrint,
@@ -44,12 +44,13 @@ inline constexpr int kErrorReadDocument = 2;
 inline constexpr int kErrorOpenCodePage = 5;
 inline constexpr int kErrorReadCodePage = 6;
 
-// A failure with a given number. The user was told where it arose, or is not to be told.
+// A failure with a given number, of a file: the text. The user was told where it arose, or is not
+// to be told.
 class NumberedError : public Error {
  public:
-  explicit NumberedError(int number)
+  NumberedError(int number, const std::string& fileName)
       : Error(number >= kErrorOpenCodePage ? ErrorKind::badSettings : ErrorKind::badReport,
-              "error number " + std::to_string(number), false, number) {}
+              fileName, true, number) {}
 };
 
 // A report, or a page of it, can't be read.

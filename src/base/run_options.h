@@ -1,5 +1,5 @@
-// What a run was started with, as far as its exports and print jobs ask for it. All texts are
-// UTF-8.
+// What a run was started with, as far as its exports and print jobs ask for it: what they say of
+// the report, and where they put what belongs to it. All texts are UTF-8.
 #pragma once
 
 #include <string>

@@ -114,6 +114,10 @@ constexpr std::int32_t pixelsFromMillimetres(double millimetres, int dpi) {
 }
 
 // Rounded: pictures tell their resolution by it.
+inline int dpiFromDotsPerCentimetre(int dots) {
+  return static_cast<int>(std::lround(dots * 2.54));
+}
+
 inline int dotsPerMetre(int dpi) {
   return static_cast<int>(std::lround(dpi * 1000.0 / kMillimetresPerInch));
 }
@@ -129,6 +133,15 @@ constexpr double wholePointsFromTwips(std::int32_t twips) {
   return static_cast<double>(whole);
 }
 
+// The height of so many lines, and the width of so many characters, to the inch, cut to tenths.
+constexpr double pointsOfLines(std::int32_t perInch) {
+  const std::int32_t tenths = 10 * kPointsPerInch / perInch;
+  return tenths / 10.0;
+}
+constexpr double pointsOfCharacters(double perInch) {
+  return truncated(10 * kPointsPerInch / perInch) / 10.0;
+}
+
 constexpr double pointsPerDot(double dpi) {
   return kPointsPerInch / dpi;
 }
@@ -136,8 +149,21 @@ constexpr double pointsPerDot(double dpi) {
 // --- Hundredths of a millimetre, in which print systems count papers
 // ------------------------------
 
-inline constexpr double kHundredthsPerInch = 100 * kMillimetresPerInch;
+inline constexpr double kHundredthsPerMillimetre = 100;
+inline constexpr double kHundredthsPerInch = kHundredthsPerMillimetre * kMillimetresPerInch;
 inline constexpr double kPointsPerHundredth = kPointsPerInch / kHundredthsPerInch;
+
+// Cut, or, for what an edge must not touch, rounded up.
+constexpr std::int32_t dotsFromHundredths(int hundredths, int dpi) {
+  return truncated(hundredths * double(dpi) / kHundredthsPerInch);
+}
+inline std::int32_t dotsToClearHundredths(int hundredths, int dpi) {
+  return truncated(std::ceil(hundredths * double(dpi) / kHundredthsPerInch));
+}
+
+constexpr std::int32_t millimetresFromHundredths(int hundredths) {
+  return hundredths / 100;
+}
 
 // --- To millimetres ------------------------------------------------------------------------------
 

@@ -21,7 +21,7 @@ constexpr std::size_t kMaxFileSize = 4096;
 [[noreturn]] void fail(int number, const std::string& fileName, const std::string& reason) {
   LastError.set(number, fileName);
   showWarning(reason);
-  throw NumberedError(number);
+  throw NumberedError(number, fileName);
 }
 
 std::string fileOf(int codePage) {

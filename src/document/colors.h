@@ -14,7 +14,7 @@ Color ColorByName(std::string_view name);
 // By place in the list of names, 0 to 17; anything else is black.
 Color ColorByIndex(std::int32_t index);
 
-// The 256-colour form exists in the language and is always black.
+// The 256-colour form exists in the language and has always been black.
 Color Color256(std::int32_t index);
 
 // "r,g,b", each part cut to its low 8 bits. Without a comma black; parts behind one that can't be

@@ -53,7 +53,6 @@ class Interpreter {
   void setPosition(char letter, Parameter n);
   void setUnderline(char letter, Parameter n);
   void setPitch(char letter, Parameter n);
-  void setLinesPerInch(std::int32_t lines);
   void setPageLayout(char letter, Parameter n);
   void setFontLook(char letter, Parameter n);
   void setCodePage(char letter, Parameter n);
@@ -117,17 +116,12 @@ void Interpreter::setPitch(char letter, Parameter n) {
   }
 }
 
-// Tenths of a point, cut.
-void Interpreter::setLinesPerInch(std::int32_t lines) {
-  if (lines == 0) return;
-  const std::int32_t tenths = 720 / lines;
-  font_.Height = tenths / 10.0;
-}
-
 void Interpreter::setPageLayout(char letter, Parameter n) {
   switch (upperCase(letter)) {
     case 'C': font_.RowHeight = n.number; return;
-    case 'D': setLinesPerInch(n.whole); return;
+    case 'D':
+      if (n.whole != 0) font_.Height = pointsOfLines(n.whole);
+      return;
     default: break;
   }
   if (page_ == nullptr) return;
@@ -146,7 +140,7 @@ void Interpreter::setFontLook(char letter, Parameter n) {
       if (n.whole >= -7 && n.whole <= 7) font_.LogFont.Weight = kWeights[n.whole + 7];
       break;
     case 'H':
-      if (n.number != 0) font_.Width = truncated(720 / n.number) / 10.0;
+      if (n.number != 0) font_.Width = pointsOfCharacters(n.number);
       break;
     case 'V': font_.Height = n.number; break;
     default: break;

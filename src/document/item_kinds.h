@@ -1,5 +1,5 @@
-// The kinds that reports and settings tell by numbers. A report may tell any number: what has none
-// of these draws as told where it is drawn.
+// Kinds that reports and settings give as numbers. A report may give any number; what an unknown
+// one does stands where the item is drawn.
 #pragma once
 
 #include <cstdint>
@@ -14,6 +14,31 @@ enum ShapeKind : std::int32_t {
   kEllipseShape,
   kPictureShape,  // a rectangle that leaves a picture of itself beside the report
 };
+
+// VData_Shape::PenType. Any other number draws as a solid line.
+enum PenKind : std::int32_t {
+  kNoPen = 0,
+  kSolidPen,
+  kDashPen,
+  kDotPen,
+  kDashDotPen,
+  kDashDotDotPen
+};
+
+// VData_Shape::BrushType. Any other number leaves the brush that is there.
+enum BrushKind : std::int32_t {
+  kNoBrush = 0,
+  kSolidBrush,
+  kBackwardHatch,
+  kCrossHatch,
+  kDiagonalCrossHatch,
+  kForwardHatch,
+  kHorizontalHatch,
+  kVerticalHatch
+};
+
+// VData_Text::AlignH, from the left, and AlignV, from the top.
+enum AlignKind : std::int32_t { kAlignStart = 0, kAlignCentre, kAlignEnd };
 
 // VData_Image::ImageStretch.
 enum StretchKind : std::int32_t {

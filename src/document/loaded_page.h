@@ -1,6 +1,7 @@
 // A page of the document while somebody uses it.
 #pragma once
 
+#include "base/app_options.h"
 #include "base/errors.h"
 #include "document/vdoc.h"
 
@@ -12,7 +13,7 @@ class LoadedPage {
  public:
   LoadedPage(VDoc& doc, std::int32_t number, PageMode mode = PageMode::plain)
       : doc_(doc), number_(number), page_(doc.GetPage(number, mode)) {
-    if (!page_->Loaded) throw NumberedError(kErrorOpenDocument);
+    if (!page_->Loaded) throw NumberedError(kErrorOpenDocument, AppOptions.FileName);
   }
   ~LoadedPage() { doc_.ReleasePage(number_); }
   LoadedPage(const LoadedPage&) = delete;

@@ -7,6 +7,7 @@
 #include "document/code_page.h"
 #include "document/control_bytes.h"
 #include "document/item_visitor.h"
+#include "document/page_loop.h"
 #include "document/vdoc.h"
 
 namespace qor {
@@ -79,7 +80,7 @@ TextKind kindOfFirstPage(VDoc& doc) {
 
 std::int32_t lettersLeftOut(const VDocPage& page) {
   LeftOutCounter counter;
-  for (const VDocStr& line : page.lines()) line.tell(counter);
+  forEachLine(page, [&counter](const VDocStr& line) { line.tell(counter); });
   return counter.letters;
 }
 

@@ -28,7 +28,7 @@ constexpr std::size_t kLongestKey = 7;
 
 // The place of the key among the keys, or -1.
 template <std::size_t Count>
-int indexOf(std::string_view key, const std::array<std::string_view, Count>& keys) {
+int keyIndexOf(std::string_view key, const std::array<std::string_view, Count>& keys) {
   const auto found = std::find(keys.begin(), keys.end(), key);
   return found == keys.end() ? -1 : static_cast<int>(found - keys.begin());
 }
@@ -74,10 +74,10 @@ std::unique_ptr<VData> VCommand::takeTextRun(LineCursor& cursor) {
 std::optional<VCommand::Tag> VCommand::tagAt(LineCursor& cursor, std::size_t place) {
   const std::string_view rest = cursor.from(place + 1).substr(0, kLongestKey + 1);
   const std::string_view key = rest.substr(0, rest.find_first_of(" />"));
-  if (const int style = indexOf(key, kStyleKeys); style >= 0) {
+  if (const int style = keyIndexOf(key, kStyleKeys); style >= 0) {
     return styleTagAt(cursor, place, style);
   }
-  if (const int item = indexOf(key, kItemKeys); item >= 0) return itemTagAt(cursor, place, item);
+  if (const int item = keyIndexOf(key, kItemKeys); item >= 0) return itemTagAt(cursor, place, item);
   return std::nullopt;
 }
 

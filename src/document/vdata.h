@@ -74,8 +74,8 @@ class VData_Text : public VData_Font {
   bool HasPosition = false;  // stands at Left, Top and not on its line
   std::int32_t Bottom = 0;
   std::int32_t Right = 0;
-  std::int32_t AlignH = 0;      // in the box: 0 left, 1 centre, 2 right
-  std::int32_t AlignV = 0;      // in the box: 0 top, 1 centre, 2 bottom
+  std::int32_t AlignH = kAlignStart;  // in the box, an AlignKind
+  std::int32_t AlignV = kAlignStart;
   std::int32_t LineHeight = 0;  // measured when drawn
   std::int32_t CharWidth = 0;   // measured when drawn
 };
@@ -90,9 +90,9 @@ class VData_Shape : public virtual VData {
 
   std::int32_t ShapeType = kLineShape;  // a ShapeKind
   Color PenColor = 0;
-  std::int32_t PenType = 1;  // 0 none, 1 solid, 2 dash, 3 dot, 4 dash dot, 5 dash dot dot
+  std::int32_t PenType = kSolidPen;  // a PenKind
   Color BrushColor = 0;
-  std::int32_t BrushType = 0;  // 0 none, 1 solid, 2 to 7 hatches
+  std::int32_t BrushType = kNoBrush;  // a BrushKind
   std::int32_t Left = 0;
   std::int32_t Top = 0;
   std::int32_t Right = 0;

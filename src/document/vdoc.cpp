@@ -39,7 +39,7 @@ std::int32_t baseFontPercent(std::string_view header) {
 }  // namespace
 
 std::optional<InputFile> VDoc::OpenFile() {
-  if (AppOptions.FileName.empty()) throw NumberedError(kErrorOpenDocument);
+  if (AppOptions.FileName.empty()) throw NumberedError(kErrorOpenDocument, {});
   try {
     return InputFile(AppOptions.FileName);
   } catch (const FileError& error) {
@@ -57,7 +57,7 @@ int VDoc::ReadHeader(const InputFile& file) {
   } catch (const FileError& error) {
     showWarning(error.what());
     LastError.set(kErrorReadDocument, AppOptions.FileName);
-    throw NumberedError(kErrorReadDocument);
+    throw NumberedError(kErrorReadDocument, AppOptions.FileName);
   }
   if (header.size() <= 2) return 0;
   BaseFontPercent = baseFontPercent(header);

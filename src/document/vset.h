@@ -73,8 +73,9 @@ struct VSetScr {
   std::int32_t margin_bottom = 0;
 };
 
-// The set and its file. The file and the set's name in it are AppOptions.IniFileName and
-// AppOptions.SetName; texts here are UTF-8, lines of the file bytes of the ANSI code page.
+// The set and its file. Its operations stand in settings. The file and the set's name in it are
+// AppOptions.IniFileName and AppOptions.SetName; texts here are UTF-8, lines of the file bytes of
+// the ANSI code page.
 class VSet {
  public:
   using Lines = std::vector<std::string>;

@@ -19,9 +19,11 @@ constexpr ExportExtension kRtf[] = {{".rtf", true}};
 constexpr ExportExtension kDoc[] = {{".doc", true}};
 constexpr ExportExtension kPdf[] = {{".pdf", true}};
 constexpr ExportExtension kSheets[] = {{".xls"}, {".xlsx"}, {".csv"}};
-// By ImageFormat.
-constexpr ExportExtension kPictures[] = {
-    {".bmp", true}, {".jpeg", true}, {".gif", true}, {".ico", true}, {".png"}};
+constexpr ExportExtension kPictures[] = {{".bmp", true, kImageBmp},
+                                         {".jpeg", true, kImageJpeg},
+                                         {".gif", true, kImageGif},
+                                         {".ico", true, kImageIco},
+                                         {".png", false, kImagePng}};
 
 [[noreturn]] ExportResult exportNothing(ExportTask& task) {
   throw FileError(task.target + ": this version can't write such files", ErrorKind::cannotWrite);
@@ -37,23 +39,23 @@ constexpr ExportFormat kFormats[] = {
     {6, "Spreadsheet", kSheets, PageMode::sheets, exportNothing},
 };
 
-// The place of the extension among those of the format, or their number.
-std::size_t indexOf(std::string_view extension, const ExportFormat& format) {
+// Null where it is none of the format's.
+const ExportExtension* find(const ExportFormat& format, std::string_view extension) {
   const auto found = std::find_if(
       format.extensions.begin(), format.extensions.end(),
       [extension](const ExportExtension& candidate) { return candidate.text == extension; });
-  return static_cast<std::size_t>(found - format.extensions.begin());
+  return found == format.extensions.end() ? nullptr : &*found;
 }
 
 // What the command line has no words for.
-ExportOptions commandLineOptions(const ExportFormat& format, std::string_view extension) {
+ExportOptions commandLineOptions(const ExportExtension& extension) {
   ExportOptions options;
   options.UseNewPageChar = true;
   options.UseEofChar = true;
   options.SaveHtmlPictures = true;
   options.SaveDocPictures = true;
   options.PagePerSheet = true;
-  if (format.run == ExportImages) options.ImageFormats.set(indexOf(extension, format));
+  if (extension.image != kImageFormatCount) options.ImageFormats.set(extension.image);
   return options;
 }
 
@@ -66,9 +68,8 @@ std::span<const ExportFormat> exportFormats() {
 const ExportFormat* formatOf(std::string_view target) {
   const std::string_view extension = extensionOf(target);
   const auto* const found = std::find_if(
-      std::begin(kFormats), std::end(kFormats), [extension](const ExportFormat& format) {
-        return indexOf(extension, format) < format.extensions.size();
-      });
+      std::begin(kFormats), std::end(kFormats),
+      [extension](const ExportFormat& format) { return find(format, extension) != nullptr; });
   return found == std::end(kFormats) ? nullptr : found;
 }
 
@@ -92,14 +93,16 @@ ExportResult runExport(const ExportFormat& format, ExportTask& task) {
   }
 }
 
-ExportFileList exportByExtension(VDoc& doc, const std::string& target) {
+ExportResult exportByExtension(VDoc& doc, const std::string& target, const RunOptions& run,
+                               ExportFileList& files) {
   const ExportFormat* format = formatOf(target);
-  if (format == nullptr) return {};
-  ExportTask task = {doc, target, commandLineOptions(*format, extensionOf(target))};
+  if (format == nullptr) return ExportResult::done;
+  ExportTask task = {doc, target, run, commandLineOptions(*find(*format, extensionOf(target)))};
   // Only sheets are read otherwise where nobody looks.
   if (format->mode == PageMode::sheets) task.mode = PageMode::sheets;
-  runExport(*format, task);
-  return task.files;
+  const ExportResult result = runExport(*format, task);
+  files.insert(files.end(), task.files.begin(), task.files.end());
+  return result;
 }
 
 }  // namespace qor

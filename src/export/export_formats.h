@@ -11,8 +11,9 @@
 namespace qor {
 
 struct ExportExtension {
-  std::string_view text;  // with its point, in lower case
-  bool inHelp = false;    // the help of the command line names it
+  std::string_view text;                  // with its point, in lower case
+  bool inHelp = false;                    // the help of the command line names it
+  ImageFormat image = kImageFormatCount;  // that it stands for, if it is a picture's
 };
 
 struct ExportFormat {
@@ -35,7 +36,8 @@ std::string extensionsInHelp();
 ExportResult runExport(const ExportFormat& format, ExportTask& task);
 
 // The export of the command line, by the extension of the target: any other one exports nothing.
-// Returns the files that it wrote; throws as runExport.
-ExportFileList exportByExtension(VDoc& doc, const std::string& target);
+// Appends the files that it wrote; throws as runExport.
+ExportResult exportByExtension(VDoc& doc, const std::string& target, const RunOptions& run,
+                               ExportFileList& files);
 
 }  // namespace qor

@@ -39,12 +39,12 @@ using ExportFileList = std::vector<std::string>;
 // target can't be written; the target is then as it was.
 struct ExportTask {
   VDoc& doc;
-  std::string target;  // a file; pictures of several pages make their names of it
+  std::string target;      // a file; pictures of several pages make their names of it
+  RunOptions startedWith;  // the run
   ExportOptions options{};
-  RunOptions run = runOptions();
   PageMode mode = PageMode::plain;  // that of the format where a window asks
   PageProgress progress{};
-  ExportFileList files{};  // appended to, each when it stands
+  ExportFileList files{};  // appended to, also one that then fails
 };
 
 }  // namespace qor

@@ -22,8 +22,15 @@ bool isBefore(const Language* a, const Language* b) {
   return std::tie(a->ansiCodePage, a->id) < std::tie(b->ansiCodePage, b->id);
 }
 
+const Language* languageWithId(std::string_view id) {
+  const auto hasId = [id](const Language* row) { return row->id == id; };
+  const auto found = std::find_if(rows().begin(), rows().end(), hasId);
+  return found == rows().end() ? nullptr : *found;
+}
+
 const Language& english() {
-  return languageOf("en");
+  const Language* row = languageWithId("en");
+  return row == nullptr ? *rows().front() : *row;
 }
 
 // Null where no language has the code page.
@@ -60,9 +67,8 @@ const Rows& languages() {
 }
 
 const Language& languageOf(std::string_view id) {
-  const auto hasId = [id](const Language* row) { return row->id == id; };
-  const auto found = std::find_if(rows().begin(), rows().end(), hasId);
-  return found != rows().end() ? **found : english();
+  const Language* row = languageWithId(id);
+  return row == nullptr ? english() : *row;
 }
 
 void SelectErrorTexts(int codePage) {

@@ -10,8 +10,6 @@
 namespace qor {
 namespace {
 
-constexpr double kHundredthsPerMillimetre = 100;
-
 // Null for a size of one's own.
 const PaperRow* paperOf(const VSetPage& page) {
   const auto rows = paperTable();

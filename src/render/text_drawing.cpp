@@ -8,7 +8,7 @@ namespace qor {
 namespace {
 
 Align alignOf(std::int32_t number) {
-  return number == 1 ? Align::centre : number == 2 ? Align::end : Align::start;
+  return number == kAlignCentre ? Align::centre : number == kAlignEnd ? Align::end : Align::start;
 }
 
 // Selects the item's font. With a width factor and no width of its own, the width follows from the

@@ -121,7 +121,7 @@ bool VDoc::printPages(const RunOptions& options, const std::string& output, bool
   if (!run.going()) return !run.lost();
   if (options.report.empty()) throw ReportError("Error: not set file name for print");
   const auto file = OpenFile();
-  if (!file) throw NumberedError(kErrorOpenDocument);
+  if (!file) throw NumberedError(kErrorOpenDocument, options.report);
   bool any = false;
   for (VDocPage& page : Pages) {
     if (selectedOnly && !page.Selected) continue;

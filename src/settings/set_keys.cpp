@@ -22,7 +22,7 @@ constexpr std::array<std::string_view, 3> kColorModes = {"(default)", "monochrom
 
 // The place of the text among the names; 0 for any other text.
 template <std::size_t Count>
-std::int32_t indexOf(std::string_view text, const std::array<std::string_view, Count>& names) {
+std::int32_t numberOfName(std::string_view text, const std::array<std::string_view, Count>& names) {
   for (std::size_t i = 0; i < Count; ++i) {
     if (names[i] == text) return static_cast<std::int32_t>(i);
   }
@@ -39,7 +39,7 @@ void readPrinterName(VSet& set, const std::string& value) {
 }
 
 void readQuality(VSet& set, const std::string& value) {
-  set.Page.PrintQuality = indexOf(value, kQualities);
+  set.Page.PrintQuality = numberOfName(value, kQualities);
 }
 
 std::string writeColorMode(const VSet& set) {
@@ -48,7 +48,7 @@ std::string writeColorMode(const VSet& set) {
 }
 
 void readColorMode(VSet& set, const std::string& value) {
-  set.Page.PrintColor = indexOf(value, kColorModes);
+  set.Page.PrintColor = numberOfName(value, kColorModes);
 }
 
 std::string writeFaceName(const VSet& set) {

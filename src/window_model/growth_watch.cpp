@@ -22,8 +22,8 @@ Growth GrowthWatch::tick(VDoc* doc) {
 
 FileState GrowthWatch::fileState() const {
   const auto now = fileStamp(AppOptions.FileName);
-  if (!now) return FileState::gone;
-  return now == stamp_ ? FileState::asIndexed : FileState::changed;
+  if (now == stamp_) return FileState::asIndexed;
+  return now ? FileState::changed : FileState::gone;
 }
 
 }  // namespace qor

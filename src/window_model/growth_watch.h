@@ -17,7 +17,7 @@ enum class FileState { asIndexed, changed, gone };
 
 class GrowthWatch {
  public:
-  // The file of AppOptions.FileName is, as it now is, the one whose pages are known.
+  // From now on the pages that are known are those of the file of AppOptions.FileName as it is.
   void noteFile();
 
   // True until the writer has ended the report, or nobody wants to follow it any longer.

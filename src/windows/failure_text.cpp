@@ -1,4 +1,4 @@
-// Failures as texts.
+// Steps that may fail.
 #include "windows/failure_text.h"
 
 #include "platform/qt/qt_text.h"

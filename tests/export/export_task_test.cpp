@@ -18,7 +18,7 @@ namespace {
 std::string exportSome(TestReport& report, const std::string& name, int wanted,
                        ExportResult result) {
   std::string told;
-  ExportTask task = {report.doc(), report.path(name)};
+  ExportTask task = {report.doc(), report.path(name), runOptions()};
   task.options.ImageFormats.set(kImagePng);
   task.progress = [&](std::int32_t page, std::int32_t pages) {
     told += std::to_string(page) + "/" + std::to_string(pages) + " ";
@@ -57,7 +57,7 @@ TEST(ExportTask, leavesTheChosenPrinterAsItWas) {
   AppOptions.PrinterName = "chosen";
   report.doc().PrintScale = 75;
   gPrintMetrics.LogPixelsX = 123;
-  ExportTask task = {report.doc(), report.path("r.pdf")};
+  ExportTask task = {report.doc(), report.path("r.pdf"), runOptions()};
   task.options.PrintToPdfPrinter = task.options.ScaleToPaper = true;
   task.options.PaperScale = 50;
   EXPECT_EQ(runExport(*formatOf(task.target), task), ExportResult::done);

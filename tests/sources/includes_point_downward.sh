@@ -1,16 +1,22 @@
 #!/usr/bin/env bash
-# A file includes its own layer and those below it. Only the windows and platform/qt know Qt, and
-# nothing but the files that say so, or stand in a system's own room, knows POSIX.
+# A file includes its own layer and those below it, and so do the rooms of the platform. Only the
+# windows and platform/qt know Qt, and nothing but the files that say so, or stand in a system's own
+# room, knows POSIX.
 set -euo pipefail
 cd "$(dirname "$0")/../../src"
 
-layers=(base language platform document render barcode settings export window_model windows app)
-above='^$'
-for ((i = ${#layers[@]} - 1; i >= 0; --i)); do
-  wrong+=$(grep -rnE "^#include \"($above)/" "${layers[$i]}" || true)
-  above+="|${layers[$i]}"
-done
+wrong=
+# Names what includes anything of the layers behind its own.
+check() {
+  local above='^$' rows=("$@")
+  for ((i = $# - 1; i >= 0; --i)); do
+    wrong+=$(grep -rnE "^#include \"($above)/" "${rows[$i]}" || true)
+    above+="|${rows[$i]}"
+  done
+}
+check base language platform document barcode render settings export window_model windows app
+check platform/{system,fonts,pictures,qt,x11,canvas,pdf,print,cups,harfbuzz}
 wrong+=$(grep -rlE '^#include <Q' . | grep -vE '^\./(windows|platform/qt)/' || true)
-wrong+=$(grep -rlE '^#include <(unistd|fcntl|spawn|dlfcn|iconv|langinfo|sys/.*)\.h>' . |
+wrong+=$(grep -rlE '^#include <(unistd|fcntl|spawn|dlfcn|iconv|langinfo|poll|signal|pwd|sys/.*)\.h>' . |
   grep -vE '_posix\.cpp$|/(cups|x11)/' || true)
 [ -z "$wrong" ] || { echo "$wrong"; exit 1; }

@@ -26,6 +26,8 @@ std::int64_t htmlPixels(std::int32_t twips) {
   return pixelsFromTwips(twips, kHtmlDpi);
 }
 
+// A text that isn't bold is led by the end of one that is, whether there was one or not: who reads
+// these pages by program counts on it.
 void appendFont(const FontState& font, std::string& html) {
   char color[8];
   std::snprintf(color, sizeof color, "%02X%02X%02X", redOf(font.Color), greenOf(font.Color),
@@ -107,8 +109,9 @@ void LineToHtml(const VDocStr& line, std::string_view stem, std::string& html) {
 
 ExportResult ExportHtml(ExportTask& task) {
   OutputFile file(task.target);
-  file.write(headOf(task.doc, task.run));
-  const std::string stem = task.options.SaveHtmlPictures ? sideFileStem(task.run.report) : "";
+  file.write(headOf(task.doc, task.startedWith));
+  const std::string stem =
+      task.options.SaveHtmlPictures ? sideFileStem(task.startedWith.report) : "";
   std::string html;
   forEachPage(task.doc, task.mode, task.progress, [&](const VDocPage& page) {
     if (!stem.empty()) writeBarcodePicturesOf(page, stem);

@@ -1,4 +1,4 @@
-// Numbers.
+// Texts of records read as numbers.
 #include "export/pdf/markup_values.h"
 
 #include <charconv>

@@ -44,7 +44,7 @@ std::time_t creationTime() {
 }
 
 // The language of texts in a code page, where it tells one.
-const char* languageOf(int codePage) {
+const char* languageTagOf(int codePage) {
   switch (codePage) {
     case 866:
     case 1251: return "ru";
@@ -55,9 +55,9 @@ const char* languageOf(int codePage) {
 }
 
 PdfInformation informationOf(const ExportTask& task) {
-  const RunOptions& run = task.run;
+  const RunOptions& run = task.startedWith;
   return {run.caption.empty() ? std::string(baseNameOf(run.report)) : run.caption,
-          languageOf(task.doc.Settings.Page.BaseCodePage), run.program + " " + run.version,
+          languageTagOf(task.doc.Settings.Page.BaseCodePage), run.program + " " + run.version,
           creationTime()};
 }
 
@@ -97,7 +97,7 @@ void exportByPrinter(const ExportTask& task) {
   const ExportOptions& options = task.options;
   task.doc.PrintScale = options.ScaleToPaper ? options.PaperScale : 100;
   task.doc.PrintScaleFlag = options.ScaleToPaper;
-  RunOptions run = task.run;
+  RunOptions run = task.startedWith;
   run.printer = kPdfFilePrinter;
   task.doc.PrintToFile(run, task.target);
 }
@@ -106,6 +106,8 @@ struct WidthRow {
   double fontHeight;  // points
   double divisor;
 };
+// Widths as the suite has always had them for the fonts that its reports use: no formula gives
+// them.
 constexpr WidthRow kWidthDivisors[] = {{10, 1.335}, {9, 1.295}, {8, 1.455}, {12, 1.39}, {14, 1.31}};
 constexpr double kOtherDivisor = 1.35;
 

@@ -23,10 +23,10 @@ std::span<const double> dashesOf(std::int32_t penType) {
   static constexpr std::array<double, 4> dashDot = {4, 3, 1, 3};
   static constexpr std::array<double, 6> dashDotDot = {4, 3, 1, 3, 1, 3};
   switch (penType) {
-    case 2: return dash;
-    case 3: return dot;
-    case 4: return dashDot;
-    case 5: return dashDotDot;
+    case kDashPen: return dash;
+    case kDotPen: return dot;
+    case kDashDotPen: return dashDot;
+    case kDashDotDotPen: return dashDotDot;
     default: return {};
   }
 }
@@ -42,10 +42,10 @@ std::optional<FitOptions> fitOf(const MarkupRecord& record, double size) {
       wholePoints(record[PdfField::textRight]) - wholePoints(record[PdfField::textLeft]);
   fit.box.height =
       wholePoints(record[PdfField::textTop]) - wholePoints(record[PdfField::textBottom]);
-  if (along == 0 || along == 2) fit.box.height += size;
-  if (across < 0 || across > 2) return fit;
+  if (along == kAlignStart || along == kAlignEnd) fit.box.height += size;
+  if (across < kAlignStart || across > kAlignEnd) return fit;
   fit.horizontal = across / 2.0;
-  fit.vertical = along == 2 ? 1 : 0.5;
+  fit.vertical = along == kAlignEnd ? 1 : 0.5;
   return fit;
 }
 
@@ -164,7 +164,8 @@ void PdfWriter::writeText(const MarkupRecord& record) {
   if (angle > 0) turn(angle);
   showText(record, positioned ? fitOf(record, size) : std::nullopt);
   if (angle > 0) document_.restore();
-  // The point is in points already, and is scaled all the same.
+  // The point is in points already and is scaled all the same: the places of texts behind placed
+  // ones depend on it in existing documents.
   if (positioned)
     document_.setTextPosition(pointsFromTwips(before.x),
                               kPageHeight - pointsFromTwips(before.y) - size);

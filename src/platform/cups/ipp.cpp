@@ -1,7 +1,7 @@
 // Messages and connections, by libcups.
 #include "platform/cups/ipp.h"
 
-#include <cmath>
+#include "base/units.h"
 
 namespace qor {
 namespace {
@@ -18,7 +18,7 @@ ipp_attribute_t* attributeOf(ipp_t* message, const char* name) {
 }
 
 int perInch(int value, ipp_res_t unit) {
-  return unit == IPP_RES_PER_CM ? static_cast<int>(std::lround(value * 2.54)) : value;
+  return unit == IPP_RES_PER_CM ? dpiFromDotsPerCentimetre(value) : value;
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ FontPattern patternOf(const FaceRequest& request) {
   for (const auto& [name, standIn] : kStandIns) {
     if (lowerName == name) FcPatternAddString(pattern.get(), FC_FAMILY, text(standIn));
   }
-  const int weight = request.weight <= 0 ? 400 : std::min(request.weight, 1000);
+  const int weight = request.weight <= 0 ? kPlainWeight : std::min(request.weight, 1000);
   FcPatternAddInteger(pattern.get(), FC_WEIGHT, FcWeightFromOpenType(weight));
   FcPatternAddInteger(pattern.get(), FC_SLANT, request.italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
   FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);

@@ -6,12 +6,13 @@
 #include <string_view>
 
 #include "platform/fonts/font_face.h"
+#include "platform/fonts/log_font.h"
 
 namespace qor {
 
 struct FaceRequest {
   std::string family;
-  int weight = 400;  // 0 to 1000, 0: as it comes
+  int weight = kPlainWeight;  // 0 to 1000, 0: as it comes
   bool italic = false;
 
   bool operator==(const FaceRequest&) const = default;

@@ -12,9 +12,6 @@
 namespace qor {
 namespace {
 
-constexpr int kBoldWeight = 700;
-constexpr int kPlainWeight = 400;
-
 // Controls, and bytes without a character.
 bool showsNothing(char32_t character) {
   return character < U' ' || (character >= 0x7F && character < 0xA0) || character == U'\xFFFD';

@@ -7,13 +7,13 @@
 #include <cstdint>
 
 #include "platform/system/text_encoding.h"
+#include "platform/system/utc_time.h"
 
 namespace qor {
 namespace {
 
 std::string timeText(std::time_t time, const char* format) {
-  std::tm parts{};
-  ::gmtime_r(&time, &parts);
+  const std::tm parts = utcParts(time);
   std::array<char, 40> text{};
   return {text.data(), std::strftime(text.data(), text.size(), format, &parts)};
 }

@@ -12,7 +12,6 @@
 namespace qor {
 namespace {
 
-constexpr double kHundredthsPerMillimetre = 100;
 constexpr double kLongestSide = 100 * 1000 * kHundredthsPerMillimetre;
 
 constexpr auto kPapers = std::to_array<PaperRow>({

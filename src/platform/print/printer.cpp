@@ -2,7 +2,6 @@
 #include "platform/print/printer.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string_view>
 #include <utility>
 
@@ -133,7 +132,7 @@ bool tellsSize(const DeviceMode& mode) {
 }
 
 // A length of 1/100 mm that is a whole number of tenths.
-std::string millimetres(int hundredths) {
+std::string millimetresText(int hundredths) {
   const int tenth = hundredths / 10 % 10;
   return std::to_string(hundredths / 100) + (tenth == 0 ? "" : "." + std::to_string(tenth));
 }
@@ -146,7 +145,7 @@ Media customMedia(const Printer& printer, const DeviceMode& mode) {
   const MediaSize size = {
       near(mode.dmPaperWidth, printer.smallest.width, printer.largest.width),
       near(mode.dmPaperLength, printer.smallest.length, printer.largest.length)};
-  const std::string sides = millimetres(size.width) + "x" + millimetres(size.length) + "mm";
+  const std::string sides = millimetresText(size.width) + "x" + millimetresText(size.length) + "mm";
   return {"custom_" + sides + "_" + sides, size, printer.margins};
 }
 
@@ -157,15 +156,6 @@ Media turned(const Media& upright) {
   return {upright.name,
           {upright.size.length, upright.size.width},
           {edges.bottom, edges.left, edges.top, edges.right}};
-}
-
-int dots(int hundredths, int dpi) {
-  return truncated(hundredths * double(dpi) / kHundredthsPerInch);
-}
-
-// What is touched by an edge is lost.
-int dotsOfMargin(int hundredths, int dpi) {
-  return truncated(std::ceil(hundredths * double(dpi) / kHundredthsPerInch));
 }
 
 }  // namespace
@@ -226,16 +216,16 @@ DeviceCaps deviceCaps(const Printer& printer, const DeviceMode& mode) {
   caps.LogPixelsX = caps.aspectX = dpi.x;
   caps.LogPixelsY = caps.aspectY = dpi.y;
   caps.scalingFactorX = caps.scalingFactorY = 1;
-  caps.PhysicalWidth = std::max(1, dots(sheet.size.width, dpi.x));
-  caps.PhysicalHeight = std::max(1, dots(sheet.size.length, dpi.y));
-  caps.PhysicalOffsetX = dotsOfMargin(edges.left, dpi.x);
-  caps.PhysicalOffsetY = dotsOfMargin(edges.top, dpi.y);
-  const int right = dotsOfMargin(edges.right, dpi.x);
-  const int bottom = dotsOfMargin(edges.bottom, dpi.y);
+  caps.PhysicalWidth = std::max(1, dotsFromHundredths(sheet.size.width, dpi.x));
+  caps.PhysicalHeight = std::max(1, dotsFromHundredths(sheet.size.length, dpi.y));
+  caps.PhysicalOffsetX = dotsToClearHundredths(edges.left, dpi.x);
+  caps.PhysicalOffsetY = dotsToClearHundredths(edges.top, dpi.y);
+  const int right = dotsToClearHundredths(edges.right, dpi.x);
+  const int bottom = dotsToClearHundredths(edges.bottom, dpi.y);
   caps.HorzRes = std::max(1, caps.PhysicalWidth - caps.PhysicalOffsetX - right);
   caps.VertRes = std::max(1, caps.PhysicalHeight - caps.PhysicalOffsetY - bottom);
-  caps.HorzSize = (sheet.size.width - edges.left - edges.right) / 100;
-  caps.VertSize = (sheet.size.length - edges.top - edges.bottom) / 100;
+  caps.HorzSize = millimetresFromHundredths(sheet.size.width - edges.left - edges.right);
+  caps.VertSize = millimetresFromHundredths(sheet.size.length - edges.top - edges.bottom);
   return caps;
 }
 

@@ -38,7 +38,7 @@ bool QtUserSettings::save() {
   return settings_.status() != QSettings::AccessError && settings_.isWritable();
 }
 
-std::string QtUserSettings::place() const {
+std::string QtUserSettings::location() const {
   return settings_.fileName().toStdString();
 }
 

@@ -18,7 +18,7 @@ class QtUserSettings : public UserSettings {
   void setInteger(std::string_view name, int value) override;
   void setFlag(std::string_view name, bool value) override;
   bool save() override;
-  std::string place() const override;
+  std::string location() const override;
 
  private:
   QSettings settings_;

@@ -1,4 +1,4 @@
-// Failures as texts.
+// The message of a failure.
 #include "platform/system/failure.h"
 
 #include <exception>
@@ -10,19 +10,19 @@
 namespace qor {
 namespace {
 
-// The text that belongs to an error number.
-std::string numberText(int number) {
+// The text that belongs to an error number, which the name of a file ends.
+std::string_view textOfNumber(int number) {
   const auto index = static_cast<std::size_t>(number - 1);
   const ErrorTexts& texts = errorTexts();
-  return std::string(index < texts.size() ? texts[index] : texts.front()) + LastError.FileName;
+  return index < texts.size() ? texts[index] : texts.front();
 }
 
 std::string ofReport(const std::string& reason) {
   return AppOptions.FileName + ": " + reason;
 }
 
-std::string textOf(const Error& error) {
-  if (error.code() != 0) return numberText(error.code());
+std::string textOfError(const Error& error) {
+  if (error.code() != 0) return std::string(textOfNumber(error.code())) + error.what();
   return error.namesItsPlace() ? error.what() : ofReport(error.what());
 }
 
@@ -32,7 +32,7 @@ Failure caughtFailure() {
   try {
     throw;
   } catch (const Error& error) {
-    return {error.kind(), error.code(), textOf(error)};
+    return {error.kind(), error.code(), textOfError(error)};
   } catch (const std::exception& error) {
     return {ErrorKind::system, 0, ofReport(error.what())};
   } catch (...) {

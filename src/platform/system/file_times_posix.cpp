@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include "platform/system/file_times.h"
+#include "platform/system/utc_time.h"
 
 namespace qor {
 namespace {
@@ -20,9 +21,7 @@ std::optional<struct statx> look(const std::string& path) {
 }
 
 UtcTime utcOf(const statx_timestamp& stamp) {
-  const std::time_t seconds = stamp.tv_sec;
-  std::tm parts{};
-  ::gmtime_r(&seconds, &parts);
+  const std::tm parts = utcParts(stamp.tv_sec);
   return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min};
 }
 

@@ -25,7 +25,7 @@ class UserSettings {
   virtual bool save() = 0;
 
   // Where they are kept, for messages.
-  virtual std::string place() const = 0;
+  virtual std::string location() const = 0;
 };
 
 }  // namespace qor

@@ -41,7 +41,7 @@ bool isKind(const Form& form) {
 }
 
 template <bool ViewState::*flag>
-bool isOn(const Form& form) {
+bool isSet(const Form& form) {
   return form.parts().desk->state.*flag;
 }
 
@@ -149,19 +149,19 @@ constexpr CommandRow kCommands[] = {
     {.id = "mnuListView",
      .text = &Texts::pageList,
      .image = ImageIndex::pageList,
-     .checkedWhen = isOn<&ViewState::ListView>,
+     .checkedWhen = isSet<&ViewState::ListView>,
      .run = [](Form& form) { form.parts().switches.mnuListViewClick(); }},
     {.id = "mnuUnprintable",
      .text = &Texts::unprintable,
      .image = ImageIndex::margins,
-     .checkedWhen = isOn<&ViewState::ShowUnprintable>,
+     .checkedWhen = isSet<&ViewState::ShowUnprintable>,
      .run = [](Form& form) { form.parts().switches.mnuUnprintableClick(); }},
     {.id = "mnuFullScreen",
      .text = &Texts::fullWindow,
      .image = ImageIndex::fullScreen,
      .keys = {{{Qt::Key_F11}}},
      .endsGroup = true,
-     .checkedWhen = isOn<&ViewState::FlagFullWindow>,
+     .checkedWhen = isSet<&ViewState::FlagFullWindow>,
      .run = [](Form& form) { form.parts().switches.mnuFullScreenClick(); }},
     {.id = "mnuRowLine",
      .text = &Texts::showRowLine,

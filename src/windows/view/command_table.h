@@ -1,6 +1,6 @@
-// The commands of the window, a row each. Toolbar, menu, tool tips, keys and the table of keys in
-// the README come from the rows: a new command is a row here and the function that it runs. Keys
-// that only move over the page have rows in key_table.h.
+// The commands of the window, a row each. Toolbar, menu, tool tips and keys come from the rows, and
+// a test holds the README's table of keys to them: a new command is a row here and the function
+// that it runs. Keys that only move over the page have rows in key_table.h.
 #pragma once
 
 #include <QString>

@@ -1,5 +1,5 @@
-// The box over the window for errors of the document code. It leaves the window usable, waits until
-// there is a window to stand over, and says nothing that stands in the place of the page already.
+// The box that tells errors of the document code. It leaves the window usable, waits until there is
+// a window to stand over, and doesn't repeat what stands in the place of the page.
 #pragma once
 
 #include <QObject>

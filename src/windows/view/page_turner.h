@@ -42,7 +42,7 @@ class PageTurner : public QObject {
 
  signals:
   void moved();   // the cursor names another page, which is to be shown
-  void marked();  // or another one of those on view
+  void marked();  // the cursor names another page that is on view already
 
  private:
   void replayKey(int key);

@@ -11,8 +11,6 @@ namespace qor {
 
 PaperScale::PaperScale(ViewDesk& desk, PageShow& pages) : desk_(desk), pages_(pages) {
   takeDigitsOnly(*desk.ui.txtZoom);
-  connect(desk.ui.txtZoom, &QLineEdit::returnPressed, this, &PaperScale::ShowPageScale);
-  connect(desk.ui.UpDown1, &QScrollBar::valueChanged, this, &PaperScale::UpDown1Click);
 }
 
 void PaperScale::reset() {

@@ -52,7 +52,7 @@ TfrmView::~TfrmView() {
   if (!shown_) return;
   storeViewState(parts_->desk->state, settings_);
   if (!settings_.save())
-    writeErrorLine(settings_.place() + ": the settings of the window can't be written");
+    writeErrorLine(settings_.location() + ": the settings of the window can't be written");
 }
 
 void TfrmView::SetDocument(VDoc* doc, VDocPage* page) {
@@ -84,7 +84,7 @@ void TfrmView::FormShow() {
   parts.switches.cmdView_SetPreviewTypeClick(desk.state.PreviewType);
   if (!settings_.isUsable())
     parts.pageStatus.setStandingMessage(qtText(previewTexts().stateNotRead) +
-                                        qtText(settings_.place()));
+                                        qtText(settings_.location()));
   parts.pages.start();
   cmbPagesChange();
   desk.ui.pScroll->setFocus();
@@ -120,7 +120,8 @@ void TfrmView::moveEvent(QMoveEvent* event) {
 void TfrmView::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   // The controls in the window learn of their colours after it.
-  if (event->type() == QEvent::PaletteChange) QTimer::singleShot(0, this, &TfrmView::ShowPage);
+  if (event->type() == QEvent::PaletteChange)
+    QTimer::singleShot(0, this, [this] { run([this] { ShowPage(); }); });
 }
 
 bool TfrmView::eventFilter(QObject* watched, QEvent* event) {

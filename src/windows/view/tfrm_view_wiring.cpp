@@ -3,6 +3,8 @@
 #include <QTimer>
 
 #include "document/vdoc.h"
+#include "platform/qt/qt_text.h"
+#include "platform/system/failure.h"
 #include "windows/failure_text.h"
 #include "windows/view/focus_keys.h"
 #include "windows/view/key_table.h"
@@ -13,11 +15,14 @@
 namespace qor {
 
 void TfrmView::run(const std::function<void()>& command) {
-  const QString failure = failureOf(command);
-  if (failure.isNull()) return;
-  failureOf([this] { ShowPage(); });
-  updateCommands();
-  showMessage(MessageKind::error, failure);
+  try {
+    command();
+  } catch (...) {
+    const Failure failure = caughtFailure();
+    failureOf([this] { ShowPage(); });
+    updateCommands();
+    if (!failure.wasTold()) showMessage(MessageKind::error, qtText(failure.text));
+  }
 }
 
 void TfrmView::run(void (*command)(TfrmView&)) {
@@ -45,14 +50,19 @@ void TfrmView::connectPages() {
       Qt::QueuedConnection);
   connect(pages, &VPage::drawingFailed, this,
           [&parts](const QString& reason) { parts.desk->status.setMessage(reason); });
-  connect(area, &PageScroll::resized, this, &TfrmView::FormResize);
+  connect(area, &PageScroll::resized, this, [this] { run([this] { FormResize(); }); });
   connect(area, &PageScroll::wheelZoomed, this, [this, &parts](int direction, const QPoint& seen) {
     run([&] { parts.zoom.zoomFromView(direction, seen); });
   });
   connect(area, &PageScroll::wheelBeyondEnd, this,
           [this, &parts](int direction) { run([&] { parts.turner.turnPage(direction); }); });
-  connect(parts.desk->ui.cmbZoom, &QComboBox::activated, this,
+  const ViewDesk& desk = *parts.desk;
+  connect(desk.ui.cmbZoom, &QComboBox::activated, this,
           [this, &parts] { run([&] { parts.zoom.cmbZoomChange(); }); });
+  connect(desk.ui.txtZoom, &QLineEdit::returnPressed, this,
+          [this, &parts] { run([&] { parts.scale.ShowPageScale(); }); });
+  connect(desk.ui.UpDown1, &QScrollBar::valueChanged, this,
+          [this, &parts] { run([&] { parts.scale.UpDown1Click(); }); });
 }
 
 void TfrmView::connectParts() {
@@ -75,7 +85,7 @@ void TfrmView::connectParts() {
   connect(&parts.zoom, &PageZoom::pageWanted, this, &TfrmView::ShowPage);
   connect(&parts.zoom, &PageZoom::stateChanged, this, &TfrmView::keepState);
   connect(&parts.switches, &ViewSwitches::stateChanged, this, &TfrmView::keepState);
-  connect(&parts.notes, &PageNotesWatch::pageWanted, this, &TfrmView::ShowPage);
+  connect(&parts.notes, &PageNotesWatch::pageWanted, this, [this] { run([this] { ShowPage(); }); });
   connect(&parts.notes, &PageNotesWatch::wideViewWanted, this,
           [this, &parts] { run([&] { parts.switches.cmdView_SetPreviewTypeClick(kWideView); }); });
   connect(&parts.forms, &FormCalls::stateChanged, this, &TfrmView::keepState);
@@ -99,7 +109,8 @@ void TfrmView::connectMenu() {
           [this](const Language& language) { run([&] { chooseLanguage(language); }); });
   PageScroll* area = parts.desk->ui.pScroll;
   area->setContextMenuPolicy(Qt::CustomContextMenu);
-  connect(area, &QWidget::customContextMenuRequested, parts.menu.get(), &ViewMenu::popup);
+  connect(area, &QWidget::customContextMenuRequested, this,
+          [this, &parts](const QPoint& spot) { run([&] { parts.menu->popup(spot); }); });
 }
 
 void TfrmView::updateCommands() {
@@ -142,7 +153,7 @@ void TfrmView::TimerDynamicBlincTimer() {
     parts_->pages.forget();
     parts_->notes.stop();
     doc->Clear();
-    followGrowth();
+    run([this] { followGrowth(); });
     showMessage(MessageKind::error, failure);
   }
   parts_->number.setBlinking(growth.blinks());

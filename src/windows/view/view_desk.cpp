@@ -1,4 +1,4 @@
-// Laying the desk.
+// What the parts find on their desk.
 #include "windows/view/view_desk.h"
 
 namespace qor {

@@ -58,7 +58,8 @@ void ViewMenu::addEntries() {
       if (group == nullptr) group = new QActionGroup(this);
       group->addAction(entry);
     }
-    connect(entry, &QAction::triggered, this, [this, &row] { form_.run(row.run); });
+    if (row.run != nullptr)
+      connect(entry, &QAction::triggered, this, [this, &row] { form_.run(row.run); });
     if (row.id == kZoomsBehind) addZooms();
     if (row.endsGroup) mnuPopup_->addSeparator();
   }

@@ -38,7 +38,7 @@ struct ViewParts {
   PageTurner turner;
   ViewSwitches switches;
   FormCalls forms;
-  // They read the parts before them, and are made once these are there.
+  // Made last: they ask the parts above for their state.
   std::unique_ptr<ViewTools> tools;
   std::unique_ptr<ViewMenu> menu;
 };

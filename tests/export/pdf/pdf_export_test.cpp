@@ -152,7 +152,7 @@ TEST(PdfPage, takesItsWidthFromTheWindow) {
        {std::pair{8, 558}, {9, 627}, {10, 608}, {11, 602}, {12, 584}, {14, 620}}) {
     TestReport report("A\r\n");
     report.doc().Settings.Font.Height = fontHeight;
-    ExportTask task = {report.doc(), report.path("w.pdf")};
+    ExportTask task = {report.doc(), report.path("w.pdf"), runOptions()};
     task.mode = formatOf(task.target)->mode;
     task.options.PreviewPageWidth = 813;
     EXPECT_EQ(ExportPdf(task), ExportResult::done);

@@ -21,8 +21,8 @@ TEST(Failures, tellWhatFailedAndWhere) {
     const char* text;  // empty where nobody is told again
   };
   const Row rows[] = {
-      {[] { throw NumberedError(2); }, ErrorKind::badReport, 2, ""},
-      {[] { throw NumberedError(5); }, ErrorKind::badSettings, 5, ""},
+      {[] { throw NumberedError(2, "r.txt"); }, ErrorKind::badReport, 2, ""},
+      {[] { throw NumberedError(5, "cp5.ini"); }, ErrorKind::badSettings, 5, ""},
       {[] { throw StoppedError(); }, ErrorKind::stopped, 0, ""},
       {[] { throw ReportError("page 3"); }, ErrorKind::badReport, 0, "page 3"},
       {[] { throw ConversionError("x"); }, ErrorKind::badReport, 0, "x"},
@@ -37,7 +37,6 @@ TEST(Failures, tellWhatFailedAndWhere) {
   const OptionsGuard guard;
   AppOptions.FileName = "r.txt";
   SelectErrorTexts(1252);
-  LastError.set(5, "cp5.ini");
   for (const Row& row : rows) {
     SCOPED_TRACE(row.text);
     testing::internal::CaptureStderr();

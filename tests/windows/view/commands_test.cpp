@@ -69,7 +69,7 @@ TEST(Commands, leaveThePageOnViewWhateverTheyThrow) {
   const std::pair<const char*, std::function<void()>> rows[] = {
       {"no memory", [] { throw std::runtime_error("no memory"); }},
       {"no paper", [] { throw PrintError("no paper"); }},
-      {"Not set any printers", [] { throw NumberedError(7); }}};
+      {"", [] { throw NumberedError(2, ""); }}};
   const std::pair<Qt::Key, const char*> commands[] = {{Qt::Key_F4, "cmdView_SetPrinter"},
                                                       {Qt::Key_F5, "cmdView_Mail"},
                                                       {Qt::Key_F6, "cmdView_Convert"}};
@@ -90,7 +90,7 @@ TEST(Commands, leaveThePageOnViewWhateverTheyThrow) {
         const int page = window.page();
         EXPECT_EQ(byKey ? window.press(key) : window.click(button), page);
         EXPECT_NE(window.status().find(told), std::string::npos) << window.status();
-        EXPECT_FALSE(window.status().empty());
+        EXPECT_EQ(window.status().empty(), *told == 0) << "the user knows it already";
         EXPECT_GE(window.firstInk(), 0);
         EXPECT_NE(window.parts().pages.loadedPage(), nullptr);
       }

@@ -55,10 +55,6 @@ TEST(PageBitmap, largeViewsAreDrawnAroundWhatIsSeen) {
   EXPECT_EQ(drawings, 2);
   EXPECT_EQ(bitmap.corner().x + bitmap.pixels().width, 45000);
   EXPECT_EQ(bitmap.corner().y + bitmap.pixels().height, 60000);
-}
-
-TEST(PageBitmap, aFailedDrawingLeavesNothing) {
-  PageBitmap bitmap;
   bitmap.start({100, 100}, 1, 96, [](Canvas&, const ViewPart&) { throw PictureError("no"); });
   EXPECT_THROW(bitmap.cover({0, 0, 10, 10}), PictureError);
   EXPECT_EQ(bitmap.pixels().width, 0);
@@ -67,18 +63,8 @@ TEST(PageBitmap, aFailedDrawingLeavesNothing) {
 // A sheet of 200 by 100 pixels with gaps for the shadow. The printer reaches all but so much, and
 // twice that at the top.
 PageView sheetView(std::int32_t unreached) {
-  PageView view;
-  VSetScr& screen = view.screen;
-  screen.dpi_x = screen.dpi_y = 96;
-  screen.view_width = 240;
-  screen.view_height = 140;
-  screen.paper_width = 200;
-  screen.paper_height = 100;
-  screen.print_left = unreached;
-  screen.print_top = 2 * unreached;
-  screen.print_right = 200 - unreached;
-  screen.print_bottom = 100 - unreached;
-  return view;
+  return {{96, 96, 0, 0, 140, 240, 0, 0, 200, 100, unreached, 2 * unreached, 200 - unreached,
+           100 - unreached}};
 }
 
 TEST(PageView, drawsSheetMarginsAndPage) {

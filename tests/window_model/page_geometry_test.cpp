@@ -1,11 +1,12 @@
-// Where sheets and pages stand on the screen, and the zooms that fit them. The printer has 600 dots
-// per inch and A4 paper of 4960 by 7016 dots, of which it reaches all but 100 at each side; the
-// display has 96: at z percent a sheet takes 7.936 z by 11.2256 z pixels, and its gaps twice a
-// tenth of z.
+// Where sheets, pages and what they bear stand on the screen, and the zooms that fit them. The
+// printer has 600 dots per inch and A4 paper of 4960 by 7016 dots, of which it reaches all but 100
+// at each side; the display has 96: at z percent a sheet takes 7.936 z by 11.2256 z pixels, and its
+// gaps twice a tenth of z.
 #include <gtest/gtest.h>
 
 #include "settings/print_scale.h"
 #include "window_model/page_layout.h"
+#include "window_model/page_mapping.h"
 #include "window_model/zoom_fit.h"
 
 namespace qor::test {
@@ -121,28 +122,29 @@ std::string places(const Extent& view, const Extent& client, std::int32_t first,
   if (!laidOut) return "nothing";
   std::string text;
   for (const auto& [number, corner] : *laidOut) {
-    text += std::to_string(number) + " at " + std::to_string(corner.x) + "," +
+    text += std::to_string(number) + ":" + std::to_string(corner.x) + "," +
             std::to_string(corner.y) + " ";
   }
   return text;
 }
 
 TEST(PageGeometry, severalPagesStandInRows) {
-  const Extent view = {300, 400};
-  EXPECT_EQ(places(view, {1000, 900}, 3, 20),
-            "3 at 12,17 4 at 337,17 5 at 662,17 6 at 12,450 7 at 337,450 8 at 662,450 ");
-  // The rows and columns that are left stand in the middle.
-  EXPECT_EQ(places(view, {1300, 900}, 1, 3), "1 at 170,233 2 at 490,233 3 at 810,233 ");
-  EXPECT_EQ(places(view, {1000, 900}, 17, 20),
-            "17 at 12,17 18 at 337,17 19 at 662,17 20 at 12,450 ");
-  // Two pages must leave room.
-  EXPECT_EQ(places(view, {600, 800}, 1, 20), "");
-  EXPECT_EQ(places(view, {601, 500}, 1, 20), "1 at 0,50 2 at 300,50 ");
-  // A page that is higher than the area starts with it.
-  EXPECT_EQ(places({450, 1142}, {1000, 900}, 1, 20), "1 at 17,0 2 at 500,0 ");
-  EXPECT_EQ(places(view, {1000, 900}, 21, 20), "nothing");
-  EXPECT_EQ(places(view, {1000, 900}, 1, 0), "nothing");
-  EXPECT_EQ(places({0, 0}, {1000, 900}, 1, 5), "");
+  // A page, the area, the first page and their number, and where they stand.
+  const std::tuple<Extent, Extent, std::int32_t, std::int32_t, const char*> rows[] = {
+      {{300, 400}, {1000, 900}, 3, 20, "3:12,17 4:337,17 5:662,17 6:12,450 7:337,450 8:662,450 "},
+      // The rows and columns that are left stand in the middle.
+      {{300, 400}, {1300, 900}, 1, 3, "1:170,233 2:490,233 3:810,233 "},
+      {{300, 400}, {1000, 900}, 17, 20, "17:12,17 18:337,17 19:662,17 20:12,450 "},
+      // Two pages must leave room.
+      {{300, 400}, {600, 800}, 1, 20, ""},
+      {{300, 400}, {601, 500}, 1, 20, "1:0,50 2:300,50 "},
+      // A page that is higher than the area starts with it.
+      {{450, 1142}, {1000, 900}, 1, 20, "1:17,0 2:500,0 "},
+      {{300, 400}, {1000, 900}, 21, 20, "nothing"},
+      {{300, 400}, {1000, 900}, 1, 0, "nothing"},
+      {{0, 0}, {1000, 900}, 1, 5, ""}};
+  for (const auto& [page, area, first, total, expected] : rows)
+    EXPECT_EQ(places(page, area, first, total), expected);
 }
 
 TEST(PageGeometry, numbersStandBesideSheetsWhereThereIsRoom) {
@@ -159,6 +161,37 @@ TEST(PageGeometry, numbersStandBesideSheetsWhereThereIsRoom) {
       {1, {10, 0}}, {2, {150, 0}}, {3, {10, 230}}, {4, {150, 230}}};
   for (const auto& [what, board, index, high, corner] : rows)
     EXPECT_EQ(numberCorner(pages, index, {100, 200}, board, {20, high}), corner) << what;
+}
+
+// A view on a display of 96 dots per inch; the printer doesn't reach so many pixels at its corner.
+PageView viewAt(std::int32_t zoom, Point unreached) {
+  return {{96, 96, 0, 0, 0, 0, 0, 0, 0, 0, unreached.x, unreached.y, 700, 1000}, zoom};
+}
+
+TEST(PageMapping, leadsThereAndBack) {
+  // Zoom, dots a pixel, the corner of what is printed; and where the twips (1440, 720) stand.
+  const std::tuple<std::int32_t, double, Point, Spot> rows[] = {
+      {100, 1, {0, 0}, {96, 48}},        {100, 1, {16, 32}, {112, 80}},
+      {50, 1, {8, 16}, {56, 40}},        {200, 2, {32, 64}, {224, 160}},
+      {100, 1.5, {16, 32}, {112, 80}},   {12, 1, {1, 3}, {12, 8.5}},
+      {100, 1.25, {3, 3}, {99.2, 51.2}}, {500, 1, {-5, 0}, {475, 240}}};
+  for (const auto& [zoom, ratio, unreached, expected] : rows) {
+    SCOPED_TRACE(testing::Message() << zoom << " " << ratio);
+    const PageMapping mapping(viewAt(zoom, unreached), ratio);
+    const Spot pixels = mapping.toPixels({1440, 720});
+    EXPECT_DOUBLE_EQ(pixels.x, expected.x);
+    EXPECT_DOUBLE_EQ(pixels.y, expected.y);
+    for (const Spot& twips : {Spot{0, 0}, {1440, 720}, {-300.5, 12345}}) {
+      const Spot back = mapping.toTwips(mapping.toPixels(twips));
+      EXPECT_NEAR(back.x, twips.x, 1e-6);
+      EXPECT_NEAR(back.y, twips.y, 1e-6);
+    }
+    // A canvas has its dots where the view has its pixels.
+    const Mapping canvas = mapping.onCanvas({100, 200});
+    EXPECT_DOUBLE_EQ((canvas.dpiX + canvas.originX + 100) / ratio, expected.x);
+    EXPECT_DOUBLE_EQ((canvas.dpiY / 2 + canvas.originY + 200) / ratio, expected.y);
+  }
+  EXPECT_DOUBLE_EQ(PageMapping(viewAt(1, {0, 0}), 1).toTwips({5, 5}).x, 0) << "all of it is a dot";
 }
 
 }  // namespace

@@ -66,29 +66,25 @@ void expectMessage(Window& window, const std::string& part) {
 }
 
 TEST(PreviewMessages, thePageAreaTellsWhyThereIsNoPage) {
-  Window window({reportOfPages(3), Window::zoomed(2)});
-  window.press(Qt::Key_End);
-  window.press(Qt::Key_End, Qt::ShiftModifier);
+  Window window({reportOfPages(3), Window::zoomed(0)});
+  EXPECT_FALSE(window.control("message").isVisible());
+  // A part of the page is drawn when it is scrolled to, with a code page that is gone by then.
+  window.picture("pScroll");
+  window.doc().Settings.Page.BaseCodePage = 65432;
+  window.press("End");
+  window.picture("pScroll");
+  Window::settle();
+  expectMessage(window, "65432");
+  window.doc().Settings.Page.BaseCodePage = 1251;
+  window.press("Shift+End");
   std::filesystem::remove(Window::path());
-  window.press(Qt::Key_PageDown);
+  window.press("PgDown");
   EXPECT_NE(window.status().find("report.txt"), std::string::npos) << window.status();
   for (const QSize size : {QSize(1000, 800), QSize(1300, 600), QSize(800, 480)}) {
     expectMessage(window, window.status());
     window.resize(size);
   }
   expectMessage(window, window.status());
-}
-
-// A part of the page that is drawn when it is scrolled to, with a code page that is gone by then.
-TEST(PreviewMessages, aPageThatCantBeDrawnSaysSoInTheMiddle) {
-  Window window({reportOfPages(3), Window::zoomed(0)});
-  EXPECT_FALSE(window.control("message").isVisible());
-  window.picture("pScroll");
-  window.doc().Settings.Page.BaseCodePage = 65432;
-  window.press(Qt::Key_End);
-  window.picture("pScroll");
-  Window::settle();
-  expectMessage(window, "65432");
 }
 
 // Lets the window do what it does while nobody asks for anything.
@@ -114,22 +110,18 @@ TEST(PreviewNotes, pagesLookAsWhenAllAreReadInOrder) {
       "\033&l8Done <b>two\r\n\f\r\nthree<h1>four\r\n\r\nx\f\r\n<i>five <w1>six\r\n\f\r\n"
       "seven<h1/>eight\r\n\033W0nine\f\r\n<u>ten<vs>\r\neleven\r\n";
   Window window({report, {{"ZoomID", 6}, {"ShowUnprintable", 0}}});
-  window.directory().write("r.txt", report);
-  ASSERT_EQ(runViewer({"-f", window.directory().path("r.txt"), "-codepage", "1251", "-export",
-                       window.directory().path("r.png")})
-                .errors,
-            "");
-  const auto expected = [&window](int page) {
-    const std::string name = "r(" + std::to_string(page) + ").png";
-    return insideOfSheet(QImage(qtText(window.directory().path(name))));
+  const auto& place = window.directory();
+  expectTold(runViewer({"-f", Window::path(), "-codepage", "1251", "-export", "r.png"}, in(place)),
+             "");
+  const auto expected = [&place](int page) {
+    return insideOfSheet(QImage(qtText(place.path("r(" + std::to_string(page) + ").png"))));
   };
-  window.press(Qt::Key_End, Qt::ControlModifier);
+  window.press("Ctrl+End");
   EXPECT_EQ(onView(window), expected(5));
   for (const int page : {2, 4, 1, 3, 5}) {
     window.resize({1000 + page, 800});
-    window.press(Qt::Key_Home, Qt::ControlModifier);
-    for (int i = 1; i < page; ++i) window.press(Qt::Key_PageDown);
-    EXPECT_EQ(window.page(), page);
+    window.press("Ctrl+Home");
+    EXPECT_EQ(window.press("PgDown", page - 1), page);
     EXPECT_EQ(onView(window), expected(page)) << page;
   }
 }
@@ -137,13 +129,11 @@ TEST(PreviewNotes, pagesLookAsWhenAllAreReadInOrder) {
 // What the status bar and the bar above the pages tell.
 std::string told(Window& window) {
   idle(window);
-  const auto& bar = window.control<QLabel>("noteBarText");
-  return window.status() + bar.text().toStdString();
+  return window.status() + window.status("noteBarText");
 }
 
 TEST(PreviewNotes, tellWhatTheSheetDoesNotShow) {
-  std::string lines;
-  for (int i = 0; i < 86; ++i) lines += "line\r\n";
+  const std::string lines = QByteArray("line\r\n").repeated(86).toStdString();
   // 74 lines of 227 twips and 99 characters of 120 twips fit the sheet.
   const std::pair<std::string, std::string> rows[] = {
       {"all of it\r\n", ""},
@@ -170,7 +160,7 @@ TEST(PreviewNotes, tellWhatTheSheetDoesNotShow) {
   EXPECT_EQ(told(window), "The settings have chosen code page 1251, and not the command line's");
   // Once closed, the bar above the pages stays away.
   EXPECT_TRUE(window.control("noteBar").isVisible());
-  window.click("noteBarClose");
+  window.press("noteBarClose");
   window.form().ShowPage();
   idle(window);
   EXPECT_FALSE(window.control("noteBar").isVisible());
@@ -180,18 +170,16 @@ TEST(PreviewNotes, leadToTheWideViewByAClick) {
   Window window({std::string(150, 'w') + "\r\n", Window::zoomed(6)});
   const auto& wide = window.control<QAbstractButton>("cmdView_WideView");
   const std::string note = "51 columns are outside the sheet: wide view";
-  const std::tuple<const char*, bool, std::string> rows[] = {{"stBarMessage", true, ""},
-                                                             {"stBarMessage", true, ""},
-                                                             {"cmdView_NormalView", false, note},
-                                                             {"stBarPages", false, note}};
-  idle(window);
-  EXPECT_EQ(window.status(), note);
-  for (const auto& [clicked, isWide, told] : rows) {
-    window.click(clicked);
+  const std::pair<const char*, bool> rows[] = {{"stBarPages", false},
+                                               {"stBarMessage", true},
+                                               {"stBarMessage", true},
+                                               {"cmdView_NormalView", false}};
+  for (const auto& [clicked, isWide] : rows) {
+    window.press(clicked);
     idle(window);
     EXPECT_EQ(wide.isChecked(), isWide) << clicked;
     EXPECT_EQ(window.pageControl().width(), isWide ? 1200 : 813) << clicked;
-    EXPECT_EQ(window.status(), told) << clicked;
+    EXPECT_EQ(window.status(), isWide ? "" : note) << clicked;
     // The last letters are at 150 times 8 pixels: 10 points, a twelfth of an inch each.
     EXPECT_EQ(firstInk(window.picture("page_control"), {1160, 0, 40, 30}) >= 0, isWide);
     EXPECT_EQ(window.pageControl().pos() == QPoint(0, 0), isWide);
@@ -231,8 +219,7 @@ TEST(PreviewNotes, knowWhetherTheReportWasSeen) {
   EXPECT_TRUE(window.form().hasShownReport());
   window.directory().write("report.txt", reportOfPages(3));
   EXPECT_FALSE(window.form().hasShownReport()) << "nobody has seen what it is now";
-  Window blank({""});
-  EXPECT_FALSE(blank.form().hasShownReport());
+  EXPECT_FALSE(Window({""}).form().hasShownReport());
 }
 
 }  // namespace

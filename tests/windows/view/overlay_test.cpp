@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/units.h"
+#include "support/rows.h"
 #include "windows/view/page_overlay.h"
 #include "windows/view/window.h"
 
@@ -11,18 +12,15 @@ namespace qor::test {
 namespace {
 
 // Paints a box of the page.
-class BoxLayer : public OverlayLayer {
- public:
-  explicit BoxLayer(const QRectF& twips) : twips_(twips) {}
-
+struct BoxLayer : OverlayLayer {
   void paint(QPainter& painter, const PageMapping& mapping) override {
-    const Spot from = mapping.toPixels({twips_.left(), twips_.top()});
-    const Spot to = mapping.toPixels({twips_.right(), twips_.bottom()});
+    const Spot from = mapping.toPixels({twips.left(), twips.top()});
+    const Spot to = mapping.toPixels({twips.right(), twips.bottom()});
     painter.fillRect(QRectF(QPointF(from.x, from.y), QPointF(to.x, to.y)), Qt::green);
   }
 
- private:
-  QRectF twips_;
+  const QRectF twips{QPointF(twipsFromMillimetres(15), twipsFromMillimetres(8)),
+                     QPointF(twipsFromMillimetres(55), twipsFromMillimetres(38))};
 };
 
 // Where dots of a colour are seen in the scrolling area.
@@ -43,43 +41,32 @@ bool isNear(const QRect& a, const QRect& b) {
 }
 
 TEST(PageOverlay, staysOverThePage) {
-  const QRectF twips(QPointF(twipsFromMillimetres(15), twipsFromMillimetres(8)),
-                     QPointF(twipsFromMillimetres(55), twipsFromMillimetres(38)));
   Window window({"<shape sh_type=2 left=15 top=8 right=55 bottom=38 bt=1 bc=Red/>\r\n\fb\r\n",
                  Window::zoomed(6)});
   auto& overlay = window.control<PageOverlay>("pageOverlay");
   EXPECT_FALSE(overlay.isVisible()) << "while there is nothing to paint";
-  BoxLayer layer(twips);
-  const std::function<void()> rows[] = {[] {},
-                                        [&] { window.parts().zoom.mnuZoomListClick(8); },
-                                        [&] { window.parts().zoom.mnuZoomListClick(4); },
-                                        [&] { window.area().verticalScrollBar()->setValue(37); },
-                                        [&] {
-                                          window.resize({840, 620});
-                                        },
-                                        [&] { window.click("cmdView_WideView"); },
-                                        [&] { window.press(Qt::Key_0, Qt::ControlModifier); },
-                                        [&] { window.click("cmdView_NormalView"); },
-                                        [&] { window.parts().scale.ShowPageScale(); }};
-  for (std::size_t i = 0; i < std::size(rows); ++i) {
-    SCOPED_TRACE(i);
-    rows[i]();
+  BoxLayer layer;
+  // F11 gives the page the room of the tools; the last step scales the sheet.
+  for (const auto& step :
+       wordsOf("Ctrl+0 - - + + + + Down F11 mnuWideView Ctrl+0 mnuNormalView F11 scaled")) {
+    SCOPED_TRACE(step);
+    step == "scaled" ? window.parts().scale.ShowPageScale() : static_cast<void>(window.press(step));
     const QRect ink = boxOf(window, qRgb(255, 0, 0));
     overlay.add(layer);
     EXPECT_TRUE(isNear(boxOf(window, qRgb(0, 255, 0)), ink));
     const QPoint middle = overlay.mapFrom(&window.area(), ink.center());
     const Spot back = overlay.mapping()->toTwips({double(middle.x()), double(middle.y())});
-    EXPECT_TRUE(twips.contains(back.x, back.y));
+    EXPECT_TRUE(layer.twips.contains(back.x, back.y));
     EXPECT_NE(window.pageControl().childAt(middle), &overlay) << "the mouse goes through it";
     overlay.remove(layer);
     EXPECT_TRUE(boxOf(window, qRgb(0, 255, 0)).isEmpty());
   }
   overlay.add(layer);
   window.parts().zoom.mnuZoomListClick(9);
-  window.click("cmdView_MultiPage");
+  window.press("cmdView_MultiPage");
   EXPECT_FALSE(overlay.isVisible()) << "over several pages";
   EXPECT_FALSE(overlay.mapping());
-  window.click("cmdView_SinglePage");
+  window.press("cmdView_SinglePage");
   EXPECT_TRUE(overlay.isVisible());
   EXPECT_TRUE(isNear(overlay.geometry(), window.pageControl().rect()));
   overlay.remove(layer);

@@ -28,8 +28,7 @@ TEST(PreviewViews, showsThePageThatItNames) {
     const QImage picture = window.picture("pScroll");
     // Inside of the outline and of the mark.
     const auto ink = [&](int page) {
-      const QRect sheet = sheetRect(window.smallPages().at(page));
-      return firstInk(picture, sheet.adjusted(6, 6, -6, -6));
+      return firstInk(picture, sheetRect(window.smallPages().at(page)).adjusted(6, 6, -6, -6));
     };
     EXPECT_GT(ink(1), 0);
     EXPECT_NEAR(ink(2) - ink(1), 10 * 15 / 4, 2);
@@ -41,15 +40,10 @@ TEST(PreviewViews, showsThePageThatItNames) {
     EXPECT_EQ(window.smallPages().size(), 1U);
     window.parts().zoom.mnuZoomListClick(6);
   };
-  const auto keys = [](Window& window) {
-    EXPECT_EQ(window.press(Qt::Key_PageDown), 2);
-    EXPECT_NEAR(window.firstInk(), 13 * 15, 15);
-    window.press(Qt::Key_PageDown);
-  };
   const std::tuple<const char*, Settings, std::function<void(Window&)>> rows[] = {
       {"list", {{"ZoomID", 6}, {"ListView", 1}}, chosen},
       {"small page", kSeveral, small},
-      {"keys", {{"ZoomID", 6}}, keys}};
+      {"keys", {{"ZoomID", 6}}, [](Window& window) { window.press("PgDown", 2); }}};
   for (const auto& [what, stored, go] : rows) {
     Window window({reportWithTextAt({3, 13, 30, 40}), stored});
     go(window);
@@ -66,8 +60,7 @@ TEST(PreviewViews, showsThePageThatItNames) {
 }
 
 TEST(PreviewViews, wideViewStaysWhereAWindowCanScroll) {
-  std::string lines;
-  for (int i = 0; i < 250000; ++i) lines += "w\r\n";
+  const std::string lines = QByteArray("w\r\n").repeated(250000).toStdString();
   Window window({lines, {{"ZoomID", 0}, {"PreviewType", kWideView}}});
   EXPECT_NEAR(window.pageControl().height(), 16e6, 1e5)
       << "at 500 percent it would end beyond 2^24";
@@ -80,25 +73,25 @@ TEST(PreviewViews, listsPages) {
   Window window({reportOfPages(200), {{"ZoomID", 6}, {"ListView", 1}}});
   auto& list = window.control<QListView>("lstPages");
   EXPECT_EQ(list.model()->rowCount(), 200);
-  window.press(Qt::Key_PageDown);
+  window.press("PgDown");
   EXPECT_EQ(list.currentIndex().row(), 1);
   const QRect line = list.visualRect(list.model()->index(4, 0));
   const QPoint above(0, line.height());
   EXPECT_EQ(window.click(*list.viewport(), line.center()), 5);
   EXPECT_EQ(window.click(*list.viewport(), line.center() - above, Qt::RightButton), 4);
   // Keys of the list that has the focus. A page that is gone to shows its top.
-  const std::tuple<Qt::Key, int, int> rows[] = {{Qt::Key_Down, 5, 5},       {Qt::Key_Up, 4, 4},
-                                                {Qt::Key_PageDown, 20, 80}, {Qt::Key_End, 200, 200},
-                                                {Qt::Key_PageUp, 120, 180}, {Qt::Key_Home, 1, 1}};
+  const std::tuple<const char*, int, int> rows[] = {{"Down", 5, 5},     {"Up", 4, 4},
+                                                    {"PgDown", 20, 80}, {"End", 200, 200},
+                                                    {"PgUp", 120, 180}, {"Home", 1, 1}};
   for (const auto& [key, least, most] : rows) {
     window.area().verticalScrollBar()->setValue(100);
     EXPECT_GE(window.press(key), least) << key;
     EXPECT_LE(window.page(), most) << key;
     EXPECT_EQ(window.scrolled(), 0) << key;
   }
-  EXPECT_EQ(window.press(Qt::Key_End, Qt::ControlModifier), 200) << "with Ctrl the window's";
+  EXPECT_EQ(window.press("Ctrl+End"), 200) << "with Ctrl the window's";
   window.area().verticalScrollBar()->setValue(0);
-  EXPECT_EQ(window.press(Qt::Key_Up, Qt::ControlModifier), 199) << "also before the first line";
+  EXPECT_EQ(window.press("Ctrl+Up"), 199) << "also before the first line";
   QWidget& divider = window.control("pSizeLine");
   QTest::mousePress(&divider, Qt::LeftButton, {}, {2, 50});
   QMouseEvent move(QEvent::MouseMove, {52, 50}, divider.mapToGlobal(QPointF(52, 50)), Qt::NoButton,
@@ -114,39 +107,39 @@ TEST(PreviewViews, listsPages) {
 
 TEST(PreviewSmallPages, fillTheAreaAndAreMarkedByAClick) {
   Window window({reportOfPages(40), Window::zoomed(9)});
-  window.click("cmdView_MultiPage");
+  window.press("cmdView_MultiPage");
   const QSize area = window.area().maximumViewportSize();
   const int count = (area.width() / 202) * (area.height() / 284);
   ASSERT_GE(count, 8);
   EXPECT_EQ(static_cast<int>(window.smallPages().size()), count);
   const auto clickOn = [&window](int page) { return window.click(*window.smallPages().at(page)); };
   const auto& mark = window.control<QFrame>("pageMark");
-  EXPECT_EQ(window.press(Qt::Key_PageDown, Qt::ControlModifier), count + 1) << "as without Ctrl";
+  EXPECT_EQ(window.press("Ctrl+PgDown"), count + 1) << "as without Ctrl";
   const auto before = window.smallPages();
   EXPECT_TRUE(mark.geometry().contains(sheetRect(before.at(count + 1))));
   EXPECT_EQ(clickOn(count + 4), count + 4);
   EXPECT_EQ(window.smallPages(), before) << "nothing moves";
   EXPECT_TRUE(mark.isVisible());
   EXPECT_TRUE(mark.geometry().contains(sheetRect(before.at(count + 4))));
-  EXPECT_EQ(window.press(Qt::Key_PageDown), 2 * count + 1) << "the page behind those on view";
-  EXPECT_EQ(window.press(Qt::Key_End, Qt::ControlModifier), 40 - count + 1);
+  EXPECT_EQ(window.press("PgDown"), 2 * count + 1) << "the page behind those on view";
+  EXPECT_EQ(window.press("Ctrl+End"), 40 - count + 1);
   clickOn(38);
   EXPECT_FALSE(window.control("cmdView_Next").isEnabled());
-  EXPECT_EQ(window.press(Qt::Key_PageDown), 38) << "nothing is behind the last ones";
+  EXPECT_EQ(window.press("PgDown"), 38) << "nothing is behind the last ones";
   EXPECT_EQ(window.smallPages().begin()->first, 40 - count + 1);
   window.resize({800, 480});
   EXPECT_EQ(window.page(), 38);
   EXPECT_EQ(window.smallPages().count(38), 1U) << "a smaller window still shows it";
   // A press on the screen, as the system reports it, ends the typing of a number first.
-  window.click("lblPageCurrent");
+  window.press("lblPageCurrent");
   const PageImage& page = *window.smallPages().at(38);
   const QPoint place = page.mapTo(&window.form(), page.rect().center());
   QTest::mouseClick(window.form().windowHandle(), Qt::LeftButton, {}, place);
   Window::settle();
   EXPECT_FALSE(window.control("txtPageCurrentEdit").isVisible());
   EXPECT_EQ(window.page(), 38);
-  window.click("cmdView_SinglePage");
-  EXPECT_EQ(window.press(Qt::Key_PageDown), 39);
+  window.press("cmdView_SinglePage");
+  EXPECT_EQ(window.press("PgDown"), 39);
 }
 
 int contrast(QRgb a, QRgb b) {

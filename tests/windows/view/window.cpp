@@ -1,6 +1,6 @@
 #include "windows/view/window.h"
 
-#include <QSettings>
+#include <QKeySequence>
 #include <QWheelEvent>
 #include <QWindow>
 #include <algorithm>
@@ -23,16 +23,10 @@ std::string reportOfPages(int pages) {
 std::string reportWithTextAt(const std::vector<int>& lines) {
   std::string report;
   for (const int empty : lines) {
-    for (int i = 0; i < empty; ++i) report += " \r\n";
-    report += "______________________________ Text\r\n\f";
+    report += (QByteArray(" \r\n").repeated(empty) + "______________________________ Text\r\n\f")
+                  .toStdString();
   }
   return report;
-}
-
-std::string settingsFile() {
-  return QSettings(QSettings::IniFormat, QSettings::UserScope, "QOR", "QorUtlView")
-      .fileName()
-      .toStdString();
 }
 
 int firstInk(const QImage& picture, const QRect& part) {
@@ -51,8 +45,7 @@ Window::Window(const Start& start) {
   doc_.Settings.Page.BaseCodePage = AppOptions.DocCodePage;
   InitPrinters();
   doc_.SelectPrinter({});
-  if (start.dynamic) doc_.ScanFirstPage();
-  if (!start.dynamic) doc_.ScanPages(false);
+  start.dynamic ? doc_.ScanFirstPage() : static_cast<void>(doc_.ScanPages(false));
   settings_ = std::make_unique<QtUserSettings>();
   form_ = std::make_unique<TfrmView>(*settings_, start.commands);
   messages_.emplace(
@@ -67,7 +60,7 @@ Window::Window(const Start& start) {
 void Window::prepare(const Start& start) {
   const std::filesystem::path file = settingsFile();
   std::filesystem::remove(file);
-  QSettings stored(QSettings::IniFormat, QSettings::UserScope, "QOR", "QorUtlView");
+  QSettings stored = userSettings();
   stored.clear();
   for (const auto& [name, value] : start.stored) stored.setValue(qtText(name), value);
   stored.sync();
@@ -82,10 +75,6 @@ void Window::prepare(const Start& start) {
   AppOptions.DocCodePage = 1251;
 }
 
-Window::~Window() {
-  close();
-}
-
 Settings Window::close() {
   if (form_) {
     form_->close();
@@ -94,7 +83,7 @@ Settings Window::close() {
     form_.reset();
   }
   Settings values;
-  const QSettings stored(QSettings::IniFormat, QSettings::UserScope, "QOR", "QorUtlView");
+  const QSettings stored = userSettings();
   for (const QString& key : stored.allKeys()) {
     const QVariant value = stored.value(key);
     values[key.toStdString()] = value == "true" ? 1 : value.toInt();
@@ -107,9 +96,16 @@ void Window::resize(const QSize& size) {
   settle();
 }
 
-int Window::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-  QTest::keyClick(form_->windowHandle(), key, modifiers);
-  settle();
+int Window::press(const std::string& what, int times) {
+  const QString name = qtText(what);
+  if (auto* control = form_->findChild<QWidget*>(name)) return click(*control);
+  auto* command = form_->findChild<QAction*>(name);
+  if (command != nullptr) command->trigger();
+  const QKeyCombination keys = QKeySequence::fromString(name)[0];
+  for (int i = 0; command == nullptr && i < times; ++i) {
+    QTest::keyClick(form_->windowHandle(), keys.key(), keys.keyboardModifiers());
+    settle();
+  }
   return page();
 }
 

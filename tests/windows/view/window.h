@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QSettings>
 #include <QTest>
 #include <functional>
 #include <map>
@@ -26,8 +27,13 @@ std::string reportOfPages(int pages);
 // A report whose pages have text in one line each, behind so many empty ones.
 std::string reportWithTextAt(const std::vector<int>& lines);
 
-// Where the user's settings are kept.
-std::string settingsFile();
+// The user's settings, and where they are kept.
+inline QSettings userSettings() {
+  return QSettings(QSettings::IniFormat, QSettings::UserScope, "QOR", "QorUtlView");
+}
+inline std::string settingsFile() {
+  return userSettings().fileName().toStdString();
+}
 
 // The first row of a part of a picture that has black dots, -1 where none has.
 int firstInk(const QImage& picture, const QRect& part);
@@ -50,7 +56,7 @@ class Window {
   static Settings zoomed(int entry) { return {{"ZoomID", entry}}; }
 
   explicit Window(const Start& start);
-  ~Window();
+  ~Window() { close(); }
 
   TfrmView& form() { return *form_; }
   ViewParts& parts() { return form_->parts(); }
@@ -69,14 +75,13 @@ class Window {
   void resize(const QSize& size);
 
   // What the user does. They give the page that is then on view.
-  int press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  // Clicks on the control or picks the command of this name, or presses such a key as "Ctrl+End".
+  int press(const std::string& what, int times = 1);
   int click(QWidget& on, QPoint place = {}, Qt::MouseButton button = Qt::LeftButton);
-  int click(const char* name) { return click(control(name)); }
   // Turns the wheel over a place of the area; a step counts 120, up is positive.
   int wheel(int delta, Qt::KeyboardModifiers modifiers = Qt::NoModifier, QPoint place = {50, 50});
 
   int page() { return control<QLabel>("lblPageCurrent").text().toInt(); }
-  int total() { return control<QLabel>("lblPageTotal").text().toInt(); }
   std::string status(const char* panel = "stBarMessage") {
     return control<QLabel>(panel).text().toStdString();
   }

@@ -11,9 +11,6 @@
 namespace qor::test {
 namespace {
 
-constexpr Qt::KeyboardModifiers kNone = Qt::NoModifier;
-constexpr Qt::KeyboardModifiers kCtrl = Qt::ControlModifier;
-
 TEST(PreviewZoom, hasEveryZoomOfItsList) {
   Window window({reportOfPages(1)});
   auto& list = window.control<QComboBox>("cmbZoom");
@@ -35,67 +32,48 @@ TEST(PreviewZoom, hasEveryZoomOfItsList) {
 
 TEST(PreviewZoom, stepsInTheListOrFromWhatIsSeen) {
   Window window({reportOfPages(1)});
-  const auto key = [&window](Qt::Key pressed, Qt::KeyboardModifiers modifiers) {
-    return [&window, pressed, modifiers] { window.press(pressed, modifiers); };
-  };
-  const auto click = [&window](const char* name) { return [=, &window] { window.click(name); }; };
-  const auto wheel = [&window](int times, int delta) {
-    return [=, &window] {
-      for (int i = 0; i < times; ++i) window.wheel(delta, kCtrl);
-    };
-  };
-  const auto menu = [&window](int place) {
-    return [=, &window] { window.control<QMenu>("mnuZoom").actions()[place]->trigger(); };
-  };
-  // The area is about 1000 by 710 pixels: AutoW gives some 122 percent, AutoH 63. The entries of
-  // the menu from 100 percent down pick the next larger one.
-  using Entries = std::vector<std::pair<int, int>>;  // before and behind
-  const std::pair<std::function<void()>, Entries> rows[] = {
-      {key(Qt::Key_Minus, Qt::KeypadModifier), {{6, 7}}},
-      {key(Qt::Key_Plus, kNone), {{6, 5}, {0, 0}, {13, 12}}},
-      {key(Qt::Key_Minus, kNone), {{11, 12}}},
-      {key(Qt::Key_Plus, kCtrl), {{6, 5}, {0, 0}}},
-      {key(Qt::Key_Equal, kCtrl), {{6, 5}}},
-      {key(Qt::Key_Equal, kNone), {{6, 6}}},
-      {key(Qt::Key_Minus, kCtrl), {{6, 7}, {11, 11}}},
-      {click("cmdView_ZoomIn"), {{12, 5}, {13, 7}, {-1, 5}}},
-      {click("cmdView_ZoomOut"), {{12, 6}, {13, 8}}},
-      {wheel(2, -60), {{6, 7}}},
-      {wheel(1, -60), {{6, 6}}},
-      {wheel(1, 120), {{6, 5}}},
-      {menu(4), {{6, 4}}},
-      {menu(5), {{6, 5}}},
-      {menu(12), {{6, 12}}}};
-  for (const auto& [step, entries] : rows) {
-    for (const auto& [start, entry] : entries) {
-      window.parts().zoom.mnuZoomListClick(start);
-      step();
-      EXPECT_EQ(window.control<QComboBox>("cmbZoom").currentIndex(), entry) << "from " << start;
-    }
+  const auto& list = window.control<QComboBox>("cmbZoom");
+  // A key, and the zoom's entries before and behind. The area is about 1000 by 710 pixels: AutoW
+  // gives some 122 percent, AutoH 63.
+  const std::tuple<const char*, int, int> rows[] = {
+      {"Num+-", 6, 7},   {"+", 6, 5},       {"+", 0, 0},        {"+", 13, 12},
+      {"-", 11, 12},     {"Ctrl++", 6, 5},  {"Ctrl++", 0, 0},   {"Ctrl+=", 6, 5},
+      {"=", 6, 6},       {"Ctrl+-", 6, 7},  {"Ctrl+-", 11, 11}, {"Ctrl++", 12, 5},
+      {"Ctrl++", 13, 7}, {"Ctrl++", -1, 5}, {"Ctrl+-", 12, 6},  {"Ctrl+-", 13, 8}};
+  for (const auto& [key, from, to] : rows) {
+    window.parts().zoom.mnuZoomListClick(from);
+    window.press(key);
+    EXPECT_EQ(list.currentIndex(), to) << key << " from " << from;
+  }
+  // The entries of the menu from 100 percent down pick the next larger one.
+  for (const int place : {4, 12, 5}) {
+    window.control<QMenu>("mnuZoom").actions()[place]->trigger();
+    EXPECT_EQ(list.currentIndex(), place);
+  }
+  for (const auto& [delta, to] : {std::pair(-60, 5), {-60, 6}, {-60, 6}, {120, 5}}) {
+    window.wheel(delta, Qt::ControlModifier);
+    EXPECT_EQ(list.currentIndex(), to) << delta;
   }
 }
 
 TEST(PreviewZoom, keepsThePlaceThatIsLookedAt) {
   const QPoint pointer(620, 130);
-  const std::pair<bool, std::function<void(Window&)>> rows[] = {
-      {true, [&](Window& window) { window.wheel(120, kCtrl, pointer); }},
-      {true, [&](Window& window) { window.wheel(-120, kCtrl, pointer); }},
-      {false, [](Window& window) { window.press(Qt::Key_Plus, kCtrl); }},
-      {false, [](Window& window) { window.click("cmdView_ZoomOut"); }},
-  };
+  // The wheel's step, or else what is pressed.
+  const std::pair<int, const char*> rows[] = {
+      {120, ""}, {-120, ""}, {0, "cmdView_ZoomIn"}, {0, "cmdView_ZoomOut"}};
   for (const int kind : {kNormalView, kWideView}) {
-    for (const auto& [atPointer, step] : rows) {
+    for (const auto& [wheel, pressed] : rows) {
       // 300 percent: larger than the area in both directions, before and after.
       Window window({reportOfPages(1), {{"ZoomID", 2}, {"PreviewType", kind}}});
       window.area().horizontalScrollBar()->setValue(700);
       window.area().verticalScrollBar()->setValue(900);
-      const QPoint at = atPointer ? pointer : window.area().viewport()->rect().center();
+      const QPoint at = wheel != 0 ? pointer : window.area().viewport()->rect().center();
       // The place of the page at 100 percent.
       const auto place = [&](double zoom) {
         return QPointF(window.pageControl().mapFrom(window.area().viewport(), at)) * 100 / zoom;
       };
       const QPointF before = place(300);
-      step(window);
+      wheel != 0 ? window.wheel(wheel, Qt::ControlModifier, pointer) : window.press(pressed);
       const double zoom = window.pageControl().width() / (kind == kWideView ? 793.7 : 813.7) * 100;
       ASSERT_GT(std::abs(zoom - 300), 90);
       EXPECT_LE((place(zoom) - before).manhattanLength(), 3) << kind << " " << zoom;
@@ -106,14 +84,15 @@ TEST(PreviewZoom, keepsThePlaceThatIsLookedAt) {
 TEST(PreviewZoom, fitsAndStaysFitted) {
   // The fit to the width, to the page, and the actual size; whether there is a bar at the right,
   // where none is below; and the zoom that is stored.
-  const std::tuple<PreviewKind, Qt::Key, bool, int> rows[] = {{kNormalView, Qt::Key_1, true, 12},
-                                                              {kNormalView, Qt::Key_2, false, 13},
-                                                              {kWideView, Qt::Key_1, false, 6},
-                                                              {kWideView, Qt::Key_2, false, 6},
-                                                              {kNormalView, Qt::Key_0, true, 6}};
+  const std::tuple<PreviewKind, std::string, bool, int> rows[] = {
+      {kNormalView, "Ctrl+1", true, 12},
+      {kNormalView, "Ctrl+2", false, 13},
+      {kWideView, "Ctrl+1", false, 6},
+      {kWideView, "Ctrl+2", false, 6},
+      {kNormalView, "Ctrl+0", true, 6}};
   for (const auto& [kind, key, bar, stored] : rows) {
     Window window({std::string(300, 'w') + "\r\n", {{"ZoomID", 3}, {"PreviewType", kind}}});
-    window.press(key, kCtrl);
+    window.press(key);
     for (const QSize size : {QSize(1000, 800), QSize(1200, 700), QSize(830, 900)}) {
       SCOPED_TRACE(testing::Message() << kind << " " << key << " " << size.width());
       window.resize(size);
@@ -121,12 +100,12 @@ TEST(PreviewZoom, fitsAndStaysFitted) {
       EXPECT_FALSE(window.area().horizontalScrollBar()->isVisible());
       const QSize view = window.pageControl().size();
       const QSize left = window.area().viewport()->size() - view;
-      if (key == Qt::Key_0) {
+      if (key == "Ctrl+0") {
         EXPECT_EQ(view, QSize(813, 1142));
         continue;
       }
       // One percent more has no room: it takes at most 24 pixels of 300 letters.
-      EXPECT_LT(key == Qt::Key_1 ? left.width() : std::min(left.width(), left.height()), 26);
+      EXPECT_LT(key == "Ctrl+1" ? left.width() : std::min(left.width(), left.height()), 26);
       if (kind == kWideView) continue;
       const int gaps = view.width() - window.doc().Settings.Scr.paper_width;
       EXPECT_NEAR(window.pageControl().x() * 2, left.width() + gaps, 1)
@@ -153,14 +132,14 @@ TEST(PreviewZoom, isToldInItsBoxAndHasNoBarBelowAPageThatFits) {
     EXPECT_EQ(below.maximum(), std::max(0, view - width));
     EXPECT_EQ(box.currentText(), shown);
   }
-  window.press(Qt::Key_Minus, kCtrl);
+  window.press("Ctrl+-");
   EXPECT_EQ(box.currentText(), "100%");
   EXPECT_EQ(box.itemText(12), "AutoW");
   EXPECT_EQ(right.maximum(), 1142 - window.area().viewport()->height()) << "a gap at each side";
   window.parts().zoom.mnuZoomListClick(13);
-  window.click("cmdView_MultiPage");
+  window.press("cmdView_MultiPage");
   EXPECT_TRUE(box.currentText().startsWith("AutoH (")) << box.currentText().toStdString();
-  window.click("cmdView_WideView");
+  window.press("cmdView_WideView");
   EXPECT_EQ(box.currentText(), "AutoH (100%)");
 }
 

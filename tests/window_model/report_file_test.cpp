@@ -1,12 +1,14 @@
-// Following a report that another program writes.
-#include "window_model/growth_watch.h"
-
+// The file of the report: following another program that writes it, its date, and its owner's
+// number.
 #include <filesystem>
 #include <fstream>
 
 #include <gtest/gtest.h>
 
 #include "support/report_reader.h"
+#include "window_model/file_dates.h"
+#include "window_model/growth_watch.h"
+#include "window_model/owner_number.h"
 
 namespace qor::test {
 namespace {
@@ -42,6 +44,23 @@ TEST(GrowthWatch, indexesWhatHasCome) {
   EXPECT_EQ(watch.fileState(), FileState::gone);
   EXPECT_EQ(watch.tick(&report.doc()), Growth::none);
   EXPECT_EQ(report.doc().PageCount, 4) << "what was there stays on view";
+}
+
+TEST(ReportFile, datesMoveTheHourAlone) {
+  const UtcTime late = {2026, 3, 7, 23, 5};
+  EXPECT_EQ(fileDateText(late, 0), "07/03/2026  23:05");
+  EXPECT_EQ(fileDateText(late, -180), "07/03/2026  26:05");
+  EXPECT_EQ(fileDateText({2026, 12, 31, 2, 45}, 300), "31/12/2026  65533:45");
+  EXPECT_EQ(fileDateText({2026, 1, 1, 9, 0}, 210), "01/01/2026  6:00") << "whole hours only";
+}
+
+TEST(ReportFile, ownersNumberStandsBeforeTheLastPoint) {
+  const std::pair<const char*, std::int32_t> rows[] = {
+      {"/tmp/rep1234.txt", 1234}, {"/a.b/rep0042.txt", 42},
+      {"r1234.new.txt", 0},       {"/tmp/report.txt", 0},
+      {"r12345.txt", 2345},       {"1.txt", 1},
+      {"noend1234", 0},           {"", 0}};
+  for (const auto& [name, number] : rows) EXPECT_EQ(ownerNumber(name), number) << name;
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "support/page_picture.h"
 #include "support/program.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -142,6 +143,56 @@ TEST(ShapeDots, picturesKeepTheirColoursAndDirections) {
     EXPECT_NEAR(static_cast<int>(mixed >> 8 & 0xFF), filled ? 0 : 127, 2);
     EXPECT_NEAR(static_cast<int>(mixed & 0xFF), 127, 2);
     EXPECT_EQ(dotAt(page, x + 30, y + 20), filled ? 0x0000FFU : 0xFFFFFFU);
+  }
+}
+
+void writePicture(const std::string& path, std::uint32_t color) {
+  std::string parts = "xc:rgb(";
+  for (const int shift : {16, 8, 0})
+    parts += std::to_string(color >> shift & 0xFF) + (shift > 0 ? "," : ")");
+  run({"convert-im6.q16", "-size", "16x16", parts, path});
+}
+
+// More of them than are kept decoded, most of them files of one length.
+TEST(ShapeDots, picturesAreTakenForNoOther) {
+  const TemporaryDirectory place;
+  // The name on the disk, and that in the report.
+  auto names = rowsOf(
+      "a.png:a.png|b.jpg:b.jpg|c.jpeg:c.jpeg|d.gif:d.gif|e.ico:e.ico|f.bmp:.\\f.bmp|"
+      "Ж.PNG:\x86.PNG|g h.bmp:g h.bmp",
+      ":");
+  for (char c = 'i'; c < 't'; ++c)
+    names.emplace_back(c + std::string(".bmp"), c + std::string(".bmp"));
+  std::string report;
+  std::vector<std::pair<Rect, std::uint32_t>> seen;
+  for (int round = 0; round < 3; ++round) {
+    for (std::uint32_t i = 0; i < names.size(); ++i) {
+      const std::uint32_t color = i * 0x0B0000 | (200 - i * 9) << 8 | (i % 2 == 0 ? 30 : 90);
+      if (round == 0) writePicture(place.path(names[i].first), color);
+      const int left = 5 + 10 * static_cast<int>(round == 1 ? names.size() - i : i);
+      const Rect box = {left, 10 + 20 * round, left + 8, 18 + 20 * round};
+      report += itemTag("img", box, "imgSS=1 image=\"" + names[i].second + "\"");
+      seen.emplace_back(box, color);
+    }
+  }
+  for (const Road road : kRoads) {
+    const Picture page = pageBy(road, place, report);
+    for (const auto& [spot, color] : seen) {
+      const auto x = wholeDotOf(spot.left + 4);
+      const auto y = wholeDotOf(spot.top + 4);
+      EXPECT_LE(apart(dotAt(page, x, y), color), 4) << static_cast<int>(road) << " " << text(spot);
+    }
+  }
+}
+
+TEST(ShapeDots, pagesStartWithPensAndBrushesOfTheirOwn) {
+  const TemporaryDirectory place;
+  for (const Road road : kRoads) {
+    const Picture page = pageBy(road, place,
+                                "<shape sh_type=2 bt=1 bc=Red right=9 bottom=9/>\r\n\f"
+                                "<img imgn=3 left=20 top=20 right=60 bottom=40/>\r\n",
+                                "866", 2);
+    EXPECT_EQ(dotAt(page, wholeDotOf(22), wholeDotOf(22)), 0xFFFFFFU) << static_cast<int>(road);
   }
 }
 

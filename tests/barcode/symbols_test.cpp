@@ -129,10 +129,9 @@ TEST(Symbols, qrCodesFillTheirBox) {
 
 TEST(Symbols, ofAnySizeDrawSomethingOrNothing) {
   for (const char* keys : {"manual_width=1 line_width=0", "manual_width=1 line_width=1000000",
-                           "size_set=0 size_factor=0", "size_set=0 size_factor=100000000"}) {
-    drawn(std::string("<barcode value=590123412345 value_show=1 right=60 bottom=30 ") + keys +
+                           "size_set=0 size_factor=0", "size_set=0 size_factor=100000000"})
+    drawn("<barcode value=590123412345 value_show=1 right=60 bottom=30 " + std::string(keys) +
           "/>");
-  }
 }
 
 }  // namespace

@@ -243,7 +243,7 @@ TEST(Print, standsWhereThePictureStands) {
     const Picture paper = pageBy(Road::print, place, bytes, codePage);
     EXPECT_NEAR(shown.width, paper.width, 2);
     EXPECT_NEAR(shown.height, paper.height, 2);
-    EXPECT_NE(inkBox(shown, {0, 0, shown.width, shown.height}).right, 0);
+    EXPECT_NE(inkBox(shown).right, 0);
     EXPECT_EQ(strangers(shown, paper), 0);
     EXPECT_EQ(strangers(paper, shown), 0);
   }

@@ -1,5 +1,4 @@
 // Symbols of each symbology as a reader takes them, and the rules of values.
-#include <algorithm>
 
 #include <ZXing/ReadBarcode.h>
 #include <gtest/gtest.h>

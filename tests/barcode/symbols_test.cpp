@@ -4,7 +4,6 @@
 
 #include "barcode/symbol_drawing.h"
 #include "barcode/symbol_layout.h"
-#include "platform/pictures/picture.h"
 #include "support/program.h"
 #include "support/recording_canvas.h"
 #include "support/report_reader.h"

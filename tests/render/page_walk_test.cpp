@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include "document/code_page.h"
 #include "document/vcommand.h"
 #include "support/recording_canvas.h"
 #include "support/report_reader.h"

@@ -26,8 +26,7 @@ TEST(TextDots, strokesFollowTheFaceAndTheTurn) {
       {"fu=1 o=2", 100, "185,292 378,296"}, {"fu=1 o=3", 60, "141,377 145,570"}};
   for (const auto& [keys, left, box] : rows) {
     const std::string blanks = std::string("height=60 fcRGB=\"9,9,9\" tc=\"    \" ") + keys;
-    const Picture page = pictureOf(placed(left, 100, blanks));
-    EXPECT_EQ(text(inkBox(page, {0, 0, page.width, page.height})), box) << keys;
+    EXPECT_EQ(text(inkBox(pictureOf(placed(left, 100, blanks)))), box) << keys;
   }
 }
 
@@ -39,8 +38,7 @@ TEST(TextDots, boxesAlignTextsWithTheirSpaces) {
     const int h = i % 3, v = i / 3;
     const std::string keys = "height=20 hs=3 fu=1 tc=\"   \" alignH=" + std::to_string(h) +
                              " alignV=" + std::to_string(v);
-    const Picture page = pictureOf(itemTag("text", {20, 100, 120, 160}, keys));
-    EXPECT_EQ(text(inkBox(page, {0, 0, page.width, page.height})),
+    EXPECT_EQ(text(inkBox(pictureOf(itemTag("text", {20, 100, 120, 160}, keys)))),
               text({boxes[h].left, boxes[v].top, boxes[h].right, boxes[v].bottom}));
   }
 }
@@ -48,9 +46,8 @@ TEST(TextDots, boxesAlignTextsWithTheirSpaces) {
 // At 19 points a blank is 228.04 twips wide, less 226: 4100 of them end at 556.8 dots, however they
 // are painted.
 TEST(TextDots, longTextsGoOnWhereTheyAre) {
-  const Picture page =
-      pictureOf("<font height=19 hs=-4/>" + std::string(4100, ' ') + "<font hs=0 fu=1/>  ");
-  const Rect ink = inkBox(page, {0, 0, page.width, page.height});
+  const Rect ink =
+      inkBox(pictureOf("<font height=19 hs=-4/>" + std::string(4100, ' ') + "<font hs=0 fu=1/>  "));
   EXPECT_EQ(std::pair(ink.left, ink.right), std::pair(556, 588));
 }
 

@@ -36,8 +36,11 @@ bool isInk(const Picture& picture, int x, int y);  // nearer to black than to wh
 // How far two dots are apart in the colour where they differ most.
 int apart(std::uint32_t first, std::uint32_t second);
 
-// What is not white, within the box.
+// What is not white, within the box, or anywhere.
 Rect inkBox(const Picture& picture, const Rect& within);
+inline Rect inkBox(const Picture& picture) {
+  return inkBox(picture, {0, 0, picture.width, picture.height});
+}
 
 // Where a place of millimetres lies, cut to 1/1440 inch as reports have it.
 double dotOf(double millimetres);

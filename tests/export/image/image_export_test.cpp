@@ -19,12 +19,6 @@ class ImageExport : public testing::Test {
     return magick_.identify(format, target);
   }
 
-  // The place of what is not white, in dots.
-  std::string inkOf(const std::string& report) const {
-    const Picture page = pageBy(Road::picture, magick_.folder(), report);
-    return text(inkBox(page, {0, 0, page.width, page.height}));
-  }
-
   ImageMagick magick_;
 };
 
@@ -60,7 +54,8 @@ TEST_F(ImageExport, putsItemsAtTheirMillimetres) {
       // A dot is a twip in the corner, or nothing at all.
       {"<img image=\"p.bmp\" imgSS=3" + place, "0,0 3,2"},
       {"<img image=\"p.bmp\" imgSS=4" + place, "793,1122 0,0"}};
-  for (const auto& [item, box] : rows) EXPECT_EQ(inkOf(item), box) << item;
+  for (const auto& [item, box] : rows)
+    EXPECT_EQ(text(inkBox(pageBy(Road::picture, magick_.folder(), item))), box) << item;
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 // Pictures that others write, whole, odd, cut short and damaged.
-#include <algorithm>
 
 #include <gtest/gtest.h>
 

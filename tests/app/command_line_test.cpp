@@ -110,6 +110,9 @@ TEST_F(CommandLineTest, fillsTheOptions) {
   for (int i = 0; i < 300; ++i) letters += "Ж";
   EXPECT_EQ(parsed("-i s.vset#" + letters),
             "preview ini=@s.vset set=" + letters.substr(0, 255 * std::string("Ж").size()));
+}
+
+TEST_F(CommandLineTest, needsItsOptionsAsTheyAreSpelt) {
   for (const char* parameters :
        {"-F r.txt", "-f @r.txt", "-f \"r.txt\"", "-f \"r.txt -F r.txt", "-f r.txt -mail abc",
         "-HANDLE abc -f r.txt", "x -fr.txt", "-dynamic -f r.txt", "-test -f r.txt",

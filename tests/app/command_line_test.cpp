@@ -64,23 +64,17 @@ TEST(GetOptionValue, takesTheValueAndCutsItOut) {
   const auto taken = [](std::string parameters) {
     std::string value;
     const bool found = GetOptionValue(value, parameters, "-f");
-    return (found ? value : "none") + "|" + parameters;
+    return (found ? value : "none") + ":" + parameters;
   };
   // The value, and the parameters that are left.
-  const std::pair<const char*, const char*> rows[] = {{"-g -dd", "none|-g -dd"},
-                                                      {"a -f b c", "b|a  c"},
-                                                      {"a -f b", "b|a -f b"},
-                                                      {"x -f \"a b\"", "a b|x "},
-                                                      {"-f \"\" -g", "| -g"},
-                                                      {"-f \"a\"b c", "a|b c"},
-                                                      {"-f    a b", "a| b"},
-                                                      {"-f \"a b", "none|-f \"a b"},
-                                                      {"-fa.txt -g", "-g|-fa.txt -g"},
-                                                      {"my-file -f x y", "-f|my x y"},
-                                                      {"-f", "|-f"}};
-  for (const auto& [parameters, expected] : rows) EXPECT_EQ(taken(parameters), expected);
+  for (const auto& [parameters, expected] :
+       rowsOf("-g -dd => none:-g -dd|a -f b c => b:a  c|a -f b => b:a -f b|x -f \"a b\" => a b:x |"
+              "-f \"\" -g => : -g|-f \"a\"b c => a:b c|-f    a b => a: b|-f \"a b => none:-f \"a b|"
+              "-fa.txt -g => -g:-fa.txt -g|my-file -f x y => -f:my x y|-f => :-f",
+              " => "))
+    EXPECT_EQ(taken(parameters), expected);
   const std::string tail(1100, 'x');
-  EXPECT_EQ(taken("-f a " + tail), "a| " + tail.substr(0, 1023));
+  EXPECT_EQ(taken("-f a " + tail), "a: " + tail.substr(0, 1023));
 }
 
 TEST_F(CommandLineTest, fillsTheOptions) {
@@ -116,6 +110,9 @@ TEST_F(CommandLineTest, fillsTheOptions) {
   for (int i = 0; i < 300; ++i) letters += "Ж";
   EXPECT_EQ(parsed("-i s.vset#" + letters),
             "preview ini=@s.vset set=" + letters.substr(0, 255 * std::string("Ж").size()));
+}
+
+TEST_F(CommandLineTest, needsItsOptionsAsTheyAreSpelt) {
   for (const char* parameters :
        {"-F r.txt", "-f @r.txt", "-f \"r.txt\"", "-f \"r.txt -F r.txt", "-f r.txt -mail abc",
         "-HANDLE abc -f r.txt", "x -fr.txt", "-dynamic -f r.txt", "-test -f r.txt",

@@ -41,13 +41,13 @@ TEST(Cups, getsWhatTheSettingsSay) {
   place.write("r.txt", "Alpha\r\n\fBeta\r\n");
   Surroundings around = scheduler.surroundings(place);
   around.environment["LPDEST"] = "usual";
-  std::vector<std::string> jobs;
+  std::set<std::string> jobs;
   for (const auto& [name, print, page, job, width, height, x] : kRows) {
     place.write("s.vset", "<Ver/>\r\n<Set SetName=\"S\">\r\n<Print>\r\n" + print +
                               "\r\n<Print/>\r\n<Page>\r\n" + page + "\r\n<Page/>\r\n<Set/>");
     expectTold(runViewer({"-g", "-f", "r.txt", "-p", name, "-i", "s.vset#S"}, around), "");
     const std::string queue = name.empty() ? "usual" : name;
-    jobs.push_back(queue + "|QorUtlView, Document" + job);
+    jobs.insert(queue + "|QorUtlView, Document" + job);
     const PdfDocument sent = readPdf(scheduler.document(static_cast<int>(jobs.size())));
     EXPECT_EQ(sent.pages, 2);
     EXPECT_EQ(sent.title, "QorUtlView, Document");

@@ -154,16 +154,6 @@ TEST(Print, readsItsReportInACodePage) {
   EXPECT_TRUE(place.has("r(print).pdf"));
 }
 
-TEST(Print, startsEachPageWithItsOwnPenAndBrush) {
-  const TemporaryDirectory place;
-  place.write("r.txt",
-              "<shape sh_type=2 bt=1 bc=Red right=9 bottom=9/>\r\n\f"
-              "<img imgn=3 left=20 top=20 right=60 bottom=40/>\r\n");
-  expectTold(runViewer({"-g", "-f", "r.txt"}, in(place)), "");
-  const Picture page = renderPdf(place.path("r(print).pdf"), 2);
-  EXPECT_EQ(dotAt(page, wholeDotOf(22), wholeDotOf(22)), 0xFFFFFFU);
-}
-
 // In the process: no command line asks for scales, single pages or lists of them.
 class PrintJobs : public testing::Test {
  protected:
@@ -253,7 +243,7 @@ TEST(Print, standsWhereThePictureStands) {
     const Picture paper = pageBy(Road::print, place, bytes, codePage);
     EXPECT_NEAR(shown.width, paper.width, 2);
     EXPECT_NEAR(shown.height, paper.height, 2);
-    EXPECT_NE(inkBox(shown, {0, 0, shown.width, shown.height}).right, 0);
+    EXPECT_NE(inkBox(shown).right, 0);
     EXPECT_EQ(strangers(shown, paper), 0);
     EXPECT_EQ(strangers(paper, shown), 0);
   }

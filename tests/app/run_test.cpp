@@ -1,5 +1,4 @@
 // The program from outside: arguments in, files, exit code and messages out.
-#include <algorithm>
 #include <array>
 #include <filesystem>
 

@@ -1,6 +1,4 @@
 // Barcodes as items of a page: drawn alike however often, and never missing without a word.
-#include <filesystem>
-
 #include <gtest/gtest.h>
 
 #include "barcode/barcode_picture.h"
@@ -69,9 +67,7 @@ TEST(BarcodeItems, havePicturesAsLargeAsWhatTheyCover) {
     SCOPED_TRACE(what);
     TestReport report("<barcode " + keys + "/>");
     drawn(report.page());
-    std::string file;
-    for (const auto& entry : std::filesystem::directory_iterator(report.path("")))
-      if (entry.path().extension() == ".jpeg") file = entry.path().string();
+    const std::string file = report.path(report.names().back());
     const auto picture = decodePicture(readFile(file));
     ASSERT_TRUE(picture);
     EXPECT_EQ(std::pair(picture->width, picture->height), std::pair(width, height));

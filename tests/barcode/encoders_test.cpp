@@ -1,5 +1,4 @@
 // Symbols of each symbology as a reader takes them, and the rules of values.
-#include <algorithm>
 
 #include <ZXing/ReadBarcode.h>
 #include <gtest/gtest.h>
@@ -12,10 +11,13 @@
 namespace qor::test {
 namespace {
 
-// What a calculator lays out, without the marks at both ends.
-std::string joined(const VBarCodeCalc::Texts& texts, const char* between) {
+// The entries or the labels that a calculator lays out, without the marks at both ends.
+std::string laidOut(VBarCodeCalc& calc, bool labels, const char* between) {
+  VBarCodeCalc::Texts texts[2];
+  calc.Layout(texts[0], texts[1]);
   std::string result;
-  for (std::size_t i = 1; i + 1 < texts.size(); ++i) result += (i > 1 ? between : "") + texts[i];
+  for (std::size_t i = 1; i + 1 < texts[labels].size(); ++i)
+    result += (i > 1 ? between : "") + texts[labels][i];
   return result;
 }
 
@@ -55,10 +57,7 @@ TEST(Encoders, makeSymbolsThatAreRead) {
     EXPECT_EQ(read(calc.Code128(text)), std::string("Code128 ") + text);
   // Readers want gaps between the characters of Code 39, and the check symbols of Code 93.
   calc.Code39(kAlphabet, false);
-  VBarCodeCalc::Texts entries;
-  VBarCodeCalc::Texts labels;
-  calc.Layout(entries, labels);
-  EXPECT_EQ(read(joined(entries, "0")), "Code39 " + std::string(kAlphabet));
+  EXPECT_EQ(read(laidOut(calc, false, "0")), "Code39 " + std::string(kAlphabet));
   EXPECT_EQ(read(calc.Code93(std::string(kAlphabet) + "/B")), "Code93 " + std::string(kAlphabet));
   EXPECT_EQ(read(calc.Code93("!A#B&C@DKT")), "Code93 \x01\x1C#d");
 }
@@ -79,10 +78,7 @@ TEST(Encoders, makeUpcEOfBothNumberSystems) {
     EXPECT_EQ(read(calc.UPCE(upca)), "UPC-E " + upce) << upca;
   // Behind "3" to "9" the maker's fourth digit is lost, as it always was.
   calc.UPCE("01290000067");
-  VBarCodeCalc::Texts entries;
-  VBarCodeCalc::Texts labels;
-  calc.Layout(entries, labels);
-  EXPECT_EQ(joined(labels, "|"), "|1|2|0|6|7|3|");
+  EXPECT_EQ(laidOut(calc, true, "|"), "|1|2|0|6|7|3|");
 }
 
 TEST(Encoders, refuseWhatTheyCannotHold) {
@@ -93,28 +89,28 @@ TEST(Encoders, refuseWhatTheyCannotHold) {
 }
 
 TEST(BarcodeValues, areCheckedAsTheTypeStands) {
-  const auto held = [](const std::string& type, const std::string& value) {
+  const auto held = [](const std::string& text) {
+    const auto blank = text.find(' ');
+    const std::string value = text.substr(blank + 1);
     VData_BarCode code(nullptr);
-    code.SetType(type);
+    code.SetType(text.substr(0, blank));
     const bool taken = code.SetValue(value);
     EXPECT_EQ(taken, code.BarcodeType != -1) << value;
     return std::to_string(code.BarcodeType) + " " + code.Value;
   };
-  // The type, the value, and what is left of both.
-  for (const auto& [type, rest] :
-       rowsOf("EAN_13 5901234123450 2 590123412345|EAN_13 12345 -1 12345|"
-              "EAN_13 12345678901234 -1 12345678901234|EAN_13 59012341234x -1 000000000000|"
-              "UPCA ABC -1 ABC|UPCA 036000291452 3 03600029145|UPCA 0360002914 -1 0360002914|"
-              "UPCE 01234565 4 0123456|UPCE 012345 -1 012345|EAN_8 963850 -1 963850|"
-              "EAN_8 96385074 1 9638507|39 abc -1 ERROR|39 ABC-1 5 ABC-1|CodeBar 12E -1 0|"
-              "ITF 12a -1 0|93 a -1 ERROR")) {
-    const auto blank = rest.find(' ');
-    EXPECT_EQ(held(type, rest.substr(0, blank)), rest.substr(blank + 1));
-  }
-  EXPECT_EQ(held("EAN_13", " 590123412345 "), "2 590123412345");
-  EXPECT_EQ(held("128", "  "), "-1 ERROR");
-  EXPECT_EQ(held("KAREKOD", "any text"), "12 any text");
-  EXPECT_EQ(held("128", std::string(10000, 'x')), "6 " + std::string(10000, 'x'));
+  // The type and the value, and what is left of both.
+  const std::string longText(10000, 'x');
+  for (const auto& [given, left] : rowsOf(
+           "EAN_13 5901234123450 => 2 590123412345|EAN_13 12345 => -1 12345|"
+           "EAN_13 12345678901234 => -1 12345678901234|EAN_13 59012341234x => -1 000000000000|"
+           "UPCA ABC => -1 ABC|UPCA 036000291452 => 3 03600029145|UPCA 0360002914 => -1 0360002914|"
+           "UPCE 01234565 => 4 0123456|UPCE 012345 => -1 012345|EAN_8 963850 => -1 963850|"
+           "EAN_8 96385074 => 1 9638507|39 abc => -1 ERROR|39 ABC-1 => 5 ABC-1|CodeBar 12E => -1 0|"
+           "ITF 12a => -1 0|93 a => -1 ERROR|EAN_13  590123412345  => 2 590123412345|"
+           "128    => -1 ERROR|KAREKOD any text => 12 any text|128 " +
+               longText + " => 6 " + longText,
+           " => "))
+    EXPECT_EQ(held(given), left) << given;
   VData_BarCode early(nullptr);
   EXPECT_FALSE(early.SetValue("ABC"));
   early.SetType("39");

@@ -4,7 +4,6 @@
 
 #include "barcode/symbol_drawing.h"
 #include "barcode/symbol_layout.h"
-#include "platform/pictures/picture.h"
 #include "support/program.h"
 #include "support/recording_canvas.h"
 #include "support/report_reader.h"
@@ -129,10 +128,9 @@ TEST(Symbols, qrCodesFillTheirBox) {
 
 TEST(Symbols, ofAnySizeDrawSomethingOrNothing) {
   for (const char* keys : {"manual_width=1 line_width=0", "manual_width=1 line_width=1000000",
-                           "size_set=0 size_factor=0", "size_set=0 size_factor=100000000"}) {
-    drawn(std::string("<barcode value=590123412345 value_show=1 right=60 bottom=30 ") + keys +
+                           "size_set=0 size_factor=0", "size_set=0 size_factor=100000000"})
+    drawn("<barcode value=590123412345 value_show=1 right=60 bottom=30 " + std::string(keys) +
           "/>");
-  }
 }
 
 }  // namespace

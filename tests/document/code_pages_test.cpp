@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "base/app_options.h"
 #include "document/code_page.h"
 #include "platform/system/text_encoding.h"
 #include "support/program.h"

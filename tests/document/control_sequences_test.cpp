@@ -69,6 +69,7 @@ TEST(ControlSequences, changeFontAndPage) {
   }
   for (const char* off : {"&d@", "&d5D"}) EXPECT_EQ(told("&d4D\033" + std::string(off)), "") << off;
   EXPECT_EQ(told("&l2O\033&l4O"), "");
+  EXPECT_EQ(told("&a5L\033&l8C\033E"), told("E"));
 }
 
 TEST(ControlSequences, areSteppedOverWhereTheyChangeNothing) {
@@ -87,26 +88,13 @@ TEST(ControlSequences, leaveWhatIsNotTheirs) {
 }
 
 TEST(ControlSequences, leaveThePageAloneInsideALine) {
-  const std::pair<const char*, double> rows[] = {{"&l2O", 12}, {"&a5L", 12}, {"(9T", 12},
-                                                 {"9", 12},    {"&l4X", 12}, {"E", 10}};
-  for (const auto& [sequence, height] : rows) {
+  for (const std::string sequence : {"&l2O", "&a5L", "(9T", "9", "&l4X", "E"}) {
     FontState font;
     font.Height = 12;
+    font.LogFont.setFaceName("Arial");
     EXPECT_EQ(run(sequence, nullptr, font), "") << sequence;
-    EXPECT_EQ(font.Height, height) << sequence;
+    EXPECT_EQ(differences(font), sequence == "E" ? "" : " face=Arial height=12") << sequence;
   }
-}
-
-TEST(ControlSequences, resetBringsBackTheDefaults) {
-  FontState font;
-  VSetPage page;
-  font.Height = 20;
-  font.LogFont.setFaceName("Arial");
-  page.MarginLeft = 5;
-  run("E", &page, font);
-  page.BaseCodePage = 1252;
-  EXPECT_EQ(changes(font, page), "");
-  EXPECT_EQ(font.LogFont.faceName(), "Courier New");
 }
 
 }  // namespace

@@ -125,21 +125,12 @@ TEST_F(PageIndexTest, readsTheHead) {
   std::string resets;
   for (int i = 0; i < 600; ++i) resets += "\033E";
   // The width of the base font in percent, and the length of the head.
-  const std::pair<std::string, const char*> rows[] = {{resets.substr(0, 1022) + "X", "150 1022"},
-                                                      {resets, "150 1024"},
-                                                      {"ABC", "100 0"},
-                                                      {"\017A", "100 0"},
-                                                      {"\017AB", "125 0"},
-                                                      {"\033EX", "150 2"},
-                                                      {" \033EX", "100 0"},
-                                                      {"\033CB\017X", "125 4"},
-                                                      {"\033(9TX", "125 4"},
-                                                      {"\033(s18HX", "125 6"},
-                                                      {"\033(s10HX", "75 6"},
-                                                      {"\033(s12HX", "100 6"},
-                                                      {"\033E\033&l1OX", "150 7"},
-                                                      {"\033E\r\nX", "150 3"}};
-  for (const auto& [bytes, expected] : rows) {
+  for (const auto& [bytes, expected] : rowsOf(
+           resets.substr(0, 1022) + "X => 150 1022|" + resets +
+               " => 150 1024|ABC => 100 0|\017A => 100 0|\017AB => 125 0|\033EX => 150 2|"
+               " \033EX => 100 0|\033CB\017X => 125 4|\033(9TX => 125 4|\033(s18HX => 125 6|"
+               "\033(s10HX => 75 6|\033(s12HX => 100 6|\033E\033&l1OX => 150 7|\033E\r\nX => 150 3",
+           " => ")) {
     put(bytes);
     VDoc doc;
     const bool found = doc.ReadHeader(*VDoc::OpenFile()) == 1;

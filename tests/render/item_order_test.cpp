@@ -57,8 +57,8 @@ TEST(ItemOrder, isNotSeenOnAnyRoad) {
     for (std::size_t i = 0; i < kItems.size(); ++i) {
       const int column = static_cast<int>(i) % kColumns;
       const int row = static_cast<int>(i) / kColumns;
-      const Box cell = {wholeDotOf(kColumn * column), wholeDotOf(kRow * row),
-                        wholeDotOf(kColumn * (column + 1)), wholeDotOf(kRow * (row + 1))};
+      const Rect cell = {wholeDotOf(kColumn * column), wholeDotOf(kRow * row),
+                         wholeDotOf(kColumn * (column + 1)), wholeDotOf(kRow * (row + 1))};
       int different = 0;
       for (int y = cell.top; y < cell.bottom; ++y)
         for (int x = cell.left; x < cell.right; ++x)

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include "document/code_page.h"
 #include "document/vcommand.h"
 #include "support/recording_canvas.h"
 #include "support/report_reader.h"
@@ -27,6 +26,7 @@ std::string plainTexts(const std::string& texts) {
   return record;
 }
 
+// Spaces between lines are divided by 25.5.
 TEST(PageWalk, putsLinesUnderEachOther) {
   const std::pair<std::string, const char*> rows[] = {
       {"a\r\nb", "0,0 a|0,227 b"},
@@ -35,7 +35,7 @@ TEST(PageWalk, putsLinesUnderEachOther) {
       {"a\rb\r\nc", "0,0 a|10,0 b|0,227 c"},
       {"<text left=10 top=20 tc=q/>\r\nc", "566,1133 q|0,0 c"},
       {"a<text left=10 top=20 tc=q/>b", "0,0 a|566,1133 q|120,0 b"},
-      {"<font vs=1/>a\r\nb", "0,0 a|0,283 b"},  // divided by 25.5
+      {"<font vs=1/>a\r\nb", "0,0 a|0,283 b"},
       {"<font hs=10/>ab<font hs=0/>c", "0,0 ab|1372,0 c"}};
   for (const auto& [bytes, texts] : rows) EXPECT_EQ(drawn(bytes), plainTexts(texts)) << bytes;
   // Other fonts and items: what of them stands at the origin, and the plain text behind.

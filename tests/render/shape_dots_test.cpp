@@ -5,6 +5,7 @@
 
 #include "support/page_picture.h"
 #include "support/program.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -60,7 +61,7 @@ std::string runsOf(const Picture& page, int y, int count) {
     const int start = x;
     const bool ink = isInk(page, x, y);
     while (x < page.width && isInk(page, x, y) == ink) ++x;
-    runs += (i > 0 ? " " : "") + std::to_string(x - start);
+    runs += " " + std::to_string(x - start);
   }
   return runs;
 }
@@ -74,28 +75,23 @@ int rowsOfInk(const Picture& page, int x, int y) {
 
 // The patterns are those of the screens that the styles come from: dots for thin pens.
 TEST(ShapeDots, pensHaveTheirPatternsAndWidths) {
-  // The keys, the runs from the start, and the width.
-  const std::tuple<std::string, std::string, int> rows[] = {{"pt=1", "378 ", 1},
-                                                            {"pt=2", "18 6 18 6 18 6", 1},
-                                                            {"pt=3", "3 3 3 3 3 3", 1},
-                                                            {"pt=4", "9 6 3 6 9 6", 1},
-                                                            {"pt=5", "9 3 3 3 3 3 9 3", 1},
-                                                            {"pt=2 lw=90", "36 12 36 12", 6},
-                                                            {"pt=5 lw=60", "12 4 4 4 4 4 12 4", 4},
-                                                            {"pt=7 lw=0", "378 ", 1},
-                                                            {"pt=1 lw=22", "378 ", 1},
-                                                            {"pt=1 lw=23", "378 ", 2}};
+  // The keys, the width, and the runs from the start.
+  const auto rows = rowsOf(
+      "pt=1 => 1: 378 |pt=2 => 1: 18 6 18 6 18 6|pt=3 => 1: 3 3 3 3 3 3|pt=4 => 1: 9 6 3 6 9 6|"
+      "pt=5 => 1: 9 3 3 3 3 3 9 3|pt=2 lw=90 => 6: 36 12 36 12|pt=5 lw=60 => 4: 12 4 4 4 4 4 12 4|"
+      "pt=7 lw=0 => 1: 378 |pt=1 lw=22 => 1: 378 |pt=1 lw=23 => 2: 378 ",
+      " => ");
   std::string report;
-  for (int top = 10; const auto& [keys, runs, width] : rows) {
+  for (int top = 10; const auto& [keys, expected] : rows) {
     report += itemTag("shape", {10, top, 110, top}, keys);
     top += 10;
   }
   const Picture page = pictureOf(report);
-  for (int top = 10; const auto& [keys, runs, width] : rows) {
+  for (int top = 10; const auto& [keys, expected] : rows) {
     const int y = wholeDotOf(top);
-    const auto count = static_cast<int>(std::ranges::count(runs, ' ') + 1);
-    EXPECT_EQ(runsOf(page, y, count).substr(0, runs.size()), runs) << keys;
-    EXPECT_EQ(rowsOfInk(page, 39, y), width) << keys;
+    const auto count = static_cast<int>(std::ranges::count(expected, ' '));
+    const std::string found = std::to_string(rowsOfInk(page, 39, y)) + ":" + runsOf(page, y, count);
+    EXPECT_EQ(found.substr(0, expected.size()), expected) << keys;
     top += 10;
   }
 }
@@ -142,6 +138,56 @@ TEST(ShapeDots, picturesKeepTheirColoursAndDirections) {
     EXPECT_NEAR(static_cast<int>(mixed >> 8 & 0xFF), filled ? 0 : 127, 2);
     EXPECT_NEAR(static_cast<int>(mixed & 0xFF), 127, 2);
     EXPECT_EQ(dotAt(page, x + 30, y + 20), filled ? 0x0000FFU : 0xFFFFFFU);
+  }
+}
+
+void writePicture(const std::string& path, std::uint32_t color) {
+  std::string parts = "xc:rgb(";
+  for (const int shift : {16, 8, 0})
+    parts += std::to_string(color >> shift & 0xFF) + (shift > 0 ? "," : ")");
+  run({"convert-im6.q16", "-size", "16x16", parts, path});
+}
+
+// More of them than are kept decoded, most of them files of one length.
+TEST(ShapeDots, picturesAreTakenForNoOther) {
+  const TemporaryDirectory place;
+  // The name on the disk, and that in the report.
+  auto names = rowsOf(
+      "a.png:a.png|b.jpg:b.jpg|c.jpeg:c.jpeg|d.gif:d.gif|e.ico:e.ico|f.bmp:.\\f.bmp|"
+      "Ж.PNG:\x86.PNG|g h.bmp:g h.bmp",
+      ":");
+  for (char c = 'i'; c < 't'; ++c)
+    names.emplace_back(c + std::string(".bmp"), c + std::string(".bmp"));
+  std::string report;
+  std::vector<std::pair<Rect, std::uint32_t>> seen;
+  for (int round = 0; round < 3; ++round) {
+    for (std::uint32_t i = 0; i < names.size(); ++i) {
+      const std::uint32_t color = i * 0x0B0000 | (200 - i * 9) << 8 | (i % 2 == 0 ? 30 : 90);
+      if (round == 0) writePicture(place.path(names[i].first), color);
+      const int left = 5 + 10 * static_cast<int>(round == 1 ? names.size() - i : i);
+      const Rect box = {left, 10 + 20 * round, left + 8, 18 + 20 * round};
+      report += itemTag("img", box, "imgSS=1 image=\"" + names[i].second + "\"");
+      seen.emplace_back(box, color);
+    }
+  }
+  for (const Road road : kRoads) {
+    const Picture page = pageBy(road, place, report);
+    for (const auto& [spot, color] : seen) {
+      const auto x = wholeDotOf(spot.left + 4);
+      const auto y = wholeDotOf(spot.top + 4);
+      EXPECT_LE(apart(dotAt(page, x, y), color), 4) << static_cast<int>(road) << " " << text(spot);
+    }
+  }
+}
+
+TEST(ShapeDots, pagesStartWithPensAndBrushesOfTheirOwn) {
+  const TemporaryDirectory place;
+  for (const Road road : kRoads) {
+    const Picture page = pageBy(road, place,
+                                "<shape sh_type=2 bt=1 bc=Red right=9 bottom=9/>\r\n\f"
+                                "<img imgn=3 left=20 top=20 right=60 bottom=40/>\r\n",
+                                "866", 2);
+    EXPECT_EQ(dotAt(page, wholeDotOf(22), wholeDotOf(22)), 0xFFFFFFU) << static_cast<int>(road);
   }
 }
 

@@ -26,34 +26,28 @@ TEST(TextDots, strokesFollowTheFaceAndTheTurn) {
       {"fu=1 o=2", 100, "185,292 378,296"}, {"fu=1 o=3", 60, "141,377 145,570"}};
   for (const auto& [keys, left, box] : rows) {
     const std::string blanks = std::string("height=60 fcRGB=\"9,9,9\" tc=\"    \" ") + keys;
-    const Picture page = pictureOf(placed(left, 100, blanks));
-    EXPECT_EQ(text(inkBox(page, {0, 0, page.width, page.height})), box) << keys;
+    EXPECT_EQ(text(inkBox(pictureOf(placed(left, 100, blanks)))), box) << keys;
   }
 }
 
 // The box goes from 75.53, 377.93 to 453.53, 604.67; three blanks of 20 points, each with 170 twips
 // behind it, are 82.01 long and 30.2 high, their stroke lies 27.86 below their top.
 TEST(TextDots, boxesAlignTextsWithTheirSpaces) {
-  const std::pair<int, int> across[] = {{75, 158}, {223, 306}, {371, 454}};
-  const std::pair<int, int> along[] = {{405, 406}, {504, 505}, {602, 603}};
+  const Rect boxes[] = {{75, 405, 158, 406}, {223, 504, 306, 505}, {371, 602, 454, 603}};
   for (int i = 0; i < 9; ++i) {
-    const int h = i % 3;
-    const int v = i / 3;
+    const int h = i % 3, v = i / 3;
     const std::string keys = "height=20 hs=3 fu=1 tc=\"   \" alignH=" + std::to_string(h) +
                              " alignV=" + std::to_string(v);
-    const Picture page = pictureOf(itemTag("text", {20, 100, 120, 160}, keys));
-    EXPECT_EQ(inkBox(page, {0, 0, page.width, page.height}),
-              (Box{across[h].first, along[v].first, across[h].second, along[v].second}))
-        << i;
+    EXPECT_EQ(text(inkBox(pictureOf(itemTag("text", {20, 100, 120, 160}, keys)))),
+              text({boxes[h].left, boxes[v].top, boxes[h].right, boxes[v].bottom}));
   }
 }
 
 // At 19 points a blank is 228.04 twips wide, less 226: 4100 of them end at 556.8 dots, however they
 // are painted.
 TEST(TextDots, longTextsGoOnWhereTheyAre) {
-  const Picture page =
-      pictureOf("<font height=19 hs=-4/>" + std::string(4100, ' ') + "<font hs=0 fu=1/>  ");
-  const Box ink = inkBox(page, {0, 0, page.width, page.height});
+  const Rect ink =
+      inkBox(pictureOf("<font height=19 hs=-4/>" + std::string(4100, ' ') + "<font hs=0 fu=1/>  "));
   EXPECT_EQ(std::pair(ink.left, ink.right), std::pair(556, 588));
 }
 
@@ -90,8 +84,8 @@ TEST(TextDots, missingStylesAreMade) {
       const auto first = wholeDotOf(top);
       return inkBox(page, {0, first, page.width, first + 140});
     };
-    const auto width = [](const Box& box) { return box.right - box.left; };
-    const Box plain = inkAt(20);
+    const auto width = [](const Rect& box) { return box.right - box.left; };
+    const Rect plain = inkAt(20);
     const int height = plain.bottom - plain.top;
     EXPECT_GT(height, 40);
     // An em is 80 dots; both ways of making bold add between a fiftieth and a tenth of it.
@@ -104,11 +98,11 @@ TEST(TextDots, missingStylesAreMade) {
 
 // The first of each row as a letter of its own on a page, 40 points high: its cell is 32.005
 // by 60.4 dots. Gives the page and the cells.
-std::pair<Picture, std::vector<Box>> lettersOf(
+std::pair<Picture, std::vector<Rect>> lettersOf(
     const std::vector<std::pair<std::string, std::string>>& rows) {
   constexpr int kColumns = 10;
   std::string report;
-  std::vector<Box> cells;
+  std::vector<Rect> cells;
   for (const auto& [letter, expected] : rows) {
     const int count = static_cast<int>(cells.size());
     const int left = 10 + 15 * (count % kColumns);
@@ -132,10 +126,10 @@ TEST(TextDots, boxLinesReachTheEdgesThatTheirNamesTell) {
       "╬ 2222");
   const auto [page, cells] = lettersOf(rows);
   // A tenth of the cell's width.
-  const Box level = inkBox(page, cells[0]);
+  const Rect level = inkBox(page, cells[0]);
   EXPECT_EQ(level.bottom - level.top, 3);
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    const Box& cell = cells[i];
+    const Rect& cell = cells[i];
     const auto strokes = [&page = page](int x, int y, int stepX, int stepY, int length) {
       int count = 0;
       bool before = false;
@@ -154,8 +148,8 @@ TEST(TextDots, boxLinesReachTheEdgesThatTheirNamesTell) {
                   strokes(cell.left, cell.bottom - 1, 1, 0, width),
               rows[i].second)
         << rows[i].first;
-    EXPECT_EQ(inkBox(page, cell),
-              inkBox(page, {cell.left - 3, cell.top - 3, cell.right + 3, cell.bottom + 3}));
+    EXPECT_EQ(text(inkBox(page, cell)),
+              text(inkBox(page, {cell.left - 3, cell.top - 3, cell.right + 3, cell.bottom + 3})));
   }
 }
 
@@ -164,7 +158,7 @@ TEST(TextDots, blocksFillTheirPartOfTheCell) {
   const auto rows = rowsOf("▀ 4400|▄ 0044|█ 4444|▌ 4040|▐ 0404|░ 1111|▒ 2222|▓ 3333");
   const auto [page, cells] = lettersOf(rows);
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    const Box& cell = cells[i];
+    const Rect& cell = cells[i];
     for (std::size_t part = 0; part < 4; ++part) {
       const int x = part % 2 == 0 ? cell.left + 2 : cell.right - 3;
       const int y = part < 2 ? cell.top + 2 : cell.bottom - 3;

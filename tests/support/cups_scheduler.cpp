@@ -83,11 +83,9 @@ void CupsScheduler::finishJobs() const {
   });
 }
 
-std::vector<std::string> CupsScheduler::jobs() const {
-  auto lines = linesOf(place_.read("page_log"));
-  std::sort(lines.begin(), lines.end());
-  lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
-  return lines;
+std::set<std::string> CupsScheduler::jobs() const {
+  const auto lines = linesOf(place_.read("page_log"));
+  return {lines.begin(), lines.end()};
 }
 
 std::string CupsScheduler::document(int job) const {

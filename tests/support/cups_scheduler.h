@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -31,8 +32,8 @@ class CupsScheduler {
   void finishJobs() const;
 
   // What the scheduler noted of each job when it was done, a line of
-  // "queue|title|copies|collation|media|quality|colour" each, in order of the alphabet.
-  std::vector<std::string> jobs() const;
+  // "queue|title|copies|collation|media|quality|colour" each.
+  std::set<std::string> jobs() const;
 
   // The document that was sent as this job.
   std::string document(int job) const;

@@ -10,7 +10,7 @@
 namespace qor::test {
 
 Picture pageBy(Road road, const TemporaryDirectory& place, const std::string& report,
-               const std::string& codePage) {
+               const std::string& codePage, int page) {
   place.write("r.txt", report);
   std::vector<std::string> line = {"-f", "r.txt", "-codepage", codePage};
   if (road == Road::print)
@@ -20,17 +20,18 @@ Picture pageBy(Road road, const TemporaryDirectory& place, const std::string& re
   const Outcome outcome = runViewer(line, {.directory = place.path()});
   if (!outcome.errors.empty()) throw std::runtime_error(outcome.errors);
   if (road != Road::picture)
-    return renderPdf(place.path(road == Road::print ? "r(print).pdf" : "r.pdf"), 1);
+    return renderPdf(place.path(road == Road::print ? "r(print).pdf" : "r.pdf"), page);
   // Several pages are numbered.
-  return decodePicture(place.read(place.has("r.png") ? "r.png" : "r(1).png")).value();
+  const std::string numbered = "r(" + std::to_string(page) + ").png";
+  return decodePicture(place.read(place.has(numbered) ? numbered : "r.png")).value();
 }
 
-std::string text(const Box& box) {
+std::string text(const Rect& box) {
   return std::to_string(box.left) + "," + std::to_string(box.top) + " " +
          std::to_string(box.right) + "," + std::to_string(box.bottom);
 }
 
-std::string itemTag(const std::string& name, const Box& place, const std::string& keys) {
+std::string itemTag(const std::string& name, const Rect& place, const std::string& keys) {
   const auto key = [](const char* side, int value) { return side + std::to_string(value); };
   std::string tag = "<" + name + key(" left=", place.left) + key(" top=", place.top);
   if (place.right != 0) tag += key(" right=", place.right) + key(" bottom=", place.bottom);
@@ -57,8 +58,8 @@ int apart(std::uint32_t first, std::uint32_t second) {
   return most;
 }
 
-Box inkBox(const Picture& picture, const Box& within) {
-  Box box = {within.right, within.bottom, within.left, within.top};
+Rect inkBox(const Picture& picture, const Rect& within) {
+  Rect box = {within.right, within.bottom, within.left, within.top};
   for (int y = within.top; y < within.bottom; ++y) {
     for (int x = within.left; x < within.right; ++x) {
       if (dotAt(picture, x, y) == 0xFFFFFF) continue;

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <sstream>
 #include <stdexcept>
 
 #include "support/program.h"
-#include "support/temporary_directory.h"
+#include "support/rows.h"
 
 namespace qor::test {
 namespace {
@@ -27,8 +26,7 @@ double millimetres(const std::string& line, const std::string& key) {
 }  // namespace
 
 PdfWord PdfDocument::word(const std::string& text) const {
-  const auto found = std::find_if(words.begin(), words.end(),
-                                  [&text](const PdfWord& word) { return word.text == text; });
+  const auto found = std::ranges::find(words, text, &PdfWord::text);
   return found == words.end() ? PdfWord{} : *found;
 }
 
@@ -37,9 +35,8 @@ PdfDocument readPdf(const std::string& path) {
   const std::string information = run({"pdfinfo", path}).output;
   document.pages = std::atoi(valueBehind(information, "Pages:", "\n").c_str());
   document.title = valueBehind(information, "Title:", "\n");
-  std::istringstream boxes(run({"pdftotext", "-bbox", path, "-"}).output);
   int page = 0;
-  for (std::string line; std::getline(boxes, line);) {
+  for (const std::string& line : linesOf(run({"pdftotext", "-bbox", path, "-"}).output)) {
     if (line.find("<page ") != std::string::npos && ++page == 1) {
       document.width = millimetres(line, "width");
       document.height = millimetres(line, "height");

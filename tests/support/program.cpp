@@ -19,52 +19,27 @@ constexpr int kKilled = 128;  // what shells add to a signal
 // files of what the program writes.
 constexpr const char* kStart = "cd \"${1:-.}\" && exec >\"$2\" 2>\"$3\" && shift 3 && exec \"$@\"";
 
-std::vector<std::string> environmentOf(const Surroundings& surroundings) {
-  std::map<std::string, std::string> variables;
-  for (char** entry = environ; *entry != nullptr; ++entry) {
-    const std::string variable = *entry;
-    const std::size_t end = variable.find('=');
-    variables[variable.substr(0, end)] = variable.substr(end + 1);
-  }
-  for (const char* name : {"DISPLAY", "QOR_ANSI_CODEPAGE", "PRINTER", "LPDEST"})
-    variables.erase(name);
-  variables["CUPS_SERVER"] = "/nowhere";
-  variables["LC_ALL"] = "C";
-  for (const auto& [name, value] : surroundings.environment) variables[name] = value;
-  std::vector<std::string> entries;
-  for (const auto& [name, value] : variables) entries.push_back(name + "=" + value);
-  return entries;
-}
-
-std::vector<char*> pointersTo(std::vector<std::string>& texts) {
-  std::vector<char*> pointers;
-  for (std::string& text : texts) pointers.push_back(text.data());
-  pointers.push_back(nullptr);
-  return pointers;
-}
+// Beside what the surroundings say: locale C, no display, no printers.
+constexpr const char* kPlain =
+    "env -u DISPLAY -u QOR_ANSI_CODEPAGE -u PRINTER -u LPDEST CUPS_SERVER=/nowhere LC_ALL=C";
 
 }  // namespace
 
 // Tests have threads, and what a child of fork may do beside them is next to nothing: hence spawn.
-Process::Process(std::vector<std::string> command, const Surroundings& surroundings) {
-  if (surroundings.fileSizeLimit != 0) {
-    command.insert(command.begin(),
-                   {"prlimit", "--fsize=" + std::to_string(surroundings.fileSizeLimit)});
-  }
-  command.insert(command.begin(), {"sh", "-c", kStart, "sh", surroundings.directory,
-                                   place_.path("output"), place_.path("errors")});
-  std::vector<std::string> environment = environmentOf(surroundings);
-  const int error = ::posix_spawnp(&id_, command.front().c_str(), nullptr, nullptr,
-                                   pointersTo(command).data(), pointersTo(environment).data());
-  if (error != 0) throw std::system_error(error, std::generic_category(), command.front());
-}
-
-Surroundings in(const TemporaryDirectory& place, const char* directory) {
-  return {place.path(directory), {}, 0};
-}
-
-Process::~Process() {
-  kill();
+Process::Process(const std::vector<std::string>& command, const Surroundings& surroundings) {
+  std::vector<std::string> line = wordsOf(kPlain);
+  for (const auto& [name, value] : surroundings.environment) line.push_back(name + "=" + value);
+  line.insert(line.end(), {"sh", "-c", kStart, "sh", surroundings.directory, place_.path("output"),
+                           place_.path("errors")});
+  const unsigned long limit = surroundings.fileSizeLimit;
+  if (limit != 0) line.insert(line.end(), {"prlimit", "--fsize=" + std::to_string(limit)});
+  line.insert(line.end(), command.begin(), command.end());
+  std::vector<char*> pointers;
+  for (std::string& word : line) pointers.push_back(word.data());
+  pointers.push_back(nullptr);
+  const int error =
+      ::posix_spawnp(&id_, pointers.front(), nullptr, nullptr, pointers.data(), environ);
+  if (error != 0) throw std::system_error(error, std::generic_category(), line.front());
 }
 
 bool Process::isRunning() {
@@ -89,10 +64,6 @@ void Process::collect(int options) {
   if (!ended_) ended_ = ::waitpid(id_, &status_, options) == id_;
 }
 
-Outcome run(const std::vector<std::string>& command, const Surroundings& surroundings) {
-  return Process(command, surroundings).wait();
-}
-
 void expectTold(const Outcome& outcome, const std::string& text, int exitCode) {
   EXPECT_EQ(outcome.exitCode, exitCode);
   EXPECT_EQ(outcome.output, "");
@@ -105,10 +76,6 @@ std::vector<std::string> viewer(const std::vector<std::string>& arguments) {
   std::vector<std::string> command = {QOR_PROGRAM};
   command.insert(command.end(), arguments.begin(), arguments.end());
   return command;
-}
-
-Outcome runViewer(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
-  return run(viewer(arguments), surroundings);
 }
 
 }  // namespace qor::test

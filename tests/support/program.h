@@ -23,20 +23,22 @@ struct Outcome {
 
 struct Surroundings {
   std::string directory{};  // the current one of the program
-  std::map<std::string, std::string>
-      environment{};                // beside a plain one: locale C, no display, no printers
+  // Beside a plain one: locale C, no display, no printers.
+  std::map<std::string, std::string> environment{};
   unsigned long fileSizeLimit = 0;  // bytes, 0: none
 };
 
 // The directory, and nothing else that differs.
-Surroundings in(const TemporaryDirectory& place, const char* directory = "");
+inline Surroundings in(const TemporaryDirectory& place, const char* directory = "") {
+  return {place.path(directory), {}, 0};
+}
 
 // A program that runs beside the test. What is still running goes with the object.
 class Process {
  public:
   // Takes any program found on the path; one that can't be started ends with 127.
-  explicit Process(std::vector<std::string> command, const Surroundings& surroundings = {});
-  ~Process();
+  explicit Process(const std::vector<std::string>& command, const Surroundings& surroundings = {});
+  ~Process() { kill(); }
   Process(const Process&) = delete;
   Process& operator=(const Process&) = delete;
 
@@ -54,7 +56,9 @@ class Process {
 };
 
 // Runs a program and waits for its end.
-Outcome run(const std::vector<std::string>& command, const Surroundings& surroundings = {});
+inline Outcome run(const std::vector<std::string>& command, const Surroundings& around = {}) {
+  return Process(command, around).wait();
+}
 
 // Expects the exit code, and one line on standard error that holds the text: none for no text.
 void expectTold(const Outcome& outcome, const std::string& text, int exitCode = 0);
@@ -63,6 +67,9 @@ void expectTold(const Outcome& outcome, const std::string& text, int exitCode = 
 std::vector<std::string> viewer(const std::vector<std::string>& arguments);
 
 // Runs the program under test with these arguments.
-Outcome runViewer(const std::vector<std::string>& arguments, const Surroundings& surroundings = {});
+inline Outcome runViewer(const std::vector<std::string>& arguments,
+                         const Surroundings& surroundings = {}) {
+  return run(viewer(arguments), surroundings);
+}
 
 }  // namespace qor::test

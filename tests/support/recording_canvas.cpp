@@ -6,16 +6,11 @@
 #include "document/code_page.h"
 #include "platform/pictures/picture.h"
 #include "render/page_walk.h"
+#include "support/page_picture.h"
 #include "support/report_reader.h"
 
 namespace qor::test {
 namespace {
-
-std::string text(const Rect& rect) {
-  std::ostringstream out;
-  out << rect.left << "," << rect.top << " " << rect.right << "," << rect.bottom;
-  return out.str();
-}
 
 std::string text(Point point) {
   return std::to_string(point.x) + "," + std::to_string(point.y);
@@ -44,15 +39,6 @@ std::string RecordingCanvas::tools() const {
 
 void RecordingCanvas::rectangle(const Rect& rect) {
   note("rectangle " + text(rect) + tools());
-}
-
-void RecordingCanvas::roundRect(const Rect& rect, std::int32_t width, std::int32_t height) {
-  note("roundRect " + text(rect) + " corner " + std::to_string(width) + "x" +
-       std::to_string(height) + tools());
-}
-
-void RecordingCanvas::ellipse(const Rect& rect) {
-  note("ellipse " + text(rect) + tools());
 }
 
 void RecordingCanvas::drawPicture(const Picture& picture, const Rect& rect) {

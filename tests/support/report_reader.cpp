@@ -37,34 +37,30 @@ std::string describe(const VData_BarCode& code) {
 
 std::string describe(const VData& item) {
   if (const auto* text = dynamic_cast<const VData_Text*>(&item)) return "text " + describe(*text);
-  if (const auto* code = dynamic_cast<const VData_BarCode*>(&item)) {
-    return "barcode " + describe(*code) + " shape " +
-           describe(static_cast<const VData_Shape&>(*code));
-  }
-  if (const auto* image = dynamic_cast<const VData_Image*>(&item)) {
-    return "image \"" + image->FileName + "\" number " + std::to_string(image->ImageNumber) +
-           " stretch " + std::to_string(image->ImageStretch) + " shape " +
-           describe(static_cast<const VData_Shape&>(*image));
-  }
-  return "shape " + describe(dynamic_cast<const VData_Shape&>(item));
+  const std::string shape = "shape " + describe(dynamic_cast<const VData_Shape&>(item));
+  if (const auto* code = dynamic_cast<const VData_BarCode*>(&item))
+    return "barcode " + describe(*code) + " " + shape;
+  const auto* image = dynamic_cast<const VData_Image*>(&item);
+  if (image == nullptr) return shape;
+  return "image \"" + image->FileName + "\" number " + std::to_string(image->ImageNumber) +
+         " stretch " + std::to_string(image->ImageStretch) + " " + shape;
 }
 
 }  // namespace
 
 std::string differences(const FontState& font) {
+  const LogFont& face = font.LogFont;
   std::ostringstream out;
-  if (font.LogFont.faceName() != "Courier New") out << " face=" << font.LogFont.faceName();
-  if (font.Height != 10) out << " height=" << font.Height;
-  if (font.Width != 0) out << " width=" << font.Width;
-  if (font.WidthFactor != 1) out << " factor=" << font.WidthFactor;
-  if (font.LogFont.Weight != 400) out << " weight=" << font.LogFont.Weight;
-  if (font.LogFont.Italic != 0) out << " italic=" << int{font.LogFont.Italic};
-  if (font.LogFont.Underline != 0) out << " underline=" << int{font.LogFont.Underline};
-  if (font.LogFont.StrikeOut != 0) out << " strikeout=" << int{font.LogFont.StrikeOut};
-  if (font.LogFont.Escapement != 0) out << " turned=" << font.LogFont.Escapement;
-  if (font.Color != 0) out << " color=" << std::hex << font.Color << std::dec;
-  if (font.CharSpacing != 0) out << " hs=" << font.CharSpacing;
-  if (font.LineSpacing != 0) out << " vs=" << font.LineSpacing;
+  if (face.faceName() != "Courier New") out << " face=" << face.faceName();
+  const std::tuple<const char*, double, double> values[] = {
+      {"height", font.Height, 10},      {"width", font.Width, 0},
+      {"factor", font.WidthFactor, 1},  {"weight", face.Weight, 400},
+      {"italic", face.Italic, 0},       {"underline", face.Underline, 0},
+      {"strikeout", face.StrikeOut, 0}, {"turned", face.Escapement, 0},
+      {"hs", font.CharSpacing, 0},      {"vs", font.LineSpacing, 0}};
+  for (const auto& [name, value, usual] : values)
+    if (value != usual) out << " " << name << "=" << value;
+  if (font.Color != 0) out << " color=" << std::hex << font.Color;
   return out.str();
 }
 

@@ -40,7 +40,9 @@ class TestReport {
   // The lines and items of a page, one line of text for each.
   std::string dump(int number = 1, PageMode mode = PageMode::plain);
 
+  // What stands beside it.
   std::string path(std::string_view name) const { return directory_.path(name); }
+  std::vector<std::string> names() const { return directory_.names(); }
 
  private:
   OptionsGuard guard_;

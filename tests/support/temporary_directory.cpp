@@ -20,24 +20,12 @@ TemporaryDirectory::~TemporaryDirectory() {
   fs::remove_all(place_, error);
 }
 
-std::string TemporaryDirectory::path(std::string_view name) const {
-  return (place_ / name).string();
-}
-
 std::string TemporaryDirectory::write(std::string_view name, std::string_view bytes) const {
   const fs::path file = place_ / name;
   fs::create_directories(file.parent_path());
   std::ofstream(file, std::ios::binary)
       .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   return file.string();
-}
-
-std::string TemporaryDirectory::read(std::string_view name) const {
-  return readFile(path(name));
-}
-
-bool TemporaryDirectory::has(std::string_view name) const {
-  return fs::exists(place_ / name);
 }
 
 std::vector<std::string> TemporaryDirectory::names() const {

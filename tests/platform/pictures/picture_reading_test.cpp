@@ -1,5 +1,4 @@
 // Pictures that others write, whole, odd, cut short and damaged.
-#include <algorithm>
 
 #include <gtest/gtest.h>
 
@@ -158,18 +157,13 @@ TEST_F(PictureReading, knowsTheFirstColourOfAGifAsTransparent) {
 }
 
 TEST_F(PictureReading, refusesFilesThatAreCutShort) {
-  // The file, and the bytes at its end that no pixel needs.
-  const std::tuple<const char*, const char*, std::size_t> rows[] = {
-      {"-depth 8", "PNG24:a.png", 0},
-      {"-colors 50 -interlace PNG", "PNG8:b.png", 0},
-      {"-quality 80", "a.jpg", 0},
-      {"-quality 80 -interlace JPEG", "b.jpg", 0},
-      {"-interlace GIF", "a.gif", 1},
-      {"-type TrueColor", "BMP3:a.bmp", 0},
-      {"-type Palette -colors 9 -compress RLE", "BMP3:c.bmp", 2},
-      {"-alpha off -colors 9 -type Palette", "a.ico", 0},
-      {"-resize 256x256!", "b.ico", 0}};
-  for (const auto& [arguments, name, spare] : rows) {
+  for (const auto& [name, arguments] :
+       rowsOf("PNG24:a.png -depth 8|PNG8:b.png -colors 50 -interlace PNG|a.jpg -quality 80|"
+              "b.jpg -quality 80 -interlace JPEG|a.gif -interlace GIF|BMP3:a.bmp -type TrueColor|"
+              "BMP3:c.bmp -type Palette -colors 9 -compress RLE|"
+              "a.ico -alpha off -colors 9 -type Palette|b.ico -resize 256x256!")) {
+    // The bytes at its end that no pixel needs.
+    const std::size_t spare = name == "a.gif" ? 1 : name == "BMP3:c.bmp" ? 2 : 0;
     const std::string file = magick_.make(arguments, name);
     ASSERT_TRUE(decodePicture(file));
     for (std::size_t size = 0; size + spare < file.size(); size += file.size() / 1000 + 1) {

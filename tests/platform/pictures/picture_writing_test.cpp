@@ -6,7 +6,7 @@
 #include "base/errors.h"
 #include "platform/pictures/picture.h"
 #include "support/image_magick.h"
-#include "support/string_sink.h"
+#include "support/picture_file.h"
 
 namespace qor::test {
 namespace {
@@ -37,9 +37,7 @@ std::vector<std::uint32_t> pixelsOf(const Sample& sample, std::uint32_t top, int
 
 std::string encoded(const Sample& sample, PictureFormat format) {
   const auto pixels = pixelsOf(sample, 0x5A000000, kStride);
-  StringSink sink;
-  encodePicture({kWidth, kHeight, kStride, pixels.data()}, format, 96, sink);
-  return sink.text();
+  return pictureFile({kWidth, kHeight, kStride, pixels.data()}, format);
 }
 
 // The format, the file, and how far pixels may be off.
@@ -81,10 +79,9 @@ TEST(PictureWriting, writesOneChannelForGrayPicturesOnly) {
 
 TEST(PictureWriting, writesIconsThatAreWiderThanTheirDirectoryCanSay) {
   const std::vector<std::uint32_t> pixels(300 * 400, 0x00112233);
-  StringSink sink;
-  encodePicture({300, 400, 300, pixels.data()}, PictureFormat::ico, 96, sink);
-  EXPECT_EQ(sink.text().substr(6, 2), std::string(2, '\0'));
-  const auto picture = decodePicture(sink.text());
+  const std::string file = pictureFile({300, 400, 300, pixels.data()}, PictureFormat::ico);
+  EXPECT_EQ(file.substr(6, 2), std::string(2, '\0'));
+  const auto picture = decodePicture(file);
   ASSERT_TRUE(picture);
   EXPECT_EQ(picture->width, 300);
   EXPECT_EQ(picture->pixels, std::vector<std::uint32_t>(300 * 400, 0xFF112233));
@@ -105,12 +102,11 @@ TEST(PictureWriting, findsASingleColouredPixelAnywhere) {
 
 TEST(PictureWriting, refusesSidesThatTheFormatCannotHold) {
   const std::vector<std::uint32_t> pixels(70000);
-  StringSink sink;
   for (auto format : {PictureFormat::gif, PictureFormat::jpeg, PictureFormat::ico}) {
-    EXPECT_THROW(encodePicture({70000, 1, 70000, pixels.data()}, format, 96, sink), PictureError);
-    EXPECT_THROW(encodePicture({1, 70000, 1, pixels.data()}, format, 96, sink), PictureError);
+    EXPECT_THROW(pictureFile({70000, 1, 70000, pixels.data()}, format), PictureError);
+    EXPECT_THROW(pictureFile({1, 70000, 1, pixels.data()}, format), PictureError);
   }
-  EXPECT_THROW(encodePicture({0, 5, 0, pixels.data()}, PictureFormat::png, 96, sink), PictureError);
+  EXPECT_THROW(pictureFile({0, 5, 0, pixels.data()}, PictureFormat::png), PictureError);
 }
 
 TEST(PictureWriting, passesOnWhatTheSinkThrows) {

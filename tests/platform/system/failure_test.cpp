@@ -14,13 +14,8 @@ namespace {
 
 // Errors that don't say where they arose are told with the report, numbers with their file.
 TEST(Failures, tellWhatFailedAndWhere) {
-  struct Row {
-    std::function<void()> fail;
-    ErrorKind kind;
-    int code;
-    const char* text;  // empty where nobody is told again
-  };
-  const Row rows[] = {
+  // The last is empty where nobody is told again.
+  const std::tuple<std::function<void()>, ErrorKind, int, std::string> rows[] = {
       {[] { throw NumberedError(2, "r.txt"); }, ErrorKind::badReport, 2, ""},
       {[] { throw NumberedError(5, "cp5.ini"); }, ErrorKind::badSettings, 5, ""},
       {[] { throw StoppedError(); }, ErrorKind::stopped, 0, ""},
@@ -37,22 +32,19 @@ TEST(Failures, tellWhatFailedAndWhere) {
   const OptionsGuard guard;
   AppOptions.FileName = "r.txt";
   SelectErrorTexts(1252);
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.text);
+  for (const auto& [fail, kind, code, text] : rows) {
+    SCOPED_TRACE(text);
     testing::internal::CaptureStderr();
     try {
-      row.fail();
+      fail();
     } catch (...) {
       const Failure failure = caughtFailure();
-      EXPECT_EQ(failure.kind, row.kind);
-      EXPECT_EQ(failure.code, row.code);
-      if (row.code == 5) {
-        EXPECT_EQ(failure.text, "  Error! Can't open DOS charset file: cp5.ini");
-      }
+      EXPECT_EQ(failure.kind, kind);
+      EXPECT_EQ(failure.code, code);
+      EXPECT_EQ(failure.text == "  Error! Can't open DOS charset file: cp5.ini", code == 5);
       tellFailure();
     }
-    const std::string line = *row.text == 0 ? "" : std::string(row.text) + "\n";
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), line);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), text.empty() ? "" : text + "\n");
   }
 }
 

@@ -57,6 +57,20 @@ class XServer {
     return QTest::qWaitFor(comes, 30000) ? shown : xcb_window_t(XCB_NONE);
   }
 
+  // Waits for the white of a page in the middle of a window: a busy machine shows the window first.
+  bool waitForPage(xcb_window_t window) {
+    const auto isWhite = [&] {
+      const auto image = held(xcb_get_image_reply(
+          connection_,
+          xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 500, 400, 1, 1, ~0U),
+          nullptr));
+      if (!image || xcb_get_image_data_length(image.get()) < 3) return false;
+      const std::uint8_t* dot = xcb_get_image_data(image.get());
+      return std::min({dot[0], dot[1], dot[2]}) == 255;
+    };
+    return QTest::qWaitFor(isWhite, 30000);
+  }
+
   // Asks for its end, as the cross of its frame does.
   void askToClose(xcb_window_t window) {
     xcb_client_message_event_t event{};
@@ -128,6 +142,7 @@ TEST(PreviewProgram, tellsItsOwnerAndCleansUpHoweverItIsEnded) {
     Process program({"sh", "-c", command + std::to_string(owner)}, {place.path(), environment});
     const xcb_window_t window = server.waitForWindow();
     ASSERT_NE(window, XCB_NONE);
+    ASSERT_TRUE(server.waitForPage(window));
     if (signal == 0) {
       server.askToClose(window);
     } else {

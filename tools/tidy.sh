@@ -1,8 +1,7 @@
 #!/usr/bin/env bash
-# Runs the checks of .clang-tidy over the sources, with what build/ was made with; exits with 1 where
-# they find anything.
+# Runs the checks of .clang-tidy over src/, as build/ compiles it; fails where they find anything.
 #
-#   tools/tidy.sh                 all sources: some minutes
+#   tools/tidy.sh                 all of it: some minutes
 #   tools/tidy.sh FILE...         these
 #   tools/tidy.sh --recent N [S]  those that the last N commits touched, the newest first, for S
 #                                 seconds at the most
@@ -12,12 +11,12 @@ cd "$(dirname "$0")/.."
 seconds=0
 if [ "${1:-}" = --recent ]; then
   seconds=${3:-0}
-  mapfile -t files < <(git log -n "$2" --name-only --format= -- 'src/*.cpp' 'tests/*.cpp' 2>/dev/null |
+  mapfile -t files < <(git log -n "$2" --name-only --format= -- 'src/*.cpp' 2>/dev/null |
     awk '!seen[$0]++')
 elif [ $# -gt 0 ]; then
   files=("$@")
 else
-  mapfile -t files < <(git ls-files 'src/*.cpp' 'tests/*.cpp')
+  mapfile -t files < <(git ls-files 'src/*.cpp')
 fi
 
 # A file that is gone, or that this build leaves out, has nothing to check.

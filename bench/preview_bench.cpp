@@ -14,6 +14,7 @@
 #include "settings/printers.h"
 #include "window_model/zoom_list.h"
 #include "windows/view/tfrm_view.h"
+#include "windows/view/view_parts.h"
 
 namespace {
 
@@ -30,7 +31,7 @@ class NoSettings : public qor::UserSettings {
   void setInteger(std::string_view, int) override {}
   void setFlag(std::string_view, bool) override {}
   bool save() override { return true; }
-  std::string place() const override { return {}; }
+  std::string location() const override { return {}; }
 };
 
 double secondsOf(const std::function<void()>& command) {
@@ -49,18 +50,18 @@ void print(const std::string& name, std::vector<double> seconds) {
 void measureZoom(qor::TfrmView& window, int entry) {
   std::vector<double> seconds;
   for (int i = 0; i < kRounds; ++i) {
-    secondsOf([&] { window.mnuZoomListClick(entry + 1); });
-    seconds.push_back(secondsOf([&] { window.mnuZoomListClick(entry); }));
+    secondsOf([&] { window.parts().zoom.mnuZoomListClick(entry + 1); });
+    seconds.push_back(secondsOf([&] { window.parts().zoom.mnuZoomListClick(entry); }));
   }
   print("zoom_" + std::to_string(qor::zoomPercent(entry)), seconds);
 }
 
 void measureSeveral(qor::TfrmView& window) {
-  window.mnuZoomListClick(9);
+  window.parts().zoom.mnuZoomListClick(9);
   std::vector<double> seconds;
   for (int i = 0; i < kRounds; ++i) {
-    secondsOf([&] { window.rbMultiPageViewClick(false); });
-    seconds.push_back(secondsOf([&] { window.rbMultiPageViewClick(true); }));
+    secondsOf([&] { window.parts().switches.rbMultiPageViewClick(false); });
+    seconds.push_back(secondsOf([&] { window.parts().switches.rbMultiPageViewClick(true); }));
   }
   print("several_pages", seconds);
 }

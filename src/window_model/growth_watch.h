@@ -32,7 +32,11 @@ class GrowthWatch {
   // Every second tick, to tell that more is to come.
   bool blinks() const { return blinks_; }
 
+  // A file that was not there then, and isn't now, is as it was indexed.
   FileState fileState() const;
+
+  // Whether there is a file, and it is still that one.
+  bool isThere() const { return stamp_ && fileState() == FileState::asIndexed; }
 
  private:
   std::optional<FileStamp> stamp_;

@@ -172,7 +172,6 @@ void PdfWriter::writeText(const MarkupRecord& record) {
 }
 
 void PdfWriter::writeShape(const MarkupRecord& record) {
-  constexpr std::int32_t kPenTypes = 6;
   document_.setStrokeColor(colorOf(record[PdfField::boxColor]));
   const double left = wholePoints(record[PdfField::boxLeft]);
   const double right = wholePoints(record[PdfField::boxRight]);
@@ -184,7 +183,7 @@ void PdfWriter::writeShape(const MarkupRecord& record) {
     document_.moveTo(left, top);
     document_.lineTo(right, bottom);
     document_.stroke();
-  } else if (type == kRectangleShape && pen >= 0 && pen < kPenTypes) {
+  } else if (type == kRectangleShape && pen >= kNoPen && pen <= kDashDotDotPen) {
     document_.setDash(dashesOf(pen));
     document_.rectangle(left, top, right - left, bottom - top);
     document_.stroke();

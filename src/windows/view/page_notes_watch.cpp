@@ -62,7 +62,7 @@ void PageNotesWatch::stBarMessageClick() {
 }
 
 bool PageNotesWatch::hasShownReport() const {
-  return seen_ && desk_.growth.fileState() == FileState::asIndexed;
+  return seen_ && desk_.growth.isThere();
 }
 
 void PageNotesWatch::mnuCodePageClick(int codePage) {

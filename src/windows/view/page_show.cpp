@@ -25,7 +25,6 @@ void PageShow::setDocument(VDoc* doc, VDocPage* page) {
   if (page == nullptr) desk_.page_control->usePage(nullptr);
 }
 
-// A form may have left the document with other pages.
 void PageShow::countPages() {
   desk_.cursor.setTotal(doc_ == nullptr ? 0 : doc_->PageCount);
 }
@@ -128,7 +127,7 @@ void PageShow::showSeveral() {
 
 QString PageShow::reasonForNoPages() {
   errors_.forgetLast();
-  const QString failure = failureOf([] { VDoc::OpenFile(); });
+  QString failure = failureOf([] { VDoc::OpenFile(); });
   if (!errors_.last().isEmpty()) return errors_.last();
   if (!failure.isNull()) return failure;
   const PreviewTexts& texts = previewTexts();

@@ -23,6 +23,9 @@ class PageShow : public QObject {
   void setDocument(VDoc* doc, VDocPage* page);
   VDoc* document() const { return doc_; }
 
+  // Tells the cursor how many pages the document has: a form may have left it with others.
+  void countPages();
+
   // The page on show, while it is loaded; else null.
   VDocPage* loadedPage() const;
 
@@ -58,7 +61,6 @@ class PageShow : public QObject {
   void showLoaded();
   void showSeveral();
   void updateArea();
-  void countPages();
   bool load();
   bool keepsLoaded();
   QString reasonForNoPages();

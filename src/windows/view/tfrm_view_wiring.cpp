@@ -136,8 +136,7 @@ void TfrmView::tellMarked() {
 }
 
 void TfrmView::showTotal() {
-  const VDoc* doc = parts_->pages.document();
-  parts_->desk->cursor.setTotal(doc == nullptr ? 0 : doc->PageCount);
+  parts_->pages.countPages();
   parts_->number.showTotal();
 }
 

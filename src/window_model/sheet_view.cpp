@@ -71,8 +71,10 @@ VSetScr screenAt(const VSetPage& page, const VSetPrn& printer, const ScreenArea&
 
 void placeSheet(VSetScr& screen, const VSetPrn& printer, const ScreenArea& area, const Scale& scale,
                 std::int32_t gap) {
-  screen.view_width = clamped(std::int64_t{truncated(printer.PhysicalWidth * scale.x)} + 2 * gap);
-  screen.view_height = clamped(std::int64_t{truncated(printer.PhysicalHeight * scale.y)} + 2 * gap);
+  screen.view_width =
+      clamped(std::int64_t{truncated(printer.PhysicalWidth * scale.x)} + std::int64_t{2} * gap);
+  screen.view_height =
+      clamped(std::int64_t{truncated(printer.PhysicalHeight * scale.y)} + std::int64_t{2} * gap);
   screen.origin_x = originOf(area.client.Width, screen.view_width, gap);
   screen.origin_y = originOf(area.client.Height, screen.view_height, gap);
   screen.paper_width = truncated(printer.PhysicalWidth * scale.x);

@@ -4,7 +4,8 @@
 #include <string_view>
 
 #include <langinfo.h>
-#include <locale.h>
+// The POSIX parts of it have no C++ header.
+#include <locale.h>  // NOLINT(modernize-deprecated-headers)
 
 #include "base/text.h"
 #include "platform/system/locale.h"

@@ -17,7 +17,7 @@
 namespace qor {
 namespace {
 
-constexpr std::size_t kBufferSize = 64 * 1024;
+constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
 
 [[noreturn]] void fail(const std::string& path, int error) {
   throw FileError(path + ": " + std::strerror(error), ErrorKind::cannotWrite);

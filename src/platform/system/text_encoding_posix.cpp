@@ -5,8 +5,9 @@
 #include <utility>
 
 #include <iconv.h>
-#include <locale.h>
-#include <wctype.h>
+// The POSIX parts of them have no C++ headers.
+#include <locale.h>  // NOLINT(modernize-deprecated-headers)
+#include <wctype.h>  // NOLINT(modernize-deprecated-headers)
 
 #include "platform/system/locale.h"
 #include "platform/system/text_encoding.h"
@@ -30,7 +31,10 @@ class Converter {
   Converter(const Converter&) = delete;
   Converter& operator=(const Converter&) = delete;
 
-  bool known() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+  // POSIX tells failure by this pointer.
+  bool known() const {
+    return handle_ != reinterpret_cast<iconv_t>(-1);  // NOLINT(performance-no-int-to-ptr)
+  }
   bool matches(std::string_view to, std::string_view from) const {
     return to_ == to && from_ == from;
   }

@@ -32,23 +32,6 @@ TreeNode nodeOf(const Form& form) {
           millimetresText(size.length, margins.bottom) + " mm)  " + kFormKinds[form.kind]};
 }
 
-// Every paper that has a number of its own, and those that single printers add.
-TreeNode serverNode(const std::vector<const Printer*>& printers) {
-  TreeNode node{"PrintServer"};
-  for (const PaperRow& row : paperTable()) {
-    const Media media = {std::string(row.media), sizeOf(row), {}};
-    node.children.push_back(nodeOf({std::string(row.name), media, kFormBuiltIn}));
-  }
-  std::set<std::string> seen;
-  for (const Printer* printer : printers) {
-    for (const Paper& paper : printer->papers) {
-      const bool own = paper.number > kUserPaper && seen.insert(paper.name).second;
-      if (own) node.children.push_back(nodeOf({paper.name, paper.media, kFormPrinter}));
-    }
-  }
-  return node;
-}
-
 std::string paperName(const Printer& printer) {
   const auto& papers = printer.papers;
   const auto found = std::find_if(papers.begin(), papers.end(), [&printer](const Paper& paper) {
@@ -60,7 +43,7 @@ std::string paperName(const Printer& printer) {
 TreeNode parametersNode(const Printer& printer) {
   const DeviceMode& mode = printer.mode;
   const DeviceCaps caps = deviceCaps(printer, mode);
-  TreeNode node{"Printer Parameters"};
+  TreeNode node{kPrinterParameters};
   const auto add = [&node](const char* label, const std::string& value, const char* unit = "") {
     node.children.push_back({label + value + unit});
   };
@@ -90,7 +73,7 @@ TreeNode parametersNode(const Printer& printer) {
 }
 
 TreeNode papersNode(const Printer& printer) {
-  TreeNode node{"Paper Size"};
+  TreeNode node{kPaperSize};
   for (const Paper& paper : printer.papers) {
     const MediaSize size = paper.media.size;
     node.children.push_back({paper.name + "  (" +
@@ -118,32 +101,65 @@ TreeNode binsNode(const Printer& printer) {
   return node;
 }
 
-TreeNode printerNode(const Printer& printer) {
-  return {printer.name,
-          {{"Driver Name: " + printer.driver},
-           {"Print Processor: " + printer.processor},
-           parametersNode(printer),
-           papersNode(printer),
-           resolutionsNode(printer),
-           binsNode(printer)}};
+std::vector<TreeNode> branchesOf(const Printer& printer) {
+  return {{"Driver Name: " + printer.driver},
+          {"Print Processor: " + printer.processor},
+          parametersNode(printer),
+          papersNode(printer),
+          resolutionsNode(printer),
+          binsNode(printer)};
+}
+
+TreeNode nodeOf(const QueueName& queue) {
+  PrintSystem& system = printSystem();
+  TreeNode node{queue.name};
+  node.isDefault = queue.name == system.defaultName();
+  node.isUnknown = !system.knows(queue.name);
+  if (node.isUnknown) return node;
+  const Printer* printer = system.find(queue.name);
+  // One that doesn't answer has told its name and driver at least.
+  if (printer == nullptr) {
+    node.children = {{"Driver Name: " + queue.driver}};
+  } else {
+    node.children = branchesOf(*printer);
+  }
+  return node;
 }
 
 }  // namespace
 
+// Every paper that has a number of its own, and those that single printers add.
+TreeNode printServerNode() {
+  TreeNode node{"PrintServer"};
+  for (const PaperRow& row : paperTable()) {
+    const Media media = {std::string(row.media), sizeOf(row), {}};
+    node.children.push_back(nodeOf({std::string(row.name), media, kFormBuiltIn}));
+  }
+  PrintSystem& system = printSystem();
+  std::set<std::string> seen;
+  for (const QueueName& queue : system.listSoFar()) {
+    const Printer* printer = system.knows(queue.name) ? system.find(queue.name) : nullptr;
+    if (printer == nullptr) continue;
+    for (const Paper& paper : printer->papers) {
+      const bool own = paper.number > kUserPaper && seen.insert(paper.name).second;
+      if (own) node.children.push_back(nodeOf({paper.name, paper.media, kFormPrinter}));
+    }
+  }
+  return node;
+}
+
+TreeNode printerNode(const std::string& name) {
+  for (const QueueName& queue : printSystem().listSoFar()) {
+    if (queue.name == name) return nodeOf(queue);
+  }
+  return {name};
+}
+
 void FillPrinterTree(std::vector<TreeNode>& tree) {
   tree.clear();
-  PrintSystem& system = printSystem();
-  system.refresh();
-  std::vector<const Printer*> printers;
-  for (const QueueName& queue : system.list()) {
-    const Printer* printer = system.find(queue.name);
-    tree.push_back(printer == nullptr ? TreeNode{queue.name, {{"Driver Name: " + queue.driver}}}
-                                      : printerNode(*printer));
-    tree.back().isDefault = queue.name == system.defaultName();
-    if (printer != nullptr) printers.push_back(printer);
-  }
+  for (const QueueName& queue : printSystem().listSoFar()) tree.push_back(nodeOf(queue));
   if (tree.empty()) return;
-  tree.push_back(serverNode(printers));
+  tree.push_back(printServerNode());
   std::reverse(tree.begin(), tree.end());
 }
 

@@ -10,10 +10,20 @@ struct TreeNode {
   std::string text;
   std::vector<TreeNode> children{};
   bool isDefault = false;  // the node of the default printer
+  bool isUnknown = false;  // of a printer that has not been asked yet
 };
 
-// Looks for printers anew and fills the tree: the forms of the print server first, then the
-// printers, the last one foremost.
+inline constexpr const char* kPrinterParameters = "Printer Parameters";
+inline constexpr const char* kPaperSize = "Paper Size";
+
+// Fills the tree with what is known by now, and asks nobody: the forms of the print server first,
+// then the printers, the last one foremost.
 void FillPrinterTree(std::vector<TreeNode>& tree);
+
+// The node of one printer in it.
+TreeNode printerNode(const std::string& name);
+
+// The node of the print server in it.
+TreeNode printServerNode();
 
 }  // namespace qor

@@ -222,14 +222,22 @@ TEST_F(Printers, listPapersAndBins) {
 
 TEST_F(Printers, standInTheTreeWithAllTheyTell) {
   std::vector<TreeNode> tree;
-  FillPrinterTree(tree);
-  std::string text;
-  for (const TreeNode& node : tree) text += node.text + (node.isDefault ? " *" : "") + "|";
-  EXPECT_EQ(text, "PrintServer|Microsoft Print to PDF|plain|laser *|");
+  const auto roots = [&tree] {
+    FillPrinterTree(tree);
+    std::string text;
+    for (const TreeNode& node : tree)
+      text += node.text + (node.isDefault ? " *" : "") + (node.isUnknown ? "?" : "") + "|";
+    return text;
+  };
+  EXPECT_EQ(roots(), "PrintServer|laser *|");
+  printSystem().list();
+  EXPECT_EQ(roots(), "PrintServer|Microsoft Print to PDF?|plain?|laser *|");
+  FindPrinter("plain");
+  EXPECT_EQ(roots(), "PrintServer|Microsoft Print to PDF?|plain|laser *|");
   const auto& forms = tree[0].children;
   EXPECT_EQ(forms.at(0).text, "Letter  (215.9 x 279.4 mm)   (215.9 x 279.4 mm)  [Form BuiltIn]");
   EXPECT_EQ(forms.back().text, "om_label_62x100mm  (62 x 100 mm)   (55 x 92 mm)  [Form Printer]");
-  text.clear();
+  std::string text;
   for (const TreeNode& branch : tree[3].children)
     for (const TreeNode& leaf : branch.children) text += leaf.text + "|";
   for (const char* part :

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <mutex>
 #include <span>
 #include <utility>
 
@@ -186,9 +187,52 @@ std::vector<QueueName> namesOf(ipp_t* answer) {
   return names;
 }
 
-// One connection serves all questions; libcups opens it anew where the scheduler has closed it. A
-// scheduler that has let a question go unanswered is left alone for a while, so that a run doesn't
-// wait for it again and again.
+// The connections to the scheduler; libcups opens one anew where the scheduler has closed it.
+// Threads may ask at once: each takes one that lies idle, or makes a new one. A scheduler that has
+// let a question go unanswered is left alone for a while, so that a run doesn't wait for it again
+// and again.
+class Connections {
+ public:
+  // Runs the question with a connection and keeps that for the next one, where the question says
+  // that it is of use. Nothing is asked where no scheduler answers.
+  template <class Question>
+  void use(Question question) {
+    Connection connection = take();
+    if (!connection) return;
+    refusePasswords();
+    const auto start = Clock::now();
+    const bool usable = question(connection.get());
+    const auto now = Clock::now();
+    const std::lock_guard lock(mutex_);
+    if (now - start >= kUnansweredAfter) {
+      silent_until_ = now + kPause;
+    } else if (usable) {
+      idle_.push_back(std::move(connection));
+    }
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  static constexpr std::chrono::minutes kPause{1};
+
+  Connection take() {
+    {
+      const std::lock_guard lock(mutex_);
+      if (Clock::now() < silent_until_) return nullptr;
+      if (!idle_.empty()) {
+        Connection connection = std::move(idle_.back());
+        idle_.pop_back();
+        return connection;
+      }
+    }
+    return connectToScheduler();
+  }
+
+  std::mutex mutex_;
+  std::vector<Connection> idle_;
+  Clock::time_point silent_until_{};
+};
+
 class CupsQueues : public PrintQueues {
  public:
   std::vector<QueueName> list() override {
@@ -199,13 +243,14 @@ class CupsQueues : public PrintQueues {
   }
 
   std::string defaultName() override {
-    if (!connected()) return {};
-    const auto start = Clock::now();
-    cups_dest_t* found = cupsGetNamedDest(connection_.get(), nullptr, nullptr);
-    noteAnswer(start);
-    if (found == nullptr) return {};
-    std::string name = found->name;
-    cupsFreeDests(1, found);
+    std::string name;
+    connections_.use([&name](http_t* connection) {
+      cups_dest_t* found = cupsGetNamedDest(connection, nullptr, nullptr);
+      if (found == nullptr) return true;
+      name = found->name;
+      cupsFreeDests(1, found);
+      return true;
+    });
     return name;
   }
 
@@ -225,42 +270,21 @@ class CupsQueues : public PrintQueues {
   }
 
  private:
-  using Clock = std::chrono::steady_clock;
-
-  void noteAnswer(Clock::time_point start) {
-    constexpr std::chrono::minutes kPause(1);
-    const auto now = Clock::now();
-    if (now - start < kUnansweredAfter) return;
-    silent_until_ = now + kPause;
-    connection_.reset();
-  }
-
-  bool connected() {
-    if (Clock::now() < silent_until_) return false;
-    if (!connection_) connection_ = connectToScheduler();
-    return connection_ != nullptr;
-  }
-
   Ipp ask(Ipp request) {
-    if (!connected()) return nullptr;
-    const auto start = Clock::now();
-    Ipp answer(cupsDoRequest(connection_.get(), request.release(), "/"));
-    if (!answer) connection_.reset();
-    noteAnswer(start);
+    Ipp answer;
+    connections_.use([&](http_t* connection) {
+      answer.reset(cupsDoRequest(connection, request.release(), "/"));
+      return answer != nullptr;
+    });
     return answer;
   }
 
-  Connection connection_;
-  Clock::time_point silent_until_{};
+  Connections connections_;
 };
 
 }  // namespace
 }  // namespace qor
 
 extern "C" __attribute__((visibility("default"))) qor::PrintQueues* qorMakeSystemQueues() {
-  // Nobody is there to type a password.
-  cupsSetPasswordCB2(
-      [](const char*, http_t*, const char*, const char*, void*) -> const char* { return nullptr; },
-      nullptr);
   return new qor::CupsQueues;
 }

@@ -21,9 +21,18 @@ int perInch(int value, ipp_res_t unit) {
   return unit == IPP_RES_PER_CM ? dpiFromDotsPerCentimetre(value) : value;
 }
 
+const char* noPassword(const char*, http_t*, const char*, const char*, void*) {
+  return nullptr;
+}
+
 }  // namespace
 
+void refusePasswords() {
+  cupsSetPasswordCB2(noPassword, nullptr);
+}
+
 Connection connectToScheduler() {
+  refusePasswords();
   Connection connection(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(),
                                      1, kConnectMilliseconds, nullptr));
   if (connection) httpSetTimeout(connection.get(), kAnswerSeconds, giveUp, nullptr);

@@ -24,6 +24,9 @@ using Connection = std::unique_ptr<http_t, HttpCloser>;
 // How long an answer may take.
 inline constexpr int kAnswerSeconds = 20;
 
+// Nobody is there to type a password. libcups wants to know it for each thread that asks.
+void refusePasswords();
+
 // A connection to the scheduler on which nothing waits for ever; null where none answers.
 Connection connectToScheduler();
 

@@ -1,6 +1,7 @@
 // All printers, and the process' own list of them.
 #include "platform/print/print_system.h"
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -26,18 +27,23 @@ std::unique_ptr<PrintSystem> makePrintSystem() {
 }  // namespace
 
 PrintSystem::PrintSystem(std::vector<std::unique_ptr<PrintQueues>> systems)
-    : systems_(std::move(systems)) {
+    : systems_(std::make_move_iterator(systems.begin()), std::make_move_iterator(systems.end())) {
 }
 
 const std::vector<QueueName>& PrintSystem::list() {
-  if (!names_) {
-    names_.emplace();
-    for (const auto& system : systems_) {
-      auto names = system->list();
-      std::move(names.begin(), names.end(), std::back_inserter(*names_));
-    }
-  }
+  if (!names_) learn(askForNames(systems_));
   return *names_;
+}
+
+std::vector<QueueName> PrintSystem::listSoFar() const {
+  if (names_) return *names_;
+  std::vector<QueueName> names;
+  for (const auto& [name, known] : printers_) {
+    const auto& printer = known.printer;
+    if (printer && printer->name == name)
+      names.push_back({printer->name, printer->driver, printer->port});
+  }
+  return names;
 }
 
 const std::string& PrintSystem::defaultName() {
@@ -54,19 +60,9 @@ const std::string& PrintSystem::defaultName() {
   return *default_;
 }
 
-const PrintSystem::KnownPrinter& PrintSystem::known(const std::string& name) {
-  const auto [place, isNew] = printers_.try_emplace(name);
-  if (isNew) {
-    for (const auto& system : systems_) {
-      const auto queue = system->find(name);
-      if (!queue) continue;
-      place->second = {system.get(), printerOf(*queue)};
-      // The queue may be known by another spelling.
-      printers_.try_emplace(queue->id.name, place->second);
-      break;
-    }
-  }
-  return place->second;
+const KnownPrinter& PrintSystem::known(const std::string& name) {
+  if (!knows(name)) learn(name, askForPrinter(systems_, name));
+  return printers_.at(name);
 }
 
 const Printer* PrintSystem::find(const std::string& name) {
@@ -75,7 +71,7 @@ const Printer* PrintSystem::find(const std::string& name) {
 }
 
 std::unique_ptr<PrintJob> PrintSystem::open(const Printer& printer, const JobTicket& ticket) {
-  PrintQueues* system = known(printer.name).system;
+  const auto system = known(printer.name).system;
   if (system == nullptr) throw PrintError(printer.name + ": the printer is gone");
   return system->open(printer.name, ticket);
 }
@@ -84,6 +80,23 @@ void PrintSystem::refresh() {
   names_.reset();
   default_.reset();
   printers_.clear();
+}
+
+void PrintSystem::learn(PrinterNames names) {
+  std::erase_if(printers_, [&names](const auto& entry) {
+    const auto& printer = entry.second.printer;
+    return !printer ||
+           std::none_of(names.names.begin(), names.names.end(),
+                        [&printer](const QueueName& queue) { return queue.name == printer->name; });
+  });
+  names_ = std::move(names.names);
+  default_ = std::move(names.usual);
+}
+
+void PrintSystem::learn(const std::string& name, KnownPrinter printer) {
+  // The queue may be known by another spelling.
+  if (printer.printer) printers_.insert_or_assign(printer.printer->name, printer);
+  printers_.insert_or_assign(name, std::move(printer));
 }
 
 PrintSystem& printSystem() {

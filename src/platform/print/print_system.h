@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/print/printer.h"
+#include "platform/print/print_questions.h"
 
 namespace qor {
 
@@ -20,8 +20,13 @@ class PrintSystem {
   const std::vector<QueueName>& list();
   const std::string& defaultName();
 
-  // Null where there is no such printer. Valid until refresh().
+  // Null where there is no such printer. Valid until refresh() or learn().
   const Printer* find(const std::string& name);
+
+  // Whether what find() gives is known, so that nobody has to be asked.
+  bool knows(const std::string& name) const { return printers_.contains(name); }
+  // The list as far as it is known: before it was asked for, the printers that were.
+  std::vector<QueueName> listSoFar() const;
 
   // Throws FileError or PrintError.
   std::unique_ptr<PrintJob> open(const Printer& printer, const JobTicket& ticket);
@@ -29,15 +34,16 @@ class PrintSystem {
   // Printers may have come and gone.
   void refresh();
 
- private:
-  struct KnownPrinter {
-    PrintQueues* system = nullptr;
-    std::optional<Printer> printer;
-  };
+  // For whoever asks in the background: whom to ask, and what they have told. Printers that a list
+  // no longer names are forgotten.
+  const PrintSystems& systems() const { return systems_; }
+  void learn(PrinterNames names);
+  void learn(const std::string& name, KnownPrinter printer);
 
+ private:
   const KnownPrinter& known(const std::string& name);
 
-  std::vector<std::unique_ptr<PrintQueues>> systems_;
+  PrintSystems systems_;
   std::optional<std::vector<QueueName>> names_;
   std::optional<std::string> default_;
   std::map<std::string, KnownPrinter> printers_;

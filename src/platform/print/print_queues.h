@@ -77,6 +77,9 @@ struct JobTicket {
 // taken back.
 class PrintJob : public ByteSink {
  public:
+  // The file that it becomes; empty where it goes to a device.
+  virtual std::string file() const { return {}; }
+
   // Hands the job over. Throws FileError or PrintError where it isn't taken.
   virtual void finish() = 0;
 };

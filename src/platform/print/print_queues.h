@@ -69,6 +69,8 @@ struct JobTicket {
   std::optional<int> copies;
   bool collated = false;
   std::string media;
+  MediaSize mediaSize;  // of the same sheet
+  std::string source;   // of the sheet; empty where the queue chooses
   std::optional<PrintQuality> quality;
   std::optional<bool> color;
 };

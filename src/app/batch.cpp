@@ -16,9 +16,8 @@
 namespace qor {
 namespace {
 
-// The whole of a print but for the clean-up behind it. False where nobody got anything of the
-// report: not where there is no printer, or it refuses the job.
-bool printReport() {
+// The whole of a print but for the clean-up behind it.
+PrintOutcome printReport() {
   if (!VDoc::OpenFile()) throw NumberedError(kErrorOpenDocument, AppOptions.FileName);
   InitPrinters();
   // Nobody looks again at what a writer adds later: what is there is printed, to its last byte.
@@ -26,12 +25,8 @@ bool printReport() {
   VDoc doc;
   doc.ScanPages(false);
   doc.Settings.LoadSet();
-  if (!doc.SelectPrinter(AppOptions.PrinterName)) {
-    writeErrorLine(AppOptions.PrinterName +
-                   ": there is no such printer, or the print system doesn't answer");
-    return true;
-  }
-  if (doc.PageCount == 0) writeErrorLine(AppOptions.FileName + ": the report has no pages");
+  // The job tells of one that isn't there.
+  doc.SelectPrinter(AppOptions.PrinterName);
   return doc.PrintAll(runOptions());
 }
 
@@ -41,7 +36,9 @@ int PrintWithoutInterface() {
   if (AppOptions.FileName.empty()) return 0;
   const UsedReport report;
   try {
-    if (printReport()) report.cleanUp(ListedFiles::keep, {});
+    const PrintOutcome outcome = printReport();
+    if (!outcome.notice.empty()) writeErrorLine(outcome.notice);
+    if (!outcome.cameToNothing()) report.cleanUp(ListedFiles::keep, {});
     return 1;
   } catch (...) {
     tellFailure();

@@ -2,25 +2,31 @@
 // and let go before the next one.
 #pragma once
 
-#include <functional>
+#include <cstdint>
 
 #include "base/errors.h"
 #include "document/loaded_page.h"
+#include "document/page_progress.h"
 
 namespace qor {
 
-// Called behind each page with its number, from 1, and how many there are. False stops the walk.
-using PageProgress = std::function<bool(std::int32_t page, std::int32_t pages)>;
+// Calls `use` with the numbers from 1 on to `count`. Throws StoppedError where `progress`, which
+// may be empty, says so.
+template <class Use>
+void forEachNumber(std::int32_t count, const PageProgress& progress, Use use) {
+  for (std::int32_t number = 1; number <= count; ++number) {
+    use(number);
+    if (progress && !progress(number, count)) throw StoppedError();
+  }
+}
 
-// Calls `use` with each page. Throws StoppedError where `progress`, which may be empty, says so,
-// and as LoadedPage.
+// Calls `use` with each page. Throws as forEachNumber and LoadedPage.
 template <class Use>
 void forEachPage(VDoc& doc, PageMode mode, const PageProgress& progress, Use use) {
-  for (std::int32_t number = 1; number <= doc.PageCount; ++number) {
+  forEachNumber(doc.PageCount, progress, [&](std::int32_t number) {
     const LoadedPage page(doc, number, mode);
     use(*page);
-    if (progress && !progress(number, doc.PageCount)) throw StoppedError();
-  }
+  });
 }
 
 // Calls `use` with each line of a page that is loaded.

@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+#include "document/page_progress.h"
+#include "document/print_outcome.h"
 #include "document/running_fonts.h"
 #include "document/vdocpage.h"
 #include "document/vset.h"
@@ -15,6 +17,8 @@
 
 namespace qor {
 
+class PrintContext;
+struct PrintTask;
 struct RunOptions;
 
 class VDoc {
@@ -80,15 +84,16 @@ class VDoc {
   bool SelectPrinter(const std::string& printer);
 
   // Print jobs on the printer of the options: every page, one, those of the page list, and every
-  // page with the output in a file. A job that isn't taken ends silently but for a line on standard
-  // error. False where nothing came of it although nobody refused it: there was no page to print,
-  // or the file of the job couldn't be written. All but PrintPage throw NumberedError where the
-  // report can't be opened and ReportError where none is named; PrintSelected throws as SelectPages
-  // does.
-  bool PrintAll(const RunOptions& options);
-  bool PrintPage(const RunOptions& options, std::int32_t number);
-  bool PrintSelected(const RunOptions& options);
-  bool PrintToFile(const RunOptions& options, const std::string& path);
+  // page with the output in a file; from the last page to the first where the settings say so.
+  // A job that fails or is stopped by `progress` is taken back, and leaves a file that it was to
+  // replace as it is. They throw NumberedError where the report can't be opened and ReportError
+  // where none is named or a page can't be read; PrintSelected throws as SelectPages does.
+  PrintOutcome PrintAll(const RunOptions& options, const PageProgress& progress = {});
+  PrintOutcome PrintPage(const RunOptions& options, std::int32_t number,
+                         const PageProgress& progress = {});
+  PrintOutcome PrintSelected(const RunOptions& options, const PageProgress& progress = {});
+  PrintOutcome PrintToFile(const RunOptions& options, const std::string& path,
+                           const PageProgress& progress = {});
 
   VDocPage* findPage(std::int32_t number);
   VDocPage* LastPage() { return Pages.empty() ? nullptr : &Pages.back(); }
@@ -107,7 +112,10 @@ class VDoc {
 
   void readPage(VDocPage& page, const InputFile& file, PageMode mode = PageMode::plain);
   void readUpTo(std::int32_t number, const InputFile& file);
-  bool printPages(const RunOptions& options, const std::string& output, bool selectedOnly);
+  PrintOutcome print(const RunOptions& options, const PrintTask& task,
+                     const PageProgress& progress);
+  void sendPages(PrintContext& context, const InputFile& file, const PrintTask& task,
+                 const PageProgress& progress);
   VDocPage& appendPage(std::uint64_t offset, std::uint64_t length);
   void dropControlPage(const InputFile& file);
   void findLineEnds(const InputFile& file);

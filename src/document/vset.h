@@ -9,6 +9,7 @@
 #include "base/app_options.h"
 #include "document/font_state.h"
 #include "document/item_kinds.h"
+#include "platform/print/device_mode.h"
 #include "platform/print/sheet_measures.h"
 
 namespace qor {
@@ -24,15 +25,15 @@ struct VSetPage {
   std::int32_t PrintPagesSet = kPrintAllPages;  // a PrintRange, the listed ones by PagesForPrint
   std::string PagesForPrint;                    // such as "1,3,5-12"
   bool SortByCopies = false;
-  bool ReverseOrder = false;      // not in the file
-  std::int32_t PaperSize = 9;     // Windows paper number
-  std::int32_t PaperSource = 15;  // Windows bin number
-  double PaperWidth = 210.0;      // mm
-  double PaperHeight = 297.0;     // mm
-  std::int32_t PrintQuality = 3;  // 0 default, 1 draft, 2 low, 3 medium, 4 high
-  std::int32_t PrintColor = 1;    // 0 default, 1 monochrome, 2 colour
-  std::int32_t Orientation = 1;   // 1 portrait, 0 left to the driver, any other landscape
-  std::int32_t MarginLeft = 0;    // mm; negative: cells of the text grid
+  bool ReverseOrder = false;               // not in the file
+  std::int32_t PaperSize = 9;              // Windows paper number
+  std::int32_t PaperSource = kFormSource;  // Windows bin number
+  double PaperWidth = 210.0;               // mm
+  double PaperHeight = 297.0;              // mm
+  std::int32_t PrintQuality = 3;           // 0 default, 1 draft, 2 low, 3 medium, 4 high
+  std::int32_t PrintColor = 1;             // 0 default, 1 monochrome, 2 colour
+  std::int32_t Orientation = 1;            // 1 portrait, 0 left to the driver, any other landscape
+  std::int32_t MarginLeft = 0;             // mm; negative: cells of the text grid
   std::int32_t MarginTop = 0;
   std::int32_t MarginRight = 0;  // set by control sequences, read by nobody
   std::int32_t MarginBottom = 0;

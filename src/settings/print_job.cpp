@@ -1,99 +1,91 @@
-// Print jobs: pages of the document, drawn one by one on a printer's sheet. A job that fails leaves
-// one line on standard error and nothing else: the report stays as it is.
-#include <functional>
-#include <optional>
-#include <stdexcept>
+// Print jobs: pages of the document, drawn one by one on a printer's sheet. A job that fails is
+// taken back, and says in its outcome why: the report stays as it is.
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "base/errors.h"
 #include "base/path.h"
 #include "base/run_options.h"
 #include "base/units.h"
 #include "document/code_page.h"
+#include "document/page_loop.h"
 #include "document/vdoc.h"
 #include "language/language.h"
 #include "platform/canvas/canvas.h"
 #include "platform/print/print_system.h"
-#include "platform/system/messages.h"
 #include "render/page_walk.h"
 #include "render/sheet.h"
 #include "settings/printers.h"
 
 namespace qor {
+
+struct PrintTask {
+  std::string title;
+  std::vector<std::int32_t> pages;  // in the order in which they go out
+  std::string output;               // a file in the printer's place; may be empty
+  bool unscales = true;             // tells the metrics as the device has them behind each page
+};
+
 namespace {
+
+using End = PrintOutcome::End;
 
 // Where the printer that makes files puts a job that names none: beside the report.
 std::string fileBeside(const std::string& report) {
   return std::string(directoryOf(report)).append(baseNameOf(report)).append("(print).pdf");
 }
 
-// A job of one document. It says once what went wrong and then takes nothing more.
-class PrintRun {
- public:
-  PrintRun(const VDoc& doc, const RunOptions& run, std::string_view title,
-           const std::string& output)
-      : report_(run.report) {
-    LoadCodePage(doc.Settings.Page.BaseCodePage);
-    context_ = CreatePrintDC(run.printer, doc.Settings.Page, doc.PrintScale, doc.PrintScaleFlag);
-    if (!context_) return;
-    const DeviceCaps& caps = context_->caps();
-    mapping_ = {double(gPrintMetrics.LogPixelsX), double(gPrintMetrics.LogPixelsY),
-                caps.PhysicalOffsetX, caps.PhysicalOffsetY};
-    attempt([&] { context_->startDocument({std::string(title), output, fileBeside(report_)}); });
-    tellIfStopped(output);
-  }
+std::vector<std::int32_t> pagesToPrint(const VDoc& doc, bool selectedOnly) {
+  std::vector<std::int32_t> numbers;
+  for (const VDocPage& page : doc.Pages)
+    if (page.Selected || !selectedOnly) numbers.push_back(page.Number);
+  if (doc.Settings.Page.ReverseOrder) std::ranges::reverse(numbers);
+  return numbers;
+}
 
-  bool going() const { return context_ != nullptr; }
+PrintTask documentTask(const VDoc& doc, bool selectedOnly, const std::string& output) {
+  return {std::string(interfaceTexts().DocumentJobName), pagesToPrint(doc, selectedOnly), output,
+          !selectedOnly};
+}
 
-  // The file that the job goes to couldn't be written.
-  bool lost() const { return lost_; }
+Mapping mappingOf(const DeviceCaps& caps) {
+  return {double(gPrintMetrics.LogPixelsX), double(gPrintMetrics.LogPixelsY), caps.PhysicalOffsetX,
+          caps.PhysicalOffsetY};
+}
 
-  void print(VDocPage& page) {
-    page.Settings->Scr = screenForPrint(page.Settings->Page, page.Settings->Prn, kPictureDpi);
-    Canvas& canvas = context_->startPage();
-    canvas.reset();
-    canvas.setMapping(mapping_);
-    DrawPage(page, canvas);
-    attempt([this] { context_->endPage(); });
-  }
+void printPage(VDocPage& page, PrintContext& context, const Mapping& mapping) {
+  page.Settings->Scr = screenForPrint(page.Settings->Page, page.Settings->Prn, kPictureDpi);
+  Canvas& canvas = context.startPage();
+  canvas.reset();
+  canvas.setMapping(mapping);
+  DrawPage(page, canvas);
+  context.endPage();
+}
 
-  void end() {
-    attempt([this] { context_->endDocument(); });
-  }
+PrintOutcome missing(const std::string& printer) {
+  return {End::noPrinter,
+          printer + ": there is no such printer, or the print system doesn't answer",
+          {}};
+}
 
-  // What scaling has changed is told as the device has it.
-  void unscaleMetrics() const {
-    if (going()) gPrintMetrics.LogPixelsX = context_->caps().LogPixelsX;
-  }
+PrintOutcome withoutPages(const VDoc& doc, const std::string& report) {
+  const char* what =
+      doc.PageCount == 0 ? ": the report has no pages" : ": none of the report's pages is chosen";
+  return {End::noPages, report + what, {}};
+}
 
- private:
-  void attempt(const std::function<void()>& step) {
-    if (!going()) return;
-    try {
-      step();
-    } catch (const PrintError& error) {
-      fail(error);
-    } catch (const FileError& error) {
-      lost_ = true;
-      fail(error);
-    }
-  }
+PrintOutcome failed(End end, const std::string& report, const Error& error) {
+  return {end, report + ": not printed: " + error.what(), {}};
+}
 
-  void fail(const std::runtime_error& error) {
-    writeErrorLine(report_ + ": not printed: " + error.what());
-    context_.reset();
-  }
-
-  void tellIfStopped(const std::string& output) const {
-    if (!going() || !output.empty() || !context_->printer().stopped) return;
-    writeErrorLine(context_->printer().name + ": the printer is stopped, the job waits for it");
-  }
-
-  std::string report_;
-  std::unique_ptr<PrintContext> context_;
-  Mapping mapping_;
-  bool lost_ = false;
-};
+PrintOutcome printed(const PrintContext& context) {
+  const Printer& printer = context.printer();
+  const bool waits = printer.stopped && context.file().empty();
+  return {End::printed,
+          waits ? printer.name + ": the printer is stopped, the job waits for it" : std::string(),
+          context.file()};
+}
 
 // Lets go of a page's lines when it is printed, or fails to be.
 class PrintedPage {
@@ -116,52 +108,66 @@ bool VDoc::SelectPrinter(const std::string& printer) {
   return measured;
 }
 
-bool VDoc::printPages(const RunOptions& options, const std::string& output, bool selectedOnly) {
-  PrintRun run(*this, options, interfaceTexts().DocumentJobName, output);
-  if (!run.going()) return !run.lost();
+void VDoc::sendPages(PrintContext& context, const InputFile& file, const PrintTask& task,
+                     const PageProgress& progress) {
+  const Mapping mapping = mappingOf(context.caps());
+  const auto count = static_cast<std::int32_t>(task.pages.size());
+  forEachNumber(count, progress, [&](std::int32_t place) {
+    const std::int32_t number = task.pages[static_cast<std::size_t>(place - 1)];
+    VDocPage& page = *findPage(number);
+    const PrintedPage inUse(page);
+    readUpTo(number, file);
+    readPage(page, file);
+    printPage(page, context, mapping);
+    if (task.unscales) gPrintMetrics.LogPixelsX = context.caps().LogPixelsX;
+  });
+}
+
+PrintOutcome VDoc::print(const RunOptions& options, const PrintTask& task,
+                         const PageProgress& progress) {
+  const auto context = CreatePrintDC(options.printer, Settings.Page, PrintScale, PrintScaleFlag);
+  if (!context) return missing(options.printer);
+  LoadCodePage(Settings.Page.BaseCodePage);
   if (options.report.empty()) throw ReportError("Error: not set file name for print");
   const auto file = OpenFile();
   if (!file) throw NumberedError(kErrorOpenDocument, options.report);
-  bool any = false;
-  for (VDocPage& page : Pages) {
-    if (selectedOnly && !page.Selected) continue;
-    any = true;
-    const PrintedPage inUse(page);
-    readUpTo(page.Number, *file);
-    readPage(page, *file);
-    run.print(page);
-    if (!run.going()) return !run.lost();
-    if (!selectedOnly) run.unscaleMetrics();
+  if (task.pages.empty()) return withoutPages(*this, options.report);
+  try {
+    context->startDocument({task.title, task.output, fileBeside(options.report)});
+    sendPages(*context, *file, task, progress);
+    context->endDocument();
+  } catch (const StoppedError&) {
+    return {End::stopped, {}, {}};
+  } catch (const PrintError& error) {
+    return failed(End::refused, options.report, error);
+  } catch (const FileError& error) {
+    if (error.kind() != ErrorKind::cannotWrite) throw;
+    return failed(End::fileLost, options.report, error);
   }
-  run.end();
-  return any && !run.lost();
+  return printed(*context);
 }
 
-bool VDoc::PrintAll(const RunOptions& options) {
-  return printPages(options, {}, false);
+PrintOutcome VDoc::PrintAll(const RunOptions& options, const PageProgress& progress) {
+  return print(options, documentTask(*this, false, {}), progress);
 }
 
-bool VDoc::PrintToFile(const RunOptions& options, const std::string& path) {
-  return printPages(options, path, false);
+PrintOutcome VDoc::PrintToFile(const RunOptions& options, const std::string& path,
+                               const PageProgress& progress) {
+  return print(options, documentTask(*this, false, path), progress);
 }
 
-bool VDoc::PrintSelected(const RunOptions& options) {
+PrintOutcome VDoc::PrintSelected(const RunOptions& options, const PageProgress& progress) {
   SelectPages();
-  return printPages(options, {}, true);
+  return print(options, documentTask(*this, true, {}), progress);
 }
 
-bool VDoc::PrintPage(const RunOptions& options, std::int32_t number) {
-  PrintRun run(*this, options, std::string(interfaceTexts().PageJobName) + std::to_string(number),
-               {});
-  if (!run.going()) return !run.lost();
-  ReadUpTo(number);
-  VDocPage* page = GetPage(number);
-  if (page == nullptr) return false;
-  const PrintedPage inUse(*page);
-  if (!page->Loaded) return false;
-  run.print(*page);
-  run.end();
-  return !run.lost();
+PrintOutcome VDoc::PrintPage(const RunOptions& options, std::int32_t number,
+                             const PageProgress& progress) {
+  PrintTask task;
+  task.title = std::string(interfaceTexts().PageJobName) + std::to_string(number);
+  if (findPage(number) != nullptr) task.pages = {number};
+  task.unscales = false;
+  return print(options, task, progress);
 }
 
 }  // namespace qor

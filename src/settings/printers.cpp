@@ -45,6 +45,10 @@ DeviceMode deviceModeOf(const Printer& printer, const VSetPage& page, Purpose pu
     mode.dmCopies =
         purpose == Purpose::measure ? clamped(-std::int64_t{page.NumOfCopies}) : page.NumOfCopies;
   }
+  if (page.PaperSource != kFormSource) {
+    mode.dmFields |= DM_DEFAULTSOURCE;
+    mode.dmDefaultSource = page.PaperSource;
+  }
   if (page.SortByCopies) {
     mode.dmFields |= DM_COLLATE;
     mode.dmCollate = 1;

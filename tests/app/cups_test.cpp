@@ -5,14 +5,20 @@
 
 #include <gtest/gtest.h>
 
+#include "base/run_options.h"
+#include "platform/print/print_system.h"
 #include "support/cups_scheduler.h"
 #include "support/pdf_reader.h"
+#include "support/report_reader.h"
+#include "support/variable.h"
 
 namespace qor::test {
 namespace {
 
 constexpr const char* kPostScriptDriver = "drv:///sample.drv/generic.ppd";
 constexpr const char* kPdfDriver = "/usr/share/ppd/cupsfilters/Generic-PDF_Printer-PDF.ppd";
+constexpr const char* kPjlDriver =
+    "/usr/share/ppd/cupsfilters/Fuji_Xerox-DocuPrint_CM305_df-PDF.ppd";
 constexpr const char* kMatrixDriver = "drv:///sample.drv/epson24.ppd";
 
 // The queue; print and page of the settings set; the job as the scheduler saw it, behind the title;
@@ -93,6 +99,68 @@ TEST(Cups, saysWhyNothingWasPrinted) {
     EXPECT_FALSE(place.has("r.txt") || place.has("r(print).pdf"));
     EXPECT_TRUE(dies || scheduler.command({"lpstat", "-o"}).starts_with("stopped-"));
   }
+}
+
+// A queue's own default paper doesn't come in between, nor does the tray that the user has chosen
+// for all jobs of the queue: it goes with those that name none, or one that isn't there. The marks
+// are those of the printers' languages: PCL's tray and paper; PJL's, and the sheet in PDF.
+TEST(Cups, takesSheetsFromTheirTray) {
+  const CupsScheduler scheduler;
+  scheduler.addQueue("pcl", "drv:///sample.drv/laserjet.ppd", "media-default=iso_a3_297x420mm");
+  scheduler.addQueue("pjl", kPjlDriver);
+  const TemporaryDirectory place;
+  place.write("r.txt", "Alpha\r\n");
+  std::filesystem::create_directory(place.path(".cups"));
+  place.write(".cups/lpoptions", "Dest pcl InputSlot=Tray3 AP_D_InputSlot=Tray3\n");
+  Surroundings around = scheduler.surroundings(place);
+  around.environment["HOME"] = place.path();
+  // The queue, the tray and the paper of the set, and the marks.
+  const std::tuple<const char*, const char*, const char*, std::vector<std::string>> rows[] = {
+      {"pcl", "2", "9", {"\033E\033&l1H", "\033&l26A"}},
+      {"pcl", "4", "1", {"\033E\033&l2H", "\033&l2A"}},
+      {"pcl", "15", "9", {"\033E\033&l4H", "\033&l26A"}},
+      {"pcl", "11", "9", {"\033E\033&l4H", "\033&l26A"}},
+      {"pjl", "20011", "11", {"MEDIASOURCE=TRAY2", "PAPER=A5", "[ 0 0 420 595 ]"}},
+      {"pjl", "15", "11", {"MEDIASOURCE=AUTO", "PAPER=A5", "[ 0 0 420 595 ]"}}};
+  for (const auto& [queue, tray, paper, marks] : rows) {
+    SCOPED_TRACE(std::string(queue) + tray);
+    place.write("s.vset", "<Ver/>\r\n<Set SetName=\"S\">\r\n<Print>\r\n<PaperSource=\"" +
+                              std::string(tray) + "\"/>\r\n<Print/>\r\n<Page>\r\n<PaperSize=\"" +
+                              paper + "\"/>\r\n<Page/>\r\n<Set/>");
+    expectTold(runViewer({"-g", "-f", "r.txt", "-p", queue, "-i", "s.vset#S"}, around), "");
+    scheduler.finishJobs();
+    const std::string arrived = readFile(scheduler.output(queue));
+    for (const std::string& mark : marks) EXPECT_NE(arrived.find(mark), std::string::npos) << mark;
+  }
+}
+
+// In the process: nobody stops a run without a window.
+TEST(Cups, takesBackAJobThatIsStopped) {
+  const CupsScheduler scheduler;
+  scheduler.addQueue("usual", kPdfDriver);
+  TestReport report("A\r\n\fB\r\n\fC\r\n");
+  const TemporaryDirectory place;
+  const Variable server("CUPS_SERVER",
+                        scheduler.surroundings(place).environment.at("CUPS_SERVER").c_str());
+  const auto print = [&report](std::int32_t wanted) {
+    setPrintSystem(nullptr);
+    RunOptions run = runOptions();
+    run.printer = "usual";
+    const PrintOutcome outcome = report.doc().PrintAll(
+        run, [wanted](std::int32_t page, std::int32_t) { return page != wanted; });
+    setPrintSystem(nullptr);
+    EXPECT_EQ(outcome.end, wanted < 3 ? PrintOutcome::End::stopped : PrintOutcome::End::printed);
+    EXPECT_EQ(outcome.notice + outcome.file, "");
+  };
+  // What a thread asks of CUPS first decides where its scheduler is.
+  std::thread([&print] { print(2); }).join();
+  scheduler.finishJobs();
+  EXPECT_EQ(scheduler.jobs(), std::set<std::string>());
+  EXPECT_FALSE(std::filesystem::exists(scheduler.output("usual")));
+  EXPECT_TRUE(scheduler.command({"lpstat", "-W", "completed", "-o"}).starts_with("usual-1 "));
+  std::thread([&print] { print(9); }).join();
+  scheduler.finishJobs();
+  EXPECT_EQ(readPdf(scheduler.output("usual")).pages, 3);
 }
 
 }  // namespace

@@ -213,6 +213,114 @@ TEST_F(PrintJobs, takeThePagesThatAreAskedFor) {
   EXPECT_THROW(report_.doc().PrintSelected(runOptions()), ConversionError);
 }
 
+TEST_F(PrintJobs, goOutBackwardsWhereTheSettingsSaySo) {
+  report_.doc().Settings.Page.ReverseOrder = true;
+  EXPECT_EQ(printed([](VDoc& doc) { doc.PrintAll(runOptions()); }),
+            "1DD@200 1D@505 2CC@200 2C@505 3B@200 4A@200 QorUtlView, Document");
+  EXPECT_EQ(printed([this](VDoc& doc) {
+              doc.PrintToFile(runOptions(), report_.path("report(print).pdf"));
+            }),
+            "1DD@200 1D@505 2CC@200 2C@505 3B@200 4A@200 QorUtlView, Document");
+  report_.doc().Settings.Page.PagesForPrint = "2,4";
+  EXPECT_EQ(printed([](VDoc& doc) { doc.PrintSelected(runOptions()); }),
+            "1DD@200 1D@505 2B@200 QorUtlView, Document");
+}
+
+// What is told behind each page: how many of how many. Two of three pages are let pass.
+TEST_F(PrintJobs, stopBehindAPage) {
+  report_.doc().Settings.Page.PagesForPrint = "2-4";
+  const auto print = [this](std::int32_t wanted, PrintOutcome::End end) {
+    std::string told;
+    const PrintOutcome outcome =
+        report_.doc().PrintSelected(runOptions(), [&](std::int32_t page, std::int32_t pages) {
+          told += std::to_string(page) + "/" + std::to_string(pages) + " ";
+          return page < wanted;
+        });
+    EXPECT_EQ(outcome.end, end);
+    return told + outcome.notice + outcome.file;
+  };
+  const std::string file = report_.path("report(print).pdf");
+  EXPECT_EQ(print(2, PrintOutcome::End::stopped), "1/3 2/3 ");
+  EXPECT_EQ(report_.names(), std::vector<std::string>{"report.txt"});
+  EXPECT_EQ(print(9, PrintOutcome::End::printed), "1/3 2/3 3/3 " + file);
+  const std::string whole = readFile(file);
+  EXPECT_EQ(print(3, PrintOutcome::End::stopped), "1/3 2/3 3/3 ");
+  EXPECT_EQ(readFile(file), whole);
+  EXPECT_EQ(report_.names(), (std::vector<std::string>{"report(print).pdf", "report.txt"}));
+}
+
+// Queues that differ in what they do with a job.
+class MoodyQueues : public PrintQueues {
+ public:
+  std::vector<QueueName> list() override { return {}; }
+  std::string defaultName() override { return "waits"; }
+
+  std::optional<Queue> find(const std::string& name) override {
+    if (name == "nobody") return std::nullopt;
+    Queue queue;
+    queue.id.name = name;
+    queue.stopped = name == "waits";
+    return queue;
+  }
+
+  std::unique_ptr<PrintJob> open(const std::string& name, const JobTicket&) override {
+    if (name == "closed") throw PrintError("closed: no");
+    return std::make_unique<Job>(name == "full");
+  }
+
+ private:
+  struct Job : PrintJob {
+    explicit Job(bool refuses) : refuses_(refuses) {}
+    void write(std::string_view) override {}
+    void finish() override {
+      if (refuses_) throw PrintError("full: no");
+    }
+    bool refuses_;
+  };
+};
+
+TEST(Print, saysWhatBecameOfAJob) {
+  using enum PrintOutcome::End;
+  // The printer, the pages, the end, and the notice with "R" for the report.
+  const std::tuple<const char*, const char*, PrintOutcome::End, bool, std::string> rows[] = {
+      {"", "1", printed, false, "waits: the printer is stopped, the job waits for it"},
+      {"goes", "1", printed, false, ""},
+      {"nobody", "1", noPrinter, false,
+       "nobody: there is no such printer, or the print system doesn't answer"},
+      {"closed", "1", refused, false, "R: not printed: closed: no"},
+      {"full", "1", refused, false, "R: not printed: full: no"},
+      {"waits", "3", noPages, true, "R: none of the report's pages is chosen"},
+      {kPdfFilePrinter, "1", fileLost, true, "R: not printed: R/lost/x: Not a directory"}};
+  TestReport report("A\r\n\fB\r\n");
+  std::vector<std::unique_ptr<PrintQueues>> systems;
+  systems.push_back(std::make_unique<MoodyQueues>());
+  setPrintSystem(std::make_unique<PrintSystem>(std::move(systems)));
+  const auto expect = [](const PrintOutcome& outcome, PrintOutcome::End end, bool nothing,
+                         const std::string& notice) {
+    EXPECT_EQ(outcome.end, end) << notice;
+    EXPECT_EQ(outcome.cameToNothing(), nothing) << notice;
+    std::string told = outcome.notice;
+    for (auto place = told.find(AppOptions.FileName); place != std::string::npos;
+         place = told.find(AppOptions.FileName))
+      told.replace(place, AppOptions.FileName.size(), "R");
+    EXPECT_EQ(told, notice);
+    EXPECT_EQ(outcome.file, "");
+  };
+  RunOptions run = runOptions();
+  for (const auto& [printer, pages, end, nothing, notice] : rows) {
+    run.printer = printer;
+    report.doc().Settings.Page.PagesForPrint = pages;
+    expect(end == fileLost ? report.doc().PrintToFile(run, run.report + "/lost/x")
+                           : report.doc().PrintSelected(run),
+           end, nothing, notice);
+  }
+  expect(report.doc().PrintPage(run, 3), noPages, true, "R: none of the report's pages is chosen");
+  TestReport empty("");
+  run.report = AppOptions.FileName;
+  expect(empty.doc().PrintAll(run), noPages, true, "R: the report has no pages");
+  setPrintSystem(nullptr);
+}
+
 // How many dots of ink here have no trace within six dots of their place there.
 int strangers(const Picture& here, const Picture& there) {
   constexpr int kNear = 6;

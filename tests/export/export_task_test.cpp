@@ -20,6 +20,7 @@ std::string exportSome(TestReport& report, const std::string& name, int wanted,
   std::string told;
   ExportTask task = {report.doc(), report.path(name), runOptions()};
   task.options.ImageFormats.set(kImagePng);
+  task.options.PrintToPdfPrinter = name.find("printed") != std::string::npos;
   task.progress = [&](std::int32_t page, std::int32_t pages) {
     told += std::to_string(page) + "/" + std::to_string(pages) + " ";
     return page < wanted;
@@ -31,7 +32,7 @@ std::string exportSome(TestReport& report, const std::string& name, int wanted,
 
 // A target stays as it was, pictures that were finished stay, and nothing else is left.
 TEST(ExportTask, stopsBehindAPage) {
-  for (const std::string name : {"r.txt", "r.html", "r.pdf"}) {
+  for (const std::string name : {"r.txt", "r.html", "r.pdf", "printed.pdf"}) {
     TestReport report("A\r\n\fB\r\n\fC\r\n");
     const std::string target = report.path(name);
     EXPECT_EQ(exportSome(report, name, 9, ExportResult::done), "1/3 2/3 3/3 " + name);
@@ -43,6 +44,7 @@ TEST(ExportTask, stopsBehindAPage) {
     EXPECT_EQ(report.names(), std::vector<std::string>{"report.txt"});
   }
   TestReport report("A\r\n\fB\r\n\fC\r\n");
+  EXPECT_EQ(exportSome(report, "none/printed.pdf", 9, ExportResult::stopped), "");
   EXPECT_EQ(exportSome(report, "r.png", 2, ExportResult::stopped), "1/3 2/3 r(1).pngr(2).png");
   EXPECT_EQ(report.names(), (std::vector<std::string>{"r(1).png", "r(2).png", "report.txt"}));
 }

@@ -118,6 +118,7 @@ TEST_F(Printers, takeDeviceModesFromThePage) {
   VSetPage copies;
   copies.NumOfCopies = 3;
   copies.SortByCopies = true;
+  copies.PaperSource = 2;
   // The defaults ask for an orientation, a quality and a colour.
   // The page, the fields, and the sheet in dots of 1/300 by 1/150 inch, the same for measuring and
   // printing.
@@ -133,13 +134,14 @@ TEST_F(Printers, takeDeviceModesFromThePage) {
       {pageOf(256, 100), 0xC0F, {1181, 1753}},
       {pageOf(0, 250, 80, 2), 0xC0F, {2952, 472}},
       {pageOf(0, 1e9, 1e9), 0xC0F, {3543, 2952}},
-      {copies, 0x8D01, {2480, 1753}}};
+      {copies, 0x8F01, {2480, 1753}}};
   const auto sheet = [] {
     return Point{gPrintMetrics.PhysicalWidth, gPrintMetrics.PhysicalHeight};
   };
   for (const auto& [page, fields, dots] : rows) {
     const auto context = CreatePrintDC("", page, 100, false);
     EXPECT_EQ(context->mode().dmFields, fields) << page.PaperSize;
+    EXPECT_EQ(context->mode().dmDefaultSource, page.PaperSource);
     EXPECT_EQ(sheet(), dots) << page.PaperSize;
     EXPECT_EQ(UpdatePrintMetrics("laser", page, 100, false), 1);
     EXPECT_EQ(sheet(), dots) << page.PaperSize;
@@ -173,6 +175,13 @@ TEST_F(Printers, turnWishesIntoTickets) {
   EXPECT_FALSE(ticket(page).color || ticket(page).quality);
   page.SortByCopies = true;
   EXPECT_TRUE(ticket(page).collated);
+  for (const auto& [bin, source] :
+       {std::pair{15, ""}, {1, "top"}, {24852, "tray-1"}, {2, "tray-2"}, {7, "auto"}, {99, ""}}) {
+    page.PaperSource = bin;
+    EXPECT_EQ(ticket(page).source, source);
+  }
+  page.Orientation = 2;
+  EXPECT_EQ(ticket(page).mediaSize, (MediaSize{21000, 29700}));
 }
 
 TEST_F(Printers, cutSheetsToTheSizesThatTheyTake) {
@@ -213,10 +222,10 @@ TEST_F(Printers, listPapersAndBins) {
   }
   ItemList bins;
   ListBins("laser", bins, &selected, page);
-  EXPECT_EQ(bins, (ItemList{"15|Automatically Select", "7|Automatic", "2|Tray 2", "257|roll-7",
-                            "1|Upper tray", "1|Tray 1", "1|Main tray", "2|Lower tray", "3|Tray 3",
-                            "3|Middle tray", "4|Manual feed", "5|Envelope feeder", "4|Manual feed",
-                            "11|Large capacity tray"}));
+  EXPECT_EQ(bins, (ItemList{"15|Automatically Select", "7|Automatic", "2|Tray 2", "11451|roll-7",
+                            "1|Upper tray", "24852|Tray 1", "23849|Main tray", "15051|Lower tray",
+                            "3|Tray 3", "23129|Middle tray", "4|Manual feed", "5|Envelope feeder",
+                            "25802|Manual feed", "11|Large capacity tray"}));
   EXPECT_EQ(selected, 0);
 }
 
@@ -243,7 +252,7 @@ TEST_F(Printers, standInTheTreeWithAllTheyTell) {
   for (const char* part :
        {"        Paper Size: A4|", "      Paper Height: 297 mm|",
         "      Resolution Y: 1669 pixels|", " Physical Offset X: 60 pixels|",
-        "Tabloid  (279.4 x 431.8 mm)  (#3)|", "600 x 300 DPI|", "roll-7  ( #257 )|"})
+        "Tabloid  (279.4 x 431.8 mm)  (#3)|", "600 x 300 DPI|", "roll-7  ( #11451 )|"})
     EXPECT_NE(text.find(part), std::string::npos) << text;
 }
 

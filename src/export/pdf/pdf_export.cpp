@@ -92,14 +92,18 @@ class ChosenPrinter {
   SheetMeasures metrics_;
 };
 
-void exportByPrinter(const ExportTask& task) {
+// False where the job came to nothing, for a reason that is told.
+bool exportByPrinter(const ExportTask& task) {
   const ChosenPrinter chosen(task.doc);
   const ExportOptions& options = task.options;
   task.doc.PrintScale = options.ScaleToPaper ? options.PaperScale : 100;
   task.doc.PrintScaleFlag = options.ScaleToPaper;
   RunOptions run = task.startedWith;
   run.printer = kPdfFilePrinter;
-  task.doc.PrintToFile(run, task.target);
+  const PrintOutcome outcome = task.doc.PrintToFile(run, task.target, task.progress);
+  if (outcome.end == PrintOutcome::End::stopped) throw StoppedError();
+  if (!outcome.notice.empty()) writeErrorLine(outcome.notice);
+  return outcome.end == PrintOutcome::End::printed;
 }
 
 struct WidthRow {
@@ -162,11 +166,8 @@ bool exportTold(const ExportTask& task) {
 }  // namespace
 
 ExportResult ExportPdf(ExportTask& task) {
-  if (task.options.PrintToPdfPrinter) {
-    exportByPrinter(task);
-  } else if (!exportTold(task)) {
-    return ExportResult::stopped;
-  }
+  const bool exported = task.options.PrintToPdfPrinter ? exportByPrinter(task) : exportTold(task);
+  if (!exported) return ExportResult::stopped;
   task.files.push_back(task.target);
   return ExportResult::done;
 }

@@ -45,16 +45,25 @@ constexpr std::array<std::string_view, 17> kTicketOptions = {
     "fitplot",    "print-quality", "OutputMode", "cupsPrintQuality", "print-color-mode",
     "ColorModel", "Resolution"};
 
+bool tellsSource(std::string_view option) {
+  return option.ends_with("InputSlot") || option == "media-source" || option == "HPPaperSource";
+}
+
+bool isTicketOption(std::string_view option, const JobTicket& ticket) {
+  const auto* end = kTicketOptions.end();
+  return std::find(kTicketOptions.begin(), end, option) != end ||
+         (!ticket.source.empty() && tellsSource(option));
+}
+
 // What else the user has set for the queue with lpoptions.
-void addUserOptions(Options& options, http_t* connection, const std::string& queue) {
+void addUserOptions(Options& options, http_t* connection, const std::string& queue,
+                    const JobTicket& ticket) {
   const std::unique_ptr<cups_dest_t, DestinationDeleter> destination(
       cupsGetNamedDest(connection, queue.c_str(), nullptr));
   if (!destination) return;
   for (int i = 0; i < destination->num_options; ++i) {
     const cups_option_t& option = destination->options[i];
-    const auto* end = kTicketOptions.end();
-    if (std::find(kTicketOptions.begin(), end, option.name) != end) continue;
-    options.add(option.name, option.value);
+    if (!isTicketOption(option.name, ticket)) options.add(option.name, option.value);
   }
 }
 
@@ -71,6 +80,19 @@ void addTicket(Options& options, const JobTicket& ticket) {
     options.add("print-quality", std::to_string(static_cast<int>(*ticket.quality)));
   }
   if (ticket.color) options.add("print-color-mode", *ticket.color ? "color" : "monochrome");
+}
+
+// The sheet again, with its tray. Its name stays beside it: without one the scheduler would put in
+// the paper that the queue has as its default.
+void addTray(ipp_t* request, const JobTicket& ticket) {
+  const Ipp size(ippNew());
+  ippAddInteger(size.get(), IPP_TAG_ZERO, IPP_TAG_INTEGER, "x-dimension", ticket.mediaSize.width);
+  ippAddInteger(size.get(), IPP_TAG_ZERO, IPP_TAG_INTEGER, "y-dimension", ticket.mediaSize.length);
+  const Ipp sheet(ippNew());
+  ippAddCollection(sheet.get(), IPP_TAG_ZERO, "media-size", size.get());
+  ippAddString(sheet.get(), IPP_TAG_ZERO, IPP_TAG_KEYWORD, "media-source", nullptr,
+               ticket.source.c_str());
+  ippAddCollection(request, IPP_TAG_JOB, "media-col", sheet.get());
 }
 
 }  // namespace
@@ -94,12 +116,13 @@ CupsJob::~CupsJob() {
 
 void CupsJob::create(const JobTicket& ticket) {
   Options options;
-  addUserOptions(options, connection_.get(), queue_);
+  addUserOptions(options, connection_.get(), queue_, ticket);
   addTicket(options, ticket);
   Ipp request = queueRequest(IPP_OP_CREATE_JOB, queue_);
   ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr,
                ticket.title.c_str());
   options.encode(request.get());
+  if (!ticket.source.empty()) addTray(request.get(), ticket);
   const std::string resource = "/printers/" + queue_;
   const Ipp answer(cupsDoRequest(connection_.get(), request.release(), resource.c_str()));
   number_ = numberOf(answer.get(), "job-id", 0);

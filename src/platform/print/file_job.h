@@ -11,12 +11,14 @@ namespace qor {
 class FileJob : public PrintJob {
  public:
   // Throws FileError.
-  explicit FileJob(const std::string& target) : file_(target) {}
+  explicit FileJob(const std::string& target) : target_(target), file_(target) {}
 
+  std::string file() const override { return target_; }
   void write(std::string_view bytes) override { file_.write(bytes); }
   void finish() override { file_.commit(); }
 
  private:
+  std::string target_;
   OutputFile file_;
 };
 

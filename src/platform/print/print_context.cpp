@@ -52,6 +52,7 @@ PrintContext::~PrintContext() = default;
 void PrintContext::startDocument(const DocumentInfo& info) {
   document_ = std::make_unique<Document>(openJob(printer_, mode_, info),
                                          pdfSheetOf(printer_, mode_, caps_), info.title);
+  file_ = document_->job->file();
 }
 
 Canvas& PrintContext::startPage() {

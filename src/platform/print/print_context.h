@@ -31,6 +31,9 @@ class PrintContext {
   // taken back. This and the following throw FileError or PrintError.
   void startDocument(const DocumentInfo& info);
 
+  // The file that the job becomes; empty where it goes to a device.
+  const std::string& file() const { return file_; }
+
   // A page cut to the printable area. Its dots count from the corner of the sheet.
   Canvas& startPage();
   void endPage();
@@ -44,6 +47,7 @@ class PrintContext {
   Printer printer_;
   DeviceMode mode_;
   DeviceCaps caps_;
+  std::string file_;
   std::unique_ptr<Document> document_;
 };
 

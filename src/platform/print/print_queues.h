@@ -69,6 +69,8 @@ struct JobTicket {
   std::optional<int> copies;
   bool collated = false;
   std::string media;
+  MediaSize mediaSize;  // of the same sheet
+  std::string source;   // of the sheet; empty where the queue chooses
   std::optional<PrintQuality> quality;
   std::optional<bool> color;
 };
@@ -77,6 +79,9 @@ struct JobTicket {
 // taken back.
 class PrintJob : public ByteSink {
  public:
+  // The file that it becomes; empty where it goes to a device.
+  virtual std::string file() const { return {}; }
+
   // Hands the job over. Throws FileError or PrintError where it isn't taken.
   virtual void finish() = 0;
 };

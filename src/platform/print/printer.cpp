@@ -14,7 +14,6 @@ namespace {
 constexpr int kFirstOwnNumber = kUserPaper + 1;
 constexpr int kOwnNumbers = 30000;
 constexpr int kMostCopies = 9999;
-constexpr int kFormSourceBin = 15;  // DMBIN_FORMSOURCE: the paper tells the tray
 constexpr std::string_view kUsualMedia = "iso_a4_210x297mm";
 
 // The table's paper, or null. Sizes count last.
@@ -32,26 +31,31 @@ const PaperRow* rowOf(const Media& media) {
   return row == rows.end() ? nullptr : &*row;
 }
 
-// A number for a paper that Windows has none for: the same whatever other papers the queue has.
-int ownNumber(std::string_view name) {
+// Whether one of the papers or bins has the number.
+template <class Numbered>
+bool isTaken(const std::vector<Numbered>& all, int number) {
+  return std::any_of(all.begin(), all.end(),
+                     [number](const Numbered& one) { return one.number == number; });
+}
+
+// A number for what Windows has none for: the same whatever else the queue has, so that settings
+// don't mean another paper or bin at another printer.
+template <class Numbered>
+int ownNumber(const std::vector<Numbered>& all, std::string_view name) {
   std::uint32_t hash = 2166136261U;
   for (const char c : name) hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
-  return kFirstOwnNumber + static_cast<int>(hash % kOwnNumbers);
+  int number = kFirstOwnNumber + static_cast<int>(hash % kOwnNumbers);
+  while (isTaken(all, number)) ++number;
+  return number;
 }
 
 // Papers in the queue's order. Of two with one Windows number the first has it.
 std::vector<Paper> papersOf(const Queue& queue) {
   std::vector<Paper> papers;
-  const auto isTaken = [&papers](int number) {
-    return std::any_of(papers.begin(), papers.end(),
-                       [number](const Paper& paper) { return paper.number == number; });
-  };
   for (const Media& media : queue.media) {
     const PaperRow* row = rowOf(media);
-    if (row == nullptr || isTaken(row->number)) {
-      int number = ownNumber(media.name);
-      while (isTaken(number)) ++number;
-      papers.push_back({number, media.name, media});
+    if (row == nullptr || isTaken(papers, row->number)) {
+      papers.push_back({ownNumber(papers, media.name), media.name, media});
     } else {
       papers.push_back({row->number, std::string(row->name), media});
     }
@@ -71,18 +75,16 @@ std::vector<Media> usualMedia() {
   return media;
 }
 
+// Bins in the queue's order. Of two with one Windows number the first has it.
 std::vector<Bin> binsOf(const std::vector<std::string>& sources) {
-  std::vector<Bin> bins = {{kFormSourceBin, "Automatically Select"}};
-  int ownNumber = kFirstOwnNumber;
+  std::vector<Bin> bins = {{kFormSource, "Automatically Select", {}}};
   const auto rows = binTable();
   for (const std::string& source : sources) {
     const auto row = std::find_if(rows.begin(), rows.end(),
                                   [&](const BinRow& bin) { return bin.source == source; });
-    if (row == rows.end()) {
-      bins.push_back({ownNumber++, source});
-    } else {
-      bins.push_back({row->number, std::string(row->name)});
-    }
+    const std::string name(row == rows.end() ? source : row->name);
+    const bool isOwn = row == rows.end() || isTaken(bins, row->number);
+    bins.push_back({isOwn ? ownNumber(bins, source) : row->number, name, source});
   }
   return bins;
 }
@@ -120,6 +122,13 @@ const Paper* paperOf(const Printer& printer, int number) {
   if (row == rows.end()) return nullptr;
   const MediaSize size = sizeOf(*row);
   return first([&](const Paper& paper) { return sameSize(paper.media.size, size); });
+}
+
+// Empty where the printer has no such bin, or chooses by itself.
+std::string sourceOf(const Printer& printer, int number) {
+  const auto bin = std::find_if(printer.bins.begin(), printer.bins.end(),
+                                [number](const Bin& each) { return each.number == number; });
+  return bin == printer.bins.end() ? std::string() : bin->source;
 }
 
 bool takesCustomSizes(const Printer& printer) {
@@ -231,7 +240,10 @@ DeviceCaps deviceCaps(const Printer& printer, const DeviceMode& mode) {
 
 JobTicket ticketOf(const Printer& printer, const DeviceMode& mode) {
   JobTicket ticket;
-  ticket.media = mediaOf(printer, mode).name;
+  const Media sheet = mediaOf(printer, mode);
+  ticket.media = sheet.name;
+  ticket.mediaSize = sheet.size;
+  if (mode.has(DM_DEFAULTSOURCE)) ticket.source = sourceOf(printer, mode.dmDefaultSource);
   if (mode.has(DM_COPIES)) ticket.copies = std::clamp(mode.dmCopies, 1, kMostCopies);
   ticket.collated = mode.has(DM_COLLATE) && mode.dmCollate != 0;
   if (mode.has(DM_PRINTQUALITY)) {

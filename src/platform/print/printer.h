@@ -22,6 +22,7 @@ struct Paper {
 struct Bin {
   int number = 0;  // Windows bin number; from 257 on the printer's own
   std::string name;
+  std::string source;  // as the queue names it; empty where it chooses
 };
 
 struct Printer {

@@ -3,6 +3,7 @@
 
 #include "base/run_options.h"
 #include "document/vdoc.h"
+#include "platform/system/messages.h"
 #include "windows/failure_text.h"
 #include "windows/view/page_notes_watch.h"
 #include "windows/view/page_show.h"
@@ -42,11 +43,13 @@ void FormCalls::cmdSettings_Click() {
 
 void FormCalls::printChosenPages(VDoc& doc) {
   const RunOptions run = runOptions();
+  PrintOutcome outcome;
   switch (doc.Settings.Page.PrintPagesSet) {
-    case kPrintAllPages: doc.PrintAll(run); break;
-    case kPrintCurrentPage: doc.PrintPage(run, desk_.cursor.current()); break;
-    default: doc.PrintSelected(run);
+    case kPrintAllPages: outcome = doc.PrintAll(run); break;
+    case kPrintCurrentPage: outcome = doc.PrintPage(run, desk_.cursor.current()); break;
+    default: outcome = doc.PrintSelected(run);
   }
+  if (!outcome.notice.empty()) writeErrorLine(outcome.notice);
 }
 
 // What is on view stays as it is.

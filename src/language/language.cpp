@@ -102,6 +102,9 @@ const ErrorTexts& errorTexts() {
 const PreviewTexts& previewTexts() {
   return currentLanguage().preview;
 }
+const SettingsTexts& settingsTexts() {
+  return currentLanguage().settings;
+}
 int GetAnsiCodePage() {
   return AppOptions.AnsiCodePage;
 }

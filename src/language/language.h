@@ -10,6 +10,7 @@
 
 #include "language/interface_texts.h"
 #include "language/preview_texts.h"
+#include "language/settings_texts.h"
 
 namespace qor {
 
@@ -32,6 +33,7 @@ struct Language {
   ErrorTexts errors;
   ErrorTexts dosErrors;  // for those who select the DOS code page
   PreviewTexts preview;
+  SettingsTexts settings;
 };
 
 // Announces a language for the length of its life.
@@ -67,6 +69,7 @@ const Language& currentLanguage();
 const InterfaceTexts& interfaceTexts();
 const ErrorTexts& errorTexts();
 const PreviewTexts& previewTexts();
+const SettingsTexts& settingsTexts();
 int GetAnsiCodePage();
 
 // As the current language names it, or else in that language itself.

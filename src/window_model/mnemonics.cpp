@@ -27,6 +27,12 @@ char32_t letterOf(const std::string& character) {
   return lower.empty() ? 0 : lower.front();
 }
 
+std::string utf8Of(char32_t c) {
+  std::string character;
+  appendUtf8(character, c);
+  return character;
+}
+
 bool canBeTyped(char32_t letter) {
   const bool latin = letter >= U'a' && letter <= U'z';
   const bool other = letter >= U'\xE0' && letter < U'\x530' && letter != U'\xF7';
@@ -40,8 +46,7 @@ std::vector<Candidate> candidatesOf(std::string_view caption) {
   std::size_t place = 0;
   bool startsWord = true;
   for (const char32_t c : codePointsFromUtf8(caption)) {
-    std::string character;
-    appendUtf8(character, c);
+    const std::string character = utf8Of(c);
     const char32_t letter = letterOf(character);
     if (canBeTyped(letter)) {
       (startsWord ? first : inside).push_back({letter, place});
@@ -57,11 +62,11 @@ std::vector<Candidate> candidatesOf(std::string_view caption) {
 
 class Letters {
  public:
-  explicit Letters(const std::vector<std::string_view>& captions) {
+  Letters(const std::vector<std::string_view>& captions, const std::set<char32_t>& taken) {
     for (const std::string_view caption : captions) candidates_.push_back(candidatesOf(caption));
     places_.resize(captions.size(), std::string_view::npos);
     for (std::size_t i = 0; i < captions.size(); ++i) {
-      std::set<char32_t> tried;
+      std::set<char32_t> tried = taken;
       serve(i, tried);
     }
   }
@@ -70,23 +75,44 @@ class Letters {
   std::size_t placeOf(std::size_t caption) const { return places_[caption]; }
 
  private:
+  // Takes a letter that is free, or else one whose holder can be served otherwise.
   bool serve(std::size_t caption, std::set<char32_t>& tried) {
-    return std::any_of(candidates_[caption].begin(), candidates_[caption].end(),
+    const std::vector<Candidate>& candidates = candidates_[caption];
+    return std::any_of(candidates.begin(), candidates.end(),
                        [&](const Candidate& candidate) {
-                         if (!tried.insert(candidate.letter).second) return false;
-                         const auto holder = holders_.find(candidate.letter);
-                         if (holder != holders_.end() && !serve(holder->second, tried))
-                           return false;
-                         holders_[candidate.letter] = caption;
-                         places_[caption] = candidate.place;
-                         return true;
-                       });
+                         return !holders_.contains(candidate.letter) &&
+                                tried.insert(candidate.letter).second && take(caption, candidate);
+                       }) ||
+           std::any_of(candidates.begin(), candidates.end(), [&](const Candidate& candidate) {
+             return tried.insert(candidate.letter).second &&
+                    serve(holders_.at(candidate.letter), tried) && take(caption, candidate);
+           });
+  }
+
+  bool take(std::size_t caption, const Candidate& candidate) {
+    holders_[candidate.letter] = caption;
+    places_[caption] = candidate.place;
+    return true;
   }
 
   std::vector<std::vector<Candidate>> candidates_;
   std::map<char32_t, std::size_t> holders_;
   std::vector<std::size_t> places_;
 };
+
+// The letters behind the marks; "&&" is no mark.
+std::set<char32_t> markedLetters(const std::vector<std::string>& texts) {
+  std::set<char32_t> letters;
+  for (const std::string& text : texts) {
+    const std::u32string characters = codePointsFromUtf8(text);
+    for (std::size_t i = 0; i + 1 < characters.size(); ++i) {
+      if (characters[i] != U'&') continue;
+      ++i;
+      letters.insert(letterOf(utf8Of(characters[i])));
+    }
+  }
+  return letters;
+}
 
 std::string marked(std::string_view caption, std::size_t place) {
   std::string text;
@@ -99,8 +125,9 @@ std::string marked(std::string_view caption, std::size_t place) {
 
 }  // namespace
 
-std::vector<std::string> withMnemonics(const std::vector<std::string_view>& captions) {
-  const Letters letters(captions);
+std::vector<std::string> withMnemonics(const std::vector<std::string_view>& captions,
+                                       const std::vector<std::string>& seenWithThem) {
+  const Letters letters(captions, markedLetters(seenWithThem));
   std::vector<std::string> texts;
   for (std::size_t i = 0; i < captions.size(); ++i)
     texts.push_back(marked(captions[i], letters.placeOf(i)));

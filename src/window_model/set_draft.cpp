@@ -60,14 +60,4 @@ void turnSheet(VSetPage& page) {
   page.PaperWidth = std::exchange(page.PaperHeight, height);
 }
 
-PrinterValues printerValuesOf(const VSetPage& page) {
-  return {page.PaperWidth, page.PaperHeight, page.PrintColor};
-}
-
-void setPrinterValues(VSetPage& page, const PrinterValues& values) {
-  page.PaperWidth = values.PaperWidth;
-  page.PaperHeight = values.PaperHeight;
-  page.PrintColor = values.PrintColor;
-}
-
 }  // namespace qor

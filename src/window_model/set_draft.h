@@ -36,15 +36,4 @@ void resetPageOptions(VSetPage& page);
 // What becomes the height loses its fraction of a millimetre on the way.
 void turnSheet(VSetPage& page);
 
-// What a printer puts in the place of what was chosen when its papers are listed.
-struct PrinterValues {
-  double PaperWidth = 0;  // mm
-  double PaperHeight = 0;
-  std::int32_t PrintColor = 0;
-
-  bool operator==(const PrinterValues&) const = default;
-};
-PrinterValues printerValuesOf(const VSetPage& page);
-void setPrinterValues(VSetPage& page, const PrinterValues& values);
-
 }  // namespace qor

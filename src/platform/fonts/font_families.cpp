@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <set>
 #include <string_view>
 
 #include "platform/fonts/fontconfig_handles.h"
@@ -86,19 +87,34 @@ bool hasFamily(const std::string& name) {
   return families != anyFamilies;
 }
 
+namespace {
+
+// Reports name these, whatever the system has.
+constexpr const char* kReportFamilies[] = {"Arial", "Courier New", "Times New Roman"};
+
+bool standsInFor(const char* name, const std::set<std::string>& families) {
+  const std::vector<std::string> matched = matchedFamilies(name);
+  return hasFamily(name) && std::any_of(matched.begin(), matched.end(), [&](const auto& family) {
+           return families.contains(family);
+         });
+}
+
+}  // namespace
+
 std::vector<std::string> trueTypeFamilies(int charset) {
   const std::u32string letters = lettersOf(charset);
-  std::vector<std::string> names;
+  std::set<std::string> names;
   const FontSet fonts = trueTypeFonts();
   for (int i = 0; fonts && i < fonts->nfont; ++i) {
     FcChar8* name = nullptr;
     if (!serves(fonts->fonts[i], charset, letters)) continue;
     if (FcPatternGetString(fonts->fonts[i], FC_FAMILY, 0, &name) != FcResultMatch) continue;
-    names.emplace_back(reinterpret_cast<const char*>(name));
+    names.emplace(reinterpret_cast<const char*>(name));
   }
-  std::sort(names.begin(), names.end());
-  names.erase(std::unique(names.begin(), names.end()), names.end());
-  return names;
+  for (const char* name : kReportFamilies) {
+    if (standsInFor(name, names)) names.emplace(name);
+  }
+  return {names.begin(), names.end()};
 }
 
 }  // namespace qor

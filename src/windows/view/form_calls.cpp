@@ -22,7 +22,8 @@ void FormCalls::cmdSettings_Click() {
   VDoc* doc = pages_.document();
   if (!offered_.settings || doc == nullptr) return;
   scale_.reset();
-  const SettingsAnswer answer = offered_.settings(*doc, desk_.state.PreviewType);
+  const SettingsAnswer answer =
+      offered_.settings(*desk_.page_control->window(), *doc, desk_.state.PreviewType);
   if (answer.result == DialogResult::cancel) return;
   const bool prints = answer.result == DialogResult::print;
   const bool scales = prints && answer.scaleToPaper;

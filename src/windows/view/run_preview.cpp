@@ -1,5 +1,6 @@
 // The preview as the program runs it.
 #include <QMessageBox>
+#include <utility>
 
 #include "document/vdoc.h"
 #include "language/language.h"
@@ -8,6 +9,7 @@
 #include "platform/qt/qt_user_settings.h"
 #include "window_model/window_module.h"
 #include "windows/failure_text.h"
+#include "windows/settings/settings_form.h"
 #include "windows/view/tfrm_view.h"
 
 namespace qor {
@@ -37,7 +39,9 @@ __attribute__((visibility("default"))) bool qorRunPreview(
   showWarnings(warnings);
   if (desktop.isAskedToEnd()) return false;
   QtUserSettings settings;
-  TfrmView window(settings, {});
+  ViewCommands commands;
+  commands.settings = settingsForm();
+  TfrmView window(settings, std::move(commands));
   loadSettings(doc);
   const MessageSink messages([&window](MessageKind kind, std::string_view text) {
     window.showMessage(kind, qtText(text));

@@ -6,6 +6,8 @@
 
 #include "window_model/view_state.h"
 
+class QWidget;
+
 namespace qor {
 
 class VDoc;
@@ -18,8 +20,8 @@ struct SettingsAnswer {
 };
 
 struct ViewCommands {
-  // The settings dialog. It may change the document's settings.
-  std::function<SettingsAnswer(VDoc&, PreviewKind view)> settings;
+  // The settings dialog over a window. It may change the document's settings.
+  std::function<SettingsAnswer(QWidget& window, VDoc&, PreviewKind view)> settings;
   // The export dialog. It reads and changes its own choices in the state.
   std::function<void(VDoc&, ViewState&)> convert;
   // The hand-off to a mail program.

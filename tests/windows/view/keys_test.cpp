@@ -187,7 +187,7 @@ TEST(Commands, leaveThePageOnViewWhateverTheyThrow) {
   const auto commands = rowsOf("F4 cmdView_SetPrinter|F5 cmdView_Mail|F6 cmdView_Convert");
   for (const auto& [told, fail] : rows) {
     Window::Start start{reportOfPages(3), Window::zoomed(6)};
-    start.commands.settings = [&fail](VDoc& doc, PreviewKind) {
+    start.commands.settings = [&fail](QWidget&, VDoc& doc, PreviewKind) {
       doc.GetPage(2)->ReleaseLines();
       fail();
       return SettingsAnswer();

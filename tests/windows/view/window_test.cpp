@@ -154,7 +154,7 @@ TEST(PreviewWindow, printsWhatTheSettingsDialogAsksFor) {
   for (const auto& [result, pagesSet, printed] : rows) {
     int asked = 0;
     Window::Start start{reportOfPages(5)};
-    start.commands.settings = [&](VDoc& doc, PreviewKind) {
+    start.commands.settings = [&](QWidget&, VDoc& doc, PreviewKind) {
       ++asked;
       doc.Settings.Page.PrintPagesSet = pagesSet;
       doc.Settings.Page.PagesForPrint = "2-3";

@@ -7,6 +7,7 @@ in the same minutes; nothing here fails because a machine is slow.
 import os
 import shutil
 
+from dialog_rows import measure_dialog
 from export_rows import (measure_barcodes, measure_memory, measure_pdf, measure_pictures,
                          measure_printing, measure_start)
 from index_rows import measure_openings, measure_scan, measure_walk
@@ -47,6 +48,7 @@ def main():
     measure_memory(many, small)
     measure_start(page)
     measure_windows(many)
+    measure_dialog()
     measure_barcodes()
 
 

@@ -10,7 +10,7 @@
 
 #include "base/app_options.h"
 #include "document/vdoc.h"
-#include "platform/system/user_settings.h"
+#include "no_settings.h"
 #include "settings/printers.h"
 #include "window_model/zoom_list.h"
 #include "windows/view/tfrm_view.h"
@@ -21,18 +21,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr int kRounds = 15;
-
-// Nothing is stored, and nothing was.
-class NoSettings : public qor::UserSettings {
- public:
-  bool isUsable() const override { return false; }
-  std::optional<int> integer(std::string_view) const override { return {}; }
-  std::optional<bool> flag(std::string_view) const override { return {}; }
-  void setInteger(std::string_view, int) override {}
-  void setFlag(std::string_view, bool) override {}
-  bool save() override { return true; }
-  std::string location() const override { return {}; }
-};
 
 double secondsOf(const std::function<void()>& command) {
   const auto start = Clock::now();

@@ -55,6 +55,7 @@ void JobProgress::open() {
   dialog_->setCancelButtonText(cancel_text_);
   dialog_->setMinimumWidth(kLeastWidth);
   dialog_->setAutoReset(false);
+  QObject::connect(dialog_.get(), &QDialog::rejected, dialog_.get(), &QProgressDialog::cancel);
   QApplication::restoreOverrideCursor();
 }
 

@@ -1,21 +1,32 @@
 // Forms beside the window.
 #include "windows/view/form_calls.h"
 
+#include <QScopedValueRollback>
+#include <utility>
+
 #include "base/run_options.h"
 #include "document/vdoc.h"
-#include "platform/system/messages.h"
+#include "language/language.h"
+#include "platform/qt/qt_text.h"
 #include "windows/failure_text.h"
+#include "windows/job_progress.h"
 #include "windows/view/page_notes_watch.h"
 #include "windows/view/page_show.h"
+#include "windows/view/page_zoom.h"
 #include "windows/view/paper_scale.h"
 #include "windows/view/preview_printer.h"
 #include "windows/view/view_desk.h"
 
 namespace qor {
 
-FormCalls::FormCalls(ViewDesk& desk, ViewCommands offered, PageShow& pages, PageNotesWatch& notes,
-                     PaperScale& scale)
-    : desk_(desk), offered_(std::move(offered)), pages_(pages), notes_(notes), scale_(scale) {
+FormCalls::FormCalls(ViewDesk& desk, ViewCommands offered, const PageZoom& zoom, PageShow& pages,
+                     PageNotesWatch& notes, PaperScale& scale)
+    : desk_(desk),
+      zoom_(zoom),
+      offered_(std::move(offered)),
+      pages_(pages),
+      notes_(notes),
+      scale_(scale) {
 }
 
 void FormCalls::cmdSettings_Click() {
@@ -27,30 +38,63 @@ void FormCalls::cmdSettings_Click() {
   if (answer.result == DialogResult::cancel) return;
   const bool prints = answer.result == DialogResult::print;
   const bool scales = prints && answer.scaleToPaper;
-  scales ? openPrinterScaled(desk_, *doc) : openPrinterUnscaled(*doc);
+  openPrinter(scales, *doc);
   pages_.release();
   notes_.stop();
+  PrintOutcome outcome;
   const QString failure = failureOf([&] {
     doc->ScanPages(false);
-    if (prints) printChosenPages(*doc);
+    if (prints) outcome = printChosenPages(*doc);
   });
   // A scaled job leaves its own resolution behind, which is none of the view's.
-  if (scales) openPrinterUnscaled(*doc);
+  if (scales) openPrinter(false, *doc);
   scale_.reset();
   desk_.growth.noteFile();
   emit pagesIndexed();
-  if (!failure.isNull()) emit failed(failure);
+  if (!failure.isNull()) {
+    emit failed(failure);
+  } else if (prints) {
+    tell(outcome, doc->Settings.Page.NumOfCopies);
+  }
 }
 
-void FormCalls::printChosenPages(VDoc& doc) {
+// A zoom that fits something has no percentage of its own: the one that is seen stands for it.
+void FormCalls::openPrinter(bool scaled, VDoc& doc) {
+  if (!scaled) return openPrinterUnscaled(doc);
+  const std::int32_t chosen = zoom_.wanted();
+  openPrinterScaled(desk_, chosen > 0 ? chosen : zoom_.onView(), doc);
+}
+
+PrintOutcome FormCalls::printChosenPages(VDoc& doc) {
+  const VSetPage& page = doc.Settings.Page;
+  // Pages that have just been indexed bear no marks of an earlier choice.
+  if (page.PrintPagesSet == kPrintListedPages && page.PagesForPrint.empty())
+    return {PrintOutcome::End::noPages, {}, {}};
   const RunOptions run = runOptions();
-  PrintOutcome outcome;
-  switch (doc.Settings.Page.PrintPagesSet) {
-    case kPrintAllPages: outcome = doc.PrintAll(run); break;
-    case kPrintCurrentPage: outcome = doc.PrintPage(run, desk_.cursor.current()); break;
-    default: outcome = doc.PrintSelected(run);
+  const SettingsTexts& texts = settingsTexts();
+  const QScopedValueRollback<bool> busy(desk_.busy, true);
+  JobProgress job(desk_.page_control->window(), qtText(texts.printing), qtText(texts.cancel));
+  switch (page.PrintPagesSet) {
+    case kPrintAllPages: return doc.PrintAll(run, job.callback());
+    case kPrintCurrentPage: return doc.PrintPage(run, desk_.cursor.current(), job.callback());
+    default: return doc.PrintSelected(run, job.callback());
   }
-  if (!outcome.notice.empty()) writeErrorLine(outcome.notice);
+}
+
+// A user who has stopped a job knows of it.
+void FormCalls::tell(const PrintOutcome& outcome, int copies) {
+  using enum PrintOutcome::End;
+  const SettingsTexts& texts = settingsTexts();
+  if (outcome.end == noPages) {
+    emit told(qtText(texts.nothingPrinted));
+  } else if (outcome.end != printed && outcome.end != stopped) {
+    emit failed(qtText(outcome.notice));
+  } else if (!outcome.notice.empty()) {
+    emit told(qtText(outcome.notice));
+  } else if (!outcome.file.empty()) {
+    emit told(qtText(texts.printedTo) + qtText(outcome.file) +
+              qtText(copies == 1 ? std::string_view() : texts.eachPageOnce));
+  }
 }
 
 // What is on view stays as it is.

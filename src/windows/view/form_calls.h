@@ -9,7 +9,9 @@ namespace qor {
 
 class PageNotesWatch;
 class PageShow;
+class PageZoom;
 class PaperScale;
+struct PrintOutcome;
 struct ViewDesk;
 
 class FormCalls : public QObject {
@@ -17,8 +19,8 @@ class FormCalls : public QObject {
 
  public:
   // A form that isn't offered is null in `offered`.
-  FormCalls(ViewDesk& desk, ViewCommands offered, PageShow& pages, PageNotesWatch& notes,
-            PaperScale& scale);
+  FormCalls(ViewDesk& desk, ViewCommands offered, const PageZoom& zoom, PageShow& pages,
+            PageNotesWatch& notes, PaperScale& scale);
 
   const ViewCommands& offered() const { return offered_; }
 
@@ -31,12 +33,16 @@ class FormCalls : public QObject {
  signals:
   void pagesIndexed();  // anew; the page is to be shown
   void stateChanged();
+  void told(const QString& message);  // in passing
   void failed(const QString& reason);
 
  private:
-  void printChosenPages(VDoc& doc);
+  void openPrinter(bool scaled, VDoc& doc);
+  PrintOutcome printChosenPages(VDoc& doc);
+  void tell(const PrintOutcome& outcome, int copies);
 
   ViewDesk& desk_;
+  const PageZoom& zoom_;
   ViewCommands offered_;
   PageShow& pages_;
   PageNotesWatch& notes_;

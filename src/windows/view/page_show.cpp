@@ -34,7 +34,7 @@ VDocPage* PageShow::loadedPage() const {
 }
 
 void PageShow::ShowPage() {
-  if (!started_) return;
+  if (!started_ || desk_.busy) return;
   countPages();
   desk_.cursor.setSeveral(desk_.state.showsSeveral());
   updateArea();

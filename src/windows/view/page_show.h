@@ -33,7 +33,8 @@ class PageShow : public QObject {
   void start() { started_ = true; }
   bool isStarted() const { return started_; }
 
-  // Re-reads the page and shows it, or says why not.
+  // Re-reads the page and shows it, or says why not. Nothing while a job is at work: the page is
+  // shown behind it.
   void ShowPage();
 
   // Shows the page at its size on a sheet that is shrunk to `percent`.

@@ -16,16 +16,16 @@ void openPrinter(VDoc& doc, std::int32_t scale, bool scaled) {
   UpdatePrintMetrics(AppOptions.PrinterName, doc.Settings.Page, scale, scaled);
 }
 
-ScaleQuestion questionOf(const ViewDesk& desk, const VDoc& doc) {
-  return {desk.page_control->logicalDpiX(), zoomPercent(desk.state.ZoomID),
-          doc.Settings.Scr.view_width};
+ScaleQuestion questionOf(const ViewDesk& desk, std::int32_t zoom, const VDoc& doc) {
+  return {desk.page_control->logicalDpiX(), zoom, doc.Settings.Scr.view_width};
 }
 
 }  // namespace
 
 void openPrinterForView(const ViewDesk& desk, VDoc& doc) {
   const VSet& settings = doc.Settings;
-  const auto scale = previewPrintScale(questionOf(desk, doc), settings.Page, settings.Prn);
+  const ScaleQuestion question = questionOf(desk, zoomPercent(desk.state.ZoomID), doc);
+  const auto scale = previewPrintScale(question, settings.Page, settings.Prn);
   openPrinter(doc, scale.value_or(doc.PrintScale), false);
 }
 
@@ -33,9 +33,10 @@ void openPrinterUnscaled(VDoc& doc) {
   openPrinter(doc, kNaturalZoom, false);
 }
 
-void openPrinterScaled(const ViewDesk& desk, VDoc& doc) {
+void openPrinterScaled(const ViewDesk& desk, std::int32_t zoom, VDoc& doc) {
   const VSet& settings = doc.Settings;
-  openPrinter(doc, ComputePrintScale(questionOf(desk, doc), settings.Page, settings.Prn), true);
+  const ScaleQuestion question = questionOf(desk, zoom, doc);
+  openPrinter(doc, ComputePrintScale(question, settings.Page, settings.Prn), true);
 }
 
 }  // namespace qor

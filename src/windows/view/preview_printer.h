@@ -14,7 +14,8 @@ void openPrinterForView(const ViewDesk& desk, VDoc& doc);
 // Opens it at its own scale.
 void openPrinterUnscaled(VDoc& doc);
 
-// Opens it for a job whose pages are scaled to fill the paper as they fill the view.
-void openPrinterScaled(const ViewDesk& desk, VDoc& doc);
+// Opens it for a job whose pages are scaled to fill the paper as they fill the view at this zoom,
+// in percent.
+void openPrinterScaled(const ViewDesk& desk, std::int32_t zoom, VDoc& doc);
 
 }  // namespace qor

@@ -49,6 +49,7 @@ __attribute__((visibility("default"))) bool qorRunPreview(
   window.SetDocument(&doc, firstPage(doc));
   window.show();
   desktop.run();
+  window.close();
   window.SetDocument(nullptr, nullptr);
   return window.hasShownReport();
 }

@@ -91,6 +91,8 @@ void TfrmView::FormShow() {
 }
 
 void TfrmView::closeEvent(QCloseEvent* event) {
+  close_wanted_ = parts_->desk->busy;
+  if (close_wanted_) return event->ignore();
   FormClose();
   QMainWindow::closeEvent(event);
 }

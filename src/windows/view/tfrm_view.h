@@ -90,6 +90,7 @@ class TfrmView : public QMainWindow {
   QTimer* TimerDynamicBlinc_;
   ViewState stored_;  // the state as it was stored last
   bool shown_ = false;
+  bool close_wanted_ = false;  // while a job was at work
   bool closed_ = false;
 };
 

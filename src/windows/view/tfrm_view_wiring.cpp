@@ -89,12 +89,15 @@ void TfrmView::connectParts() {
   connect(&parts.notes, &PageNotesWatch::wideViewWanted, this,
           [this, &parts] { run([&] { parts.switches.cmdView_SetPreviewTypeClick(kWideView); }); });
   connect(&parts.forms, &FormCalls::stateChanged, this, &TfrmView::keepState);
+  connect(&parts.forms, &FormCalls::told, this,
+          [&parts](const QString& message) { parts.desk->status.setMessage(message); });
   connect(&parts.forms, &FormCalls::failed, this,
           [this](const QString& reason) { showMessage(MessageKind::error, reason); });
   connect(&parts.forms, &FormCalls::pagesIndexed, this, [this, &parts] {
     showTotal();
     parts.list.fill();
     cmbPagesChange();
+    if (close_wanted_) close();
   });
 }
 
@@ -141,6 +144,7 @@ void TfrmView::showTotal() {
 }
 
 void TfrmView::TimerDynamicBlincTimer() {
+  if (parts_->desk->busy) return;
   GrowthWatch& growth = parts_->desk->growth;
   VDoc* doc = parts_->pages.document();
   const QString failure = failureOf([&] {

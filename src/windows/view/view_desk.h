@@ -20,6 +20,7 @@ struct ViewDesk {
   ViewState state;
   PageCursor cursor;
   GrowthWatch growth;
+  bool busy = false;  // a job reads the document: nobody else may, and the window stays open
 };
 
 }  // namespace qor

@@ -17,7 +17,7 @@ ViewParts::ViewParts(QMainWindow* window, ViewCommands offered)
       notes(*desk, pages),
       turner(*desk, number),
       switches(*desk, pages, list, scale),
-      forms(*desk, std::move(offered), pages, notes, scale) {
+      forms(*desk, std::move(offered), zoom, pages, notes, scale) {
 }
 
 ViewParts::~ViewParts() = default;

@@ -1,0 +1,277 @@
+// What the dialog makes of a document's settings, and when.
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTreeWidget>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "settings/printers.h"
+#include "windows/settings/dialog.h"
+#include "windows/settings/made_up_printers.h"
+
+namespace qor::test {
+namespace {
+
+std::string described(const VSetPage& page) {
+  std::ostringstream out;
+  out << page.NumOfCopies << " copies, sorted " << page.SortByCopies << ", reverse "
+      << page.ReverseOrder << ", pages " << page.PrintPagesSet << " \"" << page.PagesForPrint
+      << "\", quality " << page.PrintQuality << ", color " << page.PrintColor << ", bin "
+      << page.PaperSource << ", paper " << page.PaperSize << " " << page.PaperWidth << "x"
+      << page.PaperHeight << ", way " << page.Orientation << ", margins " << page.MarginLeft << " "
+      << page.MarginTop << ", code page " << page.BaseCodePage;
+  return out.str();
+}
+
+std::string described(const FontState& font) {
+  const LogFont& face = font.LogFont;
+  std::ostringstream out;
+  out << face.faceName() << " " << font.Height << " " << font.Width << " " << font.CharSpacing
+      << ", weight " << face.Weight << ", flags " << int{face.Italic} << int{face.Underline}
+      << int{face.StrikeOut} << ", charset " << int{face.CharSet} << ", color " << font.Color;
+  return out.str();
+}
+
+// As they are before anybody changes them, with the code page of the tests' reports.
+constexpr const char* kUsualPage =
+    "1 copies, sorted 0, reverse 0, pages 0 \"\", quality 3, color 1, bin 15, paper 9 210x297, way "
+    "1, margins 0 0, code page 1251";
+constexpr const char* kUsualFont = "Courier New 10 0 0, weight 400, flags 000, charset 0, color 0";
+constexpr const char* kChangedPage =
+    "12 copies, sorted 1, reverse 1, pages 2 \"2,4-5\", quality 4, color 3, bin 3, paper 256 "
+    "123.4x200.5, way 2, margins 12 34, code page 866";
+constexpr const char* kChangedFont =
+    "Liberation Serif 14.5 7 -0.5, weight 700, flags 111, charset 204, color 8388608";
+
+void changeWhatIsPrinted(Dialog& dialog) {
+  dialog.choosePrinter("far");
+  dialog.goTo(1);
+  dialog.click("chkPrint_Pages_Numbers");
+  dialog.type("txtPrint_Pages", "2,4-5");
+  dialog.type("txtPrint_Copies", "12");
+  for (const char* box :
+       {"cbCollate", "chkQuality_High", "chkColor_Colored", "chkPrintOrder_Reverse"})
+    dialog.click(box);
+  dialog.choose("lstPrint_PaperSource", "Tray 3");
+}
+
+void changeFont(Dialog& dialog) {
+  dialog.goTo(2);
+  dialog.choose("lstFonts", "Liberation Serif");
+  dialog.type("txtFontHeight", "14.5");
+  dialog.type("txtFontWidth", "7");
+  dialog.type("txtFontSpace", "-0.5");
+  for (const char* box : {"chkFontBold", "chkFontItalic", "chkFontUnderline", "chkFontStrikeOut"})
+    dialog.click(box);
+  dialog.choose("lstFontCharSet", "204 Cyrillic characters");
+  dialog.click("pFontColor");
+  QWidget* cells = QApplication::activePopupWidget()->focusWidget();
+  QTest::keyClick(cells, Qt::Key_Right);
+  QTest::keyClick(cells, Qt::Key_Space);
+}
+
+void changePage(Dialog& dialog) {
+  dialog.goTo(3);
+  dialog.click("chkOrientation_Landscape");
+  dialog.type("txtLeft", "12");
+  dialog.type("txtTop", "34");
+  dialog.choose("lstPageSize", "Custom");
+  dialog.type("txtPageWidth", "123.4");
+  dialog.type("txtPageHeight", "200.5");
+  dialog.choose("lstBaseCodePage", "  866  DOS, Russian");
+}
+
+void expectSettings(const VDoc& doc, const char* page, const char* font) {
+  EXPECT_EQ(described(doc.Settings.Page), page);
+  EXPECT_EQ(described(doc.Settings.Font), font);
+}
+
+TEST(SettingsDialog, changesTheDocumentOnApplyAlone) {
+  const MadeUpPrinters printers;
+  Window window(withSettings(reportOfPages(5)));
+  window.doc().PrintScale = 70;
+  Dialog::in(window, [&](Dialog& dialog) {
+    EXPECT_EQ(window.doc().PrintScale, 70);
+    changeWhatIsPrinted(dialog);
+    changeFont(dialog);
+    changePage(dialog);
+    expectSettings(window.doc(), kUsualPage, kUsualFont);
+    dialog.key("Escape");
+    EXPECT_FALSE(dialog.form().isVisible());
+  });
+  expectSettings(window.doc(), kUsualPage, kUsualFont);
+  EXPECT_EQ(AppOptions.PrinterName, "");
+  // The draft outlives the cancelling, but for its printer.
+  Dialog::in(window, [&](Dialog& dialog) {
+    EXPECT_EQ(dialog.text("lblPrinter"), "near");
+    dialog.choosePrinter("far");
+    dialog.goTo(3);
+    dialog.type("txtPageWidth", "123.4");
+    dialog.type("txtPageHeight", "200.5");
+    dialog.goTo(1);
+    dialog.click("chkColor_Colored");
+    dialog.choose("lstPrint_PaperSource", "Tray 3");
+    dialog.key("Return");
+    EXPECT_FALSE(dialog.form().isVisible());
+  });
+  expectSettings(window.doc(), kChangedPage, kChangedFont);
+  EXPECT_EQ(AppOptions.PrinterName, "far");
+  EXPECT_EQ(gDefaultPrn.DeviceName, "far");
+  // A third time nothing is taken from the document, and nothing of the draft is lost.
+  window.doc().Settings.Page.NumOfCopies = 77;
+  Dialog::in(window, [&](Dialog& dialog) {
+    EXPECT_EQ(dialog.text("lblPrinter"), "far");
+    EXPECT_EQ(dialog.texts({"txtPrint_Copies", "txtPrint_Pages", "lstPrint_PaperSource",
+                            "txtFontHeight", "txtFontWidth", "txtFontSpace", "lstFonts",
+                            "lblFontName", "lstFontCharSet", "txtLeft", "txtTop", "lstPageSize",
+                            "txtPageWidth", "txtPageHeight", "lstBaseCodePage"}),
+              "12|2,4-5|Tray 3|14.5|7|-0.5|Liberation Serif|Liberation Serif|204 Cyrillic "
+              "characters|12|34|Custom|123.4|200.5|  866  DOS, Russian");
+    for (const char* on :
+         {"chkPrint_Pages_Numbers", "cbCollate", "chkQuality_High", "chkColor_Colored",
+          "chkPrintOrder_Reverse", "chkFontBold", "chkFontItalic", "chkFontUnderline",
+          "chkFontStrikeOut", "chkOrientation_Landscape"})
+      EXPECT_TRUE(dialog.isOn(on)) << on;
+    dialog.click("cmdOk");
+  });
+  EXPECT_EQ(window.doc().Settings.Page.NumOfCopies, 12);
+}
+
+// The button, and what is then applied of the page and of the font.
+TEST(SettingsDialog, resetsWhatEachButtonSays) {
+  const std::tuple<int, const char*, const char*, const char*, const char*> rows[] = {
+      {0, "cmdPrinter_Reset",
+       "12 copies, sorted 1, reverse 1, pages 2 \"2,4-5\", quality 4, color 2, bin 3, paper 256 "
+       "297x210, way 2, margins 12 34, code page 866",
+       kChangedFont, ""},
+      {1, "cmdPrint_Reset",
+       "1 copies, sorted 0, reverse 1, pages 0 \"\", quality 3, color 1, bin 3, paper 256 "
+       "123.4x200.5, way 2, margins 12 34, code page 866",
+       kChangedFont, "far"},
+      {2, "cmdFont_Reset", kChangedPage, kUsualFont, "far"},
+      {3, "cmdPage_Reset", kUsualPage, kChangedFont, "far"},
+      {4, "cmdSets_Reset",
+       "1 copies, sorted 0, reverse 0, pages 0 \"\", quality 3, color 2, bin 15, paper 9 210x297, "
+       "way 1, margins 0 0, code page 1251",
+       kUsualFont, ""}};
+  const MadeUpPrinters printers;
+  for (const auto& [tab, button, page, font, printer] : rows) {
+    SCOPED_TRACE(button);
+    Window window(withSettings(reportOfPages(5)));
+    Dialog::in(window, [&, tab = tab, button = button](Dialog& dialog) {
+      changeWhatIsPrinted(dialog);
+      changeFont(dialog);
+      changePage(dialog);
+      dialog.goTo(tab);
+      dialog.click(button);
+      dialog.click("cmdOk");
+    });
+    expectSettings(window.doc(), page, font);
+    EXPECT_EQ(AppOptions.PrinterName, printer);
+  }
+}
+
+// What there is to see of the choices that hang on each other.
+TEST(SettingsDialog, enablesWhatCanBeUsed) {
+  const MadeUpPrinters printers;
+  Window window(withSettings(reportOfPages(12)));
+  Dialog::in(window, [&](Dialog& dialog) {
+    dialog.goTo(1);
+    const auto pages = [&](const char* text) {
+      dialog.type("txtPrint_Pages", text);
+      return dialog.text("lblPagesCount");
+    };
+    EXPECT_FALSE(dialog.control("txtPrint_Pages").isEnabled());
+    dialog.click("chkPrint_Pages_Numbers");
+    EXPECT_EQ(dialog.form().focusWidget(), &dialog.control("txtPrint_Pages"));
+    EXPECT_EQ(dialog.text("lblPagesCount"), "no page is chosen");
+    EXPECT_EQ(pages("3"), "1 page");
+    EXPECT_EQ(pages("2,4-5,11-20"), "5 pages");
+    EXPECT_EQ(dialog.control("txtPrint_Pages").styleSheet(), "");
+    EXPECT_EQ(pages("5-"), "these numbers can't be read");
+    EXPECT_NE(dialog.control("txtPrint_Pages").styleSheet(), "");
+    dialog.click("chkPrint_Pages_Current");
+    EXPECT_EQ(dialog.text("lblPagesCount"), "");
+    // The arrows beside the copies.
+    dialog.type("txtPrint_Copies", "999");
+    dialog.control<QScrollBar>("cmdPrint_Quantity_UpDown")
+        .triggerAction(QAbstractSlider::SliderSingleStepSub);
+    EXPECT_EQ(dialog.text("txtPrint_Copies"), "1000");
+    dialog.type("txtPrint_Copies", "");
+    dialog.key("Tab");
+    EXPECT_EQ(dialog.text("txtPrint_Copies"), "1");
+    dialog.control<QScrollBar>("cmdPrint_Quantity_UpDown")
+        .triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(dialog.text("txtPrint_Copies"), "1");
+    dialog.goTo(3);
+    EXPECT_FALSE(dialog.control("chbscaleflag").isEnabled());
+    const auto sizes = [&] {
+      return dialog.texts({"txtPageWidth", "txtPageHeight"}) +
+             (dialog.control("txtPageWidth").isEnabled() ? " open" : "") +
+             (dialog.control("txtPageHeight").isEnabled() ? " open" : "");
+    };
+    EXPECT_EQ(dialog.texts({"lblWidthMinMax", "lblHeightMinMax"}),
+              "min = 76.2 mm, max = 215.9 mm|min = 127 mm, max = 355.6 mm");
+    EXPECT_EQ(sizes(), "210|297");
+    dialog.choose("lstPageSize", "Letter   (215.9 x 279.4 mm)");
+    EXPECT_EQ(sizes(), "215.9|279.4");
+    dialog.choose("lstPageSize", "Custom");
+    EXPECT_EQ(sizes(), "215.9|279.4 open open");
+    dialog.click("chkOrientation_Landscape");
+    EXPECT_EQ(sizes(), "279.4|215 open open") << "the fraction is lost on its way";
+    dialog.click("chkOrientation_Auto");
+    dialog.choose("lstPageSize", "A5   (148 x 210 mm)");
+    EXPECT_EQ(sizes(), "210|148") << "only an upright sheet keeps the order";
+    dialog.click("chkOrientation_Portrait");
+    EXPECT_EQ(sizes(), "148|210");
+    dialog.goTo(2);
+    dialog.choose("lstFontCharSet", "2     Standard symbol set");
+    EXPECT_EQ(dialog.text("lblFontName"), "Font not choosen");
+    dialog.choose("lstFontCharSet", "0     ANSI characters");
+    EXPECT_EQ(dialog.text("lblFontName"), "Courier New");
+  });
+}
+
+// Bold text in the colour of links in the tree, a fixed pitch where labels are padded, and links'
+// colour for what is usual.
+TEST(SettingsDialog, marksWhatIsUsual) {
+  const MadeUpPrinters printers;
+  Window window(withSettings(reportOfPages(1)));
+  Dialog::in(window, [&](Dialog& dialog) {
+    const QColor usual = dialog.form().palette().color(QPalette::Link);
+    auto& tree = dialog.control<QTreeWidget>("treePrinters");
+    dialog.choosePrinter("near");
+    std::string names;
+    for (int i = 0; i < tree.topLevelItemCount(); ++i) {
+      const QTreeWidgetItem& item = *tree.topLevelItem(i);
+      names += item.text(0).toStdString() + "|";
+      EXPECT_EQ(item.font(0).bold(), item.text(0) == "near");
+      EXPECT_EQ(item.foreground(0).color() == usual, item.text(0) == "near");
+    }
+    EXPECT_EQ(names, "PrintServer|Microsoft Print to PDF|far|silent|near|");
+    QTreeWidgetItem* node = tree.findItems("near", Qt::MatchExactly).value(0);
+    for (int i = 0; i < node->childCount(); ++i) {
+      const QTreeWidgetItem& branch = *node->child(i);
+      if (branch.childCount() == 0) continue;
+      const bool aligned = branch.text(0) == "Printer Parameters" || branch.text(0) == "Paper Size";
+      EXPECT_EQ(branch.child(0)->font(0).family() == "Courier New", aligned);
+      EXPECT_NE(branch.font(0).family(), "Courier New");
+    }
+    for (const auto& [list, rows] :
+         {std::pair("lstPrint_PaperSource", "Automatically Select|"),
+          {"lstPageSize", "Letter   (215.9 x 279.4 mm)|A4   (210 x 297 mm)|"}}) {
+      const auto& box = dialog.control<QComboBox>(list);
+      std::string colored;
+      for (int i = 0; i < box.count(); ++i) {
+        if (box.itemData(i, Qt::ForegroundRole).value<QBrush>().color() == usual)
+          colored += box.itemText(i).toStdString() + "|";
+      }
+      EXPECT_EQ(colored, rows);
+    }
+  });
+}
+
+}  // namespace
+}  // namespace qor::test

@@ -1,0 +1,107 @@
+// The texts of the dialog in its languages, its keys, and its room.
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <map>
+
+#include <gtest/gtest.h>
+
+#include "language/language.h"
+#include "windows/settings/dialog.h"
+
+namespace qor::test {
+namespace {
+
+// What the letters of the captions that are seen choose.
+std::multimap<QChar, QString> letters(Dialog& dialog) {
+  std::multimap<QChar, QString> all;
+  const auto add = [&all](const QString& text) {
+    const auto mark = QString(text).replace("&&", "  ").indexOf('&');
+    if (mark >= 0) all.emplace(text[mark + 1].toLower(), text);
+  };
+  const auto& tabs = dialog.control<QTabWidget>("Pages_Sets");
+  for (int i = 0; i < tabs.count(); ++i) add(tabs.tabText(i));
+  for (const auto* button : dialog.form().findChildren<QAbstractButton*>())
+    if (button->isVisible()) add(button->text());
+  for (const auto* box : dialog.form().findChildren<QGroupBox*>())
+    if (box->isVisible()) add(box->title());
+  for (const auto* label : dialog.form().findChildren<QLabel*>())
+    if (label->isVisible() && label->buddy() != nullptr) add(label->text());
+  return all;
+}
+
+// Controls that nothing names, for those who hear the dialog.
+QStringList nameless(Dialog& dialog) {
+  QStringList names;
+  for (QWidget* widget : dialog.form().findChildren<QWidget*>()) {
+    const bool named = widget->objectName().startsWith("txt") ||
+                       widget->objectName().startsWith("lst") ||
+                       widget->objectName() == "treePrinters";
+    if (!named) continue;
+    const auto labels = dialog.form().findChildren<QLabel*>();
+    const bool hasLabel = std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
+      return label->buddy() == widget;
+    });
+    if (!hasLabel && widget->accessibleName().isEmpty()) names.append(widget->objectName());
+  }
+  return names;
+}
+
+TEST(SettingsCaptions, haveLettersThatDoNotClash) {
+  for (const char* id : {"en", "ru", "tr"}) {
+    Window window(withSettings(reportOfPages(1)));
+    window.form().chooseLanguage(languageOf(id));
+    const SettingsTexts& texts = settingsTexts();
+    Dialog::in(window, [&](Dialog& dialog) {
+      const auto plain = [&](const char* name) {
+        return QString::fromStdString(dialog.text(name)).remove('&').toStdString();
+      };
+      EXPECT_EQ(plain("cmdOk"), texts.apply);
+      EXPECT_EQ(plain("chkPrint_Pages_Current"), texts.currentPage);
+      EXPECT_EQ(plain("lblFontSpace"), texts.fontSpace);
+      EXPECT_EQ(plain("chbscaleflag"), texts.scaleToPaper);
+      EXPECT_EQ(plain("cmdSets_FileSaveAs"), texts.saveFileAs);
+      EXPECT_EQ(dialog.form().windowTitle().toStdString(), texts.title);
+      EXPECT_EQ(dialog.control("cmdOk").toolTip().toStdString(), texts.applyHint);
+      EXPECT_EQ(dialog.control("cmdPage_Reset").toolTip().toStdString(), texts.defaultsHint);
+      EXPECT_EQ(nameless(dialog).join(' ').toStdString(), "");
+      for (int tab = 0; tab < 5; ++tab) {
+        dialog.goTo(tab);
+        const auto all = letters(dialog);
+        EXPECT_GE(all.size(), 9U);
+        for (const auto& [letter, text] : all)
+          EXPECT_EQ(all.count(letter), 1U)
+              << id << tab << text.toStdString() << QString(letter).toStdString();
+        const auto& area =
+            static_cast<QScrollArea&>(*dialog.control<QTabWidget>("Pages_Sets").currentWidget());
+        EXPECT_FALSE(area.horizontalScrollBar()->isVisible()) << id << tab;
+        EXPECT_FALSE(area.verticalScrollBar()->isVisible()) << id << tab;
+      }
+    });
+  }
+}
+
+// Each tab anew on its first one; a small screen's tabs scroll, and its buttons stay in reach.
+TEST(SettingsCaptions, keepTheDialogUsable) {
+  Window window(withSettings(reportOfPages(1)));
+  for (int time = 0; time < 2; ++time) {
+    Dialog::in(window, [](Dialog& dialog) {
+      EXPECT_EQ(dialog.control<QTabWidget>("Pages_Sets").currentIndex(), 0);
+      dialog.form().resize(300, 200);
+      for (int tab = 0; tab < 5; ++tab) {
+        dialog.goTo(tab);
+        EXPECT_LE(dialog.form().width(), 420);
+        EXPECT_LE(dialog.form().height(), 300);
+        EXPECT_TRUE(dialog.form().rect().contains(dialog.control("cmdCancel").geometry()));
+      }
+    });
+  }
+}
+
+}  // namespace
+}  // namespace qor::test

@@ -1,0 +1,108 @@
+// The printers of the dialog: what is asked when, what they bring along, and those that are gone.
+#include <QComboBox>
+#include <QTreeWidget>
+
+#include <gtest/gtest.h>
+
+#include "windows/settings/dialog.h"
+#include "windows/settings/made_up_printers.h"
+
+namespace qor::test {
+namespace {
+
+std::string listed(Dialog& dialog) {
+  const auto count = [&](const char* name) {
+    return std::to_string(dialog.control<QComboBox>(name).count());
+  };
+  return dialog.texts({"lblPrinter", "lblPrinterNote"}) + "|" + count("lstPageSize") + "|" +
+         count("lstPrint_PaperSource") + (dialog.control("cmdOk").isEnabled() ? "|ready" : "") +
+         (dialog.control("cmdPrint").isEnabled() ? "|prints" : "");
+}
+
+bool waitFor(Dialog& dialog, const std::string& state) {
+  if (QTest::qWaitFor([&] { return listed(dialog) == state; })) return true;
+  ADD_FAILURE() << listed(dialog);
+  return false;
+}
+
+TEST(SettingsPrinters, thatAreSilentHoldUpNobody) {
+  MadeUpPrinters printers;
+  Window window(withSettings(reportOfPages(1)));
+  Dialog::in(window, [&](Dialog& dialog) {
+    waitFor(dialog, "near||4|4|ready|prints");
+    EXPECT_EQ(dialog.text("lblWidthMinMax"), "min = 76.2 mm, max = 215.9 mm");
+    dialog.choose("treePrinters", "silent");
+    EXPECT_EQ(listed(dialog), "silent|Asking the printer …|0|0");
+    EXPECT_EQ(dialog.texts({"lblWidthMinMax", "lblHeightMinMax"}), "|");
+    dialog.choosePrinter("far");
+    EXPECT_EQ(listed(dialog), "far||3|2|ready|prints");
+    // Its node tells once it is opened.
+    auto& tree = dialog.control<QTreeWidget>("treePrinters");
+    QTreeWidgetItem* pdf = tree.findItems("Microsoft Print to PDF", Qt::MatchExactly).value(0);
+    EXPECT_EQ(pdf->childCount(), 0);
+    pdf->setExpanded(true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pdf->childCount() > 0; }));
+    dialog.choose("treePrinters", "silent");
+    printers.letAnswer();
+    waitFor(dialog, "silent|The printer doesn't answer.|0|0|ready|prints");
+    dialog.choosePrinter("far");
+    dialog.click("cmdOk");
+  });
+  // A printer that has gone since is told, and what it could do is gone with it.
+  printers.removeFar();
+  Dialog::in(window, [&](Dialog& dialog) {
+    waitFor(dialog, "|There is no such printer any more: far|0|0|ready|prints");
+    EXPECT_EQ(dialog.texts({"lblWidthMinMax", "lblHeightMinMax"}), "|");
+    dialog.click("cmdPrinter_Reset");
+    EXPECT_EQ(listed(dialog), "near||4|4|ready|prints");
+    dialog.choose("treePrinters", "PrintServer");
+    waitFor(dialog, "PrintServer||0|0|ready|prints");
+  });
+}
+
+// Size and colour of the printer take the place of the user's own, who is told and can have them
+// back.
+TEST(SettingsPrinters, bringTheirOwnPaperAndColorAlong) {
+  const MadeUpPrinters printers;
+  Window window(withSettings(reportOfPages(1)));
+  const auto values = [](Dialog& dialog) {
+    std::string text = dialog.texts({"txtPageWidth", "txtPageHeight", "lstPageSize"});
+    for (const char* color : {"Default", "Mono", "Colored"})
+      if (dialog.isOn(std::string("chkColor_") + color)) text.append("|").append(color);
+    return text + (dialog.control("pReplaced").isHidden() ? "" : "|" + dialog.text("lblReplaced"));
+  };
+  const std::string told = "Paper size and colour are those of the printer now. Before: ";
+  Dialog::in(window, [&](Dialog& dialog) {
+    EXPECT_EQ(values(dialog),
+              "210|297|A4   (210 x 297 mm)|Colored|" + told + "210 x 297 mm, Monochrome print");
+    dialog.click("cmdBringBack");
+    EXPECT_EQ(values(dialog), "210|297|A4   (210 x 297 mm)|Mono");
+    dialog.choosePrinter("far");
+    EXPECT_EQ(values(dialog), "148|210||Mono|" + told + "210 x 297 mm, Monochrome print");
+    dialog.choosePrinter("near");
+    EXPECT_EQ(values(dialog),
+              "210|297|A4   (210 x 297 mm)|Colored|" + told + "210 x 297 mm, Monochrome print")
+        << "those that the user had";
+    dialog.goTo(3);
+    dialog.choose("lstPageSize", "A5   (148 x 210 mm)");
+    dialog.click("cmdOk");
+  });
+  EXPECT_EQ(window.doc().Settings.Page.PaperWidth, 148);
+  // Looking at the same printer again changes nothing.
+  Dialog::in(window, [&](Dialog& dialog) {
+    EXPECT_EQ(values(dialog), "148|210|A5   (148 x 210 mm)|Colored");
+  });
+}
+
+TEST(SettingsPrinters, arePrintedToNeverInATest) {
+  const MadeUpPrinters printers;
+  Window window(withSettings(reportOfPages(1)));
+  AppOptions.TestMode = true;
+  Dialog::in(window, [](Dialog& dialog) {
+    EXPECT_TRUE(dialog.control("cmdOk").isEnabled());
+    EXPECT_FALSE(dialog.control("cmdPrint").isEnabled());
+  });
+}
+
+}  // namespace
+}  // namespace qor::test

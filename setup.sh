@@ -11,7 +11,7 @@ packages=(g++ cmake ninja-build pkg-config
 for group in "$@"; do
   case $group in
     test) packages+=(libgtest-dev imagemagick-6.q16 zbar-tools locales cups poppler-utils
-      qpdf xvfb fonts-urw-base35 git clang-format clang-tidy) ;;
+      qpdf xvfb libxcb-xtest0-dev fonts-urw-base35 git clang-format clang-tidy) ;;
     bench) packages+=(mupdf-tools python3 libzint-dev cups-filters
       enscript ghostscript libreoffice-writer-nogui xvfb libxcb-shm0-dev libxcb-xtest0-dev
       mupdf qpdfview zathura zathura-pdf-poppler libgtest-dev cups) ;;

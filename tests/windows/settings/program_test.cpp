@@ -1,0 +1,88 @@
+// The program on a real X server and a real print scheduler, by keys and clicks.
+#include "support/program.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include "support/cups_scheduler.h"
+#include "support/pdf_reader.h"
+#include "windows/x_server.h"
+
+namespace qor::test {
+namespace {
+
+constexpr xcb_keysym_t kF4 = 0xFFC1;
+
+// The texts of a page, in their order.
+std::string wordsOf(const PdfDocument& document, int page) {
+  std::string words;
+  for (const PdfWord& word : document.words) {
+    if (word.page == page) words += word.text + " ";
+  }
+  return words;
+}
+
+// Pages 2, 4 and 5 of what was printed whole.
+void expectChosenPages(const std::string& path, const PdfDocument& whole) {
+  const PdfDocument printed = readPdf(path);
+  EXPECT_EQ(printed.pages, 3);
+  for (const auto& [page, number] : {std::pair(1, 2), {2, 4}, {3, 5}})
+    EXPECT_EQ(wordsOf(printed, page), wordsOf(whole, number)) << number;
+}
+
+// Prints pages 2,4-5 in two copies, and saves that as the set "two" before.
+void printFromDialog(XServer& server, const Surroundings& around) {
+  Process program(viewer({"-f", "ledger.txt"}), around);
+  const xcb_window_t window = server.waitForWindow();
+  ASSERT_NE(window, XCB_NONE);
+  ASSERT_TRUE(server.waitForPage(window));
+  server.pointAt(window);
+  server.press(kF4);
+  const xcb_window_t dialog = server.waitForWindow(window);
+  ASSERT_NE(dialog, XCB_NONE);
+  ASSERT_TRUE(server.waitForFocus(dialog));
+  for (const auto& [letter, text] :
+       {std::pair('i', ""), {'m', "2,4-5"}, {'q', "2"}, {'v', ""}, {'n', "two"}, {'s', ""}}) {
+    server.press(static_cast<xcb_keysym_t>(letter), true);
+    QTest::qWait(300);  // a button that is chosen by its letter is down for a moment
+    server.type(text);
+  }
+  server.clickFromCorner(dialog, 137, 22);
+  ASSERT_TRUE(server.waitForEnd(dialog));
+  server.askToClose(window);
+  expectTold(program.wait(), "");
+}
+
+TEST(SettingsProgram, printsAndSavesByKeysAndClicks) {
+  XServer server;
+  const CupsScheduler scheduler;
+  scheduler.addQueue("desk", "drv:///sample.drv/generic.ppd");
+  scheduler.command({"lpadmin", "-d", "desk"});
+  for (const bool onQueue : {false, true}) {
+    SCOPED_TRACE(onQueue);
+    const TemporaryDirectory place;
+    std::filesystem::copy(QOR_SOURCE_DIR "/samples/ledger-866.txt", place.path("ledger.txt"));
+    Surroundings around{place.path(), {{"CUPS_SERVER", "/nowhere"}}};
+    expectTold(runViewer({"-g", "-f", "ledger.txt"}, around), "");
+    const PdfDocument whole = readPdf(place.path("ledger(print).pdf"));
+    ASSERT_EQ(whole.pages, 13);
+    std::filesystem::remove(place.path("ledger(print).pdf"));
+    if (onQueue) around = scheduler.surroundings(place);
+    Surroundings seen = around;
+    seen.environment.merge(XServer::environmentOn(server.display()));
+    seen.environment["XDG_CONFIG_HOME"] = place.path("config");
+    printFromDialog(server, seen);
+    expectChosenPages(onQueue ? scheduler.document(1) : place.path("ledger(print).pdf"), whole);
+    expectTold(runViewer({"-g", "-f", "ledger.txt", "-i", "QorUtlView.vset#two"}, around), "");
+    EXPECT_NE(place.read("QorUtlView.vset").find("PagesForPrint = \"2,4-5\""), std::string::npos);
+  }
+  EXPECT_EQ(readPdf(scheduler.document(2)).pages, 13) << "a run without a window prints them all";
+  scheduler.finishJobs();
+  for (const std::string& job : scheduler.jobs())
+    EXPECT_EQ(job.find("desk|QorUtlView, Document|2|"), 0U) << job;
+  EXPECT_EQ(scheduler.jobs().size(), 1U) << "twice the same";
+}
+
+}  // namespace
+}  // namespace qor::test

@@ -1,10 +1,11 @@
-// The options of the run: one record for the process. All texts are UTF-8. Three write it: the
+// The options of the run: one record for the process. All texts are UTF-8. Four write it: the
 // entry (WinMain, ParseCommandLine, and the ways of running, which put DynamicMode off where nobody
 // looks again and forget an IniFileName that no user has named), the selection of a language
 // (FontCharset, AnsiCodePage, DocCodePage, the last of which the window puts back while a report is
-// open), and VSet::LoadSet (IniFileName and SetName, where none are named). Everybody reads it but
-// exporters and print jobs, which are told what they need (RunOptions): they may be for another
-// printer or another target than the run's.
+// open), VSet::LoadSet (IniFileName and SetName, where none are named), and the settings dialog
+// (PrinterName, IniFileName, SetName). Everybody reads it but exporters and print jobs, which are
+// told what they need (RunOptions): they may be for another printer or another target than the
+// run's.
 #pragma once
 
 #include <cstdint>

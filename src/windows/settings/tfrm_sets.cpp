@@ -3,6 +3,7 @@
 
 #include <QPushButton>
 #include <QScreen>
+#include <QStyle>
 
 #include "base/app_options.h"
 #include "document/vdoc.h"
@@ -93,7 +94,10 @@ void TfrmSets::fitScreen() {
   for (int i = 0; i < tabs.count(); ++i) static_cast<TabArea*>(tabs.widget(i))->measureAnew();
   tabs.updateGeometry();
   const QSize room = screen()->availableSize() - QSize(kFrame, kFrame);
-  resize(size().expandedTo(sizeHint()).boundedTo(room));
+  QSize wanted = size().expandedTo(sizeHint());
+  if (wanted.height() > room.height())
+    wanted.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  resize(wanted.boundedTo(room));
 }
 
 void TfrmSets::applyCaptions() {

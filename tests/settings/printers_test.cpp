@@ -6,69 +6,41 @@
 #include <gtest/gtest.h>
 
 #include "platform/canvas/canvas.h"
-#include "platform/print/pdf_file_printer.h"
-#include "platform/print/print_system.h"
 #include "settings/print_scale.h"
 #include "settings/printer_lists.h"
 #include "settings/printer_tree.h"
+#include "support/made_up_printers.h"
 
 namespace qor::test {
 namespace {
 
 // Two queues: one with margins, trays, its own papers and dots that are no squares, one that tells
 // nothing.
-class MadeUpQueues : public PrintQueues {
- public:
-  explicit MadeUpQueues(std::string usual = "laser") : default_(std::move(usual)) {}
-
-  std::vector<QueueName> list() override { return {laser().id, QueueName{"plain", "", "usb:1"}}; }
-  std::string defaultName() override { return default_; }
-
-  std::optional<Queue> find(const std::string& name) override {
-    if (name == "laser") return laser();
-    if (name != "plain") return std::nullopt;
-    Queue queue;
-    queue.id = {"plain", "Plain", "usb:1"};
-    return queue;
-  }
-
-  std::unique_ptr<PrintJob> open(const std::string&, const JobTicket&) override { return nullptr; }
-
- private:
-  static Queue laser() {
-    Queue queue;
-    queue.id = {"laser", "Laser 300", "lpt1:,lpt2:"};
-    const MediaMargins margins = {500, 600, 700, 800};
-    queue.media = {{"na_letter_8.5x11in", {21590, 27940}, margins},
-                   {"iso_a4_210x297mm", {21000, 29700}, margins},
-                   {"na_ledger_11x17in", {27940, 43180}, margins},
-                   {"om_label_62x100mm", {6200, 10000}, margins}};
-    queue.defaultMedia = "iso_a4_210x297mm";
-    queue.defaultMargins = margins;
-    queue.smallest = {2000, 3000};
-    queue.largest = {30000, 50000};
-    queue.sources = {"auto",     "tray-2",       "roll-7",        "top",    "tray-1",
-                     "main",     "bottom",       "tray-3",        "middle", "manual",
-                     "envelope", "by-pass-tray", "large-capacity"};
-    queue.resolutions = {{300, 150}, {600, 300}};
-    queue.color = false;
-    return queue;
-  }
-
-  std::string default_;
-};
+std::vector<Queue> madeUpQueues() {
+  Queue laser;
+  laser.id = {"laser", "Laser 300", "lpt1:,lpt2:"};
+  const MediaMargins margins = {500, 600, 700, 800};
+  laser.media = {{"na_letter_8.5x11in", {21590, 27940}, margins},
+                 {"iso_a4_210x297mm", {21000, 29700}, margins},
+                 {"na_ledger_11x17in", {27940, 43180}, margins},
+                 {"om_label_62x100mm", {6200, 10000}, margins}};
+  laser.defaultMedia = "iso_a4_210x297mm";
+  laser.defaultMargins = margins;
+  laser.smallest = {2000, 3000};
+  laser.largest = {30000, 50000};
+  laser.sources = {"auto",     "tray-2",       "roll-7",        "top",    "tray-1",
+                   "main",     "bottom",       "tray-3",        "middle", "manual",
+                   "envelope", "by-pass-tray", "large-capacity"};
+  laser.resolutions = {{300, 150}, {600, 300}};
+  laser.color = false;
+  Queue plain;
+  plain.id = {"plain", "Plain", "usb:1"};
+  return {laser, plain};
+}
 
 class Printers : public testing::Test {
  protected:
-  Printers() { use("laser"); }
-  static void use(const char* usual) {
-    std::vector<std::unique_ptr<PrintQueues>> systems;
-    systems.push_back(std::make_unique<MadeUpQueues>(usual));
-    systems.push_back(makePdfFilePrinter());
-    setPrintSystem(std::make_unique<PrintSystem>(std::move(systems)));
-    InitPrinters();
-  }
-  ~Printers() override { setPrintSystem(nullptr); }
+  MadeUpPrinters printers_{madeUpQueues(), "laser"};
 };
 
 VSetPage pageOf(std::int32_t paper, double width = 210, double height = 297,
@@ -107,7 +79,7 @@ TEST_F(Printers, areMeasuredAsTheyAreSetUp) {
   CreatePrintDC("laser", pageOf(9, 210, 297, 2), 50, true);
   EXPECT_EQ(numbersOf(gPrintMetrics), (std::vector{2, 150, 75, 283, 198, 3507, 1240, 95, 30,
                                                    3507 - 95 - 71, 1240 - 30 - 42}));
-  use("gone");
+  MadeUpPrinters::use(madeUpQueues(), "gone");
   EXPECT_EQ(GetDefaultPrinterName(), kPdfFilePrinter);
   EXPECT_EQ(gDefaultPrn.DeviceName, kPdfFilePrinter);
 }

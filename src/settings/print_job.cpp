@@ -125,9 +125,9 @@ void VDoc::sendPages(PrintContext& context, const InputFile& file, const PrintTa
 
 PrintOutcome VDoc::print(const RunOptions& options, const PrintTask& task,
                          const PageProgress& progress) {
+  LoadCodePage(Settings.Page.BaseCodePage);
   const auto context = CreatePrintDC(options.printer, Settings.Page, PrintScale, PrintScaleFlag);
   if (!context) return missing(options.printer);
-  LoadCodePage(Settings.Page.BaseCodePage);
   if (options.report.empty()) throw ReportError("Error: not set file name for print");
   const auto file = OpenFile();
   if (!file) throw NumberedError(kErrorOpenDocument, options.report);

@@ -58,7 +58,7 @@ void ListBins(const std::string& printerName, ItemList& items, int* selected, VS
 
 void ListPrinterFonts(ItemList& names, int charset) {
   names.clear();
-  if (printSystem().find(gDefaultPrn.DeviceName) != nullptr) names = trueTypeFamilies(charset);
+  if (gPrinterMeasured) names = trueTypeFamilies(charset);
 }
 
 }  // namespace qor

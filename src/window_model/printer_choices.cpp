@@ -24,6 +24,7 @@ PrinterChoices choicesOf(const std::string& printer, PrinterIs is, std::string_v
   const PrinterValues before = printerValuesOf(page);
   choices.papers.emplace_back(ownSize);
   ListPapers(printer, choices.papers, &choices.paper, page);
+  if (page.PaperSize == 0) choices.paper = 0;
   ListBins(printer, choices.bins, &choices.bin, page);
   if (is == PrinterIs::lookedAt) {
     setPrinterValues(page, before);

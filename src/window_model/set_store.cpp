@@ -12,12 +12,36 @@ namespace {
 
 constexpr const char* kDefaultSet = "Default";
 
+// Puts back what was in force, unless it is to stay.
+class InForce {
+ public:
+  InForce() = default;
+  ~InForce() {
+    if (stays_) return;
+    AppOptions.IniFileName = file_;
+    AppOptions.SetName = name_;
+  }
+  InForce(const InForce&) = delete;
+  InForce& operator=(const InForce&) = delete;
+
+  void stays() { stays_ = true; }
+
+ private:
+  std::string file_ = AppOptions.IniFileName;
+  std::string name_ = AppOptions.SetName;
+  bool stays_ = false;
+};
+
+std::string nameOrDefault(const std::string& name) {
+  return name.empty() ? kDefaultSet : name;
+}
+
 // A set is written under the name that is in force.
 VSet::Lines writtenLines(const VSet& set, const std::string& name) {
+  const InForce inForce;
+  AppOptions.SetName = nameOrDefault(name);
   VSet::Lines lines;
-  std::string inForce = std::exchange(AppOptions.SetName, name.empty() ? kDefaultSet : name);
   set.WriteSetLines(lines);
-  AppOptions.SetName = std::move(inForce);
   return lines;
 }
 
@@ -30,19 +54,18 @@ std::vector<std::string> namesOfSets() {
 }
 
 void openSetFile(const std::string& path) {
-  std::string inForce = std::exchange(AppOptions.IniFileName, path);
-  try {
-    const std::vector<std::string> names = namesOfSets();
-    AppOptions.SetName = names.empty() ? std::string() : names.front();
-  } catch (...) {
-    AppOptions.IniFileName = std::move(inForce);
-    throw;
-  }
+  InForce inForce;
+  AppOptions.IniFileName = path;
+  const std::vector<std::string> names = namesOfSets();
+  AppOptions.SetName = names.empty() ? std::string() : names.front();
+  inForce.stays();
 }
 
-bool saveSetAs(const VSet& set, const std::string& name) {
-  AppOptions.SetName = name.empty() ? kDefaultSet : name;
-  return set.SaveSet() == 0;
+void saveSetAs(const VSet& set, const std::string& name, const std::string& file) {
+  InForce inForce;
+  AppOptions.IniFileName = file;
+  AppOptions.SetName = nameOrDefault(name);
+  if (set.SaveSet() == 0) inForce.stays();
 }
 
 void loadSetOf(const std::string& name, VSet& set) {

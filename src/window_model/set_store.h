@@ -1,6 +1,6 @@
 // What the settings dialog does with the set file in force, AppOptions.IniFileName, and with the
 // set of it that is in force, AppOptions.SetName. All of it throws FileError and ListIndexError;
-// what was there stays.
+// files, and what is in force, then stay as they were.
 #pragma once
 
 #include <string>
@@ -16,12 +16,12 @@ std::vector<std::string> namesOfSets();
 // Makes another file the one in force, and its first set the set. Nothing is loaded.
 void openSetFile(const std::string& path);
 
-// Saves the set under the name, "Default" where that is empty, and puts it in force. False where no
-// file is in force: nothing is saved then.
-bool saveSetAs(const VSet& set, const std::string& name);
+// Saves the set in that file under that name, "Default" where it is empty, and puts both in force.
+// Nothing where no file is named.
+void saveSetAs(const VSet& set, const std::string& name, const std::string& file);
 
-// Puts the set of that name in force and loads it; one that can't be read whole leaves `set` as it
-// was, and throws ConversionError, too.
+// Puts the set of that name in force, whatever becomes of it, and loads it. One that can't be read
+// whole leaves `set` as it was, and throws ConversionError, too.
 void loadSetOf(const std::string& name, VSet& set);
 
 // Removes the set that is in force from its file, and puts "Default" in force. Nothing where there

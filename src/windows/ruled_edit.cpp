@@ -55,7 +55,7 @@ void RuledEdit::stepBy(int steps) {
 
 bool RuledEdit::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusOut) showValue();
-  if (edit_.isReadOnly()) return QObject::eventFilter(watched, event);
+  if (edit_.isReadOnly() || !edit_.isEnabled()) return QObject::eventFilter(watched, event);
   switch (event->type()) {
     case QEvent::KeyPress: return takesKey(*static_cast<QKeyEvent*>(event));
     case QEvent::InputMethod: return takesComposed(*static_cast<QInputMethodEvent*>(event));

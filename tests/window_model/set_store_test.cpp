@@ -86,24 +86,29 @@ TEST_F(SetStore, opensAFileAndPutsItsFirstSetInForce) {
 
 TEST_F(SetStore, savesUnderANameAndPutsItInForce) {
   VSet set;
-  EXPECT_FALSE(saveSetAs(set, "B"));
+  const auto inForce = [] { return AppOptions.IniFileName + "#" + AppOptions.SetName; };
+  saveSetAs(set, "B", "");
+  EXPECT_EQ(inForce(), "#");
   EXPECT_EQ(place_.names(), Names{});
   use(kVersion + kA + kB + kC, "A");
+  const std::string first = AppOptions.IniFileName;
   set.Page.PaperSize = 70;
-  EXPECT_TRUE(saveSetAs(set, "B"));
-  EXPECT_EQ(AppOptions.SetName, "B");
+  saveSetAs(set, "B", first);
+  EXPECT_EQ(inForce(), first + "#B");
   EXPECT_EQ(namesOfSets(), (Names{"B", "A", "C"}));
   EXPECT_TRUE(file().ends_with(kA + kC));
   EXPECT_NE(file().find("PaperSize     = \"70\""), std::string::npos);
   set.Page.PaperSize = 71;
-  EXPECT_TRUE(saveSetAs(set, ""));
-  EXPECT_EQ(AppOptions.SetName, "Default");
+  saveSetAs(set, "", first);
+  EXPECT_EQ(inForce(), first + "#Default");
   EXPECT_EQ(namesOfSets(), (Names{"Default", "B", "A", "C"}));
   EXPECT_NE(file().find("PaperSize     = \"70\""), std::string::npos);
-  EXPECT_TRUE(saveSetAs(set, "Ğ"));
+  saveSetAs(set, "Ğ", first);
   EXPECT_EQ(namesOfSets(), (Names{"Ğ", "Default", "B", "A", "C"}));
-  AppOptions.IniFileName = place_.path("new.vset");
-  EXPECT_TRUE(saveSetAs(set, "N"));
+  EXPECT_THROW(saveSetAs(set, "X", place_.path("none/x.vset")), FileError);
+  EXPECT_EQ(inForce(), first + "#Ğ") << "what couldn't be saved isn't in force";
+  saveSetAs(set, "N", place_.path("new.vset"));
+  EXPECT_EQ(inForce(), place_.path("new.vset") + "#N");
   EXPECT_EQ(namesOfSets(), Names{"N"});
   EXPECT_EQ(place_.names(), (Names{"new.vset", "s.vset"}));
 }

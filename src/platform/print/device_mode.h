@@ -39,6 +39,8 @@ struct DeviceMode {
   std::int32_t dmCollate = 0;
 
   bool has(DeviceModeField field) const { return (dmFields & field) != 0; }
+
+  bool operator==(const DeviceMode&) const = default;
 };
 
 }  // namespace qor

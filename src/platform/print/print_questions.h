@@ -18,6 +18,8 @@ using PrintSystems = std::vector<std::shared_ptr<PrintQueues>>;
 struct KnownPrinter {
   std::shared_ptr<PrintQueues> system;
   std::optional<Printer> printer;
+
+  bool operator==(const KnownPrinter&) const = default;
 };
 
 struct PrinterNames {

@@ -25,23 +25,31 @@ struct MediaMargins {
   int top = 0;
   int right = 0;
   int bottom = 0;
+
+  bool operator==(const MediaMargins&) const = default;
 };
 
 struct Media {
   std::string name;  // such as "iso_a4_210x297mm"
   MediaSize size;
   MediaMargins margins;
+
+  bool operator==(const Media&) const = default;
 };
 
 struct Dpi {
   int x = 600;
   int y = 600;
+
+  bool operator==(const Dpi&) const = default;
 };
 
 struct QueueName {
   std::string name;
   std::string driver;
   std::string port;  // the address of the device
+
+  bool operator==(const QueueName&) const = default;
 };
 
 // What a queue tells of itself. Empty lists where it doesn't.

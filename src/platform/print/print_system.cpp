@@ -82,21 +82,26 @@ void PrintSystem::refresh() {
   printers_.clear();
 }
 
-void PrintSystem::learn(PrinterNames names) {
-  std::erase_if(printers_, [&names](const auto& entry) {
+bool PrintSystem::learn(PrinterNames names) {
+  const auto forgotten = std::erase_if(printers_, [&names](const auto& entry) {
     const auto& printer = entry.second.printer;
     return !printer ||
            std::none_of(names.names.begin(), names.names.end(),
                         [&printer](const QueueName& queue) { return queue.name == printer->name; });
   });
+  const bool isNews = forgotten > 0 || names_ != names.names || default_ != names.usual;
   names_ = std::move(names.names);
   default_ = std::move(names.usual);
+  return isNews;
 }
 
-void PrintSystem::learn(const std::string& name, KnownPrinter printer) {
+bool PrintSystem::learn(const std::string& name, KnownPrinter printer) {
+  const auto present = printers_.find(name);
+  if (present != printers_.end() && present->second == printer) return false;
   // The queue may be known by another spelling.
   if (printer.printer) printers_.insert_or_assign(printer.printer->name, printer);
   printers_.insert_or_assign(name, std::move(printer));
+  return true;
 }
 
 PrintSystem& printSystem() {

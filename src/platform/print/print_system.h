@@ -35,10 +35,10 @@ class PrintSystem {
   void refresh();
 
   // For whoever asks in the background: whom to ask, and what they have told. Printers that a list
-  // no longer names are forgotten.
+  // no longer names are forgotten, and so are those that didn't answer. True if it was news.
   const PrintSystems& systems() const { return systems_; }
-  void learn(PrinterNames names);
-  void learn(const std::string& name, KnownPrinter printer);
+  bool learn(PrinterNames names);
+  bool learn(const std::string& name, KnownPrinter printer);
 
  private:
   const KnownPrinter& known(const std::string& name);

@@ -17,12 +17,16 @@ struct Paper {
   int number = 0;  // Windows paper number; from 257 on the printer's own
   std::string name;
   Media media;
+
+  bool operator==(const Paper&) const = default;
 };
 
 struct Bin {
   int number = 0;  // Windows bin number; from 257 on the printer's own
   std::string name;
   std::string source;  // as the queue names it; empty where it chooses
+
+  bool operator==(const Bin&) const = default;
 };
 
 struct Printer {
@@ -39,6 +43,8 @@ struct Printer {
   MediaSize largest;
   DeviceMode mode;  // as the printer has it, dmFields 0
   bool stopped = false;
+
+  bool operator==(const Printer&) const = default;
 };
 
 // What a device context tells.

@@ -66,13 +66,11 @@ PrinterInquiry::Answers PrinterInquiry::take() {
   Answers answers;
   if (names) {
     names_asked_ = false;
-    answers.names = true;
-    printSystem().learn(std::move(*names));
+    answers.names = printSystem().learn(std::move(*names));
   }
   for (auto& [name, printer] : printers) {
     asked_.erase(name);
-    answers.printers.push_back(name);
-    printSystem().learn(name, std::move(printer));
+    if (printSystem().learn(name, std::move(printer))) answers.printers.push_back(name);
   }
   return answers;
 }

@@ -27,11 +27,12 @@ class PrinterInquiry {
   bool isAskingForNames() const { return names_asked_; }
 
   struct Answers {
-    bool names = false;                 // the list of printers
-    std::vector<std::string> printers;  // what each of these can do
+    bool names = false;                 // the list of printers, or the default one, is another
+    std::vector<std::string> printers;  // those that can do what wasn't known
   };
 
-  // Hands over to the print system what has been answered since the last time.
+  // Hands over to the print system what has been answered since the last time, and tells what of it
+  // is news.
   Answers take();
 
  private:

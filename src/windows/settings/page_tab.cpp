@@ -100,6 +100,7 @@ void PageTab::listCodePages() const {
 
 void PageTab::setPapers(const ItemList& papers, int selected) {
   fillItems(*ui_->lstPageSize, papers, selected, {1, 9});
+  showLimits();
 }
 
 void PageTab::offerScale(bool offered) {
@@ -118,7 +119,6 @@ void PageTab::PageShow() {
   ui_->lstBaseCodePage->setCurrentIndex(entryOfCodePage(page.BaseCodePage));
   showOrientation();
   showSides();
-  showLimits();
 }
 
 void PageTab::showOrientation() {

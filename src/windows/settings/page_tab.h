@@ -25,7 +25,8 @@ class PageTab : public QWidget {
   explicit PageTab(SetDraft& draft);
   ~PageTab() override;
 
-  // The papers of the printer, a size of the user's own first; -1 where none is selected.
+  // The papers of the printer, a size of the user's own first, -1 where none is selected; and its
+  // limits, which are those of the draft.
   void setPapers(const ItemList& papers, int selected);
 
   // Whether pages can be scaled to the paper in the present view.

@@ -91,7 +91,7 @@ void PrintTab::connectControls() {
   });
   connect(ui_->cmdPrint_Reset, &QPushButton::clicked, this, [this] {
     resetPrintOptions(draft_.set.Page);
-    emit resetAsked();
+    PrintShow();
   });
 }
 

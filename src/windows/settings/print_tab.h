@@ -35,9 +35,6 @@ class PrintTab : public QWidget {
 
   Captions captions(const SettingsTexts& texts) const;
 
- signals:
-  void resetAsked();
-
  private:
   void connectControls();
   void PrintPagesShow();

@@ -3,11 +3,13 @@
 
 #include <QSet>
 #include <QSignalBlocker>
+#include <utility>
 
 #include "language/language.h"
 #include "platform/print/print_system.h"
 #include "platform/qt/qt_text.h"
 #include "settings/printer_tree.h"
+#include "settings/printers.h"
 #include "ui_printer_tab.h"
 #include "window_model/set_draft.h"
 
@@ -66,12 +68,14 @@ void PrinterTab::fillTree() {
   for (const TreeNode& node : nodes) {
     auto* item = new QTreeWidgetItem(&tree, {qtText(node.text)});
     fillNode(*item, node);
-    item->setExpanded(open.contains(item->text(0)));
+    item->setExpanded(open.contains(item->text(0)) && !node.isUnknown);
   }
 }
 
-// The labels of what a printer tells are padded for a fixed pitch.
+// The labels of what a printer tells are padded for a fixed pitch. A selected row that goes leaves
+// the selection to its neighbours: that is nobody's choice.
 void PrinterTab::fillNode(QTreeWidgetItem& item, const TreeNode& node) const {
+  const QSignalBlocker blocker(ui_->treePrinters);
   qDeleteAll(item.takeChildren());
   item.setChildIndicatorPolicy(node.isUnknown ? QTreeWidgetItem::ShowIndicator
                                               : QTreeWidgetItem::DontShowIndicatorWhenChildless);
@@ -105,8 +109,12 @@ QTreeWidgetItem* PrinterTab::findNode(const std::string& name) const {
   return nullptr;
 }
 
+const std::string& PrinterTab::printerToKnow() const {
+  return shown_.empty() ? draft_.set.DefaultPrinterName : shown_;
+}
+
 bool PrinterTab::isKnown() const {
-  return printSystem().knows(shown_);
+  return printSystem().knows(printerToKnow());
 }
 
 void PrinterTab::PrinterShow() {
@@ -116,7 +124,7 @@ void PrinterTab::PrinterShow() {
     const QSignalBlocker blocker(ui_->treePrinters);
     ui_->treePrinters->setCurrentItem(node);
   }
-  if (node != nullptr && !isKnown()) inquiry_.askFor(shown_);
+  if (!isKnown()) inquiry_.askFor(printerToKnow());
   const bool empty = ui_->treePrinters->topLevelItemCount() == 0;
   ui_->lblPrinter->setText(qtText(empty ? settingsTexts().noPrinters : std::string_view(shown_)));
   tellState();
@@ -132,23 +140,31 @@ void PrinterTab::treePrintersClick() {
 }
 
 void PrinterTab::treePrintersExpanded(const QTreeWidgetItem* node) {
-  if (node->parent() == nullptr && nameOf(*node) != printServerNode().text)
-    inquiry_.askFor(nameOf(*node));
+  const std::string name = nameOf(*node);
+  const bool isPrinter = node->parent() == nullptr && name != printServerNode().text;
+  if (isPrinter && !printSystem().knows(name)) inquiry_.askFor(name);
 }
 
 void PrinterTab::takeAnswers() {
   const PrinterInquiry::Answers answers = inquiry_.take();
-  draft_.set.DefaultPrinterName = printSystem().defaultName();
   if (answers.names) {
+    takeDefault();
     fillTree();
     PrinterShow();
   }
   for (const std::string& name : answers.printers) {
     if (QTreeWidgetItem* item = findNode(name)) fillNode(*item, printerNode(name));
-    if (name == shown_ && !answers.names) PrinterShow();
+    if (name == printerToKnow() && !answers.names) PrinterShow();
   }
   if (!answers.printers.empty()) fillServerNode();
   tellState();
+}
+
+// Whoever has the default printer goes on with another one that takes its place.
+void PrinterTab::takeDefault() {
+  VSet& set = draft_.set;
+  const std::string before = std::exchange(set.DefaultPrinterName, GetDefaultPrinterName());
+  if (set.PrinterName == before) set.PrinterName = set.DefaultPrinterName;
 }
 
 void PrinterTab::tellState() {

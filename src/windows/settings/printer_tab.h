@@ -35,7 +35,8 @@ class PrinterTab : public QWidget {
   // The name that is shown; empty where the draft's printer isn't there.
   const std::string& shownPrinter() const { return shown_; }
 
-  // Whether its papers and bins are known by now.
+  // Whether its papers and bins are known by now; those of the default printer, where there is
+  // none.
   bool isKnown() const;
 
   Captions captions(const SettingsTexts& texts) const;
@@ -50,6 +51,8 @@ class PrinterTab : public QWidget {
   void treePrintersClick();
   void treePrintersExpanded(const QTreeWidgetItem* node);
   void takeAnswers();
+  void takeDefault();
+  const std::string& printerToKnow() const;
   void fillTree();
   void fillNode(QTreeWidgetItem& item, const TreeNode& node) const;
   void fillServerNode();

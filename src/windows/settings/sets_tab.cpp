@@ -37,6 +37,7 @@ QString chosenFile(QWidget* parent, QFileDialog::AcceptMode mode, std::string_vi
     if (!present.filePath().isEmpty()) dialog.setDirectory(qtText(AppOptions.WorkDir));
   } else {
     dialog.setDefaultSuffix("vset");
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);  // the other sets of the file stay
     if (!present.filePath().isEmpty()) dialog.setDirectory(present.path());
   }
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
@@ -93,6 +94,7 @@ void SetsTab::SetsShow() {
   ui_->lblFileName->setText(file.fileName());
   ui_->lblFileName->setToolTip(file.filePath());
   not_listed_ = failureOf([this] { listNames(); });
+  if (!not_listed_.isNull()) names_.setStringList({});
   ui_->txtNameOfSet->setText(qtText(AppOptions.SetName));
   txtNameOfSetChange();
   showSetText();
@@ -128,19 +130,18 @@ void SetsTab::cmdSets_FileSave_Click() {
   if (AppOptions.IniFileName.empty() || AppOptions.SetName.empty()) {
     cmdSets_FileSaveAs_Click();
   } else {
-    saveUnderName();
+    saveIn(AppOptions.IniFileName);
   }
 }
 
 // Whoever cancels the choice of a file saves into the one that is in force.
 void SetsTab::cmdSets_FileSaveAs_Click() {
   const QString file = chosenFile(this, QFileDialog::AcceptSave, settingsTexts().saveFileAsHint);
-  if (!file.isEmpty()) AppOptions.IniFileName = file.toStdString();
-  saveUnderName();
+  saveIn(file.isEmpty() ? AppOptions.IniFileName : file.toStdString());
 }
 
-void SetsTab::saveUnderName() {
-  if (attempt([this] { saveSetAs(draft_.set, name()); })) SetsShow();
+void SetsTab::saveIn(const std::string& file) {
+  if (attempt([&] { saveSetAs(draft_.set, name(), file); })) SetsShow();
 }
 
 void SetsTab::cmdSets_Delete_Click() {
@@ -150,6 +151,7 @@ void SetsTab::cmdSets_Delete_Click() {
       }))
     return;
   txtNameOfSetChange();
+  showSetText();
 }
 
 void SetsTab::lstListOfSetsNames_Click() {

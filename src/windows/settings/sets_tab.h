@@ -53,7 +53,7 @@ class SetsTab : public QWidget {
   void txtNameOfSetChange();
 
   std::string name() const;
-  void saveUnderName();
+  void saveIn(const std::string& file);
   void listNames();
   void openText(bool open);
   bool attempt(const std::function<void()>& step);

@@ -61,8 +61,7 @@ void TfrmSets::connectControls() {
   connect(ui_->cmdBringBack, &QPushButton::clicked, this, &TfrmSets::bringBack);
   connect(printer_tab_, &PrinterTab::printerChosen, this, [this] { listed_.clear(); });
   connect(printer_tab_, &PrinterTab::printerShown, this, &TfrmSets::printerShown);
-  connect(print_tab_, &PrintTab::resetAsked, this, &TfrmSets::printerShown);
-  connect(page_tab_, &PageTab::resetAsked, this, &TfrmSets::printerShown);
+  connect(page_tab_, &PageTab::resetAsked, this, &TfrmSets::cmdPage_ResetClick);
   connect(sets_tab_, &SetsTab::setLoaded, this, &TfrmSets::setLoaded);
   connect(sets_tab_, &SetsTab::resetAsked, this, &TfrmSets::cmdSets_ResetClick);
 }
@@ -70,9 +69,17 @@ void TfrmSets::connectControls() {
 SettingsAnswer TfrmSets::ask(VDoc& doc, PreviewKind view) {
   doc_ = &doc;
   if (!std::exchange(copied_, true)) draft_ = draftOf(doc);
+  takeCodePage(doc.Settings.Page.BaseCodePage);
   FormShow(view);
   const auto result = static_cast<DialogResult>(exec());
   return {result, result == DialogResult::print && page_tab_->scalesToPaper()};
+}
+
+// Nobody who leaves the code page alone changes it: the window has a menu for it, too.
+void TfrmSets::takeCodePage(std::int32_t codePage) {
+  std::int32_t& chosen = draft_.set.Page.BaseCodePage;
+  const std::int32_t before = std::exchange(code_page_, codePage);
+  if (chosen == before) chosen = codePage;
 }
 
 void TfrmSets::FormShow(PreviewKind view) {
@@ -82,6 +89,7 @@ void TfrmSets::FormShow(PreviewKind view) {
   page_tab_->offerScale(view == kWideView);
   printer_tab_->FormShow();
   printer_tab_->PrinterShow();
+  showPage();
   font_tab_->FontShow();
   sets_tab_->SetsShow();
   ui_->Pages_Sets->setCurrentIndex(0);
@@ -114,35 +122,51 @@ void TfrmSets::applyCaptions() {
                font_tab_->captions(texts), page_tab_->captions(texts), sets_tab_->captions(texts)});
 }
 
-// Lists what the printer offers, as far as it has told, and shows what hangs on that.
+// Lists what the printer offers, as far as it has told, and shows what it brings along.
 void TfrmSets::printerShown() {
   const std::string& shown = printer_tab_->shownPrinter();
-  const bool known = printer_tab_->isKnown();
+  const bool known = !shown.empty() && printer_tab_->isKnown();
   const PrinterIs is = shown == listed_ ? PrinterIs::lookedAt : PrinterIs::chosen;
   const PrinterChoices choices =
       choicesOf(known ? shown : std::string(), is, settingsTexts().custom, draft_.set.Page);
-  if (known) listed_ = shown;
-  if (!replaced_) replaced_ = choices.replaced;
   page_tab_->setPapers(choices.papers, choices.paper);
   print_tab_->setBins(choices.bins, choices.bin);
-  page_tab_->PageShow();
-  print_tab_->PrintShow();
+  if (known && is == PrinterIs::chosen) {
+    listed_ = shown;
+    if (!replaced_) replaced_ = choices.replaced;
+    showPage();
+  }
   tellReplaced();
   updateButtons();
+}
+
+void TfrmSets::showPage() {
+  print_tab_->PrintShow();
+  page_tab_->PageShow();
+}
+
+void TfrmSets::cmdPage_ResetClick() {
+  printerShown();
+  showPage();
 }
 
 void TfrmSets::setLoaded() {
   listed_.clear();
   replaced_.reset();
   printer_tab_->PrinterShow();
+  showPage();
   font_tab_->FontShow();
 }
 
+// The usual page goes before what the usual printer brings along.
 void TfrmSets::cmdSets_ResetClick() {
   resetPrinter(draft_.set);
+  printer_tab_->PrinterShow();
   resetPageOptions(draft_.set.Page);
   draft_.set.Font.Reset();
-  setLoaded();
+  replaced_.reset();
+  cmdPage_ResetClick();
+  font_tab_->FontShow();
   sets_tab_->showSetText();
 }
 
@@ -161,18 +185,21 @@ void TfrmSets::tellReplaced() {
 void TfrmSets::bringBack() {
   setPrinterValues(draft_.set.Page, *replaced_);
   replaced_.reset();
-  printerShown();
+  tellReplaced();
+  showPage();
 }
 
 // What a printer can do must be known before its settings can be applied.
 void TfrmSets::updateButtons() {
-  const bool waits = !printer_tab_->shownPrinter().empty() && !printer_tab_->isKnown();
-  ui_->cmdOk->setEnabled(!waits);
-  ui_->cmdPrint->setEnabled(!waits && !AppOptions.TestMode);
+  const bool known = printer_tab_->isKnown();
+  ui_->cmdOk->setEnabled(known);
+  ui_->cmdPrint->setEnabled(known && !AppOptions.TestMode);
+  ui_->lblWaits->setText(known ? QString() : qtText(settingsTexts().askingPrinter));
 }
 
 void TfrmSets::cmdOkClick(DialogResult result) {
   applyDraft(draft_, printer_tab_->shownPrinter(), *doc_);
+  code_page_ = draft_.set.Page.BaseCodePage;
   replaced_.reset();
   done(static_cast<int>(result));
 }

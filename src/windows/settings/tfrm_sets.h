@@ -39,10 +39,13 @@ class TfrmSets : public QDialog {
   void addTabs();
   void connectControls();
   void applyCaptions();
+  void takeCodePage(std::int32_t codePage);
   void FormShow(PreviewKind view);
   void fitScreen();
   void printerShown();
+  void showPage();
   void setLoaded();
+  void cmdPage_ResetClick();
   void cmdSets_ResetClick();
   void cmdOkClick(DialogResult result);
   void tellReplaced();
@@ -53,6 +56,7 @@ class TfrmSets : public QDialog {
   SetDraft draft_;
   VDoc* doc_ = nullptr;
   bool copied_ = false;                    // the draft holds the document's set
+  std::int32_t code_page_ = 0;             // of the document, when it was asked for last
   std::string listed_;                     // the printer whose own values the draft has got
   std::optional<PrinterValues> replaced_;  // what they took the place of
   PrinterTab* printer_tab_;

@@ -67,9 +67,6 @@ void FormCalls::openPrinter(bool scaled, VDoc& doc) {
 
 PrintOutcome FormCalls::printChosenPages(VDoc& doc) {
   const VSetPage& page = doc.Settings.Page;
-  // Pages that have just been indexed bear no marks of an earlier choice.
-  if (page.PrintPagesSet == kPrintListedPages && page.PagesForPrint.empty())
-    return {PrintOutcome::End::noPages, {}, {}};
   const RunOptions run = runOptions();
   const SettingsTexts& texts = settingsTexts();
   const QScopedValueRollback<bool> busy(desk_.busy, true);
@@ -77,7 +74,11 @@ PrintOutcome FormCalls::printChosenPages(VDoc& doc) {
   switch (page.PrintPagesSet) {
     case kPrintAllPages: return doc.PrintAll(run, job.callback());
     case kPrintCurrentPage: return doc.PrintPage(run, desk_.cursor.current(), job.callback());
-    default: return doc.PrintSelected(run, job.callback());
+    case kPrintListedPages:
+      // Pages that have just been indexed bear no marks of an earlier choice.
+      if (!page.PagesForPrint.empty()) return doc.PrintSelected(run, job.callback());
+      [[fallthrough]];
+    default: return {PrintOutcome::End::noPages, {}, {}};
   }
 }
 

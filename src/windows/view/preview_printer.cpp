@@ -34,9 +34,9 @@ void openPrinterUnscaled(VDoc& doc) {
 }
 
 void openPrinterScaled(const ViewDesk& desk, std::int32_t zoom, VDoc& doc) {
-  const VSet& settings = doc.Settings;
+  // The printer may have been chosen just now.
   const ScaleQuestion question = questionOf(desk, zoom, doc);
-  openPrinter(doc, ComputePrintScale(question, settings.Page, settings.Prn), true);
+  openPrinter(doc, ComputePrintScale(question, doc.Settings.Page, gDefaultPrn), true);
 }
 
 }  // namespace qor

@@ -77,6 +77,14 @@ void SmallPages::clear() {
   frame_->hide();
 }
 
+void SmallPages::pause() {
+  drawing_->stop();
+}
+
+void SmallPages::goOn() {
+  if (drawn_ < pages_.size()) drawing_->start(0);
+}
+
 PageImage* SmallPages::makeImage(VDoc* doc, const PageView& view, const PagePlace& place) {
   auto* image = new PageImage(board_);
   const std::int32_t number = place.number;
@@ -138,7 +146,7 @@ void SmallPages::drawWaiting() {
   QElapsedTimer slice;
   slice.start();
   while (drawn_ < pages_.size() && slice.elapsed() < kDrawingSlice) pages_[drawn_++].image->draw();
-  if (drawn_ < pages_.size()) drawing_->start(0);
+  goOn();
 }
 
 bool SmallPages::eventFilter(QObject* watched, QEvent* event) {

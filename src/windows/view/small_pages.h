@@ -25,6 +25,9 @@ class SmallPages : public QObject {
   // Shows pages at their places, in the view that all of them have. The document must outlive them.
   void show(VDoc* doc, const PageView& view, const std::vector<PagePlace>& places);
   void clear();
+  // Draws nothing while the document is changed, and goes on behind it.
+  void pause();
+  void goOn();
   bool isEmpty() const { return pages_.empty(); }
 
   // Marks the page of this number; false, and nothing is marked, if it is none of them.

@@ -193,6 +193,11 @@ bool VPage::MarkPage(int number) {
   return small_->mark(number);
 }
 
+void VPage::usePage(VDocPage* page) {
+  page_ = page;
+  page == nullptr ? small_->pause() : small_->goOn();
+}
+
 bool VPage::showsOnePage() const {
   return shows_pages_ && small_->isEmpty();
 }

@@ -56,7 +56,7 @@ class VPage : public QFrame {
 
   // The page that is on view as it is read again, or null before it is released. What is painted
   // stays.
-  void usePage(VDocPage* page) { page_ = page; }
+  void usePage(VDocPage* page);
 
   // What stands above a single page.
   PageOverlay& overlay() { return *overlay_; }

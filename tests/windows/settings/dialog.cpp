@@ -105,6 +105,7 @@ void Dialog::choose(const std::string& name, const std::string& row) {
       return item != nullptr;
     };
     ASSERT_TRUE(QTest::qWaitFor(comes)) << row;
+    tree->scrollToItem(item);
     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(item).center());
   } else if (auto* box = qobject_cast<QComboBox*>(&widget)) {
     ASSERT_GE(box->findText(wanted), 0) << row;

@@ -10,7 +10,7 @@
 
 #include "support/pdf_reader.h"
 #include "windows/settings/dialog.h"
-#include "windows/settings/made_up_printers.h"
+#include "windows/settings/dialog_printers.h"
 
 namespace qor::test {
 namespace {
@@ -49,7 +49,7 @@ std::string takePages(const Window& window) {
 }
 
 TEST(SettingsPrint, sendsTheChosenPagesAndSaysWhere) {
-  const MadeUpPrinters printers;
+  const DialogPrinters printers;
   Window window(withSettings(namedPages(6)));
   const std::string where = "Printed to " + target(window);
   struct Row {
@@ -92,7 +92,7 @@ TEST(SettingsPrint, sendsTheChosenPagesAndSaysWhere) {
 
 // A refused job is told once, and the dialog has lost nothing.
 TEST(SettingsPrint, tellsOfPrintersThatRefuse) {
-  const MadeUpPrinters printers;
+  const DialogPrinters printers;
   Window window(withSettings(namedPages(2)));
   Dialog::in(window, [](Dialog& dialog) {
     dialog.goTo(1);

@@ -1,11 +1,13 @@
 // The printers of the dialog: what is asked when, what they bring along, and those that are gone.
+#include "settings/printers.h"
+
 #include <QComboBox>
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
 
 #include "windows/settings/dialog.h"
-#include "windows/settings/made_up_printers.h"
+#include "windows/settings/dialog_printers.h"
 
 namespace qor::test {
 namespace {
@@ -26,7 +28,7 @@ bool waitFor(Dialog& dialog, const std::string& state) {
 }
 
 TEST(SettingsPrinters, thatAreSilentHoldUpNobody) {
-  MadeUpPrinters printers;
+  DialogPrinters printers;
   Window window(withSettings(reportOfPages(1)));
   Dialog::in(window, [&](Dialog& dialog) {
     waitFor(dialog, "near||4|4|ready|prints");
@@ -43,7 +45,19 @@ TEST(SettingsPrinters, thatAreSilentHoldUpNobody) {
     pdf->setExpanded(true);
     EXPECT_TRUE(QTest::qWaitFor([&] { return pdf->childCount() > 0; }));
     dialog.choose("treePrinters", "silent");
+    dialog.choosePrinter("far");
+    // What an answer does to the rows about a printer chooses none.
+    const auto nodeOf = [&](const char* name) {
+      return tree.findItems(name, Qt::MatchExactly).value(0);
+    };
+    nodeOf("PrintServer")->setExpanded(true);
+    tree.setCurrentItem(nodeOf("PrintServer")->child(0));
     printers.letAnswer();
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+      return nodeOf("silent")->childIndicatorPolicy() != QTreeWidgetItem::ShowIndicator;
+    }));
+    EXPECT_EQ(listed(dialog), "far||3|2|ready|prints");
+    dialog.choose("treePrinters", "silent");
     waitFor(dialog, "silent|The printer doesn't answer.|0|0|ready|prints");
     dialog.choosePrinter("far");
     dialog.click("cmdOk");
@@ -63,7 +77,7 @@ TEST(SettingsPrinters, thatAreSilentHoldUpNobody) {
 // Size and colour of the printer take the place of the user's own, who is told and can have them
 // back.
 TEST(SettingsPrinters, bringTheirOwnPaperAndColorAlong) {
-  const MadeUpPrinters printers;
+  const DialogPrinters printers;
   Window window(withSettings(reportOfPages(1)));
   const auto values = [](Dialog& dialog) {
     std::string text = dialog.texts({"txtPageWidth", "txtPageHeight", "lstPageSize"});
@@ -94,8 +108,26 @@ TEST(SettingsPrinters, bringTheirOwnPaperAndColorAlong) {
   });
 }
 
+// The draft follows the default printer of the system, which goes without a name.
+TEST(SettingsPrinters, areTheDefaultOneWhereNobodyChooses) {
+  DialogPrinters printers;
+  Window window(withSettings(reportOfPages(1)));
+  window.doc().PrintScale = 70;
+  for (const char* usual : {"near", "far"}) {
+    printers.makeDefault(usual);
+    Dialog::in(window, [&](Dialog& dialog) {
+      EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.text("lblPrinter") == usual; }));
+      EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.control("cmdOk").isEnabled(); }));
+      dialog.click("cmdOk");
+    });
+    EXPECT_EQ(AppOptions.PrinterName, "");
+    EXPECT_EQ(gDefaultPrn.DeviceName, usual);
+    EXPECT_EQ(window.doc().PrintScale, 100);
+  }
+}
+
 TEST(SettingsPrinters, arePrintedToNeverInATest) {
-  const MadeUpPrinters printers;
+  const DialogPrinters printers;
   Window window(withSettings(reportOfPages(1)));
   AppOptions.TestMode = true;
   Dialog::in(window, [](Dialog& dialog) {

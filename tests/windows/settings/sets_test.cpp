@@ -11,7 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "windows/settings/dialog.h"
-#include "windows/settings/made_up_printers.h"
+#include "windows/settings/dialog_printers.h"
 
 namespace qor::test {
 namespace {
@@ -72,7 +72,7 @@ class SettingsSets : public testing::Test {
 
   static void closeBox(QWidget& box) { box.close(); }
 
-  const MadeUpPrinters printers_;
+  const DialogPrinters printers_;
   Window window_{withSettings(reportOfPages(1))};
   std::string file_;
 };

@@ -1,5 +1,5 @@
 // Queues made up.
-#include "windows/settings/made_up_printers.h"
+#include "windows/settings/dialog_printers.h"
 
 #include "base/errors.h"
 #include "platform/print/pdf_file_printer.h"
@@ -38,7 +38,7 @@ Queue far() {
 
 class Queues : public PrintQueues {
  public:
-  explicit Queues(std::shared_ptr<MadeUpPrinters::State> state) : state_(std::move(state)) {}
+  explicit Queues(std::shared_ptr<DialogPrinters::State> state) : state_(std::move(state)) {}
 
   std::vector<QueueName> list() override {
     const std::lock_guard lock(state_->mutex);
@@ -47,7 +47,10 @@ class Queues : public PrintQueues {
     return names;
   }
 
-  std::string defaultName() override { return "near"; }
+  std::string defaultName() override {
+    const std::lock_guard lock(state_->mutex);
+    return state_->usual;
+  }
 
   std::optional<Queue> find(const std::string& name) override {
     std::unique_lock lock(state_->mutex);
@@ -62,12 +65,12 @@ class Queues : public PrintQueues {
   }
 
  private:
-  std::shared_ptr<MadeUpPrinters::State> state_;
+  std::shared_ptr<DialogPrinters::State> state_;
 };
 
 }  // namespace
 
-MadeUpPrinters::MadeUpPrinters() : state_(std::make_shared<State>()) {
+DialogPrinters::DialogPrinters() : state_(std::make_shared<State>()) {
   std::vector<std::unique_ptr<PrintQueues>> systems;
   systems.push_back(std::make_unique<Queues>(state_));
   systems.push_back(makePdfFilePrinter());
@@ -75,18 +78,23 @@ MadeUpPrinters::MadeUpPrinters() : state_(std::make_shared<State>()) {
   InitPrinters();
 }
 
-MadeUpPrinters::~MadeUpPrinters() {
+DialogPrinters::~DialogPrinters() {
   letAnswer();
   setPrintSystem(nullptr);
 }
 
-void MadeUpPrinters::letAnswer() {
+void DialogPrinters::letAnswer() {
   const std::lock_guard lock(state_->mutex);
   state_->silentAnswers = true;
   state_->answers.notify_all();
 }
 
-void MadeUpPrinters::removeFar() {
+void DialogPrinters::makeDefault(const char* name) {
+  const std::lock_guard lock(state_->mutex);
+  state_->usual = name;
+}
+
+void DialogPrinters::removeFar() {
   const std::lock_guard lock(state_->mutex);
   state_->hasFar = false;
 }

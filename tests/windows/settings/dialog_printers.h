@@ -6,16 +6,18 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
+#include <string>
 
 namespace qor::test {
 
-class MadeUpPrinters {
+class DialogPrinters {
  public:
-  MadeUpPrinters();
-  ~MadeUpPrinters();
+  DialogPrinters();
+  ~DialogPrinters();
 
   void letAnswer();
   void removeFar();
+  void makeDefault(const char* name);
 
   // What the queues and the threads that ask them share.
   struct State {
@@ -23,6 +25,7 @@ class MadeUpPrinters {
     std::condition_variable answers;
     bool silentAnswers = false;
     bool hasFar = true;
+    std::string usual = "near";
   };
 
  private:

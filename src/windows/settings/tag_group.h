@@ -18,10 +18,16 @@ class TagGroup : public QButtonGroup {
     connect(this, &QButtonGroup::idClicked, this, std::move(chosen));
   }
 
-  // Checks the button with the tag; none where there is no such tag.
+  // Checks the button with the tag, to which the Tab key then leads; none where there is no such
+  // tag.
   void check(int tag) {
     setExclusive(false);
-    for (QAbstractButton* candidate : buttons()) candidate->setChecked(id(candidate) == tag);
+    const QAbstractButton* chosen = button(tag);
+    for (QAbstractButton* candidate : buttons()) {
+      candidate->setChecked(candidate == chosen);
+      const bool passedBy = chosen != nullptr && candidate != chosen;
+      candidate->setFocusPolicy(passedBy ? Qt::ClickFocus : Qt::StrongFocus);
+    }
     setExclusive(true);
   }
 };

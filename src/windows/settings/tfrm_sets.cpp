@@ -31,6 +31,12 @@ std::string_view nameOfColor(std::int32_t printColor, const SettingsTexts& texts
   }
 }
 
+QWidget* lastWithFocus(const QWidget& window) {
+  QWidget* last = window.previousInFocusChain();
+  while (last->focusPolicy() == Qt::NoFocus) last = last->previousInFocusChain();
+  return last;
+}
+
 }  // namespace
 
 TfrmSets::TfrmSets(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::TfrmSets>()) {
@@ -52,6 +58,9 @@ void TfrmSets::addTabs() {
   add(font_tab_ = new FontTab(draft_));
   add(page_tab_ = new PageTab(draft_));
   add(sets_tab_ = new SetsTab(draft_));
+  // The buttons below the tabs were made before them.
+  for (QWidget* button : {ui_->cmdBringBack, ui_->cmdOk, ui_->cmdPrint, ui_->cmdCancel})
+    setTabOrder(lastWithFocus(*this), button);
 }
 
 void TfrmSets::connectControls() {

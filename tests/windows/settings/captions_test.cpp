@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <map>
 
@@ -84,6 +85,37 @@ TEST(SettingsCaptions, haveLettersThatDoNotClash) {
       }
     });
   }
+}
+
+// From the tabs through what is on one to the buttons, and round.
+TEST(SettingsCaptions, areReachedByTab) {
+  const std::pair<int, const char*> rows[] = {
+      {0, "treePrinters cmdPrinter_Reset "},
+      {1,
+       "chkPrint_Pages_All txtPrint_Copies cbCollate chkPrintOrder_Normal chkQuality_Medium "
+       "chkColor_Colored lstPrint_PaperSource cmdPrint_Reset "},
+      {2,
+       "lstFonts txtFontHeight txtFontWidth txtFontSpace chkFontBold chkFontUnderline "
+       "chkFontItalic chkFontStrikeOut pFontColor lstFontCharSet cmdFont_Reset "},
+      {3, "chkOrientation_Portrait txtLeft txtTop lstPageSize lstBaseCodePage cmdPage_Reset "},
+      {4,
+       "cmdSets_FileOpen cmdSets_FileSave cmdSets_FileSaveAs txtNameOfSet lstListOfSetsNames "
+       "cmdSets_Reset "}};
+  Window window(withSettings(reportOfPages(1)));
+  Dialog::in(window, [&](Dialog& dialog) {
+    for (const auto& [tab, names] : rows) {
+      dialog.goTo(tab);
+      QWidget* bar = dialog.control<QTabWidget>("Pages_Sets").tabBar();
+      bar->setFocus();
+      std::string walked;
+      do {
+        dialog.key("Tab");
+        walked += dialog.form().focusWidget()->objectName().toStdString() + " ";
+      } while (dialog.form().focusWidget() != bar && walked.size() < 1000);
+      EXPECT_EQ(walked,
+                std::string(names) + "cmdBringBack cmdOk cmdPrint cmdCancel qt_tabwidget_tabbar ");
+    }
+  });
 }
 
 // Each tab anew on its first one; a small screen's tabs scroll, and its buttons stay in reach.

@@ -47,6 +47,10 @@ struct PreviewTexts {
   std::string_view fileChanged;
   std::string_view fileGone;
   std::string_view stateNotRead;
+  // Of long jobs; a "%" stands for a number.
+  std::string_view speed;
+  std::string_view secondsLeft;
+  std::string_view minutesLeft;
   std::string_view zoomHeld;  // before the zoom that is shown
   std::string_view companionMissing;
   std::string_view leavesFullWindow;

@@ -7,11 +7,14 @@
 
 namespace qor {
 
-std::string withNumber(std::string_view text, std::int64_t number) {
+std::string withText(std::string_view text, std::string_view part) {
   const std::string_view start = upTo(text, '%');
   std::string result(start);
-  result += std::to_string(number);
-  return result.append(text.substr(std::min(text.size(), start.size() + 1)));
+  return result.append(part).append(text.substr(std::min(text.size(), start.size() + 1)));
+}
+
+std::string withNumber(std::string_view text, std::int64_t number) {
+  return withText(text, std::to_string(number));
 }
 
 std::string pageOfText(int page, int total) {

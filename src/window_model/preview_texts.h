@@ -9,7 +9,8 @@
 
 namespace qor {
 
-// The text with the number in the place of its "%".
+// The text with the part, or the number, in the place of its "%".
+std::string withText(std::string_view text, std::string_view part);
 std::string withNumber(std::string_view text, std::int64_t number);
 
 // Such as "Page 3 of 12", or "No pages"; and "   Page 3".

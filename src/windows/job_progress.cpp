@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/qt/qt_text.h"
+#include "window_model/job_speed.h"
 #include "window_model/preview_texts.h"
 
 namespace qor {
@@ -24,7 +25,8 @@ JobProgress::JobProgress(QWidget* window, QString title, QString cancelText, Clo
       title_(std::move(title)),
       cancel_text_(std::move(cancelText)),
       clock_(std::move(clock)),
-      looked_(clock_()) {
+      started_(clock_()),
+      looked_(started_) {
   QApplication::setOverrideCursor(Qt::WaitCursor);
 }
 
@@ -60,7 +62,9 @@ void JobProgress::open() {
 }
 
 void JobProgress::tell(std::int32_t page, std::int32_t pages) {
-  dialog_->setLabelText(qtText(pageOfText(page, pages)));
+  const auto taken = std::chrono::duration_cast<milliseconds>(clock_() - started_);
+  const std::string speed = jobSpeedText(page, pages, taken);
+  dialog_->setLabelText(qtText(pageOfText(page, pages) + (speed.empty() ? "" : "\n" + speed)));
   dialog_->setMaximum(pages);
   dialog_->show();
   dialog_->setValue(page);

@@ -1,5 +1,5 @@
 // Shows how far a long job has come, and lets the user cancel it. A job of less than half a second
-// shows the wait cursor only.
+// shows the wait cursor only; one of more than five tells how fast it goes, too.
 #pragma once
 
 #include <QString>
@@ -40,6 +40,7 @@ class JobProgress {
   QString title_;
   QString cancel_text_;
   Clock clock_;
+  std::chrono::steady_clock::time_point started_;
   std::chrono::steady_clock::time_point looked_;  // the last time that events were handled
   std::unique_ptr<QProgressDialog> dialog_;
 };

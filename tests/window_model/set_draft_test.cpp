@@ -115,18 +115,6 @@ TEST_F(Draft, isTakenOfTheDocument) {
   }
 }
 
-TEST_F(Draft, hasThePrinterOfTheRun) {
-  VSet set;
-  for (const auto& [option, printer] : {std::pair{"gone", "gone"}, {"", "usual"}}) {
-    set.PrinterName = set.DefaultPrinterName = "old";
-    AppOptions.PrinterName = option;
-    choosePrinterOfRun(set);
-    EXPECT_EQ(set.PrinterName, printer);
-    EXPECT_EQ(set.DefaultPrinterName, "usual");
-    EXPECT_EQ(AppOptions.PrinterName, option);
-  }
-}
-
 TEST_F(Draft, reachesTheDocumentWhenItIsApplied) {
   SetDraft draft;
   draft.set.Page = unusualPage();

@@ -79,7 +79,8 @@ TEST_F(Printers, areMeasuredAsTheyAreSetUp) {
   CreatePrintDC("laser", pageOf(9, 210, 297, 2), 50, true);
   EXPECT_EQ(numbersOf(gPrintMetrics), (std::vector{2, 150, 75, 283, 198, 3507, 1240, 95, 30,
                                                    3507 - 95 - 71, 1240 - 30 - 42}));
-  MadeUpPrinters::use(madeUpQueues(), "gone");
+  printers_.makeDefault("gone");
+  InitPrinters();
   EXPECT_EQ(GetDefaultPrinterName(), kPdfFilePrinter);
   EXPECT_EQ(gDefaultPrn.DeviceName, kPdfFilePrinter);
 }
@@ -218,14 +219,32 @@ TEST_F(Printers, standInTheTreeWithAllTheyTell) {
   const auto& forms = tree[0].children;
   EXPECT_EQ(forms.at(0).text, "Letter  (215.9 x 279.4 mm)   (215.9 x 279.4 mm)  [Form BuiltIn]");
   EXPECT_EQ(forms.back().text, "om_label_62x100mm  (62 x 100 mm)   (55 x 92 mm)  [Form Printer]");
-  std::string text;
-  for (const TreeNode& branch : tree[3].children)
-    for (const TreeNode& leaf : branch.children) text += leaf.text + "|";
-  for (const char* part :
-       {"        Paper Size: A4|", "      Paper Height: 297 mm|",
-        "      Resolution Y: 1669 pixels|", " Physical Offset X: 60 pixels|",
-        "Tabloid  (279.4 x 431.8 mm)  (#3)|", "600 x 300 DPI|", "roll-7  ( #11451 )|"})
-    EXPECT_NE(text.find(part), std::string::npos) << text;
+  const auto textOf = [](const TreeNode& branch) {
+    std::string text;
+    for (const TreeNode& leaf : branch.children)
+      text += leaf.text.substr(leaf.text.find_first_not_of(' ')) + "|";
+    return text;
+  };
+  const auto& laser = tree[3].children;
+  EXPECT_EQ(laser.at(0).text + "|" + laser.at(1).text,
+            "Driver Name: Laser 300|Print Processor: PDF");
+  EXPECT_EQ(textOf(laser.at(2)),
+            "Paper Size: A4|Paper Width: 210 mm|Paper Height: 297 mm|Orientation: Portrait|"
+            "Paper Width: 198 mm|Paper Height: 283 mm|Port: lpt1:,lpt2:|"
+            "Resolution X: 2337 pixels|Resolution Y: 1669 pixels|Physical Width: 2480 pixels|"
+            "Physical Height: 1753 pixels|LogPixels X: 300 pixels per inch|"
+            "LogPixels Y: 150 pixels per inch|Physical Offset X: 60 pixels|"
+            "Physical Offset Y: 36 pixels|Scaling Factor X: 1|Scaling Factor Y: 1|Aspect X: 300|"
+            "Aspect Y: 150|");
+  EXPECT_EQ(textOf(laser.at(3)),
+            "Letter  (215.9 x 279.4 mm)  (#1)|A4  (210 x 297 mm)  (#9)|"
+            "Tabloid  (279.4 x 431.8 mm)  (#3)|om_label_62x100mm  (62 x 100 mm)  (#317)|");
+  EXPECT_EQ(textOf(laser.at(4)), "300 x 150 DPI|600 x 300 DPI|");
+  EXPECT_NE(textOf(laser.at(5)).find("|roll-7  ( #11451 )|"), std::string::npos);
+  EXPECT_EQ(textOf(tree[2].children.at(4)), "600 x 600 DPI|");
+  printSystem().learn("plain", {});
+  FillPrinterTree(tree);
+  EXPECT_EQ(tree[2].children.at(0).text, "Driver Name: Plain");
 }
 
 TEST_F(Printers, haveTheFontsOfACharacterSet) {
@@ -235,6 +254,10 @@ TEST_F(Printers, haveTheFontsOfACharacterSet) {
     const bool hasLetters = charset != 2 && charset != 128 && charset != 134;
     EXPECT_EQ(std::count(names.begin(), names.end(), "Liberation Mono"), hasLetters) << charset;
   }
+  gPrinterMeasured = false;
+  ItemList names = {"old"};
+  ListPrinterFonts(names, 0);
+  EXPECT_TRUE(names.empty()) << "as long as no printer was measured";
 }
 
 TEST(PrintScale, fillsThePaperWithThePage) {

@@ -2,41 +2,63 @@
 #pragma once
 
 #include <algorithm>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "base/errors.h"
 #include "platform/print/pdf_file_printer.h"
 #include "platform/print/print_system.h"
 #include "settings/printers.h"
 
 namespace qor::test {
 
-// Queues that tell what they are told to, and take no jobs.
+// Queues that tell what they are told to, in any thread, and reject jobs.
 class MadeUpQueues : public PrintQueues {
  public:
-  MadeUpQueues(std::vector<Queue> queues, std::string usual)
-      : queues_(std::move(queues)), usual_(std::move(usual)) {}
+  struct State {
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::vector<Queue> queues;
+    std::string usual;
+    bool silent = false;  // the queue "silent" keeps those waiting who ask for it
+  };
+
+  explicit MadeUpQueues(std::shared_ptr<State> state) : state_(std::move(state)) {}
 
   std::vector<QueueName> list() override {
+    const std::lock_guard lock(state_->mutex);
     std::vector<QueueName> names;
-    for (const Queue& queue : queues_) names.push_back(queue.id);
+    for (const Queue& queue : state_->queues) names.push_back(queue.id);
     return names;
   }
-  std::string defaultName() override { return usual_; }
 
-  std::optional<Queue> find(const std::string& name) override {
-    const auto found = std::ranges::find(queues_, name, [](const Queue& q) { return q.id.name; });
-    return found == queues_.end() ? std::nullopt : std::optional(*found);
+  std::string defaultName() override {
+    const std::lock_guard lock(state_->mutex);
+    return state_->usual;
   }
 
-  std::unique_ptr<PrintJob> open(const std::string&, const JobTicket&) override { return nullptr; }
+  std::optional<Queue> find(const std::string& name) override {
+    std::unique_lock lock(state_->mutex);
+    if (name == "silent") {
+      state_->changed.wait(lock, [this] { return !state_->silent; });
+      return std::nullopt;
+    }
+    const auto isNamed = [&name](const Queue& queue) { return queue.id.name == name; };
+    const auto found = std::ranges::find_if(state_->queues, isNamed);
+    return found == state_->queues.end() ? std::nullopt : std::optional(*found);
+  }
+
+  std::unique_ptr<PrintJob> open(const std::string& name, const JobTicket&) override {
+    throw PrintError(name + ": rejects jobs");
+  }
 
  private:
-  std::vector<Queue> queues_;
-  std::string usual_;
+  std::shared_ptr<State> state_;
 };
 
 // The print system of the process for the length of a test: these queues, and the printer that
@@ -44,9 +66,16 @@ class MadeUpQueues : public PrintQueues {
 class MadeUpPrinters {
  public:
   MadeUpPrinters(std::vector<Queue> queues, std::string usual) {
-    use(std::move(queues), std::move(usual));
+    state_->queues = std::move(queues);
+    state_->usual = std::move(usual);
+    std::vector<std::unique_ptr<PrintQueues>> systems;
+    systems.push_back(std::make_unique<MadeUpQueues>(state_));
+    systems.push_back(makePdfFilePrinter());
+    setPrintSystem(std::make_unique<PrintSystem>(std::move(systems)));
+    InitPrinters();
   }
   ~MadeUpPrinters() {
+    setSilent(false);
     setPrintSystem(nullptr);
     gDefaultPrn = default_;
     gPrintMetrics = metrics_;
@@ -55,15 +84,23 @@ class MadeUpPrinters {
   MadeUpPrinters(const MadeUpPrinters&) = delete;
   MadeUpPrinters& operator=(const MadeUpPrinters&) = delete;
 
-  static void use(std::vector<Queue> queues, std::string usual) {
-    std::vector<std::unique_ptr<PrintQueues>> systems;
-    systems.push_back(std::make_unique<MadeUpQueues>(std::move(queues), std::move(usual)));
-    systems.push_back(makePdfFilePrinter());
-    setPrintSystem(std::make_unique<PrintSystem>(std::move(systems)));
-    InitPrinters();
+  // What changes behind the program's back.
+  void setSilent(bool silent) const {
+    const std::lock_guard lock(state_->mutex);
+    state_->silent = silent;
+    state_->changed.notify_all();
+  }
+  void makeDefault(const char* name) const {
+    const std::lock_guard lock(state_->mutex);
+    state_->usual = name;
+  }
+  void remove(const char* name) const {
+    const std::lock_guard lock(state_->mutex);
+    std::erase_if(state_->queues, [name](const Queue& queue) { return queue.id.name == name; });
   }
 
  private:
+  std::shared_ptr<MadeUpQueues::State> state_ = std::make_shared<MadeUpQueues::State>();
   VSetPrn default_ = gDefaultPrn;
   SheetMeasures metrics_ = gPrintMetrics;
   bool measured_ = gPrinterMeasured;

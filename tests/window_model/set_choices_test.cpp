@@ -1,36 +1,23 @@
 // What the lists of the settings dialog offer. Decimal marks are points where no locale is told.
 #include "window_model/set_choices.h"
 
-#include <limits>
-
 #include <gtest/gtest.h>
 
 #include "language/language.h"
 #include "support/program.h"
-#include "support/rows.h"
 #include "support/variable.h"
 
 namespace qor::test {
 namespace {
 
 TEST(SetChoices, offerCharacterSets) {
-  const char* const texts =
-      "0     ANSI characters|1     Default charsets|2     Standard symbol set|77   Macintosh "
-      "characters|128 Japanese shift-jis characters|129 Korean characters (Wansung).|130 Korean "
-      "characters (Johab)|134 Simplified Chinese characters (mainland china)|136 Traditional "
-      "Chinese characters (taiwanese)|161 Greek characters|162 Turkish characters|163 Vietnamese "
-      "characters|177 Hebrew characters|178 Arabic characters|186 Baltic characters|204 Cyrillic "
-      "characters|222 Thai characters|238 +diacritical marks for eastern european countries|255 "
-      "OEM charset";
-  std::size_t place = 0;
-  for (const std::string& text : linesOf(texts, '|')) {
-    ASSERT_LT(place, charsetEntries().size());
-    const auto& [shown, charset] = charsetEntries()[place];
-    EXPECT_EQ(shown, text);
-    EXPECT_EQ(charset, std::stoi(text));
-    EXPECT_EQ(entryOfCharset(charset), static_cast<int>(place++));
+  std::string charsets;
+  for (const auto& [text, charset] : charsetEntries()) {
+    EXPECT_EQ(std::stoi(std::string(text)), charset);
+    EXPECT_EQ(charsetEntries()[static_cast<std::size_t>(entryOfCharset(charset))].text, text);
+    charsets += std::to_string(charset) + " ";
   }
-  EXPECT_EQ(charsetEntries().size(), place);
+  EXPECT_EQ(charsets, "0 1 2 77 128 129 130 134 136 161 162 163 177 178 186 204 222 238 255 ");
   for (const int charset : {3, 76, 137, 254})
     EXPECT_EQ(entryOfCharset(static_cast<std::uint8_t>(charset)), -1) << charset;
 }
@@ -41,21 +28,17 @@ TEST(SetChoices, offerCodePages) {
     EXPECT_EQ(entryOfCodePage(codePage), place);
     EXPECT_EQ(codePageOfEntry(place), codePage);
     for (const char* language : {"en", "ru", "tr"}) {
-      const std::string_view text =
-          languageOf(language).settings.codePages[static_cast<std::size_t>(place)];
-      EXPECT_EQ(std::stoi(std::string(text)), codePage) << text;
+      const auto& texts = languageOf(language).settings.codePages;
+      EXPECT_EQ(std::stoi(std::string(texts[static_cast<std::size_t>(place)])), codePage);
     }
     ++place;
   }
-  for (const int codePage : {-1, 0, 436, 855, 1250, 1253, 1255, 28591})
-    EXPECT_EQ(entryOfCodePage(codePage), 5) << codePage;
-  for (const int entry : {-1, -7, 7, 8, std::numeric_limits<int>::min()})
-    EXPECT_EQ(codePageOfEntry(entry), 1252) << entry;
+  for (const int codePage : {-1, 0, 436, 855, 1255, 28591}) EXPECT_EQ(entryOfCodePage(codePage), 5);
+  for (const int entry : {-1, 7, 8}) EXPECT_EQ(codePageOfEntry(entry), 1252) << entry;
 }
 
 TEST(SetChoices, offerColorByBothItsNumbers) {
-  for (const auto& [mode, choice] :
-       {std::pair{-1, -1}, {0, 0}, {1, 1}, {2, 3}, {3, 3}, {4, -1}, {-2147483647, -1}})
+  for (const auto& [mode, choice] : {std::pair{-1, -1}, {0, 0}, {1, 1}, {2, 3}, {3, 3}, {4, -1}})
     EXPECT_EQ(colorChoice(mode), choice) << mode;
 }
 
@@ -63,11 +46,8 @@ TEST(SetChoices, takeItemsApart) {
   const std::tuple<const char*, int, const char*> rows[] = {
       {"9|A4   (210 x 297 mm)", 9, "A4   (210 x 297 mm)"},
       {"317|x|5", 317, "x|5"},
-      {"65535|65", 65535, "65"},
       {"7|", 7, ""},
       {"|A4", 0, "A4"},
-      {"A4|9", 0, "9"},
-      {"Custom", 0, "Custom"},
       {"", 0, ""}};
   for (const auto& [item, number, name] : rows) {
     EXPECT_EQ(numberOfItem(item), number) << item;
@@ -81,33 +61,23 @@ std::string sidesText(const char* item, std::int32_t orientation = 1) {
   return sides ? sides->width + " " + sides->height : "";
 }
 
-TEST(SetChoices, tellTheSidesOfAPaper) {
+TEST(SetChoices, tellSidesAndLimitsOfAPaper) {
   const Variable locale("LC_ALL", "C");
   const std::pair<const char*, const char*> rows[] = {
-      {"9|A4   (210 x 297 mm)", "210 297"},
-      {"1|Letter   (215.9 x 279.4 mm)", "215.9 279.4"},
       {"300|  (7 x 8 mm)   (10 x 20 mm)", "10 20"},
-      {"300|5 x 6   (10 x 20 mm)", "10 20"},
       {"300|5 x 6 mm)   (10.25 x 20 mm)", "10.25 20"},
       {"300|odd   (10 x 20 mm) x 3 mm)", "10 20"},
-      {"300|odd  (mm)", ""},
       {"300|10 x 20 mm)", ""},
       {"300|odd (10 x 20 mm)", ""},
       {"300|odd   (10 x 20)", ""},
       {"300|odd   (10x20 mm)", ""},
       {"300|odd   (5 mm) x 20", ""},
-      {"Custom", ""},
       {"", ""}};
   for (const auto& [item, sides] : rows) EXPECT_EQ(sidesText(item), sides) << item;
   for (const auto& [orientation, sides] :
        {std::pair{0, "279.4 215.9"}, {1, "215.9 279.4"}, {2, "279.4 215.9"}, {3, "279.4 215.9"}})
     EXPECT_EQ(sidesText("1|Letter   (215.9 x 279.4 mm)", orientation), sides) << orientation;
-}
-
-TEST(SetChoices, tellLimitsInMillimetres) {
-  const Variable locale("LC_ALL", "C");
   EXPECT_EQ(limitsText(762, 4318), "min = 76.2 mm, max = 431.8 mm");
-  EXPECT_EQ(limitsText(0, 5000), "min = 0 mm, max = 500 mm");
 }
 
 TEST(SetChoices, haveTheDecimalMarkOfTheLocale) {

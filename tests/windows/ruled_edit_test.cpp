@@ -101,6 +101,7 @@ TEST(RuledEdit, pastesWholeTextsOrNothing) {
   EXPECT_EQ(page.compose("0"), "") << "as if it were typed";
   EXPECT_EQ(page.compose("3"), "3");
   EXPECT_FALSE(page.edit.acceptDrops());
+  EXPECT_EQ(page.edit.contextMenuPolicy(), Qt::NoContextMenu);
 }
 
 TEST(RuledEdit, arrowKeysStepAndOthersPass) {

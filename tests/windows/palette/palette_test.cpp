@@ -2,6 +2,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QScreen>
+#include <QStyle>
 #include <QTest>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -61,6 +62,15 @@ QPoint middleOf(int cell) {
   return {cell % 16 * 16 + 8, cell / 16 * 16 + 8};
 }
 
+// All that has a color in a picture.
+QRect areaOf(const QImage& picture, const QColor& color) {
+  QRegion area;
+  for (int y = 0; y < picture.height(); ++y)
+    for (int x = 0; x < picture.width(); ++x)
+      if (picture.pixelColor(x, y) == color) area += QRect(x, y, 1, 1);
+  return area.boundingRect();
+}
+
 TEST(Palette, keysChooseOrLeave) {
   using enum Qt::Key;
   constexpr Color kOther = 0x123456;  // of no cell
@@ -116,6 +126,10 @@ TEST(Palette, mouseMovesTheHighlightAndTakesACell) {
   EXPECT_EQ(picker.cells()->cell(), 87);
   EXPECT_EQ(picker.cells()->accessibleDescription(), "#fffe00 (255, 254, 0)");
   EXPECT_EQ(picker.cells()->accessibleName(), "Font colour");
+  QKeyEvent shortcut(QEvent::ShortcutOverride, Qt::Key_Right, {});
+  shortcut.ignore();
+  QApplication::sendEvent(picker.cells(), &shortcut);
+  EXPECT_TRUE(shortcut.isAccepted()) << "the window has no use of its keys";
   QHelpEvent help(QEvent::ToolTip, middleOf(87), picker.cells()->mapToGlobal(middleOf(87)));
   QApplication::sendEvent(picker.cells(), &help);
   EXPECT_EQ(QToolTip::text(), "#fffe00 (255, 254, 0)");
@@ -146,6 +160,8 @@ TEST(Palette, closesWithItsFocus) {
   EXPECT_FALSE(picker.button.isDown());
   EXPECT_TRUE(picker.fired.empty());
   EXPECT_EQ(picker.button.color(), kNavy);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(picker.button.findChild<VPaletteControl*>(), nullptr);
 }
 
 TEST(Palette, standsUnderItsButtonAndOnTheScreen) {
@@ -161,6 +177,7 @@ TEST(Palette, standsUnderItsButtonAndOnTheScreen) {
   };
   for (const auto& [corner, expected] : rows) {
     VDropDownPalette button;
+    EXPECT_EQ(button.accessibleDescription(), "#000000 (0, 0, 0)");
     button.setWindowFlag(Qt::FramelessWindowHint);
     button.move(corner);
     button.show();
@@ -177,7 +194,10 @@ TEST(Palette, drawsColorsStatesAndTheHighlight) {
   EXPECT_EQ(picker.button.size(), QSize(48, 21));
   const auto picture = [&] { return picker.button.grab().toImage(); };
   const QImage focused = picture();
-  EXPECT_EQ(focused.pixelColor(15, 10), QColor(0, 0, 128));
+  const int arrow = picker.button.style()->pixelMetric(QStyle::PM_MenuButtonIndicator);
+  // Inside of a frame of one pixel, four from the edge and from the arrow.
+  EXPECT_EQ(areaOf(focused, QColor(0, 0, 128)), QRect(5, 5, 38 - arrow, 11));
+  EXPECT_EQ(focused.pixelColor(4, 10), picker.button.palette().color(QPalette::ButtonText));
   picker.edit.setFocus();
   const QImage up = picture();
   EXPECT_NE(up, focused);
@@ -194,10 +214,17 @@ TEST(Palette, drawsColorsStatesAndTheHighlight) {
     const SColor& color = paletteColors().at(static_cast<std::size_t>(cell));
     EXPECT_EQ(cells.pixelColor(middleOf(cell)), QColor(color.red, color.green, color.blue)) << cell;
   }
-  // The frame of the cell has both tones, the one beside it has not.
-  EXPECT_EQ(cells.pixelColor(16, 8), QColor(Qt::black));
-  EXPECT_EQ(cells.pixelColor(17, 8), QColor(Qt::white));
-  EXPECT_NE(cells.pixelColor(33, 8), QColor(Qt::white));
+  // The frame of cell 1 has both tones on all sides; another cell has a thin one, and a gap.
+  for (const QPoint& edge : {QPoint(16, 8), {31, 8}, {24, 0}, {24, 15}}) {
+    const QPoint inward = (QPoint(24, 8) - edge) / 7;
+    EXPECT_EQ(cells.pixelColor(edge), QColor(Qt::black)) << edge.x() << " " << edge.y();
+    for (const int depth : {1, 2})
+      EXPECT_EQ(cells.pixelColor(edge + depth * inward), QColor(Qt::white)) << edge.x();
+  }
+  const QColor color = cells.pixelColor(middleOf(87));
+  EXPECT_EQ(areaOf(cells, color), QRect(QPoint(114, 82), QSize(12, 12)));
+  EXPECT_EQ(cells.pixel(113, 88), picker.cells()->palette().color(QPalette::Mid).rgb());
+  EXPECT_NE(cells.pixelColor(112, 88), cells.pixelColor(113, 88));
 }
 
 }  // namespace

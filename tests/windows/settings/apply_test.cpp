@@ -1,13 +1,15 @@
 // What the dialog makes of a document's settings, and when.
+#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QTreeWidget>
+#include <QTabWidget>
 #include <sstream>
 
 #include <gtest/gtest.h>
 
 #include "settings/printers.h"
+#include "windows/palette/vdropdownpalette.h"
 #include "windows/settings/dialog.h"
 #include "windows/settings/dialog_printers.h"
 
@@ -45,6 +47,23 @@ constexpr const char* kChangedPage =
 constexpr const char* kChangedFont =
     "Liberation Serif 14.5 7 -0.5, weight 700, flags 111, charset 204, color 8388608";
 
+// What the edits, boxes and buttons of a tab show.
+std::string shownOn(Dialog& dialog, int tab) {
+  std::string shown;
+  const QWidget& area = *dialog.control<QTabWidget>("Pages_Sets").widget(tab);
+  for (QWidget* control : area.findChildren<QWidget*>()) {
+    if (const auto* edit = qobject_cast<QLineEdit*>(control))
+      shown += "|" + edit->text().toStdString();
+    if (const auto* box = qobject_cast<QComboBox*>(control))
+      shown += "|" + box->currentText().toStdString();
+    if (const auto* button = qobject_cast<QAbstractButton*>(control))
+      shown += button->isChecked() ? "|on" : "|off";
+    if (const auto* color = qobject_cast<VDropDownPalette*>(control))
+      shown += std::to_string(color->color());
+  }
+  return shown;
+}
+
 void changeWhatIsPrinted(Dialog& dialog) {
   dialog.choosePrinter("far");
   dialog.goTo(1);
@@ -57,19 +76,38 @@ void changeWhatIsPrinted(Dialog& dialog) {
   dialog.choose("lstPrint_PaperSource", "Tray 3");
 }
 
+// Each change is seen in the example, which stands in its middle: name and letters of the font.
 void changeFont(Dialog& dialog) {
   dialog.goTo(2);
-  dialog.choose("lstFonts", "Liberation Serif");
-  dialog.type("txtFontHeight", "14.5");
-  dialog.type("txtFontWidth", "7");
-  dialog.type("txtFontSpace", "-0.5");
-  for (const char* box : {"chkFontBold", "chkFontItalic", "chkFontUnderline", "chkFontStrikeOut"})
-    dialog.click(box);
-  dialog.choose("lstFontCharSet", "204 Cyrillic characters");
-  dialog.click("pFontColor");
-  QWidget* cells = QApplication::activePopupWidget()->focusWidget();
-  QTest::keyClick(cells, Qt::Key_Right);
-  QTest::keyClick(cells, Qt::Key_Space);
+  EXPECT_EQ(dialog.texts({"txtFontHeight", "txtFontWidth", "txtFontSpace"}), "10||");
+  auto& area = dialog.control("pFontExample");
+  QImage before = area.grab().toImage();
+  const QRect ink = inkOf(before);
+  EXPECT_NEAR(ink.width(), 27 * 8, 4) << "letters of 10 points take 8 pixels";
+  EXPECT_NEAR(ink.left(), area.width() - ink.right(), 8);
+  EXPECT_NEAR(ink.top(), area.height() - ink.bottom(), 8);
+  const std::function<void()> steps[] = {
+      [&] { dialog.choose("lstFonts", "Liberation Serif"); },
+      [&] { dialog.type("txtFontHeight", "14.5"); },
+      [&] { dialog.type("txtFontWidth", "7"); },
+      [&] { dialog.type("txtFontSpace", "-0.5"); },
+      [&] { dialog.click("chkFontBold"); },
+      [&] { dialog.click("chkFontItalic"); },
+      [&] { dialog.click("chkFontUnderline"); },
+      [&] { dialog.click("chkFontStrikeOut"); },
+      [&] { dialog.choose("lstFontCharSet", "204 Cyrillic characters"); },
+      [&] {
+        dialog.click("pFontColor");
+        QWidget* cells = QApplication::activePopupWidget()->focusWidget();
+        QTest::keyClick(cells, Qt::Key_Right);
+        QTest::keyClick(cells, Qt::Key_Space);
+      }};
+  int step = 0;
+  for (const auto& change : steps) {
+    change();
+    const QImage after = area.grab().toImage();
+    EXPECT_NE(after, std::exchange(before, after)) << step++;
+  }
 }
 
 void changePage(Dialog& dialog) {
@@ -92,8 +130,10 @@ TEST(SettingsDialog, changesTheDocumentOnApplyAlone) {
   const DialogPrinters printers;
   Window window(withSettings(reportOfPages(5)));
   window.doc().PrintScale = 70;
+  window.doc().PrintScaleFlag = true;
   Dialog::in(window, [&](Dialog& dialog) {
     EXPECT_EQ(window.doc().PrintScale, 70);
+    EXPECT_TRUE(dialog.isOn("chbscaleflag"));
     changeWhatIsPrinted(dialog);
     changeFont(dialog);
     changePage(dialog);
@@ -124,25 +164,15 @@ TEST(SettingsDialog, changesTheDocumentOnApplyAlone) {
   window.doc().Settings.Page.NumOfCopies = 77;
   window.doc().Settings.Page.BaseCodePage = 857;
   Dialog::in(window, [&](Dialog& dialog) {
-    EXPECT_EQ(dialog.text("lblPrinter"), "far");
-    EXPECT_EQ(dialog.texts({"txtPrint_Copies", "txtPrint_Pages", "lstPrint_PaperSource",
-                            "txtFontHeight", "txtFontWidth", "txtFontSpace", "lstFonts",
-                            "lblFontName", "lstFontCharSet", "txtLeft", "txtTop", "lstPageSize",
-                            "txtPageWidth", "txtPageHeight", "lstBaseCodePage"}),
-              "12|2,4-5|Tray 3|14.5|7|-0.5|Liberation Serif|Liberation Serif|204 Cyrillic "
-              "characters|12|34|Custom|123.4|200.5|  857  DOS, Turkish");
-    for (const char* on :
-         {"chkPrint_Pages_Numbers", "cbCollate", "chkQuality_High", "chkColor_Colored",
-          "chkPrintOrder_Reverse", "chkFontBold", "chkFontItalic", "chkFontUnderline",
-          "chkFontStrikeOut", "chkOrientation_Landscape"})
-      EXPECT_TRUE(dialog.isOn(on)) << on;
+    EXPECT_EQ(dialog.texts({"lblPrinter", "lblFontName"}), "far|Liberation Serif");
     dialog.click("cmdOk");
   });
-  EXPECT_EQ(window.doc().Settings.Page.NumOfCopies, 12);
-  EXPECT_EQ(window.doc().Settings.Page.BaseCodePage, 857);
+  EXPECT_EQ(std::exchange(window.doc().Settings.Page.BaseCodePage, 866), 857);
+  expectSettings(window.doc(), kChangedPage, kChangedFont);
 }
 
-// The button, and what is then applied of the page and of the font.
+// The button, and what is then applied of the page and of the font. What is as it was before is
+// shown so, too.
 TEST(SettingsDialog, resetsWhatEachButtonSays) {
   const std::tuple<int, const char*, const char*, const char*, const char*> rows[] = {
       {0, "cmdPrinter_Reset",
@@ -161,11 +191,19 @@ TEST(SettingsDialog, resetsWhatEachButtonSays) {
     SCOPED_TRACE(button);
     Window window(withSettings(reportOfPages(5)));
     Dialog::in(window, [&, tab = tab, button = button](Dialog& dialog) {
+      dialog.click("cmdBringBack");
+      const std::string printTab = shownOn(dialog, 1);
+      const std::string fontTab = shownOn(dialog, 2);
+      const std::string pageTab = shownOn(dialog, 3);
       changeWhatIsPrinted(dialog);
       changeFont(dialog);
       changePage(dialog);
       dialog.goTo(tab);
       dialog.click(button);
+      EXPECT_EQ(dialog.text("txtPrint_Copies") == "1", tab == 1 || tab >= 3);
+      EXPECT_EQ(shownOn(dialog, 2) == fontTab, tab == 2 || tab == 4);
+      EXPECT_EQ(shownOn(dialog, 1) + shownOn(dialog, 3) == printTab + pageTab, tab == 4);
+      EXPECT_EQ(dialog.control("pReplaced").isHidden(), tab == 4);
       dialog.click("cmdOk");
     });
     expectSettings(window.doc(), page, font);
@@ -180,7 +218,9 @@ TEST(SettingsDialog, enablesWhatCanBeUsed) {
   Dialog::in(window, [&](Dialog& dialog) {
     dialog.goTo(1);
     const auto pages = [&](const char* text) {
+      auto& edit = dialog.control("txtPrint_Pages");
       dialog.type("txtPrint_Pages", text);
+      EXPECT_EQ(edit.accessibleDescription().toStdString(), dialog.text("lblPagesCount"));
       return dialog.text("lblPagesCount");
     };
     EXPECT_FALSE(dialog.control("txtPrint_Pages").isEnabled());
@@ -195,18 +235,23 @@ TEST(SettingsDialog, enablesWhatCanBeUsed) {
     dialog.click("chkPrint_Pages_Current");
     EXPECT_EQ(dialog.text("lblPagesCount"), "");
     // The arrows beside the copies.
-    dialog.type("txtPrint_Copies", "999");
-    dialog.control<QScrollBar>("cmdPrint_Quantity_UpDown")
-        .triggerAction(QAbstractSlider::SliderSingleStepSub);
+    auto& arrows = dialog.control<QScrollBar>("cmdPrint_Quantity_UpDown");
+    EXPECT_EQ(arrows.height(), dialog.control("txtPrint_Copies").height());
+    dialog.type("txtPrint_Copies", "998");
+    for (int i = 0; i < 2; ++i) arrows.triggerAction(QAbstractSlider::SliderSingleStepSub);
     EXPECT_EQ(dialog.text("txtPrint_Copies"), "1000");
     dialog.type("txtPrint_Copies", "");
     dialog.key("Tab");
     EXPECT_EQ(dialog.text("txtPrint_Copies"), "1");
-    dialog.control<QScrollBar>("cmdPrint_Quantity_UpDown")
-        .triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    arrows.triggerAction(QAbstractSlider::SliderSingleStepAdd);
     EXPECT_EQ(dialog.text("txtPrint_Copies"), "1");
     dialog.goTo(3);
     EXPECT_FALSE(dialog.control("chbscaleflag").isEnabled());
+    std::vector<QImage> ways;
+    const auto turn = [&](const char* way) {
+      dialog.click(way);
+      ways.push_back(dialog.control("lblOrientation").grab().toImage());
+    };
     const auto sizes = [&] {
       return dialog.texts({"txtPageWidth", "txtPageHeight"}) +
              (dialog.control("txtPageWidth").isEnabled() ? " open" : "") +
@@ -219,57 +264,19 @@ TEST(SettingsDialog, enablesWhatCanBeUsed) {
     EXPECT_EQ(sizes(), "215.9|279.4");
     dialog.choose("lstPageSize", "Custom");
     EXPECT_EQ(sizes(), "215.9|279.4 open open");
-    dialog.click("chkOrientation_Landscape");
+    turn("chkOrientation_Landscape");
     EXPECT_EQ(sizes(), "279.4|215 open open") << "the fraction is lost on its way";
-    dialog.click("chkOrientation_Auto");
+    turn("chkOrientation_Auto");
     dialog.choose("lstPageSize", "A5   (148 x 210 mm)");
     EXPECT_EQ(sizes(), "210|148") << "only an upright sheet keeps the order";
-    dialog.click("chkOrientation_Portrait");
+    turn("chkOrientation_Portrait");
     EXPECT_EQ(sizes(), "148|210");
+    EXPECT_TRUE(ways[0] != ways[1] && ways[1] != ways[2] && ways[2] != ways[0]);
     dialog.goTo(2);
     dialog.choose("lstFontCharSet", "2     Standard symbol set");
     EXPECT_EQ(dialog.text("lblFontName"), "Font not choosen");
     dialog.choose("lstFontCharSet", "0     ANSI characters");
     EXPECT_EQ(dialog.text("lblFontName"), "Courier New");
-  });
-}
-
-// Bold text in the colour of links in the tree, a fixed pitch where labels are padded, and links'
-// colour for what is usual.
-TEST(SettingsDialog, marksWhatIsUsual) {
-  const DialogPrinters printers;
-  Window window(withSettings(reportOfPages(1)));
-  Dialog::in(window, [&](Dialog& dialog) {
-    const QColor usual = dialog.form().palette().color(QPalette::Link);
-    auto& tree = dialog.control<QTreeWidget>("treePrinters");
-    dialog.choosePrinter("near");
-    std::string names;
-    for (int i = 0; i < tree.topLevelItemCount(); ++i) {
-      const QTreeWidgetItem& item = *tree.topLevelItem(i);
-      names += item.text(0).toStdString() + "|";
-      EXPECT_EQ(item.font(0).bold(), item.text(0) == "near");
-      EXPECT_EQ(item.foreground(0).color() == usual, item.text(0) == "near");
-    }
-    EXPECT_EQ(names, "PrintServer|Microsoft Print to PDF|far|silent|near|");
-    QTreeWidgetItem* node = tree.findItems("near", Qt::MatchExactly).value(0);
-    for (int i = 0; i < node->childCount(); ++i) {
-      const QTreeWidgetItem& branch = *node->child(i);
-      if (branch.childCount() == 0) continue;
-      const bool aligned = branch.text(0) == "Printer Parameters" || branch.text(0) == "Paper Size";
-      EXPECT_EQ(branch.child(0)->font(0).family() == "Courier New", aligned);
-      EXPECT_NE(branch.font(0).family(), "Courier New");
-    }
-    for (const auto& [list, rows] :
-         {std::pair("lstPrint_PaperSource", "Automatically Select|"),
-          {"lstPageSize", "Letter   (215.9 x 279.4 mm)|A4   (210 x 297 mm)|"}}) {
-      const auto& box = dialog.control<QComboBox>(list);
-      std::string colored;
-      for (int i = 0; i < box.count(); ++i) {
-        if (box.itemData(i, Qt::ForegroundRole).value<QBrush>().color() == usual)
-          colored += box.itemText(i).toStdString() + "|";
-      }
-      EXPECT_EQ(colored, rows);
-    }
   });
 }
 

@@ -21,6 +21,14 @@ Window::Start withSettings(const std::string& report, const Settings& stored) {
   return start;
 }
 
+QRect inkOf(const QImage& image) {
+  QRegion ink;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      if (image.pixelColor(x, y) != Qt::white) ink += QRect(x, y, 1, 1);
+  return ink.boundingRect();
+}
+
 void Dialog::in(Window& window, const std::function<void(Dialog&)>& steps) {
   std::exception_ptr thrown;
   bool opened = false;

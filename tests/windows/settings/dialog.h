@@ -14,6 +14,9 @@ namespace qor::test {
 // The start of a window on this report whose settings are those of the program.
 Window::Start withSettings(const std::string& report, const Settings& stored = {});
 
+// The place of all that isn't white.
+QRect inkOf(const QImage& image);
+
 class Dialog {
  public:
   // Opens the dialog by F4 and lets the steps be done in it; it is cancelled where they leave it

@@ -128,6 +128,9 @@ TEST(SettingsPrint, scalesToThePaperInTheWideView) {
     EXPECT_NEAR(markOf("A5   (148 x 210 mm)", true) / natural, 148.0 / 210, 0.02);
     EXPECT_EQ(window.doc().PrintScale, 100);
     EXPECT_FALSE(window.doc().PrintScaleFlag);
+    EXPECT_NEAR(markOf("A4   (210 x 297 mm)", false) / natural, 210.0 / 148, 0.05) << "as before";
+    window.press("cmdView_NormalView");
+    EXPECT_NEAR(markOf("A5   (148 x 210 mm)", false), natural, 1);
   }
 }
 

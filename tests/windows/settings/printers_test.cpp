@@ -17,7 +17,8 @@ std::string listed(Dialog& dialog) {
     return std::to_string(dialog.control<QComboBox>(name).count());
   };
   return dialog.texts({"lblPrinter", "lblPrinterNote"}) + "|" + count("lstPageSize") + "|" +
-         count("lstPrint_PaperSource") + (dialog.control("cmdOk").isEnabled() ? "|ready" : "") +
+         count("lstPrint_PaperSource") + "|" +
+         (dialog.control("cmdOk").isEnabled() ? "ready" : dialog.text("lblWaits")) +
          (dialog.control("cmdPrint").isEnabled() ? "|prints" : "");
 }
 
@@ -28,17 +29,17 @@ bool waitFor(Dialog& dialog, const std::string& state) {
 }
 
 TEST(SettingsPrinters, thatAreSilentHoldUpNobody) {
-  DialogPrinters printers;
+  const DialogPrinters printers;
   Window window(withSettings(reportOfPages(1)));
   Dialog::in(window, [&](Dialog& dialog) {
     waitFor(dialog, "near||4|4|ready|prints");
     EXPECT_EQ(dialog.text("lblWidthMinMax"), "min = 76.2 mm, max = 215.9 mm");
     dialog.choose("treePrinters", "silent");
-    EXPECT_EQ(listed(dialog), "silent|Asking the printer …|0|0");
+    EXPECT_EQ(listed(dialog), "silent|Asking the printer …|0|0|Asking the printer …");
     EXPECT_EQ(dialog.texts({"lblWidthMinMax", "lblHeightMinMax"}), "|");
     dialog.choosePrinter("far");
-    EXPECT_EQ(listed(dialog), "far||3|2|ready|prints");
-    // Its node tells once it is opened.
+    EXPECT_EQ(listed(dialog), "far||4|2|ready|prints");
+    // Nodes tell once they are opened.
     auto& tree = dialog.control<QTreeWidget>("treePrinters");
     QTreeWidgetItem* pdf = tree.findItems("Microsoft Print to PDF", Qt::MatchExactly).value(0);
     EXPECT_EQ(pdf->childCount(), 0);
@@ -50,23 +51,28 @@ TEST(SettingsPrinters, thatAreSilentHoldUpNobody) {
     const auto nodeOf = [&](const char* name) {
       return tree.findItems(name, Qt::MatchExactly).value(0);
     };
-    nodeOf("PrintServer")->setExpanded(true);
-    tree.setCurrentItem(nodeOf("PrintServer")->child(0));
-    printers.letAnswer();
+    QTreeWidgetItem* server = nodeOf("PrintServer");
+    EXPECT_EQ(server->child(server->childCount() - 1)->text(0).left(17), "om_label_62x100mm");
+    server->setExpanded(true);
+    tree.setCurrentItem(server->child(0));
+    printers.setSilent(false);
     EXPECT_TRUE(QTest::qWaitFor([&] {
       return nodeOf("silent")->childIndicatorPolicy() != QTreeWidgetItem::ShowIndicator;
     }));
-    EXPECT_EQ(listed(dialog), "far||3|2|ready|prints");
+    EXPECT_EQ(listed(dialog), "far||4|2|ready|prints");
     dialog.choose("treePrinters", "silent");
     waitFor(dialog, "silent|The printer doesn't answer.|0|0|ready|prints");
     dialog.choosePrinter("far");
     dialog.click("cmdOk");
   });
   // A printer that has gone since is told, and what it could do is gone with it.
-  printers.removeFar();
+  printers.remove("far");
   Dialog::in(window, [&](Dialog& dialog) {
     waitFor(dialog, "|There is no such printer any more: far|0|0|ready|prints");
     EXPECT_EQ(dialog.texts({"lblWidthMinMax", "lblHeightMinMax"}), "|");
+    const auto& tree = dialog.control<QTreeWidget>("treePrinters");
+    for (const char* name : {"PrintServer", "Microsoft Print to PDF"})
+      EXPECT_TRUE(tree.findItems(name, Qt::MatchExactly).value(0)->isExpanded()) << name;
     dialog.click("cmdPrinter_Reset");
     EXPECT_EQ(listed(dialog), "near||4|4|ready|prints");
     dialog.choose("treePrinters", "PrintServer");
@@ -91,11 +97,14 @@ TEST(SettingsPrinters, bringTheirOwnPaperAndColorAlong) {
               "210|297|A4   (210 x 297 mm)|Colored|" + told + "210 x 297 mm, Monochrome print");
     dialog.click("cmdBringBack");
     EXPECT_EQ(values(dialog), "210|297|A4   (210 x 297 mm)|Mono");
+    dialog.goTo(1);
+    dialog.click("chkColor_Colored");
+    dialog.goTo(0);
     dialog.choosePrinter("far");
-    EXPECT_EQ(values(dialog), "148|210||Mono|" + told + "210 x 297 mm, Monochrome print");
+    EXPECT_EQ(values(dialog), "148|210||Mono|" + told + "210 x 297 mm, Colored print");
     dialog.choosePrinter("near");
     EXPECT_EQ(values(dialog),
-              "210|297|A4   (210 x 297 mm)|Colored|" + told + "210 x 297 mm, Monochrome print")
+              "210|297|A4   (210 x 297 mm)|Colored|" + told + "210 x 297 mm, Colored print")
         << "those that the user had";
     dialog.goTo(3);
     dialog.choose("lstPageSize", "A5   (148 x 210 mm)");
@@ -104,20 +113,29 @@ TEST(SettingsPrinters, bringTheirOwnPaperAndColorAlong) {
   EXPECT_EQ(window.doc().Settings.Page.PaperWidth, 148);
   // Looking at the same printer again changes nothing.
   Dialog::in(window, [&](Dialog& dialog) {
+    waitFor(dialog, "near||4|4|ready|prints");
     EXPECT_EQ(values(dialog), "148|210|A5   (148 x 210 mm)|Colored");
+    dialog.click("cmdPrinter_Reset");
+    EXPECT_EQ(values(dialog),
+              "210|297|A5   (148 x 210 mm)|Colored|" + told + "148 x 210 mm, Colored print");
   });
 }
 
 // The draft follows the default printer of the system, which goes without a name.
 TEST(SettingsPrinters, areTheDefaultOneWhereNobodyChooses) {
-  DialogPrinters printers;
+  const DialogPrinters printers;
   Window window(withSettings(reportOfPages(1)));
   window.doc().PrintScale = 70;
+  window.doc().Settings.Page.PaperSize = 0;
   for (const char* usual : {"near", "far"}) {
     printers.makeDefault(usual);
     Dialog::in(window, [&](Dialog& dialog) {
       EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.text("lblPrinter") == usual; }));
       EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.control("cmdOk").isEnabled(); }));
+      const auto& tree = dialog.control<QTreeWidget>("treePrinters");
+      EXPECT_TRUE(tree.findItems(usual, Qt::MatchExactly).value(0)->isSelected());
+      EXPECT_EQ(dialog.text("lstPageSize"), "Custom");
+      EXPECT_TRUE(dialog.control("txtPageWidth").isEnabled());
       dialog.click("cmdOk");
     });
     EXPECT_EQ(AppOptions.PrinterName, "");

@@ -63,6 +63,9 @@ class SettingsSets : public testing::Test {
   static std::function<void(QWidget&)> choosing(const std::string& file) {
     return [file](QWidget& over) {
       auto& files = dynamic_cast<QFileDialog&>(over);
+      EXPECT_EQ(files.directory(), QDir(QString::fromStdString(AppOptions.WorkDir)));
+      EXPECT_EQ(files.testOption(QFileDialog::DontConfirmOverwrite),
+                files.acceptMode() == QFileDialog::AcceptSave);
       if (file.empty()) return files.reject();
       auto* name = files.findChild<QLineEdit*>("fileNameEdit");
       name->setText(QString::fromStdString(file));
@@ -81,6 +84,8 @@ TEST_F(SettingsSets, areLoadedByClicksAndKeysWhole) {
   Dialog::in(window_, [this](Dialog& dialog) {
     dialog.goTo(4);
     EXPECT_EQ(dialog.texts({"lblFileName", "txtNameOfSet", "lstListOfSetsNames"}), "my.vset|A|A");
+    EXPECT_EQ(dialog.control("lblFileName").toolTip().toStdString(), file_);
+    EXPECT_TRUE(dialog.control("lblSetInForce").isHidden());
     EXPECT_EQ(names(dialog), "A B Broken");
     EXPECT_EQ(dialog.text("txtPrint_Copies"), "1") << "the set is in force, but not loaded";
     dialog.choose("lstListOfSetsNames", "A");
@@ -96,7 +101,9 @@ TEST_F(SettingsSets, areLoadedByClicksAndKeysWhole) {
     // A set brings its printer along, whose paper and colour then count.
     dialog.choosePrinter("far");
     dialog.choose("lstListOfSetsNames", "A");
-    EXPECT_EQ(dialog.texts({"lblPrinter", "txtPageWidth"}), "near|210");
+    EXPECT_EQ(dialog.texts({"lblPrinter", "txtPageWidth", "lblReplaced"}),
+              "near|210|Paper size and colour are those of the printer now. Before: 148 x 210 mm, "
+              "Monochrome print");
   });
 }
 
@@ -159,6 +166,7 @@ TEST_F(SettingsSets, areOpenedAndDeleted) {
     EXPECT_EQ(setsIn(other), "Y 9 ");
     EXPECT_EQ(AppOptions.SetName, "Default");
     EXPECT_EQ(names(dialog), "Y");
+    EXPECT_EQ(dialog.text("lstListOfSetsNames"), "") << "which isn't in force";
     dialog.click("cmdSets_Delete");
     EXPECT_EQ(setsIn(other), "Y 9 ") << "there is no set \"Default\"";
     dialog.choose("lstListOfSetsNames", "Y");
@@ -188,6 +196,7 @@ TEST_F(SettingsSets, showTheirTextUntilTheTabIsLeft) {
     dialog.click("cmdSets_ViewIni");
     EXPECT_TRUE(dialog.control("lstListOfSets").isVisible());
     EXPECT_LT(width(), alone / 2);
+    EXPECT_EQ(dialog.control("lstListOfSets").font().family(), "Courier New");
     EXPECT_EQ(lines().join('|').toStdString(),
               "<Set SetName=\"A\">|    <Print>|        <NumOfCopies   = \"3\"/>|        "
               "<PrinterName   = \"near\"/>|    <Print/>|<Set/>");
@@ -197,7 +206,8 @@ TEST_F(SettingsSets, showTheirTextUntilTheTabIsLeft) {
     EXPECT_EQ(width(), alone);
     // One that has gone from the file is shown as it would be written.
     dialog.click("cmdSets_ViewIni");
-    std::filesystem::remove(file_);
+    dialog.click("cmdSets_Delete");
+    EXPECT_EQ(lines().size(), 32);
     dialog.click("cmdSets_Reset");
     EXPECT_EQ(lines().value(0).toStdString(), "<Set SetName=\"B\">");
     EXPECT_EQ(lines().value(4).toStdString(), "        <NumOfCopies   = \"1\"/>");

@@ -171,6 +171,10 @@ TEST(PreviewSmallPages, bearNumbersAndAMarkThatAreSeen) {
       EXPECT_GT(most, 60) << label->text().toStdString();
     }
     EXPECT_EQ(numbers, pages.size());
+    EXPECT_EQ(pages.at(2)->toolTip(), "Page 2");
+    EXPECT_EQ(pages.at(2)->cursor().shape(), Qt::PointingHandCursor);
+    EXPECT_EQ(window.pageControl().childAt(pages.at(1)->pos() + QPoint(1, 1)), pages.at(1))
+        << "the mark lets clicks through";
     const QPoint edge(sheetRect(pages.at(2)).right(), sheetRect(pages.at(2)).center().y());
     EXPECT_LT(qGray(picture.pixel(edge + QPoint(1, 0))), qGray(picture.pixel(edge + QPoint(8, 0))))
         << "the shadow is darker than its ground";

@@ -30,13 +30,13 @@ constexpr ExportExtension kPictures[] = {{".bmp", true, kImageBmp},
 }
 
 constexpr ExportFormat kFormats[] = {
-    {0, "Text", kText, PageMode::text, ExportText},
-    {1, "HTML", kHtml, PageMode::html, ExportHtml},
-    {2, "RTF", kRtf, PageMode::rtf, exportNothing},
-    {3, "DOC", kDoc, PageMode::doc, exportNothing},
-    {4, "PDF", kPdf, PageMode::pictures, ExportPdf},
-    {5, "Pictures", kPictures, PageMode::pictures, ExportImages},
-    {6, "Spreadsheet", kSheets, PageMode::sheets, exportNothing},
+    {kExportText, "Text", kText, PageMode::text, ExportText},
+    {kExportHtml, "HTML", kHtml, PageMode::html, ExportHtml},
+    {kExportRtf, "RTF", kRtf, PageMode::rtf, exportNothing},
+    {kExportDoc, "DOC", kDoc, PageMode::doc, exportNothing},
+    {kExportPdf, "PDF", kPdf, PageMode::pictures, ExportPdf},
+    {kExportPictures, "Pictures", kPictures, PageMode::pictures, ExportImages},
+    {kExportSheets, "Spreadsheet", kSheets, PageMode::sheets, exportNothing},
 };
 
 // Null where it is none of the format's.
@@ -63,6 +63,17 @@ ExportOptions commandLineOptions(const ExportExtension& extension) {
 
 std::span<const ExportFormat> exportFormats() {
   return kFormats;
+}
+
+const ExportFormat& formatWithId(int id) {
+  const auto* const found =
+      std::find_if(std::begin(kFormats), std::end(kFormats),
+                   [id](const ExportFormat& format) { return format.id == id; });
+  return found == std::end(kFormats) ? kFormats[kExportText] : *found;
+}
+
+bool hasExporter(const ExportFormat& format) {
+  return format.run != exportNothing;
 }
 
 const ExportFormat* formatOf(std::string_view target) {

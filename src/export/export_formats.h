@@ -16,6 +16,17 @@ struct ExportExtension {
   ImageFormat image = kImageFormatCount;  // that it stands for, if it is a picture's
 };
 
+// The ids of formats.
+enum ExportFormatId {
+  kExportText,
+  kExportHtml,
+  kExportRtf,
+  kExportDoc,
+  kExportPdf,
+  kExportPictures,
+  kExportSheets
+};
+
 struct ExportFormat {
   int id;                  // as the window's settings store it
   std::string_view title;  // as users call it
@@ -25,6 +36,12 @@ struct ExportFormat {
 };
 
 std::span<const ExportFormat> exportFormats();
+
+// The format of this id; text for a number that is no format's.
+const ExportFormat& formatWithId(int id);
+
+// Whether this version writes files of the format.
+bool hasExporter(const ExportFormat& format);
 
 // The format whose extension the target has; null where none has it.
 const ExportFormat* formatOf(std::string_view target);

@@ -13,6 +13,8 @@ namespace qor {
 // Places in ExportOptions::ImageFormats, in the order in which files are written.
 enum ImageFormat { kImageBmp, kImageJpeg, kImageGif, kImageIco, kImagePng, kImageFormatCount };
 
+using ImageFormatSet = std::bitset<kImageFormatCount>;
+
 struct ExportOptions {
   bool UseNewPageChar = false;  // text: a form feed line after each page
   bool UseEofChar = false;      // text: an end-of-file line at the end
@@ -21,7 +23,7 @@ struct ExportOptions {
   bool PrintToPdfPrinter = false;
   bool ScaleToPaper = false;
   int PaperScale = 100;  // percent, where the page is to be scaled to the paper
-  std::bitset<kImageFormatCount> ImageFormats;
+  ImageFormatSet ImageFormats;
   bool PagePerSheet = false;
   char CsvSeparator = ';';
   int PreviewPageWidth = 0;  // of the page as the window first painted it, pixels

@@ -105,6 +105,9 @@ const PreviewTexts& previewTexts() {
 const SettingsTexts& settingsTexts() {
   return currentLanguage().settings;
 }
+const ExportTexts& exportTexts() {
+  return currentLanguage().exports;
+}
 int GetAnsiCodePage() {
   return AppOptions.AnsiCodePage;
 }

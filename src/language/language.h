@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "language/export_texts.h"
 #include "language/interface_texts.h"
 #include "language/preview_texts.h"
 #include "language/settings_texts.h"
@@ -34,6 +35,7 @@ struct Language {
   ErrorTexts dosErrors;  // for those who select the DOS code page
   PreviewTexts preview;
   SettingsTexts settings;
+  ExportTexts exports;
 };
 
 // Announces a language for the length of its life.
@@ -70,6 +72,7 @@ const InterfaceTexts& interfaceTexts();
 const ErrorTexts& errorTexts();
 const PreviewTexts& previewTexts();
 const SettingsTexts& settingsTexts();
+const ExportTexts& exportTexts();
 int GetAnsiCodePage();
 
 // As the current language names it, or else in that language itself.

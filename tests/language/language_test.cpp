@@ -33,6 +33,7 @@ TEST(Languages, leaveNoTextEmpty) {
     PreviewTexts preview = language->preview;
     preview.outsideStart = "in Russian alone";
     EXPECT_EQ(emptyOnes(textsIn(preview)), 0);
+    EXPECT_EQ(emptyOnes(textsIn(language->settings)) + emptyOnes(textsIn(language->exports)), 0);
     const auto& [version, about, heading, options] = language->help;
     EXPECT_EQ(emptyOnes(std::array{version, about, heading}) + emptyOnes(options), 0);
     EXPECT_GT(options.size(), 10U);

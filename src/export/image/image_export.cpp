@@ -4,9 +4,9 @@
 #include <array>
 
 #include "base/errors.h"
-#include "base/path.h"
 #include "base/units.h"
 #include "document/code_page.h"
+#include "export/image/picture_names.h"
 #include "platform/canvas/bitmap_canvas.h"
 #include "platform/pictures/save_picture.h"
 #include "platform/system/messages.h"
@@ -16,34 +16,10 @@
 namespace qor {
 namespace {
 
-struct FormatRow {
-  std::string_view extension;
-  PictureFormat format;
-};
-
 // By ImageFormat.
-constexpr std::array<FormatRow, kImageFormatCount> kFormats = {{{".bmp", PictureFormat::bmp},
-                                                                {".jpeg", PictureFormat::jpeg},
-                                                                {".gif", PictureFormat::gif},
-                                                                {".ico", PictureFormat::ico},
-                                                                {".png", PictureFormat::png}}};
-
-// The names of the files: the target's without its extension, and the page's number where there are
-// several pages.
-class TargetNames {
- public:
-  TargetNames(const std::string& target, bool numbered)
-      : stem_(std::string(directoryOf(target)).append(baseNameOf(target))), numbered_(numbered) {}
-
-  std::string name(std::int32_t page, std::string_view extension) const {
-    const std::string number = numbered_ ? "(" + std::to_string(page) + ")" : "";
-    return (stem_ + number).append(extension);
-  }
-
- private:
-  std::string stem_;
-  bool numbered_;
-};
+constexpr std::array<PictureFormat, kImageFormatCount> kFormats = {
+    PictureFormat::bmp, PictureFormat::jpeg, PictureFormat::gif, PictureFormat::ico,
+    PictureFormat::png};
 
 BitmapCanvas bitmapOf(const VSetScr& screen, const std::string& target) {
   try {
@@ -72,9 +48,8 @@ void RenderPageToImage(VDocPage& page, Canvas& canvas) {
 
 ExportResult ExportImages(ExportTask& task) {
   if (task.doc.PageCount == 0) showWarning(task.target + ": the report has no pages");
-  auto formats = task.options.ImageFormats;
-  if (extensionOf(task.target).empty()) formats.set(kImageJpeg);
-  const TargetNames names(task.target, task.doc.PageCount != 1);
+  const ImageFormatSet formats = writtenFormats(task.target, task.options.ImageFormats);
+  const PictureNames names(task.target, task.doc.PageCount);
   layOutSheet(task.doc.Settings);
   BitmapCanvas bitmap = bitmapOf(task.doc.Settings.Scr, task.target);
   forEachPage(task.doc, task.mode, task.progress, [&](VDocPage& page) {
@@ -82,8 +57,8 @@ ExportResult ExportImages(ExportTask& task) {
     RenderPageToImage(page, bitmap.canvas());
     for (std::size_t i = 0; i < kFormats.size(); ++i) {
       if (!formats.test(i)) continue;
-      task.files.push_back(names.name(page.Number, kFormats[i].extension));
-      savePicture(bitmap.pixels(), kFormats[i].format, kPictureDpi, task.files.back());
+      task.files.push_back(names.name(page.Number, i));
+      savePicture(bitmap.pixels(), kFormats[i], kPictureDpi, task.files.back());
     }
   });
   return ExportResult::files;

@@ -222,6 +222,30 @@ constexpr Language kEnglish = {
             .eachPageOnce = ". The file holds each page once.",
             .nothingPrinted = "There is no page to print.",
         },
+    .exports =
+        {
+            .ExportWaitPrefix = "Please Wait. ",
+            .ExportWaitSuffix = " file is creating... ",
+            .nameMissing = "Type the name of the file.",
+            .lineEndInName = "A name can't hold a line end: ",
+            .nameIsDirectory = "This is a directory and not a file: ",
+            .nameIsReport = "This file is the report itself: ",
+            .nameTooLong = "This name is too long: ",
+            .directoryMissing = "The directory of this file doesn't exist: ",
+            .noPermission = "You have no permission to write this file: ",
+            .notRegular = "This is not a regular file: ",
+            .nothingToWrite =
+                "There is no picture to write: no format is chosen, or the report has no pages.",
+            .fileExists = "A file of that name exists. Replace it?",
+            .filesExist = "% files of these names exist. Replace these files?",
+            .andMore = "and % more",
+            .noExporter = "This version can't write such files: ",
+            .noProgram = "No program opens this file: ",
+            .pdfNoticeStart = "PDF shows these pages otherwise: ",
+            .pdfLosses = {"placed texts before plain ones", "fillings", "ellipses",
+                          "widths of letters", "turned texts"},
+            .pdfNoticeEnd = ". The box \"Microsoft Print to PDF\" keeps pages as drawn.",
+        },
 };
 
 const LanguageEntry entry(kEnglish);

@@ -233,6 +233,30 @@ constexpr Language kTurkish = {
             .eachPageOnce = ". Dosyada her sayfa bir kez var.",
             .nothingPrinted = "Yazdırılacak sayfa yok.",
         },
+    .exports =
+        {
+            .ExportWaitPrefix = "Lütfen Bekleyin. ",
+            .ExportWaitSuffix = "  dosyası oluşturuluyor... ",
+            .nameMissing = "Dosyanın adını yazın.",
+            .lineEndInName = "Bir adda satır sonu bulunamaz: ",
+            .nameIsDirectory = "Bu bir dosya değil, dizin: ",
+            .nameIsReport = "Bu dosya raporun kendisi: ",
+            .nameTooLong = "Bu ad çok uzun: ",
+            .directoryMissing = "Bu dosyanın dizini yok: ",
+            .noPermission = "Bu dosyaya yazma izniniz yok: ",
+            .notRegular = "Bu normal bir dosya değil: ",
+            .nothingToWrite = "Yazılacak resim yok: biçim seçilmedi ya da raporda sayfa yok.",
+            .fileExists = "Bu adda bir dosya var. Değiştirilsin mi?",
+            .filesExist = "Bu adlarda % dosya var. Bu dosyalar değiştirilsin mi?",
+            .andMore = "ve % dosya daha",
+            .noExporter = "Bu sürüm böyle dosyaları yazamaz: ",
+            .noProgram = "Bu dosyayı açan bir program yok: ",
+            .pdfNoticeStart = "PDF bu sayfaları farklı gösterir: ",
+            .pdfLosses = {"düz metinden önce yerleştirilmiş metin", "dolgular", "elipsler",
+                          "harf genişlikleri", "döndürülmüş metin"},
+            .pdfNoticeEnd =
+                ". \"Microsoft Print to PDF\" kutusu sayfaları çizildikleri gibi korur.",
+        },
 };
 
 const LanguageEntry entry(kTurkish);

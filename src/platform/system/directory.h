@@ -13,11 +13,22 @@ std::string currentDirectory();
 // The directory of the program's file, with a closing "/".
 std::string programDirectory();
 
+// The path from the root on.
+std::string fullPath(const std::string& path);
+
+// True for a directory, also by a link; and where anything of that name is there, also a link that
+// leads nowhere.
+bool isDirectory(const std::string& path);
+bool isTaken(const std::string& path);
+
 // Makes it the current directory; one that can't be entered changes nothing.
 void enterDirectory(const std::string& directory);
 
 // Deletes a regular file; one that is not there is no failure.
 void deleteFile(const std::string& path);
+
+// Deletes regular files, and links themselves, but none that leads to one of those that are kept.
+void deleteFiles(const std::vector<std::string>& paths, const std::vector<std::string>& kept);
 
 // Full names of the regular files and links in `directory` (empty: the current one) whose names
 // start with `prefix` and hold a point behind it. The case of letters counts, but where the file

@@ -1,8 +1,12 @@
 // Directories, on POSIX.
+#include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <system_error>
+#include <unordered_map>
 
 #include "platform/system/directory.h"
+#include "platform/system/file_times.h"
 #include "platform/system/text_encoding.h"
 
 namespace qor {
@@ -26,6 +30,27 @@ bool startsWith(const fs::path& file, const std::string& name, std::string_view 
   return isSameFile(file.string(), asTold.string());
 }
 
+// Files by what they are and not by their names. There may be very many.
+class KeptFiles {
+ public:
+  explicit KeptFiles(const std::vector<std::string>& paths) {
+    for (const std::string& path : paths)
+      if (const auto stamp = fileStamp(path)) paths_.emplace(stamp->file, path);
+  }
+
+  bool hold(const std::string& path) const {
+    const auto stamp = fileStamp(path);
+    if (!stamp) return false;
+    // Other file systems use the same numbers.
+    const auto [first, last] = paths_.equal_range(stamp->file);
+    return std::any_of(first, last,
+                       [&path](const auto& entry) { return isSameFile(entry.second, path); });
+  }
+
+ private:
+  std::unordered_multimap<std::uint64_t, std::string> paths_;
+};
+
 }  // namespace
 
 bool isSameFile(const std::string& first, const std::string& second) {
@@ -43,6 +68,22 @@ std::string programDirectory() {
   return closed(fs::read_symlink("/proc/self/exe", error).parent_path().string());
 }
 
+std::string fullPath(const std::string& path) {
+  std::error_code error;
+  const std::string full = fs::absolute(path, error).string();
+  return error ? path : full;
+}
+
+bool isDirectory(const std::string& path) {
+  std::error_code error;
+  return fs::is_directory(path, error);
+}
+
+bool isTaken(const std::string& path) {
+  std::error_code error;
+  return fs::exists(fs::symlink_status(path, error));
+}
+
 void enterDirectory(const std::string& directory) {
   std::error_code error;
   fs::current_path(directory, error);
@@ -52,6 +93,12 @@ void deleteFile(const std::string& path) {
   std::error_code error;
   const auto kind = fs::symlink_status(path, error).type();
   if (kind == fs::file_type::regular || kind == fs::file_type::symlink) fs::remove(path, error);
+}
+
+void deleteFiles(const std::vector<std::string>& paths, const std::vector<std::string>& kept) {
+  const KeptFiles keptFiles(kept);
+  for (const std::string& path : paths)
+    if (!keptFiles.hold(path)) deleteFile(path);
 }
 
 std::vector<std::string> filesStartingWith(const std::string& directory, std::string_view prefix) {

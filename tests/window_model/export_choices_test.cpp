@@ -103,12 +103,15 @@ TEST(ExportChoices, becomeOptions) {
   ExportChoices choices;
   EXPECT_EQ(others(dialogOptions(choices, {120, 640}, 1252)), "000;120 640");
   choices.separator = "x";
-  choices.useNewPageChar = true;
-  EXPECT_EQ(others(dialogOptions(choices, {}, 1252)), "100x100 0");
-  std::swap(choices.useNewPageChar, choices.useEofChar);
-  EXPECT_EQ(others(dialogOptions(choices, {}, 1252)), "010x100 0");
-  std::swap(choices.useEofChar, choices.pagePerSheet);
-  EXPECT_EQ(others(dialogOptions(choices, {}, 1252)), "001x100 0");
+  const std::pair<bool ExportChoices::*, const char*> rows[] = {
+      {&ExportChoices::useNewPageChar, "100x100 0"},
+      {&ExportChoices::useEofChar, "010x100 0"},
+      {&ExportChoices::pagePerSheet, "001x100 0"}};
+  for (const auto& [box, expected] : rows) {
+    choices.*box = true;
+    EXPECT_EQ(others(dialogOptions(choices, {}, 1252)), expected);
+    choices.*box = false;
+  }
 }
 
 TEST(ExportChoices, separateFieldsByOneByte) {

@@ -102,7 +102,7 @@ bool exportByPrinter(const ExportTask& task) {
   run.printer = kPdfFilePrinter;
   const PrintOutcome outcome = task.doc.PrintToFile(run, task.target, task.progress);
   if (outcome.end == PrintOutcome::End::stopped) throw StoppedError();
-  if (!outcome.notice.empty()) writeErrorLine(outcome.notice);
+  if (!outcome.notice.empty()) showWarning(outcome.notice);
   return outcome.end == PrintOutcome::End::printed;
 }
 

@@ -3,17 +3,39 @@
 
 #include <bitset>
 
+#include "document/item_visitor.h"
+
 namespace qor {
 
+class VDocPage;
+class VDocStr;
+
 enum PdfLoss {
-  kPlacedTexts,  // before plain ones
+  kPlacedTexts,  // before plain ones, which then stand at the places of those
   kFillings,
-  kEllipses,
-  kWidths,  // of letters
+  kEllipses,  // and round corners
+  kWidths,    // of letters and lines
   kTurnedTexts,
   kPdfLossCount
 };
 
 using PdfLosses = std::bitset<kPdfLossCount>;
+
+// Looks at the pages of a document, in their order: a placed text moves plain ones on later pages,
+// too.
+class PdfLossWatch : private ItemVisitor {
+ public:
+  void look(const VDocStr& line);
+  void look(const VDocPage& page);  // loaded
+
+  const PdfLosses& found() const { return found_; }
+
+ private:
+  void text(VData_Text& text) override;
+  void shape(VData_Shape& shape) override;
+
+  PdfLosses found_;
+  bool placed_ = false;  // there was a text with a place of its own
+};
 
 }  // namespace qor

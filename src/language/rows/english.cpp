@@ -243,7 +243,7 @@ constexpr Language kEnglish = {
             .noProgram = "No program opens this file: ",
             .pdfNoticeStart = "PDF shows these pages otherwise: ",
             .pdfLosses = {"placed texts before plain ones", "fillings", "ellipses",
-                          "widths of letters", "turned texts"},
+                          "widths of letters and lines", "turned texts"},
             .pdfNoticeEnd = ". The box \"Microsoft Print to PDF\" keeps pages as drawn.",
         },
 };

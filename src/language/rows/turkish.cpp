@@ -253,7 +253,7 @@ constexpr Language kTurkish = {
             .noProgram = "Bu dosyayı açan bir program yok: ",
             .pdfNoticeStart = "PDF bu sayfaları farklı gösterir: ",
             .pdfLosses = {"düz metinden önce yerleştirilmiş metin", "dolgular", "elipsler",
-                          "harf genişlikleri", "döndürülmüş metin"},
+                          "harf ve çizgi genişlikleri", "döndürülmüş metin"},
             .pdfNoticeEnd =
                 ". \"Microsoft Print to PDF\" kutusu sayfaları çizildikleri gibi korur.",
         },

@@ -6,7 +6,7 @@
 
 #include "language/settings_texts.h"
 #include "settings/printer_lists.h"
-#include "windows/settings/tab_captions.h"
+#include "windows/tab_captions.h"
 
 class QLineEdit;
 namespace Ui {

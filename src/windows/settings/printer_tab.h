@@ -7,7 +7,7 @@
 
 #include "language/settings_texts.h"
 #include "platform/print/printer_inquiry.h"
-#include "windows/settings/tab_captions.h"
+#include "windows/tab_captions.h"
 
 class QTreeWidgetItem;
 namespace Ui {

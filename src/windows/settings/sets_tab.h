@@ -8,7 +8,7 @@
 #include <memory>
 
 #include "language/settings_texts.h"
-#include "windows/settings/tab_captions.h"
+#include "windows/tab_captions.h"
 
 class QFileDialog;
 namespace Ui {

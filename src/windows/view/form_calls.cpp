@@ -56,13 +56,17 @@ void FormCalls::cmdSettings_Click() {
   } else if (prints) {
     tell(outcome, doc->Settings.Page.NumOfCopies);
   }
+  emit idle();
+}
+
+void FormCalls::openPrinter(bool scaled, VDoc& doc) {
+  scaled ? openPrinterScaled(desk_, percentInForce(), doc) : openPrinterUnscaled(doc);
 }
 
 // A zoom that fits something has no percentage of its own: the one that is seen stands for it.
-void FormCalls::openPrinter(bool scaled, VDoc& doc) {
-  if (!scaled) return openPrinterUnscaled(doc);
+std::int32_t FormCalls::percentInForce() const {
   const std::int32_t chosen = zoom_.wanted();
-  openPrinterScaled(desk_, chosen > 0 ? chosen : zoom_.onView(), doc);
+  return chosen > 0 ? chosen : zoom_.onView();
 }
 
 PrintOutcome FormCalls::printChosenPages(VDoc& doc) {
@@ -98,18 +102,33 @@ void FormCalls::tell(const PrintOutcome& outcome, int copies) {
   }
 }
 
-// What is on view stays as it is.
 void FormCalls::cmdView_ConvertClick() {
-  VDoc* doc = pages_.document();
-  if (!offered_.convert || doc == nullptr) return;
-  pages_.release();
-  offered_.convert(*doc, desk_.state);
-  emit stateChanged();
-  pages_.reload();
+  callExport(offered_.convert);
 }
 
 void FormCalls::cmdView_MailClick() {
-  if (offered_.mail && pages_.document() != nullptr) offered_.mail(*pages_.document());
+  callExport(offered_.mail);
+}
+
+// What is on view stays as it is.
+void FormCalls::callExport(const std::function<void(const ExportCall&)>& form) {
+  VDoc* doc = pages_.document();
+  if (!form || doc == nullptr) return;
+  const ExportView view = exportViewOf(desk_, percentInForce(), *doc);
+  pages_.release();
+  notes_.stop();
+  {
+    const QScopedValueRollback<bool> busy(desk_.busy, true);
+    form({*desk_.page_control->window(), *doc, desk_.state, view,
+          [this, before = desk_.status.message()](const QString& message) {
+            desk_.status.setMessage(message.isEmpty() ? before : message);
+            desk_.ui.stBar->repaint();
+          }});
+  }
+  emit stateChanged();
+  pages_.reload();
+  notes_.lookCloser();
+  emit idle();
 }
 
 }  // namespace qor

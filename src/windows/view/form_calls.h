@@ -35,8 +35,11 @@ class FormCalls : public QObject {
   void stateChanged();
   void told(const QString& message);  // in passing
   void failed(const QString& reason);
+  void idle();  // whoever had to wait may go on
 
  private:
+  void callExport(const std::function<void(const ExportCall&)>& form);
+  std::int32_t percentInForce() const;
   void openPrinter(bool scaled, VDoc& doc);
   PrintOutcome printChosenPages(VDoc& doc);
   void tell(const PrintOutcome& outcome, int copies);

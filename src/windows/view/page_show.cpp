@@ -105,6 +105,7 @@ void PageShow::showLoaded() {
   std::int32_t percent = wanted;
   desk_.page_control->ShowNormal(page_, percent, state.ShowUnprintable, state.PreviewType);
   zoom_.setOnView(percent);
+  if (desk_.firstPageWidth == 0) desk_.firstPageWidth = doc_->Settings.Scr.view_width;
   if (wanted > percent && state.PreviewType == kWideView)
     desk_.status.setMessage(qtText(previewTexts().zoomHeld) + QString::number(percent) + "%");
 }

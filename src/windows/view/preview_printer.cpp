@@ -2,9 +2,11 @@
 #include "windows/view/preview_printer.h"
 
 #include "base/app_options.h"
+#include "base/units.h"
 #include "document/vdoc.h"
 #include "settings/print_scale.h"
 #include "settings/printers.h"
+#include "window_model/export_choices.h"
 #include "windows/view/view_desk.h"
 
 namespace qor {
@@ -37,6 +39,13 @@ void openPrinterScaled(const ViewDesk& desk, std::int32_t zoom, VDoc& doc) {
   // The printer may have been chosen just now.
   const ScaleQuestion question = questionOf(desk, zoom, doc);
   openPrinter(doc, ComputePrintScale(question, doc.Settings.Page, gDefaultPrn), true);
+}
+
+ExportView exportViewOf(const ViewDesk& desk, std::int32_t zoom, const VDoc& doc) {
+  const VSetScr& screen = doc.Settings.Scr;
+  if (screen.view_width == 0) return {kNaturalZoom, desk.firstPageWidth};
+  const std::int64_t printable = screen.print_right - screen.print_left;
+  return {clamped(zoom * printable / screen.view_width), desk.firstPageWidth};
 }
 
 }  // namespace qor

@@ -6,6 +6,7 @@
 namespace qor {
 
 class VDoc;
+struct ExportView;
 struct ViewDesk;
 
 // Opens it as the page on view would fill its paper.
@@ -17,5 +18,8 @@ void openPrinterUnscaled(VDoc& doc);
 // Opens it for a job whose pages are scaled to fill the paper as they fill the view at this zoom,
 // in percent.
 void openPrinterScaled(const ViewDesk& desk, std::int32_t zoom, VDoc& doc);
+
+// What exports take from the page on view at this zoom, in percent.
+ExportView exportViewOf(const ViewDesk& desk, std::int32_t zoom, const VDoc& doc);
 
 }  // namespace qor

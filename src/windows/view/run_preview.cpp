@@ -8,6 +8,8 @@
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_user_settings.h"
 #include "window_model/window_module.h"
+#include "windows/export/export_form.h"
+#include "windows/export/mail_hand_over.h"
 #include "windows/failure_text.h"
 #include "windows/settings/settings_form.h"
 #include "windows/view/tfrm_view.h"
@@ -41,6 +43,8 @@ __attribute__((visibility("default"))) bool qorRunPreview(
   QtUserSettings settings;
   ViewCommands commands;
   commands.settings = settingsForm();
+  commands.convert = showExportDialog;
+  commands.mail = exportAndMail;
   TfrmView window(settings, std::move(commands));
   loadSettings(doc);
   const MessageSink messages([&window](MessageKind kind, std::string_view text) {

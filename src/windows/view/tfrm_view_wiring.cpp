@@ -97,6 +97,8 @@ void TfrmView::connectParts() {
     showTotal();
     parts.list.fill();
     cmbPagesChange();
+  });
+  connect(&parts.forms, &FormCalls::idle, this, [this] {
     if (close_wanted_) close();
   });
 }

@@ -2,8 +2,10 @@
 // and disabled.
 #pragma once
 
+#include <QString>
 #include <functional>
 
+#include "window_model/export_choices.h"
 #include "window_model/view_state.h"
 
 class QWidget;
@@ -19,13 +21,23 @@ struct SettingsAnswer {
   bool scaleToPaper = false;  // offered in a wide view, and chosen
 };
 
+// An export that the window asks for. The page on view is released, and the document nobody
+// else's, until the call ends.
+struct ExportCall {
+  QWidget& window;
+  VDoc& doc;
+  ViewState& state;  // remembers the choices
+  ExportView view;
+  // Shows a message in the status bar; an empty one brings back what stood there before the call.
+  std::function<void(const QString& message)> tell;
+};
+
 struct ViewCommands {
   // The settings dialog over a window. It may change the document's settings.
   std::function<SettingsAnswer(QWidget& window, VDoc&, PreviewKind view)> settings;
-  // The export dialog. It reads and changes its own choices in the state.
-  std::function<void(VDoc&, ViewState&)> convert;
-  // The hand-off to a mail program.
-  std::function<void(VDoc&)> mail;
+  // The export dialog, and the hand-off to a mail program.
+  std::function<void(const ExportCall&)> convert;
+  std::function<void(const ExportCall&)> mail;
   // Shows or hides the alignment line, and its properties.
   std::function<void()> shapeLine;
   std::function<void()> lineProperties;

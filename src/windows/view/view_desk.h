@@ -20,7 +20,8 @@ struct ViewDesk {
   ViewState state;
   PageCursor cursor;
   GrowthWatch growth;
-  bool busy = false;  // a job reads the document: nobody else may, and the window stays open
+  int firstPageWidth = 0;  // of the page that was shown first, pixels
+  bool busy = false;       // a job reads the document: nobody else may, and the window stays open
 };
 
 }  // namespace qor

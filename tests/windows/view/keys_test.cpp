@@ -192,8 +192,8 @@ TEST(Commands, leaveThePageOnViewWhateverTheyThrow) {
       fail();
       return SettingsAnswer();
     };
-    start.commands.mail = [&fail](VDoc&) { fail(); };
-    start.commands.convert = [&fail](VDoc&, ViewState&) { fail(); };
+    start.commands.mail = [&fail](const ExportCall&) { fail(); };
+    start.commands.convert = [&fail](const ExportCall&) { fail(); };
     Window window(start);
     for (const auto& [key, button] : commands) {
       SCOPED_TRACE(told + button);

@@ -47,7 +47,7 @@ TEST(PreviewWindow, keepsTheUsersSettings) {
 // As another program reads the file. One that was broken is told of, and written whole again.
 TEST(PreviewWindow, storesWhatTheUserChoosesAtOnce) {
   Window::Start start{.report = reportOfPages(3), .brokenSettings = "[General\nZoomID=3\n]]]no"};
-  start.commands.convert = [](VDoc&, ViewState& state) { state.CheckPdf = true; };
+  start.commands.convert = [](const ExportCall& call) { call.state.CheckPdf = true; };
   Window window(start);
   EXPECT_EQ(window.control<QComboBox>("cmbZoom").currentText(), "100%");
   for (const int page : {1, 2}) {

@@ -1,5 +1,5 @@
 // Captions of tabs.
-#include "windows/settings/tab_captions.h"
+#include "windows/tab_captions.h"
 
 #include <QAbstractButton>
 #include <QGroupBox>

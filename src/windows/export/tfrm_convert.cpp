@@ -1,0 +1,253 @@
+// Exporting by a dialog.
+#include "windows/export/tfrm_convert.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QSignalBlocker>
+
+#include "base/app_options.h"
+#include "document/vdoc.h"
+#include "export/export_formats.h"
+#include "language/language.h"
+#include "platform/qt/qt_text.h"
+#include "platform/system/companion.h"
+#include "ui_tfrm_convert.h"
+#include "window_model/export_captions.h"
+#include "window_model/export_targets.h"
+#include "window_model/export_words.h"
+#include "windows/export/export_run.h"
+#include "windows/export/mail_hand_over.h"
+#include "windows/export/pdf_loss_reader.h"
+#include "windows/tab_captions.h"
+
+namespace qor {
+namespace {
+
+// "*.html|*.html|*.htm|*.htm" in Qt's way.
+QString qtFilter(std::string_view filter) {
+  const QStringList parts = qtText(filter).split('|');
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+    filters.append(parts[i] + " (" + parts[i + 1] + ")");
+  return filters.join(";;");
+}
+
+const ExportCaption& captionOf(const QWidget& control) {
+  const std::string name = control.objectName().toStdString();
+  return *std::find_if(kExportCaptions.begin(), kExportCaptions.end(),
+                       [&name](const ExportCaption& each) { return each.control == name; });
+}
+
+}  // namespace
+
+TfrmConvert::TfrmConvert(const ExportCall& call)
+    : QDialog(&call.window),
+      call_(call),
+      ui_(std::make_unique<Ui::TfrmConvert>()),
+      losses_(new PdfLossReader(this)) {
+  ui_->setupUi(this);
+  for (const std::string_view type : kSheetTypeItems) ui_->cbXLSFileType->addItem(qtText(type));
+  applyCaptions();
+  FormShow();
+  connectControls();
+  losses_->watch(call_.doc);
+}
+
+TfrmConvert::~TfrmConvert() = default;
+
+void TfrmConvert::applyCaptions() {
+  const auto caption = [this](QWidget* control) {
+    const ExportCaption& given = captionOf(*control);
+    control->setToolTip(qtText(given.hint));
+    return Caption{control, given.caption};
+  };
+  setWindowTitle(qtText(captionOf(*this).caption));
+  ui_->cmdFileSafeAs->setText(qtText(captionOf(*ui_->cmdFileSafeAs).caption));
+  ui_->txtFileName->setAccessibleName(qtText(captionOf(*ui_->pFileName).caption));
+  setCaptions(*ui_->Pages_Convert, {"TXT", "HTML", "RTF", "DOC", "PDF", "BMP, JPEG, PNG", "XLS"},
+              {caption(ui_->cmdOk), caption(ui_->cmdCancel), caption(ui_->chkPreview),
+               caption(ui_->chkEmail), caption(ui_->pFileName)},
+              {{caption(ui_->chkUseNewPageChar), caption(ui_->chkUseEOFChar)},
+               {caption(ui_->chkSaveHtmlPictures), caption(ui_->chkSaveAsMHT)},
+               {caption(ui_->chkSaveRtfPictures)},
+               {caption(ui_->chkSaveDocPictures)},
+               {caption(ui_->chkPrinToPdf), caption(ui_->chkScaleFlag)},
+               {caption(ui_->chbBMP), caption(ui_->chbJPEG), caption(ui_->chbGIF),
+                caption(ui_->chbICO), caption(ui_->chbPNG)},
+               {caption(ui_->lblFileType), caption(ui_->chbPageSeparator), caption(ui_->GroupBox3),
+                caption(ui_->cbSekme), caption(ui_->lblDiger)}});
+}
+
+void TfrmConvert::connectControls() {
+  connect(ui_->Pages_Convert, &QTabWidget::currentChanged, this, &TfrmConvert::Pages_ConvertChange);
+  connect(ui_->cbXLSFileType, &QComboBox::activated, this, &TfrmConvert::cbXLSFileTypeChange);
+  connect(ui_->cbSekme, &QCheckBox::clicked, this, &TfrmConvert::cbSekmeClick);
+  connect(ui_->chkPrinToPdf, &QCheckBox::clicked, this, &TfrmConvert::tellLosses);
+  connect(ui_->cmdFileSafeAs, &QPushButton::clicked, this, &TfrmConvert::cmdFileSafeAsClick);
+  connect(ui_->cmdOk, &QPushButton::clicked, this, &TfrmConvert::cmdOkClick);
+  connect(ui_->cmdCancel, &QPushButton::clicked, this, &TfrmConvert::reject);
+  connect(losses_, &PdfLossReader::foundMore, this, &TfrmConvert::tellLosses);
+}
+
+void TfrmConvert::FormShow() {
+  showStored(call_.state, choices_);
+  putChoices();
+  BuildExportFileName();
+}
+
+void TfrmConvert::FormClose() {
+  takeChoices();
+  storeChoices(choices_, call_.state);
+}
+
+void TfrmConvert::done(int result) {
+  losses_->stop();
+  FormClose();
+  QDialog::done(result);
+}
+
+void TfrmConvert::takeChoices() {
+  choices_.format = ui_->Pages_Convert->currentIndex();
+  choices_.useNewPageChar = ui_->chkUseNewPageChar->isChecked();
+  choices_.useEofChar = ui_->chkUseEOFChar->isChecked();
+  choices_.saveHtmlPictures = ui_->chkSaveHtmlPictures->isChecked();
+  choices_.saveDocPictures = ui_->chkSaveDocPictures->isChecked();
+  choices_.printToPdf = ui_->chkPrinToPdf->isChecked();
+  choices_.scaleToPaper = ui_->chkScaleFlag->isChecked();
+  choices_.pictures.set(kImageBmp, ui_->chbBMP->isChecked());
+  choices_.pictures.set(kImageJpeg, ui_->chbJPEG->isChecked());
+  choices_.pictures.set(kImageGif, ui_->chbGIF->isChecked());
+  choices_.pictures.set(kImageIco, ui_->chbICO->isChecked());
+  choices_.pictures.set(kImagePng, ui_->chbPNG->isChecked());
+  choices_.pagePerSheet = ui_->chbPageSeparator->isChecked();
+  choices_.sheetType = ui_->cbXLSFileType->currentIndex();
+  choices_.tabSeparates = ui_->cbSekme->isChecked();
+  choices_.separator = ui_->txtSep->text().toStdString();
+  choices_.preview = ui_->chkPreview->isChecked();
+  choices_.mail = ui_->chkEmail->isChecked();
+}
+
+void TfrmConvert::putChoices() {
+  const QSignalBlocker blocker(ui_->Pages_Convert);
+  ui_->Pages_Convert->setCurrentIndex(choices_.format);
+  ui_->chkSaveHtmlPictures->setChecked(choices_.saveHtmlPictures);
+  ui_->chkSaveDocPictures->setChecked(choices_.saveDocPictures);
+  ui_->chkPrinToPdf->setChecked(choices_.printToPdf);
+  ui_->chkScaleFlag->setChecked(choices_.scaleToPaper);
+  ui_->chbBMP->setChecked(choices_.pictures.test(kImageBmp));
+  ui_->chbJPEG->setChecked(choices_.pictures.test(kImageJpeg));
+  ui_->chbGIF->setChecked(choices_.pictures.test(kImageGif));
+  ui_->chbICO->setChecked(choices_.pictures.test(kImageIco));
+  ui_->chbPNG->setChecked(choices_.pictures.test(kImagePng));
+  ui_->cbXLSFileType->setCurrentIndex(choices_.sheetType);
+  ui_->cbSekme->setChecked(choices_.tabSeparates);
+  ui_->txtSep->setText(qtText(choices_.separator));
+  ui_->chkScaleFlag->setEnabled(choices_.scaleEnabled);
+  for (QWidget* control :
+       {static_cast<QWidget*>(ui_->GroupBox3), static_cast<QWidget*>(ui_->cbSekme),
+        static_cast<QWidget*>(ui_->lblDiger)})
+    control->setEnabled(choices_.separatorsEnabled);
+  ui_->txtSep->setEnabled(choices_.separatorEnabled);
+}
+
+void TfrmConvert::Pages_ConvertChange() {
+  takeChoices();
+  BuildExportFileName();
+  tellLosses();
+}
+
+void TfrmConvert::BuildExportFileName() {
+  putName(qor::BuildExportFileName(AppOptions.FileName, choices_.format, choices_.sheetType));
+}
+
+void TfrmConvert::putName(const ProposedName& proposed) {
+  proposed_ = proposed;
+  ui_->txtFileName->setText(qtText(proposed.fileName));
+  tell({});
+}
+
+void TfrmConvert::cbXLSFileTypeChange() {
+  takeChoices();
+  chooseSheetType(choices_.sheetType, choices_);
+  putChoices();
+  putName(nameForSheetType(ui_->txtFileName->text().toStdString(), choices_.sheetType));
+}
+
+void TfrmConvert::cbSekmeClick() {
+  takeChoices();
+  chooseTab(choices_.tabSeparates, choices_);
+  putChoices();
+}
+
+void TfrmConvert::cmdFileSafeAsClick() {
+  QFileDialog dialog(this, windowTitle(), QDir::currentPath(), qtFilter(proposed_.filter));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(qtText(proposed_.defaultExtension));
+  dialog.selectFile(ui_->txtFileName->text());
+  if (dialog.exec() != QDialog::Accepted) return;
+  ui_->txtFileName->setText(dialog.selectedFiles().value(0));
+  agreed_ = ui_->txtFileName->text().toStdString();
+}
+
+// Nothing is written elsewhere than where the user sees it, and nothing is replaced unasked.
+bool TfrmConvert::mayWrite(const ExportFormat& format, const std::string& target) {
+  if (!hasExporter(format)) {
+    tell(qtText(exportTexts().noExporter) + qtText(target));
+    return false;
+  }
+  const auto files = filesOfExport(format.id, target, choices_.pictures, call_.doc.PageCount);
+  const TargetLook look = lookAtTarget(target, files, AppOptions.FileName);
+  if (look.fault != TargetFault::none) {
+    tell(qtText(faultText(look)));
+    return false;
+  }
+  const bool agreed = look.existing.empty() || look.existing == std::vector{agreed_};
+  return agreed ||
+         QMessageBox::question(this, windowTitle(), qtText(replaceQuestion(look.existing))) ==
+             QMessageBox::Yes;
+}
+
+void TfrmConvert::cmdOkClick() {
+  takeChoices();
+  const ExportFormat& format = formatWithId(choices_.format);
+  const std::string target = targetOf(ui_->txtFileName->text().toStdString());
+  if (!mayWrite(format, target)) return;
+  tell({});
+  const int codePage = call_.doc.Settings.Page.BaseCodePage;
+  const ExportRun run =
+      runWithProgress(*this, call_, format, target, dialogOptions(choices_, call_.view, codePage));
+  if (!run.failure.isNull()) tell(run.failure);
+  if (!run.succeeded) return;
+  const std::string file = run.files.empty() ? target : run.files.front();
+  if (QFileInfo::exists(qtText(file))) {
+    tellExported(target, file);
+    if (choices_.mail) handToMail(run.files.empty() ? ExportFileList{target} : run.files, call_);
+  }
+  accept();
+}
+
+void TfrmConvert::tellExported(const std::string& target, const std::string& file) {
+  if (choices_.preview) {
+    if (!startCompanion("xdg-open", {file}))
+      call_.tell(qtText(exportTexts().noProgram) + qtText(file));
+    return;
+  }
+  QMessageBox(QMessageBox::Warning, qtText(interfaceTexts().ApplicationTitle),
+              qtText(exportedText(target, call_.doc.Settings.Page.BaseCodePage)), QMessageBox::Ok,
+              this)
+      .exec();
+}
+
+void TfrmConvert::tell(const QString& note) {
+  ui_->lblNote->setText(note);
+  ui_->lblNote->setVisible(!note.isEmpty());
+}
+
+// What the printer way keeps needs no word.
+void TfrmConvert::tellLosses() {
+  ui_->lblPdfLosses->setText(ui_->chkPrinToPdf->isChecked() ? QString()
+                                                            : qtText(pdfNotice(losses_->found())));
+}
+
+}  // namespace qor

@@ -1,0 +1,60 @@
+// The export dialog: a tab a format, the target, and what follows. It is made for one showing. Its
+// choices are remembered however it ends.
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "window_model/export_choices.h"
+#include "window_model/export_names.h"
+#include "windows/view/view_commands.h"
+
+class QAbstractButton;
+namespace Ui {
+class TfrmConvert;
+}
+
+namespace qor {
+
+class PdfLossReader;
+struct ExportFormat;
+
+class TfrmConvert : public QDialog {
+  Q_OBJECT
+
+ public:
+  // What the call refers to must outlive the dialog.
+  explicit TfrmConvert(const ExportCall& call);
+  ~TfrmConvert() override;
+
+  void done(int result) override;
+
+ private:
+  void applyCaptions();
+  void connectControls();
+  void FormShow();
+  void FormClose();
+  void Pages_ConvertChange();
+  void BuildExportFileName();
+  void cbXLSFileTypeChange();
+  void cbSekmeClick();
+  void cmdFileSafeAsClick();
+  void cmdOkClick();
+
+  void takeChoices();
+  void putChoices();
+  void putName(const ProposedName& proposed);
+  bool mayWrite(const ExportFormat& format, const std::string& target);
+  void tellExported(const std::string& target, const std::string& file);
+  void tell(const QString& note);
+  void tellLosses();
+
+  const ExportCall& call_;
+  std::unique_ptr<Ui::TfrmConvert> ui_;
+  ExportChoices choices_;
+  ProposedName proposed_;
+  std::string agreed_;  // the target that the save dialog has asked about
+  PdfLossReader* losses_;
+};
+
+}  // namespace qor

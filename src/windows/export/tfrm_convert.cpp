@@ -57,7 +57,7 @@ TfrmConvert::TfrmConvert(const ExportCall& call)
 TfrmConvert::~TfrmConvert() = default;
 
 void TfrmConvert::applyCaptions() {
-  const auto caption = [this](QWidget* control) {
+  const auto caption = [](QWidget* control) {
     const ExportCaption& given = captionOf(*control);
     control->setToolTip(qtText(given.hint));
     return Caption{control, given.caption};

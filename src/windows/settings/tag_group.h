@@ -22,11 +22,11 @@ class TagGroup : public QButtonGroup {
   // tag.
   void check(int tag) {
     setExclusive(false);
-    const QAbstractButton* chosen = button(tag);
+    const bool anyone = button(tag) != nullptr;
     for (QAbstractButton* candidate : buttons()) {
-      candidate->setChecked(candidate == chosen);
-      const bool passedBy = chosen != nullptr && candidate != chosen;
-      candidate->setFocusPolicy(passedBy ? Qt::ClickFocus : Qt::StrongFocus);
+      const bool chosen = id(candidate) == tag;
+      candidate->setChecked(chosen);
+      candidate->setFocusPolicy(chosen || !anyone ? Qt::StrongFocus : Qt::ClickFocus);
     }
     setExclusive(true);
   }

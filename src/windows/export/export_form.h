@@ -1,10 +1,11 @@
-// The export dialog and the mail button as the preview calls them.
+// The export dialog as the preview calls it.
 #pragma once
 
 #include "windows/view/view_commands.h"
 
 namespace qor {
 
+// Shows it until the user has done with it.
 void showExportDialog(const ExportCall& call);
 
 }  // namespace qor

@@ -78,7 +78,7 @@ ExportRun runWithProgress(QWidget& over, const ExportCall& call, const ExportFor
   ExportRun run;
   run.failure =
       failureOf([&] { run.succeeded = runExport(format, task) != ExportResult::stopped; });
-  run.files = std::move(task.files);
+  run.files = task.files.empty() ? ExportFileList{target} : std::move(task.files);
   return run;
 }
 

@@ -14,8 +14,8 @@ struct ExportFormat;
 
 struct ExportRun {
   bool succeeded = false;  // neither stopped nor failed
-  ExportFileList files;
-  QString failure;  // a line; null where there is nothing to tell
+  ExportFileList files;    // the target, where the exporter tells none
+  QString failure;         // a line; null where there is nothing to tell
 };
 
 ExportRun runWithProgress(QWidget& over, const ExportCall& call, const ExportFormat& format,

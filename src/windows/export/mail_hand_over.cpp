@@ -50,10 +50,9 @@ void exportAndMail(const ExportCall& call) {
   const ExportRun run = runWithProgress(call.window, call, format, target, options);
   if (!run.failure.isNull()) return call.tell(run.failure);
   if (!run.succeeded) return;
-  const ExportFileList files = run.files.empty() ? ExportFileList{target} : run.files;
-  const QString failure = failureOf([&] { rememberMail(report, files); });
+  const QString failure = failureOf([&] { rememberMail(report, run.files); });
   if (!failure.isNull()) call.tell(failure);
-  handToMail(files, call);
+  handToMail(run.files, call);
 }
 
 }  // namespace qor

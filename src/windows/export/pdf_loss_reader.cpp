@@ -1,18 +1,12 @@
 // Looking for losses.
 #include "windows/export/pdf_loss_reader.h"
 
-#include <QElapsedTimer>
 #include <QTimer>
 
 #include "document/loaded_page.h"
-#include "windows/failure_text.h"
+#include "windows/idle_slice.h"
 
 namespace qor {
-namespace {
-
-constexpr qint64 kSlice = 12;  // ms, before the window answers again
-
-}  // namespace
 
 PdfLossReader::PdfLossReader(QObject* parent) : QObject(parent), idle_(new QTimer(this)) {
   connect(idle_, &QTimer::timeout, this, &PdfLossReader::readSlice);
@@ -29,17 +23,16 @@ void PdfLossReader::stop() {
 
 // A page that can't be read is told by the export.
 void PdfLossReader::readSlice() {
-  QElapsedTimer time;
-  time.start();
   const PdfLosses before = found();
-  const QString failure = failureOf([&] {
-    while (page_ < doc_->PageCount && time.elapsed() < kSlice) {
-      const LoadedPage page(*doc_, ++page_, PageMode::pictures);
-      watch_.look(*page);
-    }
-  });
-  if (!failure.isNull() || page_ >= doc_->PageCount) stop();
+  if (!doSlice([this] { return lookAtNext(); })) stop();
   if (found() != before) emit foundMore();
+}
+
+bool PdfLossReader::lookAtNext() {
+  if (page_ >= doc_->PageCount) return false;
+  const LoadedPage page(*doc_, ++page_, PageMode::pictures);
+  watch_.look(*page);
+  return page_ < doc_->PageCount;
 }
 
 }  // namespace qor

@@ -29,6 +29,7 @@ class PdfLossReader : public QObject {
 
  private:
   void readSlice();
+  bool lookAtNext();
 
   QTimer* idle_;
   VDoc* doc_ = nullptr;

@@ -107,47 +107,48 @@ void TfrmConvert::done(int result) {
   QDialog::done(result);
 }
 
+std::vector<std::pair<QCheckBox*, bool ExportChoices::*>> TfrmConvert::boxes() const {
+  using Choices = ExportChoices;
+  return {{ui_->chkUseNewPageChar, &Choices::useNewPageChar},
+          {ui_->chkUseEOFChar, &Choices::useEofChar},
+          {ui_->chkSaveHtmlPictures, &Choices::saveHtmlPictures},
+          {ui_->chkSaveDocPictures, &Choices::saveDocPictures},
+          {ui_->chkPrinToPdf, &Choices::printToPdf},
+          {ui_->chkScaleFlag, &Choices::scaleToPaper},
+          {ui_->chbPageSeparator, &Choices::pagePerSheet},
+          {ui_->cbSekme, &Choices::tabSeparates},
+          {ui_->chkPreview, &Choices::preview},
+          {ui_->chkEmail, &Choices::mail}};
+}
+
+// By ImageFormat.
+std::array<QCheckBox*, kImageFormatCount> TfrmConvert::pictureBoxes() const {
+  return {ui_->chbBMP, ui_->chbJPEG, ui_->chbGIF, ui_->chbICO, ui_->chbPNG};
+}
+
 void TfrmConvert::takeChoices() {
+  for (const auto& [box, choice] : boxes()) choices_.*choice = box->isChecked();
+  const auto pictures = pictureBoxes();
+  for (std::size_t i = 0; i < pictures.size(); ++i)
+    choices_.pictures.set(i, pictures[i]->isChecked());
   choices_.format = ui_->Pages_Convert->currentIndex();
-  choices_.useNewPageChar = ui_->chkUseNewPageChar->isChecked();
-  choices_.useEofChar = ui_->chkUseEOFChar->isChecked();
-  choices_.saveHtmlPictures = ui_->chkSaveHtmlPictures->isChecked();
-  choices_.saveDocPictures = ui_->chkSaveDocPictures->isChecked();
-  choices_.printToPdf = ui_->chkPrinToPdf->isChecked();
-  choices_.scaleToPaper = ui_->chkScaleFlag->isChecked();
-  choices_.pictures.set(kImageBmp, ui_->chbBMP->isChecked());
-  choices_.pictures.set(kImageJpeg, ui_->chbJPEG->isChecked());
-  choices_.pictures.set(kImageGif, ui_->chbGIF->isChecked());
-  choices_.pictures.set(kImageIco, ui_->chbICO->isChecked());
-  choices_.pictures.set(kImagePng, ui_->chbPNG->isChecked());
-  choices_.pagePerSheet = ui_->chbPageSeparator->isChecked();
   choices_.sheetType = ui_->cbXLSFileType->currentIndex();
-  choices_.tabSeparates = ui_->cbSekme->isChecked();
   choices_.separator = ui_->txtSep->text().toStdString();
-  choices_.preview = ui_->chkPreview->isChecked();
-  choices_.mail = ui_->chkEmail->isChecked();
 }
 
 void TfrmConvert::putChoices() {
   const QSignalBlocker blocker(ui_->Pages_Convert);
+  for (const auto& [box, choice] : boxes()) box->setChecked(choices_.*choice);
+  const auto pictures = pictureBoxes();
+  for (std::size_t i = 0; i < pictures.size(); ++i)
+    pictures[i]->setChecked(choices_.pictures.test(i));
   ui_->Pages_Convert->setCurrentIndex(choices_.format);
-  ui_->chkSaveHtmlPictures->setChecked(choices_.saveHtmlPictures);
-  ui_->chkSaveDocPictures->setChecked(choices_.saveDocPictures);
-  ui_->chkPrinToPdf->setChecked(choices_.printToPdf);
-  ui_->chkScaleFlag->setChecked(choices_.scaleToPaper);
-  ui_->chbBMP->setChecked(choices_.pictures.test(kImageBmp));
-  ui_->chbJPEG->setChecked(choices_.pictures.test(kImageJpeg));
-  ui_->chbGIF->setChecked(choices_.pictures.test(kImageGif));
-  ui_->chbICO->setChecked(choices_.pictures.test(kImageIco));
-  ui_->chbPNG->setChecked(choices_.pictures.test(kImagePng));
   ui_->cbXLSFileType->setCurrentIndex(choices_.sheetType);
-  ui_->cbSekme->setChecked(choices_.tabSeparates);
   ui_->txtSep->setText(qtText(choices_.separator));
   ui_->chkScaleFlag->setEnabled(choices_.scaleEnabled);
-  for (QWidget* control :
-       {static_cast<QWidget*>(ui_->GroupBox3), static_cast<QWidget*>(ui_->cbSekme),
-        static_cast<QWidget*>(ui_->lblDiger)})
-    control->setEnabled(choices_.separatorsEnabled);
+  ui_->GroupBox3->setEnabled(choices_.separatorsEnabled);
+  ui_->cbSekme->setEnabled(choices_.separatorsEnabled);
+  ui_->lblDiger->setEnabled(choices_.separatorsEnabled);
   ui_->txtSep->setEnabled(choices_.separatorEnabled);
 }
 
@@ -219,10 +220,9 @@ void TfrmConvert::cmdOkClick() {
       runWithProgress(*this, call_, format, target, dialogOptions(choices_, call_.view, codePage));
   if (!run.failure.isNull()) tell(run.failure);
   if (!run.succeeded) return;
-  const std::string file = run.files.empty() ? target : run.files.front();
-  if (QFileInfo::exists(qtText(file))) {
-    tellExported(target, file);
-    if (choices_.mail) handToMail(run.files.empty() ? ExportFileList{target} : run.files, call_);
+  if (QFileInfo::exists(qtText(run.files.front()))) {
+    tellExported(target, run.files.front());
+    if (choices_.mail) handToMail(run.files, call_);
   }
   accept();
 }

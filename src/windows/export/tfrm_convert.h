@@ -3,13 +3,16 @@
 #pragma once
 
 #include <QDialog>
+#include <array>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "window_model/export_choices.h"
 #include "window_model/export_names.h"
 #include "windows/view/view_commands.h"
 
-class QAbstractButton;
+class QCheckBox;
 namespace Ui {
 class TfrmConvert;
 }
@@ -41,6 +44,8 @@ class TfrmConvert : public QDialog {
   void cmdFileSafeAsClick();
   void cmdOkClick();
 
+  std::vector<std::pair<QCheckBox*, bool ExportChoices::*>> boxes() const;
+  std::array<QCheckBox*, kImageFormatCount> pictureBoxes() const;
   void takeChoices();
   void putChoices();
   void putName(const ProposedName& proposed);

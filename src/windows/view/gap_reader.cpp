@@ -1,18 +1,12 @@
 // Reading gaps.
 #include "windows/view/gap_reader.h"
 
-#include <QElapsedTimer>
 #include <QTimer>
 
 #include "document/vdoc.h"
-#include "windows/failure_text.h"
+#include "windows/idle_slice.h"
 
 namespace qor {
-namespace {
-
-constexpr qint64 kSlice = 12;  // ms, before the window answers again
-
-}  // namespace
 
 GapReader::GapReader(QObject* parent) : QObject(parent), idle_(new QTimer(this)) {
   connect(idle_, &QTimer::timeout, this, &GapReader::readSlice);
@@ -39,19 +33,18 @@ std::vector<FontState> GapReader::starts() const {
 }
 
 void GapReader::readSlice() {
-  QElapsedTimer time;
-  time.start();
-  const QString failure = failureOf([&] {
-    while (doc_->KnownStarts() < last_ && time.elapsed() < kSlice) {
-      const int before = doc_->KnownStarts();
-      doc_->ReadUpTo(before + 1);
-      // The file is gone, or shorter than it was.
-      if (doc_->KnownStarts() == before) last_ = before;
-    }
-  });
-  if (failure.isNull() && doc_->KnownStarts() < last_) return;
+  if (doSlice([this] { return readNext(); })) return;
   stop();
-  if (failure.isNull() && starts() != shown_) emit startsChanged();
+  if (doc_->KnownStarts() >= last_ && starts() != shown_) emit startsChanged();
+}
+
+bool GapReader::readNext() {
+  const int before = doc_->KnownStarts();
+  if (before >= last_) return false;
+  doc_->ReadUpTo(before + 1);
+  // The file is gone, or shorter than it was.
+  if (doc_->KnownStarts() == before) last_ = before;
+  return doc_->KnownStarts() < last_;
 }
 
 }  // namespace qor

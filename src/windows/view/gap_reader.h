@@ -29,6 +29,7 @@ class GapReader : public QObject {
 
  private:
   void readSlice();
+  bool readNext();
   std::vector<FontState> starts() const;
 
   QTimer* idle_;

@@ -15,12 +15,8 @@
 #include <functional>
 #include <utility>
 
-#include "base/app_options.h"
-#include "document/vdoc.h"
-#include "no_settings.h"
-#include "settings/printers.h"
+#include "shown_report.h"
 #include "windows/settings/settings_form.h"
-#include "windows/view/tfrm_view.h"
 
 namespace {
 
@@ -109,21 +105,14 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   const int queues = std::atoi(argv[2]);
   const int families = std::atoi(argv[3]);
-  qor::AppOptions.FileName = argv[1];
-  qor::InitPrinters();
-  qor::VDoc doc;
-  doc.SelectPrinter({});
-  doc.ScanPages(false);
-  NoSettings settings;
-  qor::TfrmView window(settings, {});
-  window.SetDocument(&doc, doc.findPage(1));
+  ShownReport report(argv[1]);
+  qor::TfrmView& window = report.window();
   window.show();
   QApplication::processEvents();
   auto ask = qor::settingsForm();
-  const auto open = [&] { ask(window, doc, qor::kNormalView); };
+  const auto open = [&] { ask(window, report.doc(), qor::kNormalView); };
   const Opening first = openingOf(open, queues, families);
   const Opening second = openingOf(open, queues, families);
   std::printf("first_seconds %.6f\nsecond_seconds %.6f\ntab_seconds %.6f\n", first.seconds,
               second.seconds, first.slowestTab);
-  window.SetDocument(nullptr, nullptr);
 }

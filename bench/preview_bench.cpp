@@ -8,12 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "base/app_options.h"
-#include "document/vdoc.h"
-#include "no_settings.h"
-#include "settings/printers.h"
+#include "shown_report.h"
 #include "window_model/zoom_list.h"
-#include "windows/view/tfrm_view.h"
 #include "windows/view/view_parts.h"
 
 namespace {
@@ -59,18 +55,11 @@ void measureSeveral(qor::TfrmView& window) {
 int main(int argc, char** argv) {
   if (argc != 2) return 2;
   const QApplication application(argc, argv);
-  qor::AppOptions.FileName = argv[1];
-  qor::InitPrinters();
-  qor::VDoc doc;
-  doc.SelectPrinter({});
-  doc.ScanPages(false);
-  NoSettings settings;
-  qor::TfrmView window(settings, {});
-  window.SetDocument(&doc, doc.findPage(1));
+  ShownReport report(argv[1]);
+  qor::TfrmView& window = report.window();
   window.resize(1920, 1080);
   window.show();
   secondsOf([] {});
   for (const int entry : {0, 2, 3, 4, 5, 6, 8, 10}) measureZoom(window, entry);
   measureSeveral(window);
-  window.SetDocument(nullptr, nullptr);
 }

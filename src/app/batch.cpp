@@ -9,6 +9,7 @@
 #include "base/run_options.h"
 #include "document/vdoc.h"
 #include "export/export_formats.h"
+#include "language/language.h"
 #include "platform/system/failure.h"
 #include "platform/system/messages.h"
 #include "settings/printers.h"
@@ -28,6 +29,13 @@ PrintOutcome printReport() {
   // The job tells of one that isn't there.
   doc.SelectPrinter(AppOptions.PrinterName);
   return doc.PrintAll(runOptions());
+}
+
+// A server's log tells that somebody may miss something.
+void tellNotice(const ExportOutcome& outcome) {
+  if (outcome.notice.empty()) return;
+  const std::string_view wayRound = exportTexts().pdfByCommand;
+  writeErrorLine(outcome.files.front() + ": " + outcome.notice + std::string(wayRound));
 }
 
 }  // namespace
@@ -57,12 +65,11 @@ int ExportWithoutInterface() {
     VDoc doc;
     doc.ScanPages(false);
     doc.Settings.ReloadSet();
-    ExportFileList files;
-    if (exportByExtension(doc, AppOptions.ExportTarget, runOptions(), files) ==
-        ExportResult::stopped)
-      return -1;
+    const ExportOutcome outcome = exportByExtension(doc, AppOptions.ExportTarget, runOptions());
+    if (outcome.result == ExportResult::stopped) return -1;
+    tellNotice(outcome);
     // Where nothing was exported, the report stays, and so do its side files.
-    if (!files.empty()) report.cleanUp(ListedFiles::keep, files);
+    if (!outcome.files.empty()) report.cleanUp(ListedFiles::keep, outcome.files);
   } catch (const NumberedError&) {
     // The report stays, also under DeleteAfterPrint: nothing came of it.
     return -1;

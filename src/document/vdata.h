@@ -66,6 +66,8 @@ class VData_Text : public VData_Font {
   void BuildWideText();
 
   bool inBox() const { return HasPosition && (Right != 0 || Bottom != 0); }
+  // PDF takes a text in the page's very corner for one on its line.
+  bool offCorner() const { return Left != 0 || Top != 0; }
 
   std::u32string WideText;
   std::string Text;  // in the document's code page

@@ -104,16 +104,14 @@ ExportResult runExport(const ExportFormat& format, ExportTask& task) {
   }
 }
 
-ExportResult exportByExtension(VDoc& doc, const std::string& target, const RunOptions& run,
-                               ExportFileList& files) {
+ExportOutcome exportByExtension(VDoc& doc, const std::string& target, const RunOptions& run) {
   const ExportFormat* format = formatOf(target);
-  if (format == nullptr) return ExportResult::done;
+  if (format == nullptr) return {};
   ExportTask task = {doc, target, run, commandLineOptions(*find(*format, extensionOf(target)))};
   // Only sheets are read otherwise where nobody looks.
   if (format->mode == PageMode::sheets) task.mode = PageMode::sheets;
   const ExportResult result = runExport(*format, task);
-  files.insert(files.end(), task.files.begin(), task.files.end());
-  return result;
+  return {result, std::move(task.files), std::move(task.notice)};
 }
 
 }  // namespace qor

@@ -52,9 +52,15 @@ std::string extensionsInHelp();
 // Runs the exporter. Stopping is a result here and not thrown; else throws as the exporters.
 ExportResult runExport(const ExportFormat& format, ExportTask& task);
 
+// What an export of the command line came to, as ExportTask tells it.
+struct ExportOutcome {
+  ExportResult result = ExportResult::done;
+  ExportFileList files{};
+  std::string notice{};
+};
+
 // The export of the command line, by the extension of the target: any other one exports nothing.
-// Appends the files that it wrote; throws as runExport.
-ExportResult exportByExtension(VDoc& doc, const std::string& target, const RunOptions& run,
-                               ExportFileList& files);
+// Throws as runExport.
+ExportOutcome exportByExtension(VDoc& doc, const std::string& target, const RunOptions& run);
 
 }  // namespace qor

@@ -47,6 +47,7 @@ struct ExportTask {
   PageMode mode = PageMode::plain;  // that of the format where a window asks
   PageProgress progress{};
   ExportFileList files{};  // appended to, also one that then fails
+  std::string notice{};    // what of the pages the files don't show, in the interface's language
 };
 
 }  // namespace qor

@@ -28,10 +28,11 @@ struct ExportTexts {
   // Before a file's name.
   std::string_view noExporter;
   std::string_view noProgram;
-  // What PDF doesn't show, between a start and an end.
+  // What PDF doesn't show, behind a start, and what does, in the dialog and on the command line.
   std::string_view pdfNoticeStart;
-  std::array<std::string_view, 5> pdfLosses;  // by PdfLoss
-  std::string_view pdfNoticeEnd;
+  std::array<std::string_view, 7> pdfLosses;  // by PdfLoss
+  std::string_view pdfByBox;
+  std::string_view pdfByCommand;
 };
 
 }  // namespace qor

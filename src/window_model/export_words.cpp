@@ -62,16 +62,4 @@ std::string replaceQuestion(const std::vector<std::string>& existing) {
   return text;
 }
 
-std::string pdfNotice(PdfLosses losses) {
-  if (losses.none()) return {};
-  const ExportTexts& texts = exportTexts();
-  std::string list;
-  for (std::size_t i = 0; i < losses.size(); ++i) {
-    if (!losses.test(i)) continue;
-    if (!list.empty()) list += ", ";
-    list += texts.pdfLosses[i];
-  }
-  return std::string(texts.pdfNoticeStart).append(list).append(texts.pdfNoticeEnd);
-}
-
 }  // namespace qor

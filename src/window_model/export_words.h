@@ -5,8 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "export/pdf/pdf_losses.h"
-
 namespace qor {
 
 struct TargetLook;
@@ -22,8 +20,5 @@ std::string faultText(const TargetLook& look);
 // Whether these files, one at least, are to be replaced: a question, and a line for each of the
 // first of them.
 std::string replaceQuestion(const std::vector<std::string>& existing);
-
-// What PDF doesn't show of a report, and what does; empty where it shows all.
-std::string pdfNotice(PdfLosses losses);
 
 }  // namespace qor

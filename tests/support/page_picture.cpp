@@ -18,7 +18,9 @@ Picture pageBy(Road road, const TemporaryDirectory& place, const std::string& re
   else
     line.insert(line.end(), {"-export", road == Road::picture ? "r.png" : "r.pdf"});
   const Outcome outcome = runViewer(line, {.directory = place.path()});
-  if (!outcome.errors.empty()) throw std::runtime_error(outcome.errors);
+  // A PDF tells what it shows otherwise.
+  const bool mayTell = road == Road::document;
+  if (!mayTell && !outcome.errors.empty()) throw std::runtime_error(outcome.errors);
   if (road != Road::picture)
     return renderPdf(place.path(road == Road::print ? "r(print).pdf" : "r.pdf"), page);
   // Several pages are numbered.

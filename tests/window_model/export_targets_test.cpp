@@ -142,10 +142,6 @@ TEST_F(ExportTargets, areSpokenOfInTheLanguageThatIsDue) {
   EXPECT_TRUE(ten.starts_with("10 files of") && ten.ends_with("\na") && ten.size() == 71) << ten;
   files.insert(files.end(), 2, "b");
   EXPECT_TRUE(replaceQuestion(files).ends_with("\na\na\nand 2 more"));
-  EXPECT_EQ(pdfNotice({}), "");
-  EXPECT_EQ(pdfNotice(1U << kFillings | 1U << kTurnedTexts),
-            "PDF shows these pages otherwise: fillings, turned texts. The box \"Microsoft Print to "
-            "PDF\" keeps pages as drawn.");
   selectLanguage(languageOf("ru"));
   EXPECT_EQ(exportWaitText("a"), "Пожалуйста, подождите. a файл создается... ");
   selectLanguage(languageOf("tr"));

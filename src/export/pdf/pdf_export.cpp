@@ -13,6 +13,7 @@
 #include "base/path.h"
 #include "base/units.h"
 #include "document/code_page.h"
+#include "export/pdf/pdf_losses.h"
 #include "export/pdf/pdf_markup.h"
 #include "export/pdf/pdf_writer.h"
 #include "platform/print/pdf_file_printer.h"
@@ -128,11 +129,12 @@ std::int32_t pageWidthOf(const ExportTask& task) {
   return truncated(task.options.PreviewPageWidth / divisor);
 }
 
-void writePages(const ExportTask& task, PdfDocument& document) {
+PdfLosses writePages(const ExportTask& task, PdfDocument& document) {
   const int codePage = task.doc.Settings.Page.BaseCodePage;
   const std::string stem = sideFileStem(task.target);
   defineCodePage(document, codePage);
   PdfWriter writer(document, codePage, stem);
+  PdfLossWatch losses;
   PdfLines lines(1);
   const PdfLines pageEnd = {{std::string(1, kPageMark)}};
   forEachPage(task.doc, task.mode, task.progress, [&](const VDocPage& page) {
@@ -141,14 +143,16 @@ void writePages(const ExportTask& task, PdfDocument& document) {
       lines.front().clear();
       LineToMarkup(line, lines, 0);
       writer.WritePdf(lines);
+      losses.look(line);
     });
     if (page.Number != task.doc.PageCount) writer.WritePdf(pageEnd);
   });
   writer.endPages(pageWidthOf(task));
+  return losses.found();
 }
 
 // As a document that is told; false where the engine's resource file is missing.
-bool exportTold(const ExportTask& task) {
+bool exportTold(ExportTask& task) {
   const std::string resources = programDirectory() + "pdflib.upr";
   if (!fileExists(resources)) {
     showWarning(missingText(resources, task.doc.Settings.Page.BaseCodePage));
@@ -157,9 +161,10 @@ bool exportTold(const ExportTask& task) {
   OutputFile file(task.target);
   PdfDocument document(file, informationOf(task));
   document.setResourceFile(resources);
-  writePages(task, document);
+  const PdfLosses losses = writePages(task, document);
   document.finish();
   file.commit();
+  task.notice = pdfNotice(losses);
   return true;
 }
 

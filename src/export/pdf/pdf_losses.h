@@ -2,6 +2,7 @@
 #pragma once
 
 #include <bitset>
+#include <string>
 
 #include "document/item_visitor.h"
 
@@ -13,13 +14,19 @@ class VDocStr;
 enum PdfLoss {
   kPlacedTexts,  // before plain ones, which then stand at the places of those
   kFillings,
-  kEllipses,  // and round corners
-  kWidths,    // of letters and lines
+  kEllipses,  // and whatever else is neither line nor rectangle
+  kWidths,    // of letters and lines, and spaces between them
   kTurnedTexts,
+  kUnderlines,  // and strike-outs
+  kPens,        // dashed lines, and rectangles without a frame
   kPdfLossCount
 };
 
 using PdfLosses = std::bitset<kPdfLossCount>;
+
+// They as a sentence without its point, in the language of the interface; empty where there are
+// none.
+std::string pdfNotice(PdfLosses losses);
 
 // Looks at the pages of a document, in their order: a placed text moves plain ones on later pages,
 // too.

@@ -110,7 +110,7 @@ void writeFont(const FontState& font, MarkupWriter& out) {
 
 std::string recordOf(const VData_Text& text, bool overprint) {
   MarkupWriter out;
-  const bool placed = text.Left != 0 || text.Top != 0;
+  const bool placed = text.offCorner();
   if (!placed) out.text(text.Text);
   writeFont(text.Font, out);
   if (overprint) out.number(PdfField::textLeft, text.Left);

@@ -242,9 +242,11 @@ constexpr Language kEnglish = {
             .noExporter = "This version can't write such files: ",
             .noProgram = "No program opens this file: ",
             .pdfNoticeStart = "PDF shows these pages otherwise: ",
-            .pdfLosses = {"placed texts before plain ones", "fillings", "ellipses",
-                          "widths of letters and lines", "turned texts"},
-            .pdfNoticeEnd = ". The box \"Microsoft Print to PDF\" keeps pages as drawn.",
+            .pdfLosses = {"placed texts before plain ones", "fillings", "ellipses and other shapes",
+                          "widths and spaces of letters and lines", "turned texts",
+                          "underlines and strike-outs", "dashed lines and missing frames"},
+            .pdfByBox = ". The box \"Microsoft Print to PDF\" keeps pages as drawn.",
+            .pdfByCommand = ". -g -p \"Microsoft Print to PDF\" keeps pages as drawn.",
         },
 };
 

@@ -252,10 +252,12 @@ constexpr Language kTurkish = {
             .noExporter = "Bu sürüm böyle dosyaları yazamaz: ",
             .noProgram = "Bu dosyayı açan bir program yok: ",
             .pdfNoticeStart = "PDF bu sayfaları farklı gösterir: ",
-            .pdfLosses = {"düz metinden önce yerleştirilmiş metin", "dolgular", "elipsler",
-                          "harf ve çizgi genişlikleri", "döndürülmüş metin"},
-            .pdfNoticeEnd =
-                ". \"Microsoft Print to PDF\" kutusu sayfaları çizildikleri gibi korur.",
+            .pdfLosses = {"düz metinden önce yerleştirilmiş metin", "dolgular",
+                          "elipsler ve başka şekiller", "harf ve çizgi genişlikleri ve aralıkları",
+                          "döndürülmüş metin", "altı ya da üstü çizili metin",
+                          "kesikli çizgiler ve çerçevesiz şekiller"},
+            .pdfByBox = ". \"Microsoft Print to PDF\" kutusu sayfaları çizildikleri gibi korur.",
+            .pdfByCommand = ". -g -p \"Microsoft Print to PDF\" sayfaları çizildikleri gibi korur.",
         },
 };
 

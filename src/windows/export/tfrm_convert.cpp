@@ -246,8 +246,10 @@ void TfrmConvert::tell(const QString& note) {
 
 // What the printer way keeps needs no word.
 void TfrmConvert::tellLosses() {
-  ui_->lblPdfLosses->setText(ui_->chkPrinToPdf->isChecked() ? QString()
-                                                            : qtText(pdfNotice(losses_->found())));
+  std::string notice;
+  if (!ui_->chkPrinToPdf->isChecked()) notice = pdfNotice(losses_->found());
+  if (!notice.empty()) notice += exportTexts().pdfByBox;
+  ui_->lblPdfLosses->setText(qtText(notice));
 }
 
 }  // namespace qor

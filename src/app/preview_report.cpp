@@ -59,8 +59,10 @@ void PreviewReport(StartMessages* messages) {
     return;
   }
   // What the head of the report says of paper and font gives way to the set.
-  const bool seen = runPreview(doc, loadSettings, messages == nullptr ? Texts() : messages->take());
-  if (seen) UsedReport().cleanUp(ListedFiles::erase, {});
+  Texts made;
+  const Texts warnings = messages == nullptr ? Texts() : messages->take();
+  const bool seen = runPreview(doc, loadSettings, warnings, made);
+  if (seen) UsedReport().cleanUp(ListedFiles::erase, made);
 }
 
 }  // namespace qor

@@ -8,12 +8,14 @@
 #include "base/units.h"
 #include "platform/canvas/bitmap_canvas.h"
 #include "platform/pictures/save_picture.h"
+#include "platform/system/directory.h"
 #include "platform/system/messages.h"
 
 namespace qor {
 namespace {
 
 bool untold = false;
+NewSidePictures* current = nullptr;
 
 // A directory that can't be written would be told for each barcode of each page.
 void warnOnce(const char* text) {
@@ -34,11 +36,24 @@ void saveSidePicture(const Rect& rect, int dpi, const std::vector<std::string>& 
     BitmapCanvas bitmap(width, height, dpiOfTwips(twipsPerDot));
     draw(bitmap.canvas());
     for (const std::string& name : names) {
+      NewSidePictures::note(name);
       savePicture(bitmap.pixels(), PictureFormat::jpeg, dpi, name);
     }
   } catch (const FileError& error) {
     warnOnce(error.what());
   }
+}
+
+NewSidePictures::NewSidePictures() : before_(std::exchange(current, this)) {
+}
+
+NewSidePictures::~NewSidePictures() {
+  current = before_;
+  deleteFiles(names_, {});
+}
+
+void NewSidePictures::note(const std::string& name) {
+  if (current != nullptr && !isTaken(name)) current->names_.push_back(name);
 }
 
 UntoldSidePictures::UntoldSidePictures() : before_(std::exchange(untold, true)) {

@@ -17,6 +17,25 @@ struct Rect;
 void saveSidePicture(const Rect& rect, int dpi, const std::vector<std::string>& names,
                      const std::function<void(Canvas&)>& draw);
 
+// Takes back the pictures that were made in its life and weren't there before, unless they are
+// kept: an export that comes to nothing leaves nothing.
+class NewSidePictures {
+ public:
+  NewSidePictures();
+  ~NewSidePictures();
+  NewSidePictures(const NewSidePictures&) = delete;
+  NewSidePictures& operator=(const NewSidePictures&) = delete;
+
+  void keep() { names_.clear(); }
+
+  // Called for each picture before it is written.
+  static void note(const std::string& name);
+
+ private:
+  NewSidePictures* before_;
+  std::vector<std::string> names_;
+};
+
 // While one lives, pictures that the directory refuses are not told: whoever only looks at a report
 // has no use for them.
 class UntoldSidePictures {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <bitset>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -46,8 +47,9 @@ struct ExportTask {
   ExportOptions options{};
   PageMode mode = PageMode::plain;  // that of the format where a window asks
   PageProgress progress{};
-  ExportFileList files{};  // appended to, also one that then fails
-  std::string notice{};    // what of the pages the files don't show, in the interface's language
+  std::function<void(const std::string& file)> starts{};  // told of each picture, if not empty
+  ExportFileList files{};                                 // appended to, also one that then fails
+  std::string notice{};  // what of the pages the files don't show, in the interface's language
 };
 
 }  // namespace qor

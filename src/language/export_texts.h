@@ -11,6 +11,7 @@ struct ExportTexts {
   // Before and behind a file's name while it is made.
   std::string_view ExportWaitPrefix;
   std::string_view ExportWaitSuffix;
+  std::string_view chooseFile;
   // What is wrong with a target. All but the first and the last stand before its name.
   std::string_view nameMissing;
   std::string_view lineEndInName;
@@ -21,7 +22,9 @@ struct ExportTexts {
   std::string_view noPermission;
   std::string_view notRegular;
   std::string_view nothingToWrite;
-  // Questions, before the names of the files. A "%" stands for a number.
+  // Questions, before the names of the files, and their answers. A "%" stands for a number.
+  std::string_view replace;
+  std::string_view keep;
   std::string_view fileExists;
   std::string_view filesExist;
   std::string_view andMore;

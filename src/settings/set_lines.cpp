@@ -43,8 +43,8 @@ std::vector<std::string> loadLines(const std::string& path) {
   return linesOf(utf8 ? fileText(*utf8) : bytes);
 }
 
-void saveLines(const std::string& path, const std::vector<std::string>& lines) {
-  OutputFile file(path);
+void saveLines(const std::string& path, const std::vector<std::string>& lines, LinkTarget link) {
+  OutputFile file(path, link);
   for (const std::string& line : lines) {
     file.write(line);
     file.write("\r\n");

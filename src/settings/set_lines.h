@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/system/output_file.h"
+
 namespace qor {
 
 // Finds the key anywhere in the line and takes the value behind the next "=" (or behind the key,
@@ -17,7 +19,8 @@ bool GetKeyValue(std::string_view line, std::string_view key, std::string& value
 std::vector<std::string> loadLines(const std::string& path);
 
 // Writes the lines, each ended by CR LF, over the file. Throws FileError.
-void saveLines(const std::string& path, const std::vector<std::string>& lines);
+void saveLines(const std::string& path, const std::vector<std::string>& lines,
+               LinkTarget link = LinkTarget::written);
 
 // The place of the header of the set, or the number of lines. `name` is in the file's encoding.
 std::size_t findSetHeader(const std::vector<std::string>& lines, std::string_view name);

@@ -85,7 +85,7 @@ ExportOptions dialogOptions(const ExportChoices& choices, const ExportView& view
   options.SaveHtmlPictures = choices.saveHtmlPictures;
   options.SaveDocPictures = choices.saveDocPictures;
   options.PrintToPdfPrinter = choices.printToPdf;
-  options.ScaleToPaper = choices.scaleToPaper;
+  options.ScaleToPaper = choices.scaleToPaper && choices.scaleEnabled;
   options.ImageFormats = choices.pictures;
   options.PagePerSheet = choices.pagePerSheet;
   options.CsvSeparator = csvSeparator(choices, codePage);
@@ -99,7 +99,7 @@ ExportOptions mailOptions(const ViewState& state, const ExportView& view) {
   options.SaveHtmlPictures = state.ImageSaveHTML;
   options.SaveDocPictures = state.ImageSaveDoc;
   options.PrintToPdfPrinter = state.CheckPdf;
-  options.ScaleToPaper = state.CheckScale;
+  options.ScaleToPaper = state.CheckScale && state.PreviewType == kWideView;
   options.ImageFormats = storedPictures(state);
   options.PagePerSheet = true;
   options.CsvSeparator = kUsualSeparator;

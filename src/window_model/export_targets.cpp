@@ -51,6 +51,7 @@ std::string targetOf(std::string_view typed) {
 
 std::vector<std::string> filesOfExport(int format, const std::string& target,
                                        ImageFormatSet pictures, std::int32_t pageCount) {
+  if (pageCount == 0) return {};
   if (format == kExportPictures) return pictureFiles(target, pictures, pageCount);
   return {target};
 }

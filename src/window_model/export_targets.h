@@ -15,7 +15,7 @@ namespace qor {
 // directory isn't there otherwise.
 std::string targetOf(std::string_view typed);
 
-// The files that an export in the format of this id would write.
+// The files that an export in the format of this id would write; none of a report without pages.
 std::vector<std::string> filesOfExport(int format, const std::string& target,
                                        ImageFormatSet pictures, std::int32_t pageCount);
 

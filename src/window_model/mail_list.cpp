@@ -54,7 +54,8 @@ void writeList(const std::string& list, const Names& files) {
   } else {
     lines.front().insert(0, kMark);
   }
-  saveLines(list, lines);
+  // Nobody means a link in its place: it may lead to the report, or to somebody else's file.
+  saveLines(list, lines, LinkTarget::spared);
 }
 
 }  // namespace
@@ -83,7 +84,9 @@ Names mailArguments(int mailProgram, const std::string& listName) {
 
 std::string lastMailList(const std::string& report) {
   std::string name(directoryOf(report));
-  return name.append(upTo(fileNameOf(report), '.')).append("_mail.tmp");
+  const std::string_view file = fileNameOf(report);
+  // The point of a hidden file is no end.
+  return name.append(file.substr(0, file.find('.', 1))).append("_mail.tmp");
 }
 
 void rememberMail(const std::string& report, const Names& files) {

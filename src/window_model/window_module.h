@@ -15,9 +15,10 @@ inline constexpr const char* kShowBoxesSymbol = "qorShowBoxes";
 
 // Shows a scanned document and returns when the window is closed. `warnings` are shown in boxes
 // first. `loadSettings` runs between the making of the window and its showing; what it throws comes
-// through. True if a page of the report, as its file now is, was on view.
+// through. True if a page of the report, as its file now is, was on view. `made` takes the files
+// that the user has had made.
 using RunPreview = bool(VDoc& doc, void (*loadSettings)(VDoc&),
-                        const std::vector<std::string>& warnings);
+                        const std::vector<std::string>& warnings, std::vector<std::string>& made);
 
 // Shows warnings in boxes and returns when they are closed. Without a display the process ends with
 // the exit code, and without a word.

@@ -10,6 +10,7 @@
 #include "base/units.h"
 #include "document/code_page.h"
 #include "document/item_visitor.h"
+#include "document/side_picture.h"
 #include "platform/pictures/picture.h"
 #include "platform/system/directory.h"
 #include "platform/system/input_file.h"
@@ -108,6 +109,7 @@ void LineToHtml(const VDocStr& line, std::string_view stem, std::string& html) {
 }
 
 ExportResult ExportHtml(ExportTask& task) {
+  NewSidePictures pictures;
   OutputFile file(task.target);
   file.write(headOf(task.doc, task.startedWith));
   const std::string stem =
@@ -123,6 +125,7 @@ ExportResult ExportHtml(ExportTask& task) {
   });
   file.write("</pre>\r\n</body>\r\n</html>\r\n");
   file.commit();
+  pictures.keep();
   task.files.push_back(task.target);
   return ExportResult::done;
 }

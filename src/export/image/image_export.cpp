@@ -58,6 +58,7 @@ ExportResult ExportImages(ExportTask& task) {
     for (std::size_t i = 0; i < kFormats.size(); ++i) {
       if (!formats.test(i)) continue;
       task.files.push_back(names.name(page.Number, i));
+      if (task.starts) task.starts(task.files.back());
       savePicture(bitmap.pixels(), kFormats[i], kPictureDpi, task.files.back());
     }
   });

@@ -13,6 +13,7 @@
 #include "base/path.h"
 #include "base/units.h"
 #include "document/code_page.h"
+#include "document/side_picture.h"
 #include "export/pdf/pdf_losses.h"
 #include "export/pdf/pdf_markup.h"
 #include "export/pdf/pdf_writer.h"
@@ -158,12 +159,14 @@ bool exportTold(ExportTask& task) {
     showWarning(missingText(resources, task.doc.Settings.Page.BaseCodePage));
     return false;
   }
+  NewSidePictures pictures;
   OutputFile file(task.target);
   PdfDocument document(file, informationOf(task));
   document.setResourceFile(resources);
   const PdfLosses losses = writePages(task, document);
   document.finish();
   file.commit();
+  pictures.keep();
   task.notice = pdfNotice(losses);
   return true;
 }

@@ -226,6 +226,7 @@ constexpr Language kEnglish = {
         {
             .ExportWaitPrefix = "Please Wait. ",
             .ExportWaitSuffix = " file is creating... ",
+            .chooseFile = "Choose the file",
             .nameMissing = "Type the name of the file.",
             .lineEndInName = "A name can't hold a line end: ",
             .nameIsDirectory = "This is a directory and not a file: ",
@@ -234,8 +235,10 @@ constexpr Language kEnglish = {
             .directoryMissing = "The directory of this file doesn't exist: ",
             .noPermission = "You have no permission to write this file: ",
             .notRegular = "This is not a regular file: ",
-            .nothingToWrite =
-                "There is no picture to write: no format is chosen, or the report has no pages.",
+            .nothingToWrite = "There is nothing to write: no picture format is chosen, or the "
+                              "report has no pages.",
+            .replace = "Replace",
+            .keep = "Keep",
             .fileExists = "A file of that name exists. Replace it?",
             .filesExist = "% files of these names exist. Replace these files?",
             .andMore = "and % more",

@@ -237,6 +237,7 @@ constexpr Language kTurkish = {
         {
             .ExportWaitPrefix = "Lütfen Bekleyin. ",
             .ExportWaitSuffix = "  dosyası oluşturuluyor... ",
+            .chooseFile = "Dosyayı seç",
             .nameMissing = "Dosyanın adını yazın.",
             .lineEndInName = "Bir adda satır sonu bulunamaz: ",
             .nameIsDirectory = "Bu bir dosya değil, dizin: ",
@@ -245,7 +246,10 @@ constexpr Language kTurkish = {
             .directoryMissing = "Bu dosyanın dizini yok: ",
             .noPermission = "Bu dosyaya yazma izniniz yok: ",
             .notRegular = "Bu normal bir dosya değil: ",
-            .nothingToWrite = "Yazılacak resim yok: biçim seçilmedi ya da raporda sayfa yok.",
+            .nothingToWrite =
+                "Yazılacak bir şey yok: resim biçimi seçilmedi ya da raporda sayfa yok.",
+            .replace = "Değiştir",
+            .keep = "Koru",
             .fileExists = "Bu adda bir dosya var. Değiştirilsin mi?",
             .filesExist = "Bu adlarda % dosya var. Bu dosyalar değiştirilsin mi?",
             .andMore = "ve % dosya daha",

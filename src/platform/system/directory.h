@@ -27,7 +27,8 @@ void enterDirectory(const std::string& directory);
 // Deletes a regular file; one that is not there is no failure.
 void deleteFile(const std::string& path);
 
-// Deletes regular files, and links themselves, but none that leads to one of those that are kept.
+// Deletes regular files, and links themselves, but none of those that are kept: they stay by every
+// name of theirs, and a link to one of them doesn't.
 void deleteFiles(const std::vector<std::string>& paths, const std::vector<std::string>& kept);
 
 // Full names of the regular files and links in `directory` (empty: the current one) whose names

@@ -1,12 +1,13 @@
 // Directories, on POSIX.
-#include <algorithm>
-#include <cstdint>
 #include <filesystem>
+#include <optional>
+#include <set>
 #include <system_error>
-#include <unordered_map>
+#include <utility>
+
+#include <sys/stat.h>
 
 #include "platform/system/directory.h"
-#include "platform/system/file_times.h"
 #include "platform/system/text_encoding.h"
 
 namespace qor {
@@ -30,25 +31,32 @@ bool startsWith(const fs::path& file, const std::string& name, std::string_view 
   return isSameFile(file.string(), asTold.string());
 }
 
-// Files by what they are and not by their names. There may be very many.
+// A file by what it is and not by its names: its numbers; nothing where there is none.
+using FileId = std::pair<dev_t, ino_t>;
+std::optional<FileId> idBy(int (*look)(const char*, struct stat*), const std::string& path) {
+  struct stat status {};
+  if (look(path.c_str(), &status) != 0) return std::nullopt;
+  return FileId{status.st_dev, status.st_ino};
+}
+
+// There may be very many.
 class KeptFiles {
  public:
   explicit KeptFiles(const std::vector<std::string>& paths) {
-    for (const std::string& path : paths)
-      if (const auto stamp = fileStamp(path)) paths_.emplace(stamp->file, path);
+    for (const std::string& path : paths) {
+      for (auto* const look : {::lstat, ::stat})
+        if (const auto id = idBy(look, path)) ids_.insert(*id);
+    }
   }
 
+  // A link counts as itself, wherever it leads.
   bool hold(const std::string& path) const {
-    const auto stamp = fileStamp(path);
-    if (!stamp) return false;
-    // Other file systems use the same numbers.
-    const auto [first, last] = paths_.equal_range(stamp->file);
-    return std::any_of(first, last,
-                       [&path](const auto& entry) { return isSameFile(entry.second, path); });
+    const auto id = idBy(::lstat, path);
+    return id && ids_.contains(*id);
   }
 
  private:
-  std::unordered_multimap<std::uint64_t, std::string> paths_;
+  std::set<FileId> ids_;
 };
 
 }  // namespace

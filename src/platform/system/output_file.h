@@ -8,13 +8,17 @@
 
 namespace qor {
 
+// What becomes of a link in the target's place.
+enum class LinkTarget { written, spared };
+
 // A file being written. Until commit() the target stays as it was; an object that is destroyed
 // without commit() leaves no trace.
 class OutputFile : public ByteSink {
  public:
-  // Opens a file beside `target`. Throws FileError with the reason, and for a target that is a
+  // Opens a file beside `target`, or beside where a link leads, unless that is to be spared: the
+  // file then takes the link's place. Throws FileError with the reason, and for a target that is a
   // directory or a device.
-  explicit OutputFile(const std::string& target);
+  explicit OutputFile(const std::string& target, LinkTarget link = LinkTarget::written);
   ~OutputFile() override;
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;

@@ -49,7 +49,8 @@ std::string temporaryName(const std::string& target) {
 
 }  // namespace
 
-OutputFile::OutputFile(const std::string& target) : target_(followLink(target)) {
+OutputFile::OutputFile(const std::string& target, LinkTarget link)
+    : target_(link == LinkTarget::written ? followLink(target) : target) {
   const auto mode = modeOfTarget(target_);
   do {
     temporary_ = temporaryName(target_);

@@ -3,10 +3,11 @@
 
 #include "document/vdoc.h"
 #include "export/export_formats.h"
-#include "export/image/picture_names.h"
 #include "language/language.h"
 #include "platform/qt/qt_text.h"
+#include "platform/system/messages.h"
 #include "window_model/export_words.h"
+#include "window_model/preview_texts.h"
 #include "windows/failure_text.h"
 #include "windows/job_progress.h"
 #include "windows/view/view_commands.h"
@@ -14,34 +15,38 @@
 namespace qor {
 namespace {
 
-// What is told while a page is made; pictures have files of their own, and sheets tell nothing.
-class WaitTexts {
+// The file that is being made, in the status bar. Pictures have files of their own, and sheets tell
+// nothing.
+class WaitText {
  public:
-  WaitTexts(const ExportCall& call, const ExportFormat& format, const ExportTask& task)
-      : call_(call), format_(format), task_(task) {}
-  ~WaitTexts() { call_.tell({}); }
-  WaitTexts(const WaitTexts&) = delete;
-  WaitTexts& operator=(const WaitTexts&) = delete;
+  explicit WaitText(const ExportCall& call) : call_(call) {}
+  ~WaitText() { call_.tellWork({}); }
+  WaitText(const WaitText&) = delete;
+  WaitText& operator=(const WaitText&) = delete;
 
-  void tellPage(std::int32_t page) const {
-    if (format_.id == kExportSheets || page > task_.doc.PageCount) return;
-    if (page > 1 && format_.id != kExportPictures) return;
-    call_.tell(qtText(exportWaitText(fileOf(page))));
+  void tell(const std::string& file) const { call_.tellWork(qtText(exportWaitText(file))); }
+
+ private:
+  const ExportCall& call_;
+};
+
+// What an exporter tells by itself: its first line, and how many more there were.
+class Told {
+ public:
+  QString text() const {
+    if (count_ == 0) return {};
+    const std::string more = " " + withNumber(exportTexts().andMore, count_ - 1);
+    return qtText(count_ == 1 ? first_ : first_ + more);
   }
 
  private:
-  // Of a page with several pictures the first one.
-  std::string fileOf(std::int32_t page) const {
-    if (format_.id != kExportPictures) return task_.target;
-    const ImageFormatSet formats = writtenFormats(task_.target, task_.options.ImageFormats);
-    std::size_t first = 0;
-    while (first + 1 < formats.size() && !formats.test(first)) ++first;
-    return PictureNames(task_.target, task_.doc.PageCount).name(page, first);
+  void take(std::string_view text) {
+    if (count_++ == 0) first_ = text;
   }
 
-  const ExportCall& call_;
-  const ExportFormat& format_;
-  const ExportTask& task_;
+  std::string first_;
+  std::int64_t count_ = 0;
+  MessageSink sink_{[this](MessageKind, std::string_view text) { take(text); }};
 };
 
 // Pictures are laid out on a sheet of their own: that of the page on view stays as it was.
@@ -67,17 +72,16 @@ class SheetOnView {
 ExportRun runWithProgress(QWidget& over, const ExportCall& call, const ExportFormat& format,
                           const std::string& target, const ExportOptions& options) {
   const SheetOnView sheet(call.doc.Settings);
-  ExportTask task = {call.doc, target, runOptions(), options, format.mode};
-  const WaitTexts texts(call, format, task);
-  texts.tellPage(1);
+  const WaitText wait(call);
+  const Told told;
   JobProgress job(&over, qtText(target), qtText(settingsTexts().cancel));
-  task.progress = [&texts, goesOn = job.callback()](std::int32_t page, std::int32_t pages) {
-    texts.tellPage(page + 1);
-    return goesOn(page, pages);
-  };
+  ExportTask task = {call.doc, target, runOptions(), options, format.mode, job.callback()};
+  task.starts = [&wait](const std::string& file) { wait.tell(file); };
+  if (format.id != kExportPictures && format.id != kExportSheets) wait.tell(target);
   ExportRun run;
   run.failure =
       failureOf([&] { run.succeeded = runExport(format, task) != ExportResult::stopped; });
+  run.told = told.text();
   run.files = task.files.empty() ? ExportFileList{target} : std::move(task.files);
   return run;
 }

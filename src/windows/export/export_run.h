@@ -16,6 +16,7 @@ struct ExportRun {
   bool succeeded = false;  // neither stopped nor failed
   ExportFileList files;    // the target, where the exporter tells none
   QString failure;         // a line; null where there is nothing to tell
+  QString told;            // a line of the exporter's own, as why it has stopped; null for none
 };
 
 ExportRun runWithProgress(QWidget& over, const ExportCall& call, const ExportFormat& format,

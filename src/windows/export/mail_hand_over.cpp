@@ -39,6 +39,7 @@ void handToMail(const ExportFileList& files, const ExportCall& call) {
   if (!failure.isNull()) call.tell(failure);
 }
 
+// Files of the last mail go once new ones are there: an export that fails leaves all as it was.
 void exportAndMail(const ExportCall& call) {
   const std::string& report = AppOptions.FileName;
   const ExportFormat& format = formatWithId(call.state.ID_of_Convert);
@@ -46,10 +47,10 @@ void exportAndMail(const ExportCall& call) {
   const ExportOptions options = mailOptions(call.state, call.view);
   if (const QString obstacle = obstacleTo(format, target, options, call.doc); !obstacle.isNull())
     return call.tell(obstacle);
-  deleteLastMail(report, {});
   const ExportRun run = runWithProgress(call.window, call, format, target, options);
-  if (!run.failure.isNull()) return call.tell(run.failure);
+  call.tell(run.failure.isNull() ? run.told : run.failure);
   if (!run.succeeded) return;
+  deleteLastMail(report, run.files);
   const QString failure = failureOf([&] { rememberMail(report, run.files); });
   if (!failure.isNull()) call.tell(failure);
   handToMail(run.files, call);

@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include "document/loaded_page.h"
+#include "platform/system/messages.h"
 #include "windows/idle_slice.h"
 
 namespace qor {
@@ -23,6 +24,7 @@ void PdfLossReader::stop() {
 
 // A page that can't be read is told by the export.
 void PdfLossReader::readSlice() {
+  const MessageSink silence([](MessageKind, std::string_view) {});
   const PdfLosses before = found();
   if (!doSlice([this] { return lookAtNext(); })) stop();
   if (found() != before) emit foundMore();

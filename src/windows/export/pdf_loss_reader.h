@@ -17,7 +17,7 @@ class PdfLossReader : public QObject {
  public:
   explicit PdfLossReader(QObject* parent);
 
-  // From its first page on, a slice at a time. The document must stay until stop.
+  // From where it was on, a slice at a time. The document must stay until stop.
   void watch(VDoc& doc);
   void stop();
 

@@ -1,22 +1,24 @@
 // Exporting by a dialog.
 #include "windows/export/tfrm_convert.h"
 
+#include <QAccessible>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QMessageBox>
 #include <QSignalBlocker>
 
 #include "base/app_options.h"
 #include "document/vdoc.h"
 #include "export/export_formats.h"
+#include "export/image/picture_names.h"
 #include "language/language.h"
 #include "platform/qt/qt_text.h"
 #include "platform/system/companion.h"
+#include "platform/system/directory.h"
+#include "platform/system/input_file.h"
 #include "ui_tfrm_convert.h"
 #include "window_model/export_captions.h"
 #include "window_model/export_targets.h"
 #include "window_model/export_words.h"
-#include "windows/export/export_run.h"
 #include "windows/export/mail_hand_over.h"
 #include "windows/export/pdf_loss_reader.h"
 #include "windows/tab_captions.h"
@@ -37,6 +39,12 @@ const ExportCaption& captionOf(const QWidget& control) {
   const std::string name = control.objectName().toStdString();
   return *std::find_if(kExportCaptions.begin(), kExportCaptions.end(),
                        [&name](const ExportCaption& each) { return each.control == name; });
+}
+
+// Those who hear the dialog learn of a label that has changed.
+void tellReaders(QLabel& label) {
+  QAccessibleEvent alert(&label, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
 }
 
 }  // namespace
@@ -64,6 +72,8 @@ void TfrmConvert::applyCaptions() {
   };
   setWindowTitle(qtText(captionOf(*this).caption));
   ui_->cmdFileSafeAs->setText(qtText(captionOf(*ui_->cmdFileSafeAs).caption));
+  ui_->cmdFileSafeAs->setAccessibleName(qtText(exportTexts().chooseFile));
+  ui_->cmdFileSafeAs->setToolTip(qtText(exportTexts().chooseFile));
   ui_->txtFileName->setAccessibleName(qtText(captionOf(*ui_->pFileName).caption));
   setCaptions(*ui_->Pages_Convert, {"TXT", "HTML", "RTF", "DOC", "PDF", "BMP, JPEG, PNG", "XLS"},
               {caption(ui_->cmdOk), caption(ui_->cmdCancel), caption(ui_->chkPreview),
@@ -82,8 +92,8 @@ void TfrmConvert::applyCaptions() {
 void TfrmConvert::connectControls() {
   connect(ui_->Pages_Convert, &QTabWidget::currentChanged, this, &TfrmConvert::Pages_ConvertChange);
   connect(ui_->cbXLSFileType, &QComboBox::activated, this, &TfrmConvert::cbXLSFileTypeChange);
-  connect(ui_->cbSekme, &QCheckBox::clicked, this, &TfrmConvert::cbSekmeClick);
-  connect(ui_->chkPrinToPdf, &QCheckBox::clicked, this, &TfrmConvert::tellLosses);
+  connect(ui_->cbSekme, &QCheckBox::toggled, this, &TfrmConvert::cbSekmeClick);
+  connect(ui_->chkPrinToPdf, &QCheckBox::toggled, this, &TfrmConvert::tellLosses);
   connect(ui_->cmdFileSafeAs, &QPushButton::clicked, this, &TfrmConvert::cmdFileSafeAsClick);
   connect(ui_->cmdOk, &QPushButton::clicked, this, &TfrmConvert::cmdOkClick);
   connect(ui_->cmdCancel, &QPushButton::clicked, this, &TfrmConvert::reject);
@@ -137,7 +147,8 @@ void TfrmConvert::takeChoices() {
 }
 
 void TfrmConvert::putChoices() {
-  const QSignalBlocker blocker(ui_->Pages_Convert);
+  const QSignalBlocker page(ui_->Pages_Convert);
+  const QSignalBlocker separator(ui_->cbSekme);
   for (const auto& [box, choice] : boxes()) box->setChecked(choices_.*choice);
   const auto pictures = pictureBoxes();
   for (std::size_t i = 0; i < pictures.size(); ++i)
@@ -188,7 +199,8 @@ void TfrmConvert::cmdFileSafeAsClick() {
   dialog.selectFile(ui_->txtFileName->text());
   if (dialog.exec() != QDialog::Accepted) return;
   ui_->txtFileName->setText(dialog.selectedFiles().value(0));
-  agreed_ = ui_->txtFileName->text().toStdString();
+  const std::string chosen = ui_->txtFileName->text().toStdString();
+  agreed_ = isTaken(chosen) ? chosen : std::string();
 }
 
 // Nothing is written elsewhere than where the user sees it, and nothing is replaced unasked.
@@ -204,44 +216,77 @@ bool TfrmConvert::mayWrite(const ExportFormat& format, const std::string& target
     return false;
   }
   const bool agreed = look.existing.empty() || look.existing == std::vector{agreed_};
-  return agreed ||
-         QMessageBox::question(this, windowTitle(), qtText(replaceQuestion(look.existing))) ==
-             QMessageBox::Yes;
+  return agreed || asksToReplace(look.existing);
+}
+
+bool TfrmConvert::asksToReplace(const std::vector<std::string>& files) {
+  QMessageBox box(QMessageBox::Question, windowTitle(), qtText(replaceQuestion(files)),
+                  QMessageBox::NoButton, this);
+  box.setTextFormat(Qt::PlainText);
+  box.addButton(QMessageBox::Yes)->setText(qtText(exportTexts().replace));
+  box.addButton(QMessageBox::No)->setText(qtText(exportTexts().keep));
+  box.setDefaultButton(QMessageBox::No);
+  return box.exec() == QMessageBox::Yes;
 }
 
 void TfrmConvert::cmdOkClick() {
   takeChoices();
   const ExportFormat& format = formatWithId(choices_.format);
   const std::string target = targetOf(ui_->txtFileName->text().toStdString());
-  if (!mayWrite(format, target)) return;
+  if (format.id == kExportPictures) {
+    choices_.pictures = writtenFormats(target, choices_.pictures);
+    putChoices();
+  }
+  if (!mayWrite(format, target)) return ui_->txtFileName->setFocus();
   tell({});
+  losses_->stop();
+  const ExportRun run = exportTo(format, target);
+  if (run.succeeded) return finish(target, run);
+  losses_->watch(call_.doc);
+  agreed_.clear();
+}
+
+// What fails is told here; what the exporter has told before it stopped, in a box.
+ExportRun TfrmConvert::exportTo(const ExportFormat& format, const std::string& target) {
   const int codePage = call_.doc.Settings.Page.BaseCodePage;
-  const ExportRun run =
+  ExportRun run =
       runWithProgress(*this, call_, format, target, dialogOptions(choices_, call_.view, codePage));
-  if (!run.failure.isNull()) tell(run.failure);
-  if (!run.succeeded) return;
-  if (QFileInfo::exists(qtText(run.files.front()))) {
-    tellExported(target, run.files.front());
+  call_.made.insert(call_.made.end(), run.files.begin(), run.files.end());
+  if (!run.failure.isNull()) {
+    tell(run.failure);
+  } else if (!run.succeeded && !run.told.isNull()) {
+    showBox(run.told);
+  }
+  return run;
+}
+
+void TfrmConvert::finish(const std::string& target, const ExportRun& run) {
+  call_.tell(run.told);
+  const std::string& first = run.files.front();
+  if (fileExists(first)) {
+    choices_.preview ? openFile(first)
+                     : showBox(qtText(exportedText(target, call_.doc.Settings.Page.BaseCodePage)));
     if (choices_.mail) handToMail(run.files, call_);
   }
   accept();
 }
 
-void TfrmConvert::tellExported(const std::string& target, const std::string& file) {
-  if (choices_.preview) {
-    if (!startCompanion("xdg-open", {file}))
-      call_.tell(qtText(exportTexts().noProgram) + qtText(file));
-    return;
-  }
-  QMessageBox(QMessageBox::Warning, qtText(interfaceTexts().ApplicationTitle),
-              qtText(exportedText(target, call_.doc.Settings.Page.BaseCodePage)), QMessageBox::Ok,
-              this)
-      .exec();
+void TfrmConvert::openFile(const std::string& file) {
+  if (!startCompanion("xdg-open", {fullPath(file)}))
+    call_.tell(qtText(exportTexts().noProgram) + qtText(file));
+}
+
+void TfrmConvert::showBox(const QString& text) {
+  QMessageBox box(QMessageBox::Warning, qtText(interfaceTexts().ApplicationTitle), text,
+                  QMessageBox::Ok, this);
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
 }
 
 void TfrmConvert::tell(const QString& note) {
   ui_->lblNote->setText(note);
   ui_->lblNote->setVisible(!note.isEmpty());
+  if (!note.isEmpty()) tellReaders(*ui_->lblNote);
 }
 
 // What the printer way keeps needs no word.
@@ -250,6 +295,7 @@ void TfrmConvert::tellLosses() {
   if (!ui_->chkPrinToPdf->isChecked()) notice = pdfNotice(losses_->found());
   if (!notice.empty()) notice += exportTexts().pdfByBox;
   ui_->lblPdfLosses->setText(qtText(notice));
+  if (!notice.empty()) tellReaders(*ui_->lblPdfLosses);
 }
 
 }  // namespace qor

@@ -10,6 +10,7 @@
 
 #include "window_model/export_choices.h"
 #include "window_model/export_names.h"
+#include "windows/export/export_run.h"
 #include "windows/view/view_commands.h"
 
 class QCheckBox;
@@ -50,7 +51,11 @@ class TfrmConvert : public QDialog {
   void putChoices();
   void putName(const ProposedName& proposed);
   bool mayWrite(const ExportFormat& format, const std::string& target);
-  void tellExported(const std::string& target, const std::string& file);
+  bool asksToReplace(const std::vector<std::string>& files);
+  ExportRun exportTo(const ExportFormat& format, const std::string& target);
+  void finish(const std::string& target, const ExportRun& run);
+  void openFile(const std::string& file);
+  void showBox(const QString& text);
   void tell(const QString& note);
   void tellLosses();
 

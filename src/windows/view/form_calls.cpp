@@ -50,13 +50,13 @@ void FormCalls::cmdSettings_Click() {
   if (scales) openPrinter(false, *doc);
   scale_.reset();
   desk_.growth.noteFile();
+  desk_.firstPageWidth = 0;
   emit pagesIndexed();
   if (!failure.isNull()) {
     emit failed(failure);
   } else if (prints) {
     tell(outcome, doc->Settings.Page.NumOfCopies);
   }
-  emit idle();
 }
 
 void FormCalls::openPrinter(bool scaled, VDoc& doc) {
@@ -115,20 +115,25 @@ void FormCalls::callExport(const std::function<void(const ExportCall&)>& form) {
   VDoc* doc = pages_.document();
   if (!form || doc == nullptr) return;
   const ExportView view = exportViewOf(desk_, percentInForce(), *doc);
+  QStringList messages;
   pages_.release();
   notes_.stop();
   {
     const QScopedValueRollback<bool> busy(desk_.busy, true);
     form({*desk_.page_control->window(), *doc, desk_.state, view,
-          [this, before = desk_.status.message()](const QString& message) {
-            desk_.status.setMessage(message.isEmpty() ? before : message);
+          [&messages](const QString& message) {
+            if (!message.isEmpty()) messages.append(message);
+          },
+          [this](const QString& work) {
+            desk_.status.setWork(work);
             desk_.ui.stBar->repaint();
-          }});
+          },
+          desk_.made});
   }
   emit stateChanged();
-  pages_.reload();
-  notes_.lookCloser();
-  emit idle();
+  pages_.resume();
+  emit viewKept();
+  if (!messages.isEmpty()) desk_.status.setMessage(messages.join("; "));
 }
 
 }  // namespace qor

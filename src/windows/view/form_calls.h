@@ -35,7 +35,7 @@ class FormCalls : public QObject {
   void stateChanged();
   void told(const QString& message);  // in passing
   void failed(const QString& reason);
-  void idle();  // whoever had to wait may go on
+  void viewKept();  // what was on view still is: what is told of it is to be told again
 
  private:
   void callExport(const std::function<void(const ExportCall&)>& form);

@@ -34,7 +34,9 @@ VDocPage* PageShow::loadedPage() const {
 }
 
 void PageShow::ShowPage() {
-  if (!started_ || desk_.busy) return;
+  if (!started_) return;
+  wanted_ = desk_.busy;
+  if (wanted_) return;
   countPages();
   desk_.cursor.setSeveral(desk_.state.showsSeveral());
   updateArea();
@@ -93,19 +95,23 @@ void PageShow::forget() {
   page_ = nullptr;
 }
 
-void PageShow::reload() {
+void PageShow::resume() {
+  if (wanted_) return ShowPage();
   countPages();
   if (desk_.cursor.total() > 0 && load()) desk_.page_control->usePage(page_);
 }
 
 void PageShow::showLoaded() {
-  if (desk_.cursor.showsSeveral()) return showSeveral();
+  desk_.cursor.showsSeveral() ? showSeveral() : showOne();
+  if (desk_.firstPageWidth == 0) desk_.firstPageWidth = doc_->Settings.Scr.view_width;
+}
+
+void PageShow::showOne() {
   const ViewState& state = desk_.state;
   const std::int32_t wanted = zoom_.wanted();
   std::int32_t percent = wanted;
   desk_.page_control->ShowNormal(page_, percent, state.ShowUnprintable, state.PreviewType);
   zoom_.setOnView(percent);
-  if (desk_.firstPageWidth == 0) desk_.firstPageWidth = doc_->Settings.Scr.view_width;
   if (wanted > percent && state.PreviewType == kWideView)
     desk_.status.setMessage(qtText(previewTexts().zoomHeld) + QString::number(percent) + "%");
 }

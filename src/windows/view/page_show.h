@@ -33,8 +33,7 @@ class PageShow : public QObject {
   void start() { started_ = true; }
   bool isStarted() const { return started_; }
 
-  // Re-reads the page and shows it, or says why not. Nothing while a job is at work: the page is
-  // shown behind it.
+  // Re-reads the page and shows it, or says why not. While a job is at work that waits for resume.
   void ShowPage();
 
   // Shows the page at its size on a sheet that is shrunk to `percent`.
@@ -46,8 +45,9 @@ class PageShow : public QObject {
   // The same where the document has taken the page back.
   void forget();
 
-  // Loads the page again under what is painted.
-  void reload();
+  // Behind release and a job: shows the page if that was asked for, else loads it again under what
+  // is painted.
+  void resume();
 
   // A page that will be read again anyway is not kept from before the window was shown.
   void dropFirstPage() { first_page_shown_ = true; }
@@ -60,6 +60,7 @@ class PageShow : public QObject {
 
  private:
   void showLoaded();
+  void showOne();
   void showSeveral();
   void updateArea();
   bool load();
@@ -73,6 +74,7 @@ class PageShow : public QObject {
   VDocPage* page_ = nullptr;  // on show, loaded
   bool started_ = false;
   bool first_page_shown_ = false;
+  bool wanted_ = false;  // while a job was at work
 };
 
 }  // namespace qor

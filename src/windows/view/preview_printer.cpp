@@ -42,10 +42,13 @@ void openPrinterScaled(const ViewDesk& desk, std::int32_t zoom, VDoc& doc) {
 }
 
 ExportView exportViewOf(const ViewDesk& desk, std::int32_t zoom, const VDoc& doc) {
-  const VSetScr& screen = doc.Settings.Scr;
-  if (screen.view_width == 0) return {kNaturalZoom, desk.firstPageWidth};
-  const std::int64_t printable = screen.print_right - screen.print_left;
-  return {clamped(zoom * printable / screen.view_width), desk.firstPageWidth};
+  const VSetPrn& printer = doc.Settings.Prn;
+  const std::int64_t pageWidth = doc.Settings.Scr.view_width;
+  if (pageWidth == 0 || printer.LogPixelsX == 0 || zoom <= 0)
+    return {kNaturalZoom, desk.firstPageWidth};
+  const std::int64_t printable =
+      std::int64_t{printer.HorzRes} * desk.page_control->logicalDpiX() / printer.LogPixelsX;
+  return {clamped(zoom * printable / pageWidth), desk.firstPageWidth};
 }
 
 }  // namespace qor

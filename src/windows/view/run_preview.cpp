@@ -35,8 +35,9 @@ void showWarnings(const std::vector<std::string>& warnings) {
 
 extern "C" {
 
-__attribute__((visibility("default"))) bool qorRunPreview(
-    VDoc& doc, void (*loadSettings)(VDoc&), const std::vector<std::string>& warnings) {
+__attribute__((visibility("default"))) bool qorRunPreview(VDoc& doc, void (*loadSettings)(VDoc&),
+                                                          const std::vector<std::string>& warnings,
+                                                          std::vector<std::string>& made) {
   Desktop desktop;
   showWarnings(warnings);
   if (desktop.isAskedToEnd()) return false;
@@ -55,6 +56,7 @@ __attribute__((visibility("default"))) bool qorRunPreview(
   desktop.run();
   window.close();
   window.SetDocument(nullptr, nullptr);
+  made = window.madeFiles();
   return window.hasShownReport();
 }
 

@@ -15,6 +15,10 @@ constexpr int kMessageWidth = 200;
 constexpr int kPagesWidth = 170;
 constexpr int kDatesWidth = 130;
 
+constexpr QColor kBlue(0, 0, 0xFF);
+constexpr QColor kBlueOnDark(0x8C, 0xB4, 0xFF);
+constexpr int kMiddle = 128;  // of lightness
+
 // A text that is wider than its label ends in an ellipsis: the tool tip has it whole.
 class ElidedLabel : public QLabel {
  public:
@@ -73,7 +77,16 @@ StatusPanels::StatusPanels(QStatusBar& bar)
 void StatusPanels::setMessage(const QString& text) {
   message_->setText(text);
   message_->setToolTip(text);
+  message_->setPalette({});
   setClickable(false);
+}
+
+void StatusPanels::setWork(const QString& text) {
+  setMessage(text);
+  QPalette blue = message_->palette();
+  const bool dark = blue.color(QPalette::Window).lightness() < kMiddle;
+  blue.setColor(QPalette::WindowText, dark ? kBlueOnDark : kBlue);
+  message_->setPalette(blue);
 }
 
 QString StatusPanels::message() const {

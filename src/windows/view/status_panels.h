@@ -16,8 +16,10 @@ class StatusPanels {
   // Makes them in the bar: the first takes what the others leave.
   explicit StatusPanels(QStatusBar& bar);
 
-  // A message that isn't clickable, but for what setClickable then says.
+  // A message that isn't clickable, but for what setClickable then says; one of work that is being
+  // done is blue.
   void setMessage(const QString& text);
+  void setWork(const QString& text);
   QString message() const;
   void setClickable(bool clickable);
 

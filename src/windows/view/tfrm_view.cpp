@@ -150,6 +150,10 @@ bool TfrmView::hasShownReport() const {
   return parts_->notes.hasShownReport();
 }
 
+const std::vector<std::string>& TfrmView::madeFiles() const {
+  return parts_->desk->made;
+}
+
 void TfrmView::chooseLanguage(const Language& language) {
   // The report stays in the code page that it was opened with.
   const int documentCodePage = AppOptions.DocCodePage;

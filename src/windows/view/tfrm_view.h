@@ -44,6 +44,9 @@ class TfrmView : public QMainWindow {
   // True once a page was on view of the report as its file now is.
   bool hasShownReport() const;
 
+  // The files that the user has had made.
+  const std::vector<std::string>& madeFiles() const;
+
   // One tick of the timer that follows a growing report.
   void TimerDynamicBlincTimer();
 

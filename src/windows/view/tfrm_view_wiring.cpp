@@ -23,6 +23,7 @@ void TfrmView::run(const std::function<void()>& command) {
     updateCommands();
     if (!failure.wasTold()) showMessage(MessageKind::error, qtText(failure.text));
   }
+  if (close_wanted_) close();
 }
 
 void TfrmView::run(void (*command)(TfrmView&)) {
@@ -67,15 +68,16 @@ void TfrmView::connectPages() {
 
 void TfrmView::connectParts() {
   ViewParts& parts = *parts_;
+  const auto tellOfPage = [&parts] {
+    parts.pageStatus.tellFileState();
+    parts.notes.lookCloser();
+  };
   connect(&parts.pages, &PageShow::aboutToShow, this, [this, &parts] {
     parts.pageStatus.startPage();
     updateCommands();
   });
   connect(&parts.pages, &PageShow::roomCounted, this, &TfrmView::updateCommands);
-  connect(&parts.pages, &PageShow::pageShown, this, [&parts] {
-    parts.pageStatus.tellFileState();
-    parts.notes.lookCloser();
-  });
+  connect(&parts.pages, &PageShow::pageShown, this, tellOfPage);
   connect(&parts.pages, &PageShow::shown, this, [&parts] { parts.pageStatus.describeView(); });
   connect(&parts.turner, &PageTurner::moved, this, &TfrmView::cmbPagesChange);
   connect(&parts.turner, &PageTurner::marked, this, &TfrmView::tellMarked);
@@ -98,8 +100,9 @@ void TfrmView::connectParts() {
     parts.list.fill();
     cmbPagesChange();
   });
-  connect(&parts.forms, &FormCalls::idle, this, [this] {
-    if (close_wanted_) close();
+  connect(&parts.forms, &FormCalls::viewKept, this, [&parts, tellOfPage] {
+    parts.pageStatus.startPage();
+    tellOfPage();
   });
 }
 

@@ -4,6 +4,8 @@
 
 #include <QString>
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "window_model/export_choices.h"
 #include "window_model/view_state.h"
@@ -28,8 +30,12 @@ struct ExportCall {
   VDoc& doc;
   ViewState& state;  // remembers the choices
   ExportView view;
-  // Shows a message in the status bar; an empty one brings back what stood there before the call.
+  // Adds to a message for the status bar, which is shown behind the call; and shows one, in blue,
+  // of what is at work, until an empty one ends it.
   std::function<void(const QString& message)> tell;
+  std::function<void(const QString& message)> tellWork;
+  // The files that the user has asked for are appended here.
+  std::vector<std::string>& made;
 };
 
 struct ViewCommands {

@@ -2,6 +2,9 @@
 // report it stands. The window makes it before its parts, which own what is theirs alone.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "ui_tfrm_view.h"
 #include "window_model/growth_watch.h"
 #include "window_model/page_cursor.h"
@@ -20,8 +23,9 @@ struct ViewDesk {
   ViewState state;
   PageCursor cursor;
   GrowthWatch growth;
-  int firstPageWidth = 0;  // of the page that was shown first, pixels
+  int firstPageWidth = 0;  // of the page as it was shown first, pixels
   bool busy = false;       // a job reads the document: nobody else may, and the window stays open
+  std::vector<std::string> made;  // files that the user has asked for
 };
 
 }  // namespace qor

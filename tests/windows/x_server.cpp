@@ -6,6 +6,7 @@
 #include <memory>
 #include <span>
 #include <stdexcept>
+#include <vector>
 
 #include <xcb/xtest.h>
 
@@ -98,27 +99,32 @@ void XServer::fake(std::uint8_t kind, std::uint8_t detail, int x, int y) {
   xcb_flush(connection_);
 }
 
-xcb_keycode_t XServer::codeOf(xcb_keysym_t key) {
+std::pair<xcb_keycode_t, bool> XServer::keyOf(xcb_keysym_t symbol) {
   const xcb_setup_t& setup = *xcb_get_setup(connection_);
   const auto count = static_cast<std::uint8_t>(setup.max_keycode - setup.min_keycode + 1);
   const auto mapping = held(xcb_get_keyboard_mapping_reply(
       connection_, xcb_get_keyboard_mapping(connection_, setup.min_keycode, count), nullptr));
   const xcb_keysym_t* symbols = xcb_get_keyboard_mapping_keysyms(mapping.get());
-  for (int code = 0; code < count; ++code) {
-    if (symbols[code * mapping->keysyms_per_keycode] == key)
-      return static_cast<xcb_keycode_t>(setup.min_keycode + code);
+  for (const int level : {0, 1}) {
+    for (int code = 0; code < count; ++code) {
+      if (symbols[code * mapping->keysyms_per_keycode + level] == symbol)
+        return {static_cast<xcb_keycode_t>(setup.min_keycode + code), level == 1};
+    }
   }
   throw std::runtime_error("the X server has no such key");
 }
 
-void XServer::press(xcb_keysym_t key, bool alt) {
+void XServer::press(xcb_keysym_t symbol, bool alt) {
   constexpr xcb_keysym_t kAlt = 0xFFE9;
-  const xcb_keycode_t code = codeOf(key);
-  const xcb_keycode_t altCode = codeOf(kAlt);
-  if (alt) fake(XCB_KEY_PRESS, altCode);
+  constexpr xcb_keysym_t kShift = 0xFFE1;
+  const auto [code, shift] = keyOf(symbol);
+  std::vector<xcb_keycode_t> held;
+  if (alt) held.push_back(keyOf(kAlt).first);
+  if (shift) held.push_back(keyOf(kShift).first);
+  for (const xcb_keycode_t each : held) fake(XCB_KEY_PRESS, each);
   fake(XCB_KEY_PRESS, code);
   fake(XCB_KEY_RELEASE, code);
-  if (alt) fake(XCB_KEY_RELEASE, altCode);
+  for (const xcb_keycode_t each : held) fake(XCB_KEY_RELEASE, each);
 }
 
 void XServer::type(std::string_view text) {

@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include <xcb/xcb.h>
 
@@ -41,9 +42,8 @@ class XServer {
   // windows here.
   void pointAt(xcb_window_t window);
 
-  // Presses a key by its symbol, with Alt if asked; types letters, digits and marks that need no
-  // other key.
-  void press(xcb_keysym_t key, bool alt = false);
+  // Presses a key by its symbol, with Alt if asked; types letters, digits and marks.
+  void press(xcb_keysym_t symbol, bool alt = false);
   void type(std::string_view text);
 
   // Clicks at a place that is so far from the right and lower edge of a window, pixels.
@@ -60,7 +60,8 @@ class XServer {
   bool isShown(xcb_window_t window);
   xcb_atom_t atom(std::string_view name);
   void fake(std::uint8_t kind, std::uint8_t detail, int x = 0, int y = 0);
-  xcb_keycode_t codeOf(xcb_keysym_t key);
+  // The key of a symbol, and whether it needs Shift.
+  std::pair<xcb_keycode_t, bool> keyOf(xcb_keysym_t symbol);
 
   QProcess server_;
   std::string display_;

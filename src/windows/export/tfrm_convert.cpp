@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QShortcut>
 #include <QSignalBlocker>
 
 #include "base/app_options.h"
@@ -98,6 +99,13 @@ void TfrmConvert::connectControls() {
   connect(ui_->cmdOk, &QPushButton::clicked, this, &TfrmConvert::cmdOkClick);
   connect(ui_->cmdCancel, &QPushButton::clicked, this, &TfrmConvert::reject);
   connect(losses_, &PdfLossReader::foundMore, this, &TfrmConvert::tellLosses);
+  // Also from outside the tabs, where their own keys don't reach.
+  const auto step = [this](int by) {
+    QTabWidget& tabs = *ui_->Pages_Convert;
+    tabs.setCurrentIndex((tabs.currentIndex() + by + tabs.count()) % tabs.count());
+  };
+  new QShortcut(QKeySequence::NextChild, this, [step] { step(1); });
+  new QShortcut(QKeySequence::PreviousChild, this, [step] { step(-1); });
 }
 
 void TfrmConvert::FormShow() {

@@ -1,0 +1,311 @@
+// The export dialog: its targets, its choices, and what it says.
+#include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QProgressDialog>
+#include <QTimer>
+#include <csignal>
+#include <filesystem>
+
+#include <sys/resource.h>
+
+#include "support/variable.h"
+#include "windows/export/driven_dialog.h"
+
+namespace qor::test {
+namespace {
+
+const std::string kReport = "Alpha\r\nsecond line\r\n\fBeta\r\n\f";
+
+// The names that are proposed, and what a target can't be: the dialog stays, and nothing is there.
+TEST(ExportDialog, staysOpenUntilTheTargetIsOne) {
+  Window window(withExports(kReport));
+  const TemporaryDirectory& place = window.directory();
+  std::filesystem::create_directory(place.path("folder"));
+  const std::string stem = place.path("report");
+  DrivenDialog::in(window, [&](DrivenDialog& dialog) {
+    const std::pair<int, std::string> names[] = {
+        {1, stem + ".html"}, {2, stem + ".rtf"}, {3, stem + ".doc"},      {4, stem + ".pdf"},
+        {5, stem + ".jpeg"}, {6, stem + ".xls"}, {0, stem + "(conv).txt"}};
+    for (const auto& [tab, name] : names) {
+      dialog.goTo(tab);
+      EXPECT_EQ(dialog.name(), name);
+    }
+    const int width = dialog.control("Pages_Convert").window()->width();
+    const std::pair<std::string, std::string> rows[] = {
+        {"  ", ""},
+        {place.path("folder"), place.path("folder")},
+        {place.path("report.txt"), place.path("report.txt")},
+        {place.path("none/out.txt"), place.path("none")},
+        {place.path(std::string(300, 'x')), ""}};
+    for (const auto& [target, told] : rows) {
+      dialog.type(target);
+      EXPECT_EQ(dialog.run(), "");
+      EXPECT_TRUE(dialog.isOpen()) << target;
+      EXPECT_NE(dialog.note(), "") << target;
+      EXPECT_NE(dialog.note().find(told), std::string::npos) << dialog.note();
+    }
+    QTest::qWait(1);
+    EXPECT_EQ(dialog.control("Pages_Convert").window()->width(), width) << "a long name is broken";
+    dialog.goTo(6);
+    EXPECT_EQ(dialog.note(), "");
+    EXPECT_EQ(dialog.run(), "");
+    EXPECT_NE(dialog.note(), "") << "there is no exporter";
+    dialog.goTo(5);
+    dialog.type(place.path("report.txt"));
+    dialog.click("chbJPEG");
+    dialog.type(place.path("folder/name"));
+    EXPECT_EQ(dialog.run(), place.path("folder/name") + " был создан!|");
+  });
+  EXPECT_EQ(contentOf(place.path("report.txt")), kReport);
+  EXPECT_EQ(place.names(), (std::vector<std::string>{"folder/", "folder/name(1).jpeg",
+                                                     "folder/name(2).jpeg", "report.txt"}));
+  EXPECT_EQ(window.close().at("CheckJPEG"), 1) << "a name without an extension has ticked it";
+}
+
+TEST(ExportDialog, replacesOnlyWhatTheUserGivesUp) {
+  Window window(withExports(kReport));
+  const std::string target = window.directory().write("<b>out.txt", "old");
+  for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+    DrivenDialog::in(window, [&](DrivenDialog& dialog) {
+      dialog.goTo(0);
+      dialog.type(target);
+      EXPECT_NE(dialog.run(answer).find(target), std::string::npos);
+      EXPECT_EQ(dialog.isOpen(), answer == QMessageBox::No);
+      EXPECT_EQ(dialog.name(), target);
+    });
+    EXPECT_EQ(contentOf(target) == "old", answer == QMessageBox::No);
+  }
+}
+
+// Types a name into the save dialog, and gives up what is there if it is asked.
+std::string choose(DrivenDialog& dialog, const std::string& name) {
+  std::string asked;
+  QTimer timer;
+  bool typed = false;
+  QObject::connect(&timer, &QTimer::timeout, [&] {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+      asked += "?";
+      box->button(QMessageBox::Yes)->click();
+    } else if (auto* save = qobject_cast<QFileDialog*>(modal); save != nullptr && !typed) {
+      typed = true;
+      // It lists its directory by and by; and the timer must be free to answer a question.
+      QTimer::singleShot(50, save, [save, &name] {
+        auto* edit = save->findChild<QLineEdit*>("fileNameEdit");
+        edit->setText(QString::fromStdString(name));
+        QTest::keyClick(edit, name.empty() ? Qt::Key_Escape : Qt::Key_Return);
+      });
+    }
+  });
+  timer.start(5);
+  dialog.click("cmdFileSafeAs");
+  return asked;
+}
+
+// A file that the save dialog has asked about is not asked about again, but for one that came
+// since.
+TEST(ExportDialog, takesNamesFromTheSaveDialog) {
+  Window window(withExports(kReport));
+  const TemporaryDirectory& place = window.directory();
+  place.write("old.txt", "old");
+  const std::filesystem::path before = std::filesystem::current_path();
+  DrivenDialog::in(window, [&](DrivenDialog& dialog) {
+    dialog.goTo(4);
+    const std::string proposed = dialog.name();
+    EXPECT_EQ(choose(dialog, ""), "");
+    EXPECT_EQ(dialog.name(), proposed) << "left with Cancel";
+    EXPECT_EQ(choose(dialog, place.path("new")), "");
+    EXPECT_EQ(dialog.name(), place.path("new.pfd"));
+    dialog.goTo(6);
+    choose(dialog, place.path("new"));
+    EXPECT_EQ(dialog.name(), place.path("new.xls"));
+    dialog.goTo(0);
+    EXPECT_EQ(choose(dialog, place.path("new")), "");
+    place.write("new.txt", "came since");
+    EXPECT_NE(dialog.run(QMessageBox::No), "");
+    EXPECT_EQ(choose(dialog, place.path("old.txt")), "?");
+    EXPECT_EQ(dialog.run(QMessageBox::No), place.path("old.txt") + " был создан!|");
+  });
+  EXPECT_NE(contentOf(place.path("old.txt")), "old");
+  EXPECT_EQ(std::filesystem::current_path(), before);
+}
+
+// However the dialog ends, and whatever it was opened for.
+TEST(ExportDialog, remembersItsChoices) {
+  Window window(withExports(kReport, {{"CheckPNG", 1}, {"ID_of_Convert", 5}}));
+  DrivenDialog::in(window, [](DrivenDialog& dialog) {
+    EXPECT_EQ(dialog.control<QTabWidget>("Pages_Convert").currentIndex(), 5);
+    EXPECT_TRUE(dialog.isTicked("chbPNG") && dialog.isTicked("chbJPEG"));
+    EXPECT_FALSE(dialog.control("chkScaleFlag").isEnabled());
+    dialog.click("chbPNG");
+    dialog.click("chbBMP");
+    QTest::keyClick(dialog.control("cmdOk").window()->windowHandle(), Qt::Key_Tab,
+                    Qt::ControlModifier);
+    EXPECT_FALSE(dialog.control("cbSekme").isEnabled());
+    auto& types = dialog.control<QComboBox>("cbXLSFileType");
+    types.setFocus();
+    dialog.type("x.y.z");
+    for (const char* name : {"x.xlsx", "x.csv"}) {
+      QTest::keyClick(&types, Qt::Key_Down);
+      EXPECT_EQ(dialog.name(), name);
+    }
+    EXPECT_FALSE(dialog.control("txtSep").isEnabled());
+    dialog.click("cbSekme");
+    EXPECT_TRUE(dialog.control("txtSep").isEnabled());
+    QTest::keyClicks(&dialog.control("txtSep"), "|");
+    dialog.click("cbSekme");
+    EXPECT_FALSE(dialog.control("txtSep").isEnabled());
+    EXPECT_EQ(dialog.control<QLineEdit>("txtSep").text(), "");
+    dialog.goTo(4);
+    dialog.click("chkPrinToPdf");
+    dialog.goTo(1);
+    dialog.click("chkSaveHtmlPictures");
+  });
+  const Settings stored = window.close();
+  for (const auto& [name, value] : {std::pair("ID_of_Convert", 1),
+                                    {"CheckPNG", 0},
+                                    {"CheckBMP", 1},
+                                    {"CheckJPEG", 1},
+                                    {"CheckPdf", 1},
+                                    {"ImageSaveHTML", 1},
+                                    {"ImageSaveDoc", 0}})
+    EXPECT_EQ(stored.at(name), value) << name;
+}
+
+// A long export can be cancelled: the dialog stays, and so does the old file. Of several pictures
+// those that were finished stay.
+TEST(ExportDialog, canBeCancelled) {
+  std::string report;
+  for (int line = 1; line <= 600000; ++line) {
+    report += "Line " + std::to_string(line) + " of a report that takes its time\r\n";
+    if (line % 60 == 0) report += "\f";
+  }
+  Window window(withExports(report));
+  const TemporaryDirectory& place = window.directory();
+  auto& status = window.control<QLabel>("stBarMessage");
+  for (const auto& [tab, click, name, old] : {std::tuple(5, "chbJPEG", "out.bmp", "out(9900).jpeg"),
+                                              {4, "", "out.pdf", "out.pdf"},
+                                              {4, "chkPrinToPdf", "out.pdf", "out.pdf"}}) {
+    SCOPED_TRACE(click);
+    const std::string target = place.write(old, "old");
+    int waited = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+      auto* progress = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+      if (progress == nullptr || waited++ > 0) return;
+      EXPECT_NE(window.status().find("Please Wait. "), std::string::npos) << window.status();
+      EXPECT_EQ(window.status().find(".bmp"), std::string::npos) << "the file that is made";
+      EXPECT_EQ(status.palette().color(QPalette::WindowText), QColor(0, 0, 255));
+      QTest::keyClick(progress, Qt::Key_Escape);
+    });
+    timer.start(10);
+    DrivenDialog::in(window, [&](DrivenDialog& dialog) {
+      dialog.goTo(tab);
+      if (*click != '\0' && !dialog.isTicked(click)) dialog.click(click);
+      dialog.type(place.path(name));
+      EXPECT_NE(dialog.run().find(old), std::string::npos);
+      EXPECT_TRUE(dialog.isOpen());
+      EXPECT_EQ(dialog.note(), "");
+    });
+    EXPECT_GT(waited, 0);
+    EXPECT_EQ(window.status(), "");
+    EXPECT_EQ(status.palette().color(QPalette::WindowText),
+              window.form().palette().color(QPalette::WindowText));
+    EXPECT_TRUE(contentOf(target) == "old");
+  }
+  EXPECT_TRUE(place.has("out(1).jpeg"));
+  for (const std::string& file : place.names())
+    EXPECT_TRUE(file.ends_with(".jpeg") || file == "out.pdf" || file == "report.txt") << file;
+}
+
+// No file grows beyond so many bytes.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FileSizeLimit() {
+    ::setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, signal_);
+  }
+  FileSizeLimit(const FileSizeLimit&) = delete;
+  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+ private:
+  rlimit before_{};
+  void (*signal_)(int);
+};
+
+// A full disk: the dialog says so, whichever way a document takes, and goes on where there is room.
+TEST(ExportDialog, saysWhyAnExportFails) {
+  Window window(withExports(kReport));
+  const std::string target = window.directory().write("out.pdf", "old");
+  DrivenDialog::in(window, [&](DrivenDialog& dialog) {
+    dialog.goTo(4);
+    for (const bool printed : {false, true}) {
+      if (printed) dialog.click("chkPrinToPdf");
+      dialog.type(target);
+      std::string told;
+      {
+        const FileSizeLimit limit(500);
+        told = dialog.run();
+      }
+      told += dialog.note();
+      EXPECT_NE(told.find("out.pdf: File too large"), std::string::npos) << told;
+      EXPECT_TRUE(dialog.isOpen());
+      EXPECT_EQ(contentOf(target), "old");
+    }
+    dialog.run();
+    EXPECT_FALSE(dialog.isOpen());
+  });
+  EXPECT_NE(contentOf(target), "old");
+  EXPECT_EQ(window.directory().names().size(), 2U);
+  EXPECT_EQ(window.status(), "");
+}
+
+// What PDF doesn't show is found while nobody does anything, and the printer way shows it.
+TEST(ExportDialog, saysWhatPdfDoesNotShow) {
+  Window window(
+      withExports("Plain\r\n\f<shape sh_type=4 left=10 top=10 right=50 bottom=50/>\r\n\f"));
+  DrivenDialog::in(window, [](DrivenDialog& dialog) {
+    dialog.goTo(4);
+    auto& losses = dialog.control<QLabel>("lblPdfLosses");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return losses.text().contains("ellipses"); }))
+        << losses.text().toStdString();
+    dialog.click("chkPrinToPdf");
+    EXPECT_EQ(losses.text(), "");
+  });
+}
+
+TEST(ExportDialog, opensAndMailsWhatItHasMade) {
+  const TemporaryDirectory programs;
+  const Variable path("PATH", programs.path().c_str());
+  Window window(withExports(kReport));
+  AppOptions.MailProgram = 2;
+  const auto exportTo = [&](const std::string& target) {
+    DrivenDialog::in(window, [&](DrivenDialog& dialog) {
+      dialog.exportTo(0, {"chkPreview", "chkEmail"}, target);
+    });
+  };
+  exportTo(window.directory().path("a.txt"));
+  EXPECT_NE(window.status().find("QorUtlMail"), std::string::npos) << window.status();
+  EXPECT_NE(window.status().find("a.txt"), std::string::npos) << window.status();
+  putRecorder(programs, "xdg-open");
+  putRecorder(programs, "QorUtlMail");
+  const std::string target = window.directory().path("b.txt");
+  exportTo(target);
+  EXPECT_EQ(window.status(), "") << "of the last export";
+  ASSERT_TRUE(waitForFile(programs.path("xdg-open.args")));
+  EXPECT_EQ(programs.read("xdg-open.args"), target + "|");
+  ASSERT_TRUE(waitForFile(programs.path("QorUtlMail.args")));
+  const std::string arguments = programs.read("QorUtlMail.args");
+  EXPECT_EQ(arguments.substr(0, 9), "qorsil|2|");
+  EXPECT_EQ(arguments.substr(arguments.size() - 3), "| |");
+  EXPECT_EQ(contentOf(arguments.substr(9, arguments.size() - 12)), target + "\r\n");
+}
+
+}  // namespace
+}  // namespace qor::test

@@ -1,0 +1,89 @@
+#include "windows/export/driven_dialog.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "windows/export/export_form.h"
+#include "windows/export/mail_hand_over.h"
+
+namespace qor::test {
+
+Window::Start withExports(const std::string& report, const Settings& stored) {
+  Window::Start start{report, stored};
+  start.commands.convert = showExportDialog;
+  start.commands.mail = exportAndMail;
+  return start;
+}
+
+void DrivenDialog::in(Window& window, const std::function<void(DrivenDialog&)>& steps) {
+  bool opened = false;
+  QTimer::singleShot(0, &window.form(), [&] {
+    auto* form = qobject_cast<TfrmConvert*>(QApplication::activeModalWidget());
+    if (form == nullptr) return;
+    opened = true;
+    DrivenDialog dialog(*form);
+    steps(dialog);
+    if (form->isVisible()) form->reject();
+  });
+  window.press("F6");
+  ASSERT_TRUE(opened);
+}
+
+void DrivenDialog::click(const char* name) {
+  QWidget& widget = control(name);
+  ASSERT_TRUE(widget.isVisible() && widget.isEnabled()) << name;
+  QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(10, widget.height() / 2));
+}
+
+void DrivenDialog::type(const std::string& name) {
+  auto& edit = control<QLineEdit>("txtFileName");
+  edit.setFocus();
+  edit.selectAll();
+  QTest::keyClick(&edit, Qt::Key_Delete);
+  QTest::keyClicks(&edit, QString::fromStdString(name));
+}
+
+std::string DrivenDialog::run(QMessageBox::StandardButton answer) {
+  std::string texts;
+  QTimer boxes;
+  QObject::connect(&boxes, &QTimer::timeout, [&] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    texts += box->text().toStdString() + "|";
+    const bool asks = box->button(QMessageBox::Yes) != nullptr;
+    box->button(asks ? answer : QMessageBox::Ok)->click();
+  });
+  boxes.start(5);
+  click("cmdOk");
+  return texts;
+}
+
+void DrivenDialog::exportTo(int tab, const std::vector<const char*>& clicks,
+                            const std::string& target) {
+  goTo(tab);
+  for (const char* name : clicks) click(name);
+  type(target);
+  run();
+  EXPECT_FALSE(isOpen()) << note();
+}
+
+std::string contentOf(const std::string& path) {
+  std::ostringstream out;
+  out << std::ifstream(path, std::ios::binary).rdbuf();
+  return out.str();
+}
+
+void putRecorder(const TemporaryDirectory& place, const std::string& name) {
+  const std::string path =
+      place.write(name, "#!/bin/sh\nprintf '%s|' \"$@\" > '" + place.path(name + ".args") + "'\n");
+  std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+}
+
+bool waitForFile(const std::string& path) {
+  return QTest::qWaitFor([&] { return !contentOf(path).empty(); });
+}
+
+}  // namespace qor::test

@@ -1,0 +1,150 @@
+// Exports of the program on a real X server, by keys, beside those without a window.
+#include "support/program.h"
+
+#include <QTest>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "support/pdf_reader.h"
+#include "windows/x_server.h"
+
+namespace qor::test {
+namespace {
+
+constexpr xcb_keysym_t kReturn = 0xFF0D;
+constexpr xcb_keysym_t kF6 = 0xFFC3;
+constexpr const char* kExtensions[] = {"bmp", "jpeg", "gif", "ico", "png"};
+
+// Three pages, in the code page of the set and with its font.
+const std::string kReport =
+    "\x8F\xE0\xA8\xA2\xA5\xE2 <b>1<b/>\r\n<shape sh_type=2 left=20 top=20 right=60 bottom=40/>\r\n"
+    "\f<barcode br_type=39 value=\"A1\" left=10 top=60 right=70 bottom=72/>2\r\n\f3\r\n\f";
+const std::string kSet =
+    "<Set SetName=\"S\">\r\n<Page>\r\n<BaseCodePage = \"866\"/>\r\n<MarginLeft = "
+    "\"9\"/>\r\n<Page/>\r\n"
+    "<Font>\r\n<Name = \"Arial\"/>\r\n<Height = \"14\"/>\r\n<Font/>\r\n<Set/>\r\n";
+
+class ExportProgram : public testing::Test {
+ protected:
+  ExportProgram() {
+    std::filesystem::create_directory(place_.path("batch"));
+    place_.write("r.txt", kReport);
+    place_.write("s.vset", kSet);
+    // They write down what they were started with.
+    for (const std::string name : {"xdg-open", "QorUtlMail"}) {
+      const std::string notes = place_.path(name + ".args");
+      const std::string script =
+          place_.write("bin/" + name, "#!/bin/sh\nprintf '%s|' \"$@\" >> '" + notes + "'\n");
+      std::filesystem::permissions(script, std::filesystem::perms::owner_all);
+    }
+    around_ = {place_.path(), XServer::environmentOn(server_.display())};
+    around_.environment["XDG_CONFIG_HOME"] = place_.path("config");
+    around_.environment["PATH"] = place_.path("bin") + ":/usr/bin:/bin";
+    around_.environment["SOURCE_DATE_EPOCH"] = "86400";
+  }
+
+  // Opens the window, has the exports done, and closes it.
+  template <class Steps>
+  void inWindow(const char* option, Steps steps) {
+    Process program(viewer({"-f", "r.txt", "-i", "s.vset#S", option}), around_);
+    window_ = server_.waitForWindow();
+    ASSERT_NE(window_, XCB_NONE);
+    ASSERT_TRUE(server_.waitForPage(window_));
+    server_.pointAt(window_);
+    steps();
+    server_.askToClose(window_);
+    expectTold(program.wait(), "");
+  }
+
+  // An export by the dialog: its tab and boxes by their letters. The result is opened.
+  void byKeys(const std::string& letters, const std::string& target) {
+    server_.press(kF6);
+    const xcb_window_t dialog = server_.waitForWindow(window_);
+    ASSERT_NE(dialog, XCB_NONE);
+    ASSERT_TRUE(server_.waitForFocus(dialog));
+    for (const char letter : letters + "da") {
+      server_.press(static_cast<xcb_keysym_t>(letter), true);
+      QTest::qWait(250);  // a box that is ticked by its letter is down for a moment
+    }
+    server_.type(target);
+    server_.press(kReturn);
+    ASSERT_TRUE(server_.waitForEnd(dialog)) << target;
+  }
+
+  void inBatch(const std::vector<std::string>& more) {
+    std::vector<std::string> line = {"-f", "r.txt", "-i", "s.vset#S"};
+    line.insert(line.end(), more.begin(), more.end());
+    expectTold(runViewer(line, {place_.path(), {{"SOURCE_DATE_EPOCH", "86400"}}}), "");
+  }
+  void exportInBatch(const std::string& target) { inBatch({"-export", "batch/" + target}); }
+
+  // But for the time, which jobs tell.
+  std::string content(const std::string& file) {
+    const std::string bytes = place_.has(file) ? place_.read(file) : "";
+    const auto date = bytes.find("/CreationDate");
+    return date == std::string::npos ? bytes : bytes.substr(0, date) + bytes.substr(date + 40);
+  }
+  void expectSame(const std::string& file, const std::string& other) {
+    EXPECT_TRUE(!content(file).empty() && content(file) == content(other)) << file;
+  }
+  std::string page(const std::string& stem, int number, const std::string& extension) const {
+    return stem + "(" + std::to_string(number) + ")." + extension;
+  }
+
+  XServer server_;
+  TemporaryDirectory place_;
+  Surroundings around_;
+  xcb_window_t window_ = XCB_NONE;
+};
+
+TEST_F(ExportProgram, writesByKeysWhatIsWrittenWithoutAWindow) {
+  inWindow("-dd", [this] {
+    byKeys("xsk", "r_w.txt");
+    byKeys("hk", "w.html");
+    byKeys("p", "w.pdf");
+    byKeys("pm", "p.pdf");
+    byKeys("bmgin", "w.png");
+  });
+  EXPECT_FALSE(place_.has("r.txt"));
+  EXPECT_TRUE(place_.has("r_w.txt")) << "what the user has made outlives the report";
+  place_.write("r.txt", kReport);
+  inWindow("-test", [this] { byKeys("e", "again.x"); });
+
+  for (const char* target : {"r_w.txt", "w.html", "w.pdf"}) exportInBatch(target);
+  inBatch({"-g", "-p", "Microsoft Print to PDF"});
+  for (const std::string target : {"r_w.txt", "w.html"}) expectSame(target, "batch/" + target);
+  expectSame("p.pdf", "r(print).pdf");
+  const PdfDocument told = readPdf(place_.path("w.pdf"));
+  const PdfDocument toldInBatch = readPdf(place_.path("batch/w.pdf"));
+  EXPECT_EQ(told.pages, 3);
+  ASSERT_EQ(told.words.size(), toldInBatch.words.size());
+  for (std::size_t i = 0; i < told.words.size(); ++i) {
+    const PdfWord& word = told.words[i];
+    const PdfWord& expected = toldInBatch.words[i];
+    EXPECT_EQ(std::tuple(word.page, word.x, word.y, word.text),
+              std::tuple(expected.page, expected.x, expected.y, expected.text));
+  }
+  std::string list;
+  for (int number = 1; number <= 3; ++number) {
+    for (const std::string extension : kExtensions) {
+      if (number == 1) exportInBatch("w." + extension);
+      for (const std::string stem : {"w", "again"})
+        expectSame(page(stem, number, extension), "batch/" + page("w", number, extension));
+      list += place_.path(page("again", number, extension)) + "\r\n";
+    }
+  }
+  std::string opened;
+  for (const char* file : {"r_w.txt", "w.html", "w.pdf", "p.pdf", "w(1).bmp", "again(1).bmp"})
+    opened += place_.path(file) + "|";
+  EXPECT_EQ(place_.read("xdg-open.args"), opened);
+  const std::string mail = place_.read("QorUtlMail.args");
+  ASSERT_TRUE(mail.starts_with("qorsil|1|" + place_.path("mail")) && mail.ends_with(".tmp| |"))
+      << mail;
+  EXPECT_EQ(place_.read(
+                mail.substr(9 + place_.path("").size(), mail.size() - 12 - place_.path("").size())),
+            list);
+}
+
+}  // namespace
+}  // namespace qor::test

@@ -5,13 +5,13 @@ set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config
   libcairo2-dev libfreetype-dev libfontconfig-dev libpng-dev libjpeg62-turbo-dev libgif-dev
-  libzxing-dev libcups2-dev libharfbuzz-dev libdeflate-dev
+  libzxing-dev libcups2-dev libharfbuzz-dev libdeflate-dev libgsf-1-dev
   qt6-base-dev qt6-svg-dev libxcb1-dev
   fontconfig fonts-liberation2 fonts-dejavu-core)
 for group in "$@"; do
   case $group in
     test) packages+=(libgtest-dev imagemagick-6.q16 zbar-tools locales cups poppler-utils
-      qpdf xvfb libxcb-xtest0-dev fonts-urw-base35 git clang-format clang-tidy) ;;
+      qpdf xvfb libxcb-xtest0-dev fonts-urw-base35 python3-openpyxl python3-pil python3-xlrd git clang-format clang-tidy) ;;
     bench) packages+=(mupdf-tools python3 libzint-dev cups-filters
       enscript ghostscript libreoffice-writer-nogui xvfb libxcb-shm0-dev libxcb-xtest0-dev
       mupdf qpdfview zathura zathura-pdf-poppler libgtest-dev cups) ;;

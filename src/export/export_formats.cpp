@@ -5,9 +5,11 @@
 #include <iterator>
 
 #include "base/path.h"
+#include "base/text.h"
 #include "export/html/html_export.h"
 #include "export/image/image_export.h"
 #include "export/pdf/pdf_export.h"
+#include "export/sheet/sheet_export.h"
 #include "export/text/text_export.h"
 
 namespace qor {
@@ -36,7 +38,7 @@ constexpr ExportFormat kFormats[] = {
     {kExportDoc, "DOC", kDoc, PageMode::doc, exportNothing},
     {kExportPdf, "PDF", kPdf, PageMode::pictures, ExportPdf},
     {kExportPictures, "Pictures", kPictures, PageMode::pictures, ExportImages},
-    {kExportSheets, "Spreadsheet", kSheets, PageMode::sheets, exportNothing},
+    {kExportSheets, "Spreadsheet", kSheets, PageMode::sheets, ExportSheets},
 };
 
 // Null where it is none of the format's.
@@ -72,8 +74,10 @@ const ExportFormat& formatWithId(int id) {
   return found == std::end(kFormats) ? kFormats[kExportText] : *found;
 }
 
-bool hasExporter(const ExportFormat& format) {
-  return format.run != exportNothing;
+bool canWrite(const ExportFormat& format, std::string_view target) {
+  const bool isMeant =
+      format.id != kExportSheets || find(format, lowerAscii(extensionOf(target))) != nullptr;
+  return isMeant && format.run != exportNothing;
 }
 
 const ExportFormat* formatOf(std::string_view target) {

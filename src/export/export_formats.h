@@ -40,8 +40,9 @@ std::span<const ExportFormat> exportFormats();
 // The format of this id; text for a number that is no format's.
 const ExportFormat& formatWithId(int id);
 
-// Whether this version writes files of the format.
-bool hasExporter(const ExportFormat& format);
+// Whether this version writes such a file in the format: of spreadsheets the extension tells which
+// kind of file is meant.
+bool canWrite(const ExportFormat& format, std::string_view target);
 
 // The format whose extension the target has; null where none has it.
 const ExportFormat* formatOf(std::string_view target);

@@ -109,7 +109,7 @@ TEST(Export, writesNothingForOtherExtensions) {
     expectTold(runViewer({"-f", "r.txt", "-export", target, "-dd"}, in(place)), "");
     EXPECT_EQ(contents(place), before) << target;
   }
-  for (const std::string target : {"o.rtf", "o.doc", "o.xls", "o.xlsx", "o.csv"}) {
+  for (const std::string target : {"o.rtf", "o.doc"}) {
     expectTold(runViewer({"-f", "r.txt", "-export", target, "-dd"}, in(place)), target);
     EXPECT_EQ(contents(place), before) << target;
   }

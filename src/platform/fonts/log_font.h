@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
+#include <type_traits>
 
 namespace qor {
 
@@ -30,7 +32,10 @@ struct LogFont {
   std::uint8_t PitchAndFamily = 0;
   char FaceName[kFaceNameSize] = "Courier New";  // ends in a zero
 
-  bool operator==(const LogFont&) const = default;
+  bool operator==(const LogFont& other) const {
+    static_assert(std::has_unique_object_representations_v<LogFont>);
+    return std::memcmp(this, &other, sizeof other) == 0;
+  }
 
   std::string_view faceName() const { return FaceName; }
 

@@ -1,6 +1,8 @@
 // Writing files: beside the target first, and renamed over it only when complete.
 #pragma once
 
+#include <cstdio>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -24,6 +26,12 @@ class OutputFile : public ByteSink {
   OutputFile& operator=(const OutputFile&) = delete;
 
   void write(std::string_view bytes) override;
+
+  // Lets a library write by itself, to a C stream that can be put back, where nothing has been
+  // written yet. Throws FileError.
+  void writeByStream(const std::function<void(std::FILE*)>& write);
+
+  const std::string& target() const { return target_; }
 
   // Writes what is buffered and puts the file in the target's place. Throws FileError.
   void commit();

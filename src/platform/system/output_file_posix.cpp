@@ -3,6 +3,7 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -87,6 +88,16 @@ void OutputFile::writeThrough(std::string_view bytes) {
     if (done < 0) fail(target_, errno);
     bytes.remove_prefix(static_cast<std::size_t>(done));
   }
+}
+
+void OutputFile::writeByStream(const std::function<void(std::FILE*)>& write) {
+  const auto close = [](std::FILE* stream) { return std::fclose(stream); };
+  const int handle = ::fcntl(handle_, F_DUPFD_CLOEXEC, 0);
+  if (handle < 0) fail(target_, errno);
+  std::unique_ptr<std::FILE, decltype(close)> stream(::fdopen(handle, "wb"), close);
+  if (!stream) fail(target_, errno);
+  write(stream.get());
+  if (std::fclose(stream.release()) != 0) fail(target_, errno);
 }
 
 void OutputFile::commit() {

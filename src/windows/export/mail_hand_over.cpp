@@ -22,7 +22,7 @@ namespace {
 // Why nothing can be exported there; null where it can.
 QString obstacleTo(const ExportFormat& format, const std::string& target,
                    const ExportOptions& options, const VDoc& doc) {
-  if (!hasExporter(format)) return qtText(exportTexts().noExporter) + qtText(target);
+  if (!canWrite(format, target)) return qtText(exportTexts().noExporter) + qtText(target);
   const auto files = filesOfExport(format.id, target, options.ImageFormats, doc.PageCount);
   const std::string fault = faultText(lookAtTarget(target, files, AppOptions.FileName));
   return fault.empty() ? QString() : qtText(fault);

@@ -213,7 +213,7 @@ void TfrmConvert::cmdFileSafeAsClick() {
 
 // Nothing is written elsewhere than where the user sees it, and nothing is replaced unasked.
 bool TfrmConvert::mayWrite(const ExportFormat& format, const std::string& target) {
-  if (!hasExporter(format)) {
+  if (!canWrite(format, target)) {
     tell(qtText(exportTexts().noExporter) + qtText(target));
     return false;
   }

@@ -1,0 +1,267 @@
+// Pages as sheets.
+#include "export/sheet/excel_convert_libxl.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "barcode/barcode_picture.h"
+#include "base/text.h"
+#include "base/units.h"
+#include "document/page_loop.h"
+#include "document/vdocpage.h"
+#include "export/sheet/cell_teller.h"
+#include "export/sheet/sheet_colours.h"
+#include "platform/system/text_encoding.h"
+#include "platform/workbook/workbook_writer.h"
+
+namespace qor {
+namespace {
+
+constexpr std::uint32_t kUsualWidth = 18;  // characters, of a column without text
+constexpr std::uint32_t kMostWidth = 255;
+constexpr std::int32_t kMostSize = 409;  // points
+constexpr int kMostDecimals = 6;         // that have a format
+
+// A report's line ends within a text are cells' line ends; other control characters show nothing.
+void appendShown(std::string_view utf8, std::string& out) {
+  char before = 0;
+  for (const char c : utf8) {
+    const bool endsLine = c == '\r' || (c == '\n' && before != '\r');
+    if (endsLine) {
+      out += '\n';
+    } else if (static_cast<unsigned char>(c) >= ' ' || c == '\t') {
+      out += c;
+    }
+    before = c;
+  }
+}
+
+bool holdsControls(std::string_view text) {
+  return std::any_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < ' '; });
+}
+
+std::string_view trimmedRight(std::string_view text) {
+  const std::string_view start = trimmed(text);
+  return text.substr(0, static_cast<std::size_t>(start.data() + start.size() - text.data()));
+}
+
+std::uint32_t charactersOf(std::string_view utf8) {
+  return static_cast<std::uint32_t>(std::count_if(utf8.begin(), utf8.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+  }));
+}
+
+}  // namespace
+
+ExcelConvertLibXL::ExcelConvertLibXL(WorkbookWriter& writer, Options options)
+    : writer_(writer),
+      sheets_(writer),
+      pictures_(writer),
+      options_(std::move(options)),
+      text_(options_.codePage) {
+}
+
+// --- Pages and sheets ----------------------------------------------------------------------------
+
+void ExcelConvertLibXL::WritePage(const VDocPage& page) {
+  page_ = page.Number;
+  if (options_.pagePerSheet && page_ > 1) {
+    next_row_ = 0;
+    addSheet();
+  }
+  const std::size_t sheet = options_.pagePerSheet ? static_cast<std::size_t>(page_) - 1 : 0;
+  writeBarcodePicturesOf(page, options_.pictureStem);
+  forEachLine(page, [&](const VDocStr& line) {
+    row_ = next_row_++;
+    column_ = 0;
+    WriteLine(line, sheet);
+  });
+  FitColumns(static_cast<std::size_t>(page_) - 1);
+  ++page_;
+  sheets_.release([this](std::size_t number) { return isWanted(number); });
+}
+
+void ExcelConvertLibXL::WriteLine(const VDocStr& line, std::size_t sheet) {
+  sheet_ = sheet;
+  CellTeller teller(*this);
+  line.tell(teller);
+}
+
+void ExcelConvertLibXL::SaveBook() {
+  sheets_.releaseAll();
+  writer_.finish(sheets_.count(), formats_);
+}
+
+// Whether cells of a page to come may go there. The last sheet is always wanted.
+bool ExcelConvertLibXL::isWanted(std::size_t sheet) const {
+  if (!options_.pagePerSheet) return sheet == 0;
+  const auto page = static_cast<std::int64_t>(sheet) + 1;
+  return page >= page_ && page <= options_.pageCount;
+}
+
+// What was the last sheet may be done with: its columns are fitted as they would be behind the page
+// of its number.
+void ExcelConvertLibXL::addSheet() {
+  const std::size_t last = sheets_.count() - 1;
+  const auto page = static_cast<std::int64_t>(last) + 1;
+  if (!isWanted(last) && page >= page_ && page <= options_.pageCount) FitColumns(last);
+  sheets_.add();
+  sheets_.release([this](std::size_t number) { return isWanted(number); });
+}
+
+// As wide as their longest text. Numbers have no length, and sheets that don't start in their first
+// row or column aren't looked at to their end: sheets of the suite have always come out so.
+void ExcelConvertLibXL::FitColumns(std::size_t number) {
+  Sheet* sheet = sheets_.at(number);
+  if (sheet == nullptr) return;
+  const Sheet::Extent extent = sheet->extent();
+  std::vector<std::uint32_t> longest(extent.endColumn - extent.firstColumn);
+  const std::uint32_t lastRow = extent.endRow - extent.firstRow;
+  for (const Cell& cell : sheet->cells()) {
+    if (cell.row > lastRow || cell.column >= longest.size() || !cell.isText()) continue;
+    std::uint32_t& length = longest[cell.column];
+    length = std::max(length, charactersOf(trimmed(sheet->textOf(cell))));
+  }
+  for (std::uint32_t column = 0; column < longest.size(); ++column)
+    sheet->setColumnWidth(
+        column, longest[column] < 1 ? kUsualWidth : std::min(longest[column], kMostWidth));
+}
+
+// --- Formats -------------------------------------------------------------------------------------
+
+void ExcelConvertLibXL::takeFont(const FontState& font) {
+  if (taken_ == font) return;
+  taken_ = font;
+  looks_.fill(0);
+  font_.name = text_.utf8(font.LogFont.faceName());
+  font_.size = std::clamp(truncated(font.Height), 1, kMostSize);
+  font_.charset = font.LogFont.CharSet;
+  font_.bold = font.LogFont.Weight >= kBoldWeight;
+  font_.italic = font.LogFont.Italic == 1;
+  font_.colour = paletteEntryOf(font.Color).value_or(font_.colour);
+}
+
+std::uint32_t ExcelConvertLibXL::makeFormat(std::size_t look) {
+  CellFont font = font_;
+  if (look == kDate) return formats_.numberOf(font, NumberFormat::date);
+  if (look == kText || look == kWhole) {
+    font.colour = textColourOf(font_.colour);
+    return formats_.numberOf(font, look == kText ? NumberFormat::general : NumberFormat::whole);
+  }
+  const DecimalLook decimal = decimalLookOf(static_cast<int>(look - kWhole), font_.colour);
+  font.colour = decimal.colour;
+  return formats_.numberOf(font, decimal.format);
+}
+
+void ExcelConvertLibXL::chooseFormat(std::size_t look) {
+  if (looks_[look] == 0) looks_[look] = makeFormat(look);
+  current_format_ = looks_[look];
+}
+
+// --- Cells ---------------------------------------------------------------------------------------
+
+std::int64_t ExcelConvertLibXL::MaxRows() {
+  return kMostRows;
+}
+
+bool ExcelConvertLibXL::hasColumn() const {
+  return column_ >= 0 && column_ < writer_.mostColumns();
+}
+
+template <class Write>
+void ExcelConvertLibXL::atPlace(Write write) {
+  if (row_ < 0 || !hasColumn()) {
+    ++losses_.outside;
+  } else if (row_ >= MaxRows()) {
+    pastTheLastRow(write);
+  } else if (Sheet* sheet = sheets_.at(sheet_); sheet != nullptr) {
+    write(*sheet, static_cast<std::uint32_t>(row_));
+  }
+}
+
+// Rows that a sheet has no room for go on in the last one, which is added where they reach its end:
+// the row before a further sheet stands in both. A page behind the first of several has its own
+// sheet for the last one, and goes on at its top.
+template <class Write>
+void ExcelConvertLibXL::pastTheLastRow(Write write) {
+  const std::int64_t limit = MaxRows();
+  const auto sheets = static_cast<std::int64_t>(sheets_.count());
+  if (row_ / limit > sheets) {
+    ++losses_.outside;
+    return;
+  }
+  const auto wrapped = static_cast<std::uint32_t>(row_ % limit);
+  if (wrapped == limit - 1) write(sheets_.last(), wrapped);
+  if ((row_ + 1) / limit >= sheets) {
+    addSheet();
+  } else if (sheet_ + 1 == sheets_.count()) {
+    ++losses_.replaced;
+  }
+  write(sheets_.last(), wrapped);
+}
+
+void ExcelConvertLibXL::writeText(std::string_view text) {
+  chooseFormat(kText);
+  atPlace([&](Sheet& sheet, std::uint32_t row) {
+    sheet.writeText(row, static_cast<std::uint32_t>(column_), current_format_, text);
+  });
+}
+
+void ExcelConvertLibXL::WriteString(std::string_view text) {
+  buffer_.clear();
+  text_.append(trimmedRight(text), buffer_);
+  if (holdsControls(buffer_)) {
+    std::string shown;
+    appendShown(buffer_, shown);
+    buffer_ = std::move(shown);
+  }
+  if (buffer_.size() > kMostCellText && charactersOf(buffer_) > kMostCellText) {
+    ++losses_.cut;
+    buffer_.resize(firstCharacters(buffer_, kMostCellText).size());
+  }
+  writeText(buffer_);
+}
+
+void ExcelConvertLibXL::writeNumber(double number) {
+  atPlace([&](Sheet& sheet, std::uint32_t row) {
+    sheet.writeNumber(row, static_cast<std::uint32_t>(column_), current_format_, number);
+  });
+}
+
+void ExcelConvertLibXL::WriteInteger(double number) {
+  chooseFormat(kWhole);
+  writeNumber(number);
+}
+
+// More decimals have no format of their own: they take that of the cell before.
+void ExcelConvertLibXL::WriteDouble(double number, int decimals) {
+  if (decimals <= kMostDecimals) chooseFormat(kWhole + static_cast<std::size_t>(decimals));
+  writeNumber(number);
+}
+
+void ExcelConvertLibXL::WriteDate(double day) {
+  chooseFormat(kDate);
+  writeNumber(day);
+}
+
+void ExcelConvertLibXL::AddPicture(std::string_view file) {
+  if (const auto picture = pictures_.pictureOf(file))
+    AddPictureSized(file, picture->width, picture->height);
+}
+
+void ExcelConvertLibXL::AddPictureSized(std::string_view file, int width, int height) {
+  const auto picture = pictures_.pictureOf(file);
+  if (!picture || width <= 0 || height <= 0) return;
+  if (row_ < 0 || !hasColumn()) {
+    ++losses_.outside;
+    return;
+  }
+  const bool fits = row_ < MaxRows();
+  Sheet* sheet = fits ? sheets_.at(sheet_) : &sheets_.last();
+  if (sheet == nullptr) return;
+  sheet->addPicture({static_cast<std::uint32_t>(row_ % MaxRows()),
+                     static_cast<std::uint32_t>(column_), picture->number, width, height});
+}
+
+}  // namespace qor

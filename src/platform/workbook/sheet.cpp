@@ -1,0 +1,55 @@
+// Filling sheets.
+#include "platform/workbook/sheet.h"
+
+#include <algorithm>
+
+namespace qor {
+
+void Sheet::add(const Cell& cell) {
+  in_order_ = in_order_ && (cells_.empty() || cells_.back().place() < cell.place());
+  cells_.push_back(cell);
+}
+
+void Sheet::writeText(std::uint32_t row, std::uint32_t column, std::uint32_t format,
+                      std::string_view utf8) {
+  add({row, column, format, static_cast<std::uint32_t>(utf8.size()), texts_.size()});
+  texts_ += utf8;
+}
+
+void Sheet::writeNumber(std::uint32_t row, std::uint32_t column, std::uint32_t format,
+                        double number) {
+  add({row, column, format, Cell::kNumber, std::bit_cast<std::uint64_t>(number)});
+}
+
+const std::vector<Cell>& Sheet::cells() const {
+  if (in_order_) return cells_;
+  const auto before = [](const Cell& a, const Cell& b) { return a.place() < b.place(); };
+  std::stable_sort(cells_.begin(), cells_.end(), before);
+  // Of those at one place the last one stays.
+  const auto same = [](const Cell& a, const Cell& b) { return a.place() == b.place(); };
+  const auto kept = std::unique(cells_.rbegin(), cells_.rend(), same);
+  cells_.erase(cells_.begin(), kept.base());
+  in_order_ = true;
+  return cells_;
+}
+
+Sheet::Extent Sheet::extent() const {
+  const std::vector<Cell>& all = cells();
+  if (all.empty()) return {};
+  Extent extent = {all.front().row, all.back().row + 1, all.front().column, 0};
+  for (const Cell& cell : all) {
+    extent.firstColumn = std::min(extent.firstColumn, cell.column);
+    extent.endColumn = std::max(extent.endColumn, cell.column + 1);
+  }
+  return extent;
+}
+
+void Sheet::clear() {
+  cells_.clear();
+  in_order_ = true;
+  texts_.clear();
+  pictures_.clear();
+  widths_.clear();
+}
+
+}  // namespace qor

@@ -1,0 +1,164 @@
+// Cells as XML: the part of a workbook that is large.
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "platform/workbook/sheet.h"
+#include "platform/workbook/xlsx_parts.h"
+
+namespace qor {
+namespace {
+
+template <class Number>
+void appendDigits(Number number, std::string& xml) {
+  std::array<char, 32> digits;
+  const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+  xml.append(digits.begin(), end);
+}
+
+// "A" to "XFD".
+void appendColumnName(std::uint32_t column, std::string& xml) {
+  std::array<char, 3> letters;
+  std::size_t count = 0;
+  for (std::uint32_t rest = column + 1; rest > 0; rest = (rest - 1) / 26)
+    letters[count++] = static_cast<char>('A' + (rest - 1) % 26);
+  while (count > 0) xml += letters[--count];
+}
+
+void appendTextCell(std::string_view text, std::string& xml) {
+  const bool keepsBlanks = text.starts_with(' ') || text.ends_with(' ');
+  xml +=
+      keepsBlanks ? R"( t="inlineStr"><is><t xml:space="preserve">)" : R"( t="inlineStr"><is><t>)";
+  appendXlsxText(text, xml);
+  xml += "</t></is></c>";
+}
+
+void appendNumberCell(double number, std::string& xml) {
+  xml += "><v>";
+  appendDigits(number, xml);
+  xml += "</v></c>";
+}
+
+void appendPlace(const Cell& cell, std::string& xml) {
+  xml += " r=\"";
+  appendColumnName(cell.column, xml);
+  appendDigits(cell.row + 1, xml);
+  xml += '"';
+}
+
+// A cell that stands behind the one before it needs no place, nor does such a row.
+void appendCell(const Sheet& sheet, const Cell& cell, bool follows, std::string& xml) {
+  xml += "<c";
+  if (!follows) appendPlace(cell, xml);
+  if (cell.format != 0) {
+    xml += " s=\"";
+    appendDigits(cell.format, xml);
+    xml += '"';
+  }
+  cell.isText() ? appendTextCell(sheet.textOf(cell), xml) : appendNumberCell(cell.number(), xml);
+}
+
+void appendColumns(const Sheet& sheet, std::string& xml) {
+  if (sheet.columnWidths().empty()) return;
+  xml += "<cols>";
+  for (const auto& [column, width] : sheet.columnWidths()) {
+    const std::string number = std::to_string(column + 1);
+    xml += "<col min=\"" + number + "\" max=\"" + number + "\" width=\"" + std::to_string(width) +
+           "\" customWidth=\"1\"/>";
+  }
+  xml += "</cols>";
+}
+
+void appendRow(std::uint32_t row, bool follows, std::string& xml) {
+  xml += "<row";
+  if (!follows) {
+    xml += " r=\"";
+    appendDigits(row + 1, xml);
+    xml += '"';
+  }
+  xml += '>';
+}
+
+void appendRows(const Sheet& sheet, std::string& xml) {
+  const std::vector<Cell>& cells = sheet.cells();
+  std::uint32_t nextRow = 0;
+  for (auto cell = cells.begin(); cell != cells.end();) {
+    const std::uint32_t row = cell->row;
+    appendRow(row, row == nextRow, xml);
+    std::uint32_t nextColumn = 0;
+    for (; cell != cells.end() && cell->row == row; ++cell) {
+      appendCell(sheet, *cell, cell->column == nextColumn, xml);
+      nextColumn = cell->column + 1;
+    }
+    xml += "</row>";
+    nextRow = row + 1;
+  }
+}
+
+bool isHex(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
+}
+
+// Text that looks like the way in which a workbook tells a character by its number.
+bool looksEscaped(std::string_view text) {
+  return text.size() > 6 && text[1] == 'x' && text[6] == '_' &&
+         std::all_of(&text[2], &text[6], isHex);
+}
+
+// U+FFFE and U+FFFF, as UTF-8.
+bool isNoCharacter(std::string_view text) {
+  return text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF");
+}
+
+// How many bytes at the front stand for themselves.
+std::size_t plainLength(std::string_view text) {
+  const auto isSpecial = [](char c) {
+    return static_cast<unsigned char>(c) < ' ' || c == '&' || c == '<' || c == '>' || c == '"' ||
+           c == '_' || c == '\xEF';
+  };
+  return static_cast<std::size_t>(std::find_if(text.begin(), text.end(), isSpecial) - text.begin());
+}
+
+// Appends what the first byte stands for; gives how many bytes are done with.
+std::size_t appendSpecial(std::string_view text, std::string& xml) {
+  switch (text.front()) {
+    case '&': xml += "&amp;"; return 1;
+    case '<': xml += "&lt;"; return 1;
+    case '>': xml += "&gt;"; return 1;
+    case '"': xml += "&quot;"; return 1;
+    case '_': xml += looksEscaped(text) ? "_x005F_" : "_"; return 1;
+    case '\t': xml += '\t'; return 1;
+    case '\xEF':
+      if (isNoCharacter(text)) return 3;
+      xml += text.front();
+      return 1;
+    default: return 1;
+  }
+}
+
+}  // namespace
+
+void appendXlsxText(std::string_view utf8, std::string& xml) {
+  while (!utf8.empty()) {
+    const std::size_t plain = plainLength(utf8);
+    xml.append(utf8.substr(0, plain));
+    utf8.remove_prefix(plain);
+    if (!utf8.empty()) utf8.remove_prefix(appendSpecial(utf8, xml));
+  }
+}
+
+void appendXlsxSheet(const Sheet& sheet, std::string& xml) {
+  xml +=
+      R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
+<worksheet xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main" )"
+      R"(xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships">)"
+      R"(<sheetFormatPr defaultRowHeight="12.75"/>)";
+  appendColumns(sheet, xml);
+  xml += "<sheetData>";
+  appendRows(sheet, xml);
+  xml += "</sheetData>";
+  if (!sheet.pictures().empty()) xml += R"(<drawing r:id="rId1"/>)";
+  xml += "</worksheet>";
+}
+
+}  // namespace qor

@@ -11,6 +11,7 @@ from dialog_rows import measure_dialog
 from export_rows import (measure_barcodes, measure_memory, measure_pdf, measure_pictures,
                          measure_printing, measure_start)
 from index_rows import measure_openings, measure_scan, measure_walk
+from sheet_rows import measure_sheets
 from table import CYRILLIC, DATA, LATIN, MEGABYTE, make_report, note
 from window_rows import measure_huge_window, measure_windows
 
@@ -45,6 +46,7 @@ def main():
     measure_pictures("cyrillic", CYRILLIC, "--cyrillic")
     measure_pdf(thousand, many)
     measure_printing(thousand)
+    measure_sheets(thousand, many, small)
     measure_memory(many, small)
     measure_start(page)
     measure_windows(many)

@@ -6,9 +6,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
-#include <new>
-
-#include <libdeflate.h>
 
 #include "base/errors.h"
 #include "platform/system/byte_sink.h"
@@ -86,31 +83,10 @@ void appendNumber(std::string& out, double value) {
   }
 }
 
-struct PdfFile::Compressor {
-  Compressor() : handle(libdeflate_alloc_compressor(kCompressionLevel)) {
-    if (handle == nullptr) throw std::bad_alloc();
-  }
-  ~Compressor() { libdeflate_free_compressor(handle); }
-  Compressor(const Compressor&) = delete;
-  Compressor& operator=(const Compressor&) = delete;
-
-  std::string_view compress(std::string_view bytes) {
-    buffer.resize(std::max(buffer.size(), libdeflate_zlib_compress_bound(handle, bytes.size())));
-    return {buffer.data(), libdeflate_zlib_compress(handle, bytes.data(), bytes.size(),
-                                                    buffer.data(), buffer.size())};
-  }
-
-  libdeflate_compressor* handle;
-  std::string buffer;
-};
-
-PdfFile::PdfFile(ByteSink& sink)
-    : sink_(sink), compressor_(std::make_unique<Compressor>()), hash_(kHashStart) {
+PdfFile::PdfFile(ByteSink& sink) : sink_(sink), compressor_(kCompressionLevel), hash_(kHashStart) {
   // The second line tells programs that move files that this one isn't text.
   write("%PDF-1.7\n%\xE2\xE3\xCF\xD3\n");
 }
-
-PdfFile::~PdfFile() = default;
 
 void PdfFile::write(std::string_view bytes) {
   sink_.write(bytes);
@@ -151,7 +127,7 @@ void PdfFile::writePlainStream(PdfId id, std::string_view entries, std::string_v
 }
 
 void PdfFile::writeStream(PdfId id, std::string_view entries, std::string_view bytes) {
-  writePlainStream(id, std::string(entries) + "/Filter/FlateDecode", compressor_->compress(bytes));
+  writePlainStream(id, std::string(entries) + "/Filter/FlateDecode", compressor_.zlib(bytes));
 }
 
 PdfId PdfFile::addStream(std::string_view entries, std::string_view bytes) {

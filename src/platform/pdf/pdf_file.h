@@ -2,10 +2,11 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/system/compressor.h"
 
 namespace qor {
 
@@ -27,9 +28,6 @@ class PdfFile {
  public:
   // Writes the header. The sink must live as long; what it throws comes through everywhere.
   explicit PdfFile(ByteSink& sink);
-  ~PdfFile();
-  PdfFile(const PdfFile&) = delete;
-  PdfFile& operator=(const PdfFile&) = delete;
 
   // The number of an object that is written later, or referred to before.
   PdfId reserve();
@@ -46,13 +44,11 @@ class PdfFile {
   void finish(PdfId catalog, PdfId information);
 
  private:
-  struct Compressor;
-
   void beginObject(PdfId id);
   void write(std::string_view bytes);
 
   ByteSink& sink_;
-  std::unique_ptr<Compressor> compressor_;
+  Compressor compressor_;
   std::uint64_t position_ = 0;
   std::uint64_t hash_;  // of the streams, for the file's identifier
   std::vector<std::uint64_t> places_;

@@ -2,12 +2,11 @@
 // number.
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <tuple>
 #include <vector>
 
 namespace qor {
@@ -20,7 +19,10 @@ struct CellFont {
   bool bold = false;
   bool italic = false;
 
-  auto operator<=>(const CellFont&) const = default;
+  bool operator<(const CellFont& other) const {
+    return std::tie(name, size, charset, colour, bold, italic) <
+           std::tie(other.name, other.size, other.charset, other.colour, other.bold, other.italic);
+  }
 };
 
 inline constexpr std::int32_t kFirstColour = 8;  // black
@@ -48,7 +50,9 @@ struct CellFormat {
   std::size_t font = 0;
   NumberFormat number = NumberFormat::general;
 
-  auto operator<=>(const CellFormat&) const = default;
+  bool operator<(const CellFormat& other) const {
+    return std::tie(font, number) < std::tie(other.font, other.number);
+  }
 };
 
 // The formats of a workbook. Number 0 is what empty cells have.

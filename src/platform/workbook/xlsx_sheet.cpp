@@ -63,8 +63,8 @@ void appendColumns(const Sheet& sheet, std::string& xml) {
   xml += "<cols>";
   for (const auto& [column, width] : sheet.columnWidths()) {
     const std::string number = std::to_string(column + 1);
-    xml += "<col min=\"" + number + "\" max=\"" + number + "\" width=\"" + std::to_string(width) +
-           "\" customWidth=\"1\"/>";
+    xml.append("<col min=\"").append(number).append("\" max=\"").append(number);
+    xml.append("\" width=\"").append(std::to_string(width)).append(R"(" customWidth="1"/>)");
   }
   xml += "</cols>";
 }

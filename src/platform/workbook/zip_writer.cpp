@@ -1,11 +1,8 @@
-// Archives by libdeflate. Sizes are known before a part is written, so nothing is mended later.
+// Archives. Sizes are known before a part is written, so nothing is mended later.
 #include "platform/workbook/zip_writer.h"
 
 #include <algorithm>
-#include <new>
 #include <utility>
-
-#include <libdeflate.h>
 
 #include "platform/system/byte_sink.h"
 #include "platform/workbook/little_endian.h"
@@ -39,28 +36,8 @@ std::uint16_t low16(std::uint64_t value) {
 
 }  // namespace
 
-struct ZipWriter::Compressor {
-  Compressor() : handle(libdeflate_alloc_compressor(kCompressionLevel)) {
-    if (handle == nullptr) throw std::bad_alloc();
-  }
-  ~Compressor() { libdeflate_free_compressor(handle); }
-  Compressor(const Compressor&) = delete;
-  Compressor& operator=(const Compressor&) = delete;
-
-  std::string_view compress(std::string_view bytes) {
-    buffer.resize(std::max(buffer.size(), libdeflate_deflate_compress_bound(handle, bytes.size())));
-    return {buffer.data(), libdeflate_deflate_compress(handle, bytes.data(), bytes.size(),
-                                                       buffer.data(), buffer.size())};
-  }
-
-  libdeflate_compressor* handle;
-  std::string buffer;
-};
-
-ZipWriter::ZipWriter(ByteSink& sink) : sink_(sink), compressor_(std::make_unique<Compressor>()) {
+ZipWriter::ZipWriter(ByteSink& sink) : sink_(sink), compressor_(kCompressionLevel) {
 }
-
-ZipWriter::~ZipWriter() = default;
 
 void ZipWriter::write(std::string_view bytes) {
   sink_.write(bytes);
@@ -68,13 +45,12 @@ void ZipWriter::write(std::string_view bytes) {
 }
 
 void ZipWriter::add(const std::string& name, std::string_view bytes) {
-  const std::string_view packed = compressor_->compress(bytes);
-  put({name, libdeflate_crc32(0, bytes.data(), bytes.size()), bytes.size(), packed.size(), 0, true},
-      packed);
+  const std::string_view packed = compressor_.deflate(bytes);
+  put({name, crc32Of(bytes), bytes.size(), packed.size(), 0, true}, packed);
 }
 
 void ZipWriter::addStored(const std::string& name, std::string_view bytes) {
-  put({name, libdeflate_crc32(0, bytes.data(), bytes.size()), bytes.size(), bytes.size()}, bytes);
+  put({name, crc32Of(bytes), bytes.size(), bytes.size()}, bytes);
 }
 
 void ZipWriter::put(Entry entry, std::string_view data) {

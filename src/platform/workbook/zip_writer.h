@@ -2,10 +2,11 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/system/compressor.h"
 
 namespace qor {
 
@@ -14,9 +15,6 @@ class ByteSink;
 class ZipWriter {
  public:
   explicit ZipWriter(ByteSink& sink);
-  ~ZipWriter();
-  ZipWriter(const ZipWriter&) = delete;
-  ZipWriter& operator=(const ZipWriter&) = delete;
 
   // Adds a file, compressed, or as it is where that makes no sense for its kind.
   void add(const std::string& name, std::string_view bytes);
@@ -34,13 +32,12 @@ class ZipWriter {
     std::uint64_t offset = 0;
     bool packed = false;
   };
-  struct Compressor;
 
   void put(Entry entry, std::string_view data);
   void write(std::string_view bytes);
 
   ByteSink& sink_;
-  std::unique_ptr<Compressor> compressor_;
+  Compressor compressor_;
   std::vector<Entry> entries_;
   std::uint64_t position_ = 0;
 };

@@ -118,7 +118,7 @@ TEST(Export, writesNothingForOtherExtensions) {
 TEST(Export, numbersThePicturesOfSeveralPages) {
   const TemporaryDirectory place;
   place.write("r.txt", "A\fB\fC");
-  expectTold(runViewer(wordsOf("-f r.txt -export o.2.GIF -dd"), in(place)), "");
+  expectTold(runViewer(wordsOf("-f r.txt -export o.2.GIF -dd -dynamic"), in(place)), "");
   EXPECT_EQ(place.names(), wordsOf("o.2(1).gif o.2(2).gif o.2(3).gif"));
 }
 

@@ -14,6 +14,8 @@ struct PdfWord {
   double x = 0;
   double y = 0;
   std::string text;
+
+  bool operator==(const PdfWord&) const = default;
 };
 
 struct PdfDocument {

@@ -25,9 +25,7 @@ TEST(ExportNames, areMadeOfTheReportsName) {
       {kExportSheets, 1, "d/a.xlsx *.xlsx|*.xlsx .xls"},
       {kExportSheets, 2, "d/a.csv *.csv|*.csv .xls"},
       {kExportSheets, 3, "d/a.xls *.xls|*.xls .xls"},
-      {kExportSheets, -1, "d/a.xls *.xls|*.xls .xls"},
-      {7, 1, "d/a.txt *.txt|*.txt .txt"},
-      {-1, 0, "d/a.txt *.txt|*.txt .txt"}};
+      {kExportSheets, -1, "d/a.xls *.xls|*.xls .xls"}};
   for (const auto& [format, type, expected] : rows)
     EXPECT_EQ(text(BuildExportFileName("d/a.b.c", format, type)), expected) << format;
 }

@@ -73,30 +73,32 @@ TEST_F(MailList, isDeletedWithItsFilesAndNothingElse) {
   const std::string report = place_.write("my.r.txt", "x");
   Names files = {report,         at("way.txt"),  at("directory"),
                  at("none.txt"), at("kept.txt"), at("dangling")};
-  for (const char* name : {"linked.txt", "kept.txt", "other.txt", "directory/in.txt", "sub/b.txt"})
+  for (const char* name : {"kept.txt", "other.txt", "directory/in.txt", "sub/b.txt"})
     place_.write(name, "x");
-  fs::create_symlink("linked.txt", at("way.txt"));
+  fs::create_symlink("kept.txt", at("way.txt"));
+  fs::create_symlink("11998", at("alias"));
   fs::create_symlink("nowhere", at("dangling"));
   fs::create_directory_symlink("directory", at("road"));
   files.insert(files.end(), {at("road"), at("sub\\b.txt")});
   for (int i = 0; i < 12000; ++i) files.push_back(place_.write(std::to_string(i), ""));
   EXPECT_EQ(lastMailList(report), at("my_mail.tmp"));
+  EXPECT_EQ(lastMailList("d.e/.r.txt"), "d.e/.r_mail.tmp");
   rememberMail(report, files);
   ASSERT_EQ(filesOfLastMail(report).size(), files.size());
-  const Names targets = {at("new.txt"), at("kept.txt"), at("11998")};
+  const Names targets = {at("new.txt"), at("kept.txt"), at("alias")};
   deleteLastMail(report, targets);
   EXPECT_EQ(place_.names(),
-            wordsOf("11998 directory/ directory/in.txt kept.txt linked.txt my.r.txt "
-                    "other.txt sub/"));
+            wordsOf("11998 11998 directory/ directory/in.txt kept.txt my.r.txt other.txt sub/"));
   deleteLastMail(report, targets);
   EXPECT_TRUE(filesOfLastMail(report).empty());
   EXPECT_TRUE(place_.has("my.r.txt"));
 
   fs::create_symlink("other.txt", at("my_mail.tmp"));
-  place_.write("other.txt", at("kept.txt"));
+  rememberMail(report, {at("kept.txt")});
+  EXPECT_EQ(place_.read("other.txt"), "x") << "nobody has made it a list";
   deleteLastMail(report, {});
   EXPECT_EQ(place_.names(),
-            wordsOf("11998 directory/ directory/in.txt linked.txt my.r.txt other.txt sub/"));
+            wordsOf("11998 11998 directory/ directory/in.txt my.r.txt other.txt sub/"));
 }
 
 }  // namespace

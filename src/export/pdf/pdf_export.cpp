@@ -97,6 +97,7 @@ class ChosenPrinter {
 // False where the job came to nothing, for a reason that is told.
 bool exportByPrinter(const ExportTask& task) {
   const ChosenPrinter chosen(task.doc);
+  NewSidePictures pictures;
   const ExportOptions& options = task.options;
   task.doc.PrintScale = options.ScaleToPaper ? options.PaperScale : 100;
   task.doc.PrintScaleFlag = options.ScaleToPaper;
@@ -105,7 +106,9 @@ bool exportByPrinter(const ExportTask& task) {
   const PrintOutcome outcome = task.doc.PrintToFile(run, task.target, task.progress);
   if (outcome.end == PrintOutcome::End::stopped) throw StoppedError();
   if (!outcome.notice.empty()) showWarning(outcome.notice);
-  return outcome.end == PrintOutcome::End::printed;
+  if (outcome.end != PrintOutcome::End::printed) return false;
+  pictures.keep();
+  return true;
 }
 
 struct WidthRow {

@@ -36,7 +36,7 @@ TEST_F(PdfExport, tellsWhatItDoesNotShow) {
   const std::pair<std::string, std::string> rows[] = {
       {"A <font hs=0 fb=1>B<font/>\r\n<text left=5 top=5 tc=C/>", ""},
       {"<shape sh_type=2 pt=3 lw=20" + box + "/>", ""},
-      {"<shape sh_type=1 bt=1" + box + "/>", ""},
+      {"<shape sh_type=1 bt=1" + box + "/><text left=5 top=5 od=9 tc=\" \"/>", ""},
       {"<text left=5 top=0 tc=\"  \"/>\f A", "placed texts before plain ones"},
       {"<shape sh_type=2 bt=4" + box + "/><u> <u/>", "fillings, underlines and strike-outs"},
       {"<shape sh_type=3" + box + "/><s>A<s/>",
@@ -47,6 +47,7 @@ TEST_F(PdfExport, tellsWhatItDoesNotShow) {
       {"<font hs=2>A<font/>", "widths and spaces of letters and lines"},
       {"<font vs=2>A<font/>", "widths and spaces of letters and lines"},
       {"<text left=5 top=5 od=100 tc=A/>", "turned texts"},
+      {"<shape sh_type=1 pt=2" + box + "/>", "dashed lines and missing frames"},
       {"<shape sh_type=1 pt=5" + box + "/>", "dashed lines and missing frames"},
       {"<shape sh_type=2 pt=0" + box + "/>", "dashed lines and missing frames"},
   };

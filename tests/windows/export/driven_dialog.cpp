@@ -1,10 +1,9 @@
 #include "windows/export/driven_dialog.h"
 
 #include <QApplication>
+#include <QPushButton>
 #include <QTimer>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "windows/export/export_form.h"
 #include "windows/export/mail_hand_over.h"
@@ -54,6 +53,11 @@ std::string DrivenDialog::run(QMessageBox::StandardButton answer) {
     if (box == nullptr) return;
     texts += box->text().toStdString() + "|";
     const bool asks = box->button(QMessageBox::Yes) != nullptr;
+    EXPECT_EQ(box->textFormat(), Qt::PlainText);
+    if (asks) {
+      EXPECT_EQ(box->button(QMessageBox::Yes)->text() + box->defaultButton()->text(),
+                "ReplaceKeep");
+    }
     box->button(asks ? answer : QMessageBox::Ok)->click();
   });
   boxes.start(5);
@@ -70,20 +74,14 @@ void DrivenDialog::exportTo(int tab, const std::vector<const char*>& clicks,
   EXPECT_FALSE(isOpen()) << note();
 }
 
-std::string contentOf(const std::string& path) {
-  std::ostringstream out;
-  out << std::ifstream(path, std::ios::binary).rdbuf();
-  return out.str();
-}
-
 void putRecorder(const TemporaryDirectory& place, const std::string& name) {
   const std::string path =
-      place.write(name, "#!/bin/sh\nprintf '%s|' \"$@\" > '" + place.path(name + ".args") + "'\n");
+      place.write(name, "#!/bin/sh\nprintf '%s|' \"$@\" >> '" + place.path(name + ".args") + "'\n");
   std::filesystem::permissions(path, std::filesystem::perms::owner_all);
 }
 
 bool waitForFile(const std::string& path) {
-  return QTest::qWaitFor([&] { return !contentOf(path).empty(); });
+  return QTest::qWaitFor([&] { return !readFile(path).empty(); });
 }
 
 }  // namespace qor::test

@@ -50,9 +50,7 @@ class DrivenDialog {
   TfrmConvert& form_;
 };
 
-std::string contentOf(const std::string& path);
-
-// A program that writes down what it was started with, to its name and ".args".
+// A program that adds what it was started with to the file of its name and ".args".
 void putRecorder(const TemporaryDirectory& place, const std::string& name);
 
 bool waitForFile(const std::string& path);

@@ -22,7 +22,7 @@ TEST_F(MailButton, exportsAsRememberedAndHandsOver) {
   for (int page = 1; page <= 3; ++page)
     list += place.path("report(" + std::to_string(page) + ").png") + "\r\n";
   const std::string old = place.write("old.png", "of the last mail");
-  place.write("report_mail.tmp", old + "\r\n");
+  place.write("report_mail.tmp", old + "\r\n" + place.path("report(3).png\r\n"));
   window.press("F5");
   ASSERT_TRUE(waitForFile(programs_.path("QorUtlMail.args")));
   EXPECT_EQ(programs_.read("QorUtlMail.args").substr(0, 9), "qorsil|1|");
@@ -36,25 +36,24 @@ TEST_F(MailButton, exportsAsRememberedAndHandsOver) {
 // What the last mail has sent goes once there is something new; a link in the list's place goes
 // itself, whatever it leads to.
 TEST_F(MailButton, losesNothing) {
-  Window window(withExports("A\r\n", {{"ID_of_Convert", 1}}));
+  Window window(withExports("A\r\n"));
   const TemporaryDirectory& place = window.directory();
   const std::string old = place.write("old.html", "of the last mail");
-  const std::string list = old + "\r\n" + place.path("report.html") + "\r\n";
+  const std::string list = old + "\r\n" + place.path("report(conv).txt") + "\r\n";
   place.write("report_mail.tmp", list);
-  std::filesystem::create_directory(place.path("report.html"));
+  std::filesystem::create_symlink("report.txt", place.path("report(conv).txt"));
   window.press("F5");
-  EXPECT_NE(window.status().find("report.html"), std::string::npos) << window.status();
+  EXPECT_NE(window.status().find("report(conv).txt"), std::string::npos) << window.status();
   EXPECT_TRUE(place.has("old.html"));
   EXPECT_EQ(place.read("report_mail.tmp"), list);
 
-  std::filesystem::remove(place.path("report.html"));
+  std::filesystem::remove(place.path("report(conv).txt"));
   std::filesystem::remove(place.path("report_mail.tmp"));
   std::filesystem::create_symlink("report.txt", place.path("report_mail.tmp"));
   window.press("F5");
   EXPECT_EQ(window.status(), "");
   EXPECT_EQ(place.read("report.txt"), "A\r\n");
-  EXPECT_EQ(place.read("report_mail.tmp"), place.path("report.html") + "\r\n");
-  EXPECT_FALSE(std::filesystem::is_symlink(place.path("report_mail.tmp")));
+  EXPECT_EQ(place.read("report_mail.tmp"), place.path("report(conv).txt") + "\r\n");
 }
 
 }  // namespace

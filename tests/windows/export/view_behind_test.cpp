@@ -1,7 +1,7 @@
 // What exports take from the view, and what they leave of it.
 #include <algorithm>
+#include <fstream>
 
-#include "settings/printers.h"
 #include "support/pdf_reader.h"
 #include "windows/export/driven_dialog.h"
 
@@ -13,13 +13,11 @@ const std::string kWide =
     "start" + std::string(60, '-') + " middle " + std::string(95, '-') + " end\r\n";
 const std::string kReport = kWide + "\f" + kWide + "\f";
 
-// The printer and its sheet as the view has them.
-std::string printerOf(Window& window) {
+// The sheet as the view has it.
+std::string sheetOf(Window& window) {
   const VSet& settings = window.doc().Settings;
-  return AppOptions.PrinterName + std::to_string(window.doc().PrintScale) +
-         std::to_string(window.doc().PrintScaleFlag) + " " +
-         std::to_string(gPrintMetrics.LogPixelsX) + " " + std::to_string(settings.Prn.LogPixelsX) +
-         " " + std::to_string(settings.Scr.view_width) + " " + std::to_string(settings.Scr.dpi_x);
+  return std::to_string(settings.Prn.LogPixelsX) + " " + std::to_string(settings.Scr.view_width) +
+         " " + std::to_string(settings.Scr.dpi_x);
 }
 
 TEST(ExportedView, staysAsItWas) {
@@ -28,7 +26,7 @@ TEST(ExportedView, staysAsItWas) {
   QTest::qWait(20);
   const std::string note = window.status();
   ASSERT_NE(note.find("columns"), std::string::npos) << note;
-  const std::string printer = printerOf(window);
+  const std::string sheet = sheetOf(window);
   const QImage page = window.picture("page_control");
   int made = 0;
   for (const auto& [tab, click] :
@@ -36,7 +34,7 @@ TEST(ExportedView, staysAsItWas) {
     DrivenDialog::in(window, [&, tab = tab, click = click](DrivenDialog& dialog) {
       dialog.exportTo(tab, {click}, window.directory().path(std::to_string(++made) + ".x"));
     });
-    EXPECT_EQ(printerOf(window), printer) << click;
+    EXPECT_EQ(sheetOf(window), sheet) << click;
     EXPECT_EQ(window.page(), 2);
     EXPECT_EQ(window.picture("page_control"), page);
     QTest::qWait(20);
@@ -47,11 +45,21 @@ TEST(ExportedView, staysAsItWas) {
   EXPECT_EQ(window.close().at("PreviewType"), 1) << "the note leads to the wide view still";
 }
 
-// The window may get another size while the dialog is open.
+// The window may get another size while the dialog is open, and the report more pages.
 TEST(ExportedView, fillsTheWindowBehindTheDialog) {
-  Window window(withExports(kReport, Window::zoomed(2)));
+  Window::Start start = withExports(kReport, Window::zoomed(2));
+  start.dynamic = true;
+  Window window(start);
   window.resize({800, 480});
-  DrivenDialog::in(window, [&](DrivenDialog&) { window.resize({1300, 960}); });
+  window.form().TimerDynamicBlincTimer();
+  DrivenDialog::in(window, [&](DrivenDialog&) {
+    std::ofstream(Window::path(), std::ios::app) << kWide + "\f";
+    window.form().TimerDynamicBlincTimer();
+    EXPECT_EQ(window.doc().PageCount, 2) << "exports have the report to themselves";
+    window.resize({1300, 960});
+  });
+  window.form().TimerDynamicBlincTimer();
+  EXPECT_EQ(window.status("lblPageTotal"), "3");
   const QImage seen = window.area().viewport()->grab().toImage();
   EXPECT_EQ(seen.pixelColor(seen.width() - 20, seen.height() - 20), QColor(Qt::white));
   EXPECT_GE(firstInk(seen, seen.rect().adjusted(700, 0, -20, 0)), 0);
@@ -64,7 +72,7 @@ std::pair<double, double> placesIn(Window& window) {
 }
 
 // Only a wide view is scaled to the paper, by the percentage that makes it fit, and only where the
-// box says so. F5 takes what was stored.
+// box says so. F5 takes what the box said last.
 TEST(ExportedView, isScaledToThePaper) {
   // 66 columns of 172, at 12 to the inch; and as much of 210 mm.
   constexpr double kNatural = 66 * 25.4 / 12;
@@ -72,19 +80,22 @@ TEST(ExportedView, isScaledToThePaper) {
   for (const auto& [view, scale, zoom, middle] : {std::tuple(0, 1, 8, kNatural),
                                                   {1, 0, 6, kNatural},
                                                   {1, 1, 6, kScaled},
-                                                  {1, 1, 8, kScaled}}) {
+                                                  {1, 1, 12, kScaled}}) {
     SCOPED_TRACE(testing::Message() << view << scale << zoom);
     Window window(withExports(kReport, {{"ID_of_Convert", 4},
                                         {"PreviewType", view},
                                         {"CheckPdf", 1},
-                                        {"CheckScale", scale},
+                                        {"CheckScale", view == 1 ? 1 - scale : scale},
                                         {"ZoomID", zoom}}));
+    DrivenDialog::in(window, [view = view](DrivenDialog& dialog) {
+      if (view == 1) dialog.click("chkScaleFlag");
+      dialog.run();
+    });
+    const auto made = placesIn(window);
+    EXPECT_NEAR(made.first, middle, 3);
+    EXPECT_EQ(made.second > 150, middle == kScaled) << made.second;
     window.press("F5");
-    const auto mailed = placesIn(window);
-    EXPECT_NEAR(mailed.first, middle, 3);
-    EXPECT_EQ(mailed.second > 150, middle == kScaled) << mailed.second;
-    DrivenDialog::in(window, [&](DrivenDialog& dialog) { dialog.run(); });
-    EXPECT_EQ(placesIn(window), mailed);
+    EXPECT_EQ(placesIn(window), made);
   }
 }
 

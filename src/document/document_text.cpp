@@ -18,6 +18,11 @@ std::string utf8Of(char32_t c) {
   return text;
 }
 
+// A table of a file's may name halves of characters.
+bool isCharacter(char32_t c) {
+  return c != 0 && (c < 0xD800 || c > 0xDFFF);
+}
+
 bool isAscii(char c) {
   return static_cast<unsigned char>(c) < 0x80;
 }
@@ -28,7 +33,7 @@ DocumentText::DocumentText(int codePage) {
   if (codePage == kTurkishDos || !isSingleByteCodePage(codePage)) {
     LoadCodePage(codePage);
     std::transform(CodePageTable.begin(), CodePageTable.end(), upper_.begin(),
-                   [](auto entry) { return utf8Of(entry == 0 ? kUndefined : entry); });
+                   [](char32_t entry) { return utf8Of(isCharacter(entry) ? entry : kUndefined); });
     return;
   }
   for (std::size_t i = 0; i < upper_.size(); ++i) {

@@ -5,7 +5,6 @@
 
 #include "barcode/barcode_picture.h"
 #include "base/units.h"
-#include "document/picture_file.h"
 #include "document/vdata.h"
 #include "document/vset.h"
 #include "export/sheet/cell_value.h"
@@ -36,8 +35,9 @@ int sizeInBox(std::int32_t from, std::int32_t to) {
 
 }  // namespace
 
+// A text takes its font over before it is written; the blank of anything else has the one before.
 void CellTeller::font(VData_Font& item) {
-  convert_.takeFont(item.Font);
+  font_ = &item.Font;
 }
 
 void CellTeller::writeBlank() {
@@ -46,6 +46,7 @@ void CellTeller::writeBlank() {
 
 void CellTeller::text(VData_Text& text) {
   using Kind = CellValue::Kind;
+  convert_.takeFont(*font_);
   const CellValue value = cellValueOf(text.Text);
   if (value.kind != Kind::blank) {
     if (text.Left != 0) convert_.column_ = cellAt(text.Left, kColumnWidth);
@@ -70,24 +71,27 @@ void CellTeller::image(VData_Image& image) {
   writeBlank();
   convert_.row_ = cellAt(image.Top, kRowHeight);
   convert_.column_ = cellAt(image.Left, kColumnWidth);
-  const auto file = image.ImageNumber == -1
-                        ? readPictureFile(image.FileName, image.Settings->Page.BaseCodePage)
-                        : std::nullopt;
-  if (file && image.ImageStretch == kFillStretch) {
-    convert_.AddPictureSized(*file, sizeInBox(image.Left, image.Right),
-                             sizeInBox(image.Top, image.Bottom));
-  } else if (file && image.ImageStretch != kTwipPerPixelStretch) {
-    convert_.AddPicture(*file);
+  if (image.ImageNumber == -1) {
+    const auto picture =
+        convert_.pictures_.pictureNamed(image.FileName, image.Settings->Page.BaseCodePage);
+    if (image.ImageStretch == kFillStretch) {
+      convert_.AddPictureSized(picture, sizeInBox(image.Left, image.Right),
+                               sizeInBox(image.Top, image.Bottom));
+    } else if (image.ImageStretch != kTwipPerPixelStretch) {
+      convert_.AddPicture(picture);
+    }
   }
   convert_.column_ += 2;
 }
 
 void CellTeller::barcode(VData_BarCode& code) {
   writeBlank();
+  convert_.takeFont(*font_);
   convert_.row_ = barcodeCellAt(code.Top, kRowHeight);
   convert_.column_ = barcodeCellAt(code.Left, kColumnWidth);
   const std::string name = barcodePictureName(code, convert_.options_.pictureStem, ".jpg");
-  if (const auto file = readWholeFile(name, kMaxBarcodePicture)) convert_.AddPicture(*file);
+  if (const auto file = readWholeFile(name, kMaxBarcodePicture))
+    convert_.AddPicture(convert_.pictures_.pictureOf(*file));
   convert_.column_ += 2;
 }
 

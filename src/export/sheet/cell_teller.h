@@ -6,6 +6,7 @@
 namespace qor {
 
 class ExcelConvertLibXL;
+struct FontState;
 
 class CellTeller : public ItemVisitor {
  public:
@@ -21,6 +22,7 @@ class CellTeller : public ItemVisitor {
   void writeBlank();
 
   ExcelConvertLibXL& convert_;
+  const FontState* font_ = nullptr;  // of the item that is told
 };
 
 }  // namespace qor

@@ -17,6 +17,7 @@
 namespace qor {
 namespace {
 
+constexpr const char* kUsualFace = "Courier New";
 constexpr std::uint32_t kUsualWidth = 18;  // characters, of a column without text
 constexpr std::uint32_t kMostWidth = 255;
 constexpr std::int32_t kMostSize = 409;  // points
@@ -36,14 +37,13 @@ void appendShown(std::string_view utf8, std::string& out) {
   }
 }
 
-bool holdsControls(std::string_view text) {
-  return std::any_of(text.begin(), text.end(),
-                     [](char c) { return static_cast<unsigned char>(c) < ' '; });
+bool isControl(char c) {
+  return static_cast<unsigned char>(c) < ' ';
 }
 
 std::string_view trimmedRight(std::string_view text) {
-  const std::string_view start = trimmed(text);
-  return text.substr(0, static_cast<std::size_t>(start.data() + start.size() - text.data()));
+  while (!text.empty() && (text.back() == ' ' || isControl(text.back()))) text.remove_suffix(1);
+  return text;
 }
 
 std::uint32_t charactersOf(std::string_view utf8) {
@@ -135,6 +135,8 @@ void ExcelConvertLibXL::takeFont(const FontState& font) {
   taken_ = font;
   looks_.fill(0);
   font_.name = text_.utf8(font.LogFont.faceName());
+  std::erase_if(font_.name, isControl);
+  if (trimmed(font_.name).empty()) font_.name = kUsualFace;
   font_.size = std::clamp(truncated(font.Height), 1, kMostSize);
   font_.charset = font.LogFont.CharSet;
   font_.bold = font.LogFont.Weight >= kBoldWeight;
@@ -165,13 +167,16 @@ std::int64_t ExcelConvertLibXL::MaxRows() {
   return kMostRows;
 }
 
-bool ExcelConvertLibXL::hasColumn() const {
-  return column_ >= 0 && column_ < writer_.mostColumns();
+// A line may go on in further sheets; what has a place of its own has none beyond its sheet.
+bool ExcelConvertLibXL::isInside() const {
+  const bool isLine = row_ == next_row_ - 1;
+  return row_ >= 0 && (isLine || row_ < MaxRows()) && column_ >= 0 &&
+         column_ < writer_.mostColumns();
 }
 
 template <class Write>
 void ExcelConvertLibXL::atPlace(Write write) {
-  if (row_ < 0 || !hasColumn()) {
+  if (!isInside()) {
     ++losses_.outside;
   } else if (row_ >= MaxRows()) {
     pastTheLastRow(write);
@@ -187,10 +192,6 @@ template <class Write>
 void ExcelConvertLibXL::pastTheLastRow(Write write) {
   const std::int64_t limit = MaxRows();
   const auto sheets = static_cast<std::int64_t>(sheets_.count());
-  if (row_ / limit > sheets) {
-    ++losses_.outside;
-    return;
-  }
   const auto wrapped = static_cast<std::uint32_t>(row_ % limit);
   if (wrapped == limit - 1) write(sheets_.last(), wrapped);
   if ((row_ + 1) / limit >= sheets) {
@@ -211,7 +212,7 @@ void ExcelConvertLibXL::writeText(std::string_view text) {
 void ExcelConvertLibXL::WriteString(std::string_view text) {
   buffer_.clear();
   text_.append(trimmedRight(text), buffer_);
-  if (holdsControls(buffer_)) {
+  if (std::any_of(buffer_.begin(), buffer_.end(), isControl)) {
     std::string shown;
     appendShown(buffer_, shown);
     buffer_ = std::move(shown);
@@ -245,23 +246,20 @@ void ExcelConvertLibXL::WriteDate(double day) {
   writeNumber(day);
 }
 
-void ExcelConvertLibXL::AddPicture(std::string_view file) {
-  if (const auto picture = pictures_.pictureOf(file))
-    AddPictureSized(file, picture->width, picture->height);
+void ExcelConvertLibXL::AddPicture(const std::optional<KnownPicture>& picture) {
+  if (picture) AddPictureSized(picture, picture->width, picture->height);
 }
 
-void ExcelConvertLibXL::AddPictureSized(std::string_view file, int width, int height) {
-  const auto picture = pictures_.pictureOf(file);
+void ExcelConvertLibXL::AddPictureSized(const std::optional<KnownPicture>& picture, int width,
+                                        int height) {
   if (!picture || width <= 0 || height <= 0) return;
-  if (row_ < 0 || !hasColumn()) {
+  Sheet* sheet = isInside() && row_ < MaxRows() ? sheets_.at(sheet_) : nullptr;
+  if (sheet == nullptr) {
     ++losses_.outside;
-    return;
+  } else {
+    sheet->addPicture({static_cast<std::uint32_t>(row_), static_cast<std::uint32_t>(column_),
+                       picture->number, width, height});
   }
-  const bool fits = row_ < MaxRows();
-  Sheet* sheet = fits ? sheets_.at(sheet_) : &sheets_.last();
-  if (sheet == nullptr) return;
-  sheet->addPicture({static_cast<std::uint32_t>(row_ % MaxRows()),
-                     static_cast<std::uint32_t>(column_), picture->number, width, height});
 }
 
 }  // namespace qor

@@ -22,7 +22,7 @@ class WorkbookWriter;
 
 // What a workbook can't take.
 struct SheetLosses {
-  std::int64_t outside = 0;   // cells beyond its rows and columns
+  std::int64_t outside = 0;   // cells and pictures beyond its rows and columns
   std::int64_t replaced = 0;  // cells that wrapped onto their own sheet
   std::int64_t cut = 0;       // texts that are too long for a cell
 };
@@ -73,15 +73,15 @@ class ExcelConvertLibXL {
   void WriteDouble(double number, int decimals);
   void WriteDate(double day);
   void writeNumber(double number);
-  void AddPicture(std::string_view file);
-  void AddPictureSized(std::string_view file, int width, int height);
+  void AddPicture(const std::optional<KnownPicture>& picture);
+  void AddPictureSized(const std::optional<KnownPicture>& picture, int width, int height);
 
   // Calls it with the sheet and the row for the cell of now, or with several of them.
   template <class Write>
   void atPlace(Write write);
   template <class Write>
   void pastTheLastRow(Write write);
-  bool hasColumn() const;
+  bool isInside() const;
 
   WorkbookWriter& writer_;
   OpenSheets sheets_;

@@ -23,7 +23,7 @@ void tellLoss(const std::string& target, std::int64_t count, const char* what) {
 }
 
 void tellLosses(const std::string& target, const SheetLosses& losses) {
-  tellLoss(target, losses.outside, "cells are outside of the sheets and left out");
+  tellLoss(target, losses.outside, "cells or pictures are outside of the sheets and left out");
   tellLoss(target, losses.replaced, "cells below the last row are put at the top of their sheet");
   tellLoss(target, losses.cut, "texts are cut, which are longer than a cell can hold");
 }
@@ -42,6 +42,7 @@ void exportWorkbook(ExportTask& task, MakeWriter makeWriter) {
   file.commit();
   pictures.keep();
   tellLosses(task.target, convert.losses());
+  tellLoss(task.target, writer->picturesLeftOut(), "pictures are left out: the file has no room");
 }
 
 }  // namespace

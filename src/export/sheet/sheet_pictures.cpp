@@ -3,8 +3,10 @@
 
 #include "base/path.h"
 #include "base/units.h"
+#include "document/picture_file.h"
 #include "platform/pictures/picture.h"
 #include "platform/system/byte_sink.h"
+#include "platform/system/text_encoding.h"
 #include "platform/workbook/workbook_writer.h"
 
 namespace qor {
@@ -46,6 +48,16 @@ std::optional<KnownPicture> SheetPictures::pictureOf(std::string_view file) {
     known.number = writer_.addPicture(pngOf(*picture), SheetPictureKind::png);
   }
   return place->second = known;
+}
+
+std::optional<KnownPicture> SheetPictures::pictureNamed(const std::string& name, int codePage) {
+  const auto stamp = fileStamp(utf8FromCodePage(name, codePage));
+  const auto named = named_.find(name);
+  if (stamp && named != named_.end() && named->second.stamp == *stamp) return named->second.picture;
+  const auto file = readPictureFile(name, codePage);
+  const auto picture = file ? pictureOf(*file) : std::nullopt;
+  if (stamp) named_.insert_or_assign(name, Named{*stamp, picture});
+  return picture;
 }
 
 }  // namespace qor

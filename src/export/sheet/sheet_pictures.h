@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/system/file_times.h"
+
 namespace qor {
 
 class WorkbookWriter;
@@ -25,9 +27,18 @@ class SheetPictures {
   // as they are, others as PNG on white.
   std::optional<KnownPicture> pictureOf(std::string_view file);
 
+  // The same of a file as the report names it, which is read again only when it has changed.
+  std::optional<KnownPicture> pictureNamed(const std::string& name, int codePage);
+
  private:
+  struct Named {
+    FileStamp stamp;
+    std::optional<KnownPicture> picture;
+  };
+
   WorkbookWriter& writer_;
   std::map<std::string, std::optional<KnownPicture>> known_;  // by hash and size
+  std::map<std::string, Named> named_;
 };
 
 }  // namespace qor

@@ -26,8 +26,11 @@ class WorkbookWriter {
   // How many columns a sheet of the format has.
   virtual std::uint32_t mostColumns() const = 0;
 
-  // Takes a picture's file for sheets to come; gives its number, from 0.
+  // Takes a picture's file for sheets to come; gives its number.
   virtual std::size_t addPicture(std::string_view file, SheetPictureKind kind) = 0;
+
+  // Pictures of sheets that the format has no room for.
+  virtual std::int64_t picturesLeftOut() const { return 0; }
 
   // Writes the sheet of this number, from 0. Each comes once, in any order.
   virtual void addSheet(std::size_t number, const Sheet& sheet) = 0;

@@ -12,6 +12,9 @@ namespace {
 
 constexpr std::uint32_t kContainer = 0xF;  // version of records that hold others
 constexpr std::uint32_t kClusterShapes = 1024;
+// Their numbers have twelve bits.
+constexpr std::uint32_t kMostDrawings = 0xFFE;
+constexpr std::uint32_t kMostPictures = 0xFFF;
 constexpr std::size_t kHead = 8;
 constexpr std::uint32_t kPictureFrame = 75;
 constexpr std::size_t kShapeSize = kHead + 8;
@@ -48,8 +51,7 @@ Corner cornerBehind(std::uint32_t cell, int pixels, std::uint32_t parts, std::ui
 
 int columnPixels(const Sheet& sheet, std::uint32_t column) {
   const auto width = sheet.columnWidths().find(column);
-  return width == sheet.columnWidths().end() ? kDefaultColumn
-                                             : static_cast<int>(width->second) * 7 + 5;
+  return width == sheet.columnWidths().end() ? kDefaultColumn : static_cast<int>(width->second) * 7;
 }
 
 void appendAnchor(const Sheet& sheet, const SheetPicture& picture, LittleEndian& out) {
@@ -115,6 +117,7 @@ std::string groupTail() {
 }  // namespace
 
 std::size_t XlsDrawings::addPicture(std::string_view file, SheetPictureKind kind) {
+  if (pictures_ == kMostPictures) return kMostPictures;
   const bool png = kind == SheetPictureKind::png;
   const std::uint32_t type = png ? 6 : 5;
   const std::string id = hashText(file);
@@ -138,14 +141,19 @@ std::uint32_t XlsDrawings::takeNumbers(std::uint32_t shapes) {
 }
 
 void XlsDrawings::appendSheet(const Sheet& sheet, std::string& records) {
-  const auto pictures = static_cast<std::uint32_t>(sheet.pictures().size());
-  if (pictures == 0) return;
+  std::vector<SheetPicture> pictures = sheet.pictures();
+  std::erase_if(pictures, [this](const SheetPicture& picture) {
+    return picture.picture == kMostPictures || drawings_ == kMostDrawings;
+  });
+  left_out_ += static_cast<std::int64_t>(sheet.pictures().size() - pictures.size());
+  if (pictures.empty()) return;
+  const auto count = static_cast<std::uint32_t>(pictures.size());
   ++drawings_;
-  shapes_ += pictures + 1;
-  const std::uint32_t first = takeNumbers(pictures + 1);
-  LittleEndian drawing = drawingHead(drawings_, first, pictures);
+  shapes_ += count + 1;
+  const std::uint32_t first = takeNumbers(count + 1);
+  LittleEndian drawing = drawingHead(drawings_, first, count);
   std::uint32_t number = 0;
-  for (const SheetPicture& picture : sheet.pictures()) {
+  for (const SheetPicture& picture : pictures) {
     ++number;
     appendPictureShape(sheet, picture, first + number, drawing);
     appendRecord(kBiffDrawing, drawing, records);

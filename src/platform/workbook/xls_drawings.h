@@ -19,13 +19,16 @@ class XlsDrawings {
 
   std::size_t addPicture(std::string_view file, SheetPictureKind kind);
 
-  // The records of a sheet's pictures, if it has any.
+  // The records of a sheet's pictures, if it has any. A workbook has room for so many drawings and
+  // picture files only: what is beyond is left out.
   void appendSheet(const Sheet& sheet, std::string& records);
 
   // The records of the workbook, when there are no more sheets, and how many bytes they have; none
   // where there are no pictures.
   std::uint64_t size() const;
   void writeTo(ByteSink& sink);
+
+  std::int64_t leftOut() const { return left_out_; }
 
  private:
   // Shapes have numbers; each sheet has numbers of its own, by the thousand.
@@ -42,6 +45,7 @@ class XlsDrawings {
   std::uint32_t pictures_ = 0;
   std::uint32_t drawings_ = 0;
   std::uint32_t shapes_ = 0;
+  std::int64_t left_out_ = 0;
   std::vector<Cluster> clusters_;
 };
 

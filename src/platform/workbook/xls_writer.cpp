@@ -32,6 +32,8 @@ class XlsWriter : public WorkbookWriter {
     return drawings_.addPicture(file, kind);
   }
 
+  std::int64_t picturesLeftOut() const override { return drawings_.leftOut(); }
+
   void addSheet(std::size_t number, const Sheet& sheet) override {
     if (number >= places_.size()) places_.resize(number + 1);
     places_[number] = sheets_.size();

@@ -26,7 +26,8 @@ void appendColumnName(std::uint32_t column, std::string& xml) {
 }
 
 void appendTextCell(std::string_view text, std::string& xml) {
-  const bool keepsBlanks = text.starts_with(' ') || text.ends_with(' ');
+  const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\n'; };
+  const bool keepsBlanks = !text.empty() && (isBlank(text.front()) || isBlank(text.back()));
   xml +=
       keepsBlanks ? R"( t="inlineStr"><is><t xml:space="preserve">)" : R"( t="inlineStr"><is><t>)";
   appendXlsxText(text, xml);
@@ -127,7 +128,8 @@ std::size_t appendSpecial(std::string_view text, std::string& xml) {
     case '>': xml += "&gt;"; return 1;
     case '"': xml += "&quot;"; return 1;
     case '_': xml += looksEscaped(text) ? "_x005F_" : "_"; return 1;
-    case '\t': xml += '\t'; return 1;
+    case '\t':
+    case '\n': xml += text.front(); return 1;
     case '\xEF':
       if (isNoCharacter(text)) return 3;
       xml += text.front();

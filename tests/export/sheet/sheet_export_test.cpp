@@ -131,7 +131,7 @@ TEST_F(SheetExport, putsItemsIntoTheirCells) {
       expected.push_back("Sheet" + std::to_string(page) + " " + cell);
   }
   for (const std::string target : {"r.xlsx", "r.xls"}) {
-    expectTold(exportTo(target, report), "1 cells are outside");
+    expectTold(exportTo(target, report), "1 cells or pictures are outside");
     Lines found;
     for (const std::string& line : read(target)) {
       const auto end = line.rfind(" General");
@@ -288,8 +288,9 @@ TEST_F(SheetExport, writesFieldsInTheBytesOfTheReport) {
 TEST_F(SheetExport, survivesWhatReportsHold) {
   const std::string far = "<text left=999999999 top=1 tc=a/>";
   const std::tuple<std::string, const char*, const char*> rows[] = {
-      {far + "<text left=1 top=999999999 tc=b/>", "2 cells are outside", "2 cells are outside"},
-      {"<text left=4090 top=1 tc=a/>", "", "1 cells are outside"},
+      {far + "<text left=1 top=999999999 tc=b/>", "2 cells or pictures are outside",
+       "2 cells or pictures are outside"},
+      {"<text left=4090 top=1 tc=a/>", "", "1 cells or pictures are outside"},
       {std::string(40000, 'x'), "1 texts are cut", "1 texts are cut"},
       {"<text left=1 top=1 tc=\"a\1\2\x1F"
        "b\"/>",
@@ -299,7 +300,7 @@ TEST_F(SheetExport, survivesWhatReportsHold) {
          for (int i = 0; i < 400; ++i) line += "<b>x<b/>";
          return line;
        }(),
-       "", "144 cells are outside"}};
+       "", "144 cells or pictures are outside"}};
   for (const auto& [report, told, toldOld] : rows) {
     expectTold(exportTo("r.xlsx", report + "\r\n"), told);
     read("r.xlsx");

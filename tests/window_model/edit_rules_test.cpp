@@ -35,8 +35,6 @@ struct Edit {
     }
     edited.text = text;
   }
-  Edit(const Edit&) = delete;
-  Edit& operator=(const Edit&) = delete;
 
   std::string text;
   EditedText edited;
@@ -117,8 +115,7 @@ TEST(EditRules, arrowKeysStepWithinLimits) {
       "height _ 1 11|height 1,5 -1 1|height 9,5 -2 7,5|height 999 1 999,9|space 0,2 1 0,3|"
       "space _ -1 -0,1|space -999,9 -1 -999,9|size 0,5 -1 0|point 0.5 1 1.5|width 1 -2 0";
   for (const auto& row : tableOf(table))
-    EXPECT_EQ(steppedText(kRules.at(row[0]), row[1], std::stoi(row[2])), row[3])
-        << row[0] << " " << row[1];
+    EXPECT_EQ(steppedText(kRules.at(row[0]), row[1], std::stoi(row[2])), row[3]);
 }
 
 }  // namespace

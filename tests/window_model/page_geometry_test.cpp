@@ -2,9 +2,10 @@
 // printer has 600 dots per inch and A4 paper of 4960 by 7016 dots, of which it reaches all but 100
 // at each side; the display has 96: at z percent a sheet takes 7.936 z by 11.2256 z pixels, and its
 // gaps twice a tenth of z.
+#include <sstream>
+
 #include <gtest/gtest.h>
 
-#include "settings/print_scale.h"
 #include "window_model/page_layout.h"
 #include "window_model/page_mapping.h"
 #include "window_model/zoom_fit.h"
@@ -17,12 +18,12 @@ const VSetPrn kPrinter = {{0, 600, 600, 4760, 6816, 0, 0, 4960, 7016, 100, 100},
 constexpr ScreenArea kArea = {{1000, 700}};
 constexpr std::int32_t kBar = 15;
 
-VSetPage page() {
-  VSetPage options;
-  options.MarginLeft = 10;
-  options.MarginTop = 20;
-  return options;
-}
+const VSetPage kPage = [] {
+  VSetPage page;
+  page.MarginLeft = 10;
+  page.MarginTop = 20;
+  return page;
+}();
 
 using Numbers = std::vector<std::int32_t>;
 
@@ -45,26 +46,32 @@ TEST(PageGeometry, normalSheetStandsInTheMiddleOrBehindAGap) {
   };
   for (const auto& [asked, width, percent, sheet] : rows) {
     std::int32_t zoom = asked;
-    EXPECT_EQ(numbers(normalSheet(page(), kPrinter, {{width, 700}}, zoom)), sheet) << asked;
+    EXPECT_EQ(numbers(normalSheet(kPage, kPrinter, {{width, 700}}, zoom)), sheet) << asked;
     EXPECT_EQ(zoom, percent);
   }
   std::int32_t zoom = kFitWidth;
   EXPECT_EQ(normalSheet({}, {}, kArea, zoom).paper_width, 0) << "a printer that tells nothing";
   EXPECT_EQ(zoom, 1);
-  EXPECT_EQ(numbers(scaledSheet(page(), kPrinter, kArea, 200)),
+  EXPECT_EQ(numbers(scaledSheet(kPage, kPrinter, kArea, 200)),
             Numbers({48, 48, 300, 300, 436, 601, 281, 48, 396, 561, 8, 8, 388, 553, 37, 75}));
 }
 
 TEST(PageGeometry, wideViewIsAsLargeAsPaperAndContent) {
-  for (std::int32_t zoom : {100, kFitWidth, kFitHeight}) {
-    EXPECT_EQ(numbers(wideSheet(page(), kPrinter, kArea, {1700, 400}, zoom)),
-              Numbers({96, 96, 600, 600, 1700, 1122, 0, 0, 793, 1122, 0, 0, 1700, 1122, 37, 75}));
-    EXPECT_EQ(zoom, 100);
+  // Zoom and content, and what comes of them.
+  const std::tuple<std::int32_t, std::int32_t, Extent, Numbers> rows[] = {
+      {kFitWidth,
+       100,
+       {1700, 400},
+       {96, 96, 600, 600, 1700, 1122, 0, 0, 793, 1122, 0, 0, 1700, 1122, 37, 75}},
+      {50,
+       50,
+       {100, 2001},
+       {96, 96, 1200, 1200, 396, 1000, 0, 0, 396, 561, 0, 0, 396, 1000, 37, 75}}};
+  for (const auto& [asked, percent, content, sheet] : rows) {
+    std::int32_t zoom = asked;
+    EXPECT_EQ(numbers(wideSheet(kPage, kPrinter, kArea, content, zoom)), sheet);
+    EXPECT_EQ(zoom, percent);
   }
-  std::int32_t half = 50;
-  const VSetScr sheet = wideSheet(page(), kPrinter, kArea, {100, 2001}, half);
-  EXPECT_EQ(sheet.view_width, 396);
-  EXPECT_EQ(sheet.view_height, 1000);
 }
 
 TEST(PageGeometry, barsTakeRoomWhereTheSheetIsLarger) {
@@ -74,58 +81,31 @@ TEST(PageGeometry, barsTakeRoomWhereTheSheetIsLarger) {
                                              {{1200, 690}, {985, 685}},  {{990, 800}, {985, 685}}};
   for (const auto& [sheet, left] : rows) {
     const Extent client = areaBesideBars(kArea, sheet, kBar).client;
-    EXPECT_EQ(Numbers({client.Width, client.Height}), left) << sheet.Width << " " << sheet.Height;
+    EXPECT_EQ(Numbers({client.Width, client.Height}), left) << sheet.Width;
   }
-}
-
-TEST(PageGeometry, viewsOpenThePrinterAtAScale) {
-  // A4: 793 pixels of paper against a page of 1586; the printer's sheet has 793 pixels, too.
-  VSetPage paper;
-  EXPECT_EQ(previewPrintScale({96, 100, 1586}, paper, kPrinter), 47);
-  EXPECT_EQ(previewPrintScale({96, kFitWidth, 400}, paper, kPrinter), -2);
-  EXPECT_EQ(previewPrintScale({96, 100, 0}, paper, kPrinter), std::nullopt);
-  paper.PaperSize = 1;
-  EXPECT_EQ(previewPrintScale({96, 100, 1586}, paper, kPrinter), 50) << "Letter";
 }
 
 TEST(ZoomFit, leavesNoBars) {
-  const struct {
-    const char* what;
-    Extent area, content;                // the content of a wide view; none: a sheet
-    std::int32_t wholeWidth, wholePage;  // percent
-  } rows[] = {
-      {"985 beside a bar hold 960 and 24, 700 hold 684 and 12", {1000, 700}, {}, 121, 61},
-      {"300 hold 293 and 6", {300, 2000}, {}, 37, 37},
-      {"exactly as high as 98 percent", {800, 1118}, {}, 98, 98},
-      {"a pixel less: the bar at the right would call for one below", {800, 1117}, {}, 97, 97},
-      {"never nothing", {1, 1}, {}, 1, 1},
-      {"58 times 17 are 986, and no bar", {1000, 700}, {1700, 400}, 58, 58},
-      {"57 times 17 beside a bar", {1000, 700}, {1700, 4000}, 57, 17},
-      {"the paper, where the content is smaller", {1000, 700}, {100, 100}, 124, 62},
+  // The area, the content of a wide view, none for a sheet, and the percentages for the whole
+  // width and the whole page.
+  const std::tuple<Extent, Extent, std::int32_t, std::int32_t> rows[] = {
+      {{1000, 700}, {}, 121, 61},  // 985 beside a bar hold 960 and 24, 700 hold 684 and 12
+      {{300, 2000}, {}, 37, 37},   // 300 hold 293 and 6
+      {{800, 1118}, {}, 98, 98},   // exactly as high
+      {{800, 1117}, {}, 97, 97},   // the bar at the right would call for one below
+      {{1, 1}, {}, 1, 1},
+      {{1000, 700}, {1700, 400}, 58, 58},   // 58 times 17 are 986, and no bar
+      {{1000, 700}, {1700, 4000}, 57, 17},  // 57 times 17 beside a bar
+      {{1000, 700}, {100, 100}, 124, 62},   // the paper, where the content is smaller
   };
-  for (const auto& row : rows) {
-    const auto fitted = [&row](std::int32_t zoom) {
-      return row.content.Width == 0
-                 ? fittedToSheet(zoom, {}, kPrinter, {row.area}, kBar)
-                 : fittedToContent(zoom, {}, kPrinter, {row.area}, row.content, kBar);
-    };
-    EXPECT_EQ(fitted(kWholeWidth), row.wholeWidth) << row.what;
-    EXPECT_EQ(fitted(kWholePage), row.wholePage) << row.what;
-    for (const std::int32_t other : {75, 0, kFitWidth, kFitHeight}) EXPECT_EQ(fitted(other), other);
+  for (const auto& [area, content, wholeWidth, wholePage] : rows) {
+    for (const auto& [zoom, percent] :
+         {std::pair(kWholeWidth, wholeWidth), {kWholePage, wholePage}, {75, 75}, {0, 0}})
+      EXPECT_EQ(content.Width == 0 ? fittedToSheet(zoom, {}, kPrinter, {area}, kBar)
+                                   : fittedToContent(zoom, {}, kPrinter, {area}, content, kBar),
+                percent);
   }
   EXPECT_EQ(fittedToSheet(kWholePage, {}, {}, kArea, kBar), 100) << "no paper";
-}
-
-std::string places(const Extent& view, const Extent& client, std::int32_t first,
-                   std::int32_t total) {
-  const auto laidOut = layOutPages(view, client, first, total);
-  if (!laidOut) return "nothing";
-  std::string text;
-  for (const auto& [number, corner] : *laidOut) {
-    text += std::to_string(number) + ":" + std::to_string(corner.x) + "," +
-            std::to_string(corner.y) + " ";
-  }
-  return text;
 }
 
 TEST(PageGeometry, severalPagesStandInRows) {
@@ -140,11 +120,15 @@ TEST(PageGeometry, severalPagesStandInRows) {
       {{300, 400}, {601, 500}, 1, 20, "1:0,50 2:300,50 "},
       // A page that is higher than the area starts with it.
       {{450, 1142}, {1000, 900}, 1, 20, "1:17,0 2:500,0 "},
-      {{300, 400}, {1000, 900}, 21, 20, "nothing"},
-      {{300, 400}, {1000, 900}, 1, 0, "nothing"},
+      {{300, 400}, {1000, 900}, 21, 20, "0:0,0 "},
       {{0, 0}, {1000, 900}, 1, 5, ""}};
-  for (const auto& [page, area, first, total, expected] : rows)
-    EXPECT_EQ(places(page, area, first, total), expected);
+  for (const auto& [page, area, first, total, expected] : rows) {
+    std::ostringstream places;
+    for (const auto& [number, corner] :
+         layOutPages(page, area, first, total).value_or(std::vector<PagePlace>{{0, {}}}))
+      places << number << ":" << corner.x << "," << corner.y << " ";
+    EXPECT_EQ(places.str(), expected);
+  }
 }
 
 TEST(PageGeometry, numbersStandBesideSheetsWhereThereIsRoom) {
@@ -163,11 +147,6 @@ TEST(PageGeometry, numbersStandBesideSheetsWhereThereIsRoom) {
     EXPECT_EQ(numberCorner(pages, index, {100, 200}, board, {20, high}), corner) << what;
 }
 
-// A view on a display of 96 dots per inch; the printer doesn't reach so many pixels at its corner.
-PageView viewAt(std::int32_t zoom, Point unreached) {
-  return {{96, 96, 0, 0, 0, 0, 0, 0, 0, 0, unreached.x, unreached.y, 700, 1000}, zoom};
-}
-
 TEST(PageMapping, leadsThereAndBack) {
   // Zoom, dots a pixel, the corner of what is printed; and where the twips (1440, 720) stand.
   const std::tuple<std::int32_t, double, Point, Spot> rows[] = {
@@ -177,21 +156,19 @@ TEST(PageMapping, leadsThereAndBack) {
       {100, 1.25, {3, 3}, {99.2, 51.2}}, {500, 1, {-5, 0}, {475, 240}}};
   for (const auto& [zoom, ratio, unreached, expected] : rows) {
     SCOPED_TRACE(testing::Message() << zoom << " " << ratio);
-    const PageMapping mapping(viewAt(zoom, unreached), ratio);
+    const PageMapping mapping(
+        {{96, 96, 0, 0, 0, 0, 0, 0, 0, 0, unreached.x, unreached.y, 700, 1000}, zoom}, ratio);
     const Spot pixels = mapping.toPixels({1440, 720});
     EXPECT_DOUBLE_EQ(pixels.x, expected.x);
     EXPECT_DOUBLE_EQ(pixels.y, expected.y);
-    for (const Spot& twips : {Spot{0, 0}, {1440, 720}, {-300.5, 12345}}) {
-      const Spot back = mapping.toTwips(mapping.toPixels(twips));
-      EXPECT_NEAR(back.x, twips.x, 1e-6);
-      EXPECT_NEAR(back.y, twips.y, 1e-6);
-    }
+    EXPECT_NEAR(mapping.toTwips(pixels).x, 1440, 1e-6);
+    EXPECT_NEAR(mapping.toTwips(pixels).y, 720, 1e-6);
     // A canvas has its dots where the view has its pixels.
     const Mapping canvas = mapping.onCanvas({100, 200});
     EXPECT_DOUBLE_EQ((canvas.dpiX + canvas.originX + 100) / ratio, expected.x);
     EXPECT_DOUBLE_EQ((canvas.dpiY / 2 + canvas.originY + 200) / ratio, expected.y);
   }
-  EXPECT_DOUBLE_EQ(PageMapping(viewAt(1, {0, 0}), 1).toTwips({5, 5}).x, 0) << "all of it is a dot";
+  EXPECT_DOUBLE_EQ(PageMapping({{96, 96}, 1}, 1).toTwips({5, 5}).x, 0) << "all of it is a dot";
 }
 
 }  // namespace

@@ -87,15 +87,20 @@ bool XServer::waitForFocus(xcb_window_t window) {
   return QTest::qWaitFor(hasFocus, kPatience);
 }
 
-void XServer::pointAt(xcb_window_t window) {
+QRect XServer::placeOf(xcb_window_t window) {
   const auto place =
       held(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window), nullptr));
-  fake(XCB_MOTION_NOTIFY, 0, place->x + place->width / 2, place->y + place->height / 2);
+  return place ? QRect(place->x, place->y, place->width, place->height) : QRect();
 }
 
-void XServer::fake(std::uint8_t kind, std::uint8_t detail, int x, int y) {
+void XServer::pointAt(xcb_window_t window) {
+  fake(XCB_MOTION_NOTIFY, 0, placeOf(window).center());
+}
+
+void XServer::fake(std::uint8_t kind, std::uint8_t detail, QPoint place) {
   xcb_test_fake_input(connection_, kind, detail, XCB_CURRENT_TIME, screen_->root,
-                      static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), 0);
+                      static_cast<std::int16_t>(place.x()), static_cast<std::int16_t>(place.y()),
+                      0);
   xcb_flush(connection_);
 }
 
@@ -118,13 +123,12 @@ void XServer::press(xcb_keysym_t symbol, bool alt) {
   constexpr xcb_keysym_t kAlt = 0xFFE9;
   constexpr xcb_keysym_t kShift = 0xFFE1;
   const auto [code, shift] = keyOf(symbol);
-  std::vector<xcb_keycode_t> held;
-  if (alt) held.push_back(keyOf(kAlt).first);
-  if (shift) held.push_back(keyOf(kShift).first);
-  for (const xcb_keycode_t each : held) fake(XCB_KEY_PRESS, each);
-  fake(XCB_KEY_PRESS, code);
-  fake(XCB_KEY_RELEASE, code);
-  for (const xcb_keycode_t each : held) fake(XCB_KEY_RELEASE, each);
+  std::vector<xcb_keycode_t> keys;
+  if (alt) keys.push_back(keyOf(kAlt).first);
+  if (shift) keys.push_back(keyOf(kShift).first);
+  keys.push_back(code);
+  for (const xcb_keycode_t key : keys) fake(XCB_KEY_PRESS, key);
+  for (const xcb_keycode_t key : keys) fake(XCB_KEY_RELEASE, key);
 }
 
 void XServer::type(std::string_view text) {
@@ -132,9 +136,7 @@ void XServer::type(std::string_view text) {
 }
 
 void XServer::clickFromCorner(xcb_window_t window, int right, int bottom) {
-  const auto place =
-      held(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window), nullptr));
-  fake(XCB_MOTION_NOTIFY, 0, place->x + place->width - right, place->y + place->height - bottom);
+  fake(XCB_MOTION_NOTIFY, 0, placeOf(window).bottomRight() - QPoint(right, bottom));
   fake(XCB_BUTTON_PRESS, XCB_BUTTON_INDEX_1);
   fake(XCB_BUTTON_RELEASE, XCB_BUTTON_INDEX_1);
 }
@@ -164,11 +166,8 @@ xcb_window_t XServer::shownWindow(xcb_window_t other) {
   const auto tree =
       held(xcb_query_tree_reply(connection_, xcb_query_tree(connection_, screen_->root), nullptr));
   for (const xcb_window_t window :
-       std::span(xcb_query_tree_children(tree.get()), tree->children_len)) {
-    const auto place =
-        held(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window), nullptr));
-    if (place && place->width >= 100 && window != other && isShown(window)) return window;
-  }
+       std::span(xcb_query_tree_children(tree.get()), tree->children_len))
+    if (placeOf(window).width() >= 100 && window != other && isShown(window)) return window;
   return XCB_NONE;
 }
 

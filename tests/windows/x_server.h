@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QProcess>
+#include <QRect>
 #include <map>
 #include <string>
 #include <string_view>
@@ -58,8 +59,9 @@ class XServer {
  private:
   xcb_window_t shownWindow(xcb_window_t other);
   bool isShown(xcb_window_t window);
+  QRect placeOf(xcb_window_t window);
   xcb_atom_t atom(std::string_view name);
-  void fake(std::uint8_t kind, std::uint8_t detail, int x = 0, int y = 0);
+  void fake(std::uint8_t kind, std::uint8_t detail, QPoint place = {});
   // The key of a symbol, and whether it needs Shift.
   std::pair<xcb_keycode_t, bool> keyOf(xcb_keysym_t symbol);
 

@@ -1,19 +1,50 @@
-// Driving the dialog.
+// Driving the dialog, with queues made up.
 #include "windows/settings/dialog.h"
 
-#include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QBitmap>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTabWidget>
 #include <QTimer>
-#include <QTreeWidget>
-#include <exception>
 
 #include <gtest/gtest.h>
 
+#include "support/rows.h"
+
 namespace qor::test {
+namespace {
+
+const Media kA4 = {"iso_a4_210x297mm", {21000, 29700}, {}};
+const Media kA5 = {"iso_a5_148x210mm", {14800, 21000}, {}};
+const Media kLetter = {"na_letter_8.5x11in", {21590, 27940}, {}};
+const Media kLabel = {"om_label_62x100mm", {6200, 10000}, {}};
+
+// The last of the media is the usual one.
+Queue queueOf(const QueueName& id, const std::vector<Media>& media = {},
+              const std::vector<std::string>& sources = {}, bool color = false) {
+  Queue queue;
+  queue.id = id;
+  queue.media = media;
+  if (!media.empty()) queue.defaultMedia = media.back().name;
+  queue.sources = sources;
+  queue.color = color;
+  return queue;
+}
+
+}  // namespace
+
+// "far" prints in black, on a paper that isn't A4, and has one of its own.
+DialogPrinters::DialogPrinters()
+    : MadeUpPrinters({queueOf({"near", "Near driver", "usb:1"}, {kLetter, kA5, kA4},
+                              {"auto", "tray-1", "tray-2"}, true),
+                      queueOf({"silent", "Silent driver", ""}),
+                      queueOf({"far", "Far driver", "usb:2"}, {kLetter, kLabel, kA5}, {"tray-3"})},
+                     "near") {
+  setSilent(true);
+}
 
 Window::Start withSettings(const std::string& report, const Settings& stored) {
   Window::Start start{report, stored};
@@ -22,53 +53,36 @@ Window::Start withSettings(const std::string& report, const Settings& stored) {
 }
 
 QRect inkOf(const QImage& image) {
-  QRegion ink;
-  for (int y = 0; y < image.height(); ++y)
-    for (int x = 0; x < image.width(); ++x)
-      if (image.pixelColor(x, y) != Qt::white) ink += QRect(x, y, 1, 1);
-  return ink.boundingRect();
+  const QImage ink = image.createMaskFromColor(qRgb(255, 255, 255), Qt::MaskInColor);
+  return QRegion(QBitmap::fromImage(ink)).boundingRect();
 }
 
 void Dialog::in(Window& window, const std::function<void(Dialog&)>& steps) {
-  std::exception_ptr thrown;
   bool opened = false;
   QTimer::singleShot(0, &window.form(), [&] {
     auto* form = qobject_cast<TfrmSets*>(QApplication::activeModalWidget());
     if (form == nullptr) return;
     opened = true;
-    try {
-      Dialog dialog(*form);
-      steps(dialog);
-    } catch (...) {
-      thrown = std::current_exception();
-    }
+    Dialog dialog(*form);
+    steps(dialog);
     if (form->isVisible()) form->reject();
   });
   window.press("F4");
-  if (thrown) std::rethrow_exception(thrown);
   ASSERT_TRUE(opened);
 }
 
-std::string Dialog::text(const std::string& name) {
-  QWidget& widget = control(name);
-  if (const auto* edit = qobject_cast<QLineEdit*>(&widget)) return edit->text().toStdString();
-  if (const auto* box = qobject_cast<QComboBox*>(&widget)) return box->currentText().toStdString();
-  if (const auto* button = qobject_cast<QAbstractButton*>(&widget))
-    return button->text().toStdString();
-  if (const auto* list = qobject_cast<QListView*>(&widget))
-    return list->currentIndex().data().toString().toStdString();
-  return static_cast<QLabel&>(widget).text().toStdString();
-}
-
-std::string Dialog::texts(const std::vector<std::string>& names) {
+std::string Dialog::text(const std::string& names) {
   std::string all;
-  for (const std::string& name : names) all += text(name) + "|";
+  for (const std::string& name : wordsOf(names)) {
+    const QWidget& widget = control(name);
+    QVariant shown = widget.property("text");
+    if (const auto* box = qobject_cast<const QComboBox*>(&widget)) shown = box->currentText();
+    if (const auto* list = qobject_cast<const QListView*>(&widget))
+      shown = list->currentIndex().data();
+    all += shown.toString().toStdString() + "|";
+  }
   all.pop_back();
   return all;
-}
-
-bool Dialog::isOn(const std::string& name) {
-  return control<QAbstractButton>(name).isChecked();
 }
 
 void Dialog::goTo(int tab) {
@@ -76,77 +90,63 @@ void Dialog::goTo(int tab) {
   Window::settle();
 }
 
-void Dialog::key(const std::string& keys, int times) {
-  const QKeyCombination combination = QKeySequence(QString::fromStdString(keys))[0];
-  for (int i = 0; i < times; ++i) {
-    QWidget* focus = form_.focusWidget();
-    QTest::keyClick(focus == nullptr ? &form_ : focus, combination.key(),
-                    combination.keyboardModifiers());
+void Dialog::key(const std::string& keys) {
+  QWidget* focus = form_.focusWidget();
+  QTest::keySequence(focus == nullptr ? &form_ : focus, QString::fromStdString(keys));
+  Window::settle();
+}
+
+void Dialog::use(const std::string& steps) {
+  for (const auto& [name, value] : rowsOf(steps)) {
+    QWidget& widget = control(name);
+    const auto& tabs = control<QTabWidget>("Pages_Sets");
+    for (int i = 0; i < tabs.count(); ++i)
+      if (tabs.widget(i)->isAncestorOf(&widget)) goTo(i);
+    ASSERT_TRUE(widget.isVisible() && widget.isEnabled()) << name;
+    const QString text = QString::fromStdString(value);
+    if (auto* view = qobject_cast<QAbstractItemView*>(&widget)) {
+      QModelIndexList found;
+      const auto comes = [&found, &text, &model = *view->model()] {
+        found = model.match(model.index(0, 0), Qt::DisplayRole, text, 1, Qt::MatchExactly);
+        return !found.isEmpty();
+      };
+      ASSERT_TRUE(QTest::qWaitFor(comes)) << value;
+      view->scrollTo(found[0]);
+      QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(found[0]).center());
+    } else if (auto* box = qobject_cast<QComboBox*>(&widget)) {
+      ASSERT_GE(box->findText(text), 0) << value;
+      QTest::keyClick(box, Qt::Key_Home);
+      while (box->currentText() != text) QTest::keyClick(box, Qt::Key_Down);
+    } else if (auto* edit = qobject_cast<QLineEdit*>(&widget)) {
+      edit->setFocus();
+      edit->selectAll();
+      QTest::keyClick(edit, Qt::Key_Delete);
+      QTest::keyClicks(edit, text);
+    } else {  // a check box or a radio button on its mark
+      QTest::mouseClick(&widget, Qt::LeftButton, {}, {10, widget.height() / 2});
+    }
+    Window::settle();
   }
-  Window::settle();
-}
-
-// A check box or a radio button is clicked on its mark.
-void Dialog::click(const std::string& name) {
-  QWidget& widget = control(name);
-  ASSERT_TRUE(widget.isVisible() && widget.isEnabled()) << name;
-  QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(10, widget.height() / 2));
-  Window::settle();
-}
-
-void Dialog::type(const std::string& name, const std::string& text) {
-  auto& edit = control<QLineEdit>(name);
-  ASSERT_TRUE(edit.isEnabled()) << name;
-  edit.setFocus();
-  edit.selectAll();
-  QTest::keyClick(&edit, Qt::Key_Delete);
-  QTest::keyClicks(&edit, QString::fromStdString(text));
-}
-
-void Dialog::choose(const std::string& name, const std::string& row) {
-  const QString wanted = QString::fromStdString(row);
-  QWidget& widget = control(name);
-  if (auto* tree = qobject_cast<QTreeWidget*>(&widget)) {
-    QTreeWidgetItem* item = nullptr;
-    const auto comes = [&] {
-      item = tree->findItems(wanted, Qt::MatchExactly).value(0);
-      return item != nullptr;
-    };
-    ASSERT_TRUE(QTest::qWaitFor(comes)) << row;
-    tree->scrollToItem(item);
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(item).center());
-  } else if (auto* box = qobject_cast<QComboBox*>(&widget)) {
-    ASSERT_GE(box->findText(wanted), 0) << row;
-    box->setFocus();
-    QTest::keyClick(box, Qt::Key_Home);
-    while (box->currentText() != wanted) QTest::keyClick(box, Qt::Key_Down);
-  } else {
-    auto& list = static_cast<QListView&>(widget);
-    const auto found = list.model()->match(list.model()->index(0, 0), Qt::DisplayRole, wanted, 1,
-                                           Qt::MatchExactly);
-    ASSERT_FALSE(found.isEmpty()) << row;
-    list.scrollTo(found.front());
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(found.front()).center());
-  }
-  Window::settle();
 }
 
 void Dialog::choosePrinter(const std::string& name) {
-  choose("treePrinters", name);
+  use("treePrinters " + name);
   ASSERT_TRUE(QTest::qWaitFor([this] { return control("cmdOk").isEnabled(); }));
 }
 
-std::string Dialog::answering(const std::function<void()>& step,
-                              const std::function<void(QWidget&)>& by) {
+std::string Dialog::answering(const std::string& steps, const std::function<void(QWidget&)>& by) {
   std::string text;
-  QTimer::singleShot(0, &form_, [&] {
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&] {
     QWidget* over = QApplication::activeModalWidget();
     if (over == nullptr || over == &form_) return;
+    timer.stop();
     const auto* box = qobject_cast<QMessageBox*>(over);
     text = box == nullptr ? "dialog" : box->text().toStdString();
     by(*over);
   });
-  step();
+  timer.start(0);
+  use(steps);
   return text;
 }
 

@@ -1,14 +1,16 @@
 """Prints what a workbook holds, as independent readers see it: openpyxl for .xlsx, xlrd for .xls.
 
 A line for each cell: its place, its value, its number format, its font. Then the widths of columns,
-and the places and sizes of pictures (.xlsx alone)."""
+and the places and sizes of pictures."""
 
+import struct
 import sys
 
 import openpyxl
 import xlrd
 from openpyxl.utils import get_column_letter
 from openpyxl.utils.datetime import to_excel
+from xlrd.compdoc import CompDoc
 
 
 def print_cell(sheet, row, column, value, code, font):
@@ -41,6 +43,24 @@ def print_xlsx(path):
                   f"{picture.width}x{picture.height}")
 
 
+def print_xls_pictures(path):
+    """The cells that pictures of the first sheet reach from and to, and how far into the last ones:
+    the anchors of the drawing records of the workbook's stream."""
+    with open(path, "rb") as file:
+        stream = CompDoc(file.read()).get_named_stream("Workbook")
+    place = 0
+    while place + 4 <= len(stream):
+        record, length = struct.unpack_from("<HH", stream, place)
+        body = stream[place + 4:place + 4 + length]
+        anchor = body.find(b"\x10\xF0\x12\x00\x00\x00") if record == 0xEC else -1
+        if anchor >= 0:
+            _, left, _, top, _, right, across, bottom, down = struct.unpack_from("<9H", body,
+                                                                                 anchor + 6)
+            print(f"Sheet1 picture {get_column_letter(left + 1)}{top + 1} to "
+                  f"{get_column_letter(right + 1)}{bottom + 1} {across} {down}")
+        place += 4 + length
+
+
 def print_xls(path):
     book = xlrd.open_workbook(path, formatting_info=True)
     for sheet in book.sheets():
@@ -57,6 +77,7 @@ def print_xls(path):
                             colour))
         for column, info in sorted(sheet.colinfo_map.items()):
             print(f"{sheet.name} width {get_column_letter(column + 1)} {info.width / 256:g}")
+    print_xls_pictures(path)
 
 
 for argument in sys.argv[1:]:

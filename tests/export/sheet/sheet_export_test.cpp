@@ -117,6 +117,7 @@ TEST_F(SheetExport, putsItemsIntoTheirCells) {
       {"<barcode br_type=39 value=\"A\" left=40 top=11 right=70 bottom=30/>a",
        {"A1 ' '", "G4 'a'"}},
       {"a\r\n<text left=1 top=1 tc=over/>", {"A1 'a'", "B2 'over'"}},
+      {"<text memo left=1 top=1 tc=\"one\ntwo \t\" />", {"B2 'one\\ntwo'"}},
       {"<text left=5 top=1 tc=\"x y\"/>\r\n b <text left=5 top=1 tc=z/>", {"A2 ' b'", "B2 'z'"}},
       {"<text left=-40 top=0 tc=a/>bc", {"A1 'bc'"}},
   };
@@ -227,11 +228,19 @@ TEST_F(SheetExport, hangsPicturesFromCells) {
   EXPECT_EQ(pictures,
             (Lines{"Sheet1 picture D4 20x10 png 20x10", "Sheet1 picture B2 30x15 png 30x15",
                    "Sheet1 picture E13 72x36 png 20x10", "Sheet1 picture C22 226x45 jpeg 226x45"}));
-  const std::string old = place_.read("r.xls");
+  // 20 dots are one column of 18 characters, of 126 dots, and a row of 17; 226 are two of them.
+  Lines old = read("r.xls");
+  std::erase_if(old, [](const std::string& line) { return wordsOf(line)[1] != "picture"; });
+  EXPECT_EQ(old, (Lines{"Sheet1 picture D4 to D4 162 150", "Sheet1 picture B2 to B2 243 225",
+                        "Sheet1 picture E13 to E15 585 30", "Sheet1 picture C22 to D24 812 165"}));
+  const std::string bytes = place_.read("r.xls");
   // Each file once, in the file of the other format, too.
   const std::string png = place_.read("p.png");
-  EXPECT_NE(old.find(png.substr(0, 60)), std::string::npos);
-  EXPECT_EQ(old.find(png.substr(0, 60), old.find(png.substr(0, 60)) + 1), std::string::npos);
+  const auto first = bytes.find(png.substr(0, 60));
+  EXPECT_NE(first, std::string::npos);
+  EXPECT_EQ(bytes.find(png.substr(0, 60), first + 1), std::string::npos);
+  expectTold(exportTo("r.xls", "<img image=\"p.png\" left=1 top=999999999/>\r\n"),
+             "1 cells or pictures are outside");
 }
 
 // What one sheet can't hold. The row before a further sheet stands in both.

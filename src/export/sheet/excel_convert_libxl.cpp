@@ -46,12 +46,6 @@ std::string_view trimmedRight(std::string_view text) {
   return text;
 }
 
-std::uint32_t charactersOf(std::string_view utf8) {
-  return static_cast<std::uint32_t>(std::count_if(utf8.begin(), utf8.end(), [](char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
-  }));
-}
-
 }  // namespace
 
 ExcelConvertLibXL::ExcelConvertLibXL(WorkbookWriter& writer, Options options)
@@ -121,7 +115,8 @@ void ExcelConvertLibXL::FitColumns(std::size_t number) {
   for (const Cell& cell : sheet->cells()) {
     if (cell.row > lastRow || cell.column >= longest.size() || !cell.isText()) continue;
     std::uint32_t& length = longest[cell.column];
-    length = std::max(length, charactersOf(trimmed(sheet->textOf(cell))));
+    const std::size_t count = characterCount(trimmed(sheet->textOf(cell)));
+    length = std::max(length, static_cast<std::uint32_t>(count));
   }
   for (std::uint32_t column = 0; column < longest.size(); ++column)
     sheet->setColumnWidth(
@@ -217,7 +212,7 @@ void ExcelConvertLibXL::WriteString(std::string_view text) {
     appendShown(buffer_, shown);
     buffer_ = std::move(shown);
   }
-  if (buffer_.size() > kMostCellText && charactersOf(buffer_) > kMostCellText) {
+  if (buffer_.size() > kMostCellText && characterCount(buffer_) > kMostCellText) {
     ++losses_.cut;
     buffer_.resize(firstCharacters(buffer_, kMostCellText).size());
   }

@@ -34,17 +34,9 @@ std::string hexText(std::string_view bytes) {
 
 std::string utf16(std::string_view utf8) {
   std::string bytes = "\xFE\xFF";
-  const auto unit = [&bytes](char32_t value) {
-    bytes += static_cast<char>(value >> 8);
-    bytes += static_cast<char>(value);
-  };
-  for (const char32_t c : codePointsFromUtf8(utf8)) {
-    if (c < 0x10000) {
-      unit(c);
-    } else {
-      unit(0xD800 + ((c - 0x10000) >> 10));
-      unit(0xDC00 + ((c - 0x10000) & 0x3FF));
-    }
+  for (const char16_t unit : utf16FromUtf8(utf8)) {
+    bytes += static_cast<char>(unit >> 8);
+    bytes += static_cast<char>(unit);
   }
   return bytes;
 }

@@ -24,14 +24,18 @@ std::string codePageFromUtf8(std::string_view text, int codePage, Substitute sub
 std::u32string codePointsFromCodePage(std::string_view bytes, int codePage);
 std::u32string codePointsFromUtf8(std::string_view text);
 
+// UTF-8 as UTF-16.
+std::u16string utf16FromUtf8(std::string_view text);
+
 // Appends a code point, which must be one that UTF-8 can hold.
 void appendUtf8(std::string& out, char32_t c);
 
 // Every letter of a UTF-8 text in lower case, one letter for one letter, whatever the locale.
 std::string lowerUtf8(std::string_view text);
 
-// The first `count` characters of a UTF-8 text.
+// The first `count` characters of a UTF-8 text, and how many it has.
 std::string_view firstCharacters(std::string_view text, std::size_t count);
+std::size_t characterCount(std::string_view text);
 
 // The code page that text of a font with this Windows character set number is written in: an ANSI
 // one, the system's own for 1, and the system's OEM one for 255.

@@ -215,6 +215,26 @@ std::string lowerUtf8(std::string_view text) {
   return result;
 }
 
+std::u16string utf16FromUtf8(std::string_view text) {
+  std::u16string units;
+  units.reserve(text.size());
+  for (const char32_t c : codePointsFromUtf8(text)) {
+    if (c < 0x10000) {
+      units += static_cast<char16_t>(c);
+    } else {
+      units += static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10));
+      units += static_cast<char16_t>(0xDC00 + ((c - 0x10000) & 0x3FF));
+    }
+  }
+  return units;
+}
+
+std::size_t characterCount(std::string_view text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+  }));
+}
+
 std::string_view firstCharacters(std::string_view text, std::size_t count) {
   std::string_view rest = text;
   while (count > 0 && !rest.empty()) {

@@ -18,17 +18,9 @@ void appendRecord(BiffRecord type, const LittleEndian& body, std::string& bytes)
   bytes.append(header.bytes()).append(body.bytes());
 }
 
-BiffText::BiffText(std::string_view utf8) {
-  units.reserve(utf8.size());
-  for (const char32_t c : codePointsFromUtf8(utf8)) {
-    wide = wide || c > 0xFF;
-    if (c < 0x10000) {
-      units += static_cast<char16_t>(c);
-    } else {
-      units += static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10));
-      units += static_cast<char16_t>(0xDC00 + ((c - 0x10000) & 0x3FF));
-    }
-  }
+BiffText::BiffText(std::string_view utf8)
+    : units(utf16FromUtf8(utf8)),
+      wide(std::any_of(units.begin(), units.end(), [](char16_t unit) { return unit > 0xFF; })) {
 }
 
 void BiffText::appendTo(LittleEndian& body) const {

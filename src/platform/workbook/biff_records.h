@@ -45,9 +45,9 @@ struct BiffText {
   explicit BiffText(std::string_view utf8);
 
   std::u16string units;
-  bool wide = false;
+  bool wide;
 
-  // A flag, and the characters in one or two bytes each; no more than `most` of them.
+  // A flag, and the characters in one or two bytes each.
   void appendTo(LittleEndian& body) const;
   // The units from one place up to another.
   void appendUnits(std::size_t from, std::size_t to, LittleEndian& body) const;

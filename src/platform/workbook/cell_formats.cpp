@@ -32,6 +32,11 @@ std::string_view formatCode(NumberFormat format) {
   return kCodes.at(static_cast<std::size_t>(format));
 }
 
+std::uint32_t formatNumber(NumberFormat format) {
+  constexpr std::uint32_t kFirstOwn = 164;
+  return format == NumberFormat::general ? 0 : kFirstOwn + static_cast<std::uint32_t>(format);
+}
+
 std::size_t CellFormats::fontNumberOf(const CellFont& font) {
   const auto known = font_numbers_.find(font);
   if (known != font_numbers_.end()) return known->second;

@@ -43,8 +43,9 @@ enum class NumberFormat : std::uint8_t {
   date
 };
 
-// Such as "#,##0.00".
+// Such as "#,##0.00", and the number by which files name it.
 std::string_view formatCode(NumberFormat format);
+std::uint32_t formatNumber(NumberFormat format);
 
 struct CellFormat {
   std::size_t font = 0;

@@ -8,7 +8,6 @@
 namespace qor {
 namespace {
 
-constexpr std::uint32_t kFirstOwnCode = 164;  // of number formats
 // Number 4 is no font in any file, and those before it are the usual one.
 constexpr std::uint32_t kUsualFonts = 4;
 constexpr std::uint32_t kTwipsPerPoint = 20;
@@ -24,14 +23,10 @@ void appendFont(const CellFont& font, std::string& bytes) {
   appendRecord(kBiffFont, body, bytes);
 }
 
-std::uint32_t codeOf(NumberFormat format) {
-  return format == NumberFormat::general ? 0 : kFirstOwnCode + static_cast<std::uint32_t>(format);
-}
-
 void appendNumberFormat(NumberFormat format, std::string& bytes) {
   const BiffText code(formatCode(format));
   LittleEndian body;
-  body.u16(codeOf(format)).u16(static_cast<std::uint32_t>(code.units.size()));
+  body.u16(formatNumber(format)).u16(static_cast<std::uint32_t>(code.units.size()));
   code.appendTo(body);
   appendRecord(kBiffNumberFormat, body, bytes);
 }
@@ -63,8 +58,8 @@ void appendCellFormats(const CellFormats& formats, std::string& bytes) {
     appendCellFormat(0, 0, kStyle, i == 0 ? 0 : kAllOfParent, bytes);
   for (const CellFormat& format : formats.formats()) {
     const auto font = static_cast<std::uint32_t>(format.font);
-    appendCellFormat(font == 0 ? 0 : font + kUsualFonts, codeOf(format.number), kCell, kFontAndCode,
-                     bytes);
+    appendCellFormat(font == 0 ? 0 : font + kUsualFonts, formatNumber(format.number), kCell,
+                     kFontAndCode, bytes);
   }
 }
 

@@ -18,7 +18,6 @@ constexpr std::string_view kRelationKinds =
     "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
 constexpr std::string_view kPackage = "http://schemas.openxmlformats.org/package/2006/";
 constexpr std::string_view kTypes = "application/vnd.openxmlformats-officedocument.";
-constexpr int kFirstOwnCode = 164;  // of number formats
 constexpr int kEmuPerPixel = 9525;
 
 std::string quoted(std::string_view name, std::string_view value) {
@@ -59,25 +58,20 @@ std::string fontXml(const CellFont& font) {
          "/></font>";
 }
 
-std::size_t codeOf(NumberFormat format) {
-  const auto number = static_cast<std::size_t>(format);
-  return format == NumberFormat::general ? 0 : kFirstOwnCode + number;
-}
-
 std::string numberFormats() {
   std::string body;
   std::size_t count = 0;
   for (auto number = static_cast<int>(NumberFormat::whole);
        number <= static_cast<int>(NumberFormat::date); ++number, ++count) {
     const auto format = static_cast<NumberFormat>(number);
-    body += "<numFmt" + quoted("numFmtId", codeOf(format)) +
+    body += "<numFmt" + quoted("numFmtId", formatNumber(format)) +
             quoted("formatCode", formatCode(format)) + "/>";
   }
   return counted("numFmts", count, body);
 }
 
 std::string cellFormat(const CellFormat& format) {
-  return "<xf" + quoted("numFmtId", codeOf(format.number)) + quoted("fontId", format.font) +
+  return "<xf" + quoted("numFmtId", formatNumber(format.number)) + quoted("fontId", format.font) +
          R"( fillId="0" borderId="0" xfId="0" applyNumberFormat="1" applyFont="1"/>)";
 }
 

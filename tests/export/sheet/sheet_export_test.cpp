@@ -210,8 +210,8 @@ TEST_F(SheetExport, givesEachPageASheetAndFitsItsColumns) {
 }
 
 TEST_F(SheetExport, hangsPicturesFromCells) {
-  run({"convert", "-size", "20x10", "xc:red", place_.path("p.png")});
-  run({"convert", "-size", "30x15", "xc:blue", place_.path("q.gif")});
+  run({"convert-im6.q16", "-size", "20x10", "xc:red", place_.path("p.png")});
+  run({"convert-im6.q16", "-size", "30x15", "xc:blue", place_.path("q.gif")});
   place_.write("broken.png", "\x89PNG and nothing else");
   const Lines lines = cellsOf(
       "<img image=\"p.png\" left=33 top=10 right=60 bottom=30/>"

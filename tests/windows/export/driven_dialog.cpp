@@ -18,17 +18,10 @@ Window::Start withExports(const std::string& report, const Settings& stored) {
 }
 
 void DrivenDialog::in(Window& window, const std::function<void(DrivenDialog&)>& steps) {
-  bool opened = false;
-  QTimer::singleShot(0, &window.form(), [&] {
-    auto* form = qobject_cast<TfrmConvert*>(QApplication::activeModalWidget());
-    if (form == nullptr) return;
-    opened = true;
-    DrivenDialog dialog(*form);
+  inForm<TfrmConvert>(window, "F6", [&steps](TfrmConvert& form) {
+    DrivenDialog dialog(form);
     steps(dialog);
-    if (form->isVisible()) form->reject();
   });
-  window.press("F6");
-  ASSERT_TRUE(opened);
 }
 
 void DrivenDialog::click(const char* name) {

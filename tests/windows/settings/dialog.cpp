@@ -58,17 +58,10 @@ QRect inkOf(const QImage& image) {
 }
 
 void Dialog::in(Window& window, const std::function<void(Dialog&)>& steps) {
-  bool opened = false;
-  QTimer::singleShot(0, &window.form(), [&] {
-    auto* form = qobject_cast<TfrmSets*>(QApplication::activeModalWidget());
-    if (form == nullptr) return;
-    opened = true;
-    Dialog dialog(*form);
+  inForm<TfrmSets>(window, "F4", [&steps](TfrmSets& form) {
+    Dialog dialog(form);
     steps(dialog);
-    if (form->isVisible()) form->reject();
   });
-  window.press("F4");
-  ASSERT_TRUE(opened);
 }
 
 std::string Dialog::text(const std::string& names) {

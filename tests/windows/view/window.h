@@ -1,13 +1,17 @@
 // A window on a report of a test's own.
 #pragma once
 
+#include <QApplication>
 #include <QLabel>
 #include <QSettings>
 #include <QTest>
+#include <QTimer>
 #include <functional>
 #include <map>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "base/app_options.h"
 #include "document/vdoc.h"
@@ -109,5 +113,21 @@ class Window {
   std::unique_ptr<TfrmView> form_;
   std::optional<MessageSink> messages_;
 };
+
+// Presses the key of a form and lets the steps be done in it; it is cancelled where they leave it
+// open.
+template <class Form, class Steps>
+void inForm(Window& window, const char* key, Steps steps) {
+  bool opened = false;
+  QTimer::singleShot(0, &window.form(), [&] {
+    auto* form = qobject_cast<Form*>(QApplication::activeModalWidget());
+    if (form == nullptr) return;
+    opened = true;
+    steps(*form);
+    if (form->isVisible()) form->reject();
+  });
+  window.press(key);
+  ASSERT_TRUE(opened);
+}
 
 }  // namespace qor::test

@@ -1,7 +1,6 @@
 // Trimming, cutting and strict numbers.
 #include "base/text.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -9,10 +8,6 @@
 
 namespace qor {
 namespace {
-
-bool isBlank(char c) {
-  return static_cast<unsigned char>(c) <= ' ';
-}
 
 bool takePrefix(std::string_view& text, std::string_view prefix) {
   if (!text.starts_with(prefix)) return false;
@@ -34,22 +29,6 @@ std::optional<std::uint64_t> parseDigits(std::string_view digits, int base) {
 }
 
 }  // namespace
-
-std::string_view trimmedLeft(std::string_view text) {
-  const auto* first = std::find_if_not(text.begin(), text.end(), isBlank);
-  text.remove_prefix(static_cast<std::size_t>(first - text.begin()));
-  return text;
-}
-
-std::string_view trimmed(std::string_view text) {
-  text = trimmedLeft(text);
-  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-  return text;
-}
-
-std::string_view upTo(std::string_view text, char mark) {
-  return text.substr(0, text.find(mark));
-}
 
 std::optional<std::int32_t> parseInteger(std::string_view text) {
   const auto start = text.find_first_not_of(' ');

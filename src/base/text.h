@@ -9,11 +9,20 @@
 namespace qor {
 
 // Without the blanks and control bytes at its left end, or at both ends.
-std::string_view trimmedLeft(std::string_view text);
-std::string_view trimmed(std::string_view text);
+inline std::string_view trimmedLeft(std::string_view text) {
+  while (!text.empty() && static_cast<unsigned char>(text.front()) <= ' ') text.remove_prefix(1);
+  return text;
+}
+inline std::string_view trimmed(std::string_view text) {
+  text = trimmedLeft(text);
+  while (!text.empty() && static_cast<unsigned char>(text.back()) <= ' ') text.remove_suffix(1);
+  return text;
+}
 
 // The text before the first `mark`, or all of it.
-std::string_view upTo(std::string_view text, char mark);
+inline std::string_view upTo(std::string_view text, char mark) {
+  return text.substr(0, text.find(mark));
+}
 
 // A whole number as report and set files write it: blanks before it, a sign, decimal digits, or
 // hexadecimal ones behind "$", "x" or "0x". Nothing may follow. Hexadecimal numbers may fill all

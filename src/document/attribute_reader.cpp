@@ -18,6 +18,10 @@ std::string_view behind(std::string_view text, std::size_t place) {
   return place == std::string_view::npos ? std::string_view() : text.substr(place + 1);
 }
 
+bool isDecimalMark(char c) {
+  return c == '.' || c == ',';
+}
+
 std::optional<Color> asColor(std::optional<std::int32_t> number, Color (*color)(std::int32_t)) {
   if (!number) return std::nullopt;
   return color(*number);
@@ -125,16 +129,15 @@ std::optional<std::uint8_t> byteNumber(const AttributeValue& value) {
 }
 
 std::optional<std::int32_t> millimetresAsTwips(const AttributeValue& value) {
-  std::string digits(value.text);
-  std::size_t decimals = 0;
-  const auto mark = value.quoted ? std::string::npos : digits.find_first_of(".,");
-  if (mark != std::string::npos) {
-    digits.erase(mark, 1);
-    decimals = digits.size() - mark;
-  }
+  const std::string_view text = value.text;
+  std::size_t whole = 0;
+  while (whole < text.size() && (value.quoted || !isDecimalMark(text[whole]))) ++whole;
+  const std::string_view decimals = text.substr(std::min(text.size(), whole + 1));
+  std::string digits(text.substr(0, whole));
+  digits += decimals;
   const auto number = parseInteger(digits);
   if (!number) return std::nullopt;
-  const double scale = decimals == 2 ? 100 : decimals == 1 ? 10 : 1;
+  const double scale = decimals.size() == 2 ? 100 : decimals.size() == 1 ? 10 : 1;
   return truncated(realTwipsFromMillimetres(*number) / scale);
 }
 

@@ -26,6 +26,10 @@ constexpr std::array<std::string_view, 5> kItemKeys = {"page", "text", "shape", 
 
 constexpr std::size_t kLongestKey = 7;
 
+bool endsKey(char c) {
+  return c == ' ' || c == '/' || c == '>';
+}
+
 // The place of the key among the keys, or -1.
 template <std::size_t Count>
 int keyIndexOf(std::string_view key, const std::array<std::string_view, Count>& keys) {
@@ -73,7 +77,8 @@ std::unique_ptr<VData> VCommand::takeTextRun(LineCursor& cursor) {
 
 std::optional<VCommand::Tag> VCommand::tagAt(LineCursor& cursor, std::size_t place) {
   const std::string_view rest = cursor.from(place + 1).substr(0, kLongestKey + 1);
-  const std::string_view key = rest.substr(0, rest.find_first_of(" />"));
+  const auto* const end = std::find_if(rest.begin(), rest.end(), endsKey);
+  const std::string_view key(rest.begin(), end);
   if (const int style = keyIndexOf(key, kStyleKeys); style >= 0) {
     return styleTagAt(cursor, place, style);
   }

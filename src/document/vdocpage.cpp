@@ -2,6 +2,7 @@
 #include "document/vdocpage.h"
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -16,6 +17,7 @@ namespace {
 
 // While a line holds this, line ends belong to it: the text of such an item spans lines.
 constexpr std::string_view kMemoMark = "text memo";
+const std::boyer_moore_horspool_searcher kMemoSearcher(kMemoMark.begin(), kMemoMark.end());
 
 // No page is this long; a file without page ends that is must not fill the memory.
 constexpr std::uint64_t kMaxPageBytes = 1U << 30;
@@ -51,6 +53,20 @@ bool isLineByte(char c, const ReadingMode& mode) {
   }
 }
 
+// How many of the first bytes certainly stand above all that ends a line, counted in blocks: nearly
+// all bytes of a report do, and a block is looked at as a whole.
+std::size_t plainBytes(std::string_view bytes) {
+  constexpr std::size_t kBlock = 32;
+  std::size_t place = 0;
+  for (; bytes.size() - place >= kBlock; place += kBlock) {
+    unsigned char least = 0xFF;
+    for (std::size_t i = 0; i < kBlock; ++i)
+      least = std::min(least, static_cast<unsigned char>(bytes[place + i]));
+    if (least <= kEndOfFile) break;
+  }
+  return place;
+}
+
 // Cuts the bytes of a page into lines.
 class LineSplitter {
  public:
@@ -67,11 +83,11 @@ class LineSplitter {
 
  private:
   void takeLineBytes() {
-    const auto* start = bytes_.begin() + static_cast<std::ptrdiff_t>(place_);
-    const auto* end =
-        std::find_if_not(start, bytes_.end(), [this](char c) { return isLineByte(c, mode_); });
-    line_.append(start, end);
-    place_ = static_cast<std::size_t>(end - bytes_.begin());
+    const std::string_view rest = bytes_.substr(place_);
+    std::size_t count = plainBytes(rest);
+    while (count < rest.size() && isLineByte(rest[count], mode_)) ++count;
+    line_.append(rest.substr(0, count));
+    place_ += count;
   }
 
   void takeSpecialByte() {
@@ -94,7 +110,8 @@ class LineSplitter {
   // Looks only at what was added since the last time.
   bool lineHoldsMemo() {
     if (!memo_) {
-      memo_ = line_.find(kMemoMark, searched_) != std::string::npos;
+      const auto start = line_.begin() + static_cast<std::ptrdiff_t>(searched_);
+      memo_ = std::search(start, line_.end(), kMemoSearcher) != line_.end();
       searched_ = line_.size() - std::min(line_.size(), kMemoMark.size() - 1);
     }
     return memo_;

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <chrono>
 #include <cmath>
+#include <iterator>
 #include <optional>
 #include <string>
 
@@ -22,8 +23,12 @@ bool isDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
+bool isGap(char c) {
+  return c == ' ' || c == ',';
+}
+
 bool looksLikeNumber(std::string_view text) {
-  const auto belongs = [](char c) { return isDigit(c) || c == ' ' || c == '.' || c == ','; };
+  const auto belongs = [](char c) { return isDigit(c) || isGap(c) || c == '.'; };
   return text.front() == ' ' && std::all_of(text.begin(), text.end(), belongs) &&
          std::any_of(text.begin(), text.end(), isDigit);
 }
@@ -51,11 +56,16 @@ bool holdsWhole(double value, std::string_view digits) {
   return digits == std::string_view(exact, end.ptr);
 }
 
-CellValue numberOf(std::string_view text) {
-  const std::size_t decimals = decimalsOf(trimmed(text));
-  std::string digits(text);
-  std::erase_if(digits, [](char c) { return c == ' ' || c == ','; });
-  if (decimals == 0 && digits.ends_with('.')) digits.pop_back();
+// `number` is trimmed.
+CellValue numberOf(std::string_view number) {
+  const std::size_t decimals = decimalsOf(number);
+  std::string joined;
+  std::string_view digits = number;
+  if (std::any_of(number.begin(), number.end(), isGap)) {
+    std::remove_copy_if(number.begin(), number.end(), std::back_inserter(joined), isGap);
+    digits = joined;
+  }
+  if (decimals == 0 && digits.ends_with('.')) digits.remove_suffix(1);
   const auto value = realOf(digits);
   if (!value || (decimals == 0 && !holdsWhole(*value, digits))) return {};
   return {decimals == 0 ? Kind::whole : Kind::decimal, *value, static_cast<int>(decimals)};
@@ -95,7 +105,8 @@ std::int32_t sheetDay(int day, int month, int year) {
 
 CellValue cellValueOf(std::string_view text) {
   if (text.find_first_not_of(' ') == std::string_view::npos) return {Kind::blank};
-  return looksLikeNumber(text) ? numberOf(text) : dateOf(trimmed(text));
+  const std::string_view value = trimmed(text);
+  return looksLikeNumber(text) ? numberOf(value) : dateOf(value);
 }
 
 }  // namespace qor

@@ -6,7 +6,8 @@
 namespace qor {
 
 void Sheet::add(const Cell& cell) {
-  in_order_ = in_order_ && (cells_.empty() || cells_.back().place() < cell.place());
+  const bool follows = cells_.empty() || cells_.back().place() < cell.place();
+  if (follows && ordered_ == cells_.size()) ++ordered_;
   cells_.push_back(cell);
 }
 
@@ -22,14 +23,16 @@ void Sheet::writeNumber(std::uint32_t row, std::uint32_t column, std::uint32_t f
 }
 
 const std::vector<Cell>& Sheet::cells() const {
-  if (in_order_) return cells_;
+  if (ordered_ == cells_.size()) return cells_;
   const auto before = [](const Cell& a, const Cell& b) { return a.place() < b.place(); };
-  std::stable_sort(cells_.begin(), cells_.end(), before);
+  const auto late = cells_.begin() + static_cast<std::ptrdiff_t>(ordered_);
+  std::stable_sort(late, cells_.end(), before);
+  std::inplace_merge(cells_.begin(), late, cells_.end(), before);
   // Of those at one place the last one stays.
   const auto same = [](const Cell& a, const Cell& b) { return a.place() == b.place(); };
   const auto kept = std::unique(cells_.rbegin(), cells_.rend(), same);
   cells_.erase(cells_.begin(), kept.base());
-  in_order_ = true;
+  ordered_ = cells_.size();
   return cells_;
 }
 
@@ -46,7 +49,7 @@ Sheet::Extent Sheet::extent() const {
 
 void Sheet::clear() {
   cells_.clear();
-  in_order_ = true;
+  ordered_ = 0;
   texts_.clear();
   pictures_.clear();
   widths_.clear();

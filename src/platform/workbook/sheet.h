@@ -65,7 +65,7 @@ class Sheet {
   void add(const Cell& cell);
 
   mutable std::vector<Cell> cells_;
-  mutable bool in_order_ = true;
+  mutable std::size_t ordered_ = 0;  // so many of the first cells stand row by row
   std::string texts_;
   std::vector<SheetPicture> pictures_;
   std::map<std::uint32_t, std::uint32_t> widths_;

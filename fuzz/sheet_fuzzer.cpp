@@ -14,6 +14,8 @@
 #include "base/app_options.h"
 #include "document/vdoc.h"
 #include "export/sheet/sheet_export.h"
+#include "platform/pictures/picture.h"
+#include "platform/system/byte_sink.h"
 #include "scratch.h"
 
 namespace {
@@ -71,7 +73,34 @@ void readXlsx(const std::string& path) {
   readParts(*package);
 }
 
-// Records to the last byte, one sheet at least.
+// Numbers in the records of a workbook.
+class Records {
+ public:
+  explicit Records(std::string_view bytes) : bytes_(bytes) {}
+
+  std::uint32_t number(std::size_t at, std::size_t size) const {
+    demand(at + size <= bytes_.size());
+    std::uint32_t value = 0;
+    for (std::size_t i = size; i > 0; --i)
+      value = value << 8U | static_cast<unsigned char>(bytes_[at + i - 1]);
+    return value;
+  }
+
+  // Calls for each one with its type, the place of its body and its length.
+  template <class Visit>
+  void forEach(Visit visit) const {
+    std::size_t at = 0;
+    for (; at < bytes_.size(); at += 4 + number(at + 2, 2))
+      visit(number(at, 2), at + 4, number(at + 2, 2));
+    demand(at == bytes_.size());
+  }
+
+ private:
+  std::string_view bytes_;
+};
+
+// Records to the last byte; the list leads to all sheets, and no cell asks for a text or a format
+// that isn't there.
 void readXls(const std::string& path) {
   const Gsf<GsfInput> input = opened(path);
   const Gsf<GsfInfile> compound(gsf_infile_msole_new(input.get(), nullptr));
@@ -79,17 +108,40 @@ void readXls(const std::string& path) {
   const Gsf<GsfInput> stream(gsf_infile_child_by_name(compound.get(), "Workbook"));
   demand(stream != nullptr);
   const std::string bytes = bytesOf(*stream);
-  const auto number = [&bytes](std::size_t at) {
-    return static_cast<unsigned char>(bytes[at]) | static_cast<unsigned char>(bytes[at + 1]) << 8U;
-  };
-  std::size_t at = 0;
-  int ends = 0;
-  while (at + 4 <= bytes.size()) {
-    demand(number(at + 2) <= 8224);
-    ends += number(at) == 0x000A ? 1 : 0;
-    at += 4 + number(at + 2);
-  }
-  demand(at == bytes.size() && ends >= 2);
+  const Records records(bytes);
+  std::uint32_t texts = 0;
+  std::uint32_t formats = 0;
+  std::size_t listed = 0;
+  std::size_t starts = 0;
+  std::size_t ends = 0;
+  records.forEach([&](std::uint32_t type, std::size_t body, std::uint32_t length) {
+    demand(length <= 8224);
+    switch (type) {
+      case 0x0809: ++starts; break;
+      case 0x000A: ++ends; break;
+      case 0x00E0: ++formats; break;
+      case 0x00FC: texts = records.number(body + 4, 4); break;
+      case 0x0085:
+        demand(records.number(records.number(body, 4), 2) == 0x0809);
+        ++listed;
+        break;
+      case 0x00FD: demand(records.number(body + 6, 4) < texts); [[fallthrough]];
+      case 0x0203: demand(records.number(body + 4, 2) < formats); break;
+      default: break;
+    }
+  });
+  demand(listed >= 1 && starts == listed + 1 && ends == starts);
+}
+
+// A picture for the reports to name.
+void writePicture(const char* name, PictureFormat format) {
+  struct : ByteSink {
+    void write(std::string_view bytes) override { taken += bytes; }
+    std::string taken;
+  } file;
+  const std::uint32_t pixels[6] = {0xFF0000, 0x00FF00, 0x0000FF, 0, 0xFFFFFF, 0x808080};
+  encodePicture({3, 2, 3, pixels}, format, 96, file);
+  scratch.write(name, file.taken);
 }
 
 void exportReport(std::string_view bytes, const char* name, bool pagePerSheet,
@@ -110,6 +162,9 @@ void exportReport(std::string_view bytes, const char* name, bool pagePerSheet,
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   gsf_init();
   scratch.clear();
+  writePicture("p.png", PictureFormat::png);
+  writePicture("p.jpg", PictureFormat::jpeg);
+  writePicture("p.bmp", PictureFormat::bmp);
   fuzz::tolerant([=] { exportReport(fuzz::textOf(data, size), "r.xlsx", true, readXlsx); });
   fuzz::tolerant([=] { exportReport(fuzz::textOf(data, size), "r.xls", size % 2 == 0, readXls); });
   return 0;

@@ -310,5 +310,37 @@ TEST(ExportDialog, opensAndMailsWhatItHasMade) {
   EXPECT_EQ(readFile(arguments.substr(9, arguments.size() - 12)), target + "\r\n");
 }
 
+// Separators and pages of the dialog's fields; a sheet that is to be seen is opened once.
+TEST(ExportDialog, writesSpreadsheetsAsItsBoxesSay) {
+  const TemporaryDirectory programs;
+  const Variable path("PATH", programs.path().c_str());
+  putRecorder(programs, "xdg-open");
+  Window window(withExports("A<b>b\f2"));
+  const TemporaryDirectory& place = window.directory();
+  const auto exportTo = [&](const std::vector<const char*>& clicks, const char* separator,
+                            const char* target) {
+    DrivenDialog::in(window, [&](DrivenDialog& dialog) {
+      dialog.goTo(6);
+      QTest::keyClick(&dialog.control("cbXLSFileType"), Qt::Key_End);
+      for (const char* box : clicks) dialog.click(box);
+      QTest::keyClicks(&dialog.control("txtSep"), separator);
+      dialog.exportTo(6, {}, place.path(target));
+    });
+  };
+  exportTo({}, "", "tabs.csv");
+  EXPECT_EQ(place.read("tabs.csv"), "\"A\"\t\"b\"\t\r\n\"2\"\t\r\n");
+  exportTo({"cbSekme", "chbPageSeparator"}, " |;", "bars.csv");
+  EXPECT_EQ(place.read("bars.csv"), "\"A\"|\"b\"|\r\n\f\r\n\"2\"|\r\n\f\r\n");
+  exportTo({"chkPreview"}, "", "a.xls");
+  exportTo({"chkPreview"}, "", "a.xlsx");
+  EXPECT_TRUE(place.read("a.xls").starts_with("\xD0\xCF") &&
+              place.read("a.xlsx").starts_with("PK"));
+  const std::string opened = place.path("a.xls|") + place.path("a.xlsx|");
+  EXPECT_TRUE(
+      QTest::qWaitFor([&] { return programs.read("xdg-open.args").size() >= opened.size(); }));
+  QTest::qWait(100);
+  EXPECT_EQ(programs.read("xdg-open.args"), opened);
+}
+
 }  // namespace
 }  // namespace qor::test

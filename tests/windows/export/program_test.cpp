@@ -100,6 +100,7 @@ TEST_F(ExportProgram, writesByKeysWhatIsWrittenWithoutAWindow) {
     byKeys("hk", "w.html");
     byKeys("p", "w.pdf");
     byKeys("pm", "p.pdf");
+    byKeys("ly", "w.xlsx");
     byKeys("bmgin", "w.png");
   });
   EXPECT_FALSE(place_.has("r.txt") || place_.has("sent.txt") || place_.has("r_mail.tmp"));
@@ -107,9 +108,10 @@ TEST_F(ExportProgram, writesByKeysWhatIsWrittenWithoutAWindow) {
   place_.write("r.txt", kReport);
   inWindow("-test", [this] { byKeys("e", "again.x"); });
 
-  for (const char* target : {"r_w.txt", "w.html", "w.pdf"}) exportInBatch(target);
+  for (const char* target : {"r_w.txt", "w.html", "w.pdf", "w.xlsx"}) exportInBatch(target);
   inBatch({"-g", "-p", "Microsoft Print to PDF"});
-  for (const std::string target : {"r_w.txt", "w.html"}) expectSame(target, "batch/" + target);
+  for (const std::string target : {"r_w.txt", "w.html", "w.xlsx"})
+    expectSame(target, "batch/" + target);
   expectSame("p.pdf", "r(print).pdf");
   const PdfDocument told = readPdf(place_.path("w.pdf"));
   EXPECT_EQ(told.pages, 3);
@@ -124,7 +126,8 @@ TEST_F(ExportProgram, writesByKeysWhatIsWrittenWithoutAWindow) {
     }
   }
   std::string opened;
-  for (const char* file : {"r_w.txt", "w.html", "w.pdf", "p.pdf", "w(1).bmp", "again(1).bmp"})
+  for (const char* file :
+       {"r_w.txt", "w.html", "w.pdf", "p.pdf", "w.xlsx", "w(1).bmp", "again(1).bmp"})
     opened += place_.path(file) + "|";
   EXPECT_EQ(place_.read("bin/xdg-open.args"), opened);
   const std::string mail = place_.read("bin/QorUtlMail.args");

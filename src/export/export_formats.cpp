@@ -9,6 +9,7 @@
 #include "export/html/html_export.h"
 #include "export/image/image_export.h"
 #include "export/pdf/pdf_export.h"
+#include "export/rtf/word_export.h"
 #include "export/sheet/sheet_export.h"
 #include "export/text/text_export.h"
 
@@ -27,15 +28,11 @@ constexpr ExportExtension kPictures[] = {{".bmp", true, kImageBmp},
                                          {".ico", true, kImageIco},
                                          {".png", false, kImagePng}};
 
-[[noreturn]] ExportResult exportNothing(ExportTask& task) {
-  throw FileError(task.target + ": this version can't write such files", ErrorKind::cannotWrite);
-}
-
 constexpr ExportFormat kFormats[] = {
     {kExportText, "Text", kText, PageMode::text, ExportText},
     {kExportHtml, "HTML", kHtml, PageMode::html, ExportHtml},
-    {kExportRtf, "RTF", kRtf, PageMode::rtf, exportNothing},
-    {kExportDoc, "DOC", kDoc, PageMode::doc, exportNothing},
+    {kExportRtf, "RTF", kRtf, PageMode::rtf, ExportWord},
+    {kExportDoc, "DOC", kDoc, PageMode::doc, ExportWord},
     {kExportPdf, "PDF", kPdf, PageMode::pictures, ExportPdf},
     {kExportPictures, "Pictures", kPictures, PageMode::pictures, ExportImages},
     {kExportSheets, "Spreadsheet", kSheets, PageMode::sheets, ExportSheets},
@@ -75,9 +72,7 @@ const ExportFormat& formatWithId(int id) {
 }
 
 bool canWrite(const ExportFormat& format, std::string_view target) {
-  const bool isMeant =
-      format.id != kExportSheets || find(format, lowerAscii(extensionOf(target))) != nullptr;
-  return isMeant && format.run != exportNothing;
+  return format.id != kExportSheets || find(format, lowerAscii(extensionOf(target))) != nullptr;
 }
 
 const ExportFormat* formatOf(std::string_view target) {

@@ -5,9 +5,8 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <string_view>
 
-#include "platform/system/file_times.h"
+#include "platform/system/file_cache.h"
 
 namespace qor {
 
@@ -23,22 +22,16 @@ class SheetPictures {
  public:
   explicit SheetPictures(WorkbookWriter& writer) : writer_(writer) {}
 
-  // The picture of a file's bytes; nothing where they are none. PNG and JPEG go into the workbook
-  // as they are, others as PNG on white.
-  std::optional<KnownPicture> pictureOf(std::string_view file);
+  // The picture of a file's bytes; nothing where they are none.
+  std::optional<KnownPicture> pictureOf(std::string file);
 
   // The same of a file as the report names it, which is read again only when it has changed.
   std::optional<KnownPicture> pictureNamed(const std::string& name, int codePage);
 
  private:
-  struct Named {
-    FileStamp stamp;
-    std::optional<KnownPicture> picture;
-  };
-
   WorkbookWriter& writer_;
   std::map<std::string, std::optional<KnownPicture>> known_;  // by hash and size
-  std::map<std::string, Named> named_;
+  FileCache<std::optional<KnownPicture>> named_;
 };
 
 }  // namespace qor

@@ -12,12 +12,11 @@ namespace qor {
 class CellFormats;
 class OutputFile;
 class Sheet;
+struct EmbeddedPicture;
 
 inline constexpr std::uint32_t kMostRows = 65536;
 // Letters of a cell's text; what is longer must be cut.
 inline constexpr std::size_t kMostCellText = 32767;
-
-enum class SheetPictureKind { png, jpeg };
 
 // All of its operations throw FileError where the file can't take what they write.
 class WorkbookWriter {
@@ -27,8 +26,8 @@ class WorkbookWriter {
   // How many columns a sheet of the format has.
   virtual std::uint32_t mostColumns() const = 0;
 
-  // Takes a picture's file for sheets to come; gives its number.
-  virtual std::size_t addPicture(std::string_view file, SheetPictureKind kind) = 0;
+  // Takes a picture for sheets to come; gives its number.
+  virtual std::size_t addPicture(const EmbeddedPicture& picture) = 0;
 
   // Pictures of sheets that the format has no room for.
   virtual std::int64_t picturesLeftOut() const { return 0; }

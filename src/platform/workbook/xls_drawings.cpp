@@ -116,19 +116,19 @@ std::string groupTail() {
 
 }  // namespace
 
-std::size_t XlsDrawings::addPicture(std::string_view file, SheetPictureKind kind) {
+std::size_t XlsDrawings::addPicture(const EmbeddedPicture& picture) {
   if (pictures_ == kMostPictures) return kMostPictures;
-  const bool png = kind == SheetPictureKind::png;
+  const bool png = picture.kind == EmbeddedKind::png;
   const std::uint32_t type = png ? 6 : 5;
-  const std::string id = hashText(file);
-  const std::size_t size = kHead + id.size() + 1 + file.size();
+  const std::string id = hashText(picture.bytes);
+  const std::size_t size = kHead + id.size() + 1 + picture.bytes.size();
   LittleEndian head;
   appendHead(0xF007, 2, type, 36 + size, head);
   head.u8(type).u8(type).text(id).u16(0xFF).u32(size).u32(1).u32(0).u32(0);
   appendHead(png ? 0xF01E : 0xF01D, 0, png ? 0x6E0 : 0x46A, size - kHead, head);
   head.text(id).u8(0xFF);
   files_.write(head.bytes());
-  files_.write(file);
+  files_.write(picture.bytes);
   return pictures_++;
 }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/pictures/embedded_picture.h"
 #include "platform/system/spool_file.h"
 #include "platform/workbook/workbook_writer.h"
 
@@ -17,14 +18,14 @@ class XlsDrawings {
   // Throws as SpoolFile, as all of its operations.
   explicit XlsDrawings(const std::string& beside) : files_(beside) {}
 
-  std::size_t addPicture(std::string_view file, SheetPictureKind kind);
+  std::size_t addPicture(const EmbeddedPicture& picture);
 
-  // The records of a sheet's pictures, if it has any. A workbook has room for so many drawings and
-  // picture files only: what is beyond is left out.
+  // The records of a sheet's pictures, if it has any. A workbook has room for so many drawings
+  // and picture files only: what is beyond is left out.
   void appendSheet(const Sheet& sheet, std::string& records);
 
-  // The records of the workbook, when there are no more sheets, and how many bytes they have; none
-  // where there are no pictures.
+  // The records of the workbook, when there are no more sheets, and how many bytes they have;
+  // none where there are no pictures.
   std::uint64_t size() const;
   void writeTo(ByteSink& sink);
 

@@ -28,8 +28,8 @@ class XlsWriter : public WorkbookWriter {
 
   std::uint32_t mostColumns() const override { return 256; }
 
-  std::size_t addPicture(std::string_view file, SheetPictureKind kind) override {
-    return drawings_.addPicture(file, kind);
+  std::size_t addPicture(const EmbeddedPicture& picture) override {
+    return drawings_.addPicture(picture);
   }
 
   std::int64_t picturesLeftOut() const override { return drawings_.leftOut(); }

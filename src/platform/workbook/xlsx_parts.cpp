@@ -105,11 +105,11 @@ std::string part(const std::string& name, std::string_view type) {
 
 }  // namespace
 
-std::string xlsxPictureName(std::size_t number, SheetPictureKind kind) {
-  return "image" + std::to_string(number + 1) + (kind == SheetPictureKind::png ? ".png" : ".jpeg");
+std::string xlsxPictureName(std::size_t number, EmbeddedKind kind) {
+  return "image" + std::to_string(number + 1) + (kind == EmbeddedKind::png ? ".png" : ".jpeg");
 }
 
-XlsxDrawing xlsxDrawing(const Sheet& sheet, const std::vector<SheetPictureKind>& pictures) {
+XlsxDrawing xlsxDrawing(const Sheet& sheet, const std::vector<EmbeddedKind>& pictures) {
   XlsxDrawing drawing;
   drawing.xml = std::string(kHead) +
                 "<xdr:wsDr xmlns:xdr=\"http://schemas.openxmlformats.org/drawingml/2006/"

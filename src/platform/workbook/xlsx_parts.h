@@ -5,12 +5,12 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/pictures/embedded_picture.h"
 #include "platform/workbook/workbook_writer.h"
 
 namespace qor {
-
 // "image1.png" for number 0.
-std::string xlsxPictureName(std::size_t number, SheetPictureKind kind);
+std::string xlsxPictureName(std::size_t number, EmbeddedKind kind);
 
 void appendXlsxSheet(const Sheet& sheet, std::string& xml);
 
@@ -22,7 +22,7 @@ struct XlsxDrawing {
   std::string xml;
   std::string relations;
 };
-XlsxDrawing xlsxDrawing(const Sheet& sheet, const std::vector<SheetPictureKind>& pictures);
+XlsxDrawing xlsxDrawing(const Sheet& sheet, const std::vector<EmbeddedKind>& pictures);
 std::string xlsxSheetRelations(std::size_t number);
 
 std::string xlsxStyles(const CellFormats& formats);

@@ -1,6 +1,7 @@
 // Office Open XML workbooks: the parts of the package, sheets first as they come.
 #include <vector>
 
+#include "platform/pictures/embedded_picture.h"
 #include "platform/system/output_file.h"
 #include "platform/workbook/cell_formats.h"
 #include "platform/workbook/sheet.h"
@@ -17,10 +18,10 @@ class XlsxWriter : public WorkbookWriter {
 
   std::uint32_t mostColumns() const override { return 16384; }
 
-  std::size_t addPicture(std::string_view file, SheetPictureKind kind) override {
+  std::size_t addPicture(const EmbeddedPicture& picture) override {
     const std::size_t number = pictures_.size();
-    pictures_.push_back(kind);
-    zip_.addStored("xl/media/" + xlsxPictureName(number, kind), file);
+    pictures_.push_back(picture.kind);
+    zip_.addStored("xl/media/" + xlsxPictureName(number, picture.kind), picture.bytes);
     return number;
   }
 
@@ -48,7 +49,7 @@ class XlsxWriter : public WorkbookWriter {
 
  private:
   ZipWriter zip_;
-  std::vector<SheetPictureKind> pictures_;
+  std::vector<EmbeddedKind> pictures_;
   std::vector<std::size_t> drawings_;  // the sheets that have one
   std::string xml_;
 };

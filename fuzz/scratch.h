@@ -22,6 +22,18 @@ class Scratch {
 
   void clear() const;
 
+  // Puts "p.png", "p.jpg" and "p.bmp" there, for reports that are read in it.
+  void writePictures() const;
+
+  // Makes it the current directory while the work is done.
+  template <class Work>
+  void inside(Work work) const {
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(place_);
+    work();
+    std::filesystem::current_path(before);
+  }
+
   // Writes the file over what it was and returns its full name.
   std::string write(std::string_view name, std::string_view bytes) const;
 

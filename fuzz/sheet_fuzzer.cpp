@@ -14,8 +14,6 @@
 #include "base/app_options.h"
 #include "document/vdoc.h"
 #include "export/sheet/sheet_export.h"
-#include "platform/pictures/picture.h"
-#include "platform/system/byte_sink.h"
 #include "scratch.h"
 
 namespace {
@@ -133,17 +131,6 @@ void readXls(const std::string& path) {
   demand(listed >= 1 && starts == listed + 1 && ends == starts);
 }
 
-// A picture for the reports to name.
-void writePicture(const char* name, PictureFormat format) {
-  struct : ByteSink {
-    void write(std::string_view bytes) override { taken += bytes; }
-    std::string taken;
-  } file;
-  const std::uint32_t pixels[6] = {0xFF0000, 0x00FF00, 0x0000FF, 0, 0xFFFFFF, 0x808080};
-  encodePicture({3, 2, 3, pixels}, format, 96, file);
-  scratch.write(name, file.taken);
-}
-
 void exportReport(std::string_view bytes, const char* name, bool pagePerSheet,
                   void (*readBack)(const std::string&)) {
   AppOptions.DocCodePage = 866;
@@ -162,10 +149,13 @@ void exportReport(std::string_view bytes, const char* name, bool pagePerSheet,
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   gsf_init();
   scratch.clear();
-  writePicture("p.png", PictureFormat::png);
-  writePicture("p.jpg", PictureFormat::jpeg);
-  writePicture("p.bmp", PictureFormat::bmp);
-  fuzz::tolerant([=] { exportReport(fuzz::textOf(data, size), "r.xlsx", true, readXlsx); });
-  fuzz::tolerant([=] { exportReport(fuzz::textOf(data, size), "r.xls", size % 2 == 0, readXls); });
+  scratch.writePictures();
+  const auto exportTo = [=](const char* name, bool pagePerSheet, auto readBack) {
+    fuzz::tolerant([=] { exportReport(fuzz::textOf(data, size), name, pagePerSheet, readBack); });
+  };
+  scratch.inside([&] {
+    exportTo("r.xlsx", true, readXlsx);
+    exportTo("r.xls", size % 2 == 0, readXls);
+  });
   return 0;
 }

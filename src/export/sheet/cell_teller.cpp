@@ -77,7 +77,7 @@ void CellTeller::image(VData_Image& image) {
     if (image.ImageStretch == kFillStretch) {
       convert_.AddPictureSized(picture, sizeInBox(image.Left, image.Right),
                                sizeInBox(image.Top, image.Bottom));
-    } else if (image.ImageStretch != kTwipPerPixelStretch) {
+    } else if (image.ImageStretch == kNaturalStretch || image.ImageStretch == kFitStretch) {
       convert_.AddPicture(picture);
     }
   }

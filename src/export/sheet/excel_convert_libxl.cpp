@@ -66,14 +66,22 @@ void ExcelConvertLibXL::WritePage(const VDocPage& page) {
   }
   const std::size_t sheet = options_.pagePerSheet ? static_cast<std::size_t>(page_) - 1 : 0;
   writeBarcodePicturesOf(page, options_.pictureStem);
+  const Sheet* own = options_.pagePerSheet ? sheets_.at(sheet) : nullptr;
+  const bool isShared = own != nullptr && !own->cells().empty();
+  const std::int64_t before = isShared ? own->replacedCells() : 0;
+  writeLines(page, sheet);
+  if (isShared) losses_.covered += own->replacedCells() - before;
+  FitColumns(static_cast<std::size_t>(page_) - 1);
+  ++page_;
+  sheets_.release([this](std::size_t number) { return isWanted(number); });
+}
+
+void ExcelConvertLibXL::writeLines(const VDocPage& page, std::size_t sheet) {
   forEachLine(page, [&](const VDocStr& line) {
     row_ = next_row_++;
     column_ = 0;
     WriteLine(line, sheet);
   });
-  FitColumns(static_cast<std::size_t>(page_) - 1);
-  ++page_;
-  sheets_.release([this](std::size_t number) { return isWanted(number); });
 }
 
 void ExcelConvertLibXL::WriteLine(const VDocStr& line, std::size_t sheet) {
@@ -85,6 +93,12 @@ void ExcelConvertLibXL::WriteLine(const VDocStr& line, std::size_t sheet) {
 void ExcelConvertLibXL::SaveBook() {
   sheets_.releaseAll();
   writer_.finish(sheets_.count(), formats_);
+}
+
+SheetLosses ExcelConvertLibXL::losses() const {
+  SheetLosses losses = losses_;
+  losses.fonts = formats_.fontsLeftOut();
+  return losses;
 }
 
 // Whether cells of a page to come may go there. The last sheet is always wanted.
@@ -201,6 +215,7 @@ void ExcelConvertLibXL::writeText(std::string_view text) {
   chooseFormat(kText);
   atPlace([&](Sheet& sheet, std::uint32_t row) {
     sheet.writeText(row, static_cast<std::uint32_t>(column_), current_format_, text);
+    sheet.raiseRow(row, font_.size);
   });
 }
 
@@ -222,6 +237,7 @@ void ExcelConvertLibXL::WriteString(std::string_view text) {
 void ExcelConvertLibXL::writeNumber(double number) {
   atPlace([&](Sheet& sheet, std::uint32_t row) {
     sheet.writeNumber(row, static_cast<std::uint32_t>(column_), current_format_, number);
+    sheet.raiseRow(row, font_.size);
   });
 }
 

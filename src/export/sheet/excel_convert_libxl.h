@@ -24,6 +24,8 @@ class WorkbookWriter;
 struct SheetLosses {
   std::int64_t outside = 0;   // cells and pictures beyond its rows and columns
   std::int64_t replaced = 0;  // cells that wrapped onto their own sheet
+  std::int64_t covered = 0;   // cells of a further sheet, where its own page has others
+  std::int64_t fonts = 0;     // fonts beyond what a workbook holds
   std::int64_t cut = 0;       // texts that are too long for a cell
 };
 
@@ -45,7 +47,7 @@ class ExcelConvertLibXL {
   // Writes the rest of the workbook.
   void SaveBook();
 
-  const SheetLosses& losses() const { return losses_; }
+  SheetLosses losses() const;
 
  private:
   friend class CellTeller;
@@ -62,6 +64,7 @@ class ExcelConvertLibXL {
   void FitColumns(std::size_t sheet);
   bool isWanted(std::size_t sheet) const;
   void addSheet();
+  void writeLines(const VDocPage& page, std::size_t sheet);
 
   void takeFont(const FontState& font);
   void chooseFormat(std::size_t look);

@@ -25,6 +25,8 @@ void tellLoss(const std::string& target, std::int64_t count, const char* what) {
 void tellLosses(const std::string& target, const SheetLosses& losses) {
   tellLoss(target, losses.outside, "cells or pictures are outside of the sheets and left out");
   tellLoss(target, losses.replaced, "cells below the last row are put at the top of their sheet");
+  tellLoss(target, losses.covered, "cells below the last row are replaced by those of their page");
+  tellLoss(target, losses.fonts, "fonts are left out: a workbook has room for 440");
   tellLoss(target, losses.cut, "texts are cut, which are longer than a cell can hold");
 }
 

@@ -31,6 +31,7 @@ enum BiffRecord : std::uint16_t {
   kBiffTextCell = 0x00FD,
   kBiffDimensions = 0x0200,
   kBiffNumberCell = 0x0203,
+  kBiffRow = 0x0208,
   kBiffDefaultRowHeight = 0x0225,
   kBiffWindow2 = 0x023E,
   kBiffStyle = 0x0293,

@@ -40,7 +40,10 @@ std::uint32_t formatNumber(NumberFormat format) {
 std::size_t CellFormats::fontNumberOf(const CellFont& font) {
   const auto known = font_numbers_.find(font);
   if (known != font_numbers_.end()) return known->second;
-  if (fonts_.size() == kMostFonts) return 0;
+  if (fonts_.size() == kMostFonts) {
+    ++fonts_left_out_;
+    return font_numbers_[font] = 0;
+  }
   fonts_.push_back(font);
   return font_numbers_[font] = fonts_.size() - 1;
 }

@@ -61,9 +61,12 @@ class CellFormats {
  public:
   CellFormats() { numberOf({}, NumberFormat::general); }
 
-  // The number of the format. A workbook holds only so many of them: what comes behind has the
-  // font of number 0.
+  // The number of the format. A workbook holds only so many fonts: what comes behind has the font
+  // of number 0.
   std::uint32_t numberOf(const CellFont& font, NumberFormat number);
+
+  // How often that was so.
+  std::int64_t fontsLeftOut() const { return fonts_left_out_; }
 
   const std::vector<CellFont>& fonts() const { return fonts_; }
   const std::vector<CellFormat>& formats() const { return formats_; }
@@ -75,6 +78,7 @@ class CellFormats {
   std::vector<CellFormat> formats_;
   std::map<CellFont, std::size_t> font_numbers_;
   std::map<CellFormat, std::uint32_t> format_numbers_;
+  std::int64_t fonts_left_out_ = 0;
 };
 
 }  // namespace qor

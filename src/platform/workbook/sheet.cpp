@@ -30,8 +30,9 @@ const std::vector<Cell>& Sheet::cells() const {
   std::inplace_merge(cells_.begin(), late, cells_.end(), before);
   // Of those at one place the last one stays.
   const auto same = [](const Cell& a, const Cell& b) { return a.place() == b.place(); };
-  const auto kept = std::unique(cells_.rbegin(), cells_.rend(), same);
-  cells_.erase(cells_.begin(), kept.base());
+  const auto kept = std::unique(cells_.rbegin(), cells_.rend(), same).base();
+  replaced_ += kept - cells_.begin();
+  cells_.erase(cells_.begin(), kept);
   ordered_ = cells_.size();
   return cells_;
 }
@@ -47,8 +48,23 @@ Sheet::Extent Sheet::extent() const {
   return extent;
 }
 
+std::int64_t Sheet::replacedCells() const {
+  cells();
+  return replaced_;
+}
+
+// A quarter more than the font, in whole quarters of a point, as spreadsheets do it by themselves.
+void Sheet::raiseRow(std::uint32_t row, std::int32_t fontSize) {
+  const auto height = static_cast<std::uint32_t>(fontSize) * 25;
+  if (height <= kUsualRowHeight) return;
+  std::uint32_t& known = heights_[row];
+  known = std::max(known, (height + 4) / 5 * 5);
+}
+
 void Sheet::clear() {
   cells_.clear();
+  heights_.clear();
+  replaced_ = 0;
   ordered_ = 0;
   texts_.clear();
   pictures_.clear();

@@ -33,6 +33,8 @@ struct SheetPicture {
   int height = 0;
 };
 
+inline constexpr std::uint32_t kUsualRowHeight = 255;  // twips, of a font of 10 points
+
 class Sheet {
  public:
   // Where its cells stand: rows and columns from the first up to, but not with, the end.
@@ -50,6 +52,9 @@ class Sheet {
   // In characters of the format 0.
   void setColumnWidth(std::uint32_t column, std::uint32_t width) { widths_[column] = width; }
 
+  // Makes the row as high as a font of that many points needs, unless it is higher.
+  void raiseRow(std::uint32_t row, std::int32_t fontSize);
+
   // Row by row and each from the left.
   const std::vector<Cell>& cells() const;
   std::string_view textOf(const Cell& cell) const {
@@ -57,7 +62,11 @@ class Sheet {
   }
   const std::vector<SheetPicture>& pictures() const { return pictures_; }
   const std::map<std::uint32_t, std::uint32_t>& columnWidths() const { return widths_; }
+  // Twips, of rows that are not of the usual height.
+  const std::map<std::uint32_t, std::uint32_t>& rowHeights() const { return heights_; }
   Extent extent() const;
+  // How many cells were replaced by later ones at their place.
+  std::int64_t replacedCells() const;
 
   void clear();
 
@@ -66,9 +75,11 @@ class Sheet {
 
   mutable std::vector<Cell> cells_;
   mutable std::size_t ordered_ = 0;  // so many of the first cells stand row by row
+  mutable std::int64_t replaced_ = 0;
   std::string texts_;
   std::vector<SheetPicture> pictures_;
   std::map<std::uint32_t, std::uint32_t> widths_;
+  std::map<std::uint32_t, std::uint32_t> heights_;
 };
 
 }  // namespace qor

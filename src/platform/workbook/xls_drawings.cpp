@@ -20,7 +20,6 @@ constexpr std::uint32_t kPictureFrame = 75;
 constexpr std::size_t kShapeSize = kHead + 8;
 constexpr std::size_t kPictureShapeSize = 5 * kHead + 8 + 6 + 18;
 constexpr int kDefaultColumn = 64;  // pixels
-constexpr int kDefaultRow = 17;
 
 // The head of a drawing record.
 void appendHead(std::uint32_t type, std::uint32_t version, std::uint32_t instance, std::size_t size,
@@ -54,12 +53,18 @@ int columnPixels(const Sheet& sheet, std::uint32_t column) {
   return width == sheet.columnWidths().end() ? kDefaultColumn : static_cast<int>(width->second) * 7;
 }
 
+int rowPixels(const Sheet& sheet, std::uint32_t row) {
+  const auto height = sheet.rowHeights().find(row);
+  return static_cast<int>(height == sheet.rowHeights().end() ? kUsualRowHeight : height->second) /
+         15;
+}
+
 void appendAnchor(const Sheet& sheet, const SheetPicture& picture, LittleEndian& out) {
   const Corner right =
       cornerBehind(picture.column, picture.width, 1024, 255,
                    [&sheet](std::uint32_t column) { return columnPixels(sheet, column); });
   const Corner bottom = cornerBehind(picture.row, picture.height, 256, kMostRows - 1,
-                                     [](std::uint32_t) { return kDefaultRow; });
+                                     [&sheet](std::uint32_t row) { return rowPixels(sheet, row); });
   constexpr std::uint32_t kMovesWithCells = 2;
   appendHead(0xF010, 0, 0, 18, out);
   out.u16(kMovesWithCells).u16(picture.column).u16(0).u16(picture.row).u16(0);

@@ -19,7 +19,6 @@ namespace {
 
 constexpr std::uint64_t kMostBytes = 0x7FFFFFFF;
 constexpr std::uint32_t kDefaultColumnWidth = 8;  // characters
-constexpr std::uint32_t kDefaultRowHeight = 255;  // twips
 
 class XlsWriter : public WorkbookWriter {
  public:
@@ -68,7 +67,7 @@ class XlsWriter : public WorkbookWriter {
       appendRecord(type, body, records_);
     };
     records_ += xlsBof(XlsPart::sheet);
-    record(kBiffDefaultRowHeight, LittleEndian().u16(0).u16(kDefaultRowHeight));
+    record(kBiffDefaultRowHeight, LittleEndian().u16(0).u16(kUsualRowHeight));
     record(kBiffDefaultColumnWidth, LittleEndian().u16(kDefaultColumnWidth));
     for (const auto& [column, width] : sheet.columnWidths())
       record(kBiffColumn, LittleEndian()
@@ -85,6 +84,16 @@ class XlsWriter : public WorkbookWriter {
                                 .u16(extent.firstColumn)
                                 .u16(extent.endColumn)
                                 .u16(0));
+    constexpr std::uint32_t kUsualRow = 0x0100;
+    for (const auto& [row, height] : sheet.rowHeights())
+      record(kBiffRow, LittleEndian()
+                           .u16(row)
+                           .u16(extent.firstColumn)
+                           .u16(extent.endColumn)
+                           .u16(height)
+                           .u32(0)
+                           .u16(kUsualRow)
+                           .u16(kXlsFirstCellFormat));
   }
 
   void appendCell(const Sheet& sheet, const Cell& cell) {

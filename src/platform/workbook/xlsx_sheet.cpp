@@ -2,7 +2,9 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <utility>
 
+#include "base/units.h"
 #include "platform/workbook/sheet.h"
 #include "platform/workbook/xlsx_parts.h"
 
@@ -47,10 +49,10 @@ void appendPlace(const Cell& cell, std::string& xml) {
   xml += '"';
 }
 
-// A cell that stands behind the one before it needs no place, nor does such a row.
-void appendCell(const Sheet& sheet, const Cell& cell, bool follows, std::string& xml) {
+// Its place is told even where it follows the one before it: some readers want it.
+void appendCell(const Sheet& sheet, const Cell& cell, std::string& xml) {
   xml += "<c";
-  if (!follows) appendPlace(cell, xml);
+  appendPlace(cell, xml);
   if (cell.format != 0) {
     xml += " s=\"";
     appendDigits(cell.format, xml);
@@ -70,13 +72,17 @@ void appendColumns(const Sheet& sheet, std::string& xml) {
   xml += "</cols>";
 }
 
-void appendRow(std::uint32_t row, bool follows, std::string& xml) {
-  xml += "<row";
-  if (!follows) {
-    xml += " r=\"";
-    appendDigits(row + 1, xml);
+// The cells tell their row.
+void appendRow(const Sheet& sheet, std::uint32_t row, bool follows, std::string& xml) {
+  const auto append = [&xml](const char* name, auto number) {
+    xml.append(1, ' ').append(name).append("=\"");
+    appendDigits(number, xml);
     xml += '"';
-  }
+  };
+  xml += "<row";
+  if (!follows) append("r", row + 1);
+  const auto height = sheet.rowHeights().find(row);
+  if (height != sheet.rowHeights().end()) append("ht", pointsFromTwips(height->second));
   xml += '>';
 }
 
@@ -85,14 +91,9 @@ void appendRows(const Sheet& sheet, std::string& xml) {
   std::uint32_t nextRow = 0;
   for (auto cell = cells.begin(); cell != cells.end();) {
     const std::uint32_t row = cell->row;
-    appendRow(row, row == nextRow, xml);
-    std::uint32_t nextColumn = 0;
-    for (; cell != cells.end() && cell->row == row; ++cell) {
-      appendCell(sheet, *cell, cell->column == nextColumn, xml);
-      nextColumn = cell->column + 1;
-    }
+    appendRow(sheet, row, row == std::exchange(nextRow, row + 1), xml);
+    for (; cell != cells.end() && cell->row == row; ++cell) appendCell(sheet, *cell, xml);
     xml += "</row>";
-    nextRow = row + 1;
   }
 }
 
@@ -150,16 +151,18 @@ void appendXlsxText(std::string_view utf8, std::string& xml) {
 }
 
 void appendXlsxSheet(const Sheet& sheet, std::string& xml) {
+  const bool hasPictures = !sheet.pictures().empty();
   xml +=
-      R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
-<worksheet xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main" )"
-      R"(xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships">)"
-      R"(<sheetFormatPr defaultRowHeight="12.75"/>)";
+      R"(<?xml version="1.0" encoding="UTF-8"?>
+<worksheet xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main")";
+  if (hasPictures)
+    xml += R"( xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships")";
+  xml += '>';
   appendColumns(sheet, xml);
   xml += "<sheetData>";
   appendRows(sheet, xml);
   xml += "</sheetData>";
-  if (!sheet.pictures().empty()) xml += R"(<drawing r:id="rId1"/>)";
+  if (hasPictures) xml += R"(<drawing r:id="rId1"/>)";
   xml += "</worksheet>";
 }
 

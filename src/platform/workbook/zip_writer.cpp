@@ -11,7 +11,7 @@ namespace qor {
 namespace {
 
 // Sheets repeat themselves: more effort makes them a little smaller, and takes twice the time.
-constexpr int kCompressionLevel = 1;
+constexpr int kCompressionLevel = 5;
 
 constexpr std::uint32_t kLocalHeader = 0x04034B50;
 constexpr std::uint32_t kDirectoryHeader = 0x02014B50;

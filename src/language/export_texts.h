@@ -36,6 +36,9 @@ struct ExportTexts {
   std::array<std::string_view, 7> pdfLosses;  // by PdfLoss
   std::string_view pdfByBox;
   std::string_view pdfByCommand;
+  // Of documents: which box their pictures have, and what becomes of a page.
+  std::string_view rtfPictures;
+  std::string_view documentsFlow;
 };
 
 }  // namespace qor

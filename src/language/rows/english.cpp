@@ -250,6 +250,11 @@ constexpr Language kEnglish = {
                           "underlines and strike-outs", "dashed lines and missing frames"},
             .pdfByBox = ". The box \"Microsoft Print to PDF\" keeps pages as drawn.",
             .pdfByCommand = ". -g -p \"Microsoft Print to PDF\" keeps pages as drawn.",
+            .rtfPictures = "Pictures, shapes and barcodes go into RTF where the box of the tab "
+                           "DOC is ticked.",
+            .documentsFlow = "Text flows: what has a place of its own stands in line, and bold, "
+                             "italic or underlined text at a line's end goes on in the next one. "
+                             "PDF with the box \"Microsoft Print to PDF\" keeps pages as drawn.",
         },
 };
 

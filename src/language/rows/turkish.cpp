@@ -262,6 +262,12 @@ constexpr Language kTurkish = {
                           "kesikli çizgiler ve çerçevesiz şekiller"},
             .pdfByBox = ". \"Microsoft Print to PDF\" kutusu sayfaları çizildikleri gibi korur.",
             .pdfByCommand = ". -g -p \"Microsoft Print to PDF\" sayfaları çizildikleri gibi korur.",
+            .rtfPictures = "Resimler, şekiller ve barkodlar, DOC sekmesindeki kutu işaretliyse "
+                           "RTF'ye yazılır.",
+            .documentsFlow =
+                "Metin akar: kendi yeri olan yazılar satıra girer; satır sonundaki "
+                "kalın, eğik ya da altı çizili yazı sonraki satırda sürer. \"Microsoft "
+                "Print to PDF\" kutusuyla PDF, sayfaları çizildikleri gibi korur.",
         },
 };
 

@@ -76,6 +76,9 @@ void TfrmConvert::applyCaptions() {
   ui_->cmdFileSafeAs->setAccessibleName(qtText(exportTexts().chooseFile));
   ui_->cmdFileSafeAs->setToolTip(qtText(exportTexts().chooseFile));
   ui_->txtFileName->setAccessibleName(qtText(captionOf(*ui_->pFileName).caption));
+  ui_->lblRtfPictures->setText(qtText(exportTexts().rtfPictures));
+  for (QLabel* label : {ui_->lblRtfFlow, ui_->lblDocFlow})
+    label->setText(qtText(exportTexts().documentsFlow));
   setCaptions(*ui_->Pages_Convert, {"TXT", "HTML", "RTF", "DOC", "PDF", "BMP, JPEG, PNG", "XLS"},
               {caption(ui_->cmdOk), caption(ui_->cmdCancel), caption(ui_->chkPreview),
                caption(ui_->chkEmail), caption(ui_->pFileName)},

@@ -101,6 +101,8 @@ TEST_F(ExportProgram, writesByKeysWhatIsWrittenWithoutAWindow) {
     byKeys("p", "w.pdf");
     byKeys("pm", "p.pdf");
     byKeys("ly", "w.xlsx");
+    byKeys("ok", "w.doc");
+    byKeys("r", "w.rtf");
     byKeys("bmgin", "w.png");
   });
   EXPECT_FALSE(place_.has("r.txt") || place_.has("sent.txt") || place_.has("r_mail.tmp"));
@@ -108,9 +110,10 @@ TEST_F(ExportProgram, writesByKeysWhatIsWrittenWithoutAWindow) {
   place_.write("r.txt", kReport);
   inWindow("-test", [this] { byKeys("e", "again.x"); });
 
-  for (const char* target : {"r_w.txt", "w.html", "w.pdf", "w.xlsx"}) exportInBatch(target);
+  for (const char* target : {"r_w.txt", "w.html", "w.pdf", "w.xlsx", "w.doc", "w.rtf"})
+    exportInBatch(target);
   inBatch({"-g", "-p", "Microsoft Print to PDF"});
-  for (const std::string target : {"r_w.txt", "w.html", "w.xlsx"})
+  for (const std::string target : {"r_w.txt", "w.html", "w.xlsx", "w.doc", "w.rtf"})
     expectSame(target, "batch/" + target);
   expectSame("p.pdf", "r(print).pdf");
   const PdfDocument told = readPdf(place_.path("w.pdf"));
@@ -126,8 +129,8 @@ TEST_F(ExportProgram, writesByKeysWhatIsWrittenWithoutAWindow) {
     }
   }
   std::string opened;
-  for (const char* file :
-       {"r_w.txt", "w.html", "w.pdf", "p.pdf", "w.xlsx", "w(1).bmp", "again(1).bmp"})
+  for (const char* file : {"r_w.txt", "w.html", "w.pdf", "p.pdf", "w.xlsx", "w.doc", "w.rtf",
+                           "w(1).bmp", "again(1).bmp"})
     opened += place_.path(file) + "|";
   EXPECT_EQ(place_.read("bin/xdg-open.args"), opened);
   const std::string mail = place_.read("bin/QorUtlMail.args");

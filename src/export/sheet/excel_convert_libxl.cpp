@@ -23,22 +23,13 @@ constexpr std::uint32_t kMostWidth = 255;
 constexpr std::int32_t kMostSize = 409;  // points
 constexpr int kMostDecimals = 6;         // that have a format
 
-// A report's line ends within a text are cells' line ends; other control characters show nothing.
-void appendShown(std::string_view utf8, std::string& out) {
-  char before = 0;
-  for (const char c : utf8) {
-    const bool endsLine = c == '\r' || (c == '\n' && before != '\r');
-    if (endsLine) {
-      out += '\n';
-    } else if (static_cast<unsigned char>(c) >= ' ' || c == '\t') {
-      out += c;
-    }
-    before = c;
-  }
-}
-
 bool isControl(char c) {
   return static_cast<unsigned char>(c) < ' ';
+}
+
+// Line ends and tabs within a text are a cell's, too.
+bool showsNothing(char c) {
+  return isControl(c) && c != '\n' && c != '\t';
 }
 
 std::string_view trimmedRight(std::string_view text) {
@@ -222,11 +213,7 @@ void ExcelConvertLibXL::writeText(std::string_view text) {
 void ExcelConvertLibXL::WriteString(std::string_view text) {
   buffer_.clear();
   text_.append(trimmedRight(text), buffer_);
-  if (std::any_of(buffer_.begin(), buffer_.end(), isControl)) {
-    std::string shown;
-    appendShown(buffer_, shown);
-    buffer_ = std::move(shown);
-  }
+  std::erase_if(buffer_, showsNothing);
   if (buffer_.size() > kMostCellText && characterCount(buffer_) > kMostCellText) {
     ++losses_.cut;
     buffer_.resize(firstCharacters(buffer_, kMostCellText).size());

@@ -1,7 +1,7 @@
 """Prints what a workbook holds, as independent readers see it: openpyxl for .xlsx, xlrd for .xls.
 
-A line for each cell: its place, its value, its number format, its font. Then the widths of columns,
-and the places and sizes of pictures. Fails where a stricter program would call the file damaged."""
+A line for each cell: its place, its value, its number format, its font. Then the widths of columns, the
+heights of rows that are not usual, and the places and sizes of pictures. Fails where a stricter program would call the file damaged."""
 
 import io
 import re
@@ -50,7 +50,7 @@ def check_package(path, cells):
             if part.filename.startswith("xl/worksheets/sheet"):
                 sheet = package.read(part)
                 assert not re.search(rb"<t>(\s|[^<]*\s<)", sheet)
-                cells -= len(re.findall(rb"<c[ >]", sheet))
+                cells -= len(re.findall(rb'<c r="', sheet))
     assert cells == 0
 
 
@@ -67,6 +67,9 @@ def print_xlsx(path):
                         font.charset))
         for letter, column in sheet.column_dimensions.items():
             print(f"{sheet.title} width {letter} {column.width:g}")
+        for row, dimension in sheet.row_dimensions.items():
+            if dimension.height:
+                print(f"{sheet.title} height {row} {dimension.height:g}")
         for picture in sheet._images:
             place = picture.anchor._from
             size = picture.anchor.ext
@@ -133,6 +136,8 @@ def print_xls(path):
                             colour, font.character_set))
         for column, info in sorted(sheet.colinfo_map.items()):
             print(f"{sheet.name} width {get_column_letter(column + 1)} {info.width / 256:g}")
+        for row, info in sorted(sheet.rowinfo_map.items()):
+            print(f"{sheet.name} height {row + 1} {info.height / 20:g}")
     starts = (start - book.base for start in book._sh_abs_posn)
     with open(path, "rb") as file:
         print_xls_pictures(CompDoc(file.read()).get_named_stream("Workbook"),

@@ -14,6 +14,7 @@ from index_rows import measure_openings, measure_scan, measure_walk
 from sheet_rows import measure_sheets
 from table import CYRILLIC, DATA, LATIN, MEGABYTE, make_report, note
 from window_rows import measure_huge_window, measure_windows
+from word_rows import measure_words
 
 HUGE_BYTES = 1 << 30
 SPARE_BYTES = 1 << 30  # room for what the other rows write
@@ -47,6 +48,7 @@ def main():
     measure_pdf(thousand, many)
     measure_printing(thousand)
     measure_sheets(thousand, many, small)
+    measure_words(thousand, many, small)
     measure_memory(many, small)
     measure_start(page)
     measure_windows(many)

@@ -1,6 +1,7 @@
 // Small operations on narrow text that have no opinion about its encoding.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -26,8 +27,10 @@ inline std::string_view upTo(std::string_view text, char mark) {
 
 // A whole number as report and set files write it: blanks before it, a sign, decimal digits, or
 // hexadecimal ones behind "$", "x" or "0x". Nothing may follow. Hexadecimal numbers may fill all
-// 32 bits, decimal ones must lie in the signed range.
-std::optional<std::int32_t> parseInteger(std::string_view text);
+// 32 bits, decimal ones must lie in the signed range. The character at the place `leftOut` is taken
+// for not being there.
+std::optional<std::int32_t> parseInteger(std::string_view text,
+                                         std::size_t leftOut = std::string_view::npos);
 
 // The same; throws ConversionError where the text is no such number.
 std::int32_t toInteger(std::string_view text);

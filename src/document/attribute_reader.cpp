@@ -130,15 +130,16 @@ std::optional<std::uint8_t> byteNumber(const AttributeValue& value) {
 
 std::optional<std::int32_t> millimetresAsTwips(const AttributeValue& value) {
   const std::string_view text = value.text;
-  std::size_t whole = 0;
-  while (whole < text.size() && (value.quoted || !isDecimalMark(text[whole]))) ++whole;
-  const std::string_view decimals = text.substr(std::min(text.size(), whole + 1));
-  std::string digits(text.substr(0, whole));
-  digits += decimals;
-  const auto number = parseInteger(digits);
+  const auto* const mark =
+      value.quoted ? text.end() : std::find_if(text.begin(), text.end(), isDecimalMark);
+  const auto number = parseInteger(text, static_cast<std::size_t>(mark - text.begin()));
   if (!number) return std::nullopt;
-  const double scale = decimals.size() == 2 ? 100 : decimals.size() == 1 ? 10 : 1;
-  return truncated(realTwipsFromMillimetres(*number) / scale);
+  // 7,200 twips are 127 mm.
+  switch (text.end() - mark) {
+    case 2: return clamped(std::int64_t{*number} * 720 / 127);
+    case 3: return clamped(std::int64_t{*number} * 72 / 127);
+    default: return clamped(std::int64_t{*number} * 7200 / 127);
+  }
 }
 
 std::optional<Color> colorByName(const AttributeValue& value) {

@@ -10,8 +10,10 @@
 namespace qor {
 namespace {
 
-// Sheets repeat themselves: more effort makes them a little smaller, and takes twice the time.
-constexpr int kCompressionLevel = 5;
+// Large parts repeat themselves so much that effort gains little; small ones need it.
+constexpr std::size_t kLargePart = std::size_t{1} << 14;
+constexpr int kLittleEffort = 1;
+constexpr int kEffort = 5;
 
 constexpr std::uint32_t kLocalHeader = 0x04034B50;
 constexpr std::uint32_t kDirectoryHeader = 0x02014B50;
@@ -36,7 +38,7 @@ std::uint16_t low16(std::uint64_t value) {
 
 }  // namespace
 
-ZipWriter::ZipWriter(ByteSink& sink) : sink_(sink), compressor_(kCompressionLevel) {
+ZipWriter::ZipWriter(ByteSink& sink) : sink_(sink), for_small_(kEffort), for_large_(kLittleEffort) {
 }
 
 void ZipWriter::write(std::string_view bytes) {
@@ -45,7 +47,8 @@ void ZipWriter::write(std::string_view bytes) {
 }
 
 void ZipWriter::add(const std::string& name, std::string_view bytes) {
-  const std::string_view packed = compressor_.deflate(bytes);
+  Compressor& compressor = bytes.size() < kLargePart ? for_small_ : for_large_;
+  const std::string_view packed = compressor.deflate(bytes);
   put({name, crc32Of(bytes), bytes.size(), packed.size(), 0, true}, packed);
 }
 

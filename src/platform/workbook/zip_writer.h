@@ -37,7 +37,8 @@ class ZipWriter {
   void write(std::string_view bytes);
 
   ByteSink& sink_;
-  Compressor compressor_;
+  Compressor for_small_;
+  Compressor for_large_;
   std::vector<Entry> entries_;
   std::uint64_t position_ = 0;
 };

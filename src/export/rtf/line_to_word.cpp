@@ -47,15 +47,17 @@ Rect naturalBox(const VData_Shape& item, const EmbeddedPicture& picture) {
                      picture.height);
 }
 
-// As the page shows it; what hangs in the page's corner there hangs at its own place.
-Rect boxOf(const VData_Image& image, const EmbeddedPicture& picture) {
+// As the page shows it, and nothing where it shows none; but what hangs in the page's corner there
+// hangs at its own place.
+std::optional<Rect> boxOf(const VData_Image& image, const EmbeddedPicture& picture) {
   const Rect item = {image.Left, image.Top, image.Right, image.Bottom};
-  auto box = placeImage(image.ImageStretch, item, picture.width, picture.height);
-  if (!box) return naturalBox(image, picture);
   if (image.ImageStretch == kTwipPerPixelStretch)
-    box = {item.left, item.top, clamped(std::int64_t{item.left} + picture.width),
-           clamped(std::int64_t{item.top} + picture.height)};
-  return *box;
+    return Rect{item.left, item.top, clamped(std::int64_t{item.left} + picture.width),
+                clamped(std::int64_t{item.top} + picture.height)};
+  const auto box = placeImage(image.ImageStretch, item, picture.width, picture.height);
+  if (!box) return naturalBox(image, picture);
+  if (box->width() <= 0 || box->height() <= 0) return std::nullopt;
+  return box;
 }
 
 class LineTeller : public ItemVisitor {
@@ -88,10 +90,11 @@ class LineTeller : public ItemVisitor {
 
   void image(VData_Image& image) override {
     const auto picture = pictures_ == nullptr ? nullptr : pictures_->pictureOf(image);
-    if (!picture) return;
+    const auto box = picture ? boxOf(image, *picture) : std::nullopt;
+    if (!box) return;
     std::optional<WordLine> frame;
     if (image.ShapeType == kRectangleShape) frame = lineOf(image);
-    document_.addPicture(*picture, {boxOf(image, *picture), frame});
+    document_.addPicture(*picture, {*box, frame});
     has_placed_ = true;
   }
 

@@ -2,7 +2,9 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/units.h"
@@ -46,6 +48,9 @@ class RtfDocument : public WordDocument {
   void save() override;
 
  private:
+  void flush();
+  void breakBeforeText();
+  void breakBeforeParagraph();
   std::size_t fontNamed(std::string_view face);
   void takeStyle();
   void switchTo(bool wanted, bool& written, std::string_view word);
@@ -55,6 +60,8 @@ class RtfDocument : public WordDocument {
   SpoolFile body_;
   std::string line_;  // what isn't in the body yet
   WordPage page_;
+  std::optional<WordBreak> break_;  // waits for what stands behind it
+  bool breaks_before_ = false;      // the paragraph has a page break before it
   std::vector<std::string> faces_;
   std::map<std::string, std::size_t, std::less<>> fonts_;
   Style wanted_;   // of what is typed next
@@ -96,30 +103,54 @@ void RtfDocument::takeStyle() {
   written_ = wanted_;
 }
 
+void RtfDocument::flush() {
+  body_.write(line_);
+  line_.clear();
+}
+
+void RtfDocument::breakPage(WordBreak way) {
+  if (break_) breakBeforeText();
+  break_ = way;
+}
+
+void RtfDocument::breakBeforeText() {
+  if (const auto way = std::exchange(break_, std::nullopt))
+    line_ += way == WordBreak::typed ? "\\page\n" : "{\\page}\n";
+}
+
+// Where a page starts with no text, some readers lose a break that is text itself, or put the
+// page's shapes in a paragraph of their own.
+void RtfDocument::breakBeforeParagraph() {
+  if (!std::exchange(break_, std::nullopt)) return;
+  line_ += "\\pagebb ";
+  breaks_before_ = true;
+}
+
 void RtfDocument::typeText(std::string_view text) {
   if (text.empty()) return;
+  breakBeforeText();
   takeStyle();
   appendRtfText(text, line_);
 }
 
 // An empty one is as high as its font, too.
 void RtfDocument::endParagraph() {
+  breakBeforeParagraph();
   takeStyle();
-  body_.write(line_ += "\\par\n");
-  line_.clear();
-}
-
-void RtfDocument::breakPage(WordBreak way) {
-  line_ += way == WordBreak::typed ? "\\page\n" : "{\\page}\n";
+  line_ += "\\par\n";
+  if (std::exchange(breaks_before_, false)) line_ += "\\pard\n";
+  flush();
 }
 
 void RtfDocument::addShape(const WordShape& shape) {
+  breakBeforeParagraph();
   appendRtfShape(shape, ++objects_, line_);
+  flush();
 }
 
 void RtfDocument::addPicture(const EmbeddedPicture& picture, const WordPicture& place) {
-  body_.write(line_);
-  line_.clear();
+  breakBeforeParagraph();
+  flush();
   writeRtfPicture(picture, place, ++objects_, body_);
 }
 
@@ -144,8 +175,7 @@ std::string RtfDocument::head() const {
 }
 
 void RtfDocument::save() {
-  body_.write(line_);
-  line_.clear();
+  flush();
   file_.write(head());
   body_.copyTo(file_);
   file_.write("}\n");

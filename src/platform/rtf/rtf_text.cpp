@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <utility>
 
 #include "platform/system/text_encoding.h"
 
@@ -11,6 +12,7 @@ namespace qor {
 namespace {
 
 constexpr char kDelete = 0x7F;
+constexpr char16_t kNoCharacter = 0xFFFE;
 
 bool isPlain(char c) {
   return c >= ' ' && c < kDelete && c != '\\' && c != '{' && c != '}';
@@ -22,6 +24,7 @@ bool isWide(char c) {
 
 void appendUnicode(std::string_view utf8, std::string& rtf) {
   for (const char16_t unit : utf16FromUtf8(utf8)) {
+    if (unit >= kNoCharacter) continue;
     char number[8];
     const auto signedUnit = static_cast<std::int16_t>(unit);
     rtf.append("\\u").append(number, std::to_chars(number, std::end(number), signedUnit).ptr);
@@ -32,9 +35,9 @@ void appendUnicode(std::string_view utf8, std::string& rtf) {
 // `before` is the character before it.
 void appendSpecial(char c, char before, std::string& rtf) {
   switch (c) {
-    case '\\':
-    case '{':
-    case '}': rtf.append(1, '\\').append(1, c); break;
+    case '\\': rtf += "\\'5c"; break;
+    case '{': rtf += "\\'7b"; break;
+    case '}': rtf += "\\'7d"; break;
     case '\t': rtf += "\\tab "; break;
     case '\r': rtf += "\\line "; break;
     case '\n':
@@ -63,14 +66,16 @@ void appendRtfText(std::string_view utf8, std::string& rtf) {
 }
 
 void appendRtfName(std::string_view utf8, std::string& rtf) {
-  for (std::string_view rest = utf8; !rest.empty();) {
-    const std::string_view part = rest.substr(0, rest.find(';'));
-    appendRtfText(part, rtf);
-    rest.remove_prefix(part.size());
-    if (rest.empty()) break;
-    rtf += "\\'3b";
-    rest.remove_prefix(1);
+  std::string part;
+  for (const char c : utf8) {
+    if (c == ';') {
+      appendRtfText(std::exchange(part, ""), rtf);
+      rtf += "\\'3b";
+    } else if (isWide(c) || c >= ' ') {
+      part += c;
+    }
   }
+  appendRtfText(part, rtf);
 }
 
 }  // namespace qor

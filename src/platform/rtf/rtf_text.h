@@ -9,10 +9,11 @@
 namespace qor {
 
 // UTF-8 as the text of a paragraph: line ends become line breaks, tabulators stay, other control
-// characters are left out.
+// characters below the blank are left out. What RTF itself is made of goes by its number: all
+// readers know that, and not all know the other ways.
 void appendRtfText(std::string_view utf8, std::string& rtf);
 
-// The same as a name in a table, which ends with a semicolon.
+// The same as a name in a table, which ends with a semicolon: on one line, without tabulators.
 void appendRtfName(std::string_view utf8, std::string& rtf);
 
 }  // namespace qor

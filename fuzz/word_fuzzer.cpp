@@ -27,7 +27,7 @@ void checkRtf(std::string_view rtf) {
     if (rtf[i] == '}') demand(--depth >= 0);
     if (rtf[i] == '\\') ++i;
   }
-  demand(depth == 0);
+  demand(depth == 0 && rtf.starts_with("{\\rtf1"));
 }
 
 void exportReport(std::string_view bytes) {

@@ -107,13 +107,8 @@ class LineSplitter {
     if (c == kFormFeed) pending_form_feed_ = true;
   }
 
-  // Looks only at what was added since the last time.
   bool lineHoldsMemo() {
-    if (!memo_) {
-      const auto start = line_.begin() + static_cast<std::ptrdiff_t>(searched_);
-      memo_ = std::search(start, line_.end(), kMemoSearcher) != line_.end();
-      searched_ = line_.size() - std::min(line_.size(), kMemoMark.size() - 1);
-    }
+    if (!memo_) memo_ = std::search(line_.begin(), line_.end(), kMemoSearcher) != line_.end();
     return memo_;
   }
 
@@ -125,7 +120,6 @@ class LineSplitter {
       line.LineFeeds = 0;
     }
     line_.clear();
-    searched_ = 0;
   }
 
   VDocPage& page_;
@@ -134,7 +128,6 @@ class LineSplitter {
   ReadingMode mode_;
   std::size_t place_ = 0;
   std::string line_;
-  std::size_t searched_ = 0;
   bool memo_ = false;  // once true, no line of the page ends any more
   bool pending_overprint_ = false;
   bool pending_form_feed_ = false;

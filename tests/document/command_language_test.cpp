@@ -68,11 +68,12 @@ TEST(CommandLanguage, stylesGoOnInTheNextLineAndPage) {
 
 TEST(CommandLanguage, textItemsTakeTheirKeys) {
   expectItems(
-      {{"place", "<text left=10 top=20.5 tc=\"a b\"/>", "\"a b\" at 566,1162"},
+      {{"place", "<text left=10. top=20.5 tc=\"a b\"/>", "\"a b\" at 566,1162"},
        {"comma, two decimals", "<text left=10,25 tc=x top=1.50/>", "\"x\" at 581,85"},
-       {"three decimals", "<text left=1.234/>", "\"\" at 69959,0"},
-       {"quoted fraction is lost", "<text left=\"10.5\" tc=q/>", "\"q\""},
-       {"quoted whole number", "<text left=\"10\" top=\"-3\" tc=q/>", "\"q\" at 566,-170"},
+       {"three decimals", "<text left=1.234 top=-1,25/>", "\"\" at 69959,-70"},
+       {"quoted fraction is lost", "<text left=\"10.5\" top=1.2,3 tc=q/>", "\"q\""},
+       {"one decimal", "<text left=.5 top=-1.5 tc=q/>", "\"q\" at 28,-85"},
+       {"quoted whole number", "<text left=\"  10\" top=\"-3\" tc=q/>", "\"q\" at 566,-170"},
        {"box", "<text left=10 top=10 right=50 bottom=20 alignH=1 alignV=2 tc=\"m\"/>",
         "\"m\" at 566,566 to 2834,1133 align 12"},
        {"whole points only", "<text height=12.5 fb=1 tc=a/>", "\"a\" weight=700"},
@@ -167,7 +168,8 @@ TEST(CommandLanguage, coloursReadInEveryForm) {
     for (const auto& [form, color] :
          rowsOf("=Navy 800000|=red 0|16=5 80|16=99 0|16=-1 0|256=5 0|RGB=\"255,0,1\" 100ff|"
                 "RGB=1,2,3 30201|RGB=7 0|RGB=7,8 7|RGB=1,x,3 1|RGB=257,256,1 10001|"
-                "INT=16711681 ff0001|HEX=$0080FF 80ff|HEX=0x0080FF 80ff"))
+                "INT=16711681 ff0001|INT=+7 7|INT=x1f 1f|INT=X1F 1f|INT=0X1F 1f|INT=-$F fffffff1|"
+                "INT=-2147483648 80000000|INT=-2147483649 1|HEX=$0080FF 80ff|HEX=0x0080FF 80ff"))
       EXPECT_EQ(dumpOf(form), dumpOf("INT=0x" + color)) << item << key << form;
     const std::string dump = dumpOf("INT=0x123456");
     EXPECT_NE(dump.find(place + "123456"), std::string::npos) << dump;
@@ -182,6 +184,7 @@ TEST(CommandLanguage, linesEndAsOnALinePrinter) {
                {"end of file", "a\r\nb\x1A\r\nc", "\"a\"|line|\"b\""},
                {"CR at the end", "a\r", "\"a\""},
                {"memo spans lines", "<text memo tc=\"a\r\nb\r\nc\"/>\r\nd", "\"a|b|c\"|\"d\""},
+               {"memo behind a tab", "<te\txt memo tc=\"a\r\nb\"/>", "\"a|b\""},
                {"zero byte is dropped", std::string("a\0b", 3), "\"a\"|\"b\""}});
   EXPECT_EQ(TestReport("a\tb").dump(1, PageMode::sheets), "line\n  text \"a\"\n  text \"b\"\n");
 }

@@ -59,6 +59,8 @@ TEST(TextKind, letsLineFeedsEndTheLinesOfLongTexts) {
   const std::string second = filled("ab\n<b>cd\n\n\f\nef\n\r\ngh\n\f", 4097);
   EXPECT_EQ(linesIn(second), "ab|cd|||");
   EXPECT_EQ(linesIn(second, 2), "ef||gh||");
+  const std::string y(31, 'y'), z(64, 'z');
+  EXPECT_EQ(linesIn(y + "\r\n" + z + "\r" + x), y + "|" + z + "|" + x + "+");
   // One CR on the first page, and all is as it was.
   EXPECT_EQ(linesIn(filled("ab\ncd\r\n\f", 4097)), "abcd||");
   EXPECT_EQ(linesIn(filled("ab\ncd\f\r\n", 4097)), "abcd|+");

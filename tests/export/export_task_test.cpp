@@ -20,7 +20,7 @@ std::string exportSome(TestReport& report, const std::string& name, int wanted,
   std::string told;
   ExportTask task = {report.doc(), report.path(name), runOptions()};
   task.options.ImageFormats.set(kImagePng);
-  task.options.SaveHtmlPictures = true;
+  task.options.SaveHtmlPictures = task.options.SaveDocPictures = true;
   task.options.PrintToPdfPrinter = name.find("printed") != std::string::npos;
   task.progress = [&](std::int32_t page, std::int32_t pages) {
     told += std::to_string(page) + "/" + std::to_string(pages) + " ";
@@ -33,7 +33,7 @@ std::string exportSome(TestReport& report, const std::string& name, int wanted,
 
 // A target stays as it was, pictures that were finished stay, and nothing else is left.
 TEST(ExportTask, stopsBehindAPage) {
-  for (const std::string name : {"r.txt", "r.html", "r.pdf", "printed.pdf"}) {
+  for (const std::string name : {"r.txt", "r.html", "r.rtf", "r.pdf", "printed.pdf"}) {
     TestReport report("<barcode br_type=39 value=A left=9 right=50 bottom=20/>\r\n\fB\r\n\fC\r\n");
     exportSome(report, name, 1, ExportResult::stopped);
     EXPECT_EQ(report.names(), std::vector<std::string>{"report.txt"});

@@ -58,7 +58,7 @@ void Sheet::raiseRow(std::uint32_t row, std::int32_t fontSize) {
   const auto height = static_cast<std::uint32_t>(fontSize) * 25;
   if (height <= kUsualRowHeight) return;
   std::uint32_t& known = heights_[row];
-  known = std::max(known, (height + 4) / 5 * 5);
+  known = std::max(known, height);
 }
 
 void Sheet::clear() {

@@ -82,11 +82,9 @@ def print_text(root):
 def print_sheet(root):
     sheet = next(layout for layout in root.iter(name("style:page-layout-properties"))
                  if layout.get(name("fo:page-width")))
-
-    def millimetres(key):
-        return str(round(float(sheet.get(name("fo:" + key)).removesuffix("in")) * 25.4, 1))
-    print("sheet", *map(millimetres, ("page-width", "page-height", "margin-top", "margin-bottom",
-                                      "margin-left", "margin-right")),
+    keys = ("page-width", "page-height", "margin-top", "margin-bottom", "margin-left", "margin-right")
+    print("sheet", *(round(float(sheet.get(name("fo:" + key)).removesuffix("in")) * 25.4, 1)
+                     for key in keys),
           sheet.get(name("style:print-orientation")))
 
 

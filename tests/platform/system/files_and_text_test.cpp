@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
+#include "platform/system/file_cache.h"
 #include "platform/system/file_times.h"
 #include "platform/system/input_file.h"
 #include "platform/system/output_file.h"
@@ -84,6 +85,20 @@ TEST(Files, tellTheirTimesInUtcAndTheZoneWestOfIt) {
     EXPECT_EQ((std::array{year, month, day, hour, minute}), (std::array{2001, 2, 3, 4, 5}));
     EXPECT_EQ(timeZoneBias(), bias);
   }
+}
+
+TEST(Files, areMadeAnewWhenTheyHaveChanged) {
+  const TemporaryDirectory directory;
+  FileCache<char> cache;
+  char made = '0';
+  const auto valuesOf = [&](std::string names) {
+    for (char& c : names) c = cache.valueOf(directory.path({&c, 1}), [&made] { return ++made; });
+    return names;
+  };
+  for (const char* name : {"a", "b"}) directory.write(name, "one");
+  EXPECT_EQ(valuesOf("ababnn"), "121234");
+  fs::last_write_time(directory.path("a"), fs::file_time_type());
+  EXPECT_EQ(valuesOf("abaa"), "5255");
 }
 
 TEST(Files, refuseWhatIsNone) {

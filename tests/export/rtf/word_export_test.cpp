@@ -96,7 +96,8 @@ TEST_F(WordExport, typesLinesInTheirStyles) {
       {"", ""}};
   std::string report =
       "\fsecond\r\n<shape sh_type=2 left=9 top=9 right=20 bottom=20/>\fq<img image=\"p.png\"/>\f"
-      "b<barcode br_type=39 value=A1 right=70 bottom=10/>\fs<shape sh_type=2/>\r\nend\fthird"
+      "b<barcode br_type=39 value=A1 right=70 bottom=10/>\fs<shape sh_type=2/>\r\nend\f\f<shape "
+      "sh_type=2/>\r\nunder\fthird"
       "<text memo left=1 top=1 tc=\"one\ntwo \" />";
   putPicture("p.png", 0, PictureFormat::png);
   std::string lines;
@@ -111,8 +112,8 @@ TEST_F(WordExport, typesLinesInTheirStyles) {
                "\"11\"/>\r\n<Orientation = \"2\"/>\r\n<Page/>\r\n<Font>\r\n<Name = "
                "\"Arial\"/>\r\n<Height = \"9.3\"/>\r\n<Font/>\r\n<Set/>\r\n");
   expectTold(exportTo("r.rtf", lines + report, {"-i", "s.vset#S"}), "");
-  for (const char* line :
-       {"---{Arial 9.5}second", "", "---q", "---b", "---s", "end", "---thirdone\\ntwo ", "pages 6"})
+  for (const char* line : {"---{Arial 9.5}second", "", "---q", "---b", "---s", "end", "---", "---",
+                           "under", "---thirdone\\ntwo ", "pages 8"})
     expected.emplace_back(line);
   EXPECT_EQ(read("r.rtf"), expected);
   const std::string rtf = place_.read("r.rtf");
@@ -191,23 +192,24 @@ TEST_F(WordExport, placesShapesAndPictures) {
 
 TEST(RtfText, escapesWhatIsNotPlain) {
   std::string rtf = "\r";
-  appendRtfText("\na\\b{c};~\ta\r\nb\rc\n\ne\x7F\x01z\x1F\u0080é7\u7FFF\u8000\uFFFD😀", rtf);
-  appendRtfName(";a{;;b;", rtf);
-  EXPECT_EQ(rtf,
-            "\r\\line a\\\\b\\{c\\};~\\tab a\\line b\\line c\\line \\line e\\'7fz\\u128?\\u233?7"
-            "\\u32767?\\u-32768?\\u-3?\\u-10179?\\u-8704?\\'3ba\\{\\'3b\\'3bb\\'3b");
+  appendRtfText("\na\\b{c};~\ta\r\nb\rc\n\ne\x7F\x01z\x1F\u0080é7\u7FFF\u8000\uFFFD\uFFFE😀", rtf);
+  appendRtfName(";a\n{;;\tb;", rtf);
+  EXPECT_EQ(
+      rtf,
+      "\r\\line a\\'5cb\\'7bc\\'7d;~\\tab a\\line b\\line c\\line \\line e\\'7fz\\u128?\\u233?7"
+      "\\u32767?\\u-32768?\\u-3?\\u-10179?\\u-8704?\\'3ba\\'7b\\'3b\\'3bb\\'3b");
 }
 
 // Anything may stand in a report: another reader takes the file, too, or the old one stays.
 TEST_F(WordExport, survivesWhatReportsHold) {
   const std::string report =
-      "x\1\xF0\xF1\xFC<font fn=\"A;b{\\}\" height=1000000>face<font/><shape sh_type=1 "
+      "x{\\}\1\xF0\xF1\xFC<font fn=\"A;b{\\}\" height=1000000>face<font/><shape sh_type=1 "
       "left=-999999999 top=5 right=999999999 bottom=-5 lw=2000000000/>";
   expectTold(exportTo("r.rtf", report), "");
   const std::string rtf = place_.read("r.rtf");
   EXPECT_EQ(objectsOf(rtf), "|-1000000 -283 1000000 283 1 20 1 1 0 20116800");
   EXPECT_EQ(countOf("\\fs3276 face", rtf), 1U);
-  EXPECT_EQ(run({"catdoc", "-w", "-d", "utf-8", place_.path("r.rtf")}).output, "xЁё№face\n");
+  EXPECT_EQ(run({"catdoc", "-w", "-d", "utf-8", place_.path("r.rtf")}).output, "x{\\}Ёё№face\n");
   place_.write("r.rtf", "old");
   expectTold(exportTo("r.rtf", std::string(50000, 'y'), {}, 2000), "File too large");
   EXPECT_EQ(place_.read("r.rtf"), "old");

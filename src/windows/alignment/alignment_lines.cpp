@@ -2,7 +2,6 @@
 #include "windows/alignment/alignment_lines.h"
 
 #include <QEvent>
-#include <QToolTip>
 #include <algorithm>
 #include <utility>
 
@@ -117,7 +116,7 @@ bool AlignmentLines::eventFilter(QObject* watched, QEvent* event) {
 }
 
 // The place counts from the sheet's top, where a sheet is seen.
-void AlignmentLines::tellPlace(AlignmentLine& line, bool inSight) {
+void AlignmentLines::tellPlace(AlignmentLine& line, bool byUser) {
   const AlignmentTexts& texts = alignmentTexts();
   const QString name = qtText(line.kind() == LineKind::row ? texts.rowLine : texts.shapeLine);
   line.setAccessibleName(name);
@@ -126,8 +125,7 @@ void AlignmentLines::tellPlace(AlignmentLine& line, bool inSight) {
       millimetres ? qtText(lineHint(name.toStdString(), *millimetres)).trimmed() : name;
   line.setToolTip(hint);
   line.setAccessibleDescription(hint);
-  if (inSight)
-    QToolTip::showText(line.mapToGlobal(QPoint(line.height(), line.height())), hint, &line);
+  if (byUser) page_.tell(hint);
 }
 
 // --- Properties ----------------------------------------------------------------------------------

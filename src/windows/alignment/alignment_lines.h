@@ -19,6 +19,8 @@ class AlignmentLines : public QObject {
   struct Page : AlignmentLine::Page {
     // How far a place of the area is below the sheet's top; nothing where no single page is seen.
     std::function<std::optional<double>(int y)> millimetresAt;
+    // Shows a hint for a moment.
+    std::function<void(const QString& hint)> tell;
   };
 
   // They stand in the area.
@@ -65,7 +67,7 @@ class AlignmentLines : public QObject {
   void toggle(LineKind kind);
   void forEachLine(const std::function<void(AlignmentLine&)>& use) const;
   void putEach(const Place& place);
-  void tellPlace(AlignmentLine& line, bool inSight);
+  void tellPlace(AlignmentLine& line, bool byUser);
   void showProperties(const AlignmentLine& line);
   void apply(const LineLook& look);
 

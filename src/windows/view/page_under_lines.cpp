@@ -9,6 +9,7 @@
 #include "document/vdocpage.h"
 #include "windows/view/page_overlay.h"
 #include "windows/view/page_show.h"
+#include "windows/view/passing_hint.h"
 #include "windows/view/view_desk.h"
 
 namespace qor {
@@ -52,6 +53,8 @@ AlignmentLines::Page pageUnderLines(ViewDesk& desk, const PageShow& pages) {
     return LineRoom{desk.page_control->y(), desk.ui.pScroll->viewport()->height()};
   };
   page.rowHeight = [&desk, &pages] { return rowHeight(desk, pages); };
+  auto* hint = new PassingHint(desk.ui.pScroll);
+  page.tell = [hint](const QString& text) { hint->tell(text); };
   page.millimetresAt = [&desk](int y) { return millimetresAt(desk, y); };
   return page;
 }

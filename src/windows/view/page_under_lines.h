@@ -8,7 +8,7 @@ namespace qor {
 class PageShow;
 struct ViewDesk;
 
-// Both must outlive what is made of it.
+// Both must outlive what is made of it. Hints stand in the window's area.
 AlignmentLines::Page pageUnderLines(ViewDesk& desk, const PageShow& pages);
 
 }  // namespace qor

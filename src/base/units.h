@@ -87,8 +87,11 @@ constexpr std::int32_t twipsFromRowUnits(double rowUnits) {
 }
 
 // Whole millimetres, halves away from zero: the place in the names of pictures beside a report.
+constexpr double millimetresFromTwips(double twips) {
+  return twips * kMillimetresPerInch / kTwipsPerInch;
+}
 inline std::int32_t roundedMillimetres(std::int32_t twips) {
-  return static_cast<std::int32_t>(std::lround(twips * kMillimetresPerInch / kTwipsPerInch));
+  return static_cast<std::int32_t>(std::lround(millimetresFromTwips(twips)));
 }
 
 // --- To dots -------------------------------------------------------------------------------------

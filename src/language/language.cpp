@@ -108,6 +108,10 @@ const SettingsTexts& settingsTexts() {
 const ExportTexts& exportTexts() {
   return currentLanguage().exports;
 }
+
+const AlignmentTexts& alignmentTexts() {
+  return currentLanguage().alignment;
+}
 int GetAnsiCodePage() {
   return AppOptions.AnsiCodePage;
 }

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "language/alignment_texts.h"
 #include "language/export_texts.h"
 #include "language/interface_texts.h"
 #include "language/preview_texts.h"
@@ -36,6 +37,7 @@ struct Language {
   PreviewTexts preview;
   SettingsTexts settings;
   ExportTexts exports;
+  AlignmentTexts alignment;
 };
 
 // Announces a language for the length of its life.
@@ -73,6 +75,7 @@ const ErrorTexts& errorTexts();
 const PreviewTexts& previewTexts();
 const SettingsTexts& settingsTexts();
 const ExportTexts& exportTexts();
+const AlignmentTexts& alignmentTexts();
 int GetAnsiCodePage();
 
 // As the current language names it, or else in that language itself.

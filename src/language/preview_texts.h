@@ -27,6 +27,8 @@ struct PreviewTexts {
   std::string_view fullWindow;
   std::string_view showRowLine;
   std::string_view showShapeLine;
+  std::string_view hideRowLine;
+  std::string_view hideShapeLine;
   std::string_view lineProperties;
   std::string_view settings;
   std::string_view mail;

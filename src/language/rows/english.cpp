@@ -83,6 +83,8 @@ constexpr Language kEnglish = {
             .fullWindow = "Page only",
             .showRowLine = "Show row line",
             .showShapeLine = "Show alignment line",
+            .hideRowLine = "Hide row line",
+            .hideShapeLine = "Hide alignment line",
             .lineProperties = "Line properties",
             .settings = "Print and settings",
             .mail = "Send by mail",
@@ -255,6 +257,23 @@ constexpr Language kEnglish = {
             .documentsFlow = "Text flows: what has a place of its own stands in line, and bold, "
                              "italic or underlined text at a line's end goes on in the next one. "
                              "PDF with the box \"Microsoft Print to PDF\" keeps pages as drawn.",
+        },
+    .alignment =
+        {
+            .rowLine = "Row line",
+            .shapeLine = "Alignment line",
+            .lineProperties = "Line Properties",
+            .deleteLine = "Delete Line",
+            .title = "Line Properties",
+            .size = "Size",
+            .height = "Height",
+            .color = "Color",
+            .style = "Style",
+            .lineWidth = "Line Width",
+            .showAtStart = "Show lIne when open design",
+            .apply = " Apply ",
+            .cancel = " Cancel",
+            .notANumber = " is not a whole number",
         },
 };
 

@@ -93,6 +93,8 @@ constexpr Language kRussian = {
             .fullWindow = "Только страница",
             .showRowLine = "Показать линию строки",
             .showShapeLine = "Показать линию выравнивания",
+            .hideRowLine = "Скрыть линию строки",
+            .hideShapeLine = "Скрыть линию выравнивания",
             .lineProperties = "Свойства линии",
             .settings = "Печать и настройки",
             .mail = "Отправить по почте",
@@ -268,6 +270,23 @@ constexpr Language kRussian = {
                              "а полужирный, курсив и подчёркивание в конце строки продолжаются в "
                              "следующей. PDF с флажком «Microsoft Print to PDF» сохраняет страницы "
                              "такими, как они нарисованы.",
+        },
+    .alignment =
+        {
+            .rowLine = "Линия строки",
+            .shapeLine = "Линия выравнивания",
+            .lineProperties = "Свойства линии",
+            .deleteLine = "Скрыть линию",
+            .title = "Свойства линии",
+            .size = "Размер",
+            .height = "Высота",
+            .color = "Цвет",
+            .style = "Стиль",
+            .lineWidth = "Line Width",
+            .showAtStart = "Show LIne when open design",
+            .apply = " Применить",
+            .cancel = "  Отмена   ",
+            .notANumber = " — не целое число",
         },
 };
 

@@ -94,6 +94,8 @@ constexpr Language kTurkish = {
             .fullWindow = "Yalnızca sayfa",
             .showRowLine = "Satır çizgisini göster",
             .showShapeLine = "Hizalama çizgisini göster",
+            .hideRowLine = "Satır çizgisini gizle",
+            .hideShapeLine = "Hizalama çizgisini gizle",
             .lineProperties = "Çizgi özellikleri",
             .settings = "Yazdırma ve ayarlar",
             .mail = "E-posta ile gönder",
@@ -268,6 +270,23 @@ constexpr Language kTurkish = {
                 "Metin akar: kendi yeri olan yazılar satıra girer; satır sonundaki "
                 "kalın, eğik ya da altı çizili yazı sonraki satırda sürer. \"Microsoft "
                 "Print to PDF\" kutusuyla PDF, sayfaları çizildikleri gibi korur.",
+        },
+    .alignment =
+        {
+            .rowLine = "Satır çizgisi",
+            .shapeLine = "Hizalama çizgisi",
+            .lineProperties = "Çizgi Özellikleri",
+            .deleteLine = "Çizgi gizle",
+            .title = "Çizgi Özellikleri",
+            .size = "Ebat",
+            .height = "Yükseklik",
+            .color = "Renk",
+            .style = "Stil",
+            .lineWidth = "Çizgi Kalınlık",
+            .showAtStart = "Dizayn açılırken çizgi göster",
+            .apply = " Uygula ",
+            .cancel = " Vazgeç ",
+            .notANumber = " tam sayı değil",
         },
 };
 

@@ -51,6 +51,11 @@ bool isOffered(const Form& window) {
   return static_cast<bool>(window.parts().forms.offered().*form);
 }
 
+template <LineKind kind>
+bool showsLine(const Form& form) {
+  return form.parts().lines.isShown(kind);
+}
+
 void escape(Form& form) {
   PageNumberEdit& number = form.parts().number;
   number.isVisible() ? number.cancel() : static_cast<void>(form.close());
@@ -166,18 +171,24 @@ constexpr CommandRow kCommands[] = {
     {.id = "mnuRowLine",
      .text = &Texts::showRowLine,
      .image = ImageIndex::alignmentLine,
-     .hidden = true},
+     .otherText = &Texts::hideRowLine,
+     .otherTextWhen = showsLine<LineKind::row>,
+     .keys = {{{Qt::Key_R, kCtrl}}},
+     .hidden = true,
+     .run = [](Form& form) { form.parts().lines.mnuRowLineClick(); }},
     {.id = "mnuShapeLine",
      .text = &Texts::showShapeLine,
      .image = ImageIndex::alignmentLine,
-     .enabledWhen = isOffered<&ViewCommands::shapeLine>,
-     .run = [](Form& form) { form.parts().forms.offered().shapeLine(); }},
+     .otherText = &Texts::hideShapeLine,
+     .otherTextWhen = showsLine<LineKind::shape>,
+     .keys = {{{Qt::Key_L, kCtrl}}},
+     .run = [](Form& form) { form.parts().lines.mnuShapeLineClick(); }},
     {.id = "mnuProperties",
      .text = &Texts::lineProperties,
      .image = ImageIndex::properties,
      .endsGroup = true,
-     .enabledWhen = isOffered<&ViewCommands::lineProperties>,
-     .run = [](Form& form) { form.parts().forms.offered().lineProperties(); }},
+     .enabledWhen = [](const Form& form) { return form.parts().lines.isAnyShown(); },
+     .run = [](Form& form) { form.parts().lines.mnuPropertiesClick(); }},
     {.id = "mnuSettings",
      .text = &Texts::settings,
      .image = ImageIndex::print,

@@ -30,6 +30,9 @@ struct CommandRow {
   const char* id;  // the name of its entry
   std::string_view PreviewTexts::*text;
   ImageIndex image;
+  // What it is called instead while that holds.
+  std::string_view PreviewTexts::*otherText = nullptr;
+  bool (*otherTextWhen)(const TfrmView&) = nullptr;
   ToolPlace button{};
   std::array<KeyUse, 2> keys{};  // the first one is told beside the text
   OneOf oneOf = OneOf::none;

@@ -6,18 +6,23 @@
 #include <QLineEdit>
 #include <QListView>
 
+#include "windows/alignment/alignment_line.h"
+
 namespace qor {
 
 bool focusKeeps(const QKeyEvent& event) {
   const QWidget* focus = QApplication::focusWidget();
+  const bool inLine = qobject_cast<const AlignmentLine*>(focus) != nullptr;
   const bool inEdit = qobject_cast<const QLineEdit*>(focus) != nullptr;
   const bool inList = qobject_cast<const QListView*>(focus) != nullptr &&
                       (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
   switch (event.key()) {
     case Qt::Key_Left:
     case Qt::Key_Right: return inEdit;
+    case Qt::Key_Escape: return inLine;
+    case Qt::Key_F10: return inLine && event.modifiers() == Qt::ShiftModifier;
     case Qt::Key_Up:
-    case Qt::Key_Down:
+    case Qt::Key_Down: return inEdit || inList || inLine;
     case Qt::Key_Home:
     case Qt::Key_End: return inEdit || inList;
     case Qt::Key_PageUp:

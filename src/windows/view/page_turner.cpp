@@ -5,12 +5,14 @@
 #include <QKeyEvent>
 #include <QWindow>
 
+#include "windows/alignment/alignment_lines.h"
 #include "windows/view/page_number_edit.h"
 #include "windows/view/view_desk.h"
 
 namespace qor {
 
-PageTurner::PageTurner(ViewDesk& desk, PageNumberEdit& number) : desk_(desk), number_(number) {
+PageTurner::PageTurner(ViewDesk& desk, PageNumberEdit& number, AlignmentLines& lines)
+    : desk_(desk), number_(number), lines_(lines) {
 }
 
 void PageTurner::cmdView_PageMoveTo(PageMove move) {
@@ -58,17 +60,26 @@ void PageTurner::turnPage(int direction) {
   }
 }
 
+// The way to another page that a walk has come to the end for, 0 while it has not. Lines move on.
+int PageTurner::turnAt(int steps) {
+  const PageScroll& area = *desk_.ui.pScroll;
+  if (lines_.isAnyShown()) return lines_.walk(steps * area.verticalScrollBar()->singleStep());
+  if (steps < 0) return area.isAtTop() ? -1 : 0;
+  return area.isAtBottom() ? 1 : 0;
+}
+
 void PageTurner::scrollVertically(int steps) {
   PageCursor& cursor = desk_.cursor;
-  const PageScroll& area = *desk_.ui.pScroll;
-  if (steps < 0 && area.isAtTop()) {
-    if (!cursor.hasPageBefore()) return;
+  const int turn = turnAt(steps);
+  if (turn < 0 && cursor.hasPageBefore()) {
+    lines_.toBottom();
     cursor.wishForEnd();
     replayKey(Qt::Key_PageUp);
-  } else if (steps > 0 && area.isAtBottom()) {
-    if (cursor.hasPageBehind()) replayKey(Qt::Key_PageDown);
+  } else if (turn > 0 && cursor.hasPageBehind()) {
+    lines_.toTop();
+    replayKey(Qt::Key_PageDown);
   } else {
-    QScrollBar* bar = area.verticalScrollBar();
+    QScrollBar* bar = desk_.ui.pScroll->verticalScrollBar();
     bar->setValue(bar->value() + steps * bar->singleStep());
   }
 }
@@ -84,6 +95,7 @@ void PageTurner::scrollTo(PageSide side) {
   const PageScroll& area = *desk_.ui.pScroll;
   QScrollBar* bar = sideways ? area.horizontalScrollBar() : area.verticalScrollBar();
   bar->setValue(start ? bar->minimum() : bar->maximum());
+  if (side == PageSide::bottom) lines_.toBottom();
 }
 
 // The key comes again as if it were pressed, once the events before it are done. Shift keeps it

@@ -7,6 +7,7 @@
 
 namespace qor {
 
+class AlignmentLines;
 class PageNumberEdit;
 struct ViewDesk;
 
@@ -16,7 +17,7 @@ class PageTurner : public QObject {
   Q_OBJECT
 
  public:
-  PageTurner(ViewDesk& desk, PageNumberEdit& number);
+  PageTurner(ViewDesk& desk, PageNumberEdit& number, AlignmentLines& lines);
 
   // A move of the buttons. It starts from the number that is being typed, if one is.
   void cmdView_PageMoveTo(PageMove move);
@@ -33,11 +34,12 @@ class PageTurner : public QObject {
   // A walk over the pages: up comes to the end of the page before, down to the start of the next.
   void turnPage(int direction);
 
-  // Steps of a bar. At an end of the page the walk goes on with the page before or behind it.
+  // Steps of a bar. At an end of the page the walk goes on with the page before or behind it. With
+  // an alignment line it does where the line's way ends.
   void scrollVertically(int steps);
   void scrollHorizontally(int steps);
 
-  // To an end of what there is to scroll.
+  // To an end of what there is to scroll; lines go along to the bottom.
   void scrollTo(PageSide side);
 
  signals:
@@ -45,10 +47,12 @@ class PageTurner : public QObject {
   void marked();  // the cursor names another page that is on view already
 
  private:
+  int turnAt(int steps);
   void replayKey(int key);
 
   ViewDesk& desk_;
   PageNumberEdit& number_;
+  AlignmentLines& lines_;
 };
 
 }  // namespace qor

@@ -9,6 +9,7 @@
 #include <QWindow>
 
 #include "base/app_options.h"
+#include "base/path.h"
 #include "document/vdoc.h"
 #include "language/language.h"
 #include "platform/qt/qt_text.h"
@@ -16,6 +17,7 @@
 #include "platform/system/user_settings.h"
 #include "window_model/owner_number.h"
 #include "window_model/preview_texts.h"
+#include "windows/failure_text.h"
 #include "windows/tqor_image_form.h"
 #include "windows/view/captions.h"
 #include "windows/view/view_desk.h"
@@ -32,7 +34,8 @@ constexpr int kBlinkInterval = 1700;  // ms
 
 TfrmView::TfrmView(UserSettings& settings, ViewCommands commands)
     : settings_(settings),
-      parts_(std::make_unique<ViewParts>(this, std::move(commands))),
+      parts_(std::make_unique<ViewParts>(this, std::move(commands),
+                                         std::string(directoryOf(settings.location())))),
       TimerDynamicBlinc_(new QTimer(this)) {
   setWindowIcon(TQorImageForm::ImageMenuList(ImageIndex::program, IconPlace::button));
   const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight) + kFrame;
@@ -87,6 +90,7 @@ void TfrmView::FormShow() {
                                         qtText(settings_.location()));
   parts.pages.start();
   cmbPagesChange();
+  parts.lines.FormShow();
   desk.ui.pScroll->setFocus();
 }
 
@@ -101,6 +105,8 @@ void TfrmView::FormClose() {
   if (std::exchange(closed_, true)) return;
   TimerDynamicBlinc_->stop();
   parts_->desk->growth.stop();
+  const QString failure = failureOf([this] { parts_->lines.FormClose(); });
+  if (!failure.isNull()) writeErrorLine(failure.toStdString());
   const std::int32_t number = ownerNumber(AppOptions.FileName);
   if (AppOptions.OwnerWindow != 0 && number != 0)
     notifyOwner(AppOptions.OwnerWindow, kViewerClosed, number);
@@ -172,6 +178,7 @@ void TfrmView::applyCaptions() {
   parts_->menu->retranslate();
   parts_->notes.retranslate();
   parts_->list.retranslate();
+  parts_->lines.rebuild();
 }
 
 // A run may end without a word; what its user chose is stored by then. Failures are told at the

@@ -78,7 +78,13 @@ void TfrmView::connectParts() {
   });
   connect(&parts.pages, &PageShow::roomCounted, this, &TfrmView::updateCommands);
   connect(&parts.pages, &PageShow::pageShown, this, tellOfPage);
-  connect(&parts.pages, &PageShow::shown, this, [&parts] { parts.pageStatus.describeView(); });
+  connect(&parts.pages, &PageShow::shown, this, [&parts] {
+    parts.pageStatus.describeView();
+    parts.lines.rebuild();
+  });
+  connect(&parts.lines, &AlignmentLines::toggled, this, &TfrmView::updateCommands);
+  connect(&parts.lines, &AlignmentLines::left, this,
+          [&parts] { parts.desk->ui.pScroll->setFocus(); });
   connect(&parts.turner, &PageTurner::moved, this, &TfrmView::cmbPagesChange);
   connect(&parts.turner, &PageTurner::marked, this, &TfrmView::tellMarked);
   const auto goTo = [this, &parts](int number) { run([&] { parts.turner.goToPage(number); }); };

@@ -44,9 +44,6 @@ struct ViewCommands {
   // The export dialog, and the hand-off to a mail program.
   std::function<void(const ExportCall&)> convert;
   std::function<void(const ExportCall&)> mail;
-  // Shows or hides the alignment line, and its properties.
-  std::function<void()> shapeLine;
-  std::function<void()> lineProperties;
 };
 
 }  // namespace qor

@@ -100,6 +100,7 @@ void ViewMenu::update() {
   for (std::size_t i = 0; i < entries_.size(); ++i) {
     const CommandRow& row = commandTable()[i];
     entries_[i]->setEnabled(row.isOn(form_));
+    if (row.otherText != nullptr) setText(*entries_[i], row);
     if (row.checkedWhen != nullptr) entries_[i]->setChecked(row.checkedWhen(form_));
   }
 }
@@ -121,14 +122,16 @@ void ViewMenu::fillCodePages() {
   }
 }
 
+void ViewMenu::setText(QAction& entry, const CommandRow& row) const {
+  const bool other = row.otherText != nullptr && row.otherTextWhen(form_);
+  const QString key = row.keyText();
+  const QString text = qtText(previewTexts().*(other ? row.otherText : row.text));
+  entry.setText(key.isEmpty() ? text : text + '\t' + key);
+}
+
 void ViewMenu::retranslate() {
   const PreviewTexts& texts = previewTexts();
-  for (std::size_t i = 0; i < entries_.size(); ++i) {
-    const CommandRow& row = commandTable()[i];
-    const QString key = row.keyText();
-    const QString text = qtText(texts.*row.text);
-    entries_[i]->setText(key.isEmpty() ? text : text + '\t' + key);
-  }
+  for (std::size_t i = 0; i < entries_.size(); ++i) setText(*entries_[i], commandTable()[i]);
   mnuZoom_->setTitle(qtText(texts.zoom));
   mnuLanguage_->setTitle(qtText(texts.language));
   mnuCodePage_->setTitle(qtText(texts.codePage));

@@ -7,6 +7,7 @@
 
 namespace qor {
 
+struct CommandRow;
 struct Language;
 class TfrmView;
 
@@ -35,6 +36,7 @@ class ViewMenu : public QObject {
   void addZooms();
   void addLanguages();
   void fillCodePages();
+  void setText(QAction& entry, const CommandRow& row) const;
 
   TfrmView& form_;
   QMenu* mnuPopup_;

@@ -1,11 +1,13 @@
 // The parts of the window.
 #include "windows/view/view_parts.h"
 
+#include "platform/system/directory.h"
+#include "windows/view/page_under_lines.h"
 #include "windows/view/view_desk.h"
 
 namespace qor {
 
-ViewParts::ViewParts(QMainWindow* window, ViewCommands offered)
+ViewParts::ViewParts(QMainWindow* window, ViewCommands offered, const std::string& userDirectory)
     : desk(std::make_unique<ViewDesk>(window)),
       errors(*desk->page_control, window),
       number(*desk),
@@ -15,7 +17,9 @@ ViewParts::ViewParts(QMainWindow* window, ViewCommands offered)
       pages(*desk, zoom, errors),
       scale(*desk, pages),
       notes(*desk, pages),
-      turner(*desk, number),
+      lines(desk->ui.pScroll->viewport(), {programDirectory(), userDirectory},
+            pageUnderLines(*desk, pages)),
+      turner(*desk, number, lines),
       switches(*desk, pages, list, scale),
       forms(*desk, std::move(offered), zoom, pages, notes, scale) {
 }

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "windows/alignment/alignment_lines.h"
 #include "windows/view/error_box.h"
 #include "windows/view/form_calls.h"
 #include "windows/view/page_list_pane.h"
@@ -23,7 +24,8 @@ class QMainWindow;
 namespace qor {
 
 struct ViewParts {
-  ViewParts(QMainWindow* window, ViewCommands offered);
+  // `userDirectory` is where the user's settings are, with a closing "/".
+  ViewParts(QMainWindow* window, ViewCommands offered, const std::string& userDirectory);
   ~ViewParts();
 
   std::unique_ptr<ViewDesk> desk;
@@ -35,6 +37,7 @@ struct ViewParts {
   PageShow pages;
   PaperScale scale;
   PageNotesWatch notes;
+  AlignmentLines lines;
   PageTurner turner;
   ViewSwitches switches;
   FormCalls forms;

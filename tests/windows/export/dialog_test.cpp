@@ -4,13 +4,11 @@
 #include <QFileDialog>
 #include <QProgressDialog>
 #include <QTimer>
-#include <csignal>
 #include <filesystem>
-
-#include <sys/resource.h>
 
 #include "support/variable.h"
 #include "windows/export/driven_dialog.h"
+#include "windows/full_disk.h"
 
 namespace qor::test {
 namespace {
@@ -214,18 +212,6 @@ TEST(ExportDialog, canBeCancelled) {
     EXPECT_TRUE(file.ends_with(".jpeg") || file == "out.pdf" || file == "report.txt") << file;
 }
 
-// No file grows beyond 500 bytes meanwhile.
-void onAFullDisk(const std::function<void()>& steps) {
-  auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit before{};
-  ::getrlimit(RLIMIT_FSIZE, &before);
-  const rlimit limit{500, before.rlim_max};
-  ::setrlimit(RLIMIT_FSIZE, &limit);
-  steps();
-  ::setrlimit(RLIMIT_FSIZE, &before);
-  std::signal(SIGXFSZ, handler);
-}
-
 // A full disk: the dialog says so, whichever way a document takes, and goes on where there is room.
 TEST(ExportDialog, saysWhyAnExportFails) {
   Window window(withExports(kReport));
@@ -236,7 +222,7 @@ TEST(ExportDialog, saysWhyAnExportFails) {
       if (printed) dialog.click("chkPrinToPdf");
       dialog.type(target);
       std::string told;
-      onAFullDisk([&] { told = dialog.run(); });
+      onAFullDisk(500, [&] { told = dialog.run(); });
       told += dialog.note();
       EXPECT_NE(told.find("out.pdf: File too large"), std::string::npos) << told;
       EXPECT_TRUE(dialog.isOpen());
@@ -248,7 +234,7 @@ TEST(ExportDialog, saysWhyAnExportFails) {
   EXPECT_NE(readFile(target), "old");
   EXPECT_EQ(window.status(), "");
   const std::string mail = window.directory().write("report_mail.tmp", target + "\r\n");
-  onAFullDisk([&] { window.press("F5"); });
+  onAFullDisk(500, [&] { window.press("F5"); });
   EXPECT_NE(window.status().find("File too large"), std::string::npos) << window.status();
   EXPECT_EQ(readFile(mail), target + "\r\n");
   EXPECT_EQ(window.directory().names().size(), 3U) << "what the last mail has sent is there";

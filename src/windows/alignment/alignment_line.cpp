@@ -1,0 +1,125 @@
+// Bands over pages.
+#include "windows/alignment/alignment_line.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPainter>
+#include <utility>
+
+#include "language/language.h"
+#include "platform/qt/qt_text.h"
+
+namespace qor {
+namespace {
+
+constexpr int kFocusShade = 40;  // of 255
+
+Qt::PenStyle qtStyle(PenStyle style) {
+  switch (style) {
+    case PenStyle::solid: return Qt::SolidLine;
+    case PenStyle::dash: return Qt::DashLine;
+    case PenStyle::dashDot: return Qt::DashDotLine;
+    case PenStyle::dashDotDot: return Qt::DashDotDotLine;
+    default: return Qt::DotLine;
+  }
+}
+
+QColor qtColor(Color color) {
+  return QColor::fromRgb(pixelOf(color));
+}
+
+}  // namespace
+
+AlignmentLine::AlignmentLine(LineKind kind, const LineLook& look, Page page, QWidget* area)
+    : QWidget(area), kind_(kind), look_(look), page_(std::move(page)) {
+  setCursor(Qt::SizeVerCursor);
+  setFocusPolicy(Qt::StrongFocus);
+  putTo(look.lastTop);
+}
+
+LineLook AlignmentLine::look() const {
+  LineLook look = look_;
+  look.lastTop = y();
+  return look;
+}
+
+void AlignmentLine::setLook(const LineLook& look) {
+  look_ = look;
+  putTo(y());
+  update();
+}
+
+void AlignmentLine::putTo(int top) {
+  setGeometry(0, top, parentWidget()->width(), look_.height);
+  raise();
+}
+
+// The frame lies inside, however wide the pen is. Who moves it by keys sees it shaded.
+void AlignmentLine::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  QColor shade = qtColor(look_.color);
+  shade.setAlpha(kFocusShade);
+  if (hasFocus()) painter.fillRect(rect(), shade);
+  painter.setPen(QPen(qtColor(look_.color), look_.penWidth, qtStyle(penOf(look_.penStyle))));
+  const double half = look_.penWidth / 2.0;
+  painter.drawRect(QRectF(rect()).adjusted(half, half, -half, -half));
+}
+
+void AlignmentLine::mousePressEvent(QMouseEvent* event) {
+  dragging_ = event->button() == Qt::LeftButton;
+  drag_start_ = event->position().toPoint().y();
+}
+
+void AlignmentLine::mouseMoveEvent(QMouseEvent* event) {
+  if (!event->buttons().testFlag(Qt::LeftButton)) dragging_ = false;
+  if (dragging_) moveBy(event->position().toPoint().y() - drag_start_);
+}
+
+void AlignmentLine::mouseReleaseEvent(QMouseEvent*) {
+  dragging_ = false;
+}
+
+void AlignmentLine::moveBy(int way) {
+  const int top = y() + way;
+  if (way == 0 || !acceptsTop(page_.room(), top, height())) return;
+  move(x(), top);
+  emit moved();
+}
+
+void AlignmentLine::contextMenuEvent(QContextMenuEvent* event) {
+  dragging_ = false;
+  const AlignmentTexts& texts = alignmentTexts();
+  QMenu menu(this);
+  menu.setObjectName("PopUpMnuUser");
+  connect(menu.addAction(qtText(texts.lineProperties)), &QAction::triggered, this,
+          &AlignmentLine::propertiesWanted, Qt::QueuedConnection);
+  menu.addSeparator();
+  connect(menu.addAction(qtText(texts.deleteLine)), &QAction::triggered, this,
+          &AlignmentLine::deleteWanted, Qt::QueuedConnection);
+  menu.exec(event->globalPos());
+}
+
+void AlignmentLine::keyPressEvent(QKeyEvent* event) {
+  const bool byRows = event->modifiers().testFlag(Qt::ControlModifier);
+  const int step = byRows ? page_.rowHeight() : 1;
+  switch (event->key()) {
+    case Qt::Key_Up: return moveBy(-step);
+    case Qt::Key_Down: return moveBy(step);
+    case Qt::Key_Delete: return emit deleteWanted();
+    case Qt::Key_Escape: return emit leaveWanted();
+    default: QWidget::keyPressEvent(event);
+  }
+}
+
+TRowControl::TRowControl(const LineLook& look, Page page, QWidget* area)
+    : AlignmentLine(LineKind::row, look, std::move(page), area) {
+  setObjectName("row_line");
+}
+
+TShapeRow::TShapeRow(const LineLook& look, Page page, QWidget* area)
+    : AlignmentLine(LineKind::shape, look, std::move(page), area) {
+  setObjectName("shape_line");
+}
+
+}  // namespace qor

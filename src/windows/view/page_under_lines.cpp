@@ -1,0 +1,62 @@
+// Pages under lines.
+#include "windows/view/page_under_lines.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/units.h"
+#include "document/vdata.h"
+#include "document/vdocpage.h"
+#include "windows/view/page_overlay.h"
+#include "windows/view/page_show.h"
+#include "windows/view/passing_hint.h"
+#include "windows/view/view_desk.h"
+
+namespace qor {
+namespace {
+
+constexpr int kUsualRow = 18;  // pixels, where no page is there to be asked
+
+// Twips of the page's first line that has a height.
+std::int32_t rowOf(const VDocPage& page) {
+  for (const VDocStr& line : page.lines()) {
+    for (const VData* item = line.FirstItem; item != nullptr; item = item->NextItem)
+      if (item->heightOnLine() > 0) return item->heightOnLine();
+  }
+  return 0;
+}
+
+int rowHeight(const ViewDesk& desk, const PageShow& pages) {
+  const auto mapping = desk.page_control->overlay().mapping();
+  const VDocPage* page = pages.loadedPage();
+  const std::int32_t twips = page == nullptr ? 0 : rowOf(*page);
+  if (!mapping || twips == 0) return kUsualRow;
+  const double pixels = mapping->toPixels({0, double(twips)}).y - mapping->toPixels({0, 0}).y;
+  return std::max(1, static_cast<int>(std::lround(pixels)));
+}
+
+// The view of a single page starts with its sheet.
+std::optional<double> millimetresAt(const ViewDesk& desk, int y) {
+  const PageOverlay& overlay = desk.page_control->overlay();
+  const auto mapping = overlay.mapping();
+  if (!mapping) return std::nullopt;
+  const int below = overlay.mapFrom(desk.ui.pScroll->viewport(), QPoint(0, y)).y();
+  const double twips = mapping->toTwips({0, double(below)}).y - mapping->toTwips({0, 0}).y;
+  return millimetresFromTwips(twips);
+}
+
+}  // namespace
+
+AlignmentLines::Page pageUnderLines(ViewDesk& desk, const PageShow& pages) {
+  AlignmentLines::Page page;
+  page.room = [&desk] {
+    return LineRoom{desk.page_control->y(), desk.ui.pScroll->viewport()->height()};
+  };
+  page.rowHeight = [&desk, &pages] { return rowHeight(desk, pages); };
+  auto* hint = new PassingHint(desk.ui.pScroll);
+  page.tell = [hint](const QString& text) { hint->tell(text); };
+  page.millimetresAt = [&desk](int y) { return millimetresAt(desk, y); };
+  return page;
+}
+
+}  // namespace qor

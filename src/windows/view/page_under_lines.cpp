@@ -53,8 +53,7 @@ AlignmentLines::Page pageUnderLines(ViewDesk& desk, const PageShow& pages) {
     return LineRoom{desk.page_control->y(), desk.ui.pScroll->viewport()->height()};
   };
   page.rowHeight = [&desk, &pages] { return rowHeight(desk, pages); };
-  auto* hint = new PassingHint(desk.ui.pScroll);
-  page.tell = [hint](const QString& text) { hint->tell(text); };
+  page.tell = [&desk](const QString& text) { desk.hint->tell(text); };
   page.millimetresAt = [&desk](int y) { return millimetresAt(desk, y); };
   return page;
 }

@@ -1,6 +1,8 @@
 // What the parts find on their desk.
 #include "windows/view/view_desk.h"
 
+#include "windows/view/passing_hint.h"
+
 namespace qor {
 namespace {
 
@@ -13,7 +15,10 @@ Ui::TfrmView formIn(QMainWindow* window) {
 }  // namespace
 
 ViewDesk::ViewDesk(QMainWindow* window)
-    : ui(formIn(window)), page_control(new VPage(window)), status(*ui.stBar) {
+    : ui(formIn(window)),
+      page_control(new VPage(window)),
+      hint(new PassingHint(ui.pScroll)),
+      status(*ui.stBar) {
   page_control->setObjectName("page_control");
   ui.pScroll->setControl(page_control);
 }

@@ -14,11 +14,14 @@
 
 namespace qor {
 
+class PassingHint;
+
 struct ViewDesk {
   explicit ViewDesk(QMainWindow* window);
 
   Ui::TfrmView ui;
   VPage* page_control;
+  PassingHint* hint;  // at the bottom of the scrolling area
   StatusPanels status;
   ViewState state;
   PageCursor cursor;

@@ -13,11 +13,7 @@
 namespace qor {
 
 ViewSwitches::ViewSwitches(ViewDesk& desk, PageShow& pages, PageListPane& list, PaperScale& scale)
-    : desk_(desk),
-      pages_(pages),
-      list_(list),
-      scale_(scale),
-      hint_(new PassingHint(desk.ui.pScroll)) {
+    : desk_(desk), pages_(pages), list_(list), scale_(scale) {
 }
 
 void ViewSwitches::cmdView_SetPreviewTypeClick(PreviewKind kind) {
@@ -65,8 +61,8 @@ void ViewSwitches::applyFullWindow() {
   const bool alone = desk_.state.FlagFullWindow;
   desk_.ui.pTools->setVisible(!alone);
   desk_.ui.stBar->setVisible(!alone);
-  hint_->hide();
-  if (alone) hint_->tell(qtText(previewTexts().leavesFullWindow));
+  desk_.hint->hide();
+  if (alone) desk_.hint->tell(qtText(previewTexts().leavesFullWindow));
 }
 
 }  // namespace qor

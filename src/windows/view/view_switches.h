@@ -11,7 +11,6 @@ namespace qor {
 class PageListPane;
 class PageShow;
 class PaperScale;
-class PassingHint;
 struct ViewDesk;
 
 class ViewSwitches : public QObject {
@@ -38,7 +37,6 @@ class ViewSwitches : public QObject {
   PageShow& pages_;
   PageListPane& list_;
   PaperScale& scale_;
-  PassingHint* hint_;
 };
 
 }  // namespace qor

@@ -1,6 +1,7 @@
 // How soon the window has painted what a command asks for: preview_bench REPORT. It stands on the
 // display in force at 1920 by 1080 and prints lines "name seconds", medians.
 #include <QApplication>
+#include <QMouseEvent>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -50,6 +51,23 @@ void measureSeveral(qor::TfrmView& window) {
   print("several_pages", seconds);
 }
 
+// A step of dragging an alignment line over the page.
+void measureLine(qor::TfrmView& window) {
+  window.parts().lines.mnuShapeLineClick();
+  auto* line = window.findChild<qor::TShapeRow*>();
+  const auto send = [line](QEvent::Type type, Qt::MouseButton button, int y) {
+    const QPointF spot(100, y);
+    QMouseEvent event(type, spot, line->mapToGlobal(spot), button, Qt::LeftButton, {});
+    QApplication::sendEvent(line, &event);
+  };
+  send(QEvent::MouseButtonPress, Qt::LeftButton, 5);
+  std::vector<double> seconds;
+  for (int i = 0; i < 100; ++i)
+    seconds.push_back(secondsOf([&] { send(QEvent::MouseMove, Qt::NoButton, 5 + 8); }));
+  window.parts().lines.mnuShapeLineClick();
+  print("line_step", seconds);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -61,5 +79,7 @@ int main(int argc, char** argv) {
   window.show();
   secondsOf([] {});
   for (const int entry : {0, 2, 3, 4, 5, 6, 8, 10}) measureZoom(window, entry);
+  window.parts().zoom.mnuZoomListClick(6);
+  measureLine(window);
   measureSeveral(window);
 }

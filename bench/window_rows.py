@@ -40,9 +40,10 @@ def measure_commands(screen):
     """From a command to its picture, in the process itself."""
     eight = make_report("8.txt", "8")
     values = screen.run([str(BUILD / "preview_bench"), str(eight)]).values()
-    several = values.pop("several_pages") * 1e3
+    several, line = (values.pop(name) * 1e3 for name in ("several_pages", "line_step"))
     slowest = max(values.values()) * 1e3
     row("Slowest zoom step, 1920 by 1080", f"{slowest:.1f} ms", "", "", "≤ 16 ms", slowest <= 16)
+    row("Step of dragging a line, 1920 by 1080", f"{line:.1f} ms", "", "", "≤ 4 ms", line <= 4)
     row("Several pages: 8 at 25 percent", f"{several:.1f} ms", "", "", "≤ 50 ms", several <= 50)
 
 

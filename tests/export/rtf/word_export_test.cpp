@@ -1,5 +1,6 @@
 // Documents of the program, as word processors and other readers see them.
-#include <regex>
+
+#include <algorithm>
 
 #include <gtest/gtest.h>
 
@@ -63,11 +64,21 @@ std::string hexOf(const std::string& bytes) {
 // The numbers of each drawing object: its box, its depth, its kind, then where they are there flip
 // or rounding, the line's, and the dots and the size of a picture.
 std::string objectsOf(const std::string& rtf) {
-  static const std::regex kNumber(
-      R"(\\(?:shp(left|top|right|bottom|z)|pic[wh]\w*?|sn (?:shape|fFlip|adj|fLi|line)\w+..\\sv )(-?\d+))");
+  constexpr std::string_view kWords[] = {
+      "shpleft",      "shptop",    "shpright",       "shpbottom",
+      "shpz",         "picwgoal",  "pichgoal",       "picw",
+      "pich",         "sn fLine",  "sn lineColor",   "sn lineWidth",
+      "sn shapeType", "sn fFlipV", "sn adjustValue", "sn lineDashing"};
   std::string numbers;
-  for (std::sregex_iterator found(rtf.begin(), rtf.end(), kNumber), end; found != end; ++found)
-    numbers += ((*found)[1] == "left" ? "|" : " ") + (*found)[2].str();
+  for (auto place = rtf.find('\\'); place != std::string::npos; place = rtf.find('\\', place + 1)) {
+    const std::string_view rest = std::string_view(rtf).substr(place + 1);
+    const auto* const word = std::find_if(std::begin(kWords), std::end(kWords),
+                                          [rest](auto start) { return rest.starts_with(start); });
+    if (word == std::end(kWords)) continue;
+    const std::size_t digits = rest.find_first_of("-0123456789");
+    numbers += word == kWords ? '|' : ' ';
+    numbers += rest.substr(digits, rest.find_first_not_of("-0123456789", digits) - digits);
+  }
   return numbers;
 }
 

@@ -155,7 +155,7 @@ void RtfDocument::addPicture(const EmbeddedPicture& picture, const WordPicture& 
 }
 
 std::string RtfDocument::head() const {
-  std::string head = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl";
+  std::string head = R"({\rtf1\ansi\ansicpg1252\deff0{\fonttbl)";
   for (std::size_t i = 0; i < faces_.size(); ++i) {
     head.append("{\\f").append(std::to_string(i)).append("\\fnil\\fcharset0 ");
     appendRtfName(faces_[i], head);

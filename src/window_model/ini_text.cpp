@@ -17,7 +17,8 @@ bool isHead(std::string_view line) {
 
 }  // namespace
 
-IniText::IniText(std::string_view text) : lines_(linesOf(text)) {
+IniText::IniText(std::string_view text)
+    : lines_(linesOf(utf8ByMark(text).value_or(std::string(text)))) {
 }
 
 std::optional<IniText::Part> IniText::partOf(std::string_view section) const {
@@ -32,30 +33,35 @@ std::optional<IniText::Part> IniText::partOf(std::string_view section) const {
   return std::nullopt;
 }
 
-std::optional<std::size_t> IniText::lineOf(const Part& part, std::string_view key) const {
+std::optional<std::size_t> IniText::lineOf(const Part& part, std::string_view key,
+                                           Blanks blanks) const {
   for (std::size_t i = part.start; i < part.end; ++i) {
     const std::string_view line = trimmedLeft(lines_[i]);
-    if (line.find('=') != std::string_view::npos && isSame(upTo(line, '='), key)) return i;
+    if (line.find('=') == std::string_view::npos) continue;
+    const std::string_view found = upTo(line, '=');
+    if (isSame(blanks == Blanks::kept ? found : trimmed(found), key)) return i;
   }
   return std::nullopt;
 }
 
-std::optional<std::string> IniText::value(std::string_view section, std::string_view key) const {
+std::optional<std::string> IniText::value(std::string_view section, std::string_view key,
+                                          Blanks blanks) const {
   const auto part = partOf(section);
-  const auto line = part ? lineOf(*part, key) : std::nullopt;
+  const auto line = part ? lineOf(*part, key, blanks) : std::nullopt;
   if (!line) return std::nullopt;
   const std::string_view text = lines_[*line];
   return std::string(trimmed(text.substr(text.find('=') + 1)));
 }
 
-void IniText::set(std::string_view section, std::string_view key, std::string_view value) {
+void IniText::set(std::string_view section, std::string_view key, std::string_view value,
+                  Blanks blanks) {
   const std::string entry = std::string(key) + "=" + std::string(value);
   auto part = partOf(section);
   if (!part) {
     lines_.push_back("[" + std::string(section) + "]");
     part = Part{lines_.size(), lines_.size()};
   }
-  if (const auto line = lineOf(*part, key)) {
+  if (const auto line = lineOf(*part, key, blanks)) {
     lines_[*line] = entry;
   } else {
     lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(part->end), entry);

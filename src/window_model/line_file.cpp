@@ -27,9 +27,9 @@ LineFile::LineFile(const std::string& program, const std::string& user)
 }
 
 std::string LineFile::read() const {
-  auto text = readWholeFile(own_, kMostBytes);
-  if (!text) text = readWholeFile(shared_, kMostBytes);
-  return text.value_or("");
+  for (const std::string& path : {own_, shared_})
+    if (fileExists(path)) return loadWholeFile(path, kMostBytes);
+  return "";
 }
 
 void LineFile::write(const std::string& text) const {

@@ -11,7 +11,8 @@ class LineFile {
   // Their directories, each with a closing "/".
   LineFile(const std::string& program, const std::string& user);
 
-  // The text of the user's own file, or else of the one beside the program; empty for none.
+  // The text of the user's own file, or else of the one beside the program; empty for none. Throws
+  // FileError where one is there and can't be read: nobody may write over it then.
   std::string read() const;
 
   // Writes the user's own file where there is one, else the one beside the program and, where that

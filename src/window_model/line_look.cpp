@@ -29,13 +29,14 @@ PenStyle penOf(std::int32_t style) {
 
 LineLook lookIn(std::string_view ini, LineKind kind) {
   const IniText text(ini);
-  const auto number = [&](std::string_view key, std::int32_t usual) {
-    const auto value = text.value(sectionOf(kind), key);
+  using Blanks = IniText::Blanks;
+  const auto number = [&](std::string_view key, std::int32_t usual, Blanks blanks = Blanks::left) {
+    const auto value = text.value(sectionOf(kind), key, blanks);
     return value ? parseInteger(*value).value_or(usual) : usual;
   };
   LineLook look;
   look.height = std::clamp(number("Height", look.height), 1, kMostLineHeight);
-  look.color = static_cast<Color>(number("Color ", 255)) & kWhite;
+  look.color = static_cast<Color>(number("Color ", 255, Blanks::kept)) & kWhite;
   look.penStyle = number("PenStyle", look.penStyle);
   look.penWidth = std::clamp(number("PenWidth", look.penWidth), 1, kMostPenWidth);
   look.lastTop = std::clamp(number("LastTop", look.lastTop), -kFarthest, kFarthest);
@@ -45,11 +46,12 @@ LineLook lookIn(std::string_view ini, LineKind kind) {
 
 std::string withLook(std::string_view ini, LineKind kind, const LineLook& look) {
   IniText text(ini);
-  const auto set = [&](std::string_view key, std::int64_t number) {
-    text.set(sectionOf(kind), key, std::to_string(number));
+  using Blanks = IniText::Blanks;
+  const auto set = [&](std::string_view key, std::int64_t number, Blanks blanks = Blanks::left) {
+    text.set(sectionOf(kind), key, std::to_string(number), blanks);
   };
   set("Height", look.height);
-  set("Color", look.color);
+  set("Color", look.color, Blanks::kept);
   set("PenStyle", look.penStyle);
   set("PenWidth", look.penWidth);
   set("LastTop", look.lastTop);

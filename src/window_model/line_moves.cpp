@@ -17,6 +17,21 @@ bool acceptsTop(const LineRoom& room, int top, int lineHeight) {
   return top > room.pageTop && top + lineHeight < room.height;
 }
 
+int keyTop(const LineRoom& room, int top, int lineHeight, int way) {
+  const int highest = room.pageTop + 1;
+  const int lowest = std::max(highest, room.height - lineHeight - 1);
+  const int next = std::clamp(top + way, highest, lowest);
+  return (next > top) == (way > 0) ? next : top;
+}
+
+int topInSight(const LineRoom& room, int top, int lineHeight) {
+  return std::clamp(top, 0, std::max(0, room.height - lineHeight));
+}
+
+bool isNearTop(const LineRoom& room, int top, int lineHeight) {
+  return top < room.pageTop + lineHeight;
+}
+
 int lowestTop(const LineRoom& room, int lineHeight) {
   return std::max(room.pageTop + 1, std::min(kLowest, room.height - lineHeight - 1));
 }

@@ -15,6 +15,16 @@ struct LineRoom {
 // area's end.
 bool acceptsTop(const LineRoom& room, int top, int lineHeight);
 
+// Where a line comes by keys: as far as it may be dragged, and a line beyond that comes nearer
+// only.
+int keyTop(const LineRoom& room, int top, int lineHeight, int way);
+
+// The nearest place where it is in sight.
+int topInSight(const LineRoom& room, int top, int lineHeight);
+
+// Whether it is nearer to the page's top than it is high.
+bool isNearTop(const LineRoom& room, int top, int lineHeight);
+
 // As far down as a line comes by itself, at least below the page's top.
 int lowestTop(const LineRoom& room, int lineHeight);
 

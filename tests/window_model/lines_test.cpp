@@ -24,8 +24,8 @@ TEST(LineLook, isReadFromItsSection) {
       {"", "18 255 2 1 0 0", "18 255 2 1 0 0"},
       {"[RowSet]\nHeight=30\nColor =65280\nPenStyle=4\nPenWidth=3\nLastTop=77\nShowFlag=1\n"
        "[ShapeSet]\nheight = 5\n",
-       "30 65280 4 3 77 1", "18 255 2 1 0 0"},
-      {"[ROWSET]\r\n HEIGHT= 9 \r\n[Other]\nHeight=1\n[shapeset]\nColor=5\nLastTop=-3",
+       "30 65280 4 3 77 1", "5 255 2 1 0 0"},
+      {"\xEF\xBB\xBF[ROWSET]\r\n HEIGHT = 9 \r\n[Other]\nHeight=1\n[shapeset]\nColor=5\nLastTop=-3",
        "9 255 2 1 0 0", "18 255 2 1 -3 0"},
       {"[RowSet]\nHeight=-5\nPenWidth=99\nPenStyle=x\nColor =-1\nLastTop=999999999\nShowFlag=2\n"
        "[ShapeSet]\nHeight=99999\nPenWidth=0\nHeight=7\nColor =$FF0000",
@@ -66,6 +66,8 @@ TEST(LineFile, isTheUsersOwnWhereTheOtherCannotBe) {
   EXPECT_EQ(file.read(), "two");
   file.write("three");
   EXPECT_EQ(place.read("bin/QorRow.ini") + place.read("home/QOR/QorRow.ini"), "sharedthree");
+  place.write("home/QOR/QorRow.ini", std::string((1 << 20) + 1, ' '));
+  EXPECT_THROW(file.read(), FileError) << "or it would be written over";
   EXPECT_THROW(
       LineFile(place.path("bin/QorRow.ini/"), place.path("home/QOR/QorRow.ini/")).write(""),
       FileError);
@@ -88,6 +90,14 @@ TEST(LineMoves, endAtThePageAndTheArea) {
     EXPECT_TRUE(step.top == next && step.turn == turn) << top << way << step.top << step.turn;
   }
   EXPECT_EQ(lowestTop({10, 20}, 18), 11);
+  const std::tuple<int, int, int> keys[] = {{100, 1, 101},  {0, 1, 11},    {0, -1, 0},
+                                            {11, -1, 11},   {281, 1, 281}, {275, 15, 281},
+                                            {500, -1, 281}, {500, 1, 500}};
+  for (const auto& [top, way, next] : keys) EXPECT_EQ(keyTop(small, top, 18, way), next) << top;
+  const std::pair<int, int> sights[] = {{-5, 0}, {0, 0}, {282, 282}, {283, 282}, {9999, 282}};
+  for (const auto& [top, seen] : sights) EXPECT_EQ(topInSight(small, top, 18), seen);
+  EXPECT_EQ(topInSight({10, 5}, 7, 18), 0);
+  EXPECT_TRUE(isNearTop(small, 27, 18) && !isNearTop(small, 28, 18));
   EXPECT_EQ(lineHint("Line", 12.34), "Line Y = 12.3 mm\n");
   EXPECT_EQ(lineHint("Line", -0.04), "Line Y = 0.0 mm\n");
   EXPECT_EQ(lineHint("Line", -3.96), "Line Y = -4.0 mm\n");

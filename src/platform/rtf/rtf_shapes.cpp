@@ -43,7 +43,7 @@ void appendNumber(std::string_view word, std::int64_t number, std::string& rtf) 
 }
 
 void appendProperty(std::string_view name, std::int64_t value, std::string& rtf) {
-  rtf.append("{\\sp{\\sn ").append(name).append("}{\\sv ").append(std::to_string(value));
+  rtf.append(R"({\sp{\sn )").append(name).append("}{\\sv ").append(std::to_string(value));
   rtf += "}}";
 }
 
@@ -63,12 +63,12 @@ struct Placed {
 };
 
 void appendStart(const Placed& box, int type, int number, std::string& rtf) {
-  rtf += "{\\shp{\\*\\shpinst";
+  rtf += R"({\shp{\*\shpinst)";
   appendNumber("shpleft", box.left, rtf);
   appendNumber("shptop", box.top, rtf);
   appendNumber("shpright", box.right, rtf);
   appendNumber("shpbottom", box.bottom, rtf);
-  rtf += "\\shpfhdr0\\shpbxpage\\shpbxignore\\shpbypage\\shpbyignore\\shpwr3\\shpwrk0\\shpfblwtxt1";
+  rtf += R"(\shpfhdr0\shpbxpage\shpbxignore\shpbypage\shpbyignore\shpwr3\shpwrk0\shpfblwtxt1)";
   appendNumber("shpz", number, rtf);
   appendNumber("shplid", number, rtf);
   constexpr int kOfPage = 1;
@@ -134,7 +134,7 @@ void writeRtfPicture(const EmbeddedPicture& picture, const WordPicture& place, i
   } else {
     appendProperty("fLine", 0, rtf);
   }
-  rtf += "{\\sp{\\sn pib}{\\sv {\\pict";
+  rtf += R"({\sp{\sn pib}{\sv {\pict)";
   appendNumber("picw", picture.width, rtf);
   appendNumber("pich", picture.height, rtf);
   appendNumber("picwgoal", box.right - box.left, rtf);

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
+#include <cmath>
 #include <utility>
 
 #include "language/language.h"
@@ -73,21 +74,36 @@ void AlignmentLine::mousePressEvent(QMouseEvent* event) {
 
 void AlignmentLine::mouseMoveEvent(QMouseEvent* event) {
   if (!event->buttons().testFlag(Qt::LeftButton)) dragging_ = false;
-  if (dragging_) moveBy(event->position().toPoint().y() - drag_start_);
+  if (dragging_) dragBy(event->position().toPoint().y() - drag_start_);
 }
 
 void AlignmentLine::mouseReleaseEvent(QMouseEvent*) {
   dragging_ = false;
 }
 
-void AlignmentLine::moveBy(int way) {
+void AlignmentLine::dragBy(int way) {
   const int top = y() + way;
+  rest_ = 0;
   if (way == 0 || !acceptsTop(page_.room(), top, height())) return;
   move(x(), top);
   emit moved();
 }
 
+void AlignmentLine::stepBy(double way) {
+  rest_ += way;
+  const int step = static_cast<int>(std::lround(rest_));
+  const int top = keyTop(page_.room(), y(), height(), step);
+  rest_ = top == y() + step ? rest_ - step : 0;
+  if (top == y()) return;
+  move(x(), top);
+  emit moved();
+}
+
 void AlignmentLine::contextMenuEvent(QContextMenuEvent* event) {
+  popUp(event->globalPos());
+}
+
+void AlignmentLine::popUp(const QPoint& spot) {
   dragging_ = false;
   const AlignmentTexts& texts = alignmentTexts();
   QMenu menu(this);
@@ -97,17 +113,19 @@ void AlignmentLine::contextMenuEvent(QContextMenuEvent* event) {
   menu.addSeparator();
   connect(menu.addAction(qtText(texts.deleteLine)), &QAction::triggered, this,
           &AlignmentLine::deleteWanted, Qt::QueuedConnection);
-  menu.exec(event->globalPos());
+  menu.exec(spot);
 }
 
 void AlignmentLine::keyPressEvent(QKeyEvent* event) {
   const bool byRows = event->modifiers().testFlag(Qt::ControlModifier);
-  const int step = byRows ? page_.rowHeight() : 1;
+  const double step = byRows ? page_.rowHeight() : 1;
+  if (!byRows) rest_ = 0;
   switch (event->key()) {
-    case Qt::Key_Up: return moveBy(-step);
-    case Qt::Key_Down: return moveBy(step);
+    case Qt::Key_Up: return stepBy(-step);
+    case Qt::Key_Down: return stepBy(step);
     case Qt::Key_Delete: return emit deleteWanted();
     case Qt::Key_Escape: return emit leaveWanted();
+    case Qt::Key_F10: return popUp(mapToGlobal(rect().center()));
     default: QWidget::keyPressEvent(event);
   }
 }

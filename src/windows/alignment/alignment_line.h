@@ -18,7 +18,7 @@ class AlignmentLine : public QWidget {
   // high.
   struct Page {
     std::function<LineRoom()> room;
-    std::function<int()> rowHeight;
+    std::function<double()> rowHeight;
   };
 
   AlignmentLine(LineKind kind, const LineLook& look, Page page, QWidget* area);
@@ -48,13 +48,16 @@ class AlignmentLine : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void moveBy(int way);
+  void dragBy(int way);
+  void stepBy(double way);
+  void popUp(const QPoint& spot);
 
   LineKind kind_;
   LineLook look_;
   Page page_;
   bool dragging_ = false;
   int drag_start_ = 0;  // where the button went down, pixels from the line's top
+  double rest_ = 0;     // of rows, which aren't whole pixels
 };
 
 // The line for rows, and the one for shapes.

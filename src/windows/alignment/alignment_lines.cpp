@@ -51,7 +51,7 @@ void AlignmentLines::show(LineKind kind, const LineLook& look) {
   connect(line, &AlignmentLine::propertiesWanted, this, [this, line] { showProperties(*line); });
   connect(line, &AlignmentLine::deleteWanted, this, [this, kind] { toggle(kind); });
   connect(line, &AlignmentLine::leaveWanted, this, &AlignmentLines::left);
-  tellPlace(*line, false);
+  rebuild();
   line->show();
 }
 
@@ -97,17 +97,29 @@ int AlignmentLines::walk(int way) {
 }
 
 void AlignmentLines::toTop() {
-  putEach([](const AlignmentLine&, const LineRoom& room) { return room.pageTop + 1; });
+  int above = 0;
+  putEach([&above](const AlignmentLine& line, const LineRoom& room) {
+    return room.pageTop + 1 + std::exchange(above, line.height());
+  });
 }
 
 void AlignmentLines::toBottom() {
+  int below = 0;
+  putEach([&below](const AlignmentLine& line, const LineRoom& room) {
+    return lowestTop(room, line.height()) - std::exchange(below, line.height());
+  });
+}
+
+void AlignmentLines::nearToTop() {
   putEach([](const AlignmentLine& line, const LineRoom& room) {
-    return lowestTop(room, line.height());
+    return isNearTop(room, line.y(), line.height()) ? room.pageTop + 1 : line.y();
   });
 }
 
 void AlignmentLines::rebuild() {
-  putEach([](const AlignmentLine& line, const LineRoom&) { return line.y(); });
+  putEach([](const AlignmentLine& line, const LineRoom& room) {
+    return topInSight(room, line.y(), line.height());
+  });
 }
 
 bool AlignmentLines::eventFilter(QObject* watched, QEvent* event) {

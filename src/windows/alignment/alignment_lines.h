@@ -27,7 +27,7 @@ class AlignmentLines : public QObject {
   AlignmentLines(QWidget* area, LineFile file, Page page);
   ~AlignmentLines() override;
 
-  // Shows the lines that are there from the start.
+  // Shows the lines that are there from the start. Throws FileError.
   void FormShow();
   // Stores where lines stand. Throws FileError.
   void FormClose() const;
@@ -45,11 +45,13 @@ class AlignmentLines : public QObject {
   // the page before (-1) or behind (1) is asked for, and nothing moves.
   int walk(int way);
 
-  // To the ends of their ways.
+  // To the ends of their ways, one beside the other; and to the top only those that are near it.
   void toTop();
   void toBottom();
+  void nearToTop();
 
-  // What is seen has changed: they span it, above everything else, and tell their places anew.
+  // What is seen has changed: they span it, above everything else and in sight, and tell their
+  // places anew.
   void rebuild();
 
  signals:

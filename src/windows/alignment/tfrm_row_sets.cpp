@@ -62,6 +62,8 @@ void TfrmRowSets::applyCaptions() {
   ui_->grpSize->setTitle(qtText(texts.size));
   ui_->lblHeight->setText(qtText(texts.height));
   ui_->lblWidth->setText(qtText(texts.lineWidth));
+  ui_->UpDown1->setAccessibleName(qtText(texts.height));
+  ui_->UpDown2->setAccessibleName(qtText(texts.lineWidth));
   ui_->btnColor->setText(qtText(texts.color));
   ui_->txtColor->setAccessibleName(qtText(texts.color));
   ui_->rgrpPenStyle->setTitle(qtText(texts.style));
@@ -87,16 +89,18 @@ void TfrmRowSets::FormShow() {
   ui_->cbRowShowFlag->setChecked(look_.showFlag == 1);
 }
 
-// The arrows and the edit follow each other.
+// The arrows and the edit follow each other. A bar for scrolling counts downwards, a number
+// upwards.
 void TfrmRowSets::bindNumber(QLineEdit* edit, QScrollBar* arrows, int value, int highest) {
-  arrows->setRange(1, highest);
-  arrows->setValue(value);
+  arrows->setRange(-highest, -1);
+  arrows->setValue(-value);
   edit->setText(QString::number(value));
   connect(arrows, &QScrollBar::valueChanged, edit,
-          [edit](int number) { edit->setText(QString::number(number)); });
+          [edit](int number) { edit->setText(QString::number(-number)); });
   connect(edit, &QLineEdit::textEdited, arrows, [edit, arrows] {
     const QSignalBlocker quiet(arrows);
-    if (const auto number = parseInteger(edit->text().toStdString())) arrows->setValue(*number);
+    if (const auto number = parseInteger(edit->text().toStdString()))
+      arrows->setValue(-std::clamp(*number, 1, -arrows->minimum()));
   });
 }
 

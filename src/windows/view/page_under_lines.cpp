@@ -2,7 +2,7 @@
 #include "windows/view/page_under_lines.h"
 
 #include <algorithm>
-#include <cmath>
+#include <map>
 
 #include "base/units.h"
 #include "document/vdata.h"
@@ -15,24 +15,26 @@
 namespace qor {
 namespace {
 
-constexpr int kUsualRow = 18;  // pixels, where no page is there to be asked
+constexpr double kUsualRow = 18;  // pixels, where no page is there to be asked
 
-// Twips of the page's first line that has a height.
+// Twips of the height that most of the page's lines have, 0 where none has one.
 std::int32_t rowOf(const VDocPage& page) {
+  std::map<std::int32_t, int> counts;
   for (const VDocStr& line : page.lines()) {
     for (const VData* item = line.FirstItem; item != nullptr; item = item->NextItem)
-      if (item->heightOnLine() > 0) return item->heightOnLine();
+      if (item->heightOnLine() > 0) ++counts[item->heightOnLine()];
   }
-  return 0;
+  const auto most = std::max_element(counts.begin(), counts.end(),
+                                     [](auto& a, auto& b) { return a.second < b.second; });
+  return most == counts.end() ? 0 : most->first;
 }
 
-int rowHeight(const ViewDesk& desk, const PageShow& pages) {
+double rowHeight(const ViewDesk& desk, const PageShow& pages) {
   const auto mapping = desk.page_control->overlay().mapping();
   const VDocPage* page = pages.loadedPage();
   const std::int32_t twips = page == nullptr ? 0 : rowOf(*page);
   if (!mapping || twips == 0) return kUsualRow;
-  const double pixels = mapping->toPixels({0, double(twips)}).y - mapping->toPixels({0, 0}).y;
-  return std::max(1, static_cast<int>(std::lround(pixels)));
+  return std::max(1.0, mapping->toPixels({0, double(twips)}).y - mapping->toPixels({0, 0}).y);
 }
 
 // The view of a single page starts with its sheet.

@@ -90,7 +90,8 @@ void TfrmView::FormShow() {
                                         qtText(settings_.location()));
   parts.pages.start();
   cmbPagesChange();
-  parts.lines.FormShow();
+  const QString failure = failureOf([&parts] { parts.lines.FormShow(); });
+  if (!failure.isNull()) desk.status.setMessage(failure);
   desk.ui.pScroll->setFocus();
 }
 

@@ -82,6 +82,9 @@ void TfrmView::connectParts() {
     parts.pageStatus.describeView();
     parts.lines.rebuild();
   });
+  connect(parts.desk->ui.pScroll->verticalScrollBar(), &QScrollBar::valueChanged, &parts.lines,
+          &AlignmentLines::rebuild);
+  connect(&parts.switches, &ViewSwitches::kindChanged, &parts.lines, &AlignmentLines::nearToTop);
   connect(&parts.lines, &AlignmentLines::toggled, this, &TfrmView::updateCommands);
   connect(&parts.lines, &AlignmentLines::left, this,
           [&parts] { parts.desk->ui.pScroll->setFocus(); });

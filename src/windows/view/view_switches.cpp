@@ -22,6 +22,7 @@ void ViewSwitches::cmdView_SetPreviewTypeClick(PreviewKind kind) {
   if (VDoc* doc = pages_.document()) openPrinterForView(desk_, *doc);
   pages_.ShowPage();
   scale_.reset();
+  emit kindChanged();
   emit stateChanged();
 }
 

@@ -31,6 +31,7 @@ class ViewSwitches : public QObject {
 
  signals:
   void stateChanged();  // and the view is to be remembered
+  void kindChanged();   // of the view; its pages are on show
 
  private:
   ViewDesk& desk_;

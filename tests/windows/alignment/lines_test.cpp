@@ -139,13 +139,31 @@ TEST_F(AlignmentLinesInWindow, moveByMouseAndKeys) {
     return shape.y() - before;
   };
   EXPECT_EQ(pressed("Down"), 1);
+  EXPECT_EQ(shape.toolTip().toStdString(), hint(102 - top + 30));
+  window.area().verticalScrollBar()->setValue(0);
+  EXPECT_EQ(shape.toolTip().toStdString(), hint(102 - top)) << "the page goes on under it";
+  window.area().verticalScrollBar()->setValue(30);
   EXPECT_EQ(pressed("Up"), -1);
   // Courier New of 10 points has rows of 11.3 points.
   EXPECT_EQ(pressed("Ctrl+Down"), 15);
   EXPECT_EQ(pressed("Ctrl+Up"), -15);
+  window.press("Ctrl+Down", 10);
+  EXPECT_EQ(shape.y(), 101 + 151);
+  window.press("Ctrl+Up", 10);
   EXPECT_EQ(window.scrolled(), 30);
+  QTimer::singleShot(50, [] {
+    QWidget* popup = QApplication::activePopupWidget();
+    EXPECT_TRUE(popup != nullptr && popup->objectName() == "PopUpMnuUser");
+    if (popup != nullptr) popup->close();
+  });
+  window.press("Shift+F10");
   EXPECT_EQ(window.press("PgDown"), 2) << "other keys are the window's";
   EXPECT_EQ(shape.y(), 101);
+  shape.putTo(0);
+  EXPECT_EQ(pressed("Down"), top + 1) << "it comes onto the page";
+  shape.putTo(top + 5);
+  window.press("mnuWideView");
+  EXPECT_EQ(shape.y(), window.pageControl().y() + 1) << "near the top";
   window.press("Esc");
   EXPECT_TRUE(window.form().isVisible() && window.area().hasFocus());
 }
@@ -178,12 +196,18 @@ TEST_F(AlignmentLinesInWindow, walkOverPages) {
   EXPECT_EQ(window.press("Ctrl+End"), 3);
   EXPECT_EQ(row->y(), lowest);
   EXPECT_EQ(window.press("Down"), 3) << "there is no page behind";
+  window.press("Ctrl+L");
+  window.press("End");
+  EXPECT_EQ(row->y() - line(window)->y(), line(window)->height()) << "neither hides the other";
+  window.press("Ctrl+L");
   row->putTo(123);
   window.close();
   EXPECT_EQ(readFile(path()),
             "[RowSet]\r\nLastTop=123\r\nShowFlag=1\r\n[ShapeSet]\r\nShowFlag=0\r\n");
   Window again(report());
   EXPECT_EQ(line(again, "row_line")->y(), 123);
+  again.resize({500, 200});
+  EXPECT_LT(line(again, "row_line")->geometry().bottom(), again.area().viewport()->height());
 }
 
 // Opens the properties and does the steps in them; texts of boxes that come.
@@ -232,8 +256,9 @@ TEST_F(AlignmentLinesInWindow, takeTheSameProperties) {
     click(form, "cmdOk");
     EXPECT_TRUE(form.isVisible());
     type(form, "txtHeight", "30");
-    EXPECT_EQ(form.findChild<QScrollBar*>("UpDown1")->value(), 30);
-    form.findChild<QScrollBar*>("UpDown2")->setValue(4);
+    EXPECT_EQ(form.findChild<QScrollBar*>("UpDown1")->value(), -30);
+    auto* arrows = form.findChild<QScrollBar*>("UpDown2");
+    for (int i = 0; i < 3; ++i) QTest::mouseClick(arrows, Qt::LeftButton, {}, QPoint(5, 3));
     EXPECT_EQ(form.findChild<QLineEdit*>("txtWidth")->text(), "4");
     click(form, "btnColor");
     styles[0]->click();

@@ -30,7 +30,7 @@ export_samples() {
   mkdir -p "$here/out"
   cd "$here/samples"
   while IFS=$'\t' read -r report codepage; do
-    for extension in png pdf txt; do
+    for extension in png pdf rtf txt xlsx; do
       "$here/build/qorutlview" -f "$report" -codepage "$codepage" \
         -export "$here/out/${report%.txt}.$extension"
     done

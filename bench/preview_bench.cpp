@@ -60,6 +60,7 @@ void measureLine(qor::TfrmView& window) {
     QMouseEvent event(type, spot, line->mapToGlobal(spot), button, Qt::LeftButton, {});
     QApplication::sendEvent(line, &event);
   };
+  line->putTo(60);
   send(QEvent::MouseButtonPress, Qt::LeftButton, 5);
   std::vector<double> seconds;
   for (int i = 0; i < 100; ++i)

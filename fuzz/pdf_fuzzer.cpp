@@ -5,12 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "base/app_options.h"
-#include "document/vdoc.h"
 #include "export/pdf/pdf_export.h"
+#include "exported_report.h"
 #include "platform/print/pdf_file_printer.h"
 #include "platform/print/print_system.h"
-#include "scratch.h"
 
 namespace {
 
@@ -24,22 +22,19 @@ void usePdfPrinter() {
   setPrintSystem(std::make_unique<PrintSystem>(std::move(systems)));
 }
 
-void exportReport(std::string_view bytes, bool byPrinter) {
-  AppOptions.DocCodePage = 866;
-  AppOptions.FileName = scratch.write("report.txt", bytes);
-  VDoc doc;
-  doc.ScanPages(false);
-  ExportTask task = {doc, scratch.write("report.pdf", ""), runOptions()};
-  task.options.PrintToPdfPrinter = byPrinter;
-  ExportPdf(task);
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   usePdfPrinter();
   scratch.clear();
-  fuzz::tolerant([=] { exportReport(fuzz::textOf(data, size), false); });
-  fuzz::tolerant([=] { exportReport(fuzz::textOf(data, size), true); });
+  for (const bool byPrinter : {false, true}) {
+    fuzz::tolerant([=] {
+      fuzz::exportReport(scratch, fuzz::textOf(data, size), 866, "report.pdf",
+                         [byPrinter](ExportTask& task) {
+                           task.options.PrintToPdfPrinter = byPrinter;
+                           ExportPdf(task);
+                         });
+    });
+  }
   return 0;
 }

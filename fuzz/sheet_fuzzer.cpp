@@ -1,7 +1,6 @@
 // A report of any bytes as XLSX and XLS, whose files other libraries must be able to read back.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -11,10 +10,8 @@
 #include <gsf/gsf-utils.h>
 #include <libxml/parser.h>
 
-#include "base/app_options.h"
-#include "document/vdoc.h"
 #include "export/sheet/sheet_export.h"
-#include "scratch.h"
+#include "exported_report.h"
 
 namespace {
 
@@ -28,9 +25,7 @@ struct Unref {
 template <class Object>
 using Gsf = std::unique_ptr<Object, Unref>;
 
-void demand(bool holds) {
-  if (!holds) std::abort();
-}
+using fuzz::demand;
 
 Gsf<GsfInput> opened(const std::string& path) {
   Gsf<GsfInput> input(gsf_input_stdio_new(path.c_str(), nullptr));
@@ -131,19 +126,6 @@ void readXls(const std::string& path) {
   demand(listed >= 1 && starts == listed + 1 && ends == starts);
 }
 
-void exportReport(std::string_view bytes, const char* name, bool pagePerSheet,
-                  void (*readBack)(const std::string&)) {
-  AppOptions.DocCodePage = 866;
-  AppOptions.FileName = scratch.write("report.txt", bytes);
-  VDoc doc;
-  doc.ScanPages(false);
-  ExportTask task = {doc, scratch.write(name, ""), runOptions()};
-  task.options.PagePerSheet = pagePerSheet;
-  task.mode = PageMode::sheets;
-  ExportSheets(task);
-  readBack(task.target);
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -151,7 +133,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   scratch.clear();
   scratch.writePictures();
   const auto exportTo = [=](const char* name, bool pagePerSheet, auto readBack) {
-    fuzz::tolerant([=] { exportReport(fuzz::textOf(data, size), name, pagePerSheet, readBack); });
+    fuzz::tolerant([=] {
+      fuzz::exportReport(scratch, fuzz::textOf(data, size), 866, name, [=](ExportTask& task) {
+        task.options.PagePerSheet = pagePerSheet;
+        task.mode = PageMode::sheets;
+        ExportSheets(task);
+        readBack(task.target);
+      });
+    });
   };
   scratch.inside([&] {
     exportTo("r.xlsx", true, readXlsx);

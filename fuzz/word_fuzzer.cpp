@@ -1,13 +1,10 @@
 // A report of any bytes as RTF, which must be printable ASCII in groups that all end.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
-#include "base/app_options.h"
-#include "document/vdoc.h"
 #include "export/rtf/word_export.h"
+#include "exported_report.h"
 #include "platform/system/input_file.h"
-#include "scratch.h"
 
 namespace {
 
@@ -15,9 +12,7 @@ using namespace qor;
 
 const fuzz::Scratch scratch;
 
-void demand(bool holds) {
-  if (!holds) std::abort();
-}
+using fuzz::demand;
 
 void checkRtf(std::string_view rtf) {
   int depth = 0;
@@ -30,22 +25,20 @@ void checkRtf(std::string_view rtf) {
   demand(depth == 0 && rtf.starts_with("{\\rtf1"));
 }
 
-void exportReport(std::string_view bytes) {
-  AppOptions.DocCodePage = bytes.size() % 2 == 0 ? 866 : 1252;
-  AppOptions.FileName = scratch.write("report.txt", bytes);
-  VDoc doc;
-  doc.ScanPages(false);
-  ExportTask task = {doc, scratch.write("r.rtf", ""), runOptions()};
-  task.options.SaveDocPictures = true;
-  ExportWord(task);
-  checkRtf(*readWholeFile(task.target, UINT32_MAX));
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   scratch.clear();
   scratch.writePictures();
-  scratch.inside([=] { fuzz::tolerant([=] { exportReport(fuzz::textOf(data, size)); }); });
+  scratch.inside([=] {
+    fuzz::tolerant([=] {
+      fuzz::exportReport(scratch, fuzz::textOf(data, size), size % 2 == 0 ? 866 : 1252, "r.rtf",
+                         [](ExportTask& task) {
+                           task.options.SaveDocPictures = true;
+                           ExportWord(task);
+                           checkRtf(*readWholeFile(task.target, UINT32_MAX));
+                         });
+    });
+  });
   return 0;
 }

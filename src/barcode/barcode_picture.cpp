@@ -16,11 +16,14 @@
 #include "document/vdata.h"
 #include "document/vdocpage.h"
 #include "document/vset.h"
+#include "platform/system/input_file.h"
 #include "platform/system/messages.h"
 #include "platform/system/text_encoding.h"
 
 namespace qor {
 namespace {
+
+constexpr std::uint64_t kMaxBarcodePicture = 64U << 20;
 
 // A value that no file can bear shows this much of itself in the name of its picture.
 constexpr std::size_t kMaxNamedPart = 40;
@@ -132,6 +135,10 @@ std::string barcodePictureName(const BarcodePlace& place, std::string_view endin
 std::string barcodePictureName(const VData_BarCode& code, std::string_view stem,
                                std::string_view ending) {
   return barcodePictureName(placeOf(code, stem), ending);
+}
+
+std::optional<std::string> readBarcodePicture(const std::string& name) {
+  return readWholeFile(name, kMaxBarcodePicture);
 }
 
 void writeBarcodePictures(const VData_BarCode& code, int dpi) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,9 @@ std::string barcodePictureName(const BarcodePlace& place, std::string_view endin
 
 std::string barcodePictureName(const VData_BarCode& code, std::string_view stem,
                                std::string_view ending);
+
+// The file of such a picture; nothing where there is none.
+std::optional<std::string> readBarcodePicture(const std::string& name);
 
 // Writes the symbol in both endings, ".jpeg" and ".jpg", with the dots of a device of this
 // resolution, as large as the item's box or, where that has no size, as what the bars cover. A

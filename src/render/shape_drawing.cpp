@@ -3,6 +3,7 @@
 
 #include "document/vdata.h"
 #include "platform/canvas/canvas.h"
+#include "render/shape_pen.h"
 #include "render/shape_picture.h"
 
 namespace qor {
@@ -19,11 +20,6 @@ constexpr std::array<BrushStyle, 8> kBrushStyles = {
     BrushStyle::cross,      BrushStyle::diagonalCross, BrushStyle::forwardDiagonal,
     BrushStyle::horizontal, BrushStyle::vertical};
 
-PenStyle penStyleOf(std::int32_t type) {
-  const auto place = static_cast<std::size_t>(type);
-  return place < kPenStyles.size() ? kPenStyles[place] : PenStyle::solid;
-}
-
 // A brush type that doesn't exist leaves the brush that is there.
 Brush brushOf(std::int32_t type, Color color, const Brush& current) {
   const auto place = static_cast<std::size_t>(type);
@@ -32,8 +28,14 @@ Brush brushOf(std::int32_t type, Color color, const Brush& current) {
 
 }  // namespace
 
+Pen penOf(const VData_Shape& shape) {
+  const auto place = static_cast<std::size_t>(shape.PenType);
+  return {place < kPenStyles.size() ? kPenStyles[place] : PenStyle::solid,
+          shape.LineWidth < 1 ? kUsualLineWidth : shape.LineWidth, shape.PenColor};
+}
+
 void VData_Shape::drawOutline(Canvas& canvas) const {
-  canvas.setPen({penStyleOf(PenType), LineWidth < 1 ? kUsualLineWidth : LineWidth, PenColor});
+  canvas.setPen(penOf(*this));
   canvas.setBrush(brushOf(BrushType, BrushColor, canvas.brush()));
   const Rect rect = {Left, Top, Right, Bottom};
   switch (ShapeType) {

@@ -13,7 +13,6 @@
 #include "document/side_picture.h"
 #include "platform/pictures/picture.h"
 #include "platform/system/directory.h"
-#include "platform/system/input_file.h"
 #include "platform/system/output_file.h"
 #include "platform/system/text_encoding.h"
 
@@ -21,7 +20,6 @@ namespace qor {
 namespace {
 
 constexpr int kHtmlDpi = 72;
-constexpr std::uint64_t kMaxBarcodePicture = 64U << 20;
 
 std::int64_t htmlPixels(std::int32_t twips) {
   return pixelsFromTwips(twips, kHtmlDpi);
@@ -61,7 +59,7 @@ std::string linkOf(const std::string& name, int codePage) {
 
 void appendBarcode(const VData_BarCode& code, std::string_view stem, std::string& html) {
   const std::string name = barcodePictureName(code, stem, ".jpeg");
-  const auto file = readWholeFile(name, kMaxBarcodePicture);
+  const auto file = readBarcodePicture(name);
   const auto picture = file ? decodePicture(*file) : std::nullopt;
   if (!picture) return;
   html.append("<img src=\"").append(linkOf(name, code.Settings->Page.BaseCodePage)).append("\"");

@@ -5,12 +5,9 @@
 #include "document/picture_file.h"
 #include "export/pdf/markup_values.h"
 #include "export/pdf/pdf_writer.h"
-#include "platform/system/input_file.h"
 
 namespace qor {
 namespace {
-
-constexpr std::uint64_t kMaxBarcodePicture = 64U << 20;
 
 // Pictures in their own size hang from the place they are put at.
 constexpr FitOptions kNaturalSize = {.vertical = 1, .dpi = kPictureDpi};
@@ -74,7 +71,7 @@ void PdfWriter::writeBarcode(const MarkupRecord& record) {
       {stem_, withBrackets(record[PdfField::barcodeValue], buffer), code_page_,
        integerOf(record[PdfField::boxLeft]), integerOf(record[PdfField::boxTop])},
       ".jpeg");
-  const PdfImage* image = imageOf(readWholeFile(name, kMaxBarcodePicture));
+  const PdfImage* image = imageOf(readBarcodePicture(name));
   if (image == nullptr) return;
   document_.fitImage(*image, wholePoints(record[PdfField::boxLeft]),
                      kPageHeight - wholePoints(record[PdfField::boxTop]), kNaturalSize);

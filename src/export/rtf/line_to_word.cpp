@@ -12,12 +12,12 @@
 #include "export/rtf/word_pictures.h"
 #include "platform/rtf/word_document.h"
 #include "render/image_placing.h"
+#include "render/shape_pen.h"
 
 namespace qor {
 namespace {
 
 constexpr double kUsualSize = 12;  // points, of a font without a height
-constexpr std::int32_t kUsualLineWidth = 15;
 
 std::optional<WordShapeKind> shapeKindOf(std::int32_t shape) {
   switch (shape) {
@@ -27,18 +27,6 @@ std::optional<WordShapeKind> shapeKindOf(std::int32_t shape) {
     case kRoundedShape: return WordShapeKind::roundedRectangle;
     case kEllipseShape: return WordShapeKind::ellipse;
     default: return std::nullopt;
-  }
-}
-
-// Always a line that is seen, whatever the pen.
-WordLine lineOf(const VData_Shape& shape) {
-  const std::int32_t width = shape.LineWidth < 1 ? kUsualLineWidth : shape.LineWidth;
-  switch (shape.PenType) {
-    case kDashPen: return {shape.PenColor, width, PenStyle::dash};
-    case kDotPen: return {shape.PenColor, width, PenStyle::dot};
-    case kDashDotPen: return {shape.PenColor, width, PenStyle::dashDot};
-    case kDashDotDotPen: return {shape.PenColor, width, PenStyle::dashDotDot};
-    default: return {shape.PenColor, width, PenStyle::solid};
   }
 }
 
@@ -71,10 +59,10 @@ class LineTeller : public ItemVisitor {
     const LogFont& font = item.Font.LogFont;
     const double size = std::abs(item.Font.Height);
     document_.setFont(text_.utf8(font.faceName()), size > 0 ? size : kUsualSize);
-    if (font.Weight >= kBoldWeight && !bold_) toggleBold();
-    if (font.Weight <= kPlainWeight && bold_) toggleBold();
-    if (font.Italic <= 1 && italic_ != (font.Italic == 1)) toggleItalic();
-    if (font.Underline <= 1 && underline_ != (font.Underline == 1)) toggleUnderline();
+    if (bold_ ? font.Weight <= kPlainWeight : font.Weight >= kBoldWeight)
+      toggle(bold_, &WordDocument::toggleBold);
+    if (font.Italic == (italic_ ? 0 : 1)) toggle(italic_, &WordDocument::toggleItalic);
+    if (font.Underline == (underline_ ? 0 : 1)) toggle(underline_, &WordDocument::toggleUnderline);
   }
 
   void text(VData_Text& item) override { document_.typeText(text_.utf8(item.Text)); }
@@ -84,7 +72,7 @@ class LineTeller : public ItemVisitor {
     if (pictures_ == nullptr || !kind) return;
     const std::int32_t rounding = std::min(shape.RoundWidth, shape.RoundHeight) / 2;
     document_.addShape(
-        {*kind, {shape.Left, shape.Top, shape.Right, shape.Bottom}, lineOf(shape), rounding});
+        {*kind, {shape.Left, shape.Top, shape.Right, shape.Bottom}, penOf(shape), rounding});
     has_placed_ = true;
   }
 
@@ -92,8 +80,8 @@ class LineTeller : public ItemVisitor {
     const auto picture = pictures_ == nullptr ? nullptr : pictures_->pictureOf(image);
     const auto box = picture ? boxOf(image, *picture) : std::nullopt;
     if (!box) return;
-    std::optional<WordLine> frame;
-    if (image.ShapeType == kRectangleShape) frame = lineOf(image);
+    std::optional<Pen> frame;
+    if (image.ShapeType == kRectangleShape) frame = penOf(image);
     document_.addPicture(*picture, {*box, frame});
     has_placed_ = true;
   }
@@ -106,17 +94,9 @@ class LineTeller : public ItemVisitor {
   }
 
  private:
-  void toggleBold() {
-    document_.toggleBold();
-    bold_ = !bold_;
-  }
-  void toggleItalic() {
-    document_.toggleItalic();
-    italic_ = !italic_;
-  }
-  void toggleUnderline() {
-    document_.toggleUnderline();
-    underline_ = !underline_;
+  void toggle(bool& flag, void (WordDocument::*style)()) {
+    (document_.*style)();
+    flag = !flag;
   }
 
   WordDocument& document_;

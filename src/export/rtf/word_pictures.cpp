@@ -8,7 +8,6 @@
 #include "document/picture_file.h"
 #include "document/vdata.h"
 #include "document/vset.h"
-#include "platform/system/input_file.h"
 #include "platform/system/text_encoding.h"
 
 namespace qor {
@@ -16,7 +15,6 @@ namespace {
 
 using Shared = std::shared_ptr<const EmbeddedPicture>;
 
-constexpr std::uint64_t kMaxBarcodePicture = 64U << 20;
 constexpr std::size_t kMostKnownBytes = std::size_t{16} << 20;
 
 Shared embedded(std::optional<std::string> file) {
@@ -41,7 +39,7 @@ Shared WordPictures::pictureOf(const VData_Image& image) {
 }
 
 Shared WordPictures::pictureOf(const VData_BarCode& code) const {
-  return embedded(readWholeFile(barcodePictureName(code, stem_, ".jpeg"), kMaxBarcodePicture));
+  return embedded(readBarcodePicture(barcodePictureName(code, stem_, ".jpeg")));
 }
 
 }  // namespace qor

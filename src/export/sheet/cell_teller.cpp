@@ -2,6 +2,7 @@
 #include "export/sheet/cell_teller.h"
 
 #include <cmath>
+#include <utility>
 
 #include "barcode/barcode_picture.h"
 #include "base/units.h"
@@ -9,14 +10,12 @@
 #include "document/vset.h"
 #include "export/sheet/cell_value.h"
 #include "export/sheet/excel_convert_libxl.h"
-#include "platform/system/input_file.h"
 
 namespace qor {
 namespace {
 
 constexpr double kColumnWidth = 16;  // mm
 constexpr double kRowHeight = 4.5;
-constexpr std::uint64_t kMaxBarcodePicture = 64U << 20;
 
 // The cell behind the one that holds this place.
 std::int32_t cellAt(std::int32_t twips, double size) {
@@ -90,8 +89,8 @@ void CellTeller::barcode(VData_BarCode& code) {
   convert_.row_ = barcodeCellAt(code.Top, kRowHeight);
   convert_.column_ = barcodeCellAt(code.Left, kColumnWidth);
   const std::string name = barcodePictureName(code, convert_.options_.pictureStem, ".jpg");
-  if (const auto file = readWholeFile(name, kMaxBarcodePicture))
-    convert_.AddPicture(convert_.pictures_.pictureOf(*file));
+  if (auto file = readBarcodePicture(name))
+    convert_.AddPicture(convert_.pictures_.pictureOf(*std::move(file)));
   convert_.column_ += 2;
 }
 

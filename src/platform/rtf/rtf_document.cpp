@@ -53,7 +53,7 @@ class RtfDocument : public WordDocument {
   void breakBeforeParagraph();
   std::size_t fontNamed(std::string_view face);
   void takeStyle();
-  void switchTo(bool wanted, bool& written, std::string_view word);
+  void switchTo(bool wanted, bool written, std::string_view word);
   std::string head() const;
 
   OutputFile& file_;
@@ -83,11 +83,10 @@ void RtfDocument::setFont(std::string_view face, double points) {
       static_cast<int>(std::clamp(std::round(points * 2), kLeastHalfPoints, kMostHalfPoints));
 }
 
-void RtfDocument::switchTo(bool wanted, bool& written, std::string_view word) {
+void RtfDocument::switchTo(bool wanted, bool written, std::string_view word) {
   if (wanted == written) return;
   line_ += word;
   if (!wanted) line_ += '0';
-  written = wanted;
 }
 
 // Only what differs is told, with a blank behind it.

@@ -3,10 +3,6 @@
 #include "platform/rtf/rtf_shapes.h"
 
 #include <algorithm>
-#include <array>
-#include <utility>
-
-#include "base/units.h"
 
 namespace qor {
 namespace {
@@ -80,12 +76,12 @@ void appendStart(const Placed& box, int type, int number, std::string& rtf) {
   appendProperty("fFilled", 0, rtf);
 }
 
-void appendLine(const WordLine& line, std::string& rtf) {
+void appendPen(const Pen& pen, std::string& rtf) {
   appendProperty("fLine", 1, rtf);
-  appendProperty("lineColor", line.color & 0xFFFFFFU, rtf);
-  const std::int64_t width = std::clamp(line.width, 1, kWidestLine);
+  appendProperty("lineColor", pen.color & kWhite, rtf);
+  const std::int64_t width = std::clamp(pen.width, 1, kWidestLine);
   appendProperty("lineWidth", width * kEmuPerTwip, rtf);
-  if (const int dashing = dashingOf(line.style); dashing != 0)
+  if (const int dashing = dashingOf(pen.style); dashing != 0)
     appendProperty("lineDashing", dashing, rtf);
 }
 
@@ -97,7 +93,7 @@ void appendRounding(std::int32_t radius, const Placed& box, std::string& rtf) {
   appendProperty("adjustValue", std::clamp<std::int64_t>(part, 0, kWhole / 2), rtf);
 }
 
-// Bytes as pairs of digits, some lines at a time.
+// Bytes as pairs of digits, a line at a time.
 void writeDigits(std::string_view bytes, ByteSink& sink) {
   constexpr std::string_view kDigits = "0123456789abcdef";
   constexpr std::size_t kBytesInLine = 64;
@@ -120,7 +116,7 @@ void appendRtfShape(const WordShape& shape, int number, std::string& rtf) {
   appendStart(box, typeOf(shape), number, rtf);
   if (shape.kind == WordShapeKind::line && box.turned) appendProperty("fFlipV", 1, rtf);
   if (shape.kind == WordShapeKind::roundedRectangle) appendRounding(shape.rounding, box, rtf);
-  appendLine(shape.line, rtf);
+  appendPen(shape.pen, rtf);
   rtf += kEnd;
 }
 
@@ -130,7 +126,7 @@ void writeRtfPicture(const EmbeddedPicture& picture, const WordPicture& place, i
   std::string rtf;
   appendStart(box, kPictureFrame, number, rtf);
   if (place.frame) {
-    appendLine(*place.frame, rtf);
+    appendPen(*place.frame, rtf);
   } else {
     appendProperty("fLine", 0, rtf);
   }

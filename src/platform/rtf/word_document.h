@@ -23,23 +23,18 @@ struct WordPage {
 
 enum class WordShapeKind { line, rectangle, roundedRectangle, ellipse };
 
-struct WordLine {
-  Color color = kBlack;
-  std::int32_t width = 15;  // twips
-  PenStyle style = PenStyle::solid;
-};
-
-// Its box counts from the sheet's corner, in twips, and may be turned over.
+// Its box counts from the sheet's corner, in twips, and may be turned over. The pen is in twips,
+// too, and always draws.
 struct WordShape {
   WordShapeKind kind = WordShapeKind::rectangle;
   Rect box;
-  WordLine line;
+  Pen pen;
   std::int32_t rounding = 0;  // of a rounded rectangle's corners: their radius, twips
 };
 
 struct WordPicture {
   Rect box;  // as a shape's
-  std::optional<WordLine> frame;
+  std::optional<Pen> frame;
 };
 
 // How a page break comes into the text: typed, as part of what is typed there, or put beside it.

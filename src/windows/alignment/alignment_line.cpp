@@ -10,6 +10,7 @@
 
 #include "language/language.h"
 #include "platform/qt/qt_text.h"
+#include "windows/qt_color.h"
 
 namespace qor {
 namespace {
@@ -24,10 +25,6 @@ Qt::PenStyle qtStyle(PenStyle style) {
     case PenStyle::dashDotDot: return Qt::DashDotDotLine;
     default: return Qt::DotLine;
   }
-}
-
-QColor qtColor(Color color) {
-  return QColor::fromRgb(pixelOf(color));
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 #include "windows/alignment/alignment_lines.h"
 
 #include <QEvent>
-#include <algorithm>
 #include <utility>
 
 #include "language/language.h"

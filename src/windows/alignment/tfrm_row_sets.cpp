@@ -16,6 +16,7 @@
 #include "language/language.h"
 #include "platform/qt/qt_text.h"
 #include "ui_tfrm_row_sets.h"
+#include "windows/qt_color.h"
 
 namespace qor {
 namespace {
@@ -105,16 +106,13 @@ void TfrmRowSets::bindNumber(QLineEdit* edit, QScrollBar* arrows, int value, int
 }
 
 void TfrmRowSets::showColor() {
-  const QColor color = QColor::fromRgb(pixelOf(look_.color));
-  ui_->txtColor->setStyleSheet(QString("background: %1").arg(color.name()));
+  ui_->txtColor->setStyleSheet(QString("background: %1").arg(qtColor(look_.color).name()));
 }
 
 void TfrmRowSets::btnColorClick() {
-  const QColor color =
-      QColorDialog::getColor(QColor::fromRgb(pixelOf(look_.color)), this, windowTitle());
+  const QColor color = QColorDialog::getColor(qtColor(look_.color), this, windowTitle());
   if (!color.isValid()) return;
-  const auto part = [](int value, int place) { return static_cast<Color>(value) << place; };
-  look_.color = part(color.red(), 0) | part(color.green(), 8) | part(color.blue(), 16);
+  look_.color = canvasColor(color);
   showColor();
 }
 

@@ -12,6 +12,7 @@
 
 #include "platform/qt/qt_text.h"
 #include "windows/palette/vpalettecontrol.h"
+#include "windows/qt_color.h"
 
 namespace qor {
 namespace {
@@ -120,7 +121,7 @@ void VDropDownPalette::paintEvent(QPaintEvent*) {
   const QRect place =
       rect().adjusted(kColorMargin, kColorMargin, -kColorMargin - arrow, -kColorMargin);
   painter.setOpacity(isEnabled() ? 1.0 : kDisabledOpacity);
-  painter.fillRect(place, QColor::fromRgb(pixelOf(color_)));
+  painter.fillRect(place, qtColor(color_));
   painter.setPen(palette().color(QPalette::ButtonText));
   painter.drawRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5));
 }

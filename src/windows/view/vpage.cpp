@@ -8,6 +8,7 @@
 #include "document/vdocpage.h"
 #include "window_model/page_view.h"
 #include "window_model/zoom_fit.h"
+#include "windows/qt_color.h"
 #include "windows/view/page_image.h"
 #include "windows/view/page_overlay.h"
 #include "windows/view/small_pages.h"
@@ -20,10 +21,6 @@ constexpr int kMessageMargin = 24;  // pixels
 // The longest side of a view that a window can scroll over with what is around it (QWidget ends at
 // 2^24 - 1), pixels.
 constexpr std::int32_t kLongestSide = 16'000'000;
-
-Color canvasColor(const QColor& color) {
-  return static_cast<Color>(color.red() | color.green() << 8 | color.blue() << 16);
-}
 
 // The sheet alone where there is no page.
 void paintPageOrSheet(VDocPage* page, Canvas& canvas, const PageView& view, const ViewPart& part) {

@@ -1,6 +1,7 @@
 // Printing and exporting with no window.
 #include "app/batch.h"
 
+#include <new>
 #include <string>
 
 #include "app/side_files.h"
@@ -46,8 +47,10 @@ int PrintWithoutInterface() {
   try {
     const PrintOutcome outcome = printReport();
     if (!outcome.notice.empty()) writeErrorLine(outcome.notice);
-    if (!outcome.cameToNothing()) report.cleanUp(ListedFiles::keep, {});
+    if (!outcome.cameToNothing()) report.cleanUp(ListedFiles::keep, {outcome.file});
     return 1;
+  } catch (const std::bad_alloc&) {
+    writeErrorLine(AppOptions.FileName + ": not enough memory to print it");
   } catch (...) {
     tellFailure();
   }
@@ -73,6 +76,8 @@ int ExportWithoutInterface() {
   } catch (const NumberedError&) {
     // The report stays, also under DeleteAfterPrint: nothing came of it.
     return -1;
+  } catch (const std::bad_alloc&) {
+    throw SystemError("not enough memory to export it to " + AppOptions.ExportTarget);
   }
   return 1;
 }

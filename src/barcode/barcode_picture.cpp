@@ -138,7 +138,7 @@ std::string barcodePictureName(const VData_BarCode& code, std::string_view stem,
 }
 
 std::optional<std::string> readBarcodePicture(const std::string& name) {
-  return readWholeFile(name, kMaxBarcodePicture);
+  return readWholeFile(name, kMaxBarcodePicture, LinkSource::refused);
 }
 
 void writeBarcodePictures(const VData_BarCode& code, int dpi) {

@@ -15,6 +15,9 @@ class LoadedPage {
       : doc_(doc), number_(number), page_(doc.GetPage(number, mode)) {
     if (!page_->Loaded) throw NumberedError(kErrorOpenDocument, AppOptions.FileName);
   }
+  // From a file that is open already.
+  LoadedPage(VDoc& doc, std::int32_t number, const InputFile& file, PageMode mode)
+      : doc_(doc), number_(number), page_(&doc.LoadPage(number, file, mode)) {}
   ~LoadedPage() { doc_.ReleasePage(number_); }
   LoadedPage(const LoadedPage&) = delete;
   LoadedPage& operator=(const LoadedPage&) = delete;

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "base/app_options.h"
+#include "base/errors.h"
 #include "document/control_bytes.h"
 #include "document/vdoc.h"
 
@@ -62,8 +63,8 @@ class FileWindow {
     const std::uint64_t left = offset < size_ ? size_ - offset : 0;
     const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(left, kWindowSize));
     filled_ = file_.readAt(offset, buffer_.data(), wanted);
-    // The file has become shorter, or never was as long as it said.
-    if (filled_ < wanted) size_ = offset + filled_;
+    if (filled_ < wanted)
+      throw ReportError(AppOptions.FileName + ": became shorter while its pages were looked for");
   }
 
   const InputFile& file_;
@@ -140,6 +141,7 @@ class PageScan {
 bool VDoc::ScanPages(bool rescan) {
   const auto file = OpenFile();
   if (!file) return false;
+  scanned_ = file->stamp();
   std::uint64_t start = 0;
   if (!rescan) {
     Clear();
@@ -173,6 +175,7 @@ void VDoc::dropControlPage(const InputFile& file) {
 void VDoc::ScanFirstPage() {
   const auto file = OpenFile();
   if (!file) return;
+  scanned_ = file->stamp();
   ReadHeader(*file);
   const std::uint64_t size = file->size();
   std::string bytes(kFirstPageSize, '\0');

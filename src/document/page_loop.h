@@ -20,13 +20,18 @@ void forEachNumber(std::int32_t count, const PageProgress& progress, Use use) {
   }
 }
 
-// Calls `use` with each page. Throws as forEachNumber and LoadedPage.
+// Calls `use` with each page. Throws as forEachNumber and LoadedPage, and where the report changed
+// meanwhile as VDoc::RequireSameFile.
 template <class Use>
 void forEachPage(VDoc& doc, PageMode mode, const PageProgress& progress, Use use) {
+  if (doc.PageCount == 0) return;
+  const auto file = VDoc::OpenFile();
+  if (!file) throw NumberedError(kErrorOpenDocument, AppOptions.FileName);
   forEachNumber(doc.PageCount, progress, [&](std::int32_t number) {
-    const LoadedPage page(doc, number, mode);
+    const LoadedPage page(doc, number, *file, mode);
     use(*page);
   });
+  doc.RequireSameFile();
 }
 
 // Calls `use` with each line of a page that is loaded.

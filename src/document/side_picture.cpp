@@ -10,6 +10,7 @@
 #include "platform/pictures/save_picture.h"
 #include "platform/system/directory.h"
 #include "platform/system/messages.h"
+#include "platform/system/output_file.h"
 
 namespace qor {
 namespace {
@@ -37,7 +38,9 @@ void saveSidePicture(const Rect& rect, int dpi, const std::vector<std::string>& 
     draw(bitmap.canvas());
     for (const std::string& name : names) {
       NewSidePictures::note(name);
-      savePicture(bitmap.pixels(), PictureFormat::jpeg, dpi, name);
+      // Nobody has named it: a link in its place is somebody else's.
+      OutputFile file(name, LinkTarget::spared, Flush::later);
+      savePicture(bitmap.pixels(), PictureFormat::jpeg, dpi, file);
     }
   } catch (const FileError& error) {
     warnOnce(error.what());

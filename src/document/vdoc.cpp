@@ -90,8 +90,19 @@ VDocPage* VDoc::GetPage(std::int32_t number, PageMode mode) {
   if (page == nullptr) return nullptr;
   const auto file = OpenFile();
   if (!file) return page;
-  readPage(*page, *file, mode);
+  return &LoadPage(number, *file, mode);
+}
+
+VDocPage& VDoc::LoadPage(std::int32_t number, const InputFile& file, PageMode mode) {
+  VDocPage& page = *findPage(number);
+  readPage(page, file, mode);
   return page;
+}
+
+void VDoc::RequireSameFile() const {
+  const auto now = fileStamp(AppOptions.FileName);
+  if (!now || !scanned_.mayHaveGrownTo(*now))
+    throw ReportError(AppOptions.FileName + ": the report has changed since its pages were found");
 }
 
 const FontState& VDoc::FontAt(std::int32_t number) {
@@ -133,7 +144,7 @@ void VDoc::readPage(VDocPage& page, const InputFile& file, PageMode mode) {
   if (page.Number == 1 && HeaderLength > 0) page.Offset = HeaderLength;
   findLineEnds(file);
   FontState font = FontAt(page.Number);
-  page.ReadLines(file, mode, lineEnds(), font);
+  page.ReadLines(file, scanned_.size, mode, lineEnds(), font);
   fonts_.endOfPage(page.Number, font);
 }
 

@@ -49,7 +49,13 @@ class VDoc {
   // begins where the page before it ended or, where not all pages before it have been read, as the
   // last of these that is known.
   VDocPage* GetPage(std::int32_t number, PageMode mode = PageMode::plain);
+  // The same of a page that there is, from the file that whoever reads many pages has opened.
+  VDocPage& LoadPage(std::int32_t number, const InputFile& file, PageMode mode);
   void ReleasePage(std::int32_t number);
+
+  // Throws ReportError where the file is no longer the one whose pages were found, or was cut or
+  // written anew since: what was read of it may not belong together. One that has only grown is.
+  void RequireSameFile() const;
 
   // Reads the pages before this one that have not been read yet. Does nothing where the file can't
   // be opened; throws as GetPage.
@@ -125,6 +131,7 @@ class VDoc {
   FontState base_font_;  // of the settings that fonts_ started with
   RunningFonts fonts_;
   std::optional<LineEnds> line_ends_;
+  FileStamp scanned_;  // the file when its pages were found
   bool head_applied_ = false;
 };
 

@@ -23,10 +23,9 @@ const std::boyer_moore_horspool_searcher kMemoSearcher(kMemoMark.begin(), kMemoM
 constexpr std::uint64_t kMaxPageBytes = 1U << 30;
 
 std::string readBytes(const InputFile& file, std::uint64_t offset, std::uint64_t length) {
-  const std::uint64_t size = file.size();
-  const std::uint64_t there = offset < size ? std::min(length, size - offset) : 0;
-  std::string bytes(there, '\0');
-  bytes.resize(file.readAt(offset, bytes.data(), bytes.size()));
+  std::string bytes(length, '\0');
+  if (file.readAt(offset, bytes.data(), length) < length)
+    throw FileError(AppOptions.FileName + ": became shorter since its pages were found");
   return bytes;
 }
 
@@ -146,7 +145,8 @@ VDocPage::~VDocPage() {
   ReleaseLines();
 }
 
-void VDocPage::ReadLines(const InputFile& file, PageMode mode, LineEnds ends, FontState& font) {
+void VDocPage::ReadLines(const InputFile& file, std::uint64_t fileSize, PageMode mode,
+                         LineEnds ends, FontState& font) {
   ReleaseLines();
   if (Length > kMaxPageBytes) {
     throw ReportError("Error: page " + std::to_string(Number) +
@@ -154,7 +154,8 @@ void VDocPage::ReadLines(const InputFile& file, PageMode mode, LineEnds ends, Fo
   }
   std::string bytes;
   try {
-    bytes = readBytes(file, Offset, Length);
+    const std::uint64_t there = fileSize > Offset ? fileSize - Offset : 0;
+    bytes = readBytes(file, Offset, std::min(Length, there));
   } catch (const FileError& error) {
     throw ReportError(std::string(error.what()) + ": page " + std::to_string(Number) +
                       ". Error: can't read data from document file: " + AppOptions.FileName);

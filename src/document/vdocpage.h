@@ -30,9 +30,11 @@ class VDocPage {
   VDocPage& operator=(const VDocPage&) = delete;
 
   // Reads the page's bytes and builds its lines, with the font that runs at its start; `font` is
-  // then the one at its end. Throws ReportError where they can't be read, and for a page of more
-  // than 1 GiB.
-  void ReadLines(const InputFile& file, PageMode mode, LineEnds ends, FontState& font);
+  // then the one at its end. The file had that size when its pages were found: a last page may be
+  // told to be longer than it is. Throws ReportError where they can't be read, and for a page of
+  // more than 1 GiB.
+  void ReadLines(const InputFile& file, std::uint64_t fileSize, PageMode mode, LineEnds ends,
+                 FontState& font);
 
   // Builds one line and appends it.
   VDocStr& AddLine(std::string_view text, VCommand& commands);

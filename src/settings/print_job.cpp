@@ -121,6 +121,7 @@ void VDoc::sendPages(PrintContext& context, const InputFile& file, const PrintTa
     printPage(page, context, mapping);
     if (task.unscales) gPrintMetrics.LogPixelsX = context.caps().LogPixelsX;
   });
+  RequireSameFile();
 }
 
 PrintOutcome VDoc::print(const RunOptions& options, const PrintTask& task,

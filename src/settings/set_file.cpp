@@ -13,7 +13,6 @@ namespace qor {
 namespace {
 
 constexpr std::string_view kVersionLine = "<ReportSetsIniFile Ver=\"1.0\"/>";
-constexpr std::string_view kDefaultFile = "QorUtlView.vset";
 constexpr std::string_view kDefaultSet = "Default";
 
 // A set of this name can be written and listed, but never read.
@@ -65,7 +64,7 @@ int VSet::LoadSet(Use use) {
   // The default set is a memory of earlier runs: what this one was told goes before it.
   const bool remembered = AppOptions.IniFileName.empty() && AppOptions.CodePageGiven;
   if (AppOptions.IniFileName.empty()) {
-    AppOptions.IniFileName = AppOptions.WorkDir + std::string(kDefaultFile);
+    AppOptions.IniFileName = defaultSetFile();
   }
   if (AppOptions.SetName.empty()) AppOptions.SetName = kDefaultSet;
   if (fileExists(AppOptions.IniFileName)) {
@@ -103,7 +102,7 @@ int VSet::SaveSet() const {
   lines.insert(lines.begin(), std::string(kVersionLine));
   lines.insert(lines.end(), std::make_move_iterator(others.begin()),
                std::make_move_iterator(others.end()));
-  saveLines(AppOptions.IniFileName, lines);
+  saveSetFile(lines);
   return 0;
 }
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "base/app_options.h"
 #include "base/errors.h"
 #include "base/text.h"
 #include "platform/system/input_file.h"
@@ -50,6 +51,15 @@ void saveLines(const std::string& path, const std::vector<std::string>& lines, L
     file.write("\r\n");
   }
   file.commit();
+}
+
+std::string defaultSetFile() {
+  return AppOptions.WorkDir + "QorUtlView.vset";
+}
+
+void saveSetFile(const std::vector<std::string>& lines) {
+  const std::string& file = AppOptions.IniFileName;
+  saveLines(file, lines, file == defaultSetFile() ? LinkTarget::spared : LinkTarget::written);
 }
 
 std::size_t findSetHeader(const std::vector<std::string>& lines, std::string_view name) {

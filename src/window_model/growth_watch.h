@@ -5,7 +5,7 @@
 
 #include <optional>
 
-#include "platform/system/file_times.h"
+#include "platform/system/file_stamp.h"
 
 namespace qor {
 

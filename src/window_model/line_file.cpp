@@ -15,7 +15,7 @@ constexpr const char* kName = "QorRow.ini";
 constexpr std::uint64_t kMostBytes = std::uint64_t{1} << 20;
 
 void writeFile(const std::string& path, const std::string& text) {
-  OutputFile file(path);
+  OutputFile file(path, LinkTarget::spared);
   file.write(text);
   file.commit();
 }

@@ -58,6 +58,16 @@ void writeList(const std::string& list, const Names& files) {
   saveLines(list, lines, LinkTarget::spared);
 }
 
+// What somebody else has put there, or a link, would make the user delete files of theirs.
+std::string bytesOfLastMail(const std::string& report) {
+  try {
+    const InputFile list(lastMailList(report), LinkSource::refused);
+    return list.isOfUserOrOwnerOf(report) ? list.whole(kMaxListFile) : std::string();
+  } catch (const FileError&) {
+    return {};
+  }
+}
+
 }  // namespace
 
 std::string MakeTempName(const std::string& directory, const MailClock& clock) {
@@ -94,7 +104,7 @@ void rememberMail(const std::string& report, const Names& files) {
 }
 
 Names filesOfLastMail(const std::string& report) {
-  const std::string bytes = readWholeFile(lastMailList(report), kMaxListFile).value_or("");
+  const std::string bytes = bytesOfLastMail(report);
   Names names = linesOf(utf8ByMark(bytes).value_or(utf8OfFileText(bytes)));
   std::erase_if(names, [](const std::string& line) { return line.empty(); });
   for (std::string& name : names) name = withSystemSeparators(name);

@@ -34,7 +34,8 @@ std::string lastMailList(const std::string& report);
 // Makes it the list of these files. Throws as writeMailList.
 void rememberMail(const std::string& report, const std::vector<std::string>& files);
 
-// The files that it names; none where it can't be read.
+// The files that it names; none where it can't be read, is a link, or belongs neither to the user
+// nor to the report's owner.
 std::vector<std::string> filesOfLastMail(const std::string& report);
 
 // Deletes these files and the list, but neither the report nor any of the files that are kept.

@@ -79,7 +79,7 @@ void deleteSetInForce() {
   if (AppOptions.IniFileName.empty() || !fileExists(AppOptions.IniFileName)) return;
   VSet::Lines lines = loadLines(AppOptions.IniFileName);
   VSet::RemoveSetLines(AppOptions.SetName, lines);
-  saveLines(AppOptions.IniFileName, lines);
+  saveSetFile(lines);
   AppOptions.SetName = kDefaultSet;
 }
 

@@ -2,10 +2,12 @@
 #include <filesystem>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "app/side_files.h"
 #include "support/report_reader.h"
 #include "support/rows.h"
+#include "window_model/mail_list.h"
 
 namespace qor::test {
 namespace {
@@ -63,6 +65,22 @@ TEST_F(CleanUp, readsTheListOfAMailAsEditorsWriteIt) {
     EXPECT_EQ(place_.names(), wordsOf("directory/ directory/in.txt kept.txt linked.txt my_1.jpg "
                                       "my_mail.tmp sub/"));
   }
+}
+
+// Of a link, and of another user's list (where the test may give files away), nobody knows whose
+// wish it is.
+TEST_F(CleanUp, readsNoListThatSomebodyElseMayHavePutThere) {
+  put("listed.txt");
+  put("their.tmp", "listed.txt\r\n");
+  fs::create_symlink("their.tmp", place_.path("my_mail.tmp"));
+  EXPECT_EQ(filesOfLastMail(AppOptions.FileName), wordsOf(""));
+  fs::remove(place_.path("my_mail.tmp"));
+  put("my_mail.tmp", "listed.txt\r\n");
+  EXPECT_EQ(filesOfLastMail(AppOptions.FileName), wordsOf("listed.txt"));
+  if (::chown(place_.path("my_mail.tmp").c_str(), 12345, 12345) != 0) return;
+  EXPECT_EQ(filesOfLastMail(AppOptions.FileName), wordsOf(""));
+  ASSERT_EQ(::chown(AppOptions.FileName.c_str(), 12345, 12345), 0);
+  EXPECT_EQ(filesOfLastMail(AppOptions.FileName), wordsOf("listed.txt")) << "the report's owner";
 }
 
 // On a file system that counts them, letters of another case make another name.

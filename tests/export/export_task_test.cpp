@@ -2,6 +2,7 @@
 #include "export/export_task.h"
 
 #include <filesystem>
+#include <fstream>
 
 #include <gtest/gtest.h>
 
@@ -49,6 +50,89 @@ TEST(ExportTask, stopsBehindAPage) {
   EXPECT_EQ(exportSome(report, "none/printed.pdf", 9, ExportResult::stopped), "");
   EXPECT_EQ(exportSome(report, "r.png", 2, ExportResult::stopped), "1/3 2/3 r(1).pngr(2).png");
   EXPECT_EQ(report.names(), (std::vector<std::string>{"r(1).png", "r(2).png", "report.txt"}));
+}
+
+// Reports of three pages. Before the last one is read, somebody works on the file.
+class ChangedReport : public testing::Test {
+ protected:
+  using Change = void (*)(const std::string& path);
+
+  // The message of an export or a print job meanwhile; empty where it was done.
+  template <class Run>
+  static std::string failureOf(Change change, Run run) {
+    const PageProgress progress = [change](std::int32_t page, std::int32_t) {
+      if (page == 2) change(AppOptions.FileName);
+      return true;
+    };
+    try {
+      run(progress);
+      return "";
+    } catch (const ReportError& error) {
+      return error.what();
+    }
+  }
+
+  static std::string exported(TestReport& report, const std::string& name, Change change) {
+    return failureOf(change, [&](const PageProgress& progress) {
+      ExportTask task = {report.doc(), report.path(name), runOptions()};
+      task.options.ImageFormats.set(kImagePng);
+      task.progress = progress;
+      runExport(*formatOf(name), task);
+    });
+  }
+};
+
+std::string wordsIn(const std::string& pdf) {
+  std::string words;
+  for (const PdfWord& word : readPdf(pdf).words) words += word.text + " ";
+  return words;
+}
+
+void cut(const std::string& path) {
+  std::filesystem::resize_file(path, 8);
+}
+void cutHardly(const std::string& path) {
+  std::filesystem::resize_file(path, std::filesystem::file_size(path) - 1);
+}
+void replace(const std::string& path) {
+  std::filesystem::copy_file(path, path + "2");
+  std::filesystem::rename(path + "2", path);
+}
+void touch(const std::string& path) {
+  std::filesystem::last_write_time(path, std::filesystem::file_time_type());
+}
+void grow(const std::string& path) {
+  std::ofstream(path, std::ios::app) << "\f more";
+}
+void leave(const std::string&) {
+}
+
+TEST_F(ChangedReport, failsAndLeavesTheTarget) {
+  constexpr const char* kPages = "A\r\n\fB\r\n\fC\r\n";
+  for (const std::string name :
+       {"o.txt", "o.html", "o.rtf", "o.pdf", "o.xlsx", "o.csv", "o(3).png", "report(print).pdf"}) {
+    std::string whole;
+    for (const Change change : {leave, grow, cut, cutHardly, replace, touch}) {
+      TestReport report(kPages);
+      std::ofstream(report.path(name)) << "old";
+      const std::string failure =
+          name == "report(print).pdf"
+              ? failureOf(change,
+                          [&](const PageProgress& progress) {
+                            RunOptions run = runOptions();
+                            run.printer = kPdfFilePrinter;
+                            EXPECT_EQ(report.doc().PrintAll(run, progress).notice, "");
+                          })
+              : exported(report, name == "o(3).png" ? "o.png" : name, change);
+      std::string made = readFile(report.path(name));
+      if (name.ends_with("pdf") && made != "old") made = wordsIn(report.path(name));
+      if (change == leave) whole = made;
+      const bool fails = change != leave && change != grow;
+      EXPECT_EQ(made, fails ? "old" : whole) << name;
+      EXPECT_EQ(failure.find(report.path("report.txt")) != std::string::npos, fails) << failure;
+    }
+    EXPECT_NE(whole, "old");
+  }
 }
 
 // One through the printer that makes files: half of the size in the file, and none of it behind it.

@@ -54,9 +54,12 @@ Outcome Process::wait() {
           place_.read("output"), place_.read("errors")};
 }
 
+void Process::signal(int number) {
+  if (!ended_) ::kill(id_, number);
+}
+
 void Process::kill() {
-  if (ended_) return;
-  ::kill(id_, SIGKILL);
+  signal(SIGKILL);
   collect(0);
 }
 

@@ -44,6 +44,7 @@ class Process {
 
   bool isRunning();
   Outcome wait();
+  void signal(int number);
   void kill();
 
  private:

@@ -10,6 +10,7 @@
 #include "platform/canvas/bitmap_canvas.h"
 #include "platform/pictures/save_picture.h"
 #include "platform/system/messages.h"
+#include "platform/system/output_file.h"
 #include "render/page_walk.h"
 #include "render/sheet.h"
 
@@ -34,6 +35,14 @@ void layOutSheet(VSet& settings) {
   settings.Scr = screenOf(settings.Page, settings.Prn, kPictureDpi);
 }
 
+// Only the target itself was named by the user; where a link stands in another one's place, it
+// goes.
+void savePage(BitmapCanvas& bitmap, PictureFormat format, const ExportTask& task) {
+  const std::string& name = task.files.back();
+  OutputFile file(name, name == task.target ? LinkTarget::written : LinkTarget::spared);
+  savePicture(bitmap.pixels(), format, kPictureDpi, file);
+}
+
 }  // namespace
 
 void RenderPageToImage(VDocPage& page, Canvas& canvas) {
@@ -55,11 +64,13 @@ ExportResult ExportImages(ExportTask& task) {
   forEachPage(task.doc, task.mode, task.progress, [&](VDocPage& page) {
     bitmap.clear();
     RenderPageToImage(page, bitmap.canvas());
+    // What one page replaces no other one brings back.
+    task.doc.RequireSameFile();
     for (std::size_t i = 0; i < kFormats.size(); ++i) {
       if (!formats.test(i)) continue;
       task.files.push_back(names.name(page.Number, i));
       if (task.starts) task.starts(task.files.back());
-      savePicture(bitmap.pixels(), kFormats[i], kPictureDpi, task.files.back());
+      savePage(bitmap, kFormats[i], task);
     }
   });
   return ExportResult::files;

@@ -6,13 +6,12 @@
 
 namespace qor {
 
-void savePicture(const PixelView& pixels, PictureFormat format, int dpi, const std::string& name) {
+void savePicture(const PixelView& pixels, PictureFormat format, int dpi, OutputFile& file) {
   try {
-    OutputFile file(name);
     encodePicture(pixels, format, dpi, file);
     file.commit();
   } catch (const PictureError& error) {
-    throw FileError(name + ": " + error.what(), ErrorKind::cannotWrite);
+    throw FileError(file.target() + ": " + error.what(), ErrorKind::cannotWrite);
   }
 }
 

@@ -11,7 +11,8 @@ namespace qor {
 class FileJob : public PrintJob {
  public:
   // Throws FileError.
-  explicit FileJob(const std::string& target) : target_(target), file_(target) {}
+  explicit FileJob(const std::string& target, LinkTarget link = LinkTarget::written)
+      : target_(target), file_(target, link) {}
 
   std::string file() const override { return target_; }
   void write(std::string_view bytes) override { file_.write(bytes); }

@@ -25,7 +25,7 @@ class PdfFilePrinter : public PrintQueues {
   }
 
   std::unique_ptr<PrintJob> open(const std::string&, const JobTicket& ticket) override {
-    return std::make_unique<FileJob>(ticket.fallbackFile);
+    return std::make_unique<FileJob>(ticket.fallbackFile, LinkTarget::spared);
   }
 };
 

@@ -2,6 +2,7 @@
 #include "platform/system/failure.h"
 
 #include <exception>
+#include <new>
 
 #include "base/app_options.h"
 #include "language/language.h"
@@ -33,6 +34,8 @@ Failure caughtFailure() {
     throw;
   } catch (const Error& error) {
     return {error.kind(), error.code(), textOfError(error)};
+  } catch (const std::bad_alloc&) {
+    return {ErrorKind::system, 0, ofReport("not enough memory")};
   } catch (const std::exception& error) {
     return {ErrorKind::system, 0, ofReport(error.what())};
   } catch (...) {

@@ -1,7 +1,6 @@
 // When files were made and changed.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -22,16 +21,6 @@ struct FileTimes {
 
 // Nothing where the file can't be looked at.
 std::optional<FileTimes> fileTimes(const std::string& path);
-
-// What tells whether a file is still the same one in the same state.
-struct FileStamp {
-  std::uint64_t file = 0;     // number in its file system
-  std::uint64_t size = 0;     // bytes
-  std::int64_t modified = 0;  // ns since 1970
-
-  bool operator==(const FileStamp&) const = default;
-};
-std::optional<FileStamp> fileStamp(const std::string& path);
 
 // Minutes that local standard time, without summer time, lacks to UTC: -180 for three hours east.
 int timeZoneBias();

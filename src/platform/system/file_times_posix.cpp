@@ -10,8 +10,6 @@
 namespace qor {
 namespace {
 
-constexpr std::int64_t kNanoseconds = 1'000'000'000;
-
 std::optional<struct statx> look(const std::string& path) {
   struct statx found {};
   const int failed = ::statx(AT_FDCWD, path.c_str(), AT_STATX_SYNC_AS_STAT,
@@ -33,13 +31,6 @@ std::optional<FileTimes> fileTimes(const std::string& path) {
   const bool knowsBirth = (found->stx_mask & STATX_BTIME) != 0;
   return FileTimes{utcOf(knowsBirth ? found->stx_btime : found->stx_mtime),
                    utcOf(found->stx_mtime)};
-}
-
-std::optional<FileStamp> fileStamp(const std::string& path) {
-  const auto found = look(path);
-  if (!found) return std::nullopt;
-  return FileStamp{found->stx_ino, found->stx_size,
-                   found->stx_mtime.tv_sec * kNanoseconds + found->stx_mtime.tv_nsec};
 }
 
 int timeZoneBias() {

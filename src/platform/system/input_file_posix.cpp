@@ -12,17 +12,12 @@
 #include "platform/system/input_file.h"
 
 namespace qor {
-namespace {
-
-[[noreturn]] void fail(const std::string& path, int error) {
-  throw FileError(path + ": " + std::strerror(error));
-}
-
-}  // namespace
-
-InputFile::InputFile(const std::string& path)
-    : path_(path), handle_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {
-  if (handle_ < 0) fail(path, errno);
+// A pipe is opened without waiting for its writer, to see that it is one.
+InputFile::InputFile(const std::string& path, LinkSource link)
+    : path_(path),
+      handle_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY |
+                                       (link == LinkSource::refused ? O_NOFOLLOW : 0))) {
+  if (handle_ < 0) fail();
   struct stat status {};
   const bool regular = ::fstat(handle_, &status) == 0 && S_ISREG(status.st_mode);
   if (regular) return;
@@ -38,10 +33,16 @@ InputFile::InputFile(InputFile&& other) noexcept
     : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, -1)) {
 }
 
-std::uint64_t InputFile::size() const {
+void InputFile::fail() const {
+  throw FileError(path_ + ": " + std::strerror(errno));
+}
+
+bool InputFile::isOfUserOrOwnerOf(const std::string& other) const {
   struct stat status {};
-  if (::fstat(handle_, &status) != 0) fail(path_, errno);
-  return static_cast<std::uint64_t>(status.st_size);
+  struct stat others {};
+  if (::fstat(handle_, &status) != 0) fail();
+  return status.st_uid == ::geteuid() ||
+         (::stat(other.c_str(), &others) == 0 && status.st_uid == others.st_uid);
 }
 
 std::size_t InputFile::readAt(std::uint64_t offset, char* buffer, std::size_t count) const {
@@ -50,7 +51,7 @@ std::size_t InputFile::readAt(std::uint64_t offset, char* buffer, std::size_t co
     const ssize_t got =
         ::pread(handle_, buffer + done, count - done, static_cast<off_t>(offset + done));
     if (got < 0 && errno == EINTR) continue;
-    if (got < 0) fail(path_, errno);
+    if (got < 0) fail();
     if (got == 0) break;
     done += static_cast<std::size_t>(got);
   }
@@ -68,18 +69,23 @@ std::string withSystemSeparators(std::string name) {
   return name;
 }
 
-std::string loadWholeFile(const std::string& path, std::uint64_t limit) {
-  const InputFile file(path);
-  const std::uint64_t size = file.size();
-  if (size > limit) throw FileError(path + ": larger than " + std::to_string(limit) + " bytes");
+std::string InputFile::whole(std::uint64_t limit) const {
+  const std::uint64_t size = this->size();
+  if (size > limit) throw FileError(path_ + ": larger than " + std::to_string(limit) + " bytes");
   std::string text(size, '\0');
-  text.resize(file.readAt(0, text.data(), text.size()));
+  if (readAt(0, text.data(), text.size()) < size)
+    throw FileError(path_ + ": became shorter while it was read");
   return text;
 }
 
-std::optional<std::string> readWholeFile(const std::string& path, std::uint64_t limit) {
+std::string loadWholeFile(const std::string& path, std::uint64_t limit) {
+  return InputFile(path).whole(limit);
+}
+
+std::optional<std::string> readWholeFile(const std::string& path, std::uint64_t limit,
+                                         LinkSource link) {
   try {
-    return loadWholeFile(path, limit);
+    return InputFile(path, link).whole(limit);
   } catch (const FileError&) {
     return std::nullopt;
   }

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -10,17 +11,25 @@
 
 namespace qor {
 
-// What becomes of a link in the target's place.
+class UnfinishedFile;
+
+// What becomes of a link in the target's place: what it leads to is written, be it there or not, or
+// spared: the file then takes the link's place. Only of a name that the user told is a link meant.
 enum class LinkTarget { written, spared };
+
+// Whether the disk has the bytes before the target is replaced, or gets them when it likes: for
+// files that the next run makes anew.
+enum class Flush { toDisk, later };
 
 // A file being written. Until commit() the target stays as it was; an object that is destroyed
 // without commit() leaves no trace.
 class OutputFile : public ByteSink {
  public:
-  // Opens a file beside `target`, or beside where a link leads, unless that is to be spared: the
-  // file then takes the link's place. Throws FileError with the reason, and for a target that is a
-  // directory or a device.
-  explicit OutputFile(const std::string& target, LinkTarget link = LinkTarget::written);
+  // Opens a file beside `target`, or beside what a link there leads to. Where a file that is
+  // replaced has further names (hard links), these keep what it was. Throws FileError with the
+  // reason, as for links that lead in a circle, and for a target that is a directory or a device.
+  explicit OutputFile(const std::string& target, LinkTarget link = LinkTarget::written,
+                      Flush flush = Flush::toDisk);
   ~OutputFile() override;
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
@@ -31,19 +40,19 @@ class OutputFile : public ByteSink {
   // written yet. Throws FileError.
   void writeByStream(const std::function<void(std::FILE*)>& write);
 
-  const std::string& target() const { return target_; }
+  // Where it will stand.
+  const std::string& target() const;
 
   // Writes what is buffered and puts the file in the target's place. Throws FileError.
   void commit();
 
  private:
-  void flush();
+  void writeBuffer();
   void writeThrough(std::string_view bytes);
 
-  std::string target_;
-  std::string temporary_;
+  std::unique_ptr<UnfinishedFile> file_;
+  Flush flush_;
   std::string buffer_;
-  int handle_ = -1;
 };
 
 }  // namespace qor

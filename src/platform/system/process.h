@@ -4,7 +4,8 @@
 namespace qor {
 
 // Makes a file that grows too large, or a reader that goes away, a failed write and not the end of
-// the process.
+// the process; opens standard streams that are closed, on nothing; and has signals that end the
+// process take away the files that it has not finished. To be called before anything else.
 void prepareProcess();
 
 }  // namespace qor

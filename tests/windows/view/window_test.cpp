@@ -143,7 +143,7 @@ TEST(PreviewWindow, followsAReportThatAnotherProgramWrites) {
   EXPECT_EQ(window.status(), "");
   std::filesystem::resize_file(Window::path(), 0);
   window.press("PgUp");
-  EXPECT_EQ(window.status(), "The file of the report has changed since it was opened.");
+  EXPECT_NE(window.status().find(": became shorter since its pages were found: page 3"), std::string::npos);
 }
 
 // Behind the command stands a dialog that counts and answers.

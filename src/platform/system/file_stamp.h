@@ -1,0 +1,26 @@
+// What tells whether a file is still the same one in the same state.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace qor {
+
+struct FileStamp {
+  std::uint64_t file = 0;     // number in its file system
+  std::uint64_t size = 0;     // bytes
+  std::int64_t modified = 0;  // ns since 1970
+
+  bool operator==(const FileStamp&) const = default;
+
+  // Whether the file of this stamp may have become that of the other one by growing alone.
+  bool mayHaveGrownTo(const FileStamp& later) const {
+    return *this == later || (file == later.file && size < later.size);
+  }
+};
+
+// Nothing where there is no such file.
+std::optional<FileStamp> fileStamp(const std::string& path);
+
+}  // namespace qor

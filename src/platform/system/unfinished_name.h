@@ -17,7 +17,7 @@ class UnfinishedName {
   void forget();
 
  private:
-  int slot_;  // -1: none
+  int slot_ = -1;  // none
 };
 
 // Removes the files of all that live. May be called by a signal's handler.

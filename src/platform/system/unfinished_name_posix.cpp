@@ -24,7 +24,7 @@ std::array<Slot, 32> slots;
 
 }  // namespace
 
-UnfinishedName::UnfinishedName(int directory, const std::string& name) : slot_(-1) {
+UnfinishedName::UnfinishedName(int directory, const std::string& name) {
   if (name.size() >= slots.front().name.size()) return;
   auto* const free = std::find_if(slots.begin(), slots.end(), [](Slot& slot) {
     Use none = Use::none;

@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(g++ cmake ninja-build pkg-config
   libcairo2-dev libfreetype-dev libfontconfig-dev libpng-dev libjpeg62-turbo-dev libgif-dev
   libzxing-dev libcups2-dev libharfbuzz-dev libdeflate-dev libgsf-1-dev
-  qt6-base-dev qt6-svg-dev libxcb1-dev
+  libseccomp-dev qt6-base-dev qt6-svg-dev libxcb1-dev
   fontconfig fonts-liberation2 fonts-dejavu-core)
 for group in "$@"; do
   case $group in

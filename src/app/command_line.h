@@ -8,7 +8,7 @@
 namespace qor {
 
 // What the command line asks for.
-enum RunMode { kRunStop = -1, kRunPrint = 0, kRunPreview = 1, kRunExport = 2 };
+enum RunMode : int { kRunStop = -1, kRunPrint = 0, kRunPreview = 1, kRunExport = 2 };
 
 // The parameter string of the process: the arguments joined by blanks, those that are empty or hold
 // a blank in double quotes.

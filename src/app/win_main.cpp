@@ -4,6 +4,7 @@
 #include "app/batch.h"
 #include "app/command_line.h"
 #include "app/preview_report.h"
+#include "app/run_wall.h"
 #include "app/start_messages.h"
 #include "base/app_options.h"
 #include "base/errors.h"
@@ -57,9 +58,11 @@ bool answersSwitch(const std::string& parameters) {
   return true;
 }
 
-int run(const std::string& parameters, StartMessages* messages) {
+int run(const std::string& parameters, Walls walls, StartMessages* messages) {
   if (answersSwitch(parameters)) return kExitDone;
   const RunMode mode = parameters.empty() ? kRunPreview : ParseCommandLine(parameters);
+  const bool readsUnseen = mode == kRunPrint || mode == kRunExport;
+  if (walls == Walls::raised && readsUnseen) raiseRunWall(mode);
   switch (mode) {
     case kRunStop: return kExitNothingDone;
     case kRunPrint: return printReport();
@@ -68,9 +71,9 @@ int run(const std::string& parameters, StartMessages* messages) {
   }
 }
 
-int runGuarded(const std::string& parameters, StartMessages* messages) {
+int runGuarded(const std::string& parameters, Walls walls, StartMessages* messages) {
   try {
-    return run(parameters, messages);
+    return run(parameters, walls, messages);
   } catch (const NumberedError&) {
     ShowErrorNumber();
   } catch (...) {
@@ -81,11 +84,11 @@ int runGuarded(const std::string& parameters, StartMessages* messages) {
 
 }  // namespace
 
-int WinMain(const std::string& parameters) {
+int WinMain(const std::string& parameters, Walls walls) {
   initialise();
-  if (!asksForWindow(parameters)) return runGuarded(parameters, nullptr);
+  if (!asksForWindow(parameters)) return runGuarded(parameters, walls, nullptr);
   StartMessages messages;
-  return messages.showAndEnd(runGuarded(parameters, &messages));
+  return messages.showAndEnd(runGuarded(parameters, walls, &messages));
 }
 
 }  // namespace qor

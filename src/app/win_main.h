@@ -5,8 +5,11 @@
 
 namespace qor {
 
+// Whether prints and exports wall themselves in. Only tests hold a run against one without.
+enum class Walls { raised, none };
+
 // Runs the program on its parameter string and returns the exit code: -2 printing failed, -1 help
 // shown or nothing to do, 0 all else, failures included.
-int WinMain(const std::string& parameters);
+int WinMain(const std::string& parameters, Walls walls = Walls::raised);
 
 }  // namespace qor

@@ -29,13 +29,13 @@ constexpr ExportExtension kPictures[] = {{".bmp", true, kImageBmp},
                                          {".png", false, kImagePng}};
 
 constexpr ExportFormat kFormats[] = {
-    {kExportText, "Text", kText, PageMode::text, ExportText},
+    {kExportText, "Text", kText, PageMode::text, ExportText, false, false},
     {kExportHtml, "HTML", kHtml, PageMode::html, ExportHtml},
-    {kExportRtf, "RTF", kRtf, PageMode::rtf, ExportWord},
-    {kExportDoc, "DOC", kDoc, PageMode::doc, ExportWord},
-    {kExportPdf, "PDF", kPdf, PageMode::pictures, ExportPdf},
+    {kExportRtf, "RTF", kRtf, PageMode::rtf, ExportWord, true},
+    {kExportDoc, "DOC", kDoc, PageMode::doc, ExportWord, true},
+    {kExportPdf, "PDF", kPdf, PageMode::pictures, ExportPdf, true},
     {kExportPictures, "Pictures", kPictures, PageMode::pictures, ExportImages},
-    {kExportSheets, "Spreadsheet", kSheets, PageMode::sheets, ExportSheets},
+    {kExportSheets, "Spreadsheet", kSheets, PageMode::sheets, ExportSheets, true},
 };
 
 // Null where it is none of the format's.

@@ -33,6 +33,8 @@ struct ExportFormat {
   std::span<const ExportExtension> extensions;
   PageMode mode;  // in which a window asks for pages
   ExportResult (*run)(ExportTask& task);
+  bool readsBack = false;  // it reads what it has put beside the target
+  bool draws = true;       // it may draw text
 };
 
 std::span<const ExportFormat> exportFormats();

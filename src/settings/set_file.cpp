@@ -6,6 +6,7 @@
 #include "document/vset.h"
 #include "platform/system/input_file.h"
 #include "platform/system/messages.h"
+#include "settings/default_set_file.h"
 #include "settings/set_keys.h"
 #include "settings/set_lines.h"
 
@@ -63,9 +64,7 @@ void VSet::readSections(const Lines& lines) {
 int VSet::LoadSet(Use use) {
   // The default set is a memory of earlier runs: what this one was told goes before it.
   const bool remembered = AppOptions.IniFileName.empty() && AppOptions.CodePageGiven;
-  if (AppOptions.IniFileName.empty()) {
-    AppOptions.IniFileName = defaultSetFile();
-  }
+  if (AppOptions.IniFileName.empty()) AppOptions.IniFileName = defaultSetFile();
   if (AppOptions.SetName.empty()) AppOptions.SetName = kDefaultSet;
   if (fileExists(AppOptions.IniFileName)) {
     const int result = ReloadSet();

@@ -11,6 +11,7 @@
 #include "platform/system/output_file.h"
 #include "platform/system/text_encoding.h"
 #include "platform/system/text_file.h"
+#include "settings/default_set_file.h"
 
 namespace qor {
 namespace {
@@ -51,10 +52,6 @@ void saveLines(const std::string& path, const std::vector<std::string>& lines, L
     file.write("\r\n");
   }
   file.commit();
-}
-
-std::string defaultSetFile() {
-  return AppOptions.WorkDir + "QorUtlView.vset";
 }
 
 void saveSetFile(const std::vector<std::string>& lines) {

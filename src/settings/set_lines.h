@@ -21,9 +21,6 @@ std::vector<std::string> loadLines(const std::string& path);
 // Writes the lines, each ended by CR LF, over the file. Throws FileError.
 void saveLines(const std::string& path, const std::vector<std::string>& lines, LinkTarget link);
 
-// The set file of the current directory, which the program names by itself.
-std::string defaultSetFile();
-
 // Writes the lines over the set file in force; where that is the default one and a link, the link
 // goes. Throws FileError.
 void saveSetFile(const std::vector<std::string>& lines);

@@ -15,8 +15,8 @@ check() {
   done
 }
 check base language platform document barcode render settings export window_model windows app
-check platform/{system,fonts,pictures,qt,x11,canvas,pdf,print,cups,harfbuzz,workbook,gsf,rtf}
+check platform/{system,walls,fonts,pictures,qt,x11,canvas,pdf,print,cups,harfbuzz,workbook,gsf,rtf}
 wrong+=$(grep -rlE '^#include <Q' . | grep -vE '^\./(windows|platform/qt)/' || true)
-wrong+=$(grep -rlE '^#include <(unistd|fcntl|spawn|dlfcn|iconv|langinfo|poll|signal|pwd|sys/.*)\.h>' . |
+wrong+=$(grep -rlE '^#include <(unistd|fcntl|spawn|dlfcn|link|iconv|langinfo|poll|signal|pwd|sys/.*)\.h>' . |
   grep -vE '_posix\.cpp$|/(cups|x11)/' || true)
 [ -z "$wrong" ] || { echo "$wrong"; exit 1; }

@@ -288,3 +288,8 @@ class CupsQueues : public PrintQueues {
 extern "C" __attribute__((visibility("default"))) qor::PrintQueues* qorMakeSystemQueues() {
   return new qor::CupsQueues;
 }
+
+extern "C" __attribute__((visibility("default"))) void qorTellScheduler(
+    qor::SchedulerAddress& address) {
+  address = {cupsServer(), ippPort()};
+}

@@ -18,7 +18,7 @@ class PdfFilePrinter : public PrintQueues {
   std::string defaultName() override { return kPdfFilePrinter; }
 
   std::optional<Queue> find(const std::string& name) override {
-    if (lowerAscii(name) != lowerAscii(kPdfFilePrinter)) return std::nullopt;
+    if (!isPdfFilePrinter(name)) return std::nullopt;
     Queue queue;
     queue.id = itsName();
     return queue;
@@ -30,6 +30,10 @@ class PdfFilePrinter : public PrintQueues {
 };
 
 }  // namespace
+
+bool isPdfFilePrinter(std::string_view name) {
+  return lowerAscii(name) == lowerAscii(kPdfFilePrinter);
+}
 
 std::unique_ptr<PrintQueues> makePdfFilePrinter() {
   return std::make_unique<PdfFilePrinter>();

@@ -4,10 +4,23 @@
 #include "platform/system/module.h"
 
 namespace qor {
+namespace {
+
+constexpr const char* kModule = "qor_cups";
+
+}  // namespace
 
 std::unique_ptr<PrintQueues> loadSystemQueues() {
-  auto* make = reinterpret_cast<MakeSystemQueues*>(moduleSymbol("qor_cups", kMakeSystemQueues));
+  auto* make = reinterpret_cast<MakeSystemQueues*>(moduleSymbol(kModule, kMakeSystemQueues));
   return std::unique_ptr<PrintQueues>(make == nullptr ? nullptr : make());
+}
+
+std::optional<SchedulerAddress> schedulerAddress() {
+  auto* tell = reinterpret_cast<TellScheduler*>(moduleSymbol(kModule, kTellScheduler));
+  if (tell == nullptr) return std::nullopt;
+  SchedulerAddress address;
+  tell(address);
+  return address;
 }
 
 }  // namespace qor

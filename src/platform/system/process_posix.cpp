@@ -19,29 +19,13 @@ void openStandardStreams() {
   }
 }
 
-// The handler is gone by the time that the signal comes again, which is when this returns.
-void leaveNothing(int number) {
-  removeUnfinishedFiles();
-  ::raise(number);
-}
-
-// One that the starter wants to be ignored stays so.
-void cleanUpOn(int number) {
-  struct sigaction old {};
-  if (::sigaction(number, nullptr, &old) != 0 || old.sa_handler == SIG_IGN) return;
-  struct sigaction action {};
-  action.sa_handler = leaveNothing;
-  action.sa_flags = static_cast<int>(SA_RESETHAND);
-  ::sigaction(number, &action, nullptr);
-}
-
 }  // namespace
 
 void prepareProcess() {
   openStandardStreams();
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
-  for (const int number : {SIGTERM, SIGINT, SIGHUP}) cleanUpOn(number);
+  cleanUpOnSignals();
 }
 
 }  // namespace qor

@@ -3,6 +3,7 @@
 // one has left, and takes it away.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/system/file_place.h"
@@ -20,24 +21,17 @@ class UnfinishedFile {
   UnfinishedFile& operator=(const UnfinishedFile&) = delete;
 
   const FilePlace& target() const { return target_; }
-  int handle() const { return name_.handle; }
+  int handle() const { return handle_; }
 
   // Puts it in the target's place: a link there goes, and where a file there has further names,
   // they keep what it was. Throws FileError.
   void replaceTarget();
 
  private:
-  // The hidden name, and the file of it.
-  struct Name {
-    explicit Name(const FilePlace& target);
-
-    std::string text;
-    int handle = -1;
-  };
-
   FilePlace target_;
-  Name name_;
-  UnfinishedName noted_;
+  std::string name_;  // empty once it is the target's
+  int handle_ = -1;
+  std::optional<UnfinishedName> noted_;
 };
 
 }  // namespace qor

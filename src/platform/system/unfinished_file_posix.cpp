@@ -93,37 +93,34 @@ std::optional<int> takeName(const FilePlace& target, const std::string& name,
 
 }  // namespace
 
-UnfinishedFile::Name::Name(const FilePlace& target) {
-  const auto mode = modeOf(target);
-  for (int writer = 0; writer < kMostWriters; ++writer) {
-    text = unfinishedName(target, writer);
-    if (const auto taken = takeName(target, text, mode)) {
-      handle = *taken;
-      // What several writers have left goes with the first of them that isn't there.
-      while (removeLeftover(target, unfinishedName(target, ++writer))) {
-      }
-      return;
-    }
+UnfinishedFile::UnfinishedFile(const std::string& target) : target_(target) {
+  const auto mode = modeOf(target_);
+  const HeldSignals held;
+  int writer = 0;
+  std::optional<int> taken;
+  for (; !taken && writer < kMostWriters; ++writer) {
+    name_ = unfinishedName(target_, writer);
+    taken = takeName(target_, name_, mode);
   }
-  target.fail(EEXIST);
-}
-
-UnfinishedFile::UnfinishedFile(const std::string& target)
-    : target_(target), name_(target_), noted_(target_.directory(), name_.text) {
+  if (!taken) target_.fail(EEXIST);
+  handle_ = *taken;
+  noted_.emplace(target_.directory(), name_);
+  // What several writers have left goes up to the first of them that isn't there.
+  while (removeLeftover(target_, unfinishedName(target_, writer))) ++writer;
 }
 
 UnfinishedFile::~UnfinishedFile() {
-  if (!name_.text.empty()) ::unlinkat(target_.directory(), name_.text.c_str(), 0);
-  noted_.forget();
-  ::close(name_.handle);
+  if (!name_.empty()) ::unlinkat(target_.directory(), name_.c_str(), 0);
+  noted_.reset();
+  ::close(handle_);
 }
 
 void UnfinishedFile::replaceTarget() {
   // From here on the name may be another writer's.
-  noted_.forget();
-  if (::renameat(target_.directory(), name_.text.c_str(), target_.directory(), target_.name()) != 0)
+  noted_.reset();
+  if (::renameat(target_.directory(), name_.c_str(), target_.directory(), target_.name()) != 0)
     target_.fail(errno);
-  name_.text.clear();
+  name_.clear();
 }
 
 }  // namespace qor

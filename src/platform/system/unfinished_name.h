@@ -10,17 +10,25 @@ class UnfinishedName {
  public:
   // In a directory that is open for as long.
   UnfinishedName(int directory, const std::string& name);
-  ~UnfinishedName() { forget(); }
+  ~UnfinishedName();
   UnfinishedName(const UnfinishedName&) = delete;
   UnfinishedName& operator=(const UnfinishedName&) = delete;
-
-  void forget();
 
  private:
   int slot_ = -1;  // none
 };
 
-// Removes the files of all that live. May be called by a signal's handler.
-void removeUnfinishedFiles();
+// From now on the signals that end the program remove the files of all that live before. Those that
+// whoever started the program wants to be ignored stay so.
+void cleanUpOnSignals();
+
+// Keeps these signals away for a moment: between making a file and noting its name.
+class HeldSignals {
+ public:
+  HeldSignals();
+  ~HeldSignals();
+  HeldSignals(const HeldSignals&) = delete;
+  HeldSignals& operator=(const HeldSignals&) = delete;
+};
 
 }  // namespace qor

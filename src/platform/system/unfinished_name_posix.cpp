@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <csignal>
 
 #include <unistd.h>
 
@@ -22,6 +23,31 @@ static_assert(std::atomic<Use>::is_always_lock_free);
 
 std::array<Slot, 32> slots;
 
+constexpr std::array kEndSignals = {SIGTERM, SIGINT, SIGHUP};
+
+// The handler is gone by the time that the signal comes again, which is when this returns.
+void leaveNothing(int number) {
+  for (Slot& slot : slots)
+    if (slot.use == Use::noted) ::unlinkat(slot.directory, slot.name.data(), 0);
+  ::raise(number);
+}
+
+void cleanUpOn(int number) {
+  struct sigaction old {};
+  if (::sigaction(number, nullptr, &old) != 0 || old.sa_handler == SIG_IGN) return;
+  struct sigaction action {};
+  action.sa_handler = leaveNothing;
+  action.sa_flags = static_cast<int>(SA_RESETHAND);
+  ::sigaction(number, &action, nullptr);
+}
+
+void holdSignals(int how) {
+  sigset_t signals;
+  ::sigemptyset(&signals);
+  for (const int number : kEndSignals) ::sigaddset(&signals, number);
+  ::pthread_sigmask(how, &signals, nullptr);
+}
+
 }  // namespace
 
 UnfinishedName::UnfinishedName(int directory, const std::string& name) {
@@ -37,14 +63,20 @@ UnfinishedName::UnfinishedName(int directory, const std::string& name) {
   slot_ = static_cast<int>(free - slots.begin());
 }
 
-void UnfinishedName::forget() {
+UnfinishedName::~UnfinishedName() {
   if (slot_ >= 0) slots[static_cast<std::size_t>(slot_)].use = Use::none;
-  slot_ = -1;
 }
 
-void removeUnfinishedFiles() {
-  for (Slot& slot : slots)
-    if (slot.use == Use::noted) ::unlinkat(slot.directory, slot.name.data(), 0);
+void cleanUpOnSignals() {
+  for (const int number : kEndSignals) cleanUpOn(number);
+}
+
+HeldSignals::HeldSignals() {
+  holdSignals(SIG_BLOCK);
+}
+
+HeldSignals::~HeldSignals() {
+  holdSignals(SIG_UNBLOCK);
 }
 
 }  // namespace qor

@@ -1,12 +1,13 @@
 #include "scratch.h"
 
 #include <cstdlib>
-#include <fstream>
 #include <stdexcept>
 #include <utility>
 
 #include "platform/pictures/picture.h"
 #include "platform/system/byte_sink.h"
+#include "platform/system/output_file.h"
+#include "platform/walls/wall.h"
 
 namespace qor::fuzz {
 namespace fs = std::filesystem;
@@ -42,10 +43,21 @@ void Scratch::writePictures() const {
 }
 
 std::string Scratch::write(std::string_view name, std::string_view bytes) const {
-  const fs::path file = place_ / name;
-  std::ofstream(file, std::ios::binary)
-      .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return file.string();
+  OutputFile file((place_ / name).string(), LinkTarget::spared, Flush::later);
+  file.write(bytes);
+  file.commit();
+  return file.target();
+}
+
+void raiseWallOnce() {
+  static const bool raised = [] {
+    if (std::getenv("QOR_FUZZ_WALL") == nullptr) return false;
+    WallPlan plan;
+    plan.writable = {fs::temp_directory_path().string()};
+    if (!raiseWall(plan).empty()) std::abort();
+    return true;
+  }();
+  static_cast<void>(raised);
 }
 
 }  // namespace qor::fuzz

@@ -11,6 +11,8 @@
 #include "document/vdoc.h"
 #include "export/export_formats.h"
 #include "language/language.h"
+#include "platform/print/pdf_file_printer.h"
+#include "platform/print/print_system.h"
 #include "platform/system/failure.h"
 #include "platform/system/messages.h"
 #include "settings/printers.h"
@@ -21,6 +23,7 @@ namespace {
 // The whole of a print but for the clean-up behind it.
 PrintOutcome printReport() {
   if (!VDoc::OpenFile()) throw NumberedError(kErrorOpenDocument, AppOptions.FileName);
+  if (isPdfFilePrinter(AppOptions.PrinterName)) useFilePrinterOnly();
   InitPrinters();
   // Nobody looks again at what a writer adds later: what is there is printed, to its last byte.
   AppOptions.DynamicMode = false;
@@ -30,6 +33,14 @@ PrintOutcome printReport() {
   // The job tells of one that isn't there.
   doc.SelectPrinter(AppOptions.PrinterName);
   return doc.PrintAll(runOptions());
+}
+
+// Pages that nobody wanted in a file are there because the print system couldn't be asked.
+void tellTrouble(const PrintOutcome& outcome) {
+  const std::string trouble = printSystem().trouble();
+  if (trouble.empty() || outcome.file.empty()) return;
+  writeErrorLine(AppOptions.FileName + ": the print system can't be asked (" + trouble +
+                 "), the pages go to " + outcome.file);
 }
 
 // A server's log tells that somebody may miss something.
@@ -47,6 +58,7 @@ int PrintWithoutInterface() {
   try {
     const PrintOutcome outcome = printReport();
     if (!outcome.notice.empty()) writeErrorLine(outcome.notice);
+    tellTrouble(outcome);
     if (!outcome.cameToNothing()) report.cleanUp(ListedFiles::keep, {outcome.file});
     return 1;
   } catch (const std::bad_alloc&) {

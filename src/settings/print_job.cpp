@@ -64,8 +64,10 @@ void printPage(VDocPage& page, PrintContext& context, const Mapping& mapping) {
 }
 
 PrintOutcome missing(const std::string& printer) {
+  const std::string trouble = printSystem().trouble();
   return {End::noPrinter,
-          printer + ": there is no such printer, or the print system doesn't answer",
+          printer + (trouble.empty() ? ": there is no such printer"
+                                     : ": the print system can't be asked (" + trouble + ")"),
           {}};
 }
 

@@ -15,6 +15,8 @@
 namespace qor::test {
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr const char* kPostScriptDriver = "drv:///sample.drv/generic.ppd";
 constexpr const char* kPdfDriver = "/usr/share/ppd/cupsfilters/Generic-PDF_Printer-PDF.ppd";
 constexpr const char* kPjlDriver =
@@ -110,7 +112,7 @@ TEST(Cups, takesSheetsFromTheirTray) {
   scheduler.addQueue("pjl", kPjlDriver);
   const TemporaryDirectory place;
   place.write("r.txt", "Alpha\r\n");
-  std::filesystem::create_directory(place.path(".cups"));
+  fs::create_directory(place.path(".cups"));
   place.write(".cups/lpoptions", "Dest pcl InputSlot=Tray3 AP_D_InputSlot=Tray3\n");
   Surroundings around = scheduler.surroundings(place);
   around.environment["HOME"] = place.path();
@@ -131,6 +133,57 @@ TEST(Cups, takesSheetsFromTheirTray) {
     scheduler.finishJobs();
     const std::string arrived = readFile(scheduler.output(queue));
     for (const std::string& mark : marks) EXPECT_NE(arrived.find(mark), std::string::npos) << mark;
+  }
+}
+
+// A scheduler that isn't there, one that takes connections and never answers, and none at all: a
+// run ends all the same, and says what became of its pages.
+TEST(Cups, isToldOfWhereItCantBeAsked) {
+  const Port mute;
+  const std::string dead = Port().number();
+  // The server, and the reason.
+  const std::tuple<std::string, const char*> rows[] = {
+      {"/nowhere", "/nowhere: "},
+      {"127.0.0.1:" + dead, "127.0.0.1: "},
+      {"127.0.0.1:" + mute.number(), "127.0.0.1: no answer in 5 seconds"}};
+  for (const auto& [server, reason] : rows) {
+    SCOPED_TRACE(server);
+    const TemporaryDirectory place;
+    place.write("r.txt", "Alpha\r\n");
+    const std::string trouble = ": the print system can't be asked (" + std::string(reason);
+    const Surroundings around = {place.path(), {{"CUPS_SERVER", server}}, 0};
+    const Outcome byDefault = runViewer({"-g", "-f", "r.txt"}, around);
+    expectTold(byDefault, place.path("r.txt") + trouble);
+    EXPECT_TRUE(
+        byDefault.errors.ends_with("), the pages go to " + place.path("r(print).pdf") + "\n"));
+    EXPECT_EQ(readPdf(place.path("r(print).pdf")).word("Alpha").page, 1);
+    fs::remove(place.path("r(print).pdf"));
+    expectTold(runViewer({"-g", "-f", "r.txt", "-p", "queue"}, around), "queue" + trouble);
+    EXPECT_FALSE(place.has("r(print).pdf"));
+    expectTold(runViewer({"-g", "-f", "r.txt", "-p", "Microsoft Print to PDF"}, around), "");
+    EXPECT_TRUE(place.has("r(print).pdf"));
+  }
+}
+
+// A scheduler that answers has no printers, or none that is the default one.
+TEST(Cups, isNoTroubleWhereItHasNoPrinters) {
+  const CupsScheduler scheduler;
+  const TemporaryDirectory place;
+  place.write("r.txt", "Alpha\r\n");
+  expectTold(runViewer({"-g", "-f", "r.txt"}, scheduler.surroundings(place)), "");
+  EXPECT_TRUE(place.has("r(print).pdf"));
+}
+
+// The printer that makes files needs nothing of CUPS, not even its library.
+TEST(Cups, isNotLoadedForTheFilePrinter) {
+  const TemporaryDirectory place;
+  place.write("r.txt", "Alpha\r\n");
+  for (const auto& [printer, loaded] :
+       {std::pair{"microsoft print to pdf", false}, {"other", true}}) {
+    Surroundings around = in(place);
+    around.environment["LD_DEBUG"] = "files";
+    const Outcome outcome = runViewer({"-g", "-f", "r.txt", "-p", printer}, around);
+    EXPECT_EQ(outcome.errors.find("libcups") != std::string::npos, loaded) << printer;
   }
 }
 
@@ -156,7 +209,7 @@ TEST(Cups, takesBackAJobThatIsStopped) {
   std::thread([&print] { print(2); }).join();
   scheduler.finishJobs();
   EXPECT_EQ(scheduler.jobs(), std::set<std::string>());
-  EXPECT_FALSE(std::filesystem::exists(scheduler.output("usual")));
+  EXPECT_FALSE(fs::exists(scheduler.output("usual")));
   EXPECT_TRUE(scheduler.command({"lpstat", "-W", "completed", "-o"}).starts_with("usual-1 "));
   std::thread([&print] { print(9); }).join();
   scheduler.finishJobs();

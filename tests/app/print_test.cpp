@@ -23,6 +23,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// What asks no print system.
+const std::vector<std::string> kToFile = {"-g", "-p", kPdfFilePrinter};
+
+std::vector<std::string> with(std::vector<std::string> options, const std::string& more) {
+  for (const std::string& word : wordsOf(more)) options.push_back(word);
+  return options;
+}
+
 constexpr double kMillimetre = 0.2;  // tolerance: a dot of the printer and the reader's rounding
 
 // A set of "Section Key=value" rows.
@@ -41,13 +49,15 @@ TEST(Print, endsAsEachRunShould) {
   const char* bad = "A\r\n<barcode value=12345678901 br_type=UPCE right=50 bottom=9/>\r\n";
   // The options, the report, the message, what is left, and a limit for the sizes of files.
   const std::tuple<std::string, const char*, std::string, std::string, unsigned long> rows[] = {
-      {"-dynamic -g", "A", "", "r.b(print).pdf r.b.txt r.b_1.jpeg ", 0},
+      {"-dynamic -g", "A", "r.b.txt: the print system can't be asked (/nowhere: ",
+       "r.b(print).pdf r.b.txt r.b_1.jpeg ", 0},
       {"-g -p MICROSOFT_print_to_PDF", "A", "", "r.b(print).pdf r.b.txt r.b_1.jpeg ", 0},
-      {"-g -dd", "A", "", "r.b(print).pdf ", 0},
-      {"-g -dd -p nobody", "A", "nobody", "", 0},
+      {"-g -dd -p MICROSOFT_print_to_PDF", "A", "", "r.b(print).pdf ", 0},
+      {"-g -dd -p nobody", "A", "nobody: the print system can't be asked (/nowhere: ", "", 0},
       {"-g -p ../a_b/\"#", "A", "../a b/", "r.b.txt r.b_1.jpeg ", 0},
       {"-g -dd", "", "r.b.txt: the report has no pages", "r.b.txt r.b_1.jpeg ", 0},
-      {"-g -dd", bad, "r.b.txt: page 1: barcode \"12345678901\": ", "r.b(print).pdf ", 0},
+      {"-g -dd -p MICROSOFT_print_to_PDF", bad,
+       "r.b.txt: page 1: barcode \"12345678901\": ", "r.b(print).pdf ", 0},
       {"-g -dd", "A", "r.b(print).pdf", "r.b.txt r.b_1.jpeg ", 2048},
       {"-g -dd -i QorUtlView.vset#S", "A", "many", "r.b.txt r.b_1.jpeg ", 0}};
   for (const auto& [options, report, error, left, limit] : rows) {
@@ -70,7 +80,7 @@ TEST(Print, keepsTextTitleAndPages) {
   // Two of the letters are none that a text may hold.
   place.write("cp1253.ini", "128-0xFFFF\r\n129-0xD800\r\n130-0x416\r\n");
   place.write("r.txt", "\x82\x80\x81 world\r\n\fzweite\r\n\f\fvierte Seite");
-  expectTold(runViewer({"-g", "-f", "r.txt", "-codepage", "1253"},
+  expectTold(runViewer(with(kToFile, "-f r.txt -codepage 1253"),
                        {place.path(), {{"QOR_ANSI_CODEPAGE", "1251"}}, 0}),
              "");
   const PdfDocument document = readPdf(place.path("r(print).pdf"));
@@ -110,8 +120,8 @@ TEST(Print, followsTheSettingsSet) {
     const TemporaryDirectory place;
     place.write("r.txt", "A B\r\n");
     place.write("s.vset", setWith("Name", values));
-    for (const std::string way : {"-g", "-export o.png"})
-      expectTold(runViewer(wordsOf("-f r.txt -i s.vset#Name " + way), in(place)), "");
+    for (const auto& way : {kToFile, {"-export", "o.png"}})
+      expectTold(runViewer(with(way, "-f r.txt -i s.vset#Name"), in(place)), "");
     const auto picture = decodePicture(place.read("o.png")).value();
     EXPECT_NEAR(picture.width * 25.4 / 96, width, 0.5);
     EXPECT_NEAR(picture.height * 25.4 / 96, height, 0.5);
@@ -140,7 +150,7 @@ TEST(Print, readsItsReportInACodePage) {
     place.write("r.txt", "x\xE0x\r\n");
     place.write("s.vset", setWith("S", "Page BaseCodePage=1250"));
     if (row != options) place.write("QorUtlView.vset", setWith("Default", "Page BaseCodePage=866"));
-    expectTold(runViewer(wordsOf("-g -f r.txt " + options),
+    expectTold(runViewer(with(kToFile, "-f r.txt " + options),
                          {place.path(), {{"QOR_ANSI_CODEPAGE", "1251"}}, 0}),
                "");
     EXPECT_EQ(readPdf(place.path("r(print).pdf")).words.at(0).text, "x" + letter + "x");
@@ -150,7 +160,7 @@ TEST(Print, readsItsReportInACodePage) {
   place.write("r.txt", "x\r\n");
   expectTold(runViewer({"-g", "-dd", "-f", "r.txt", "-codepage", "99999"}, in(place)),
              place.path("r.txt") + ": code page 99999: ", 254);
-  expectTold(runViewer({"-g", "-f", "r.txt"}, in(place)), "");
+  expectTold(runViewer(with(kToFile, "-f r.txt"), in(place)), "");
   EXPECT_TRUE(place.has("r(print).pdf"));
 }
 
@@ -285,8 +295,7 @@ TEST(Print, saysWhatBecameOfAJob) {
   const std::tuple<const char*, const char*, PrintOutcome::End, bool, std::string> rows[] = {
       {"", "1", printed, false, "waits: the printer is stopped, the job waits for it"},
       {"goes", "1", printed, false, ""},
-      {"nobody", "1", noPrinter, false,
-       "nobody: there is no such printer, or the print system doesn't answer"},
+      {"nobody", "1", noPrinter, false, "nobody: there is no such printer"},
       {"closed", "1", refused, false, "R: not printed: closed: no"},
       {"full", "1", refused, false, "R: not printed: full: no"},
       {"waits", "3", noPages, true, "R: none of the report's pages is chosen"},

@@ -18,5 +18,5 @@ check base language platform document barcode render settings export window_mode
 check platform/{system,walls,fonts,pictures,qt,x11,canvas,pdf,print,cups,harfbuzz,workbook,gsf,rtf}
 wrong+=$(grep -rlE '^#include <Q' . | grep -vE '^\./(windows|platform/qt)/' || true)
 wrong+=$(grep -rlE '^#include <(unistd|fcntl|spawn|dlfcn|link|iconv|langinfo|poll|signal|pwd|sys/.*)\.h>' . |
-  grep -vE '_posix\.cpp$|/(cups|x11)/' || true)
+  grep -vE '_posix\.(cpp|h)$|/(cups|x11)/' || true)
 [ -z "$wrong" ] || { echo "$wrong"; exit 1; }

@@ -48,7 +48,8 @@ CupsScheduler::CupsScheduler() {
 void CupsScheduler::writeFiles() const {
   for (const char* name : {"spool/tmp", "cache", "run/certs", "ppd", "out"})
     fs::create_directories(place_.path(name));
-  place_.write("cupsd.conf", "Listen " + place_.path("socket") + "\n" + kConfiguration);
+  place_.write("cupsd.conf",
+               "Listen " + socket() + "\nListen 127.0.0.1:" + port_ + "\n" + kConfiguration);
   std::string files = "FileDevice Yes\nUser lp\nGroup lp\nSystemGroup root\nSandboxing relaxed\n";
   for (const auto& [key, name] :
        rowsOf("ServerRoot|RequestRoot spool|TempDir spool/tmp|CacheDir cache|StateDir run|"
@@ -62,7 +63,7 @@ void CupsScheduler::writeFiles() const {
 }
 
 Surroundings CupsScheduler::surroundings(const TemporaryDirectory& place) const {
-  return {place.path(), {{"CUPS_SERVER", place_.path("socket")}}, 0};
+  return {place.path(), {{"CUPS_SERVER", socket()}}, 0};
 }
 
 std::string CupsScheduler::command(const std::vector<std::string>& line) const {

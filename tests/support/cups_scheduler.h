@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "support/port.h"
 #include "support/program.h"
 #include "support/temporary_directory.h"
 
@@ -19,6 +20,10 @@ class CupsScheduler {
 
   // Where runs of the viewer find it, with `place` as their current directory.
   Surroundings surroundings(const TemporaryDirectory& place) const;
+
+  // Its two addresses: a path, and a port of this machine.
+  std::string socket() const { return place_.path("socket"); }
+  const std::string& port() const { return port_; }
 
   // A queue with a driver as lpadmin's -m names it, or of a file; its output is output(name).
   void addQueue(const std::string& name, const std::string& driver,
@@ -47,6 +52,7 @@ class CupsScheduler {
   void writeFiles() const;
 
   TemporaryDirectory place_;
+  std::string port_ = Port().number();
   std::optional<Process> process_;
 };
 

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "platform/print/pdf_file_printer.h"
 #include "support/pdf_reader.h"
 #include "support/program.h"
 
@@ -14,7 +15,7 @@ Picture pageBy(Road road, const TemporaryDirectory& place, const std::string& re
   place.write("r.txt", report);
   std::vector<std::string> line = {"-f", "r.txt", "-codepage", codePage};
   if (road == Road::print)
-    line.push_back("-g");
+    line.insert(line.end(), {"-g", "-p", kPdfFilePrinter});
   else
     line.insert(line.end(), {"-export", road == Road::picture ? "r.png" : "r.pdf"});
   const Outcome outcome = runViewer(line, {.directory = place.path()});

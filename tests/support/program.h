@@ -42,6 +42,7 @@ class Process {
   Process(const Process&) = delete;
   Process& operator=(const Process&) = delete;
 
+  pid_t id() const { return id_; }
   bool isRunning();
   Outcome wait();
   void signal(int number);

@@ -14,9 +14,6 @@
 namespace qor {
 namespace {
 
-// Somewhat less than what a connection waits.
-constexpr std::chrono::seconds kUnansweredAfter(kAnswerSeconds - 2);
-
 // Longer names are no queue's.
 constexpr std::size_t kMaxName = 127;
 
@@ -187,6 +184,14 @@ std::vector<QueueName> namesOf(ipp_t* answer) {
   return names;
 }
 
+// Whether the last question of this thread came to nothing because nobody answered or it wasn't
+// let in; that there is no such printer is an answer.
+bool wasRefused() {
+  const ipp_status_t status = cupsLastError();
+  return status >= IPP_STATUS_ERROR_INTERNAL || status == IPP_STATUS_ERROR_FORBIDDEN ||
+         status == IPP_STATUS_ERROR_NOT_AUTHENTICATED || status == IPP_STATUS_ERROR_NOT_AUTHORIZED;
+}
+
 // The connections to the scheduler; libcups opens one anew where the scheduler has closed it.
 // Threads may ask at once: each takes one that lies idle, or makes a new one. A scheduler that has
 // let a question go unanswered is left alone for a while, so that a run doesn't wait for it again
@@ -194,42 +199,60 @@ std::vector<QueueName> namesOf(ipp_t* answer) {
 class Connections {
  public:
   // Runs the question with a connection and keeps that for the next one, where the question says
-  // that it is of use. Nothing is asked where no scheduler answers.
+  // that it was answered. Nothing is asked where no scheduler answers.
   template <class Question>
   void use(Question question) {
-    Connection connection = take();
+    const Patience patience;
+    std::optional<Connection> connection = take(patience);
     if (!connection) return;
-    refusePasswords();
-    const auto start = Clock::now();
-    const bool usable = question(connection.get());
-    const auto now = Clock::now();
+    const bool answered = *connection && isAnswered(question, connection->get(), patience);
+    const std::string reason = answered ? "" : reasonOf(patience);
     const std::lock_guard lock(mutex_);
-    if (now - start >= kUnansweredAfter) {
-      silent_until_ = now + kPause;
-    } else if (usable) {
-      idle_.push_back(std::move(connection));
-    }
+    trouble_ = reason;
+    if (answered) idle_.push_back(std::move(*connection));
+    if (!answered && patience.isOver()) silent_until_ = Clock::now() + kPause;
+  }
+
+  std::string trouble() const {
+    const std::lock_guard lock(mutex_);
+    return trouble_;
   }
 
  private:
   using Clock = std::chrono::steady_clock;
   static constexpr std::chrono::minutes kPause{1};
 
-  Connection take() {
+  template <class Question>
+  static bool isAnswered(Question question, http_t* connection, const Patience& patience) {
+    refusePasswords();
+    limitWaiting(connection, patience);
+    return question(connection) && !patience.isOver();
+  }
+
+  static std::string reasonOf(const Patience& patience) {
+    const std::string server = cupsServer();
+    if (patience.isOver())
+      return server + ": no answer in " + std::to_string(Patience::kLimit.count()) + " seconds";
+    return server + ": " + cupsLastErrorString();
+  }
+
+  // Null where none can be made; nothing where none is to be tried.
+  std::optional<Connection> take(const Patience& patience) {
     {
       const std::lock_guard lock(mutex_);
-      if (Clock::now() < silent_until_) return nullptr;
+      if (Clock::now() < silent_until_) return std::nullopt;
       if (!idle_.empty()) {
         Connection connection = std::move(idle_.back());
         idle_.pop_back();
         return connection;
       }
     }
-    return connectToScheduler();
+    return connectToScheduler(patience);
   }
 
-  std::mutex mutex_;
+  mutable std::mutex mutex_;
   std::vector<Connection> idle_;
+  std::string trouble_;
   Clock::time_point silent_until_{};
 };
 
@@ -246,7 +269,7 @@ class CupsQueues : public PrintQueues {
     std::string name;
     connections_.use([&name](http_t* connection) {
       cups_dest_t* found = cupsGetNamedDest(connection, nullptr, nullptr);
-      if (found == nullptr) return true;
+      if (found == nullptr) return !wasRefused();
       name = found->name;
       cupsFreeDests(1, found);
       return true;
@@ -263,6 +286,8 @@ class CupsQueues : public PrintQueues {
     return queueOf(answer.get());
   }
 
+  std::string trouble() const override { return connections_.trouble(); }
+
   std::unique_ptr<PrintJob> open(const std::string& name, const JobTicket& ticket) override {
     auto job = std::make_unique<CupsJob>(name);
     job->start(ticket);
@@ -274,7 +299,7 @@ class CupsQueues : public PrintQueues {
     Ipp answer;
     connections_.use([&](http_t* connection) {
       answer.reset(cupsDoRequest(connection, request.release(), "/"));
-      return answer != nullptr;
+      return answer != nullptr && !wasRefused();
     });
     return answer;
   }

@@ -1,16 +1,23 @@
 // Messages and connections, by libcups.
 #include "platform/cups/ipp.h"
 
+#include <algorithm>
+
 #include "base/units.h"
 
 namespace qor {
 namespace {
 
-constexpr int kConnectMilliseconds = 5000;
+constexpr double kJobSeconds = 20;     // that a scheduler may think about a job
+constexpr double kLookSeconds = 0.25;  // between looks at the clock
 constexpr int kMaxDpi = 19200;
 
 int giveUp(http_t*, void*) {
   return 0;
+}
+
+int goOn(http_t*, void* patience) {
+  return static_cast<const Patience*>(patience)->isOver() ? 0 : 1;
 }
 
 ipp_attribute_t* attributeOf(ipp_t* message, const char* name) {
@@ -31,12 +38,21 @@ void refusePasswords() {
   cupsSetPasswordCB2(noPassword, nullptr);
 }
 
-Connection connectToScheduler() {
+int Patience::milliseconds() const {
+  const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end_ - Clock::now());
+  return std::max(1, static_cast<int>(left.count()));
+}
+
+Connection connectToScheduler(const Patience& patience) {
   refusePasswords();
   Connection connection(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(),
-                                     1, kConnectMilliseconds, nullptr));
-  if (connection) httpSetTimeout(connection.get(), kAnswerSeconds, giveUp, nullptr);
+                                     1, patience.milliseconds(), nullptr));
+  if (connection) httpSetTimeout(connection.get(), kJobSeconds, giveUp, nullptr);
   return connection;
+}
+
+void limitWaiting(http_t* connection, const Patience& patience) {
+  httpSetTimeout(connection, kLookSeconds, goOn, const_cast<Patience*>(&patience));
 }
 
 Ipp queueRequest(ipp_op_t operation, const std::string& queue) {

@@ -1,6 +1,7 @@
 // Reading and writing Internet Printing Protocol messages, for the files of this module.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -21,14 +22,29 @@ struct HttpCloser {
 };
 using Connection = std::unique_ptr<http_t, HttpCloser>;
 
-// How long an answer may take.
-inline constexpr int kAnswerSeconds = 20;
+// How long a question may take, with all that is said to and fro for it: a scheduler that hangs
+// must not hold up a run.
+class Patience {
+ public:
+  static constexpr std::chrono::seconds kLimit{5};
+
+  bool isOver() const { return Clock::now() >= end_; }
+  int milliseconds() const;  // what is left, at least 1
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  Clock::time_point end_ = Clock::now() + kLimit;
+};
 
 // Nobody is there to type a password. libcups wants to know it for each thread that asks.
 void refusePasswords();
 
-// A connection to the scheduler on which nothing waits for ever; null where none answers.
-Connection connectToScheduler();
+// A connection to the scheduler on which nothing waits for ever, for a job; null where none
+// answers.
+Connection connectToScheduler(const Patience& patience = {});
+
+// Lets a question on the connection wait no longer than that, which must live until the next call.
+void limitWaiting(http_t* connection, const Patience& patience);
 
 // A request about a queue, from the user of the process.
 Ipp queueRequest(ipp_op_t operation, const std::string& queue);

@@ -107,6 +107,9 @@ class PrintQueues {
   // Nothing where there is no such queue.
   virtual std::optional<Queue> find(const std::string& name) = 0;
 
+  // Why the last question got no answer; empty where it got one, or none was asked.
+  virtual std::string trouble() const { return {}; }
+
   // Starts a job. Throws FileError or PrintError.
   virtual std::unique_ptr<PrintJob> open(const std::string& name, const JobTicket& ticket) = 0;
 };

@@ -8,6 +8,7 @@
 #include "base/errors.h"
 #include "platform/print/pdf_file_printer.h"
 #include "platform/print/system_queues.h"
+#include "platform/system/module.h"
 
 namespace qor {
 namespace {
@@ -19,15 +20,21 @@ std::unique_ptr<PrintSystem>& current() {
 
 std::unique_ptr<PrintSystem> makePrintSystem() {
   std::vector<std::unique_ptr<PrintQueues>> systems;
-  if (auto queues = loadSystemQueues()) systems.push_back(std::move(queues));
+  std::string missing;
+  if (auto queues = loadSystemQueues()) {
+    systems.push_back(std::move(queues));
+  } else {
+    missing = moduleError();
+  }
   systems.push_back(makePdfFilePrinter());
-  return std::make_unique<PrintSystem>(std::move(systems));
+  return std::make_unique<PrintSystem>(std::move(systems), std::move(missing));
 }
 
 }  // namespace
 
-PrintSystem::PrintSystem(std::vector<std::unique_ptr<PrintQueues>> systems)
-    : systems_(std::make_move_iterator(systems.begin()), std::make_move_iterator(systems.end())) {
+PrintSystem::PrintSystem(std::vector<std::unique_ptr<PrintQueues>> systems, std::string missing)
+    : systems_(std::make_move_iterator(systems.begin()), std::make_move_iterator(systems.end())),
+      missing_(std::move(missing)) {
 }
 
 const std::vector<QueueName>& PrintSystem::list() {
@@ -68,6 +75,13 @@ const KnownPrinter& PrintSystem::known(const std::string& name) {
 const Printer* PrintSystem::find(const std::string& name) {
   const KnownPrinter& found = known(name);
   return found.printer ? &*found.printer : nullptr;
+}
+
+std::string PrintSystem::trouble() const {
+  for (const auto& system : systems_) {
+    if (std::string trouble = system->trouble(); !trouble.empty()) return trouble;
+  }
+  return missing_;
 }
 
 std::unique_ptr<PrintJob> PrintSystem::open(const Printer& printer, const JobTicket& ticket) {
@@ -111,6 +125,12 @@ PrintSystem& printSystem() {
 
 void setPrintSystem(std::unique_ptr<PrintSystem> system) {
   current() = std::move(system);
+}
+
+void useFilePrinterOnly() {
+  std::vector<std::unique_ptr<PrintQueues>> systems;
+  systems.push_back(makePdfFilePrinter());
+  setPrintSystem(std::make_unique<PrintSystem>(std::move(systems)));
 }
 
 }  // namespace qor

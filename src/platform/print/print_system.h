@@ -15,7 +15,8 @@ namespace qor {
 class PrintSystem {
  public:
   // Printers are listed in the order of the systems, and the first one with a default has it.
-  explicit PrintSystem(std::vector<std::unique_ptr<PrintQueues>> systems);
+  // `missing` says why there isn't another one.
+  explicit PrintSystem(std::vector<std::unique_ptr<PrintQueues>> systems, std::string missing = {});
 
   const std::vector<QueueName>& list();
   const std::string& defaultName();
@@ -27,6 +28,10 @@ class PrintSystem {
   bool knows(const std::string& name) const { return printers_.contains(name); }
   // The list as far as it is known: before it was asked for, the printers that were.
   std::vector<QueueName> listSoFar() const;
+
+  // Why printers of the machine may not be known: no print system is there, or it doesn't answer.
+  // Empty where none of that is so.
+  std::string trouble() const;
 
   // Throws FileError or PrintError.
   std::unique_ptr<PrintJob> open(const Printer& printer, const JobTicket& ticket);
@@ -44,6 +49,7 @@ class PrintSystem {
   const KnownPrinter& known(const std::string& name);
 
   PrintSystems systems_;
+  std::string missing_;
   std::optional<std::vector<QueueName>> names_;
   std::optional<std::string> default_;
   std::map<std::string, KnownPrinter> printers_;
@@ -55,5 +61,8 @@ PrintSystem& printSystem();
 
 // Puts another in its place.
 void setPrintSystem(std::unique_ptr<PrintSystem> system);
+
+// Puts the printer that makes PDF files alone in its place: nobody is asked any more.
+void useFilePrinterOnly();
 
 }  // namespace qor

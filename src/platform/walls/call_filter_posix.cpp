@@ -15,7 +15,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include "platform/walls/allowed_calls.h"
+#include "platform/walls/allowed_calls_posix.h"
 #include "platform/walls/call_filter.h"
 #include "platform/walls/wall.h"
 

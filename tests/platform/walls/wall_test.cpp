@@ -5,16 +5,17 @@
 #include <fstream>
 #include <optional>
 
-#include <arpa/inet.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <linux/landlock.h>
+#include <netinet/in.h>
 #include <sys/ioctl.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include "support/port.h"
 #include "support/program.h"
 #include "support/rows.h"
 
@@ -253,31 +254,6 @@ TEST(Wall, keepsNoDescriptorOfItsParent) {
   }
   EXPECT_EQ(place.read("else/a"), "Ax");
 }
-
-// A port of this machine that takes connections.
-class Port {
- public:
-  Port() : handle_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* const any = reinterpret_cast<sockaddr*>(&address);
-    if (::bind(handle_, any, size) != 0 || ::listen(handle_, 8) != 0 ||
-        ::getsockname(handle_, any, &size) != 0)
-      throw std::runtime_error("no port");
-    number_ = std::to_string(ntohs(address.sin_port));
-  }
-  ~Port() { ::close(handle_); }
-  Port(const Port&) = delete;
-  Port& operator=(const Port&) = delete;
-
-  const std::string& number() const { return number_; }
-
- private:
-  int handle_;
-  std::string number_;
-};
 
 TEST(Wall, opensTheWayToTheSchedulerOnly) {
   constexpr int kMultipath = 262;

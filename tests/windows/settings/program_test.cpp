@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/print/pdf_file_printer.h"
 #include "support/cups_scheduler.h"
 #include "support/pdf_reader.h"
 #include "windows/x_server.h"
@@ -54,7 +55,7 @@ TEST(SettingsProgram, printsAndSavesByKeysAndClicks) {
     const TemporaryDirectory place;
     std::filesystem::copy(QOR_SOURCE_DIR "/samples/ledger-866.txt", place.path("ledger.txt"));
     Surroundings around{place.path(), {{"CUPS_SERVER", "/nowhere"}}};
-    expectTold(runViewer({"-g", "-f", "ledger.txt"}, around), "");
+    expectTold(runViewer({"-g", "-f", "ledger.txt", "-p", kPdfFilePrinter}, around), "");
     const PdfDocument whole = readPdf(place.path("ledger(print).pdf"));
     ASSERT_EQ(whole.pages, 13);
     std::filesystem::remove(place.path("ledger(print).pdf"));
@@ -67,7 +68,8 @@ TEST(SettingsProgram, printsAndSavesByKeysAndClicks) {
         readPdf(onQueue ? scheduler.document(1) : place.path("ledger(print).pdf"));
     EXPECT_EQ(chosen.pages, 3);
     EXPECT_EQ(wordsOf(chosen, {1, 2, 3}), wordsOf(whole, {2, 4, 5}));
-    expectTold(runViewer({"-g", "-f", "ledger.txt", "-i", "QorUtlView.vset#two"}, around), "");
+    expectTold(runViewer({"-g", "-f", "ledger.txt", "-i", "QorUtlView.vset#two"}, around),
+               onQueue ? "" : "/nowhere: ");
     EXPECT_NE(place.read("QorUtlView.vset").find("PagesForPrint = \"2,4-5\""), std::string::npos);
   }
   EXPECT_EQ(readPdf(scheduler.document(2)).pages, 13) << "a run without a window prints them all";

@@ -31,7 +31,7 @@ class VDocPage {
 
   // Reads the page's bytes and builds its lines, with the font that runs at its start; `font` is
   // then the one at its end. Throws ReportError where they can't be read, and for a page of more
-  // than 1 GiB.
+  // than 256 MB or four million lines, items or tags; the page then has no lines.
   void ReadLines(const InputFile& file, PageMode mode, LineEnds ends, FontState& font);
 
   // Builds one line and appends it.
@@ -53,6 +53,9 @@ class VDocPage {
   std::int32_t Number;   // 1 for the first page
   bool Selected = true;  // in the print range
   bool Loaded = false;   // the lines are those of the file
+
+ private:
+  EmptyTexts empty_texts_;
 };
 
 }  // namespace qor

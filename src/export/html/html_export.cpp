@@ -85,7 +85,7 @@ class HtmlTeller : public ItemVisitor {
  public:
   HtmlTeller(std::string_view stem, std::string& html) : stem_(stem), html_(html) {}
 
-  void font(VData_Font& item) override { appendFont(item.Font, html_); }
+  void font(VData_Font& item) override { appendFont(*item.Font, html_); }
   void text(VData_Text& text) override { html_ += text.Text; }
   void image(VData_Image& image) override {
     if (!stem_.empty()) appendImage(image, html_);

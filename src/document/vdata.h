@@ -19,7 +19,7 @@ namespace qor {
 class Canvas;
 class ItemVisitor;
 class VSet;
-struct Picture;
+class StoredPicture;
 
 class VData {
  public:
@@ -121,14 +121,13 @@ class VData_Image : public VData_Shape {
   void Load();
 
   std::string ErrorText;
-  std::shared_ptr<const Picture> Bitmap;
+  std::shared_ptr<const StoredPicture> Bitmap;
   std::string FileName;  // in the document's code page
   std::int32_t ImageNumber = -1;
   std::int32_t ImageStretch = kNaturalStretch;  // a StretchKind
 
  private:
   bool drawPicture(Canvas& canvas, bool onPage);
-  void releaseLargePicture();
   void drawErrorText(Canvas& canvas);
 
   bool loaded_ = false;

@@ -57,9 +57,9 @@ std::int64_t totalLength(const VBarCodeCalc::Texts& texts) {
 class SymbolPainter {
  public:
   SymbolPainter(const VData_BarCode& code, Canvas& canvas, const SymbolLayout& layout)
-      : code_(code), canvas_(canvas), layout_(layout), font_(code.Font.LogFont) {
+      : code_(code), canvas_(canvas), layout_(layout), font_(code.Font->LogFont) {
     font_.Height = truncated(layout.textHeight);
-    font_.Width = twipsFromMillimetres(code.Font.Width);
+    font_.Width = twipsFromMillimetres(code.Font->Width);
     font_.Escapement = font_.Orientation = layout.orientation * 900;
   }
 
@@ -109,7 +109,7 @@ class SymbolPainter {
 
   void paintLabel(const std::string& label, Point from, Point to) {
     if (label == " " || label.empty()) return;
-    const double halfCharacter = realTwipsFromLabelMillimetres(code_.Font.Width) / 2;
+    const double halfCharacter = realTwipsFromLabelMillimetres(code_.Font->Width) / 2;
     showText(label, alongBars(from), middle(from, to, halfCharacter));
   }
 
@@ -146,8 +146,8 @@ class SymbolPainter {
   }
 
   void showText(const std::string& text, std::int32_t alongBar, std::int32_t alongStep) {
-    canvas_.setTextColor(code_.Font.Color);
-    canvas_.setCharacterExtra(twipsFromMillimetres(code_.Font.LineSpacing));
+    canvas_.setTextColor(code_.Font->Color);
+    canvas_.setCharacterExtra(twipsFromMillimetres(code_.Font->LineSpacing));
     canvas_.setFont(font_);
     canvas_.moveTo(layout_.upright() ? Point{alongStep, alongBar} : Point{alongBar, alongStep});
     canvas_.textOut(codePointsFromCodePage(text, codePageOfCharset(font_.CharSet)));

@@ -30,7 +30,7 @@ double textHeight(const VData_BarCode& code, double module) {
   if (!code.SizeSet) return double(code.SizeFactor) * kBasicTextHeight;
   if (code.ValueFont == 0) return module / kBasicModule * kBasicTextHeight;
   // Millimetres, where the height of a text item is points: reports size their captions by it.
-  return realTwipsFromMillimetres(code.Font.Height);
+  return realTwipsFromMillimetres(code.Font->Height);
 }
 
 // The corner of the rectangle where the symbol starts, moved in by the offset along the steps and

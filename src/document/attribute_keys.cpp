@@ -173,15 +173,6 @@ void setSizeFactor(VData_BarCode& item, const AttributeValue& value) {
   }
 }
 
-void setCaptionFace(VData_BarCode& item, const AttributeValue& value) {
-  setFace(item.Font, value);
-}
-
-template <auto Field>
-void setCaptionSize(VData_BarCode& item, const AttributeValue& value) {
-  store<Field, realNumber>(item.Font, value);
-}
-
 // Both margin keys write the top margin: reports rely on the later one winning.
 constexpr AttributeKey<VData_BarCode> kBarcodeKeys[] = {
     {"br_type", setBarcodeType},
@@ -204,9 +195,12 @@ constexpr AttributeKey<VData_BarCode> kBarcodeKeys[] = {
     {"brcRGB", store<&VData_BarCode::BarColor, colorByRgb>},
     {"brcINT", store<&VData_BarCode::BarColor, colorByNumber>},
     {"brcHEX", store<&VData_BarCode::BarColor, colorByNumber>},
-    {"font_name", setCaptionFace},
-    {"font_height", setCaptionSize<&FontState::Height>},
-    {"font_width", setCaptionSize<&FontState::Width>},
+};
+
+constexpr AttributeKey<FontState> kCaptionKeys[] = {
+    {"font_name", setFace},
+    {"font_height", store<&FontState::Height, realNumber>},
+    {"font_width", store<&FontState::Width, realNumber>},
 };
 
 // --- The loop over a tag -------------------------------------------------------------------------
@@ -248,6 +242,14 @@ class KeyGroup {
   int applied_ = 0;
 };
 
+// Gives the item the font that it has once `read` has changed it.
+template <class Read>
+void changeFont(VData_Font& item, Read read) {
+  FontState font = *item.Font;
+  read(font);
+  if (font != *item.Font) item.Font = SharedFont(font);
+}
+
 // Returns how many attributes had an effect on one of the groups.
 template <class... Targets>
 int readWith(std::string_view attributes, KeyGroup<Targets>... groups) {
@@ -267,8 +269,10 @@ void readAttributes(std::string_view attributes, FontState& font) {
 }
 
 void readAttributes(std::string_view attributes, VData_Text& item) {
-  readWith(attributes, KeyGroup(kTextKeys, item), KeyGroup(kFontKeys, item.Font),
-           KeyGroup(kFontStyleKeys, item.Font));
+  changeFont(item, [&](FontState& font) {
+    readWith(attributes, KeyGroup(kTextKeys, item), KeyGroup(kFontKeys, font),
+             KeyGroup(kFontStyleKeys, font));
+  });
 }
 
 void readAttributes(std::string_view attributes, VData_Shape& item) {
@@ -280,9 +284,11 @@ void readAttributes(std::string_view attributes, VData_Image& item) {
 }
 
 void readAttributes(std::string_view attributes, VData_BarCode& item) {
-  item.AttributeCount +=
-      readWith(attributes, KeyGroup(kBarcodeKeys, item), KeyGroup(kFontStyleKeys, item.Font),
-               KeyGroup<VData_Shape>(kShapeKeys, item));
+  changeFont(item, [&](FontState& font) {
+    item.AttributeCount +=
+        readWith(attributes, KeyGroup(kBarcodeKeys, item), KeyGroup(kCaptionKeys, font),
+                 KeyGroup(kFontStyleKeys, font), KeyGroup<VData_Shape>(kShapeKeys, item));
+  });
 }
 
 }  // namespace qor

@@ -20,16 +20,17 @@ void FontState::Reset() {
   RowHeight = 0.0;
 }
 
-void VFont_List::Push(int key, const FontState& font) {
+void VFont_List::Push(int key, const SharedFont& font) {
   open_.push_back({key, openKeys() | 1U << key, font});
 }
 
-void VFont_List::Pop(int key, FontState& font) {
-  if ((openKeys() & 1U << key) == 0) return;
+bool VFont_List::Pop(int key, SharedFont& font) {
+  if ((openKeys() & 1U << key) == 0) return false;
   const auto found = std::find_if(open_.rbegin(), open_.rend(),
                                   [key](const VFont_Node& node) { return node.Key == key; });
   font = found->Saved;
   open_.erase(std::prev(found.base()), open_.end());
+  return true;
 }
 
 }  // namespace qor

@@ -5,12 +5,13 @@
 #include <cstdint>
 #include <vector>
 
+#include "document/shared_font.h"
 #include "platform/canvas/color.h"
 #include "platform/fonts/log_font.h"
 
 namespace qor {
 
-// Copied whole into items: it holds no pointers.
+// It holds no pointers: items share one by its value.
 struct FontState {
   std::int32_t Kind;       // not read
   double WidthFactor;      // scale of the character width
@@ -34,17 +35,17 @@ struct FontState {
 struct VFont_Node {
   int Key;                 // the tag's place in the list of style keys, 0 to 31
   std::uint32_t OpenKeys;  // one bit for each key that is open here: this one and all older
-  FontState Saved;
+  SharedFont Saved;
 };
 
 // The open style tags, oldest first.
 class VFont_List {
  public:
-  void Push(int key, const FontState& font);
+  void Push(int key, const SharedFont& font);
 
   // Brings back the font from before the newest tag with this key, and closes the tags opened
-  // since. Nothing happens where no such tag is open.
-  void Pop(int key, FontState& font);
+  // since. False, and nothing happens, where no such tag is open.
+  bool Pop(int key, SharedFont& font);
 
  private:
   std::uint32_t openKeys() const { return open_.empty() ? 0 : open_.back().OpenKeys; }

@@ -6,6 +6,7 @@
 
 #include "base/path.h"
 #include "base/text.h"
+#include "platform/pictures/picture_store.h"
 #include "platform/system/input_file.h"
 #include "platform/system/text_encoding.h"
 
@@ -14,19 +15,25 @@ namespace {
 
 constexpr std::array<std::string_view, 6> kExtensions = {".png", ".jpg", ".jpeg",
                                                          ".gif", ".bmp", ".ico"};
-constexpr std::uint64_t kMaxPictureFile = 256U << 20;
 
 }  // namespace
 
-std::optional<std::string> readNamedFile(std::string_view fileName, int codePage) {
-  return readWholeFile(withSystemSeparators(utf8FromCodePage(fileName, codePage)), kMaxPictureFile);
-}
-
-std::optional<std::string> readPictureFile(std::string_view fileName, int codePage) {
+std::optional<std::string> picturePath(std::string_view fileName, int codePage) {
   const std::string extension = lowerAscii(extensionOf(fileName));
   const bool known =
       std::find(kExtensions.begin(), kExtensions.end(), extension) != kExtensions.end();
-  return known ? readNamedFile(fileName, codePage) : std::nullopt;
+  if (!known) return std::nullopt;
+  return withSystemSeparators(utf8FromCodePage(fileName, codePage));
+}
+
+std::optional<std::string> readPictureFile(std::string_view fileName, int codePage) {
+  const auto path = picturePath(fileName, codePage);
+  return path ? readWholeFile(*path, kMaxPictureFile) : std::nullopt;
+}
+
+std::shared_ptr<const StoredPicture> pictureNamed(std::string_view fileName, int codePage) {
+  const auto path = picturePath(fileName, codePage);
+  return path ? storedPicture(*path) : nullptr;
 }
 
 }  // namespace qor

@@ -1,17 +1,24 @@
-// The picture files that a report names.
+// The picture files that a report names. All who show or embed one come to it this way.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace qor {
 
-// The bytes of a file by its name as the report has it, in the document's code page. A name with
-// "\" is tried with "/" where it is not found. Nothing for files that can't be read.
-std::optional<std::string> readNamedFile(std::string_view fileName, int codePage);
+class StoredPicture;
 
-// The same, and nothing for names without the extension of a picture.
+// The path of a picture by its name as the report has it, in the document's code page: a name with
+// "\" is tried with "/" where it is not found. Nothing for names without the extension of a
+// picture.
+std::optional<std::string> picturePath(std::string_view fileName, int codePage);
+
+// The bytes of its file; nothing where it can't be read.
 std::optional<std::string> readPictureFile(std::string_view fileName, int codePage);
+
+// The picture; null where there is none that can be shown.
+std::shared_ptr<const StoredPicture> pictureNamed(std::string_view fileName, int codePage);
 
 }  // namespace qor

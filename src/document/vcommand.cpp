@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 #include "document/attributes.h"
 #include "document/control_bytes.h"
@@ -26,6 +27,10 @@ constexpr std::array<std::string_view, 5> kItemKeys = {"page", "text", "shape", 
 
 constexpr std::size_t kLongestKey = 7;
 
+// Of a page. None that is to be read has as many.
+constexpr std::size_t kMaxItems = 4'000'000;
+constexpr std::size_t kMaxTags = 4'000'000;
+
 bool endsKey(char c) {
   return c == ' ' || c == '/' || c == '>';
 }
@@ -39,14 +44,29 @@ int keyIndexOf(std::string_view key, const std::array<std::string_view, Count>& 
 
 }  // namespace
 
-VCommand::VCommand(VSet& settings, FontState& font) : Font(&font), Settings(&settings) {
+VCommand::VCommand(VSet& settings, FontState& font)
+    : Font(&font), Settings(&settings), shared_font_(font), is_shared_(true) {
+}
+
+const char* VCommand::excess() const {
+  return items_ > kMaxItems ? "items" : tags_ > kMaxTags ? "tags" : nullptr;
+}
+
+const SharedFont& VCommand::sharedFont() {
+  if (!std::exchange(is_shared_, true)) shared_font_ = SharedFont(*Font);
+  return shared_font_;
+}
+
+FontState& VCommand::changedFont() {
+  is_shared_ = false;
+  return *Font;
 }
 
 std::unique_ptr<VData> VCommand::NextItem(LineCursor& cursor) {
   if (cursor.atEnd()) return nullptr;
   if (isControl(cursor.current())) {
     std::size_t place = cursor.offset();
-    RunControlSequences(cursor.line(), place, nullptr, *Font);
+    RunControlSequences(cursor.line(), place, nullptr, changedFont());
     cursor.moveTo(place);
     return nullptr;
   }
@@ -69,7 +89,8 @@ std::size_t VCommand::endOfRun(LineCursor& cursor) {
 
 std::unique_ptr<VData> VCommand::takeTextRun(LineCursor& cursor) {
   const std::size_t end = endOfRun(cursor);
-  auto item = std::make_unique<VData_Text>(cursor.between(cursor.offset(), end), Font);
+  auto item = std::make_unique<VData_Text>(cursor.between(cursor.offset(), end), sharedFont());
+  ++items_;
   std::replace(item->Text.begin(), item->Text.end(), kFormFeed, ' ');
   cursor.moveTo(end);
   return item;
@@ -112,48 +133,61 @@ std::optional<VCommand::Tag> VCommand::itemTagAt(LineCursor& cursor, std::size_t
 
 std::unique_ptr<VData> VCommand::ParseTag(LineCursor& cursor, const Tag& tag) {
   cursor.moveTo(tag.end);
+  ++tags_;
   if (!tag.style) return MakeItem(tag);
   ApplyStyleCommand(tag);
   // A line that ends in an opening tag gets an empty text, so that it has a height.
   const bool endsLine = tag.form == TagForm::opening && cursor.atEnd();
-  return endsLine ? std::make_unique<VData_Text>("", nullptr) : nullptr;
+  return endsLine ? std::make_unique<VData_Text>("", SharedFont()) : nullptr;
 }
 
 void VCommand::ApplyStyleCommand(const Tag& tag) {
   switch (tag.form) {
-    case TagForm::closing: Pop(tag.key, *Font); break;
+    case TagForm::closing: closeStyle(tag.key); break;
     case TagForm::plain:
-      Push(tag.key, *Font);
+      openStyle(tag.key);
       applyPlainStyle(tag.key);
       break;
-    case TagForm::empty: readAttributes(tag.attributes, *Font); break;
+    case TagForm::empty: readAttributes(tag.attributes, changedFont()); break;
     case TagForm::opening:
       if (tag.key != kFont) break;
-      Push(tag.key, *Font);
-      readAttributes(tag.attributes, *Font);
+      openStyle(tag.key);
+      readAttributes(tag.attributes, changedFont());
       break;
   }
 }
 
+void VCommand::openStyle(int key) {
+  Push(key, sharedFont());
+}
+
+void VCommand::closeStyle(int key) {
+  if (!Pop(key, shared_font_)) return;
+  is_shared_ = true;
+  *Font = *shared_font_;
+}
+
 void VCommand::applyPlainStyle(int key) {
+  FontState& font = changedFont();
   switch (key) {
     case kFont: break;
-    case kBold: Font->LogFont.Weight = kBoldWeight; break;
-    case kItalic: Font->LogFont.Italic = 1; break;
-    case kUnderline: Font->LogFont.Underline = 1; break;
-    case kStrikeOut: Font->LogFont.StrikeOut = 1; break;
-    case kWide: Font->WidthFactor *= 2; break;
-    default: Font->Height = kHeadingPoints[static_cast<std::size_t>(key - kFirstHeading)];
+    case kBold: font.LogFont.Weight = kBoldWeight; break;
+    case kItalic: font.LogFont.Italic = 1; break;
+    case kUnderline: font.LogFont.Underline = 1; break;
+    case kStrikeOut: font.LogFont.StrikeOut = 1; break;
+    case kWide: font.WidthFactor *= 2; break;
+    default: font.Height = kHeadingPoints[static_cast<std::size_t>(key - kFirstHeading)];
   }
 }
 
 std::unique_ptr<VData> VCommand::MakeItem(const Tag& tag) {
-  const auto withAttributes = [&tag](auto item) -> std::unique_ptr<VData> {
+  const auto withAttributes = [&](auto item) -> std::unique_ptr<VData> {
     readAttributes(tag.attributes, *item);
+    ++items_;
     return item;
   };
   switch (tag.key) {
-    case kText: return withAttributes(std::make_unique<VData_Text>("", Font));
+    case kText: return withAttributes(std::make_unique<VData_Text>("", sharedFont()));
     case kShape: return withAttributes(std::make_unique<VData_Shape>(Settings));
     case kImage: return withAttributes(std::make_unique<VData_Image>(Settings));
     case kBarcode: return makeBarcode(tag);
@@ -166,6 +200,7 @@ std::unique_ptr<VData> VCommand::makeBarcode(const Tag& tag) {
   readAttributes(tag.attributes, *item);
   item->follow(barcode_before_);
   barcode_before_ = item.get();
+  ++items_;
   return item;
 }
 

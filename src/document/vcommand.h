@@ -24,6 +24,12 @@ class VCommand : public VFont_List {
   // The font at the place that was read last.
   const FontState& runningFont() const { return *Font; }
 
+  // The same as items hold it.
+  const SharedFont& sharedFont();
+
+  // What the page has too much of to be read on, "items" or "tags"; null as long as it hasn't.
+  const char* excess() const;
+
   // The next item of the line, or null where the cursor stood at a command without an item. Always
   // moves the cursor on, unless it is at the end.
   std::unique_ptr<VData> NextItem(LineCursor& cursor);
@@ -53,9 +59,17 @@ class VCommand : public VFont_List {
   std::unique_ptr<VData> MakeItem(const Tag& tag);
   std::unique_ptr<VData> makeBarcode(const Tag& tag);
   std::unique_ptr<VData> takeTextRun(LineCursor& cursor);
+  void closeStyle(int key);
+  void openStyle(int key);
+  // The running font, to be changed.
+  FontState& changedFont();
 
   FontState* Font;
   VSet* Settings;
+  SharedFont shared_font_;
+  bool is_shared_ = false;  // shared_font_ is the running font
+  std::size_t items_ = 0;
+  std::size_t tags_ = 0;
   const VData_BarCode* barcode_before_ = nullptr;
 };
 

@@ -12,13 +12,14 @@
 #include "base/chain.h"
 #include "document/font_state.h"
 #include "document/item_kinds.h"
+#include "document/shared_font.h"
 
 namespace qor {
 
 class Canvas;
 class ItemVisitor;
 class VSet;
-struct Picture;
+class StoredPicture;
 
 class VData {
  public:
@@ -46,30 +47,30 @@ class VData {
 
 class VData_Font : public virtual VData {
  public:
-  explicit VData_Font(const FontState* font) {
-    if (font != nullptr) Font = *font;
-  }
+  explicit VData_Font(const SharedFont& font) : Font(font) {}
 
-  FontState Font;  // as it stood when the item was read
+  SharedFont Font;  // as it stood when the item was read
 };
 
 // A run of text on its line, a text at a place of its own, or a text in a box.
 class VData_Text : public VData_Font {
  public:
-  VData_Text(std::string_view text, const FontState* font) : VData_Font(font), Text(text) {}
+  VData_Text(std::string_view text, const SharedFont& font) : VData_Font(font), Text(text) {}
 
   void Draw(Canvas& canvas) override;
   void tell(ItemVisitor& visitor) override;
   std::int32_t heightOnLine() const override { return HasPosition ? 0 : LineHeight; }
 
-  // Fills WideText from Text and the code page table.
+  // Fills WideText from Text and the code page table. An empty text leaves it alone.
   void BuildWideText();
 
   bool inBox() const { return HasPosition && (Right != 0 || Bottom != 0); }
   // PDF takes a text in the page's very corner for one on its line.
   bool offCorner() const { return Left != 0 || Top != 0; }
 
-  std::u32string WideText;
+  // Of the item that was built last: pages hold millions of items, and one is drawn at a time.
+  inline static std::u32string WideText;
+
   std::string Text;  // in the document's code page
   std::int32_t Left = 0;
   std::int32_t Top = 0;
@@ -120,14 +121,13 @@ class VData_Image : public VData_Shape {
   void Load();
 
   std::string ErrorText;
-  std::shared_ptr<const Picture> Bitmap;
+  std::shared_ptr<const StoredPicture> Bitmap;
   std::string FileName;  // in the document's code page
   std::int32_t ImageNumber = -1;
   std::int32_t ImageStretch = kNaturalStretch;  // a StretchKind
 
  private:
   bool drawPicture(Canvas& canvas, bool onPage);
-  void releaseLargePicture();
   void drawErrorText(Canvas& canvas);
 
   bool loaded_ = false;
@@ -135,7 +135,7 @@ class VData_Image : public VData_Shape {
 
 class VData_BarCode : public VData_Font, public VData_Shape {
  public:
-  explicit VData_BarCode(VSet* settings) : VData_Font(nullptr), VData_Shape(settings) {}
+  explicit VData_BarCode(VSet* settings) : VData_Font(SharedFont()), VData_Shape(settings) {}
 
   // Throws ConversionError, which tells the value, for a symbol that can't be made of it.
   void Draw(Canvas& canvas) override;

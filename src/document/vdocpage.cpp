@@ -19,8 +19,15 @@ namespace {
 constexpr std::string_view kMemoMark = "text memo";
 const std::boyer_moore_horspool_searcher kMemoSearcher(kMemoMark.begin(), kMemoMark.end());
 
-// No page is this long; a file without page ends that is must not fill the memory.
-constexpr std::uint64_t kMaxPageBytes = 1U << 30;
+// No page that is to be read holds as much; a file without page ends that does must not fill the
+// memory.
+constexpr std::uint64_t kMaxPageBytes = 256U << 20;
+constexpr std::size_t kMaxLines = 4'000'000;
+
+[[noreturn]] void refuse(const VDocPage& page, const std::string& reason) {
+  throw ReportError("Error: page " + std::to_string(page.Number) + " " + reason + ": " +
+                    AppOptions.FileName);
+}
 
 std::string readBytes(const InputFile& file, std::uint64_t offset, std::uint64_t length) {
   std::string bytes(length, '\0');
@@ -85,15 +92,26 @@ class LineSplitter {
     const std::string_view rest = bytes_.substr(place_);
     std::size_t count = plainBytes(rest);
     while (count < rest.size() && isLineByte(rest[count], mode_)) ++count;
-    line_.append(rest.substr(0, count));
+    append(rest.substr(0, count));
     place_ += count;
+  }
+
+  // Most lines are one piece of the page; those that lose a byte in their middle are put together.
+  void append(std::string_view piece) {
+    if (line_.empty()) {
+      line_ = piece;
+      return;
+    }
+    if (line_.data() != joined_.data()) joined_ = line_;
+    joined_ += piece;
+    line_ = joined_;
   }
 
   void takeSpecialByte() {
     const char c = bytes_[place_++];
     if (c == kTab) return;
     if (lineHoldsMemo()) {
-      if (c == kLineFeed) line_ += c;
+      if (c == kLineFeed) append("\n");
       return;
     }
     addLine();
@@ -118,7 +136,10 @@ class LineSplitter {
       line.Overprint = 1;
       line.LineFeeds = 0;
     }
-    line_.clear();
+    line_ = {};
+    if (++lines_ > kMaxLines) refuse(page_, "has more than 4 million lines");
+    if (const char* excess = commands_.excess())
+      refuse(page_, std::string("has more than 4 million ") + excess);
   }
 
   VDocPage& page_;
@@ -126,7 +147,9 @@ class LineSplitter {
   std::string_view bytes_;
   ReadingMode mode_;
   std::size_t place_ = 0;
-  std::string line_;
+  std::size_t lines_ = 0;
+  std::string_view line_;  // in the bytes, or in joined_
+  std::string joined_;
   bool memo_ = false;  // once true, no line of the page ends any more
   bool pending_overprint_ = false;
   bool pending_form_feed_ = false;
@@ -148,10 +171,7 @@ VDocPage::~VDocPage() {
 void VDocPage::ReadLines(const InputFile& file, std::uint64_t fileSize, PageMode mode,
                          LineEnds ends, FontState& font) {
   ReleaseLines();
-  if (Length > kMaxPageBytes) {
-    throw ReportError("Error: page " + std::to_string(Number) +
-                      " is too long to be read: " + AppOptions.FileName);
-  }
+  if (Length > kMaxPageBytes) refuse(*this, "is longer than 256 MB, which is too long to be read");
   std::string bytes;
   try {
     const std::uint64_t there = fileSize > Offset ? fileSize - Offset : 0;
@@ -161,21 +181,27 @@ void VDocPage::ReadLines(const InputFile& file, std::uint64_t fileSize, PageMode
                       ". Error: can't read data from document file: " + AppOptions.FileName);
   }
   VCommand commands(*Settings, font);
-  LineSplitter(*this, commands, textOf(bytes, ends, Number), {mode == PageMode::sheets, ends})
-      .run();
+  try {
+    LineSplitter(*this, commands, textOf(bytes, ends, Number), {mode == PageMode::sheets, ends})
+        .run();
+  } catch (...) {
+    ReleaseLines();
+    throw;
+  }
   Font = std::make_unique<FontState>(font);
   Loaded = true;
 }
 
 VDocStr& VDocPage::AddLine(std::string_view text, VCommand& commands) {
   VDocStr*& link = LastLine == nullptr ? FirstLine : LastLine->Next;
-  link = LastLine = new VDocStr(text, commands);
+  link = LastLine = new VDocStr(text, commands, empty_texts_);
   return *LastLine;
 }
 
 void VDocPage::ReleaseLines() {
   deleteChain<&VDocStr::Next>(FirstLine);
   LastLine = nullptr;
+  empty_texts_.clear();
   Font.reset();
   Loaded = false;
 }

@@ -32,7 +32,7 @@ class VDocPage {
   // Reads the page's bytes and builds its lines, with the font that runs at its start; `font` is
   // then the one at its end. The file had that size when its pages were found: a last page may be
   // told to be longer than it is. Throws ReportError where they can't be read, and for a page of
-  // more than 1 GiB.
+  // more than 256 MB or four million lines, items or tags; the page then has no lines.
   void ReadLines(const InputFile& file, std::uint64_t fileSize, PageMode mode, LineEnds ends,
                  FontState& font);
 
@@ -55,6 +55,9 @@ class VDocPage {
   std::int32_t Number;   // 1 for the first page
   bool Selected = true;  // in the print range
   bool Loaded = false;   // the lines are those of the file
+
+ private:
+  EmptyTexts empty_texts_;
 };
 
 }  // namespace qor

@@ -8,17 +8,32 @@
 
 namespace qor {
 
-VDocStr::VDocStr(std::string_view text, VCommand& commands) {
-  if (text.empty()) {
-    const FontState& font = commands.runningFont();
-    AddItem(std::make_unique<VData_Text>("", &font));
-    RowHeight = std::max(0, twipsFromRowUnits(font.RowHeight));
+VData_Text& EmptyTexts::of(const SharedFont& font) {
+  if (last_ == nullptr || &*last_->Font != &*font) {
+    auto& text = texts_[&*font];
+    if (!text) text = std::make_unique<VData_Text>("", font);
+    last_ = text.get();
   }
-  for (LineCursor cursor(text); !cursor.atEnd();) AddItem(commands.NextItem(cursor));
+  return *last_;
+}
+
+void EmptyTexts::clear() {
+  last_ = nullptr;
+  texts_.clear();
+}
+
+VDocStr::VDocStr(std::string_view text, VCommand& commands, EmptyTexts& empty)
+    : is_empty_(text.empty()) {
+  if (is_empty_) {
+    FirstItem = LastItem = &empty.of(commands.sharedFont());
+    RowHeight = std::max(0, twipsFromRowUnits(commands.runningFont().RowHeight));
+  }
+  for (LineCursor cursor(text); !cursor.atEnd() && !commands.excess();)
+    AddItem(commands.NextItem(cursor));
 }
 
 VDocStr::~VDocStr() {
-  deleteChain<&VData::NextItem>(FirstItem);
+  if (!is_empty_) deleteChain<&VData::NextItem>(FirstItem);
   deleteChain<&VDocStr::Next>(Next);
 }
 

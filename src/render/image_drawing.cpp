@@ -2,7 +2,7 @@
 #include "document/vdata.h"
 #include "document/vset.h"
 #include "platform/canvas/canvas.h"
-#include "platform/pictures/picture.h"
+#include "platform/pictures/picture_store.h"
 #include "platform/system/text_encoding.h"
 #include "render/image_placing.h"
 #include "render/path_ellipsis.h"
@@ -48,14 +48,13 @@ bool VData_Image::drawPicture(Canvas& canvas, bool onPage) {
     return false;
   }
   const auto place =
-      placeImage(ImageStretch, {Left, Top, Right, Bottom}, Bitmap->width, Bitmap->height);
+      placeImage(ImageStretch, {Left, Top, Right, Bottom}, Bitmap->width(), Bitmap->height());
   if (!place || (ImageStretch == kTwipPerPixelStretch && !onPage)) return true;
   if (ImageStretch == kNaturalStretch) {
     Right = place->right;
     Bottom = place->bottom;
   }
   canvas.drawPicture(*Bitmap, *place);
-  releaseLargePicture();
   return true;
 }
 

@@ -32,7 +32,7 @@ class OverflowCanvas : public Canvas {
   void rectangle(const Rect&) override {}
   void roundRect(const Rect&, std::int32_t, std::int32_t) override {}
   void ellipse(const Rect&) override {}
-  void drawPicture(const Picture&, const Rect&) override {}
+  void drawPicture(const StoredPicture&, const Rect&) override {}
 
  protected:
   void paintText(const TextRun& run) override {

@@ -32,18 +32,18 @@ LogFont selectFont(const FontState& font, Canvas& canvas) {
 }  // namespace
 
 void VData_Text::Draw(Canvas& canvas) {
-  canvas.setTextColor(Font.Color);
-  selectFont(Font, canvas);
+  canvas.setTextColor(Font->Color);
+  selectFont(*Font, canvas);
   const TextMetrics& metrics = canvas.textMetrics();
   CharWidth = metrics.averageWidth;
   LineHeight = truncated(metrics.height + metrics.externalLeading +
-                         realTwipsFromLineSpacing(Font.LineSpacing));
-  canvas.setCharacterExtra(twipsFromMillimetres(Font.CharSpacing));
+                         realTwipsFromLineSpacing(Font->LineSpacing));
+  canvas.setCharacterExtra(twipsFromMillimetres(Font->CharSpacing));
   if (Text.empty()) return;
 
   if (inBox()) {
     // Text in boxes is read in the code page of its font's character set, not in the report's.
-    const int codePage = codePageOfCharset(Font.LogFont.CharSet);
+    const int codePage = codePageOfCharset(Font->LogFont.CharSet);
     canvas.drawText(codePointsFromCodePage(Text, codePage), {Left, Top, Right, Bottom},
                     alignOf(AlignH), alignOf(AlignV));
     return;

@@ -66,6 +66,19 @@ TEST(CommandLanguage, stylesGoOnInTheNextLineAndPage) {
   EXPECT_EQ(report.dump(2), "line\n  text \"c\" italic=1\n  text \"d\" italic=1\n");
 }
 
+TEST(CommandLanguage, fontsAreSharedByThoseThatAreEqualOnly) {
+  TestReport report(
+      "\r\n<i>a<text fb=1 tc=b/>c\r\n\r\n<font height=7>\r\n\r\n<i/>\r\n\r\n"
+      "<barcode font_height=9 fi=1/>d");
+  const std::string plain = "line\n  text \"\"";
+  EXPECT_EQ(report.dump().substr(0, report.dump().find("barcode")),
+            plain + "\nline\n  text \"a\" italic=1\n  text \"b\" weight=700 italic=1\n" +
+                "  text \"c\" italic=1\n" + plain + " italic=1\n" + plain + "\n" + plain +
+                " height=7 italic=1\nline\n" + plain + "\nline\n  ");
+  EXPECT_NE(report.dump().find(" height=9 italic=1 shape"), std::string::npos);
+  EXPECT_NE(report.dump().find("  text \"d\"\n"), std::string::npos);
+}
+
 TEST(CommandLanguage, textItemsTakeTheirKeys) {
   expectItems(
       {{"place", "<text left=10. top=20.5 tc=\"a b\"/>", "\"a b\" at 566,1162"},
@@ -185,6 +198,8 @@ TEST(CommandLanguage, linesEndAsOnALinePrinter) {
                {"CR at the end", "a\r", "\"a\""},
                {"memo spans lines", "<text memo tc=\"a\r\nb\r\nc\"/>\r\nd", "\"a|b|c\"|\"d\""},
                {"memo behind a tab", "<te\txt memo tc=\"a\r\nb\"/>", "\"a|b\""},
+               {"tabs in lines in turn", "a\tb\t\tc\r\nd\r\n\te\tf\t\r\n\t\r\ng",
+                "\"abc\"|line|\"d\"|line|\"ef\"|line|\"\"|line|\"g\""},
                {"zero byte is dropped", std::string("a\0b", 3), "\"a\"|\"b\""}});
   EXPECT_EQ(TestReport("a\tb").dump(1, PageMode::sheets), "line\n  text \"a\"\n  text \"b\"\n");
 }

@@ -140,6 +140,46 @@ TEST_F(PageIndexTest, readsTheHead) {
   }
 }
 
+TEST_F(PageIndexTest, refusesPagesThatHoldTooMuchAndNamesThem) {
+  const auto times = [](std::size_t count, std::string_view text) {
+    std::string all;
+    for (std::size_t i = 0; i < count; ++i) all += text;
+    return all;
+  };
+  constexpr std::size_t kMost = 4'000'000;
+  constexpr std::uint64_t kLongest = 256U << 20;
+  struct Row {
+    std::string page;
+    std::uint64_t length;
+    const char* reason;  // none: it is read
+  };
+  for (const auto& [bytes, length, reason] : std::initializer_list<Row>{
+           {times(kMost, "\r"), 0, ""},
+           {times(kMost + 1, "\r"), 0, "has more than 4 million lines"},
+           {times(kMost - 1, "<b>"), 0, ""},
+           {times(kMost + 1, "<b/>"), 0, "has more than 4 million tags"},
+           {times(kMost + 1, "a\x0E"), 0, "has more than 4 million items"},
+           {"a", kLongest, ""},
+           {"a", kLongest + 1, "is longer than 256 MB, which is too long to be read"}}) {
+    put("a\f<h1>" + bytes);
+    VDoc doc;
+    doc.ScanPages(false);
+    if (length > 0) doc.Pages.back().Length = length;
+    std::string told;
+    try {
+      doc.ReadUpTo(2);
+      doc.GetPage(2);
+    } catch (const ReportError& error) {
+      told = error.what();
+    }
+    const std::string prefix = "Error: page 2 ";
+    EXPECT_EQ(told, *reason == 0 ? "" : prefix + reason + ": " + AppOptions.FileName);
+    EXPECT_EQ(doc.Pages.back().Loaded, *reason == 0);
+    EXPECT_EQ(doc.Pages.back().FirstLine == nullptr, *reason != 0) << reason;
+    EXPECT_EQ(doc.FontAt(3).Height, *reason == 0 ? 24 : 10) << reason;
+  }
+}
+
 TEST_F(PageIndexTest, selectsPagesByList) {
   // The first page is not selected before. "?" stands for a list that is refused.
   const auto times = [](int count, const std::string& entry) {

@@ -4,7 +4,7 @@
 #include <sstream>
 
 #include "document/code_page.h"
-#include "platform/pictures/picture.h"
+#include "platform/pictures/picture_store.h"
 #include "render/page_walk.h"
 #include "support/page_picture.h"
 #include "support/report_reader.h"
@@ -41,9 +41,9 @@ void RecordingCanvas::rectangle(const Rect& rect) {
   note("rectangle " + text(rect) + tools());
 }
 
-void RecordingCanvas::drawPicture(const Picture& picture, const Rect& rect) {
-  note("picture " + std::to_string(picture.width) + "x" + std::to_string(picture.height) + " at " +
-       text(rect));
+void RecordingCanvas::drawPicture(const StoredPicture& picture, const Rect& rect) {
+  note("picture " + std::to_string(picture.width()) + "x" + std::to_string(picture.height()) +
+       " at " + text(rect));
 }
 
 void RecordingCanvas::line(Point start, Point end) {

@@ -24,7 +24,7 @@ class RecordingCanvas : public Canvas {
   void rectangle(const Rect& rect) override;
   void roundRect(const Rect&, std::int32_t, std::int32_t) override {}
   void ellipse(const Rect&) override {}
-  void drawPicture(const Picture& picture, const Rect& rect) override;
+  void drawPicture(const StoredPicture& picture, const Rect& rect) override;
 
  protected:
   void paintText(const TextRun& run) override;

@@ -11,7 +11,7 @@ std::string describe(const VData_Text& text) {
   if (text.HasPosition) out << " at " << text.Left << "," << text.Top;
   if (text.Right != 0 || text.Bottom != 0) out << " to " << text.Right << "," << text.Bottom;
   if (text.AlignH != 0 || text.AlignV != 0) out << " align " << text.AlignH << text.AlignV;
-  return out.str() + differences(text.Font);
+  return out.str() + differences(*text.Font);
 }
 
 std::string describe(const VData_Shape& shape) {
@@ -31,7 +31,7 @@ std::string describe(const VData_BarCode& code) {
       << code.SizeFactor << " width " << code.ManualWidth << " " << code.LineWidth << " margins "
       << code.ManualHeight << " " << code.MarginTop << " " << code.MarginBottom << " orient "
       << code.Orientation << " color " << std::hex << code.BarColor << std::dec
-      << differences(code.Font);
+      << differences(*code.Font);
   return out.str();
 }
 

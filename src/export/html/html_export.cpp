@@ -11,7 +11,7 @@
 #include "document/code_page.h"
 #include "document/item_visitor.h"
 #include "document/side_picture.h"
-#include "platform/pictures/picture.h"
+#include "platform/pictures/picture_store.h"
 #include "platform/system/directory.h"
 #include "platform/system/output_file.h"
 #include "platform/system/text_encoding.h"
@@ -48,7 +48,8 @@ void appendImage(VData_Image& image, std::string& html) {
     return;
   }
   image.Load();
-  appendSize(image.Bitmap ? image.Bitmap->width : 0, image.Bitmap ? image.Bitmap->height : 0, html);
+  appendSize(image.Bitmap ? image.Bitmap->width() : 0, image.Bitmap ? image.Bitmap->height() : 0,
+             html);
 }
 
 // The picture's name for a browser: one that starts with a point is put beside the program.
@@ -59,11 +60,10 @@ std::string linkOf(const std::string& name, int codePage) {
 
 void appendBarcode(const VData_BarCode& code, std::string_view stem, std::string& html) {
   const std::string name = barcodePictureName(code, stem, ".jpeg");
-  const auto file = readBarcodePicture(name);
-  const auto picture = file ? decodePicture(*file) : std::nullopt;
+  const auto picture = storedPicture(name);
   if (!picture) return;
   html.append("<img src=\"").append(linkOf(name, code.Settings->Page.BaseCodePage)).append("\"");
-  appendSize(picture->width, picture->height, html);
+  appendSize(picture->width(), picture->height(), html);
 }
 
 std::string headOf(const VDoc& doc, const RunOptions& run) {
@@ -85,7 +85,7 @@ class HtmlTeller : public ItemVisitor {
  public:
   HtmlTeller(std::string_view stem, std::string& html) : stem_(stem), html_(html) {}
 
-  void font(VData_Font& item) override { appendFont(item.Font, html_); }
+  void font(VData_Font& item) override { appendFont(*item.Font, html_); }
   void text(VData_Text& text) override { html_ += text.Text; }
   void image(VData_Image& image) override {
     if (!stem_.empty()) appendImage(image, html_);

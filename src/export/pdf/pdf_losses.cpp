@@ -45,7 +45,7 @@ void PdfLossWatch::look(const VDocPage& page) {
 
 void PdfLossWatch::text(VData_Text& text) {
   if (text.Text.empty()) return;
-  const FontState& font = text.Font;
+  const FontState& font = *text.Font;
   placed_ = placed_ || text.offCorner();
   if (font.LogFont.Underline != 0 || font.LogFont.StrikeOut != 0) found_.set(kUnderlines);
   PdfLosses losses;

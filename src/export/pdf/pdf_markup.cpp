@@ -112,12 +112,12 @@ std::string recordOf(const VData_Text& text, bool overprint) {
   MarkupWriter out;
   const bool placed = text.offCorner();
   if (!placed) out.text(text.Text);
-  writeFont(text.Font, out);
+  writeFont(*text.Font, out);
   if (overprint) out.number(PdfField::textLeft, text.Left);
   if (!placed) return out.take();
   out.number(PdfField::textLeft, text.Left);
   out.number(PdfField::textTop, text.Top);
-  out.number(PdfField::textAngle, text.Font.LogFont.Escapement);
+  out.number(PdfField::textAngle, text.Font->LogFont.Escapement);
   out.textField(PdfField::textContent, text.Text);
   if (text.Right == 0 || text.Bottom == 0) return out.take();
   out.number(PdfField::textRight, text.Right);

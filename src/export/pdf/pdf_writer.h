@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -38,7 +39,7 @@ class PdfWriter {
   void takePlace(const MarkupRecord& record);
   void turn(double angle);
   void showText(const MarkupRecord& record, const std::optional<FitOptions>& fit);
-  const PdfImage* imageOf(const std::optional<std::string>& file);
+  const PdfImage* imageOf(const std::shared_ptr<const StoredPicture>& picture);
   void putInBox(const PdfImage* image, const MarkupRecord& record, FitOptions fit);
   void putAtCorner(const PdfImage* image, const MarkupRecord& record);
   void beginPage();

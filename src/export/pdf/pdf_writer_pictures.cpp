@@ -5,6 +5,7 @@
 #include "document/picture_file.h"
 #include "export/pdf/markup_values.h"
 #include "export/pdf/pdf_writer.h"
+#include "platform/pictures/picture_store.h"
 
 namespace qor {
 namespace {
@@ -14,9 +15,9 @@ constexpr FitOptions kNaturalSize = {.vertical = 1, .dpi = kPictureDpi};
 
 }  // namespace
 
-// The picture of a file's bytes, null where they are none.
-const PdfImage* PdfWriter::imageOf(const std::optional<std::string>& file) {
-  const PdfImage* image = file ? document_.loadImage(*file) : nullptr;
+// The document's image of a picture that may be null.
+const PdfImage* PdfWriter::imageOf(const std::shared_ptr<const StoredPicture>& picture) {
+  const PdfImage* image = picture ? document_.loadImage(*picture) : nullptr;
   if (image != nullptr) last_image_ = {double(image->width), double(image->height)};
   return image;
 }
@@ -51,7 +52,7 @@ void PdfWriter::writeImage(const MarkupRecord& record) {
   document_.setStrokeColor(frame == 0 ? PdfColor{1, 1, 1} : colorOf(record[PdfField::imageColor]));
   std::string buffer;
   const PdfImage* image =
-      imageOf(readNamedFile(withBrackets(record[PdfField::imageFile], buffer), code_page_));
+      imageOf(pictureNamed(withBrackets(record[PdfField::imageFile], buffer), code_page_));
   const std::string_view stretch = record[PdfField::imageStretch];
   switch (stretch.empty() ? kNone : integerOf(stretch)) {
     case kNaturalStretch: return putAtCorner(image, record);
@@ -71,7 +72,7 @@ void PdfWriter::writeBarcode(const MarkupRecord& record) {
       {stem_, withBrackets(record[PdfField::barcodeValue], buffer), code_page_,
        integerOf(record[PdfField::boxLeft]), integerOf(record[PdfField::boxTop])},
       ".jpeg");
-  const PdfImage* image = imageOf(readBarcodePicture(name));
+  const PdfImage* image = imageOf(storedPicture(name));
   if (image == nullptr) return;
   document_.fitImage(*image, wholePoints(record[PdfField::boxLeft]),
                      kPageHeight - wholePoints(record[PdfField::boxTop]), kNaturalSize);

@@ -56,8 +56,8 @@ class LineTeller : public ItemVisitor {
   bool hasPlaced() const { return has_placed_; }
 
   void font(VData_Font& item) override {
-    const LogFont& font = item.Font.LogFont;
-    const double size = std::abs(item.Font.Height);
+    const LogFont& font = item.Font->LogFont;
+    const double size = std::abs(item.Font->Height);
     document_.setFont(text_.utf8(font.faceName()), size > 0 ? size : kUsualSize);
     if (bold_ ? font.Weight <= kPlainWeight : font.Weight >= kBoldWeight)
       toggle(bold_, &WordDocument::toggleBold);

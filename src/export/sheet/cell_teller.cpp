@@ -36,7 +36,7 @@ int sizeInBox(std::int32_t from, std::int32_t to) {
 
 // A text takes its font over before it is written; the blank of anything else has the one before.
 void CellTeller::font(VData_Font& item) {
-  font_ = &item.Font;
+  font_ = &*item.Font;
 }
 
 void CellTeller::writeBlank() {

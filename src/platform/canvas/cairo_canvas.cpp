@@ -8,6 +8,7 @@
 
 #include "base/units.h"
 #include "platform/pictures/picture.h"
+#include "platform/pictures/picture_store.h"
 
 namespace qor {
 namespace {
@@ -165,34 +166,41 @@ void CairoCanvas::line(Point start, Point end) {
   cairo_set_line_cap(context_.get(), CAIRO_LINE_CAP_BUTT);
 }
 
-void CairoCanvas::drawPicture(const Picture& picture, const Rect& rect) {
-  if (rect.width() <= 0 || rect.height() <= 0 || picture.pixels.empty()) return;
+void CairoCanvas::drawPicture(const StoredPicture& picture, const Rect& rect) {
+  if (rect.width() <= 0 || rect.height() <= 0) return;
+  const int width = picture.width();
+  const int height = picture.height();
   const Dots corner = dots(rect.left, rect.top);
   const Dots end = dots(rect.right, rect.bottom);
-  double scaleX = (end.x - corner.x) / picture.width;
-  double scaleY = (end.y - corner.y) / picture.height;
-  const bool asItIs = std::abs(scaleX - 1) < 0.5 / picture.width + 1e-9 &&
-                      std::abs(scaleY - 1) < 0.5 / picture.height + 1e-9;
+  double scaleX = (end.x - corner.x) / width;
+  double scaleY = (end.y - corner.y) / height;
+  const bool asItIs =
+      std::abs(scaleX - 1) < 0.5 / width + 1e-9 && std::abs(scaleY - 1) < 0.5 / height + 1e-9;
   const bool exact = asItIs && grid_ == DotGrid::visible;
   if (exact) scaleX = scaleY = 1;
-  // Cairo only reads the pixels of a source.
-  auto* pixels =
-      reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(picture.pixels.data()));
-  const CairoOwned<cairo_surface_t> source(cairo_image_surface_create_for_data(
-      pixels, CAIRO_FORMAT_ARGB32, picture.width, picture.height, picture.width * 4));
   cairo_t* context = context_.get();
   cairo_save(context);
   cairo_translate(context, exact ? std::round(corner.x) : corner.x,
                   exact ? std::round(corner.y) : corner.y);
   cairo_scale(context, scaleX, scaleY);
-  cairo_rectangle(context, 0, 0, picture.width, picture.height);
+  cairo_rectangle(context, 0, 0, width, height);
   cairo_clip(context);
+  paintPicture(context, picture, exact);
+  cairo_restore(context);
+}
+
+void CairoCanvas::paintPicture(cairo_t* context, const StoredPicture& picture, bool exact) {
+  const auto held = picture.pixels();
+  if (!held) return;
+  // Cairo only reads the pixels of a source.
+  auto* pixels = reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(held->pixels.data()));
+  const CairoOwned<cairo_surface_t> source(cairo_image_surface_create_for_data(
+      pixels, CAIRO_FORMAT_ARGB32, held->width, held->height, held->width * 4));
   cairo_set_source_surface(context, source.get(), 0, 0);
   cairo_pattern_set_filter(cairo_get_source(context),
                            exact ? CAIRO_FILTER_NEAREST : CAIRO_FILTER_GOOD);
   cairo_pattern_set_extend(cairo_get_source(context), CAIRO_EXTEND_PAD);
   cairo_paint(context);
-  cairo_restore(context);
 }
 
 }  // namespace qor

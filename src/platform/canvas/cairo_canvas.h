@@ -46,7 +46,7 @@ class CairoCanvas : public Canvas {
   void rectangle(const Rect& rect) override;
   void roundRect(const Rect& rect, std::int32_t width, std::int32_t height) override;
   void ellipse(const Rect& rect) override;
-  void drawPicture(const Picture& picture, const Rect& rect) override;
+  void drawPicture(const StoredPicture& picture, const Rect& rect) override;
 
  protected:
   void paintText(const TextRun& run) override;
@@ -82,6 +82,9 @@ class CairoCanvas : public Canvas {
 
   // Paints the glyphs of a run; `direction` is where it goes, one logical unit long.
   virtual void showGlyphs(const TextRun& run, Dots direction);
+
+  // Paints the clip with the picture, a unit a pixel; `exact` where each covers one dot.
+  virtual void paintPicture(cairo_t* context, const StoredPicture& picture, bool exact);
 
   // Puts glyphs of the face in use, one for each character, at their places in dots.
   virtual void putGlyphs(cairo_t* context, const TextRun& run, std::u32string_view text,

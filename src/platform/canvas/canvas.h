@@ -15,7 +15,7 @@
 
 namespace qor {
 
-struct Picture;
+class StoredPicture;
 
 struct Point {
   std::int32_t x = 0;
@@ -135,8 +135,8 @@ class Canvas {
   virtual void roundRect(const Rect& rect, std::int32_t width, std::int32_t height) = 0;
   virtual void ellipse(const Rect& rect) = 0;
 
-  // Draws the whole picture, stretched into the rectangle.
-  virtual void drawPicture(const Picture& picture, const Rect& rect) = 0;
+  // Draws the whole picture, stretched into the rectangle; nothing where its file has gone.
+  virtual void drawPicture(const StoredPicture& picture, const Rect& rect) = 0;
 
  protected:
   virtual void paintText(const TextRun& run) = 0;

@@ -95,9 +95,9 @@ class PdfDocument {
   void rectangle(double x, double y, double width, double height);
   void stroke();
 
-  // The picture of a file's bytes, or null where they are none that can be read. Valid as long as
-  // the document.
-  const PdfImage* loadImage(std::string_view file) { return images_.add(file); }
+  // The document's image of a picture, or null where its file has gone. Valid as long as the
+  // document.
+  const PdfImage* loadImage(const StoredPicture& picture) { return images_.add(picture); }
 
   // Puts a picture into a box with this lower left corner: filling it, as large as it fits, or in
   // its own size at the resolution of the options.

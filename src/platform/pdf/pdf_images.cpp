@@ -2,36 +2,12 @@
 #include "platform/pdf/pdf_images.h"
 
 #include <algorithm>
-#include <functional>
-#include <optional>
+
+#include "platform/pictures/jpeg_header.h"
+#include "platform/pictures/picture.h"
 
 namespace qor {
 namespace {
-
-// Two hashes with nothing in common: the library's, and a sum that depends on places.
-std::string keyOf(std::string_view bytes) {
-  std::uint64_t sum = 0;
-  for (const char byte : bytes) sum = sum * 1099511628211ULL + static_cast<unsigned char>(byte);
-  return std::to_string(bytes.size()) + "-" + std::to_string(std::hash<std::string_view>()(bytes)) +
-         "-" + std::to_string(sum);
-}
-
-// The number of colours of a JPEG, told by the header of its frame.
-std::optional<int> jpegComponents(std::string_view bytes) {
-  constexpr std::size_t kSignature = 2;
-  for (std::size_t at = kSignature; at + 9 < bytes.size();) {
-    const auto byte = [&bytes, at](std::size_t i) {
-      return static_cast<unsigned char>(bytes[at + i]);
-    };
-    if (byte(0) != 0xFF) return std::nullopt;
-    const int marker = byte(1);
-    const bool isFrame =
-        marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
-    if (isFrame) return byte(4) == 8 ? std::optional<int>(byte(9)) : std::nullopt;
-    at += marker == 0xFF ? 1 : 2 + static_cast<std::size_t>(byte(2) << 8 | byte(3));
-  }
-  return std::nullopt;
-}
 
 // Gray or red, green, blue as they were before they were multiplied by alpha.
 std::string samplesOf(const Picture& picture, bool gray) {
@@ -68,28 +44,26 @@ std::string entries(int width, int height, bool gray) {
 
 }  // namespace
 
-const PdfImage* PdfImages::add(std::string_view bytes) {
-  const std::string key = keyOf(bytes);
-  const auto known = known_.find(key);
+const PdfImage* PdfImages::add(const StoredPicture& picture) {
+  const auto known = known_.find(picture.key());
   if (known != known_.end()) return &known->second;
-  const auto picture = decodePicture(bytes);
-  if (!picture) return nullptr;
-  return &known_.emplace(key, write(bytes, *picture)).first->second;
+  const PdfId object = write(picture);
+  if (object == 0) return nullptr;
+  return &known_.emplace(picture.key(), PdfImage{object, picture.width(), picture.height()})
+              .first->second;
 }
 
-PdfImage PdfImages::write(std::string_view bytes, const Picture& picture) {
-  PdfImage image{0, picture.width, picture.height};
-  const bool isJpeg = bytes.starts_with("\xFF\xD8");
-  const auto components = isJpeg ? jpegComponents(bytes) : std::nullopt;
-  if (components == 1 || components == 3) {
-    image.object = file_.reserve();
+// 0 where there is nothing to be written.
+PdfId PdfImages::write(const StoredPicture& picture) {
+  if (const auto file = picture.jpeg()) {
+    const PdfId object = file_.reserve();
+    const bool gray = readJpegHeader(*file)->components == 1;
     file_.writePlainStream(
-        image.object, entries(image.width, image.height, components == 1) + "/Filter/DCTDecode",
-        bytes);
-  } else {
-    image.object = writePixels(picture);
+        object, entries(picture.width(), picture.height(), gray) + "/Filter/DCTDecode", *file);
+    return object;
   }
-  return image;
+  const auto pixels = picture.pixels();
+  return pixels ? writePixels(*pixels) : 0;
 }
 
 PdfId PdfImages::writePixels(const Picture& picture) {

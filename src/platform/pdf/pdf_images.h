@@ -5,7 +5,7 @@
 #include <unordered_map>
 
 #include "platform/pdf/pdf_file.h"
-#include "platform/pictures/picture.h"
+#include "platform/pictures/picture_store.h"
 
 namespace qor {
 
@@ -19,16 +19,16 @@ class PdfImages {
  public:
   explicit PdfImages(PdfFile& file) : file_(file) {}
 
-  // Puts the picture of a file's bytes into the document: JPEG as it stands, all others decoded.
-  // Null where the bytes are no picture that can be read.
-  const PdfImage* add(std::string_view bytes);
+  // Puts the picture into the document: JPEG as it stands where all read it alike, all others
+  // decoded. Null where its file has gone.
+  const PdfImage* add(const StoredPicture& picture);
 
  private:
-  PdfImage write(std::string_view bytes, const Picture& picture);
+  PdfId write(const StoredPicture& picture);
   PdfId writePixels(const Picture& picture);
 
   PdfFile& file_;
-  std::unordered_map<std::string, PdfImage> known_;  // by size and two hashes of the bytes
+  std::unordered_map<std::string, PdfImage> known_;  // by the keys of pictures
 };
 
 }  // namespace qor

@@ -37,8 +37,9 @@ std::optional<EmbeddedPicture> embeddedPicture(std::string file) {
   auto picture = decodePicture(file);
   if (!picture) return std::nullopt;
   EmbeddedPicture embedded = {{}, EmbeddedKind::png, picture->width, picture->height};
-  if (isJpeg(file)) embedded.kind = EmbeddedKind::jpeg;
-  embedded.bytes = isPng(file) || isJpeg(file) ? std::move(file) : pngOf(*picture);
+  if (isJpeg(file) && picture->whole) embedded.kind = EmbeddedKind::jpeg;
+  const bool asItIs = picture->whole && (isPng(file) || isJpeg(file));
+  embedded.bytes = asItIs ? std::move(file) : pngOf(*picture);
   return embedded;
 }
 

@@ -1,4 +1,4 @@
-// Pictures as other files hold them: PNG and JPEG as they came, others as PNG.
+// Pictures as other files hold them: PNG and JPEG as they came where they are whole, others as PNG.
 #pragma once
 
 #include <optional>

@@ -28,12 +28,6 @@ struct IconImage {
   auto rank() const { return std::tuple(width * height, bits); }
 };
 
-std::int64_t bigEndian(std::string_view bytes, std::size_t at) {
-  std::int64_t value = 0;
-  for (char byte : bytes.substr(at, 4)) value = value << 8 | static_cast<unsigned char>(byte);
-  return value;
-}
-
 bool describePng(IconImage& image) {
   // Gray, nothing, RGB, palette, gray with alpha, nothing, RGB with alpha.
   constexpr std::array<int, 7> kChannels{1, 0, 3, 1, 2, 0, 4};

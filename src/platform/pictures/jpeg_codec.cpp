@@ -19,9 +19,12 @@ constexpr int kQuality = 90;
 // Every scan visits all pixels: without an end to them a small file keeps the decoder busy for
 // hours.
 constexpr int kMaxScans = 100;
+// The gray that the library, too, takes for what is missing.
+constexpr std::uint32_t kMissing = 0xFF808080;
 
 struct Errors : jpeg_error_mgr {
   std::jmp_buf jump;
+  bool damaged;  // pixels had to be invented
 };
 
 [[noreturn]] void onError(j_common_ptr info) {
@@ -33,9 +36,10 @@ bool isHarmless(int warning) {
          warning == JWRN_JFIF_MAJOR;
 }
 
-// What the library is content to warn of are pixels that it had to invent.
+// What the library warns of are pixels that it had to invent: gray ones where the file is cut.
 void onMessage(j_common_ptr info, int level) {
-  if (level < 0 && !isHarmless(info->err->msg_code)) onError(info);
+  if (level < 0 && !isHarmless(info->err->msg_code))
+    static_cast<Errors*>(info->err)->damaged = true;
 }
 
 void onOutput(j_common_ptr) {
@@ -82,14 +86,13 @@ class JpegReader {
 
   std::optional<Picture> read(std::string_view file) {
     if (!run(errors_, [&] { readHeader(file); })) return std::nullopt;
-    if (!fitsPicture(info_.image_width, info_.image_height)) return std::nullopt;
+    if (!fitsPicture(info_.image_width, info_.image_height) || !holdsPixels(file.size()))
+      return std::nullopt;
     if (!run(errors_, [&] { start(); })) return std::nullopt;
     Picture picture =
         makeRowless(static_cast<int>(info_.output_width), static_cast<int>(info_.output_height));
-    for (int y = 0; y < picture.height; ++y) {
-      if (!readRow(picture)) return std::nullopt;
-    }
-    if (!run(errors_, [&] { jpeg_finish_decompress(&info_); })) return std::nullopt;
+    picture.whole = readRows(picture) && !errors_.damaged;
+    picture.pixels.resize(std::size_t{info_.output_width} * info_.output_height, kMissing);
     return picture;
   }
 
@@ -100,6 +103,25 @@ class JpegReader {
     info_.progress = &progress_;
     jpeg_mem_src(&info_, reinterpret_cast<const unsigned char*>(file.data()), file.size());
     jpeg_read_header(&info_, TRUE);
+  }
+
+  // Whether anything follows the header, and may be a part of so many pixels.
+  bool holdsPixels(std::size_t size) const {
+    const std::string_view rest(reinterpret_cast<const char*>(info_.src->next_input_byte),
+                                info_.src->bytes_in_buffer);
+    return !rest.empty() && !rest.starts_with("\xFF\xD9") &&
+           canBePartOf(size, info_.image_width, info_.image_height);
+  }
+
+  // False where the library gives up before the end.
+  bool readRows(Picture& picture) {
+    for (JDIMENSION y = 0; y < info_.output_height; ++y) {
+      if (!readRow(picture)) {
+        picture.pixels.resize(std::size_t{y} * info_.output_width);
+        return false;
+      }
+    }
+    return run(errors_, [this] { jpeg_finish_decompress(&info_); });
   }
 
   void start() {

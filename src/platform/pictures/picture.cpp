@@ -5,6 +5,7 @@
 
 #include "base/errors.h"
 #include "base/units.h"
+#include "platform/pictures/jpeg_header.h"
 #include "platform/pictures/picture_codecs.h"
 #include "platform/system/byte_sink.h"
 
@@ -53,6 +54,24 @@ std::optional<Picture> decodePicture(std::string_view file) {
   return std::nullopt;
 }
 
+std::uint64_t decodingBytes(std::string_view file) {
+  constexpr std::uint64_t kIcon = 64U << 20;
+  const auto bytesOf = [](std::int64_t width, std::int64_t height, std::uint64_t perPixel) {
+    return fitsPicture(width, height) ? static_cast<std::uint64_t>(width * height) * perPixel : 0;
+  };
+  if (isPng(file) && file.size() >= 24) return bytesOf(bigEndian(file, 16), bigEndian(file, 20), 4);
+  if (isGif(file) && file.size() >= 10)
+    return bytesOf(littleEndian(file, 6, 2), littleEndian(file, 8, 2), 5);
+  if (isIco(file)) return kIcon;
+  if (const auto header = isJpeg(file) ? readJpegHeader(file) : std::nullopt) {
+    // Of more than one scan all coefficients are held, two bytes each.
+    return bytesOf(header->width, header->height,
+                   4 + 2 * static_cast<std::uint64_t>(header->components));
+  }
+  const auto header = isBmp(file) ? readDibHeader(file.substr(kBmpFileHeaderSize)) : std::nullopt;
+  return header ? bytesOf(header->width, header->height, 5) : 0;
+}
+
 bool isGray(const PixelView& pixels) {
   for (int y = 0; y < pixels.height; ++y) {
     if (!isGrayRow(pixels.row(y))) return false;
@@ -74,6 +93,11 @@ void encodePicture(const PixelView& pixels, PictureFormat format, int dpi, ByteS
 bool fitsPicture(std::int64_t width, std::int64_t height) {
   return width > 0 && height > 0 && width <= kMaxPictureSide && height <= kMaxPictureSide &&
          width * height <= kMaxPicturePixels;
+}
+
+bool canBePartOf(std::size_t bytes, std::int64_t width, std::int64_t height) {
+  constexpr std::int64_t kMostPerByte = 8192;
+  return width * height / kMostPerByte <= static_cast<std::int64_t>(bytes);
 }
 
 Picture makeRowless(int width, int height) {
@@ -126,6 +150,12 @@ std::uint32_t littleEndian(std::string_view bytes, std::size_t at, std::size_t s
   for (std::size_t i = size; i > 0; --i) {
     value = value << 8 | static_cast<unsigned char>(bytes[at + i - 1]);
   }
+  return value;
+}
+
+std::int64_t bigEndian(std::string_view bytes, std::size_t at) {
+  std::int64_t value = 0;
+  for (const char byte : bytes.substr(at, 4)) value = value << 8 | static_cast<unsigned char>(byte);
   return value;
 }
 

@@ -20,6 +20,7 @@ struct Picture {
   int width = 0;
   int height = 0;
   std::vector<std::uint32_t> pixels;
+  bool whole = true;  // else the file is damaged, and this is as far as it goes
 };
 
 // Pixels to be encoded: rows from the top, each pixel 0xXXRRGGBB; the top byte is ignored.
@@ -41,9 +42,14 @@ enum class PictureFormat { bmp, jpeg, gif, ico, png };
 inline constexpr int kMaxPictureSide = 32767;
 inline constexpr std::int64_t kMaxPicturePixels = 1LL << 26;
 
-// Decodes a PNG, JPEG, GIF (first image), BMP or ICO (largest image) file. Nothing if the bytes are
-// none of these, broken, cut short or larger than the limits above.
+// Decodes a PNG, JPEG, GIF (first image), BMP or ICO (largest image) file. Of one that is cut short
+// or damaged what can be seen is shown, as other viewers do: what is missing is transparent, in
+// JPEG gray. Nothing if the bytes are none of these, hold no part of the picture or are larger than
+// the limits above.
 std::optional<Picture> decodePicture(std::string_view file);
+
+// The memory, in bytes, that decoding a file takes at most, with the picture and without the file.
+std::uint64_t decodingBytes(std::string_view file);
 
 // True if every pixel has equal red, green and blue. Pages without colour are written as gray.
 bool isGray(const PixelView& pixels);

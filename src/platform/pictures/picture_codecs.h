@@ -39,6 +39,10 @@ void encodeIco(const PixelView& pixels, int dpi, ByteSink& sink);
 // Whether a decoder may make a picture of this size.
 bool fitsPicture(std::int64_t width, std::int64_t height);
 
+// Whether so many bytes can be a part of the file of a picture of this size that is worth its
+// memory: no format packs more pixels into a byte.
+bool canBePartOf(std::size_t bytes, std::int64_t width, std::int64_t height);
+
 // A picture without rows. Memory for all of them is set aside but not touched before they are
 // appended, so a header that promises more than its file holds costs nothing.
 Picture makeRowless(int width, int height);
@@ -71,6 +75,9 @@ class SinkWriter {
 // Numbers of one to four bytes, the lowest first.
 std::uint32_t littleEndian(std::string_view bytes, std::size_t at, std::size_t size);
 void putLittleEndian(std::string& bytes, std::uint32_t value, int size);
+
+// A number of four bytes, the highest first.
+std::int64_t bigEndian(std::string_view bytes, std::size_t at);
 
 // The header of a device-independent bitmap: a BMP file holds one, and so do the images of icons.
 struct DibHeader {

@@ -1,5 +1,6 @@
 // PNG by libpng. Its errors jump out of run(): the steps given to it hold no objects that need a
 // destructor.
+#include <algorithm>
 #include <csetjmp>
 #include <cstring>
 #include <vector>
@@ -55,7 +56,8 @@ bool run(png_structp png, Step step) {
 class PngReader {
  public:
   explicit PngReader(std::string_view file)
-      : rest_(file),
+      : size_(file.size()),
+        rest_(file),
         png_(png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning)),
         info_(png_ == nullptr ? nullptr : png_create_info_struct(png_)) {}
   PngReader(const PngReader&) = delete;
@@ -67,10 +69,8 @@ class PngReader {
     if (!fitsPicture(width_, height_)) return std::nullopt;
     if (!run(png_, [this] { setConversions(); })) return std::nullopt;
     Picture picture = makeRowless(static_cast<int>(width_), static_cast<int>(height_));
-    for (int pass = 0; pass < passes_; ++pass) {
-      if (!readPass(pass, picture)) return std::nullopt;
-    }
-    if (!run(png_, [this] { png_read_end(png_, nullptr); })) return std::nullopt;
+    picture.whole = readRows(picture);
+    if (!picture.whole && !fillUp(picture)) return std::nullopt;
     if (has_alpha_) premultiply(picture);
     return picture;
   }
@@ -78,6 +78,8 @@ class PngReader {
  private:
   void readHeader() {
     png_set_read_fn(png_, &rest_, onRead);
+    // The library takes the data by so many bytes, and loses what is left of a file that is cut.
+    png_set_compression_buffer_size(png_, std::clamp<std::size_t>(size_ / 64, 64, 8192));
     png_set_user_limits(png_, kMaxPictureSide, kMaxPictureSide);
     // Texts and profiles could unpack to far more than the picture.
     png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
@@ -99,15 +101,33 @@ class PngReader {
     if (png_get_rowbytes(png_, info_) != std::size_t{width_} * 4) png_error(png_, "");
   }
 
+  // False where not all can be read.
+  bool readRows(Picture& picture) {
+    for (int pass = 0; pass < passes_; ++pass) {
+      if (!readPass(pass, picture)) return false;
+    }
+    return run(png_, [this] { png_read_end(png_, nullptr); });
+  }
+
+  // Of an interlaced picture each pixel stands for those around it that have yet to come.
   bool readPass(int pass, Picture& picture) {
     for (std::size_t y = 0; y < height_; ++y) {
       png_bytep row =
           pass == 0 ? appendRow(picture) : reinterpret_cast<png_bytep>(&picture.pixels[y * width_]);
-      if (!run(png_, [this, row] { png_read_row(png_, row, nullptr); })) return false;
+      if (!run(png_, [this, row] { png_read_row(png_, nullptr, row); })) return false;
+      ++rows_read_;
     }
     return true;
   }
 
+  // What is missing is transparent. False where nothing is there.
+  bool fillUp(Picture& picture) const {
+    if (rows_read_ == 0 || !canBePartOf(size_, width_, height_)) return false;
+    picture.pixels.resize(std::size_t{width_} * height_);
+    return true;
+  }
+
+  std::size_t size_;
   std::string_view rest_;
   png_structp png_;
   png_infop info_;
@@ -115,6 +135,7 @@ class PngReader {
   png_uint_32 height_ = 0;
   bool has_alpha_ = false;
   int passes_ = 1;
+  std::size_t rows_read_ = 0;  // of all passes
 };
 
 class PngWriter {

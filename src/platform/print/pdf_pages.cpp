@@ -27,14 +27,20 @@ char32_t plainCharacter(char32_t c) {
 // A canvas in dots on a surface in points.
 class PdfPages::Page : public CairoCanvas {
  public:
-  Page(cairo_surface_t* surface, const PdfSheet& sheet)
-      : CairoCanvas(surface, sheet.dots, sheet.dotsPerInch, DotGrid::fine) {
+  Page(cairo_surface_t* surface, const PdfSheet& sheet, PaperPictures& pictures)
+      : CairoCanvas(surface, sheet.dots, sheet.dotsPerInch, DotGrid::fine), pictures_(pictures) {
     setUnitsPerDot(pointsPerDot(sheet.dotsPerInch.x), pointsPerDot(sheet.dotsPerInch.y));
   }
 
   cairo_status_t drawingStatus() const { return status(); }
 
  protected:
+  void paintPicture(cairo_t* context, const StoredPicture& picture, bool) override {
+    pictures_.use(context, picture);
+    cairo_pattern_set_filter(cairo_get_source(context), CAIRO_FILTER_GOOD);
+    cairo_paint(context);
+  }
+
   // The text goes with its glyphs, so that readers of the document find and copy it. Cairo finds
   // ASCII by itself: no other character of a font comes before it.
   void putGlyphs(cairo_t* context, const TextRun&, std::u32string_view text,
@@ -62,6 +68,7 @@ class PdfPages::Page : public CairoCanvas {
                            static_cast<int>(clusters_.size()), cairo_text_cluster_flags_t{});
   }
 
+  PaperPictures& pictures_;
   std::string utf8_;
   std::vector<cairo_text_cluster_t> clusters_;
 };
@@ -70,7 +77,7 @@ PdfPages::PdfPages(ByteSink& sink, const PdfSheet& sheet, const std::string& tit
     : sink_(sink),
       surface_(cairo_pdf_surface_create_for_stream(take, this, sheet.width, sheet.height)) {
   cairo_pdf_surface_set_metadata(surface_.get(), CAIRO_PDF_METADATA_TITLE, title.c_str());
-  page_ = std::make_unique<Page>(surface_.get(), sheet);
+  page_ = std::make_unique<Page>(surface_.get(), sheet, pictures_);
 }
 
 PdfPages::~PdfPages() {
@@ -104,6 +111,7 @@ Canvas& PdfPages::canvas() {
 
 void PdfPages::endPage() {
   cairo_surface_show_page(surface_.get());
+  pictures_.endPage();
   check();
 }
 

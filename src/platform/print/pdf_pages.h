@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/canvas/cairo_canvas.h"
+#include "platform/print/paper_pictures.h"
 
 namespace qor {
 
@@ -41,6 +42,7 @@ class PdfPages {
   ByteSink& sink_;
   std::exception_ptr failure_;
   bool abandoned_ = false;
+  PaperPictures pictures_;
   CairoOwned<cairo_surface_t> surface_;
   std::unique_ptr<Page> page_;
 };

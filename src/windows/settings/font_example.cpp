@@ -16,7 +16,7 @@ namespace {
 constexpr std::string_view kSample = "  Aa 123 \xC0\xC1\xC2 \xE0\xE1\xE2";
 
 void drawExample(Canvas& canvas, const FontState& font, int width, int height, int dpi) {
-  VData_Text item(std::string(font.LogFont.faceName()).append(kSample), &font);
+  VData_Text item(std::string(font.LogFont.faceName()).append(kSample), SharedFont(font));
   item.HasPosition = true;
   item.Right = twipsFromDots(width, dpi);
   item.Bottom = twipsFromDots(height, dpi);

@@ -1,7 +1,10 @@
 // Pictures that others write, whole, odd, cut short and damaged.
 
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
+#include "platform/pictures/embedded_picture.h"
 #include "platform/pictures/picture.h"
 #include "support/image_magick.h"
 #include "support/rows.h"
@@ -156,14 +159,12 @@ TEST_F(PictureReading, knowsTheFirstColourOfAGifAsTransparent) {
   EXPECT_EQ(decodePicture(gif(1))->pixels, (std::vector<std::uint32_t>{0xFFFF0000, 0}));
 }
 
-TEST_F(PictureReading, refusesFilesThatAreCutShort) {
+TEST_F(PictureReading, refusesBitmapsAndIconsThatAreCutShort) {
   for (const auto& [name, arguments] :
-       rowsOf("PNG24:a.png -depth 8|PNG8:b.png -colors 50 -interlace PNG|a.jpg -quality 80|"
-              "b.jpg -quality 80 -interlace JPEG|a.gif -interlace GIF|BMP3:a.bmp -type TrueColor|"
-              "BMP3:c.bmp -type Palette -colors 9 -compress RLE|"
+       rowsOf("BMP3:a.bmp -type TrueColor|BMP3:c.bmp -type Palette -colors 9 -compress RLE|"
               "a.ico -alpha off -colors 9 -type Palette|b.ico -resize 256x256!")) {
     // The bytes at its end that no pixel needs.
-    const std::size_t spare = name == "a.gif" ? 1 : name == "BMP3:c.bmp" ? 2 : 0;
+    const std::size_t spare = name == "BMP3:c.bmp" ? 2 : 0;
     const std::string file = magick_.make(arguments, name);
     ASSERT_TRUE(decodePicture(file));
     for (std::size_t size = 0; size + spare < file.size(); size += file.size() / 1000 + 1) {
@@ -172,6 +173,139 @@ TEST_F(PictureReading, refusesFilesThatAreCutShort) {
       EXPECT_FALSE(decodePicture({copy.data(), copy.size()})) << size << " of " << name;
     }
   }
+}
+
+// How many rows from the top are the same, and how many of the others have this colour only.
+std::pair<int, int> rowsAlike(const Picture& one, const Picture& other, std::uint32_t missing) {
+  int same = 0;
+  int empty = 0;
+  const auto row = [](const Picture& picture, int y) {
+    return std::span(picture.pixels)
+        .subspan(static_cast<std::size_t>(y * picture.width),
+                 static_cast<std::size_t>(picture.width));
+  };
+  while (same < one.height && std::ranges::equal(row(one, same), row(other, same))) ++same;
+  for (int y = same; y < one.height; ++y)
+    empty += std::ranges::count(row(one, y), missing) == one.width ? 1 : 0;
+  return {same, empty};
+}
+
+// Noise takes the same bytes in each row. What is missing is transparent, in JPEG gray.
+TEST_F(PictureReading, showsDamagedPicturesAsFarAsTheyGo) {
+  constexpr int kSide = 96;
+  struct Row {
+    std::string name;
+    std::string options;
+    std::uint32_t missing;
+    int block;          // rows that are complete together
+    std::size_t spare;  // bytes at its end that no pixel needs
+  };
+  for (const auto& [name, options, missing, block, spare] : std::initializer_list<Row>{
+           {"PNG24:a.png", "", 0, 1, 0},
+           {"PNG8:b.png", "-colors 200", 0, 1, 0},
+           {"PNG64:c.png", "-alpha on", 0, 1, 0},
+           {"a.gif", "-colors 200", 0, 1, 2},
+           {"a.jpg", "-quality 90 -sampling-factor 1x1", 0xFF808080, 8, 0},
+           {"b.jpg", "-quality 90 -colorspace Gray", 0xFF808080, 8, 0},
+           {"c.jpg", "-quality 90 -sampling-factor 2x2", 0xFF808080, 32, 0}}) {
+    magick_.run("convert-im6.q16 -size 96x96 xc:gray50 -seed 7 +noise Random " + options + " " +
+                name);
+    const std::string file = magick_.folder().read(nameOf(name));
+    const Picture whole = decodePicture(file).value();
+    EXPECT_TRUE(whole.whole) << name;
+    int before = 0;
+    for (std::size_t size = 0; size + spare < file.size(); size += 97) {
+      const std::vector<char> copy(file.data(), file.data() + size);
+      const auto picture = decodePicture({copy.data(), copy.size()});
+      if (!picture) {
+        EXPECT_LT(size, file.size() / 5) << name;
+        continue;
+      }
+      SCOPED_TRACE(std::to_string(size) + " of " + std::to_string(file.size()) + " of " + name);
+      EXPECT_FALSE(picture->whole);
+      ASSERT_EQ(picture->pixels.size(), whole.pixels.size());
+      const auto [same, empty] = rowsAlike(*picture, whole, missing);
+      const int expected = static_cast<int>(kSide * size / file.size());
+      EXPECT_NEAR(same, expected, block + kSide / 9);
+      EXPECT_GE(same + empty, kSide - block) << empty;
+      EXPECT_GE(same, before);
+      before = same;
+    }
+  }
+}
+
+TEST_F(PictureReading, showsTheFirstPassesOfInterlacedPictures) {
+  for (const auto& [name, options] : rowsOf(
+           "PNG24:a.png -interlace PNG|a.gif -interlace GIF|a.jpg -quality 95 -interlace JPEG")) {
+    magick_.run("convert-im6.q16 -size 64x64 gradient:red-blue " + options + " " + name);
+    const std::string file = magick_.folder().read(nameOf(name));
+    const Picture whole = decodePicture(file).value();
+    const auto half = decodePicture(std::string_view(file).substr(0, file.size() * 3 / 4));
+    ASSERT_TRUE(half) << name;
+    EXPECT_FALSE(half->whole);
+    const double far = distance(half->pixels, whole.pixels);
+    EXPECT_GT(far, 0) << name;
+    EXPECT_LT(far, name == "a.gif" ? 64 : 16) << name;  // half of its rows are missing
+  }
+}
+
+// Twelve bits a code, though eight would do.
+TEST_F(PictureReading, showsWhatOthersWriteAgainstTheRules) {
+  const std::string gif =
+      "GIF89a" + little(3, 2) + little(1, 2) + bytesOf({0x80, 0, 0, 255, 0, 0, 0, 255, 0, ','}) +
+      std::string(4, '\0') + little(3, 2) + little(1, 2) +
+      // 2048 begins, 1, 0, 2050 would be both again, 2049 ends.
+      bytesOf({0, 11, 8, 0x00, 0x18, 0x00, 0x00, 0x10, 0x00, 0x01, 0x08, 0, ';'});
+  const auto picture = decodePicture(gif);
+  ASSERT_TRUE(picture);
+  const std::uint32_t red = 0xFFFF0000, green = 0xFF00FF00;
+  EXPECT_EQ(picture->pixels, (std::vector{green, red, green}));
+  EXPECT_TRUE(picture->whole);
+  std::string tooWide = gif;
+  tooWide[tooWide.find('\x0B')] = 12;
+  EXPECT_FALSE(decodePicture(tooWide));
+
+  const std::string jpeg = magick_.make("-quality 80", "a.jpg");
+  const auto pixels = decodePicture(jpeg)->pixels;
+  for (const auto& [length, body] : {std::pair{4, "Ex"}, {0, "Exif"}, {3, "Exif, but longer"}}) {
+    const std::string mark = {'\xFF', '\xE1', '\0', static_cast<char>(length)};
+    const auto odd = decodePicture(jpeg.substr(0, 2) + mark + body + jpeg.substr(2));
+    ASSERT_TRUE(odd) << length;
+    EXPECT_EQ(odd->pixels, pixels) << length;
+  }
+}
+
+// Other programs get what every reader of the format takes.
+TEST_F(PictureReading, givesDamagedFilesAwayAsNewOnes) {
+  for (const auto& [name, options] : rowsOf("PNG24:a.png -depth 8|a.jpg -quality 90")) {
+    const std::string file = magick_.make(options, name);
+    const std::string cut = file.substr(0, file.size() - 30);
+    EXPECT_EQ(embeddedPicture(file)->bytes, file);
+    const auto given = embeddedPicture(cut);
+    ASSERT_TRUE(given);
+    EXPECT_EQ(given->kind, EmbeddedKind::png);
+    magick_.folder().write("given.png", given->bytes);
+    const Picture seen = decodePicture(cut).value();
+    auto onPaper = seen.pixels;
+    for (std::uint32_t& pixel : onPaper) pixel = pixel == 0 ? 0xFFFFFFFF : pixel;
+    EXPECT_EQ(distance(magick_.seen("given.png"), onPaper), 0) << name;
+  }
+}
+
+TEST_F(PictureReading, refusesWhatHoldsNoPixels) {
+  std::string jpeg = magick_.make("-quality 80", "a.jpg");
+  const std::size_t scan = jpeg.find("\xFF\xDA");
+  const std::size_t start = scan + 2 + static_cast<unsigned char>(jpeg[scan + 3]);
+  EXPECT_FALSE(decodePicture(jpeg.substr(0, start)));
+  EXPECT_FALSE(decodePicture(jpeg.substr(0, start) + "\xFF\xD9"));
+  EXPECT_TRUE(decodePicture(jpeg.substr(0, start + 20)));
+  // A scrap that promises far more than it could ever be.
+  jpeg.replace(jpeg.find("\xFF\xC0") + 5, 4, "\x1F\xFF\x1F\xFF");
+  EXPECT_FALSE(decodePicture(jpeg.substr(0, start + 20)));
+  const std::string png = magick_.make("-depth 8", "PNG24:a.png");
+  EXPECT_FALSE(decodePicture(png.substr(0, png.find("IDAT") + 6)));
+  const std::string gif = magick_.make("", "a.gif");
+  EXPECT_FALSE(decodePicture(gif.substr(0, gif.find(',') + 11)));
 }
 
 TEST_F(PictureReading, refusesSidesOfFiftyThousandPixels) {

@@ -50,7 +50,7 @@ bool isNamed(const FilePlace& target, const std::string& name, int handle) {
 
 // The mask of the process would take bits from the mode of a file that is to be replaced.
 int create(const FilePlace& target, const std::string& name, std::optional<mode_t> mode) {
-  constexpr int kFlags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
   if (!mode) return ::openat(target.directory(), name.c_str(), kFlags, kNewFile);
   const mode_t mask = ::umask(0);
   const int handle = ::openat(target.directory(), name.c_str(), kFlags, *mode);
@@ -62,7 +62,7 @@ int create(const FilePlace& target, const std::string& name, std::optional<mode_
 // more, or something that isn't its.
 bool removeLeftover(const FilePlace& target, const std::string& name) {
   const int handle =
-      ::openat(target.directory(), name.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+      ::openat(target.directory(), name.c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
   if (handle < 0) return false;
   const bool isDead = ::flock(handle, LOCK_EX | LOCK_NB) == 0 && isNamed(target, name, handle);
   const bool removed = isDead && ::unlinkat(target.directory(), name.c_str(), 0) == 0;

@@ -143,7 +143,8 @@ TEST(PreviewWindow, followsAReportThatAnotherProgramWrites) {
   EXPECT_EQ(window.status(), "");
   std::filesystem::resize_file(Window::path(), 0);
   window.press("PgUp");
-  EXPECT_NE(window.status().find(": became shorter since its pages were found: page 3"), std::string::npos);
+  EXPECT_NE(window.status().find(": became shorter since its pages were found: page 3"),
+            std::string::npos);
 }
 
 // Behind the command stands a dialog that counts and answers.

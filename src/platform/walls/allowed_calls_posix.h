@@ -16,8 +16,7 @@ namespace qor {
 inline constexpr bool kSanitized = QOR_SANITIZED;
 
 // Names and contents; which ones, the rules of files say. Neither owners, times and attributes nor
-// links, for which there are no such rules. The mode of an open file is that of the one that it
-// replaces.
+// links, for which there are no such rules.
 inline constexpr int kFileCalls[] = {SCMP_SYS(read),         SCMP_SYS(write),
                                      SCMP_SYS(pread64),      SCMP_SYS(pwrite64),
                                      SCMP_SYS(readv),        SCMP_SYS(writev),
@@ -46,7 +45,7 @@ inline constexpr int kFileCalls[] = {SCMP_SYS(read),         SCMP_SYS(write),
                                      SCMP_SYS(renameat2),    SCMP_SYS(unlink),
                                      SCMP_SYS(unlinkat),     SCMP_SYS(umask),
                                      SCMP_SYS(chdir),        SCMP_SYS(fchdir),
-                                     SCMP_SYS(getcwd),       SCMP_SYS(fchmod)};
+                                     SCMP_SYS(getcwd)};
 
 inline constexpr int kMemoryCalls[] = {SCMP_SYS(mmap),    SCMP_SYS(mmap2),    SCMP_SYS(munmap),
                                        SCMP_SYS(mremap),  SCMP_SYS(mprotect), SCMP_SYS(brk),

@@ -13,6 +13,7 @@
 #include <seccomp.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/walls/allowed_calls_posix.h"
@@ -71,6 +72,8 @@ void allowFiles(const Allowed& allowed) {
     allowed.add(call, {is(1, F_DUPFD_CLOEXEC)});
   }
   allowed.add(SCMP_SYS(ioctl), 1, kDeviceCommands);
+  // A file gets the mode of the one that it replaces, but nobody's rights with it.
+  allowed.add(SCMP_SYS(fchmod), {bits(1, S_ISUID | S_ISGID | S_ISVTX, 0)});
 }
 
 // Threads, and signals to itself; no other process, neither new nor old.
@@ -97,7 +100,7 @@ void allowSockets(const Allowed& allowed) {
 
 void allowNetwork(const Allowed& allowed, const NetworkGate& gate) {
   const auto allow = [&allowed](std::uint64_t kind, int protocol) {
-    for (const std::uint64_t family : {AF_INET, AF_INET6}) {
+    for (const unsigned family : {unsigned{AF_INET}, unsigned{AF_INET6}}) {
       for (const int each : {0, protocol}) {
         allowed.add(SCMP_SYS(socket), {is(0, family), bits(1, kSocketKind, kind),
                                        is(2, static_cast<std::uint64_t>(each))});

@@ -18,7 +18,7 @@ namespace {
 constexpr mode_t kNewFile = 0666;
 constexpr int kMostWriters = 1000;  // of one target at a time
 
-// The mode of the file that will be replaced; nothing where there is none or a link.
+// The rights to the file that will be replaced; nothing where there is none or a link.
 std::optional<mode_t> modeOf(const FilePlace& target) {
   struct stat status {};
   constexpr int kFlags = AT_SYMLINK_NOFOLLOW | AT_EMPTY_PATH;
@@ -31,7 +31,7 @@ std::optional<mode_t> modeOf(const FilePlace& target) {
   if (!S_ISREG(status.st_mode))
     throw FileError(target.path() + ": not a regular file", ErrorKind::cannotWrite);
   if (::faccessat(target.directory(), target.name(), W_OK, AT_EACCESS) != 0) target.fail(errno);
-  return status.st_mode & 07777U;
+  return status.st_mode & 0777U;
 }
 
 // A short name, so that a target of the greatest length leaves room for it.

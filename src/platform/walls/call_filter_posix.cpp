@@ -97,7 +97,7 @@ void allowSockets(const Allowed& allowed) {
 
 void allowNetwork(const Allowed& allowed, const NetworkGate& gate) {
   const auto allow = [&allowed](std::uint64_t kind, int protocol) {
-    for (const std::uint64_t family : {AF_INET, AF_INET6}) {
+    for (const unsigned family : {unsigned{AF_INET}, unsigned{AF_INET6}}) {
       for (const int each : {0, protocol}) {
         allowed.add(SCMP_SYS(socket), {is(0, family), bits(1, kSocketKind, kind),
                                        is(2, static_cast<std::uint64_t>(each))});

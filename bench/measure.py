@@ -11,6 +11,7 @@ from dialog_rows import measure_dialog
 from export_rows import (measure_barcodes, measure_memory, measure_pdf, measure_pictures,
                          measure_printing, measure_start)
 from index_rows import measure_openings, measure_scan, measure_walk
+from memory_rows import measure_picture_pages, measure_pieces
 from sheet_rows import measure_sheets
 from table import CYRILLIC, DATA, LATIN, MEGABYTE, make_report, note
 from window_rows import measure_huge_window, measure_windows
@@ -50,6 +51,8 @@ def main():
     measure_sheets(thousand, many, small)
     measure_words(thousand, many, small)
     measure_memory(many, small)
+    measure_pieces()
+    measure_picture_pages()
     measure_start(page)
     measure_windows(many)
     measure_dialog()

@@ -1,5 +1,7 @@
 // Text and HTML exports, byte for byte, by the program from outside.
 
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 #include "support/program.h"
@@ -101,6 +103,51 @@ TEST_F(TextHtmlTest, namesTheCodePage) {
   EXPECT_EQ(headOf({}, "tr_TR.UTF-8"), "windows-1254 Courier New");
   EXPECT_EQ(headOf({"-codepage", "1251"}, "C", "\033(9TA"), " Courier New");
   EXPECT_EQ(headOf({"-i", "s.vset#Şube"}, "tr_TR.UTF-8"), "cp866 Arial");
+}
+
+// Follows the references of a page as a browser does: each one, and the start of what is there.
+constexpr const char* kFollowLinks = R"(
+import sys, html.parser, urllib.parse, urllib.request
+class Reader(html.parser.HTMLParser):
+    def handle_starttag(self, tag, attributes):
+        if tag != 'img': return
+        link = urllib.parse.urljoin('file://' + sys.argv[1], dict(attributes)['src'])
+        try: found = urllib.request.urlopen(link).read(3)
+        except OSError as error: found = str(error).encode()
+        print(dict(attributes)['src'], found.hex(), sorted(dict(attributes)))
+Reader().feed(open(sys.argv[1], encoding='ascii').read())
+)";
+
+TEST_F(TextHtmlTest, linksLeadToTheirFiles) {
+  const std::string sizes = " ['height', 'src', 'width']\n";
+  // Names in code page 1254 and in UTF-8, and the references that a reader sees.
+  const std::tuple<std::string, std::string, std::string> rows[] = {
+      {"plain-1_~.png", "plain-1_~.png", "plain-1_~.png"},
+      {"dir/a b.png", "dir/a b.png", "dir/a%20b.png"},
+      {"a\"b.png", "a\"b.png", "a%22b.png"},
+      {"50%.png", "50%.png", "50%25.png"},
+      {"50%41.png", "50%41.png", "50%2541.png"},
+      {"a#b?c.png", "a#b?c.png", "a%23b%3Fc.png"},
+      {"<x'&amp;.png", "<x'&amp;.png", "%3Cx%27&amp;.png"},
+      {"\xFC\xDE.png", "üŞ.png", "%C3%BC%C5%9E.png"},
+      {"a:b.png", "a:b.png", "./a:b.png"}};
+  std::filesystem::create_directory(place_.path("dir"));
+  std::string report;
+  std::string expected;
+  for (const auto& [inReport, name, link] : rows) {
+    place_.write(name, "yes");
+    report += "<img image=\"" + inReport + "\" left=1 top=1 right=9 bottom=9/>\r\n";
+    expected += link + " 796573" + sizes;
+  }
+  report += "<barcode br_type=KAREKOD value=\"1% \xFC#&<x\" left=20 top=10 right=60 bottom=50/>";
+  expected += place_.path("r_barcode_1%25%20%C3%BC%23&%3Cx_20_10.jpeg") + " ffd8ff" + sizes;
+  exported(report, "o.html", {"-codepage", "1254"});
+  const std::string seen = run({"python3", "-c", kFollowLinks, place_.path("o.html")}).told();
+  EXPECT_EQ(seen, "0:" + expected);
+  EXPECT_EQ(body("<img image=\"http://h/a%20b.png?c=\"d\" right=9 bottom=9/>"),
+            "<img src=\"http://h/a%20b.png?c=%22d\" width=\"25\" height=\"25\">");
+  EXPECT_EQ(body("<img image=\"C:\\a\\b.png\" right=9 bottom=9/>"),
+            "<img src=\"C:\\a\\b.png\" width=\"25\" height=\"25\">");
 }
 
 TEST_F(TextHtmlTest, writesLinesOfHtml) {

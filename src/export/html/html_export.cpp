@@ -11,6 +11,7 @@
 #include "document/code_page.h"
 #include "document/item_visitor.h"
 #include "document/side_picture.h"
+#include "export/html/html_link.h"
 #include "platform/pictures/picture_store.h"
 #include "platform/system/directory.h"
 #include "platform/system/output_file.h"
@@ -41,7 +42,10 @@ void appendSize(std::int64_t width, std::int64_t height, std::string& html) {
 }
 
 void appendImage(VData_Image& image, std::string& html) {
-  html.append("<img src=\"").append(image.FileName).append("\"");
+  const int codePage = image.Settings->Page.BaseCodePage;
+  html.append("<img src=\"")
+      .append(htmlLink(utf8FromCodePage(image.FileName, codePage)))
+      .append("\"");
   if (image.Right != 0 || image.Bottom != 0) {
     appendSize(htmlPixels(image.Right) - htmlPixels(image.Left),
                htmlPixels(image.Bottom) - htmlPixels(image.Top), html);
@@ -53,16 +57,15 @@ void appendImage(VData_Image& image, std::string& html) {
 }
 
 // The picture's name for a browser: one that starts with a point is put beside the program.
-std::string linkOf(const std::string& name, int codePage) {
-  const std::string link = name.starts_with('.') ? programDirectory() + name.substr(2) : name;
-  return codePageFromUtf8(link, codePage, Substitute::htmlReference);
+std::string linkOf(const std::string& name) {
+  return htmlLink(name.starts_with('.') ? programDirectory() + name.substr(2) : name);
 }
 
 void appendBarcode(const VData_BarCode& code, std::string_view stem, std::string& html) {
   const std::string name = barcodePictureName(code, stem, ".jpeg");
   const auto picture = storedPicture(name);
   if (!picture) return;
-  html.append("<img src=\"").append(linkOf(name, code.Settings->Page.BaseCodePage)).append("\"");
+  html.append("<img src=\"").append(linkOf(name)).append("\"");
   appendSize(picture->width(), picture->height(), html);
 }
 

@@ -24,17 +24,13 @@ std::string_view nameOf(PdfField field) {
   return kNames[static_cast<std::size_t>(field)];
 }
 
-// What stands for the brackets of a report. Its texts hold no control bytes but in the values of
-// tags, where they show as blanks.
-constexpr char kOpening = 1;
-constexpr char kClosing = 2;
+// Bytes of the report that would be marks are written as the escape and a letter.
+constexpr char kEscape = 1;
+constexpr char kFirstLetter = 'A';
+constexpr std::string_view kReserved = "[]\n\f\1";
 
 bool isReserved(char c) {
-  return (c == '[') | (c == ']') | (c == kOpening) | (c == kClosing);
-}
-
-bool isStandIn(char c) {
-  return (c == kOpening) | (c == kClosing);
+  return (c == '[') | (c == ']') | (c == '\n') | (c == '\f') | (c == kEscape);
 }
 
 // Most texts hold none; counting them goes many at a time.
@@ -43,29 +39,23 @@ bool holdsAny(std::string_view text, Predicate predicate) {
   return std::count_if(text.begin(), text.end(), predicate) > 0;
 }
 
-char written(char c) {
-  switch (c) {
-    case '[': return kOpening;
-    case ']': return kClosing;
-    case kOpening:
-    case kClosing: return ' ';
-    default: return c;
-  }
-}
-
-char readAgain(char c) {
-  return c == kOpening ? '[' : c == kClosing ? ']' : c;
-}
-
 // A record being written.
 class MarkupWriter {
  public:
   // Of the report, whatever it holds.
   void text(std::string_view value) {
-    const auto start = static_cast<std::ptrdiff_t>(record_.size());
-    record_.append(value);
-    if (!holdsAny(value, isReserved)) return;
-    std::transform(record_.begin() + start, record_.end(), record_.begin() + start, written);
+    if (!holdsAny(value, isReserved)) {
+      record_.append(value);
+      return;
+    }
+    for (const char c : value) {
+      if (!isReserved(c)) {
+        record_ += c;
+        continue;
+      }
+      record_ += kEscape;
+      record_ += static_cast<char>(kFirstLetter + static_cast<char>(kReserved.find(c)));
+    }
   }
 
   void textField(PdfField field, std::string_view value) {
@@ -207,10 +197,12 @@ void LineToMarkup(const VDocStr& line, PdfLines& lines, std::size_t index) {
   if (records.size() > first) records[first].append(records.size() - first, '\n');
 }
 
-std::string_view withBrackets(std::string_view value, std::string& buffer) {
-  if (!holdsAny(value, isStandIn)) return value;
-  buffer.resize(value.size());
-  std::transform(value.begin(), value.end(), buffer.begin(), readAgain);
+std::string_view asReported(std::string_view value, std::string& buffer) {
+  if (!holdsAny(value, [](char c) { return c == kEscape; })) return value;
+  buffer.clear();
+  for (std::size_t i = 0; i < value.size(); ++i)
+    buffer += value[i] == kEscape ? kReserved[static_cast<std::size_t>(value[++i] - kFirstLetter)]
+                                  : value[i];
   return buffer;
 }
 

@@ -1,7 +1,6 @@
 // Lines as records of bracket markup, the language between the items of a report and the writer of
 // PDF pages. A record is a text followed by fields "[name:value:name]", which are found by
-// searching for their marks. Brackets of the report itself are written as control bytes, so that
-// they are none.
+// searching for their marks. What the report itself holds is written so that none of it is a mark.
 #pragma once
 
 #include <array>
@@ -61,9 +60,9 @@ enum class PdfField {
   count
 };
 
-// A text or value of the report as it was before it was written. Kept in the buffer where it had
-// brackets.
-std::string_view withBrackets(std::string_view value, std::string& buffer);
+// A text or value of the report as it was before it was written. Kept in the buffer where it held
+// what could have been marks.
+std::string_view asReported(std::string_view value, std::string& buffer);
 
 // A record as it is read: the values of its fields, each where its marks are found first.
 class MarkupRecord {
@@ -80,7 +79,9 @@ class MarkupRecord {
 
   // What stands before the name of the font; nothing where there is none.
   std::string_view plainText() const { return plain_text_; }
-  std::string_view whole() const { return whole_; }
+
+  bool startsLine() const { return whole_.find('\n') != std::string_view::npos; }
+  bool startsPage() const { return whole_.find(kPageMark) != std::string_view::npos; }
 
  private:
   static constexpr auto kCount = static_cast<std::size_t>(PdfField::count);

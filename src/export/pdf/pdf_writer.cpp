@@ -104,8 +104,7 @@ std::size_t PdfWriter::fontOf(const MarkupRecord& record) {
   const auto known = fonts.find(name);
   if (known != fonts.end()) return known->second;
   std::string buffer;
-  const std::string face =
-      faceFor(utf8FromCodePage(trimmed(withBrackets(name, buffer)), code_page_));
+  const std::string face = faceFor(utf8FromCodePage(trimmed(asReported(name, buffer)), code_page_));
   return fonts[std::string(name)] = document_.loadFont({face, bold, italic}, encoding_);
 }
 
@@ -133,15 +132,16 @@ void PdfWriter::turn(double angle) {
 
 // Shows the text of a record: in its box, on the next line, or behind the text before it.
 void PdfWriter::showText(const MarkupRecord& record, const std::optional<FitOptions>& fit) {
-  std::string buffer;
-  const std::string_view content = record[PdfField::textContent];
-  const bool isPlaced = !trimmed(content).empty();
-  const std::string_view text = withBrackets(isPlaced ? content : record.plainText(), buffer);
-  const bool newLine = record.whole().find('\n') != std::string_view::npos;
+  std::string contentBuffer;
+  std::string plainBuffer;
+  const std::string_view content = asReported(record[PdfField::textContent], contentBuffer);
+  const std::string_view plain = asReported(record.plainText(), plainBuffer);
+  const std::string_view text = trimmed(content).empty() ? plain : content;
+  const bool newLine = record.startsLine();
   if (newLine && record.has(PdfField::textLeft)) document_.setLeading(0);
   if (fit) {
-    document_.fitTextline(isPlaced ? text : content, pointsFromTwips(left_),
-                          kPageHeight - pointsFromTwips(top_), *fit);
+    document_.fitTextline(content, pointsFromTwips(left_), kPageHeight - pointsFromTwips(top_),
+                          *fit);
   } else if (newLine) {
     document_.continueText(text);
   } else {
@@ -151,7 +151,7 @@ void PdfWriter::showText(const MarkupRecord& record, const std::optional<FitOpti
 
 void PdfWriter::writeText(const MarkupRecord& record) {
   if (!record[PdfField::fontColor].empty()) color_ = colorOf(record[PdfField::fontColor]);
-  if (record.whole().find(kPageMark) != std::string_view::npos) newPage();
+  if (record.startsPage()) newPage();
   const double size = selectFont(record);
   document_.setLeading(size + 1);
   document_.setFillColor(color_);

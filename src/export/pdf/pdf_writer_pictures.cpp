@@ -52,7 +52,7 @@ void PdfWriter::writeImage(const MarkupRecord& record) {
   document_.setStrokeColor(frame == 0 ? PdfColor{1, 1, 1} : colorOf(record[PdfField::imageColor]));
   std::string buffer;
   const PdfImage* image =
-      imageOf(pictureNamed(withBrackets(record[PdfField::imageFile], buffer), code_page_));
+      imageOf(pictureNamed(asReported(record[PdfField::imageFile], buffer), code_page_));
   const std::string_view stretch = record[PdfField::imageStretch];
   switch (stretch.empty() ? kNone : integerOf(stretch)) {
     case kNaturalStretch: return putAtCorner(image, record);
@@ -69,7 +69,7 @@ void PdfWriter::writeBarcode(const MarkupRecord& record) {
     document_.setStrokeColor(colorOf(record[PdfField::boxColor]));
   std::string buffer;
   const std::string name = barcodePictureName(
-      {stem_, withBrackets(record[PdfField::barcodeValue], buffer), code_page_,
+      {stem_, asReported(record[PdfField::barcodeValue], buffer), code_page_,
        integerOf(record[PdfField::boxLeft]), integerOf(record[PdfField::boxTop])},
       ".jpeg");
   const PdfImage* image = imageOf(storedPicture(name));

@@ -27,7 +27,6 @@ std::string_view PdfContent::bytes() {
 void PdfContent::clear() {
   bytes_.clear();
   wanted_ = written_ = {};
-  written_.text.size = -1;  // no font yet
   saved_.clear();
   in_text_ = false;
 }
@@ -121,13 +120,13 @@ void PdfContent::useStyle(const PdfTextStyle& style) {
   const PdfColor& color = wanted_.fill;
   if (written_.fill != color) operate({color.red, color.green, color.blue}, "rg");
   written_.fill = color;
-  const PdfTextStyle before = std::exchange(written_.text, style);
-  if (before.face != style.face || before.size != style.size) {
+  const auto before = std::exchange(written_.text, style);
+  if (!before || before->face != style.face || before->size != style.size) {
     bytes_ += "/F" + std::to_string(style.face) + " ";
     operate({style.size}, "Tf");
   }
-  if (before.bold != style.bold) operate({style.bold ? 2.0 : 0.0}, "Tr");
-  if (style.bold) useStroke(color, style.size * kBoldStroke, {});
+  if ((before && before->bold) != style.bold) operate({style.bold ? 2.0 : 0.0}, "Tr");
+  if (style.bold) useStroke(color, std::abs(style.size) * kBoldStroke, {});
 }
 
 bool PdfContent::startText(std::int64_t x, std::int64_t y, bool slanted) {

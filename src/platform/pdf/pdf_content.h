@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -67,8 +68,8 @@ class PdfContent {
     PdfColor stroke;
     std::vector<double> dash;
     double lineWidth = 1;
-    PdfTextStyle text;
-    std::int64_t leading = 0;  // thousandths of a point
+    std::optional<PdfTextStyle> text;  // none yet
+    std::int64_t leading = 0;          // thousandths of a point
   };
 
   void operate(std::initializer_list<double> operands, std::string_view operation);

@@ -60,6 +60,14 @@ TEST_F(PdfExport, putsEachKindOfRecordWhereTheArithmeticSays) {
       {"A[fn:B:fn]C\r\n", "@0 831 Td;(A[fn:B:fn]C)Tj;ET;"},
       {"A[st:1:st]\r\n", "@0 831 Td;(A[st:1:st])Tj;ET;"},
       {"<text * tc=:tc][x/>", "@28.3 775.35 Td;(:tc][x)Tj;ET;"},
+      {"<text * tc=\"\x01"
+       "A[B\x02]\"/>",
+       "@28.3 775.35 Td;<01415b42025d>Tj;ET;"},
+      // Of the two letters that end lines of records, one may stand in a text.
+      {"A<text * tc=\"x;y\"/>B\r\n", "@0 831 Td;(A)Tj;28.3 -55.65 Td;(x\\ny)Tj;0 0 Td;(B)Tj;ET;"},
+      {"A<barcode # value=\"1;2\"/>B\r\nC", "@0 831 Td;(A)Tj;(B)Tj;11 TL;(C)';ET;"},
+      {"<font height=-1/>X\r\nY", "BT;/F0 -1 Tf;0 842 Td;(X)Tj;0 0 Td;(Y)Tj;ET;"},
+      {"<font height=-30 fn=Z003 fb=1/>X", "BT;/F0 -30 Tf;2 Tr;0 871 Td;(X)Tj;ET;"},
       {"A\r\n\fB\r\n\f", "@0 831 Td;(A)Tj;ET;page;@0 831 Td;(B)Tj;ET;"}};
   for (auto [report, drawn] : rows) {
     if (drawn.starts_with("TURN")) drawn.replace(0, 4, turn);
@@ -102,6 +110,19 @@ TEST_F(PdfExport, fitsPicturesInThreeWays) {
       EXPECT_NE(drawn.find(matrix), std::string::npos) << drawn;
       EXPECT_NE(drawn.find(frame), std::string::npos) << drawn;
     }
+  }
+}
+
+TEST_F(PdfExport, takesPicturesByTheNamesThatAllOthersTake) {
+  run({"convert-im6.q16", "-size", "9x9", "xc:red", directory_.path("p.png")});
+  for (const char* name : {"p.tif", "p", "p.PNG", "[p].png"})
+    directory_.write(name, directory_.read("p.png"));
+  std::filesystem::create_directory(directory_.path("d.png"));
+  for (const auto& [name, shown] :
+       rowsOf("p.png 1|p.PNG 1|[p].png 1|.\\p.png 1|p.tif 0|p 0|d.png 0|none.png 0")) {
+    exportReport("<img image=\"" + name + "\" left=10 top=20/>");
+    const std::string images = run({"pdfimages", "-list", directory_.path("r.pdf")}).output;
+    EXPECT_EQ(linesOf(images).size(), shown == "1" ? 3U : 2U) << name;
   }
 }
 

@@ -113,6 +113,20 @@ TEST_F(PdfExport, givesBackTheTextOfEveryCodePage) {
   }
 }
 
+// Whatever it looks like, and however small it is.
+TEST_F(PdfExport, givesBackTextsThatLookLikeMarkup) {
+  operators(
+      "[tc:field:tc]\r\n<text left=99 top=50 height=-1 tc=negative/>\r\n"
+      "<text left=10 top=90 tc=\"\x01"
+      "Zopen [fn:Arial:fn] [st:1:st] \x01\"/>\r\n"
+      "<text left=10 top=120 tc=\"upper\nlower [bcv:1:bcv]\"/>");
+  const std::string found = run({"pdftotext", directory_.path("r.pdf"), "-"}).output;
+  for (const char* word : {"negative", "[tc:field:tc]", "Zopen", "[fn:Arial:fn]", "[st:1:st]",
+                           "upper", "lower", "[bcv:1:bcv]"})
+    EXPECT_NE(found.find(word), std::string::npos) << word << " in " << found;
+  EXPECT_EQ(readPdf(directory_.path("r.pdf")).pages, 1);
+}
+
 // Archived documents must not show glyph 0. The last letter is one that no font has.
 TEST_F(PdfExport, showsAGlyphForEveryByte) {
   directory_.write("cp708.ini", "128-0xFDD0\r\n");

@@ -141,7 +141,7 @@ class PageScan {
 bool VDoc::ScanPages(bool rescan) {
   const auto file = OpenFile();
   if (!file) return false;
-  scanned_ = file->stamp();
+  noteFile(*file);
   std::uint64_t start = 0;
   if (!rescan) {
     Clear();
@@ -175,7 +175,7 @@ void VDoc::dropControlPage(const InputFile& file) {
 void VDoc::ScanFirstPage() {
   const auto file = OpenFile();
   if (!file) return;
-  scanned_ = file->stamp();
+  noteFile(*file);
   ReadHeader(*file);
   const std::uint64_t size = file->size();
   std::string bytes(kFirstPageSize, '\0');

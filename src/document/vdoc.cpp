@@ -12,6 +12,7 @@
 #include "document/control_bytes.h"
 #include "document/control_sequences.h"
 #include "document/vcommand.h"
+#include "platform/system/file_sample.h"
 #include "platform/system/messages.h"
 
 namespace qor {
@@ -99,9 +100,16 @@ VDocPage& VDoc::LoadPage(std::int32_t number, const InputFile& file, PageMode mo
   return page;
 }
 
+void VDoc::noteFile(const InputFile& file) {
+  scanned_ = file.stamp();
+  sample_ = sampleOf(file, scanned_.size);
+}
+
 void VDoc::RequireSameFile() const {
   const auto now = fileStamp(AppOptions.FileName);
-  if (!now || !scanned_.mayHaveGrownTo(*now))
+  if (now == scanned_) return;
+  const bool grown = now && now->file == scanned_.file && now->size > scanned_.size;
+  if (!grown || sampleOf(InputFile(AppOptions.FileName), scanned_.size) != sample_)
     throw ReportError(AppOptions.FileName + ": the report has changed since its pages were found");
 }
 

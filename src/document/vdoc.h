@@ -54,7 +54,8 @@ class VDoc {
   void ReleasePage(std::int32_t number);
 
   // Throws ReportError where the file is no longer the one whose pages were found, or was cut or
-  // written anew since: what was read of it may not belong together. One that has only grown is.
+  // written anew since: what was read of it may not belong together. One that has only grown, as
+  // far as a look here and there tells, is.
   void RequireSameFile() const;
 
   // Reads the pages before this one that have not been read yet. Does nothing where the file can't
@@ -131,7 +132,10 @@ class VDoc {
   FontState base_font_;  // of the settings that fonts_ started with
   RunningFonts fonts_;
   std::optional<LineEnds> line_ends_;
+  void noteFile(const InputFile& file);
+
   FileStamp scanned_;  // the file when its pages were found
+  std::string sample_;
   bool head_applied_ = false;
 };
 

@@ -104,6 +104,9 @@ void touch(const std::string& path) {
 void grow(const std::string& path) {
   std::ofstream(path, std::ios::app) << "\f more";
 }
+void writeAnew(const std::string& path) {
+  std::fstream(path, std::ios::in | std::ios::out) << "Z\r\n\fZ\r\n\fZ\r\n\fZ\r\n";
+}
 void leave(const std::string&) {
 }
 
@@ -112,7 +115,7 @@ TEST_F(ChangedReport, failsAndLeavesTheTarget) {
   for (const std::string name :
        {"o.txt", "o.html", "o.rtf", "o.pdf", "o.xlsx", "o.csv", "o(3).png", "report(print).pdf"}) {
     std::string whole;
-    for (const Change change : {leave, grow, cut, cutHardly, replace, touch}) {
+    for (const Change change : {leave, grow, cut, cutHardly, replace, touch, writeAnew}) {
       TestReport report(kPages);
       std::ofstream(report.path(name)) << "old";
       const std::string failure =

@@ -226,6 +226,7 @@ class Connections {
   static bool isAnswered(Question question, http_t* connection, const Patience& patience) {
     refusePasswords();
     limitWaiting(connection, patience);
+    const Watch watch(connection, patience);
     return question(connection) && !patience.isOver();
   }
 

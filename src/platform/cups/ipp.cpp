@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include <sys/socket.h>
+
 #include "base/units.h"
 
 namespace qor {
@@ -10,6 +12,7 @@ namespace {
 
 constexpr double kJobSeconds = 20;     // that a scheduler may think about a job
 constexpr double kLookSeconds = 0.25;  // between looks at the clock
+constexpr std::chrono::milliseconds kShutAgain{100};
 constexpr int kMaxDpi = 19200;
 
 int giveUp(http_t*, void*) {
@@ -41,6 +44,25 @@ void refusePasswords() {
 int Patience::milliseconds() const {
   const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end_ - Clock::now());
   return std::max(1, static_cast<int>(left.count()));
+}
+
+Watch::Watch(http_t* connection, const Patience& patience)
+    : thread_([this, connection, left = std::chrono::milliseconds(patience.milliseconds())] {
+        std::unique_lock lock(mutex_);
+        // libcups connects anew where it thinks that this helps.
+        for (auto wait = left; !answered_.wait_for(lock, wait, [this] { return is_answered_; });
+             wait = kShutAgain)
+          ::shutdown(httpGetFd(connection), SHUT_RDWR);
+      }) {
+}
+
+Watch::~Watch() {
+  {
+    const std::lock_guard lock(mutex_);
+    is_answered_ = true;
+  }
+  answered_.notify_one();
+  thread_.join();
 }
 
 Connection connectToScheduler(const Patience& patience) {

@@ -2,8 +2,11 @@
 #pragma once
 
 #include <chrono>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <cups/cups.h>
@@ -34,6 +37,23 @@ class Patience {
  private:
   using Clock = std::chrono::steady_clock;
   Clock::time_point end_ = Clock::now() + kLimit;
+};
+
+// Ends what is said on a connection when the patience is over, also with a scheduler that goes on
+// and on: libcups looks at the clock only where nothing comes.
+class Watch {
+ public:
+  // Both must live as long.
+  Watch(http_t* connection, const Patience& patience);
+  ~Watch();
+  Watch(const Watch&) = delete;
+  Watch& operator=(const Watch&) = delete;
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable answered_;
+  bool is_answered_ = false;
+  std::thread thread_;
 };
 
 // Nobody is there to type a password. libcups wants to know it for each thread that asks.

@@ -57,7 +57,8 @@ const PdfImage* PdfImages::add(const StoredPicture& picture) {
 PdfId PdfImages::write(const StoredPicture& picture) {
   if (const auto file = picture.jpeg()) {
     const PdfId object = file_.reserve();
-    const bool gray = readJpegHeader(*file)->components == 1;
+    const auto header = readJpegHeader(*file);
+    const bool gray = header && header->components == 1;
     file_.writePlainStream(
         object, entries(picture.width(), picture.height(), gray) + "/Filter/DCTDecode", *file);
     return object;

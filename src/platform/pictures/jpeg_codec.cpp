@@ -3,6 +3,7 @@
 #include <array>
 #include <csetjmp>
 #include <cstdio>
+#include <new>
 #include <vector>
 
 #include <jerror.h>
@@ -24,11 +25,14 @@ constexpr std::uint32_t kMissing = 0xFF808080;
 
 struct Errors : jpeg_error_mgr {
   std::jmp_buf jump;
-  bool damaged;  // pixels had to be invented
+  bool damaged;    // pixels had to be invented
+  bool exhausted;  // the memory, and nothing is wrong with the file
 };
 
 [[noreturn]] void onError(j_common_ptr info) {
-  std::longjmp(static_cast<Errors*>(info->err)->jump, 1);
+  auto& errors = *static_cast<Errors*>(info->err);
+  errors.exhausted = info->err->msg_code == JERR_OUT_OF_MEMORY;
+  std::longjmp(errors.jump, 1);
 }
 
 bool isHarmless(int warning) {
@@ -56,10 +60,13 @@ void prepare(Errors& errors) {
   errors.output_message = onOutput;
 }
 
-// Runs a step; false if the library gave up in it.
+// Runs a step; false if the library gave up in it. Throws bad_alloc where it had no memory.
 template <class Step>
 bool run(Errors& errors, Step step) {
-  if (setjmp(errors.jump) != 0) return false;
+  if (setjmp(errors.jump) != 0) {
+    if (errors.exhausted) throw std::bad_alloc();
+    return false;
+  }
   step();
   return true;
 }

@@ -156,7 +156,9 @@ std::shared_ptr<const std::string> StoredPicture::file() const {
   if (jpeg_) return jpeg_;
   if (fileStamp(path_) != stamp_) return nullptr;
   auto bytes = PictureMemory::all().readFile(path_, stamp_);
-  return bytes ? std::make_shared<const std::string>(*std::move(bytes)) : nullptr;
+  // The stamp tells much, and the bytes tell all.
+  if (!bytes || keyOf(*bytes) != key_) return nullptr;
+  return std::make_shared<const std::string>(*std::move(bytes));
 }
 
 std::shared_ptr<const Picture> StoredPicture::pixels() const {

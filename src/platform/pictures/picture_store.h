@@ -1,5 +1,5 @@
-// The pictures of files. A report shows its logo on each page and a photo in a corner: a file is
-// read once a run, as long as it stays as it is, and what was decoded is kept while there is room.
+// The pictures of files. A report shows its logo on each page and a photo in a corner: what was
+// read and decoded is kept while there is room, as long as the file stays as it is.
 #pragma once
 
 #include <cstdint>
@@ -24,7 +24,7 @@ class StoredPicture : public std::enable_shared_from_this<StoredPicture> {
   int width() const { return width_; }  // pixels
   int height() const { return height_; }
 
-  // The same for files of the same bytes, and for no others.
+  // The same for files of the same bytes; for others as long as nobody makes them for it.
   const std::string& key() const { return key_; }
 
   // The decoded picture, which stays for as long as somebody holds it. Null where it had to be read

@@ -2,7 +2,9 @@
 // destructor.
 #include <algorithm>
 #include <csetjmp>
+#include <cstdlib>
 #include <cstring>
+#include <new>
 #include <vector>
 
 #include <png.h>
@@ -45,6 +47,17 @@ void onWrite(png_structp png, png_bytep bytes, std::size_t size) {
 void onFlush(png_structp) {
 }
 
+// Memory for the library: where there is none it gives up, and nothing is wrong with the file.
+png_voidp onAllocate(png_structp png, png_alloc_size_t size) {
+  void* const memory = std::malloc(size);
+  if (memory == nullptr) *static_cast<bool*>(png_get_mem_ptr(png)) = true;
+  return memory;
+}
+
+void onFree(png_structp, png_voidp memory) {
+  std::free(memory);
+}
+
 // Runs a step; false if the library gave up in it.
 template <class Step>
 bool run(png_structp png, Step step) {
@@ -58,14 +71,23 @@ class PngReader {
   explicit PngReader(std::string_view file)
       : size_(file.size()),
         rest_(file),
-        png_(png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning)),
+        png_(png_create_read_struct_2(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning,
+                                      &exhausted_, onAllocate, onFree)),
         info_(png_ == nullptr ? nullptr : png_create_info_struct(png_)) {}
   PngReader(const PngReader&) = delete;
   PngReader& operator=(const PngReader&) = delete;
   ~PngReader() { png_destroy_read_struct(&png_, &info_, nullptr); }
 
+  // Throws bad_alloc where the library had no memory.
   std::optional<Picture> read() {
-    if (info_ == nullptr || !run(png_, [this] { readHeader(); })) return std::nullopt;
+    auto picture = info_ == nullptr ? std::nullopt : readPicture();
+    if (exhausted_) throw std::bad_alloc();
+    return picture;
+  }
+
+ private:
+  std::optional<Picture> readPicture() {
+    if (!run(png_, [this] { readHeader(); })) return std::nullopt;
     if (!fitsPicture(width_, height_)) return std::nullopt;
     if (!run(png_, [this] { setConversions(); })) return std::nullopt;
     Picture picture = makeRowless(static_cast<int>(width_), static_cast<int>(height_));
@@ -75,7 +97,6 @@ class PngReader {
     return picture;
   }
 
- private:
   void readHeader() {
     png_set_read_fn(png_, &rest_, onRead);
     // The library takes the data by so many bytes, and loses what is left of a file that is cut.
@@ -129,6 +150,7 @@ class PngReader {
 
   std::size_t size_;
   std::string_view rest_;
+  bool exhausted_ = false;
   png_structp png_;
   png_infop info_;
   png_uint_32 width_ = 0;

@@ -13,11 +13,6 @@ struct FileStamp {
   std::int64_t modified = 0;  // ns since 1970
 
   bool operator==(const FileStamp&) const = default;
-
-  // Whether the file of this stamp may have become that of the other one by growing alone.
-  bool mayHaveGrownTo(const FileStamp& later) const {
-    return *this == later || (file == later.file && size < later.size);
-  }
 };
 
 // Nothing where there is no such file.

@@ -116,7 +116,8 @@ UnfinishedFile::~UnfinishedFile() {
 }
 
 void UnfinishedFile::replaceTarget() {
-  // From here on the name may be another writer's.
+  // Behind it the name may be another writer's.
+  const HeldSignals held;
   noted_.reset();
   if (::renameat(target_.directory(), name_.c_str(), target_.directory(), target_.name()) != 0)
     target_.fail(errno);

@@ -29,6 +29,9 @@ class HeldSignals {
   ~HeldSignals();
   HeldSignals(const HeldSignals&) = delete;
   HeldSignals& operator=(const HeldSignals&) = delete;
+
+ private:
+  unsigned held_ = 0;  // a bit for each that nobody else holds
 };
 
 }  // namespace qor

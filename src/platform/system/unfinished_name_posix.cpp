@@ -41,11 +41,12 @@ void cleanUpOn(int number) {
   ::sigaction(number, &action, nullptr);
 }
 
-void holdSignals(int how) {
+sigset_t endSignals(unsigned bits) {
   sigset_t signals;
   ::sigemptyset(&signals);
-  for (const int number : kEndSignals) ::sigaddset(&signals, number);
-  ::pthread_sigmask(how, &signals, nullptr);
+  for (std::size_t i = 0; i < kEndSignals.size(); ++i)
+    if ((bits >> i & 1U) != 0) ::sigaddset(&signals, kEndSignals[i]);
+  return signals;
 }
 
 }  // namespace
@@ -72,11 +73,16 @@ void cleanUpOnSignals() {
 }
 
 HeldSignals::HeldSignals() {
-  holdSignals(SIG_BLOCK);
+  const sigset_t all = endSignals(~0U);
+  sigset_t before;
+  ::pthread_sigmask(SIG_BLOCK, &all, &before);
+  for (std::size_t i = 0; i < kEndSignals.size(); ++i)
+    if (::sigismember(&before, kEndSignals[i]) == 0) held_ |= 1U << i;
 }
 
 HeldSignals::~HeldSignals() {
-  holdSignals(SIG_UNBLOCK);
+  const sigset_t held = endSignals(held_);
+  ::pthread_sigmask(SIG_UNBLOCK, &held, nullptr);
 }
 
 }  // namespace qor

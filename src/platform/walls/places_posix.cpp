@@ -7,7 +7,6 @@
 
 #include <arpa/inet.h>
 #include <dlfcn.h>
-#include <link.h>
 
 #include "base/errors.h"
 #include "platform/system/file_place.h"
@@ -28,14 +27,6 @@ void addVariables(Places& places, std::initializer_list<const char*> names) {
     const Places told = placesIn(environment(name));
     places.insert(places.end(), told.begin(), told.end());
   }
-}
-
-// Where libraries have been found, which others may stand beside.
-int addLoaded(dl_phdr_info* object, std::size_t, void* places) {
-  const std::string place = fs::path(object->dlpi_name).parent_path().string();
-  auto& known = *static_cast<Places*>(places);
-  if (!place.empty() && (known.empty() || known.back() != place)) known.push_back(place);
-  return 0;
 }
 
 // Where the loader looks for those that are still to come.
@@ -93,7 +84,6 @@ Places placesOfLibraries() {
                    "/dev/null",           "/dev/urandom",       "/sys/devices/system/cpu",
                    "/proc/cpuinfo",       "/proc/meminfo",      "/proc/sys/crypto"};
   addVariables(places, {"GCONV_PATH", "LOCPATH", "TZDIR"});
-  ::dl_iterate_phdr(addLoaded, &places);
   addSearched(places);
   return places;
 }

@@ -200,6 +200,7 @@ TEST(Wall, startsNoProgramAndReachesNoProcess) {
       {call(SYS_fsetxattr, {"-1", "@user.x", "@x", "1", "0"}), ENOSYS},
       {call(SYS_fchown, {"-1", "-1", "-1"}), EPERM},
       {call(SYS_fchmod, {"1", "511"}), ENOSYS},
+      {call(SYS_openat, {"-1", "@s", number(O_CREAT | O_WRONLY), number(04700)}), ENOSYS},
       {call(SYS_setuid, {"-1"}), ENOSYS},
       {call(SYS_ioctl, {"1", number(TIOCSTI), "@x"}), ENOSYS},
       {call(SYS_fcntl, {"1", number(F_SETOWN), "0"}), ENOSYS},

@@ -25,6 +25,12 @@ constexpr const char* kPlain =
 
 }  // namespace
 
+Surroundings withoutLeakCheck(Surroundings around) {
+  around.environment["LSAN_OPTIONS"] = "";
+  around.environment["ASAN_OPTIONS"] = "detect_leaks=0";
+  return around;
+}
+
 // Tests have threads, and what a child of fork may do beside them is next to nothing: hence spawn.
 Process::Process(const std::vector<std::string>& command, const Surroundings& surroundings) {
   std::vector<std::string> line = wordsOf(kPlain);

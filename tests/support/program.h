@@ -33,6 +33,9 @@ inline Surroundings in(const TemporaryDirectory& place, const char* directory = 
   return {place.path(directory), {}, 0};
 }
 
+// The same where the program can't read what the sanitizers are told here: leaks aren't looked for.
+Surroundings withoutLeakCheck(Surroundings around);
+
 // A program that runs beside the test. What is still running goes with the object.
 class Process {
  public:

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 
 #include "document/font_state.h"
 
@@ -112,10 +113,8 @@ SharedFont::SharedFont(const SharedFont& other) noexcept : kept_(other.kept_) {
 }
 
 SharedFont& SharedFont::operator=(const SharedFont& other) noexcept {
-  Kept* const before = kept_;
-  kept_ = other.kept_;
-  ++kept_->holders;
-  if (--before->holders == 0) SharedFonts::all().drop(*before);
+  SharedFont held(other);
+  std::swap(kept_, held.kept_);
   return *this;
 }
 

@@ -33,6 +33,11 @@ bool isReserved(char c) {
   return (c == '[') | (c == ']') | (c == '\n') | (c == '\f') | (c == kEscape);
 }
 
+// All of those and few others.
+bool looksReserved(char c) {
+  return (c == '[') | (c == ']') | (static_cast<unsigned char>(c) < ' ');
+}
+
 // Most texts hold none; counting them goes many at a time.
 template <class Predicate>
 bool holdsAny(std::string_view text, Predicate predicate) {
@@ -44,7 +49,7 @@ class MarkupWriter {
  public:
   // Of the report, whatever it holds.
   void text(std::string_view value) {
-    if (!holdsAny(value, isReserved)) {
+    if (!holdsAny(value, looksReserved)) {
       record_.append(value);
       return;
     }

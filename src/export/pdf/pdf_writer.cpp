@@ -135,8 +135,8 @@ void PdfWriter::showText(const MarkupRecord& record, const std::optional<FitOpti
   std::string contentBuffer;
   std::string plainBuffer;
   const std::string_view content = asReported(record[PdfField::textContent], contentBuffer);
-  const std::string_view plain = asReported(record.plainText(), plainBuffer);
-  const std::string_view text = trimmed(content).empty() ? plain : content;
+  const std::string_view text =
+      trimmed(content).empty() ? asReported(record.plainText(), plainBuffer) : content;
   const bool newLine = record.startsLine();
   if (newLine && record.has(PdfField::textLeft)) document_.setLeading(0);
   if (fit) {

@@ -47,7 +47,7 @@ int Patience::milliseconds() const {
 }
 
 Watch::Watch(http_t* connection, const Patience& patience)
-    : thread_([this, connection, left = std::chrono::milliseconds(patience.milliseconds())] {
+    : thread_([this, connection, left = std::chrono::milliseconds(patience.milliseconds() + 1)] {
         std::unique_lock lock(mutex_);
         // libcups connects anew where it thinks that this helps.
         for (auto wait = left; !answered_.wait_for(lock, wait, [this] { return is_answered_; });

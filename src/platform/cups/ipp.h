@@ -39,7 +39,7 @@ class Patience {
   Clock::time_point end_ = Clock::now() + kLimit;
 };
 
-// Ends what is said on a connection when the patience is over, also with a scheduler that goes on
+// Ends what is said on a connection once the patience is over, also with a scheduler that goes on
 // and on: libcups looks at the clock only where nothing comes.
 class Watch {
  public:

@@ -24,7 +24,6 @@ constexpr Rights right(int number) {
 }
 
 // Of files.
-constexpr Rights kExecute = right(0);
 constexpr Rights kWriteFile = right(1);
 constexpr Rights kReadFile = right(2);
 constexpr Rights kReadDirectory = right(3);

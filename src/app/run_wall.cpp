@@ -92,8 +92,8 @@ Places readablePlaces(RunMode mode, std::string_view pictures) {
   add(places, placesOfProgram());
   add(places, placesOfLibraries());
   const ExportFormat* format = formatOfRun(mode);
-  if (format != nullptr && format->readsBack) add(places, placesOfTarget());
-  if (mode == kRunPrint || (format != nullptr && format->draws)) add(places, fontPlaces());
+  if (format != nullptr && format->has(kReadsBack)) add(places, placesOfTarget());
+  if (mode == kRunPrint || (format != nullptr && !format->has(kDrawsNothing))) add(places, fontPlaces());
   if (asksScheduler(mode)) add(places, placesOfPrinting());
   return places;
 }

@@ -117,6 +117,7 @@ class VDoc {
  private:
   friend class PageScan;
 
+  void noteFile(const InputFile& file);
   void readPage(VDocPage& page, const InputFile& file, PageMode mode = PageMode::plain);
   void readUpTo(std::int32_t number, const InputFile& file);
   PrintOutcome print(const RunOptions& options, const PrintTask& task,
@@ -132,8 +133,6 @@ class VDoc {
   FontState base_font_;  // of the settings that fonts_ started with
   RunningFonts fonts_;
   std::optional<LineEnds> line_ends_;
-  void noteFile(const InputFile& file);
-
   FileStamp scanned_;  // the file when its pages were found
   std::string sample_;
   bool head_applied_ = false;

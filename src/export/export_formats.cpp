@@ -29,13 +29,13 @@ constexpr ExportExtension kPictures[] = {{".bmp", true, kImageBmp},
                                          {".png", false, kImagePng}};
 
 constexpr ExportFormat kFormats[] = {
-    {kExportText, "Text", kText, PageMode::text, ExportText, false, false},
+    {kExportText, "Text", kText, PageMode::text, ExportText, kDrawsNothing},
     {kExportHtml, "HTML", kHtml, PageMode::html, ExportHtml},
-    {kExportRtf, "RTF", kRtf, PageMode::rtf, ExportWord, true},
-    {kExportDoc, "DOC", kDoc, PageMode::doc, ExportWord, true},
-    {kExportPdf, "PDF", kPdf, PageMode::pictures, ExportPdf, true},
+    {kExportRtf, "RTF", kRtf, PageMode::rtf, ExportWord, kReadsBack},
+    {kExportDoc, "DOC", kDoc, PageMode::doc, ExportWord, kReadsBack},
+    {kExportPdf, "PDF", kPdf, PageMode::pictures, ExportPdf, kReadsBack},
     {kExportPictures, "Pictures", kPictures, PageMode::pictures, ExportImages},
-    {kExportSheets, "Spreadsheet", kSheets, PageMode::sheets, ExportSheets, true},
+    {kExportSheets, "Spreadsheet", kSheets, PageMode::sheets, ExportSheets, kReadsBack},
 };
 
 // Null where it is none of the format's.

@@ -27,14 +27,21 @@ enum ExportFormatId {
   kExportSheets
 };
 
+// What sets formats apart for the machine that they run on.
+enum ExportTrait : unsigned {
+  kReadsBack = 1,    // it reads what it has put beside the target
+  kDrawsNothing = 2  // not even the text of a barcode
+};
+
 struct ExportFormat {
   int id;                  // as the window's settings store it
   std::string_view title;  // as users call it
   std::span<const ExportExtension> extensions;
   PageMode mode;  // in which a window asks for pages
   ExportResult (*run)(ExportTask& task);
-  bool readsBack = false;  // it reads what it has put beside the target
-  bool draws = true;       // it may draw text
+  unsigned traits = 0;  // of ExportTrait
+
+  bool has(ExportTrait trait) const { return (traits & trait) != 0; }
 };
 
 std::span<const ExportFormat> exportFormats();

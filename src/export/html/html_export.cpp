@@ -63,7 +63,7 @@ std::string linkOf(const std::string& name) {
 
 void appendBarcode(const VData_BarCode& code, std::string_view stem, std::string& html) {
   const std::string name = barcodePictureName(code, stem, ".jpeg");
-  const auto picture = storedPicture(name);
+  const auto picture = storedPicture(name, LinkSource::refused);
   if (!picture) return;
   html.append("<img src=\"").append(linkOf(name)).append("\"");
   appendSize(picture->width(), picture->height(), html);

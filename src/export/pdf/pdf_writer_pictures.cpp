@@ -72,7 +72,7 @@ void PdfWriter::writeBarcode(const MarkupRecord& record) {
       {stem_, asReported(record[PdfField::barcodeValue], buffer), code_page_,
        integerOf(record[PdfField::boxLeft]), integerOf(record[PdfField::boxTop])},
       ".jpeg");
-  const PdfImage* image = imageOf(storedPicture(name));
+  const PdfImage* image = imageOf(storedPicture(name, LinkSource::refused));
   if (image == nullptr) return;
   document_.fitImage(*image, wholePoints(record[PdfField::boxLeft]),
                      kPageHeight - wholePoints(record[PdfField::boxTop]), kNaturalSize);

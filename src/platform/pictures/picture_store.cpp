@@ -11,7 +11,6 @@
 #include "platform/pictures/jpeg_header.h"
 #include "platform/pictures/picture.h"
 #include "platform/system/file_cache.h"
-#include "platform/system/input_file.h"
 
 namespace qor {
 namespace {
@@ -81,21 +80,22 @@ class PictureMemory {
     places_.erase(known);
   }
 
-  std::shared_ptr<const StoredPicture> pictureOf(const std::string& path) {
+  std::shared_ptr<const StoredPicture> pictureOf(const std::string& path, LinkSource link) {
     return files_.valueOf(path, [&]() -> std::shared_ptr<const StoredPicture> {
       if (++file_count_ > kMostFiles) {
         files_.clear();
         file_count_ = 1;
       }
       const auto stamp = fileStamp(path);
-      auto file = stamp ? readFile(path, *stamp) : std::nullopt;
+      auto file = stamp ? readFile(path, *stamp, link) : std::nullopt;
       return file ? StoredPicture::read(path, *stamp, *std::move(file)) : nullptr;
     });
   }
 
-  std::optional<std::string> readFile(const std::string& path, const FileStamp& stamp) {
+  std::optional<std::string> readFile(const std::string& path, const FileStamp& stamp,
+                                      LinkSource link = LinkSource::followed) {
     makeRoom(stamp.size, kMaxWhileDecoding);
-    return readWholeFile(path, kMaxPictureFile);
+    return readWholeFile(path, kMaxPictureFile, link);
   }
 
  private:
@@ -181,8 +181,8 @@ std::shared_ptr<const std::string> StoredPicture::jpeg() const {
   return jpeg_;
 }
 
-std::shared_ptr<const StoredPicture> storedPicture(const std::string& path) {
-  return PictureMemory::all().pictureOf(path);
+std::shared_ptr<const StoredPicture> storedPicture(const std::string& path, LinkSource link) {
+  return PictureMemory::all().pictureOf(path, link);
 }
 
 }  // namespace qor

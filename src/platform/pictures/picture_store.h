@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/system/file_stamp.h"
+#include "platform/system/input_file.h"
 
 namespace qor {
 
@@ -58,6 +59,7 @@ class StoredPicture : public std::enable_shared_from_this<StoredPicture> {
 inline constexpr std::uint64_t kMaxPictureFile = 256U << 20;
 
 // The picture of a file by its path. Null where it can't be read, or shows nothing.
-std::shared_ptr<const StoredPicture> storedPicture(const std::string& path);
+std::shared_ptr<const StoredPicture> storedPicture(const std::string& path,
+                                                   LinkSource link = LinkSource::followed);
 
 }  // namespace qor

@@ -166,6 +166,7 @@ RunMode ParseCommandLine(std::string parameters) {
   takeMailProgram(parameters);
   AppOptions.DeleteAfterPrint = holdsAny(parameters, {" -dd", " -DD", "-dd ", "-DD "});
   AppOptions.DynamicMode = holdsAny(parameters, {" -dynamic", " -DYNAMIC"});
+  AppOptions.Drawn = holdsAny(parameters, {" -drawn", " -DRAWN"});
   AppOptions.TestMode = holdsAny(parameters, {" -test", " -TEST"});
   if (auto value = takeValue(parameters, {{{"-export"}, "-export"}, {{"-EXPORT"}, "-EXPORT"}})) {
     mode = kRunExport;

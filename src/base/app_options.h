@@ -25,6 +25,7 @@ struct AppOptionsRecord {
   bool DeleteAfterPrint = false;
   bool DynamicMode = false;  // the report is still being written
   bool TestMode = false;
+  bool Drawn = false;       // exports as PDF show the pages as drawn
   int FontCharset = 0;      // Windows character set number of the interface language
   int AnsiCodePage = 1252;  // of the interface language
   int DocCodePage = 850;

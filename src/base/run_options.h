@@ -14,12 +14,13 @@ struct RunOptions {
   std::string printer;  // empty means the default printer
   std::string program;
   std::string version;
+  bool drawn = false;  // PDF shows the pages as drawn
 };
 
 // Those of this process.
 inline RunOptions runOptions() {
-  return {AppOptions.FileName, AppOptions.WindowCaption, AppOptions.PrinterName,
-          AppOptions.ProgramName, AppOptions.ProgramVersion};
+  return {AppOptions.FileName,    AppOptions.WindowCaption,  AppOptions.PrinterName,
+          AppOptions.ProgramName, AppOptions.ProgramVersion, AppOptions.Drawn};
 }
 
 }  // namespace qor

@@ -47,8 +47,9 @@ const ExportExtension* find(const ExportFormat& format, std::string_view extensi
 }
 
 // What the command line has no words for.
-ExportOptions commandLineOptions(const ExportExtension& extension) {
+ExportOptions commandLineOptions(const ExportExtension& extension, const RunOptions& run) {
   ExportOptions options;
+  options.DrawnPages = run.drawn;
   options.UseNewPageChar = true;
   options.UseEofChar = true;
   options.SaveHtmlPictures = true;
@@ -106,7 +107,8 @@ ExportResult runExport(const ExportFormat& format, ExportTask& task) {
 ExportOutcome exportByExtension(VDoc& doc, const std::string& target, const RunOptions& run) {
   const ExportFormat* format = formatOf(target);
   if (format == nullptr) return {};
-  ExportTask task = {doc, target, run, commandLineOptions(*find(*format, extensionOf(target)))};
+  ExportTask task = {doc, target, run,
+                     commandLineOptions(*find(*format, extensionOf(target)), run)};
   // Only sheets are read otherwise where nobody looks.
   if (format->mode == PageMode::sheets) task.mode = PageMode::sheets;
   const ExportResult result = runExport(*format, task);

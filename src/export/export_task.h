@@ -22,6 +22,7 @@ struct ExportOptions {
   bool SaveHtmlPictures = false;
   bool SaveDocPictures = false;
   bool PrintToPdfPrinter = false;
+  bool DrawnPages = false;  // PDF: as drawn, else as told
   bool ScaleToPaper = false;
   int PaperScale = 100;  // percent, where the page is to be scaled to the paper
   ImageFormatSet ImageFormats;

@@ -67,6 +67,7 @@ std::int32_t walkLines(VDocPage& page, Canvas& canvas, DrawItem drawItem) {
         clamped(std::int64_t{previousHeight} * line.LineFeeds + canvas.currentPosition().y)};
     if (line.AfterFormFeed) at.y = middleRow(page.Settings->Prn, start.y);
     canvas.moveTo(at);
+    canvas.beginLine();
     line.Height = 0;
     for (VData& item : line.items()) {
       tryToDraw(page, item, drawItem);

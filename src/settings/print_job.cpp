@@ -10,6 +10,7 @@
 #include "base/units.h"
 #include "document/code_page.h"
 #include "document/page_loop.h"
+#include "document/report_information.h"
 #include "document/vdoc.h"
 #include "language/language.h"
 #include "platform/canvas/canvas.h"
@@ -136,7 +137,8 @@ PrintOutcome VDoc::print(const RunOptions& options, const PrintTask& task,
   if (!file) throw NumberedError(kErrorOpenDocument, options.report);
   if (task.pages.empty()) return withoutPages(*this, options.report);
   try {
-    context->startDocument({task.title, task.output, fileBeside(options.report)});
+    context->startDocument({informationOf(options, task.title, Settings.Page.BaseCodePage),
+                            task.output, fileBeside(options.report)});
     sendPages(*context, *file, task, progress);
     context->endDocument();
   } catch (const StoppedError&) {

@@ -48,6 +48,7 @@ class CommandLineTest : public testing::Test {
     add("codepage", std::to_string(AppOptions.DocCodePage), std::to_string(usualCodePage));
     add("mail", std::to_string(AppOptions.MailProgram), "1");
     add("dd", std::to_string(AppOptions.DeleteAfterPrint), "0");
+    add("drawn", std::to_string(AppOptions.Drawn), "0");
     add("dynamic", std::to_string(AppOptions.DynamicMode), "0");
     add("test", std::to_string(AppOptions.TestMode), "0");
     add("target", AppOptions.ExportTarget, "pdf");
@@ -80,31 +81,34 @@ TEST(GetOptionValue, takesTheValueAndCutsItOut) {
 TEST_F(CommandLineTest, fillsTheOptions) {
   // The settings are split at the last mark; options are searched for as parts of the text: "-g" is
   // taken for the name of a report, "nvoice" for that of settings.
-  for (const auto& [parameters, expected] : rowsOf(
-           "-caption \"A -g B\" -f r.txt -i s.vset#Q -p \"HP 4 L\" -codepage $362 -mail 2 -dd "
-           "-dynamic -test -export Dir/O.TXT -handle 4660 => export file=@r.txt ini=@s.vset set=Q "
-           "printer=HP 4 L caption=A -g B codepage=866 mail=2 dd=1 dynamic=1 test=1 "
-           "target=Dir/o.txt owner=4660|"
-           "-EXPORT ОТЧЁТ_ŞÇĞ.TXT -F r.txt -I s.vset#Q -P HP -CODEPAGE 866 -MAIL 2 -DD -DYNAMIC "
-           "-TEST -CAPTION Sales -HANDLE 7 => export file=@r.txt ini=@s.vset set=Q printer=HP "
-           "caption=Sales codepage=866 mail=2 dd=1 dynamic=1 test=1 target=отчёт_şçğ.txt owner=7|"
-           "-f missing.txt => stop warned|-G -f r.txt => print file=@r.txt|"
-           "-f r.txt -G => print file=@r.txt|-P HP -f r.txt => preview file=@r.txt printer=HP|"
-           "-p HP -f r.txt => preview file=@r.txt printer=HP|"
-           "-dd -f r.txt => preview file=@r.txt dd=1|-DD -f r.txt => preview file=@r.txt dd=1|"
-           "-f r.txt -g -export o.txt => export file=@r.txt target=o.txt|"
-           "-I s.vset#A => preview ini=@s.vset set=A|-i @s.vset# => preview ini=@s.vset|"
-           "-i \"s.vset#Set A\" -f r.txt => preview file=@r.txt ini=@s.vset set=Set A|"
-           "-i s.vset#Set A -f r.txt => preview file=@r.txt ini=@s.vset set=Set|"
-           "-i a#b.vset#C => preview ini=@a#b.vset set=C|-i a#b.vset => preview warned|"
-           "x -fr.txt -g => stop warned|-f r.txt -green => print file=@r.txt|"
-           "-f \"a -g b.txt\" => print file=@a -g b.txt|"
-           "-f r.txt -caption -g => print file=@r.txt caption=-g|"
-           "-f r.txt -invoice => preview warned file=@r.txt|"
-           "-export a-f.txt -f r.txt => stop warned|"
-           "-f r.txt -export a-p.txt -p HP => export file=@r.txt printer=-p target=a|"
-           "-caption X -h => stop told caption=X",
-           " => "))
+  for (const auto& [parameters, expected] :
+       rowsOf("-caption \"A -g B\" -f r.txt -i s.vset#Q -p \"HP 4 L\" -codepage $362 -mail 2 -dd "
+              "-dynamic -drawn -test -export Dir/O.TXT -handle 4660 => export file=@r.txt "
+              "ini=@s.vset set=Q "
+              "printer=HP 4 L caption=A -g B codepage=866 mail=2 dd=1 drawn=1 dynamic=1 test=1 "
+              "target=Dir/o.txt owner=4660|"
+              "-EXPORT ОТЧЁТ_ŞÇĞ.TXT -F r.txt -I s.vset#Q -P HP -CODEPAGE 866 -MAIL 2 -DD -DRAWN "
+              "-DYNAMIC "
+              "-TEST -CAPTION Sales -HANDLE 7 => export file=@r.txt ini=@s.vset set=Q printer=HP "
+              "caption=Sales codepage=866 mail=2 dd=1 drawn=1 dynamic=1 test=1 "
+              "target=отчёт_şçğ.txt owner=7|"
+              "-f missing.txt => stop warned|-G -f r.txt => print file=@r.txt|"
+              "-f r.txt -G => print file=@r.txt|-P HP -f r.txt => preview file=@r.txt printer=HP|"
+              "-p HP -f r.txt => preview file=@r.txt printer=HP|"
+              "-dd -f r.txt => preview file=@r.txt dd=1|-DD -f r.txt => preview file=@r.txt dd=1|"
+              "-f r.txt -g -export o.txt => export file=@r.txt target=o.txt|"
+              "-I s.vset#A => preview ini=@s.vset set=A|-i @s.vset# => preview ini=@s.vset|"
+              "-i \"s.vset#Set A\" -f r.txt => preview file=@r.txt ini=@s.vset set=Set A|"
+              "-i s.vset#Set A -f r.txt => preview file=@r.txt ini=@s.vset set=Set|"
+              "-i a#b.vset#C => preview ini=@a#b.vset set=C|-i a#b.vset => preview warned|"
+              "x -fr.txt -g => stop warned|-f r.txt -green => print file=@r.txt|"
+              "-f \"a -g b.txt\" => print file=@a -g b.txt|"
+              "-f r.txt -caption -g => print file=@r.txt caption=-g|"
+              "-f r.txt -invoice => preview warned file=@r.txt|"
+              "-export a-f.txt -f r.txt => stop warned|"
+              "-f r.txt -export a-p.txt -p HP => export file=@r.txt printer=-p target=a|"
+              "-caption X -h => stop told caption=X",
+              " => "))
     EXPECT_EQ(parsed(parameters), expected) << parameters;
   std::string letters;
   for (int i = 0; i < 300; ++i) letters += "Ж";
@@ -115,8 +119,9 @@ TEST_F(CommandLineTest, fillsTheOptions) {
 TEST_F(CommandLineTest, needsItsOptionsAsTheyAreSpelt) {
   for (const char* parameters :
        {"-F r.txt", "-f @r.txt", "-f \"r.txt\"", "-f \"r.txt -F r.txt", "-f r.txt -mail abc",
-        "-HANDLE abc -f r.txt", "x -fr.txt", "-dynamic -f r.txt", "-test -f r.txt",
-        "-mail 2 -f r.txt", "-f r.txt -e txt", "-f r.txt -Dd -Dynamic -Test"})
+        "-HANDLE abc -f r.txt", "x -fr.txt", "-dynamic -f r.txt", "-drawn -f r.txt",
+        "-f r.txt -Drawn", "-test -f r.txt", "-mail 2 -f r.txt", "-f r.txt -e txt",
+        "-f r.txt -Dd -Dynamic -Test"})
     EXPECT_EQ(parsed(parameters), "preview file=@r.txt") << parameters;
   for (const char* parameters : {"-g", "-dd", "-p", "-fr.txt", "-f \"r.txt", "-codepage abc",
                                  "-Export o.txt", "x -h", "-hx", "-?", "--h"})

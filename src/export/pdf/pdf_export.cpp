@@ -2,10 +2,6 @@
 #include "export/pdf/pdf_export.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstdlib>
-#include <cstring>
-#include <ctime>
 #include <iterator>
 #include <string>
 
@@ -13,7 +9,9 @@
 #include "base/path.h"
 #include "base/units.h"
 #include "document/code_page.h"
+#include "document/report_information.h"
 #include "document/side_picture.h"
+#include "export/pdf/drawn_pdf.h"
 #include "export/pdf/pdf_losses.h"
 #include "export/pdf/pdf_markup.h"
 #include "export/pdf/pdf_writer.h"
@@ -34,33 +32,6 @@ std::string missingText(const std::string& path, int codePage) {
   if (codePage == 1251) return path + " файл не найден!";
   if (codePage == 1254) return path + " dosyas? bulunamad?!";
   return "File " + path + " was not found!";
-}
-
-// Documents of the same report are the same where the time is told, as builders of packages do it.
-std::time_t creationTime() {
-  const char* fixed = std::getenv("SOURCE_DATE_EPOCH");
-  if (fixed == nullptr) return std::time(nullptr);
-  std::int64_t seconds = 0;
-  const auto [end, error] = std::from_chars(fixed, fixed + std::strlen(fixed), seconds);
-  return error == std::errc() ? seconds : std::time(nullptr);
-}
-
-// The language of texts in a code page, where it tells one.
-const char* languageTagOf(int codePage) {
-  switch (codePage) {
-    case 866:
-    case 1251: return "ru";
-    case 857:
-    case 1254: return "tr";
-    default: return "";
-  }
-}
-
-PdfInformation informationOf(const ExportTask& task) {
-  const RunOptions& run = task.startedWith;
-  return {run.caption.empty() ? std::string(baseNameOf(run.report)) : run.caption,
-          languageTagOf(task.doc.Settings.Page.BaseCodePage), run.program + " " + run.version,
-          creationTime()};
 }
 
 // A code page that isn't as the system has it, or that the system doesn't have. Throws as
@@ -94,8 +65,8 @@ class ChosenPrinter {
   SheetMeasures metrics_;
 };
 
-// False where the job came to nothing, for a reason that is told.
-bool exportByPrinter(const ExportTask& task) {
+// Stopped where the job came to nothing, for a reason that is told.
+ExportResult exportByPrinter(const ExportTask& task) {
   const ChosenPrinter chosen(task.doc);
   NewSidePictures pictures;
   const ExportOptions& options = task.options;
@@ -106,9 +77,9 @@ bool exportByPrinter(const ExportTask& task) {
   const PrintOutcome outcome = task.doc.PrintToFile(run, task.target, task.progress);
   if (outcome.end == PrintOutcome::End::stopped) throw StoppedError();
   if (!outcome.notice.empty()) showWarning(outcome.notice);
-  if (outcome.end != PrintOutcome::End::printed) return false;
+  if (outcome.end != PrintOutcome::End::printed) return ExportResult::stopped;
   pictures.keep();
-  return true;
+  return ExportResult::done;
 }
 
 struct WidthRow {
@@ -155,32 +126,35 @@ PdfLosses writePages(const ExportTask& task, PdfDocument& document) {
   return losses.found();
 }
 
-// As a document that is told; false where the engine's resource file is missing.
-bool exportTold(ExportTask& task) {
+// As a document that is told; stopped where the engine's resource file is missing.
+ExportResult exportTold(ExportTask& task) {
   const std::string resources = programDirectory() + "pdflib.upr";
   if (!fileExists(resources)) {
     showWarning(missingText(resources, task.doc.Settings.Page.BaseCodePage));
-    return false;
+    return ExportResult::stopped;
   }
   NewSidePictures pictures;
   OutputFile file(task.target);
-  PdfDocument document(file, informationOf(task));
+  const RunOptions& run = task.startedWith;
+  PdfDocument document(file, informationOf(run, titleOf(run), task.doc.Settings.Page.BaseCodePage));
   document.setResourceFile(resources);
   const PdfLosses losses = writePages(task, document);
   document.finish();
   file.commit();
   pictures.keep();
   task.notice = pdfNotice(losses);
-  return true;
+  return ExportResult::done;
 }
 
 }  // namespace
 
 ExportResult ExportPdf(ExportTask& task) {
-  const bool exported = task.options.PrintToPdfPrinter ? exportByPrinter(task) : exportTold(task);
-  if (!exported) return ExportResult::stopped;
-  task.files.push_back(task.target);
-  return ExportResult::done;
+  const ExportOptions& options = task.options;
+  const ExportResult result = options.PrintToPdfPrinter ? exportByPrinter(task)
+                              : options.DrawnPages      ? exportDrawnPdf(task)
+                                                        : exportTold(task);
+  if (result == ExportResult::done) task.files.push_back(task.target);
+  return result;
 }
 
 }  // namespace qor

@@ -1,4 +1,5 @@
-// Reports as PDF documents: told through the markup, or as a print job into a file.
+// Reports as PDF documents: told through the markup, as the pages are drawn, or as a print job into
+// a file.
 #pragma once
 
 #include "export/export_task.h"

@@ -251,7 +251,7 @@ constexpr Language kEnglish = {
                           "widths and spaces of letters and lines", "turned texts",
                           "underlines and strike-outs", "dashed lines and missing frames"},
             .pdfByBox = ". The box \"Microsoft Print to PDF\" keeps pages as drawn.",
-            .pdfByCommand = ". -g -p \"Microsoft Print to PDF\" keeps pages as drawn.",
+            .pdfByCommand = ". -drawn keeps pages as drawn.",
             .rtfPictures = "Pictures, shapes and barcodes go into RTF where the box of the tab "
                            "DOC is ticked.",
             .documentsFlow = "Text flows: what has a place of its own stands in line, and bold, "

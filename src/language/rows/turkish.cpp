@@ -263,7 +263,7 @@ constexpr Language kTurkish = {
                           "döndürülmüş metin", "altı ya da üstü çizili metin",
                           "kesikli çizgiler ve çerçevesiz şekiller"},
             .pdfByBox = ". \"Microsoft Print to PDF\" kutusu sayfaları çizildikleri gibi korur.",
-            .pdfByCommand = ". -g -p \"Microsoft Print to PDF\" sayfaları çizildikleri gibi korur.",
+            .pdfByCommand = ". -drawn sayfaları çizildikleri gibi korur.",
             .rtfPictures = "Resimler, şekiller ve barkodlar, DOC sekmesindeki kutu işaretliyse "
                            "RTF'ye yazılır.",
             .documentsFlow =

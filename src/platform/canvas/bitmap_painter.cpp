@@ -46,7 +46,7 @@ DotRect intersection(const DotRect& a, const DotRect& b) {
 }  // namespace
 
 BitmapPainter::BitmapPainter(cairo_surface_t* surface, Point size, int dpi)
-    : CairoCanvas(surface, size, {dpi, dpi}, DotGrid::visible),
+    : CairoCanvas(surface, size, {dpi, dpi}),
       surface_(surface),
       pixels_(reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(surface))),
       stride_(cairo_image_surface_get_stride(surface) / 4),
@@ -55,12 +55,13 @@ BitmapPainter::BitmapPainter(cairo_surface_t* surface, Point size, int dpi)
 
 void BitmapPainter::setClip(const Rect& dots) {
   CairoCanvas::setClip(dots);
-  clip_ = intersection({0, 0, size().x, size().y}, {dots.left, dots.top, dots.right, dots.bottom});
+  clip_ = intersection({0, 0, space().size().x, space().size().y},
+                       {dots.left, dots.top, dots.right, dots.bottom});
 }
 
 void BitmapPainter::clearClip() {
   CairoCanvas::clearClip();
-  clip_ = {0, 0, size().x, size().y};
+  clip_ = {0, 0, space().size().x, space().size().y};
 }
 
 void BitmapPainter::clipText(const Rect& rect) {
@@ -69,16 +70,16 @@ void BitmapPainter::clipText(const Rect& rect) {
   const auto dot = [](double place, int limit) {
     return roundedDot(std::clamp(place, -1.0, limit + 1.0));
   };
-  const Dots first = dots(rect.left, rect.top);
-  const Dots last = dots(rect.right, rect.bottom);
+  const Dots first = space().dots(rect.left, rect.top);
+  const Dots last = space().dots(rect.right, rect.bottom);
   DotRect box = clip_;
   if (rect.width() > 0) {
-    box.left = dot(first.x, size().x);
-    box.right = dot(last.x, size().x);
+    box.left = dot(first.x, space().size().x);
+    box.right = dot(last.x, space().size().x);
   }
   if (rect.height() > 0) {
-    box.top = dot(first.y, size().y);
-    box.bottom = dot(last.y, size().y);
+    box.top = dot(first.y, space().size().y);
+    box.bottom = dot(last.y, space().size().y);
   }
   clip_ = intersection(clip_, box);
 }
@@ -90,7 +91,7 @@ void BitmapPainter::unclipText() {
 }
 
 void BitmapPainter::showGlyphs(const TextRun& run, Dots direction) {
-  const double size = run.font.emSize() * dotsPerTwip().y * 64;
+  const double size = run.font.emSize() * space().dotsPerUnit().y * 64;
   const bool level = run.record.Escapement % 3600 == 0;
   if (!level || std::max(size, size * run.font.widthScale()) > kLargestMask) {
     CairoCanvas::showGlyphs(run, direction);
@@ -105,22 +106,22 @@ void BitmapPainter::showLevelGlyphs(const TextRun& run) {
   const TextMetrics& metrics = run.font.metrics();
   const double em = run.font.emSize() * 64;
   MaskKey key;
-  key.width = roundedDot(em * run.font.widthScale() * dotsPerTwip().x);
-  key.height = roundedDot(em * dotsPerTwip().y);
+  key.width = roundedDot(em * run.font.widthScale() * space().dotsPerUnit().x);
+  key.height = roundedDot(em * space().dotsPerUnit().y);
   if (key.width == 0 || key.height == 0) return;
-  const Dots corner = dots(run.x, run.y);
-  const int baseline = roundedDot(corner.y + metrics.ascent * dotsPerTwip().y);
+  const Dots corner = space().dots(run.x, run.y);
+  const int baseline = roundedDot(corner.y + metrics.ascent * space().dotsPerUnit().y);
   const int top = roundedDot(corner.y);
   const int bottom =
-      roundedDot(corner.y + (metrics.height + metrics.externalLeading) * dotsPerTwip().y);
+      roundedDot(corner.y + (metrics.height + metrics.externalLeading) * space().dotsPerUnit().y);
   const std::uint32_t ink = pixelOf(run.color);
   for (std::size_t i = 0; i < run.glyphs.size(); ++i) {
     const PlacedGlyph& glyph = run.glyphs[i];
-    const double x = corner.x + glyph.distance * dotsPerTwip().x;
+    const double x = corner.x + glyph.distance * space().dotsPerUnit().x;
     if (x > clip_.right || x < clip_.left - kLargestMask / 64) continue;
     if (isBoxCharacter(run.text[i])) {
       const double end = i + 1 < run.glyphs.size() ? run.glyphs[i + 1].distance : run.length;
-      const int right = roundedDot(corner.x + end * dotsPerTwip().x);
+      const int right = roundedDot(corner.x + end * space().dotsPerUnit().x);
       paintBox(run.text[i], {roundedDot(x), top, right, bottom}, ink);
       continue;
     }

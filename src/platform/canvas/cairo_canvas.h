@@ -3,13 +3,12 @@
 
 #include <map>
 #include <memory>
-#include <span>
-#include <string_view>
 #include <vector>
 
 #include <cairo.h>
 
 #include "platform/canvas/canvas.h"
+#include "platform/canvas/device_space.h"
 
 namespace qor {
 
@@ -22,23 +21,15 @@ struct CairoDeleter {
 template <class T>
 using CairoOwned = std::unique_ptr<T, CairoDeleter>;
 
-// What the dots of the surface are like.
-enum class DotGrid {
-  visible,  // a bitmap: straight edges lie on whole dots, glyphs are hinted vertically
-  fine      // paper: nothing is moved
-};
-
-// Lines and edges end this far off the surface at the latest, in dots. Thicker pens are cut.
-inline constexpr double kBeyondSurface = 1024;
-
+// Straight edges lie on whole dots, and glyphs are hinted vertically.
 class CairoCanvas : public Canvas {
  public:
   // The surface's size and resolution are in dots.
-  CairoCanvas(cairo_surface_t* surface, Point size, Point dotsPerInch, DotGrid grid);
+  CairoCanvas(cairo_surface_t* surface, Point size, Point dotsPerInch);
   ~CairoCanvas() override;
 
-  Point dotsPerInch() const override { return dots_per_inch_; }
-  void setMapping(const Mapping& mapping) override;
+  Point dotsPerInch() const override { return space_.dotsPerInch(); }
+  void setMapping(const Mapping& mapping) override { space_.setMapping(mapping); }
   void setClip(const Rect& dots) override;
   void clearClip() override;
 
@@ -53,45 +44,14 @@ class CairoCanvas : public Canvas {
   void clipText(const Rect& rect) override;
   void unclipText() override;
 
-  struct Dots {
-    double x = 0;
-    double y = 0;
-  };
-
-  struct DotBox {
-    double left = 0;
-    double top = 0;
-    double right = 0;
-    double bottom = 0;
-
-    double width() const { return right - left; }
-    double height() const { return bottom - top; }
-  };
-
-  Dots dots(double x, double y) const;
-  Dots dotsPerTwip() const;
+  const DeviceSpace& space() const { return space_; }
   // The rectangle with its edges where they are painted: on the grid of dots, for the pen in force.
   DotBox edges(const Rect& rect) const;
-  Point size() const { return size_; }
-
-  // Whether drawing has failed so far.
-  cairo_status_t status() const { return cairo_status(context_.get()); }
-
-  // For surfaces that count in units of their own: dots become that many of them.
-  void setUnitsPerDot(double x, double y) { cairo_scale(context_.get(), x, y); }
 
   // Paints the glyphs of a run; `direction` is where it goes, one logical unit long.
   virtual void showGlyphs(const TextRun& run, Dots direction);
 
-  // Paints the clip with the picture, a unit a pixel; `exact` where each covers one dot.
-  virtual void paintPicture(cairo_t* context, const StoredPicture& picture, bool exact);
-
-  // Puts glyphs of the face in use, one for each character, at their places in dots.
-  virtual void putGlyphs(cairo_t* context, const TextRun& run, std::u32string_view text,
-                         std::span<const cairo_glyph_t> glyphs);
-
  private:
-  DotBox box(const Rect& rect, double beyond) const;
   double penWidth() const;
   double onGrid(double edge) const;
 
@@ -99,21 +59,18 @@ class CairoCanvas : public Canvas {
   void preparePen();
   void strokePath();
   void fillPath();
-  void useHatch(const Brush& brush);
+  void useHatch();
   void paintPath();
 
-  bool isVisible(const TextRun& run) const;
   void useFace(const FontFace& face, const TextRun& run);
+  void putGlyphs(const TextRun& run);
   void paintStroke(const TextRun& run, const TextStroke& stroke);
 
   CairoOwned<cairo_t> context_;
   CairoOwned<cairo_font_options_t> font_options_;
   std::map<const FontFace*, CairoOwned<cairo_font_face_t>> faces_;
   std::vector<cairo_glyph_t> glyphs_;
-  Point size_;
-  Point dots_per_inch_;
-  DotGrid grid_;
-  Mapping mapping_;
+  DeviceSpace space_;
 };
 
 }  // namespace qor

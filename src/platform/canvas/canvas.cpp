@@ -67,7 +67,8 @@ Canvas::Position Canvas::paintAt(Position start, std::u32string_view text) {
       glyphs_.push_back({glyph.face, glyph.index, length});
       length += glyph.advance + character_extra_;
     }
-    paintText({*font_, record_, text_color_, start.x, start.y, length, part, glyphs_});
+    paintText({*font_, record_, text_color_, start.x, start.y, angle, length,
+               double(character_extra_), part, glyphs_});
     if (record_.Escapement == 0) {
       start.x += length;
     } else {

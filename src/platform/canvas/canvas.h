@@ -81,7 +81,9 @@ struct TextRun {
   Color color;
   double x;  // top left of the cell of the first character
   double y;
-  double length;  // logical units along the direction
+  double angle;           // of its direction, radians, counter-clockwise
+  double length;          // logical units along the direction
+  double characterExtra;  // behind each character, in the length
   std::u32string_view text;
   std::span<const PlacedGlyph> glyphs;
 };
@@ -92,6 +94,9 @@ class Canvas {
 
   // The device's dots per inch, whatever the mapping is.
   virtual Point dotsPerInch() const = 0;
+
+  // What follows belongs to the next line of the report: for canvases whose readers want to know.
+  virtual void beginLine() {}
 
   // Mapping and clip. A clip is in dots and holds until it is cleared.
   virtual void setMapping(const Mapping& mapping) = 0;

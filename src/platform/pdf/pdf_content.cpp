@@ -1,6 +1,7 @@
 // Operators (ISO 32000-1, annex A).
 #include "platform/pdf/pdf_content.h"
 
+#include <array>
 #include <cmath>
 #include <tuple>
 #include <utility>
@@ -10,25 +11,38 @@
 namespace qor {
 namespace {
 
-constexpr double kSlant = 0.2126;         // the tangent of 12 degrees
-constexpr double kBoldStroke = 1.0 / 30;  // of the size
+constexpr PdfTurn kUpright{};
 
-std::int64_t thousandths(double points) {
-  return std::llround(std::fmin(std::fmax(points, -1e9), 1e9) * 1000);
+std::int64_t thousandths(double length) {
+  return std::llround(std::fmin(std::fmax(length, -1e9), 1e9) * 1000);
+}
+
+double fromThousandths(std::int64_t value) {
+  return static_cast<double>(value) / 1000;
+}
+
+// A direction needs more digits than a place.
+void appendDirections(std::string& bytes, const PdfTurn& turn) {
+  for (const double part : {turn.a, turn.b, turn.c, turn.d}) bytes += std::to_string(part) + " ";
 }
 
 }  // namespace
 
 std::string_view PdfContent::bytes() {
-  closeText();
+  endDecoration();
   return bytes_;
 }
 
-void PdfContent::clear() {
+void PdfContent::clear(bool marked) {
   bytes_.clear();
   wanted_ = written_ = {};
   saved_.clear();
-  in_text_ = false;
+  open_ = Open::nothing;
+  marked_ = marked;
+  mark_ = Mark::none;
+  mark_count_ = 0;
+  marks_.clear();
+  line_ended_ = true;
 }
 
 void PdfContent::operate(std::initializer_list<double> operands, std::string_view operation) {
@@ -39,46 +53,95 @@ void PdfContent::operate(std::initializer_list<double> operands, std::string_vie
   bytes_.append(operation) += '\n';
 }
 
+void PdfContent::operateColor(const PdfColor& color, std::string_view operation) {
+  operate({color.red, color.green, color.blue}, operation);
+}
+
+// Ends a text or a row of rectangles; between them operators may stand that are neither.
+void PdfContent::close() {
+  if (open_ == Open::rectangles) bytes_ += "f\n";
+  if (open_ == Open::text) {
+    if (mark_ == Mark::text) endMark();
+    bytes_ += "ET\n";
+  }
+  open_ = Open::nothing;
+}
+
+void PdfContent::endMark() {
+  bytes_ += "EMC\n";
+  mark_ = Mark::none;
+}
+
+void PdfContent::openDecoration() {
+  close();
+  if (!marked_ || mark_ == Mark::decoration) return;
+  bytes_ += "/Artifact BMC\n";
+  mark_ = Mark::decoration;
+}
+
+void PdfContent::endDecoration() {
+  close();
+  if (mark_ == Mark::decoration) endMark();
+}
+
 void PdfContent::save() {
-  closeText();
+  endDecoration();
   bytes_ += "q\n";
   saved_.emplace_back(wanted_, written_);
 }
 
 void PdfContent::restore() {
   if (saved_.empty()) return;
-  closeText();
+  endDecoration();
   bytes_ += "Q\n";
   std::tie(wanted_, written_) = std::move(saved_.back());
   saved_.pop_back();
 }
 
 void PdfContent::transform(double a, double b, double c, double d, double e, double f) {
-  closeText();
-  // A direction needs more digits than a place.
-  for (const double part : {a, b, c, d}) bytes_ += std::to_string(part) + " ";
+  endDecoration();
+  appendDirections(bytes_, {a, b, c, d});
   operate({e, f}, "cm");
 }
 
-void PdfContent::useStroke(const PdfColor& color, double width, const std::vector<double>& dash) {
-  if (written_.stroke != color) operate({color.red, color.green, color.blue}, "RG");
-  if (written_.lineWidth != width) operate({width}, "w");
-  written_.stroke = color;
-  written_.lineWidth = width;
-  if (written_.dash == dash) return;
-  bytes_ += "[";
-  for (const double length : dash) appendNumber(bytes_ += ' ', length);
-  bytes_ += "]0 d\n";
-  written_.dash = dash;
+void PdfContent::clip(double x, double y, double width, double height) {
+  endDecoration();
+  operate({x, y, width, height}, "re");
+  bytes_ += "W n\n";
 }
 
-void PdfContent::preparePath() {
-  closeText();
-  useStroke(wanted_.stroke, 1, wanted_.dash);
+void PdfContent::useStroke(const Stroke& stroke) {
+  if (written_.stroke.color != stroke.color) operateColor(stroke.color, "RG");
+  if (written_.stroke.width != stroke.width) operate({stroke.width}, "w");
+  if (written_.stroke.cap != stroke.cap) bytes_ += stroke.cap == PdfCap::round ? "1 J\n" : "0 J\n";
+  if (written_.stroke.dash != stroke.dash) {
+    bytes_ += "[";
+    for (const double length : stroke.dash) appendNumber(bytes_ += ' ', length);
+    bytes_ += "]0 d\n";
+  }
+  written_.stroke = stroke;
+}
+
+void PdfContent::useFill() {
+  if (written_.fill == wanted_.fill) return;
+  const auto& [color, pattern] = wanted_.fill;
+  if (pattern.empty()) {
+    operateColor(color, "rg");
+  } else {
+    if (written_.fill.pattern.empty()) bytes_ += "/Hatch cs\n";
+    operateColor(color, "/" + pattern + " scn");
+  }
+  written_.fill = wanted_.fill;
+}
+
+void PdfContent::prepareFill() {
+  openDecoration();
+  useFill();
 }
 
 void PdfContent::moveTo(double x, double y) {
-  preparePath();
+  openDecoration();
+  useStroke(wanted_.stroke);
   operate({x, y}, "m");
 }
 
@@ -86,64 +149,87 @@ void PdfContent::lineTo(double x, double y) {
   operate({x, y}, "l");
 }
 
+void PdfContent::curveTo(double x1, double y1, double x2, double y2, double x, double y) {
+  operate({x1, y1, x2, y2, x, y}, "c");
+}
+
+void PdfContent::closePath() {
+  bytes_ += "h\n";
+}
+
 void PdfContent::rectangle(double x, double y, double width, double height) {
-  preparePath();
+  openDecoration();
+  useStroke(wanted_.stroke);
   operate({x, y, width, height}, "re");
 }
 
-void PdfContent::stroke() {
-  bytes_ += "S\n";
+void PdfContent::paint(PdfPainting painting) {
+  constexpr std::array<const char*, 3> kOperators = {"S\n", "f\n", "B\n"};
+  bytes_ += kOperators[static_cast<std::size_t>(painting)];
+}
+
+void PdfContent::fillRectangle(double x, double y, double width, double height) {
+  if (open_ != Open::rectangles || written_.fill != wanted_.fill) prepareFill();
+  open_ = Open::rectangles;
+  operate({x, y, width, height}, "re");
 }
 
 void PdfContent::image(const std::string& name, double x, double y, double width, double height) {
-  closeText();
+  openDecoration();
   bytes_ += "q\n";
   operate({width, 0, 0, height, x, y}, "cm");
   bytes_ += "/" + name + " Do\nQ\n";
 }
 
 void PdfContent::openText() {
-  if (in_text_) return;
+  if (open_ == Open::text) return;
+  endDecoration();
   bytes_ += "BT\n";
-  in_text_ = true;
-  slanted_ = false;
+  open_ = Open::text;
+  turn_ = kUpright;
   line_x_ = line_y_ = pen_x_ = 0;
 }
 
-void PdfContent::closeText() {
-  if (!in_text_) return;
-  bytes_ += "ET\n";
-  in_text_ = false;
+void PdfContent::markText() {
+  if (!marked_ || (mark_ == Mark::text && !line_ended_)) return;
+  if (mark_ == Mark::text) endMark();
+  bytes_ += "/P<</MCID " + std::to_string(mark_count_++) + ">>BDC\n";
+  mark_ = Mark::text;
+  if (line_ended_) marks_.push_back(0);
+  line_ended_ = false;
+  ++marks_.back();
 }
 
 void PdfContent::useStyle(const PdfTextStyle& style) {
-  const PdfColor& color = wanted_.fill;
-  if (written_.fill != color) operate({color.red, color.green, color.blue}, "rg");
-  written_.fill = color;
-  const auto before = std::exchange(written_.text, style);
-  if (!before || before->face != style.face || before->size != style.size) {
+  useFill();
+  const bool isFirst = !written_.text;
+  const PdfTextStyle before = std::exchange(written_.text, style).value_or(PdfTextStyle());
+  if (isFirst || before.face != style.face || before.size != style.size) {
     bytes_ += "/F" + std::to_string(style.face) + " ";
     operate({style.size}, "Tf");
   }
-  if ((before && before->bold) != style.bold) operate({style.bold ? 2.0 : 0.0}, "Tr");
-  if (style.bold) useStroke(color, std::abs(style.size) * kBoldStroke, {});
+  if (before.stretch != style.stretch) operate({style.stretch}, "Tz");
+  if (before.spacing != style.spacing) operate({style.spacing}, "Tc");
+  if (before.bold != style.bold) operate({style.bold ? 2.0 : 0.0}, "Tr");
+  if (style.bold)
+    useStroke({wanted_.fill.color, std::abs(style.size) * kPdfBoldStroke, written_.stroke.cap, {}});
 }
 
-bool PdfContent::startText(std::int64_t x, std::int64_t y, bool slanted) {
-  const auto points = [](std::int64_t value) { return static_cast<double>(value) / 1000; };
-  if (slanted || slanted_) {
-    bytes_ += "1 0 " + std::to_string(slanted ? kSlant : 0) + " 1 ";
-    operate({points(x), points(y)}, "Tm");
-    slanted_ = slanted;
+bool PdfContent::startText(std::int64_t x, std::int64_t y, const PdfTurn& turn) {
+  if (turn != kUpright || turn_ != kUpright) {
+    appendDirections(bytes_, turn);
+    operate({fromThousandths(x), fromThousandths(y)}, "Tm");
+    turn_ = turn;
   } else if (x == pen_x_ && y == line_y_) {
     return false;
   } else if (x == line_x_ && y < line_y_) {
-    if (written_.leading != line_y_ - y) operate({points(line_y_ - y)}, "TL");
-    written_.leading = line_y_ - y;
+    const std::int64_t leading = line_y_ - y;
+    if (written_.leading != leading) operate({fromThousandths(leading)}, "TL");
+    written_.leading = leading;
     line_y_ = y;
     return true;
   } else {
-    operate({points(x - line_x_), points(y - line_y_)}, "Td");
+    operate({fromThousandths(x - line_x_), fromThousandths(y - line_y_)}, "Td");
   }
   line_x_ = x;
   line_y_ = y;
@@ -170,7 +256,13 @@ void PdfContent::show(double x, double y, const PdfTextStyle& style, std::string
   if (codes.empty()) return;
   openText();
   useStyle(style);
-  const bool nextLine = startText(thousandths(x), thousandths(y), style.slanted);
+  PdfTurn turn = style.turn;
+  if (style.slanted) {
+    turn.c += kPdfSlant * turn.a;
+    turn.d += kPdfSlant * turn.b;
+  }
+  const bool nextLine = startText(thousandths(x), thousandths(y), turn);
+  markText();
   appendString(codes);
   bytes_ += nextLine ? "'\n" : "Tj\n";
   pen_x_ = thousandths(x + length);

@@ -11,11 +11,9 @@
 #include <vector>
 
 #include "platform/pdf/fit_options.h"
-#include "platform/pdf/pdf_content.h"
 #include "platform/pdf/pdf_encoding.h"
 #include "platform/pdf/pdf_font_name.h"
-#include "platform/pdf/pdf_images.h"
-#include "platform/pdf/pdf_metadata.h"
+#include "platform/pdf/pdf_pages.h"
 #include "platform/pdf/pdf_resources.h"
 
 namespace qor {
@@ -42,13 +40,13 @@ class PdfDocument {
   void defineEncoding(const std::string& name, const PdfEncoding& encoding);
 
   // The size of every page, in points. It may be told until the document is finished.
-  void setPageSize(double width, double height);
+  void setPageSize(double width, double height) { pages_.setPageSize(width, height); }
 
   // A page starts with everything as in a new document. At least one page must have been ended
   // when the document is finished, which throws FileError where a font can't be embedded.
   void beginPage();
-  void endPage();
-  void finish();
+  void endPage() { pages_.endPage(); }
+  void finish() { pages_.finish(); }
 
   // True if the name is defined, or tells a code page that the system has a table of.
   bool hasEncoding(const std::string& name) const;
@@ -63,9 +61,9 @@ class PdfDocument {
   void setFont(std::size_t font, double size);
   // How far below the last line continueText starts the next one.
   void setLeading(double leading) { state_.leading = leading; }
-  void setFillColor(const PdfColor& color) { content_.setFillColor(color); }
-  void setStrokeColor(const PdfColor& color) { content_.setStrokeColor(color); }
-  void setDash(std::span<const double> lengths) { content_.setDash(lengths); }
+  void setFillColor(const PdfColor& color) { content().setFillColor(color); }
+  void setStrokeColor(const PdfColor& color) { content().setStrokeColor(color); }
+  void setDash(std::span<const double> lengths) { content().setDash(lengths); }
 
   // Where the next text's baseline starts, and the next lines below it.
   void setTextPosition(double x, double y);
@@ -97,7 +95,7 @@ class PdfDocument {
 
   // The document's image of a picture, or null where its file has gone. Valid as long as the
   // document.
-  const PdfImage* loadImage(const StoredPicture& picture) { return images_.add(picture); }
+  const PdfImage* loadImage(const StoredPicture& picture) { return pages_.loadImage(picture); }
 
   // Puts a picture into a box with this lower left corner: filling it, as large as it fits, or in
   // its own size at the resolution of the options.
@@ -123,27 +121,15 @@ class PdfDocument {
   double lengthOf(std::string_view text);
   PdfPoint showAt(PdfPoint place, std::string_view text);
   std::size_t encodingNumber(const std::string& name);
-  void closeNode();
+  PdfContent& content() { return pages_.content(); }
 
-  PdfInformation information_;
-  PdfFile file_;
-  PdfResources resources_;
+  PdfPages pages_;
   std::unique_ptr<PdfFonts> fonts_;
-  PdfImages images_;
-  PdfContent content_;
+  PdfResources resources_;
   std::map<std::string, std::size_t> encodings_;
   State state_;
   std::vector<State> saved_;
   PdfPoint path_;
-  std::map<PdfId, std::string> images_of_page_;  // the names of their resources
-  double width_ = 0;
-  double height_ = 0;
-  PdfId font_dictionary_;
-  PdfId page_tree_;
-  std::vector<PdfId> nodes_;  // of the page tree
-  std::vector<PdfId> pages_;  // of the node at hand
-  std::size_t page_count_ = 0;
-  PdfId first_page_ = 0;
 };
 
 }  // namespace qor

@@ -1,4 +1,4 @@
-// Objects, streams and the table at the end (ISO 32000-1, 7.3 to 7.5).
+// Objects, streams and the table of objects (ISO 32000-1, 7.3 to 7.5).
 #include "platform/pdf/pdf_file.h"
 
 #include <algorithm>
@@ -7,30 +7,22 @@
 #include <cmath>
 #include <cstdio>
 
-#include "base/errors.h"
 #include "platform/system/byte_sink.h"
 #include "platform/system/text_encoding.h"
 
 namespace qor {
 namespace {
 
-constexpr int kCompressionLevel = 6;
+constexpr int kCompressionLevel = 5;
 constexpr double kLargest = 1e9;
-constexpr std::uint64_t kFarthest = 9'999'999'999;  // the table has ten digits for a place
+
+// Whoever looks for one object of a pack has to unpack all of them.
+constexpr std::uint64_t kMostPacked = 512;
+constexpr std::size_t kLargestPack = 32768;  // bytes, as far as the compressor looks back
 
 // Fowler, Noll and Vo's hash, eight bytes at a time.
 constexpr std::uint64_t kHashStart = 0xCBF29CE484222325;
 constexpr std::uint64_t kHashPrime = 0x100000001B3;
-
-std::string hexText(std::string_view bytes) {
-  std::string text = "<";
-  for (const char byte : bytes) {
-    char digits[3];
-    std::snprintf(digits, sizeof digits, "%02X", static_cast<unsigned char>(byte));
-    text += digits;
-  }
-  return text + ">";
-}
 
 std::string utf16(std::string_view utf8) {
   std::string bytes = "\xFE\xFF";
@@ -41,10 +33,42 @@ std::string utf16(std::string_view utf8) {
   return bytes;
 }
 
+// A row of the table of objects (7.5.8): a kind, a place of six bytes and, of packed objects, which
+// one it is.
+constexpr std::size_t kTableRow = 9;
+using TableRow = std::array<unsigned char, kTableRow>;
+enum TableKind : unsigned char { kFree, kPlain, kPacked };
+
+TableRow tableRow(TableKind kind, std::uint64_t at, std::uint64_t nth) {
+  TableRow row{kind};
+  for (std::size_t i = 6; i > 0; --i, at >>= 8) row[i] = static_cast<unsigned char>(at);
+  row[7] = static_cast<unsigned char>(nth >> 8);
+  row[8] = static_cast<unsigned char>(nth);
+  return row;
+}
+
+constexpr std::size_t kRowsOfPart = 65536;
+
 }  // namespace
 
 std::string pdfReference(PdfId id) {
   return std::to_string(id) + " 0 R";
+}
+
+std::string pdfList(std::span<const PdfId> ids) {
+  std::string text = "[";
+  for (const PdfId id : ids) text += (text.size() == 1 ? "" : " ") + pdfReference(id);
+  return text + "]";
+}
+
+std::string hexText(std::string_view bytes) {
+  std::string text = "<";
+  for (const char byte : bytes) {
+    char digits[3];
+    std::snprintf(digits, sizeof digits, "%02X", static_cast<unsigned char>(byte));
+    text += digits;
+  }
+  return text + ">";
 }
 
 std::string pdfText(std::string_view utf8) {
@@ -86,18 +110,28 @@ void PdfFile::write(std::string_view bytes) {
 }
 
 PdfId PdfFile::reserve() {
-  places_.push_back(0);
+  places_.emplace_back();
   return static_cast<PdfId>(places_.size());
 }
 
-void PdfFile::beginObject(PdfId id) {
-  places_[static_cast<std::size_t>(id - 1)] = position_;
-  write(std::to_string(id) + " 0 obj\n");
+void PdfFile::writeObject(PdfId id, std::string_view body) {
+  if (pack_ == 0) pack_ = reserve();
+  place(id, Place::inPack(pack_, pack_size_));
+  pack_index_.append(std::to_string(id)) += ' ';
+  pack_index_.append(std::to_string(pack_objects_.size())) += ' ';
+  pack_objects_.append(body) += '\n';
+  if (++pack_size_ == kMostPacked || pack_objects_.size() >= kLargestPack) endPack();
 }
 
-void PdfFile::writeObject(PdfId id, std::string_view body) {
-  beginObject(id);
-  write(std::string(body) + "\nendobj\n");
+void PdfFile::endPack() {
+  if (pack_ == 0) return;
+  const std::string first = std::to_string(pack_index_.size());
+  writeStream(pack_, "/Type/ObjStm/N " + std::to_string(pack_size_) + "/First " + first,
+              pack_index_ + pack_objects_);
+  pack_ = 0;
+  pack_size_ = 0;
+  pack_index_.clear();
+  pack_objects_.clear();
 }
 
 PdfId PdfFile::addObject(std::string_view body) {
@@ -112,8 +146,9 @@ void PdfFile::writePlainStream(PdfId id, std::string_view entries, std::string_v
     std::copy_n(bytes.data() + i, 8, reinterpret_cast<char*>(&word));
     hash_ = (hash_ ^ word) * kHashPrime;
   }
-  beginObject(id);
-  write("<<" + std::string(entries) + "/Length " + std::to_string(bytes.size()) + ">>\nstream\n");
+  place(id, Place::inFile(position_));
+  write(std::to_string(id) + " 0 obj\n<<" + std::string(entries) + "/Length " +
+        std::to_string(bytes.size()) + ">>\nstream\n");
   write(bytes);
   write("\nendstream\nendobj\n");
 }
@@ -128,23 +163,52 @@ PdfId PdfFile::addStream(std::string_view entries, std::string_view bytes) {
   return id;
 }
 
-void PdfFile::finish(PdfId catalog, PdfId information) {
-  const std::uint64_t table = position_;
-  if (table > kFarthest) throw SystemError("the report is too long for a PDF file");
-  const std::string size = std::to_string(places_.size() + 1);
-  write("xref\n0 " + size + "\n0000000000 65535 f \n");
-  for (const std::uint64_t place : places_) {
-    char row[32];
-    std::snprintf(row, sizeof row, "%010llu 00000 n \n", static_cast<unsigned long long>(place));
-    write(row);
+// Each row is told by its difference from the one above, which leaves little of them (PNG's filter
+// "up").
+std::string PdfFile::tableRows(std::size_t first, std::size_t end) const {
+  constexpr char kUp = 2;
+  std::string rows;
+  rows.reserve((end - first) * (kTableRow + 1));
+  TableRow above{};
+  for (std::size_t number = first; number < end; ++number) {
+    const Place place = number == 0 ? Place() : places_[number - 1];
+    const TableRow row = number == 0      ? tableRow(kFree, 0, 0xFFFF)
+                         : place.packed() ? tableRow(kPacked, place.at(), place.nth())
+                                          : tableRow(kPlain, place.at(), 0);
+    rows += kUp;
+    for (std::size_t i = 0; i < kTableRow; ++i) rows += static_cast<char>(row[i] - above[i]);
+    above = row;
   }
+  return rows;
+}
+
+// The table of long documents has parts, each of which leads to the one before it. They are objects
+// too, and stand in the last one.
+void PdfFile::finish(PdfId catalog, PdfId information) {
+  endPack();
   char identifier[33];
   std::snprintf(identifier, sizeof identifier, "%016llX%016llX",
-                static_cast<unsigned long long>(hash_), static_cast<unsigned long long>(table));
-  const std::string id = std::string("<") + identifier + ">";
-  write("trailer\n<</Size " + size + "/Root " + pdfReference(catalog) + "/Info " +
-        pdfReference(information) + "/ID[" + id + id + "]>>\nstartxref\n" + std::to_string(table) +
-        "\n%%EOF\n");
+                static_cast<unsigned long long>(hash_), static_cast<unsigned long long>(position_));
+  const std::size_t parts = places_.size() / kRowsOfPart + 1;
+  const std::size_t size = places_.size() + parts + 1;
+  const std::string common = "/Type/XRef/W[1 6 2]/DecodeParms<</Predictor 12/Columns 9>>/Size " +
+                             std::to_string(size) + "/Root " + pdfReference(catalog) + "/Info " +
+                             pdfReference(information) + "/ID[<" + identifier + "><" + identifier +
+                             ">]";
+  std::string start;
+  for (std::size_t part = 0; part < parts; ++part) {
+    const std::size_t first = part * kRowsOfPart;
+    const std::size_t end = part + 1 < parts ? first + kRowsOfPart : size;
+    const PdfId id = reserve();
+    place(id, Place::inFile(position_));
+    const std::string before = start.empty() ? "" : "/Prev " + start;
+    start = std::to_string(position_);
+    writeStream(id,
+                common + before + "/Index[" + std::to_string(first) + " " +
+                    std::to_string(end - first) + "]",
+                tableRows(first, end));
+  }
+  write("startxref\n" + start + "\n%%EOF\n");
 }
 
 }  // namespace qor

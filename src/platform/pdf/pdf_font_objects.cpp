@@ -4,10 +4,11 @@
 #include <cctype>
 #include <cstdio>
 #include <map>
+#include <set>
 
 #include "platform/fonts/font_face.h"
 #include "platform/pdf/font_subset.h"
-#include "platform/pdf/pdf_fonts.h"
+#include "platform/pdf/pdf_faces.h"
 
 #include FT_CID_H
 #include FT_TRUETYPE_TABLES_H
@@ -145,11 +146,11 @@ void useCharacterIds(FT_Face face, FontSubset& subset) {
 
 }  // namespace
 
-PdfId PdfFonts::writeFace(PdfFile& file, std::size_t number) const {
+PdfId PdfFaces::writeFace(PdfFile& file, std::size_t number) const {
   const Face& face = faces_[number];
   std::set<std::uint32_t> glyphs;
   for (std::size_t code = 0; code < face.used.size(); ++code) {
-    if (face.used.test(code)) glyphs.insert(face.glyphs[code]);
+    if (face.used.test(code)) glyphs.insert(face.codes[code].glyph);
   }
   FontSubset subset = subsetFont(face.face->file(), face.face->index(), glyphs);
   useCharacterIds(face.face->handle(), subset);
@@ -167,8 +168,8 @@ PdfId PdfFonts::writeFace(PdfFile& file, std::size_t number) const {
   MapRows characters("bfchar");
   for (unsigned code = 0; code < face.used.size(); ++code) {
     if (!face.used.test(code)) continue;
-    codes.add(hex(code, 2) + " " + std::to_string(subset.places.at(face.glyphs[code])));
-    characters.add(hex(code, 2) + utf16Hex(encodings_[face.encoding][code]));
+    codes.add(hex(code, 2) + " " + std::to_string(subset.places.at(face.codes[code].glyph)));
+    characters.add(hex(code, 2) + utf16Hex(face.codes[code].character));
   }
   const std::string mapName = "QOR-" + std::to_string(number);
   const PdfId encoding =

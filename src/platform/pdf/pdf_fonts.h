@@ -1,22 +1,24 @@
-// The fonts of a document. A text's bytes are the codes of its font, so that one byte is one
+// Fonts by name and encoding. A text's bytes are the codes of its font, so that one byte is one
 // character; a character that the face lacks comes from another one under the same code.
 #pragma once
 
 #include <array>
-#include <bitset>
 #include <map>
 #include <memory>
 #include <vector>
 
 #include "platform/fonts/font_catalogue.h"
 #include "platform/pdf/pdf_encoding.h"
-#include "platform/pdf/pdf_file.h"
+#include "platform/pdf/pdf_faces.h"
 #include "platform/pdf/pdf_font_name.h"
 
 namespace qor {
 
 class PdfFonts {
  public:
+  // The faces must live as long.
+  explicit PdfFonts(PdfFaces& faces) : faces_(faces) {}
+
   // A character in a face: which of the faces, and how far it goes on.
   static constexpr std::size_t kUnknown = static_cast<std::size_t>(-1);
   struct Glyph {
@@ -42,19 +44,9 @@ class PdfFonts {
   double capHeight(std::size_t font) const { return fonts_[font].capHeight; }
 
   // Styles that a face lacks and the page has to make.
-  FaceStyle styleOf(std::size_t face) const { return faces_[face].face->style(); }
-
-  // Writes the fonts and, as `dictionary`, the names "F0" and on of the faces. Throws FileError.
-  void write(PdfFile& file, PdfId dictionary) const;
+  FaceStyle styleOf(std::size_t face) const { return faces_.face(face).style(); }
 
  private:
-  struct Face {
-    std::shared_ptr<const FontFace> face;
-    std::size_t encoding = 0;
-    std::bitset<256> used;
-    std::array<std::uint32_t, 256> glyphs{};
-  };
-
   struct Font {
     FaceRequest request;
     std::size_t encoding = 0;
@@ -69,13 +61,13 @@ class PdfFonts {
     std::uint32_t glyph = 0;
   };
 
-  std::size_t faceNumber(const std::shared_ptr<const FontFace>& face, std::size_t encoding);
+  std::size_t faceNumber(const FontFace& face, std::size_t encoding);
   Outline outlineOf(const Font& font, char32_t character);
   Glyph makeGlyph(const Font& font, unsigned char byte);
-  PdfId writeFace(PdfFile& file, std::size_t number) const;
 
+  PdfFaces& faces_;
   std::vector<PdfEncoding> encodings_;
-  std::vector<Face> faces_;
+  std::map<std::pair<const FontFace*, std::size_t>, std::size_t> numbers_;  // by encoding
   std::vector<Font> fonts_;
   std::map<std::pair<PdfFontName, std::size_t>, std::size_t> loaded_;
 };

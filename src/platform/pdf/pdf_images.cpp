@@ -5,6 +5,7 @@
 
 #include "platform/pictures/jpeg_header.h"
 #include "platform/pictures/picture.h"
+#include "platform/pictures/plain_png.h"
 
 namespace qor {
 namespace {
@@ -37,9 +38,19 @@ std::string alphasOf(const Picture& picture) {
   return alphas;
 }
 
-std::string entries(int width, int height, bool gray) {
+constexpr const char* kGray = "/DeviceGray";
+constexpr const char* kRgb = "/DeviceRGB";
+
+std::string entries(int width, int height, std::string_view colors, int bits = 8) {
   return "/Type/XObject/Subtype/Image/Width " + std::to_string(width) + "/Height " +
-         std::to_string(height) + "/BitsPerComponent 8/ColorSpace/Device" + (gray ? "Gray" : "RGB");
+         std::to_string(height) + "/BitsPerComponent " + std::to_string(bits) + "/ColorSpace" +
+         std::string(colors);
+}
+
+std::string colorsOf(const PlainPng& png) {
+  if (png.palette.empty()) return png.samples == 1 ? kGray : kRgb;
+  return "[/Indexed/DeviceRGB " + std::to_string(png.palette.size() / 3 - 1) +
+         hexText(png.palette) + "]";
 }
 
 }  // namespace
@@ -55,16 +66,37 @@ const PdfImage* PdfImages::add(const StoredPicture& picture) {
 
 // 0 where there is nothing to be written.
 PdfId PdfImages::write(const StoredPicture& picture) {
-  if (const auto file = picture.jpeg()) {
-    const PdfId object = file_.reserve();
-    const auto header = readJpegHeader(*file);
-    const bool gray = header && header->components == 1;
-    file_.writePlainStream(
-        object, entries(picture.width(), picture.height(), gray) + "/Filter/DCTDecode", *file);
-    return object;
-  }
+  if (const auto file = picture.jpeg()) return writeJpeg(*file, picture);
+  if (const auto file = picture.png()) return writePng(*file);
   const auto pixels = picture.pixels();
   return pixels ? writePixels(*pixels) : 0;
+}
+
+PdfId PdfImages::writeJpeg(const std::string& file, const StoredPicture& picture) {
+  const PdfId object = file_.reserve();
+  const auto header = readJpegHeader(file);
+  const bool gray = header && header->components == 1;
+  file_.writePlainStream(
+      object, entries(picture.width(), picture.height(), gray ? kGray : kRgb) + "/Filter/DCTDecode",
+      file);
+  return object;
+}
+
+// Its rows are compressed as the engine's filter has them (7.4.4.4).
+PdfId PdfImages::writePng(const std::string& file) {
+  const auto png = readPlainPng(file);
+  if (!png) return 0;
+  std::string data;
+  for (const std::string_view piece : png->data) data += piece;
+  const PdfId object = file_.reserve();
+  file_.writePlainStream(object,
+                         entries(png->width, png->height, colorsOf(*png), png->bits) +
+                             "/Filter/FlateDecode/DecodeParms<</Predictor 15/Colors " +
+                             std::to_string(png->samples) + "/BitsPerComponent " +
+                             std::to_string(png->bits) + "/Columns " + std::to_string(png->width) +
+                             ">>",
+                         data);
+  return object;
 }
 
 PdfId PdfImages::writePixels(const Picture& picture) {
@@ -73,10 +105,10 @@ PdfId PdfImages::writePixels(const Picture& picture) {
   const bool opaque = std::all_of(picture.pixels.begin(), picture.pixels.end(),
                                   [](std::uint32_t pixel) { return pixel >> 24 == 0xFF; });
   if (!opaque) {
-    extra = "/SMask " + pdfReference(file_.addStream(entries(picture.width, picture.height, true),
+    extra = "/SMask " + pdfReference(file_.addStream(entries(picture.width, picture.height, kGray),
                                                      alphasOf(picture)));
   }
-  return file_.addStream(entries(picture.width, picture.height, gray) + extra,
+  return file_.addStream(entries(picture.width, picture.height, gray ? kGray : kRgb) + extra,
                          samplesOf(picture, gray));
 }
 

@@ -19,12 +19,14 @@ class PdfImages {
  public:
   explicit PdfImages(PdfFile& file) : file_(file) {}
 
-  // Puts the picture into the document: JPEG as it stands where all read it alike, all others
-  // decoded. Null where its file has gone.
+  // Puts the picture into the document: JPEG and PNG as they stand where all read them alike, all
+  // others decoded. Null where its file has gone.
   const PdfImage* add(const StoredPicture& picture);
 
  private:
   PdfId write(const StoredPicture& picture);
+  PdfId writeJpeg(const std::string& file, const StoredPicture& picture);
+  PdfId writePng(const std::string& file);
   PdfId writePixels(const Picture& picture);
 
   PdfFile& file_;

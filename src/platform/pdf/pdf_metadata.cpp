@@ -55,7 +55,9 @@ std::string xmpOf(const PdfInformation& information) {
          "</rdf:li></rdf:Alt></dc:title>\n<xmp:CreateDate>" + created +
          "</xmp:CreateDate>\n<pdf:Producer>" + xmlText(printable(information.producer)) +
          "</pdf:Producer>\n<pdfaid:part>2</pdfaid:part>\n"
-         "<pdfaid:conformance>B</pdfaid:conformance>\n"
+         "<pdfaid:conformance>" +
+         (information.tagged ? "U" : "B") +
+         "</pdfaid:conformance>\n"
          "</rdf:Description>\n</rdf:RDF>\n</x:xmpmeta>\n<?xpacket end=\"w\"?>\n";
 }
 

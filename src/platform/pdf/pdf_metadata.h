@@ -1,4 +1,4 @@
-// What a document says of itself, in the form that archives ask for (PDF/A-2b).
+// What a document says of itself, in the form that archives ask for (PDF/A-2).
 #pragma once
 
 #include <ctime>
@@ -13,6 +13,7 @@ struct PdfInformation {
   std::string language;  // such as "tr", empty where it isn't known
   std::string producer;
   std::time_t created = 0;
+  bool tagged = false;  // its texts can be told by lines, and each letter is known (level u, not b)
 };
 
 // The dictionary of the trailer; its number.

@@ -10,6 +10,7 @@
 
 #include "platform/pictures/jpeg_header.h"
 #include "platform/pictures/picture.h"
+#include "platform/pictures/plain_png.h"
 #include "platform/system/file_cache.h"
 
 namespace qor {
@@ -136,6 +137,7 @@ std::shared_ptr<const StoredPicture> StoredPicture::read(std::string path, const
   stored->width_ = stored->pixels_->width;
   stored->height_ = stored->pixels_->height;
   stored->is_plain_jpeg_ = header && header->plain && stored->pixels_->whole;
+  stored->is_plain_png_ = stored->pixels_->whole && readPlainPng(file);
   stored->keep(std::make_shared<const std::string>(std::move(file)));
   return stored;
 }

@@ -36,6 +36,9 @@ class StoredPicture : public std::enable_shared_from_this<StoredPicture> {
   // null for all others, and as above.
   std::shared_ptr<const std::string> jpeg() const;
 
+  // The same of a PNG that is plain (plain_png.h). It is read again each time.
+  std::shared_ptr<const std::string> png() const { return is_plain_png_ ? file() : nullptr; }
+
  private:
   friend class PictureMemory;
 
@@ -51,6 +54,7 @@ class StoredPicture : public std::enable_shared_from_this<StoredPicture> {
   int width_ = 0;
   int height_ = 0;
   bool is_plain_jpeg_ = false;
+  bool is_plain_png_ = false;
   mutable std::shared_ptr<const Picture> pixels_;
   mutable std::shared_ptr<const std::string> jpeg_;
 };

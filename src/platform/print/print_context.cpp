@@ -1,9 +1,11 @@
 // Jobs: a PDF document on its way to a printer or a file.
 #include "platform/print/print_context.h"
 
+#include <utility>
+
 #include "base/units.h"
+#include "platform/pdf/pdf_canvas.h"
 #include "platform/print/file_job.h"
-#include "platform/print/pdf_pages.h"
 #include "platform/print/print_system.h"
 
 namespace qor {
@@ -13,18 +15,22 @@ std::unique_ptr<PrintJob> openJob(const Printer& printer, const DeviceMode& mode
                                   const DocumentInfo& info) {
   if (!info.output.empty()) return std::make_unique<FileJob>(info.output);
   JobTicket ticket = ticketOf(printer, mode);
-  ticket.title = info.title;
+  ticket.title = info.document.title;
   ticket.fallbackFile = info.fallbackFile;
   return printSystem().open(printer, ticket);
 }
 
-PdfSheet pdfSheetOf(const Printer& printer, const DeviceMode& mode, const DeviceCaps& caps) {
-  const MediaSize size = mediaOf(printer, mode).size;
-  const bool turned = mode.dmOrientation == kLandscape;
-  return {(turned ? size.length : size.width) * kPointsPerHundredth,
-          (turned ? size.width : size.length) * kPointsPerHundredth,
-          {caps.PhysicalWidth, caps.PhysicalHeight},
-          {caps.LogPixelsX, caps.LogPixelsY}};
+// As the sheet lies.
+MediaSize sheetSize(const Printer& printer, const DeviceMode& mode) {
+  MediaSize size = mediaOf(printer, mode).size;
+  if (mode.dmOrientation == kLandscape) std::swap(size.width, size.length);
+  return size;
+}
+
+// A job that becomes a file is read, and a printer's isn't.
+PdfInformation withTags(PdfInformation information, const PrintJob& job) {
+  information.tagged = !job.file().empty();
+  return information;
 }
 
 Rect printableArea(const DeviceCaps& caps) {
@@ -35,11 +41,18 @@ Rect printableArea(const DeviceCaps& caps) {
 }  // namespace
 
 struct PrintContext::Document {
-  Document(std::unique_ptr<PrintJob> opened, const PdfSheet& sheet, const std::string& title)
-      : job(std::move(opened)), pages(*job, sheet, title) {}
+  Document(std::unique_ptr<PrintJob> opened, const DocumentInfo& info, MediaSize sheet,
+           const DeviceCaps& caps)
+      : job(std::move(opened)),
+        pages(*job, withTags(info.document, *job)),
+        canvas(pages, {caps.PhysicalWidth, caps.PhysicalHeight},
+               {caps.LogPixelsX, caps.LogPixelsY}) {
+    pages.setPageSize(sheet.width * kPointsPerHundredth, sheet.length * kPointsPerHundredth);
+  }
 
   std::unique_ptr<PrintJob> job;
   PdfPages pages;
+  PdfCanvas canvas;
   bool empty = true;
 };
 
@@ -50,20 +63,21 @@ PrintContext::PrintContext(const Printer& printer, const DeviceMode& mode)
 PrintContext::~PrintContext() = default;
 
 void PrintContext::startDocument(const DocumentInfo& info) {
-  document_ = std::make_unique<Document>(openJob(printer_, mode_, info),
-                                         pdfSheetOf(printer_, mode_, caps_), info.title);
+  document_ = std::make_unique<Document>(openJob(printer_, mode_, info), info,
+                                         sheetSize(printer_, mode_), caps_);
   file_ = document_->job->file();
 }
 
 Canvas& PrintContext::startPage() {
-  Canvas& canvas = document_->pages.canvas();
+  PdfCanvas& canvas = document_->canvas;
+  canvas.beginPage();
   canvas.setClip(printableArea(caps_));
   document_->empty = false;
   return canvas;
 }
 
 void PrintContext::endPage() {
-  document_->pages.endPage();
+  document_->canvas.endPage();
 }
 
 void PrintContext::endDocument() {

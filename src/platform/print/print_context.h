@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/pdf/pdf_metadata.h"
 #include "platform/print/printer.h"
 
 namespace qor {
@@ -11,7 +12,7 @@ namespace qor {
 class Canvas;
 
 struct DocumentInfo {
-  std::string title;
+  PdfInformation document;
   std::string output;        // a file that takes the job in the printer's place; may be empty
   std::string fallbackFile;  // for a printer that makes files, where `output` is empty
 };

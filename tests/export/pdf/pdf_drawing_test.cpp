@@ -52,11 +52,11 @@ TEST_F(PdfExport, putsEachKindOfRecordWhereTheArithmeticSays) {
       {"<img # image=\"none.png\" imgSS=1 pc=Red/><img # image=\"none.png\"/>",
        "1 0 0 RG;28.3 728.65 56.7 56.7 re;S;1 1 1 RG;28 786 0 0 re;S;"},
       {"<shape # sh_type=2 pt=2/><text * fn=Z003 height=30 fb=1 tc=X/>",
-       "[ 4 2]0 d;%BT;/F0 30 Tf;2 Tr;[]0 d;28.3 755.35 Td;(X)Tj;ET;"},
+       "[ 4 2]0 d;%BT;/F0 30 Tf;2 Tr;1.25 w;[]0 d;28.3 755.35 Td;(X)Tj;ET;"},
       {"<text * fn=Z003 height=30 fb=1 tc=X/><text * fn=Z003 height=30 tc=X/>",
-       "BT;/F0 30 Tf;2 Tr;28.3 755.35 Td;(X)Tj;/F1 30 Tf;0 Tr;0 0 Td;(X)Tj;ET;"},
+       "BT;/F0 30 Tf;2 Tr;1.25 w;28.3 755.35 Td;(X)Tj;/F1 30 Tf;0 Tr;0 0 Td;(X)Tj;ET;"},
       {"<text * fn=\"Standard Symbols PS\" fi=1 tc=1/>",
-       "@1 0 0.212600 1 28.3 775.35 Tm;(1)Tj;ET;"},
+       "@1.000000 0.000000 0.212600 1.000000 28.3 775.35 Tm;(1)Tj;ET;"},
       {"A[fn:B:fn]C\r\n", "@0 831 Td;(A[fn:B:fn]C)Tj;ET;"},
       {"A[st:1:st]\r\n", "@0 831 Td;(A[st:1:st])Tj;ET;"},
       {"<text * tc=:tc][x/>", "@28.3 775.35 Td;(:tc][x)Tj;ET;"},
@@ -67,7 +67,7 @@ TEST_F(PdfExport, putsEachKindOfRecordWhereTheArithmeticSays) {
       {"A<text * tc=\"x;y\"/>B\r\n", "@0 831 Td;(A)Tj;28.3 -55.65 Td;(x\\ny)Tj;0 0 Td;(B)Tj;ET;"},
       {"A<barcode # value=\"1;2\"/>B\r\nC", "@0 831 Td;(A)Tj;(B)Tj;11 TL;(C)';ET;"},
       {"<font height=-1/>X\r\nY", "BT;/F0 -1 Tf;0 842 Td;(X)Tj;0 0 Td;(Y)Tj;ET;"},
-      {"<font height=-30 fn=Z003 fb=1/>X", "BT;/F0 -30 Tf;2 Tr;0 871 Td;(X)Tj;ET;"},
+      {"<font height=-30 fn=Z003 fb=1/>X", "BT;/F0 -30 Tf;2 Tr;1.25 w;0 871 Td;(X)Tj;ET;"},
       {"A\r\n\fB\r\n\f", "@0 831 Td;(A)Tj;ET;page;@0 831 Td;(B)Tj;ET;"}};
   for (auto [report, drawn] : rows) {
     if (drawn.starts_with("TURN")) drawn.replace(0, 4, turn);

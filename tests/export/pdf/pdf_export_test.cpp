@@ -54,8 +54,8 @@ TEST_F(PdfExport, tellsWhatItDoesNotShow) {
   for (const auto& [report, losses] : rows) {
     SCOPED_TRACE(report);
     const std::string told = exportReport(report + "\r\n", "1252").errors;
-    const std::string expected = "r.pdf: PDF shows these pages otherwise: " + losses +
-                                 ". -g -p \"Microsoft Print to PDF\" keeps pages as drawn.\n";
+    const std::string expected =
+        "r.pdf: PDF shows these pages otherwise: " + losses + ". -drawn keeps pages as drawn.\n";
     EXPECT_EQ(told, losses.empty() ? "" : expected);
   }
 }

@@ -14,11 +14,11 @@
 namespace qor::test {
 namespace {
 
-// The texts of some pages, in their order.
-std::string wordsOf(const PdfDocument& document, const std::set<int>& pages) {
-  std::string words;
+// The texts of some pages; readers have their own order.
+std::multiset<std::string> wordsOf(const PdfDocument& document, const std::set<int>& pages) {
+  std::multiset<std::string> words;
   for (const PdfWord& word : document.words)
-    if (pages.contains(word.page)) words += word.text + " ";
+    if (pages.contains(word.page)) words.insert(word.text);
   return words;
 }
 

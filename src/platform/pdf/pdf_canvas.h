@@ -1,0 +1,76 @@
+// Paper: a canvas on the pages of a PDF document. On them a unit is a twip of the sheet, from its
+// top left corner; the dots of the printer only tell where the layout's units lie and how thin a
+// line can be.
+#pragma once
+
+#include <map>
+#include <string>
+#include <utility>
+
+#include "platform/canvas/canvas.h"
+#include "platform/canvas/device_space.h"
+#include "platform/pdf/pdf_glyph_codes.h"
+#include "platform/pdf/pdf_pages.h"
+
+namespace qor {
+
+class PdfCanvas : public Canvas {
+ public:
+  // The sheet's size and resolution in dots of the printer. The pages must live as long, and have
+  // their size.
+  PdfCanvas(PdfPages& pages, Point size, Point dotsPerInch);
+
+  // All drawing is on a page. A new one is empty and has no clip.
+  void beginPage();
+  void endPage();
+
+  Point dotsPerInch() const override { return space_.dotsPerInch(); }
+  void beginLine() override { content().beginLine(); }
+  void setMapping(const Mapping& mapping) override { space_.setMapping(mapping); }
+  void setClip(const Rect& dots) override;
+  void clearClip() override;
+
+  void line(Point start, Point end) override;
+  void rectangle(const Rect& rect) override;
+  void roundRect(const Rect& rect, std::int32_t width, std::int32_t height) override;
+  void ellipse(const Rect& rect) override;
+  void drawPicture(const StoredPicture& picture, const Rect& rect) override;
+
+ protected:
+  void paintText(const TextRun& run) override;
+  void clipText(const Rect& rect) override;
+  void unclipText() override;
+
+ private:
+  // A box of the page as PDF counts it: from its lower left corner.
+  struct PageBox {
+    double x = 0;
+    double y = 0;
+    double width = 0;
+    double height = 0;
+  };
+
+  class TextPainter;
+
+  static PdfColor pdfColor(Color color);
+  PdfContent& content() { return pages_.content(); }
+  Dots onPage(Dots dots) const;
+  Dots placeOf(double x, double y) const { return onPage(space_.dots(x, y)); }
+  Dots twipsPerUnit() const;
+  PageBox boxOnPage(const DotBox& box) const;
+
+  bool usePen();
+  bool useBrush();
+  std::string hatchName(BrushStyle style);
+  void curveTo(Dots control1, Dots control2, Dots end);
+  void paintRound(const DotBox& box, Dots radii);
+
+  PdfPages& pages_;
+  PdfGlyphCodes codes_;
+  DeviceSpace space_;
+  bool clipped_ = false;
+  std::string piece_;                                          // of a text, while it is painted
+  std::map<std::pair<BrushStyle, int>, std::string> hatches_;  // by the side of their tiles
+};
+
+}  // namespace qor

@@ -1,0 +1,156 @@
+// Texts on paper: each piece in one face is one string, at the place that layout gave it. The
+// widths of the document's fonts carry it from letter to letter.
+#include <cmath>
+
+#include "platform/fonts/font_face.h"
+#include "platform/pdf/glyph_outline.h"
+#include "platform/pdf/pdf_canvas.h"
+
+namespace qor {
+namespace {
+
+// Bytes below 32 are drawn as blanks. Code points that no text may hold, as code pages from files
+// may name them, are told as the mark for what isn't known.
+char32_t plainCharacter(char32_t c) {
+  if (c >= U' ' && c < 0xD800) return c;
+  const bool isText = c > 0xDFFF && c <= 0x10FFFF && (c < 0xFDD0 || c > 0xFDEF) &&
+                      (c & 0xFFFE) != 0xFFFE && c != 0xFEFF;
+  return c < U' ' ? U' ' : isText ? c : U'\xFFFD';
+}
+
+// Bitmaps make letters bold to the right and upwards.
+constexpr double kBoldShift = kPdfBoldStroke / 2;
+
+}  // namespace
+
+class PdfCanvas::TextPainter {
+ public:
+  TextPainter(PdfCanvas& canvas, const TextRun& run)
+      : canvas_(canvas),
+        run_(run),
+        piece_(canvas.piece_),
+        unit_(canvas.twipsPerUnit()),
+        cos_(std::cos(run.angle)),
+        sin_(std::sin(run.angle)) {
+    const double stretch = 100 * run.font.widthScale();
+    const double across = unit_.x / unit_.y;
+    style_.size = run.font.emSize() * unit_.y;
+    style_.spacing = run.characterExtra * unit_.y / run.font.widthScale();
+    if (run.record.Escapement == 0) {
+      style_.stretch = stretch * across;
+    } else {
+      style_.stretch = stretch;
+      style_.turn = {cos_ * across, sin_, -sin_ * across, cos_};
+    }
+  }
+
+  void paint() {
+    const auto& glyphs = run_.glyphs;
+    for (std::size_t i = 0; i < glyphs.size(); ++i) {
+      const FontFace& face = *glyphs[i].face;
+      const auto code = canvas_.codes_.codeOf(face, glyphs[i].index, plainCharacter(run_.text[i]));
+      if (code.face != style_.face) endPiece(glyphs[i].distance);
+      if (code.face == PdfGlyphCode::kNone) {
+        showOutline(glyphs[i]);
+        continue;
+      }
+      if (piece_.empty()) beginPiece(face, code.face, glyphs[i].distance);
+      piece_ += static_cast<char>(code.code);
+    }
+    endPiece(run_.length);
+  }
+
+  // A line along the text, at least a dot thick.
+  void paintStroke(const TextStroke& stroke) {
+    const double thickness = std::max(stroke.thickness, 1 / canvas_.space_.dotsPerUnit().y);
+    const double top = run_.font.metrics().ascent + stroke.offset - thickness / 2;
+    const Dots start = placeAt(0, top);
+    const Dots opposite = placeAt(run_.length, top + thickness);
+    PdfContent& content = canvas_.content();
+    if (run_.record.Escapement == 0) {
+      content.fillRectangle(start.x, opposite.y, opposite.x - start.x, start.y - opposite.y);
+      return;
+    }
+    content.prepareFill();
+    content.moveTo(start.x, start.y);
+    for (const Dots corner : {placeAt(run_.length, top), opposite, placeAt(0, top + thickness)})
+      content.lineTo(corner.x, corner.y);
+    content.closePath();
+    content.paint(PdfPainting::fill);
+  }
+
+ private:
+  // The place on the page of what is so far along the text and below the top of its cells.
+  Dots placeAt(double along, double below) const {
+    return canvas_.placeOf(run_.x + cos_ * along + sin_ * below,
+                           run_.y - sin_ * along + cos_ * below);
+  }
+
+  void beginPiece(const FontFace& face, std::size_t number, double distance) {
+    style_.face = number;
+    style_.bold = face.style().syntheticBold;
+    style_.slanted = face.style().syntheticSlant;
+    start_ = distance;
+  }
+
+  // Where a glyph of the face stands that is so far along the text.
+  Dots penAt(double distance, const FontFace& face) const {
+    const double shift = face.style().syntheticBold ? run_.font.emSize() * kBoldShift : 0;
+    return {distance + shift, run_.font.metrics().ascent - shift};
+  }
+
+  void endPiece(double end) {
+    if (piece_.empty()) return;
+    const Dots pen = penAt(start_, canvas_.pages_.faces().face(style_.face));
+    const Dots place = placeAt(pen.x, pen.y);
+    canvas_.content().show(place.x, place.y, style_, piece_, (end - start_) * unit_.x);
+    piece_.clear();
+  }
+
+  // What documents can't hold as a letter goes out as its shape.
+  void showOutline(const PlacedGlyph& glyph) {
+    const auto [bold, slanted] = glyph.face->style();
+    const double em = run_.font.emSize();
+    const double wide = em * run_.font.widthScale();
+    const double slant = slanted ? kPdfSlant : 0;
+    const Dots pen = penAt(glyph.distance, *glyph.face);
+    PdfContent& content = canvas_.content();
+    content.setStrokeColor(pdfColor(run_.color));
+    content.setLineWidth(style_.size * kPdfBoldStroke);
+    content.setDash({});
+    drawGlyphOutline(*glyph.face, glyph.index, bold, content, [&](double x, double y) {
+      const Dots place = placeAt(pen.x + x * wide + y * em * slant, pen.y - y * em);
+      return std::pair(place.x, place.y);
+    });
+  }
+
+  PdfCanvas& canvas_;
+  const TextRun& run_;
+  std::string& piece_;  // codes
+  Dots unit_;
+  double cos_;
+  double sin_;
+  PdfTextStyle style_;
+  double start_ = 0;  // of the piece, along the text
+};
+
+void PdfCanvas::paintText(const TextRun& run) {
+  if (run.font.emSize() <= 0 || !(run.font.widthScale() > 0) || !space_.shows(run)) return;
+  content().setFillColor(pdfColor(run.color));
+  TextPainter painter(*this, run);
+  painter.paint();
+  if (run.record.Underline != 0) painter.paintStroke(run.font.underline());
+  if (run.record.StrikeOut != 0) painter.paintStroke(run.font.strikeOut());
+}
+
+void PdfCanvas::clipText(const Rect& rect) {
+  const PageBox box = boxOnPage(space_.textClip(rect));
+  content().save();
+  content().clip(box.x, box.y, box.width, box.height);
+}
+
+void PdfCanvas::unclipText() {
+  content().restore();
+}
+
+}  // namespace qor

@@ -1,0 +1,46 @@
+// Handing out codes.
+#include "platform/pdf/pdf_glyph_codes.h"
+
+namespace qor {
+namespace {
+
+constexpr std::size_t kCodes = 255;  // code 0 stays free
+constexpr unsigned char kFirstOther = 0x80;
+
+}  // namespace
+
+PdfGlyphCodes::KnownFace& PdfGlyphCodes::known(const FontFace& face) {
+  if (last_face_ == &face) return *last_;
+  const auto [place, isNew] = known_.try_emplace(&face);
+  if (isNew) place->second.embeds = canBeEmbedded(face);
+  last_face_ = &face;
+  last_ = &place->second;
+  return *last_;
+}
+
+// ASCII has its own codes where they are free, so that the operators of pages can be read.
+PdfGlyphCode PdfGlyphCodes::add(KnownFace& known, const FontFace& face, std::uint32_t glyph,
+                                char32_t character) {
+  if (known.free == 0) {
+    known.number = faces_.add(face);
+    known.free = kCodes;
+  }
+  unsigned char code =
+      character < kFirstOther ? static_cast<unsigned char>(character) : kFirstOther;
+  while (code == 0 || faces_.isDefined(known.number, code)) ++code;
+  faces_.define(known.number, code, glyph, character);
+  --known.free;
+  return {known.number, code};
+}
+
+PdfGlyphCode PdfGlyphCodes::findCode(const FontFace& face, std::uint32_t glyph,
+                                     char32_t character) {
+  KnownFace& kept = known(face);
+  if (glyph == 0 || !kept.embeds) return {};
+  PdfGlyphCode& code =
+      character < kAscii ? kept.ascii[character] : kept.others.try_emplace(character).first->second;
+  if (code.face == PdfGlyphCode::kNone) code = add(kept, face, glyph, character);
+  return code;
+}
+
+}  // namespace qor

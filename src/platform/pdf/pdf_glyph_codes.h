@@ -1,0 +1,56 @@
+// The codes of glyphs in a document: handed out as the pages ask for them.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <unordered_map>
+
+#include "platform/pdf/pdf_faces.h"
+
+namespace qor {
+
+struct PdfGlyphCode {
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+  std::size_t face = kNone;  // of PdfFaces
+  unsigned char code = 0;
+};
+
+class PdfGlyphCodes {
+ public:
+  // The faces must live as long.
+  explicit PdfGlyphCodes(PdfFaces& faces) : faces_(faces) {}
+
+  // The code of a character's glyph; the same character of a face always has the same glyph. None
+  // for the mark of missing characters, which documents for archives must not show, and for faces
+  // that can't be embedded.
+  PdfGlyphCode codeOf(const FontFace& face, std::uint32_t glyph, char32_t character) {
+    if (&face == last_face_ && character < kAscii) {
+      const PdfGlyphCode& known = last_->ascii[character];
+      if (known.face != PdfGlyphCode::kNone) return known;
+    }
+    return findCode(face, glyph, character);
+  }
+
+ private:
+  static constexpr std::size_t kAscii = 128;
+
+  struct KnownFace {
+    bool embeds = false;
+    std::size_t number = 0;  // where codes are still free
+    std::size_t free = 0;    // of them
+    std::array<PdfGlyphCode, kAscii> ascii;
+    std::unordered_map<char32_t, PdfGlyphCode> others;
+  };
+
+  PdfGlyphCode findCode(const FontFace& face, std::uint32_t glyph, char32_t character);
+  KnownFace& known(const FontFace& face);
+  PdfGlyphCode add(KnownFace& known, const FontFace& face, std::uint32_t glyph, char32_t character);
+
+  PdfFaces& faces_;
+  std::unordered_map<const FontFace*, KnownFace> known_;
+  const FontFace* last_face_ = nullptr;
+  KnownFace* last_ = nullptr;
+};
+
+}  // namespace qor

@@ -1,10 +1,8 @@
 """What lines, tags and pictures of a page take in memory."""
 
-import struct
-import zlib
-
 from export_rows import peak_of, print_command
 from index_rows import index_bench
+from png_file import png_file
 from table import DATA, LATIN, MEGABYTE, export, export_command, make_report, row
 
 PIECES = 2_000_000
@@ -24,18 +22,10 @@ def measure_pieces():
     report.unlink()
 
 
-def chunk(kind, data):
-    checksum = zlib.crc32(kind + data)
-    return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", checksum)
-
-
 def large_png():
     rows = (bytes((0,)) + bytes((x * y + x) & 0xFF for x in range(LARGE_SIDE)) * 3
             for y in range(16))
-    header = struct.pack(">IIBBBBB", LARGE_SIDE, LARGE_SIDE, 8, 2, 0, 0, 0)
-    pixels = zlib.compress(b"".join(rows) * (LARGE_SIDE // 16), 1)
-    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", pixels)
-            + chunk(b"IEND", b""))
+    return png_file(LARGE_SIDE, LARGE_SIDE, b"".join(rows) * (LARGE_SIDE // 16))
 
 
 def small_jpeg(page):

@@ -11,10 +11,6 @@ namespace {
 // Larger glyphs, in 1/64 dots, are not worth keeping.
 constexpr double kLargestMask = 256 * 64;
 
-// The width of a line of a box, as a part of its cell. Bold text keeps it, so that the lines of a
-// table stay whole where a row of it is bold.
-constexpr double kBoxStroke = 0.1;
-
 // Whoever shows the dots may take their highest byte for alpha.
 constexpr std::uint32_t kOpaque = 0xFF000000;
 
@@ -111,18 +107,14 @@ void BitmapPainter::showLevelGlyphs(const TextRun& run) {
   if (key.width == 0 || key.height == 0) return;
   const Dots corner = space().dots(run.x, run.y);
   const int baseline = roundedDot(corner.y + metrics.ascent * space().dotsPerUnit().y);
-  const int top = roundedDot(corner.y);
-  const int bottom =
-      roundedDot(corner.y + (metrics.height + metrics.externalLeading) * space().dotsPerUnit().y);
   const std::uint32_t ink = pixelOf(run.color);
   for (std::size_t i = 0; i < run.glyphs.size(); ++i) {
     const PlacedGlyph& glyph = run.glyphs[i];
     const double x = corner.x + glyph.distance * space().dotsPerUnit().x;
     if (x > clip_.right || x < clip_.left - kLargestMask / 64) continue;
     if (isBoxCharacter(run.text[i])) {
-      const double end = i + 1 < run.glyphs.size() ? run.glyphs[i + 1].distance : run.length;
-      const int right = roundedDot(corner.x + end * space().dotsPerUnit().x);
-      paintBox(run.text[i], {roundedDot(x), top, right, bottom}, ink);
+      const BoxCharacter box(run.text[i], boxCell(space(), run, i));
+      for (const DotRect& rect : box.rects()) paintField(rect, ink);
       continue;
     }
     const int quarters = roundedDot(x * kMaskPhases);
@@ -160,12 +152,6 @@ void BitmapPainter::paintField(const DotRect& field, std::uint32_t color) {
       for (std::uint32_t& dot : dots) blend(dot, color, seen.coverage);
     }
   }
-}
-
-void BitmapPainter::paintBox(char32_t character, const DotRect& cell, std::uint32_t color) {
-  const int stroke = std::max(1, roundedDot((cell.right - cell.left) * kBoxStroke));
-  const BoxCharacter box(character, cell, stroke);
-  for (const DotRect& rect : box.rects()) paintField(rect, color);
 }
 
 void BitmapPainter::rectangle(const Rect& rect) {

@@ -29,7 +29,6 @@ class BitmapPainter : public CairoCanvas {
   void showLevelGlyphs(const TextRun& run);
   void paintMask(const GlyphMask& mask, int x, int y, std::uint32_t color);
   void paintField(const DotRect& field, std::uint32_t color);
-  void paintBox(char32_t character, const DotRect& cell, std::uint32_t color);
 
   std::uint32_t* row(int y) { return pixels_ + static_cast<std::ptrdiff_t>(y) * stride_; }
 

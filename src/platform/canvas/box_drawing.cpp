@@ -2,9 +2,16 @@
 #include "platform/canvas/box_drawing.h"
 
 #include <algorithm>
+#include <cmath>
+
+#include "platform/canvas/device_space.h"
 
 namespace qor {
 namespace {
+
+// The width of a line, as a part of its cell. Bold text keeps it, so that the lines of a table stay
+// whole where a row of it is bold.
+constexpr double kStroke = 0.1;
 
 enum Direction { kLeft, kUp, kRight, kDown };
 
@@ -58,9 +65,24 @@ bool isBoxCharacter(char32_t character) {
          std::find(std::begin(kBlocks), std::end(kBlocks), character) != std::end(kBlocks);
 }
 
-BoxCharacter::BoxCharacter(char32_t character, const DotRect& cell, int stroke) {
+bool isShade(char32_t character) {
+  return character >= U'░' && character <= U'▓';
+}
+
+DotRect boxCell(const DeviceSpace& space, const TextRun& run, std::size_t place) {
+  const auto whole = [](double dot) { return static_cast<int>(std::lround(dot)); };
+  const bool isLast = place + 1 == run.glyphs.size();
+  const TextMetrics& metrics = run.font.metrics();
+  const double end = isLast ? run.length : run.glyphs[place + 1].distance;
+  const Dots first = space.dots(run.x + run.glyphs[place].distance, run.y);
+  const Dots last = space.dots(run.x + end, run.y + metrics.height + metrics.externalLeading);
+  return {whole(first.x), whole(first.y), whole(last.x), whole(last.y)};
+}
+
+BoxCharacter::BoxCharacter(char32_t character, const DotRect& cell) {
   if (const ArmsRow* row = armsOf(character)) {
-    addArms(row->arms, cell, stroke);
+    const auto stroke = static_cast<int>(std::lround((cell.right - cell.left) * kStroke));
+    addArms(row->arms, cell, std::max(1, stroke));
   } else {
     addBlock(character, cell);
   }

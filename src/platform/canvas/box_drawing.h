@@ -8,6 +8,9 @@
 
 namespace qor {
 
+class DeviceSpace;
+struct TextRun;
+
 struct DotRect {
   int left = 0;
   int top = 0;
@@ -18,9 +21,8 @@ struct DotRect {
 
 class BoxCharacter {
  public:
-  // The rectangles of the character in its cell; none if it is no such character. `stroke` is the
-  // width of a single line in dots.
-  BoxCharacter(char32_t character, const DotRect& cell, int stroke);
+  // The rectangles of the character in its cell; none if it is no such character.
+  BoxCharacter(char32_t character, const DotRect& cell);
 
   std::span<const DotRect> rects() const { return {rects_.data(), count_}; }
 
@@ -35,5 +37,11 @@ class BoxCharacter {
 
 // True for the characters that have rectangles.
 bool isBoxCharacter(char32_t character);
+
+// True for those of them that let the paper shine through.
+bool isShade(char32_t character);
+
+// The cell of a character of level text.
+DotRect boxCell(const DeviceSpace& space, const TextRun& run, std::size_t place);
 
 }  // namespace qor

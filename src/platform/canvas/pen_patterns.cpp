@@ -50,8 +50,8 @@ HatchTile hatchTile(BrushStyle style, double dpi) {
     tile.lines.push_back({x1, y1, x2, y2});
   };
   const double middle = tile.lineWidth / 2;
-  if (is(BrushStyle::horizontal, BrushStyle::cross)) line(0, middle, step, middle);
-  if (is(BrushStyle::vertical, BrushStyle::cross)) line(middle, 0, middle, step);
+  if (is(BrushStyle::horizontal, BrushStyle::cross)) line(-step, middle, 2 * step, middle);
+  if (is(BrushStyle::vertical, BrushStyle::cross)) line(middle, -step, middle, 2 * step);
   for (const double shift : {-step, 0.0, step}) {
     if (is(BrushStyle::forwardDiagonal, BrushStyle::diagonalCross))
       line(shift - step, -step, shift + 2 * step, 2 * step);

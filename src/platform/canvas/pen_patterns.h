@@ -13,8 +13,8 @@ namespace qor {
 std::vector<double> dashesOf(PenStyle style, double width, double dpi);
 
 // The lines of one tile of a hatch, which repeats from the corner of the page and not from that of
-// a shape, so that those of neighbours join. Diagonals go on in the neighbouring tiles, so they
-// start outside of it.
+// a shape, so that those of neighbours join. They go on in the neighbouring tiles, so they start
+// outside of it.
 struct HatchTile {
   struct Line {
     double x1, y1, x2, y2;

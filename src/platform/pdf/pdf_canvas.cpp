@@ -1,7 +1,7 @@
 // Shapes and pictures on paper.
 #include "platform/pdf/pdf_canvas.h"
 
-#include <algorithm>
+#include <array>
 
 #include "base/units.h"
 #include "platform/canvas/pen_patterns.h"
@@ -10,7 +10,7 @@
 namespace qor {
 namespace {
 
-// How far the control points of a curve for a quarter of a circle lie beyond its ends, in radii:
+// How far the control points of a curve for a quarter of an ellipse lie from its ends, in radii:
 // 4 (sqrt(2) - 1) / 3.
 constexpr double kQuarter = 0.5522847498;
 
@@ -99,12 +99,15 @@ std::string PdfCanvas::hatchName(BrushStyle style) {
   const HatchTile tile = hatchTile(style, space_.mappedDpi());
   std::string& name = hatches_[{style, tile.side}];
   if (!name.empty()) return name;
-  std::string entries = "/BBox[0 0";
-  for (int i = 0; i < 2; ++i) appendNumber(entries += ' ', tile.side);
-  entries += "]/XStep " + std::to_string(tile.side) + "/YStep " + std::to_string(tile.side) +
-             "/Matrix[" + std::to_string(pointsPerDot(space_.dotsPerInch().x)) + " 0 0 " +
-             std::to_string(-pointsPerDot(space_.dotsPerInch().y)) + " 0 ";
+  // Tiles overlap by a dot, or readers show where they meet.
+  const std::string beyond = std::to_string(tile.side + 1);
+  std::string entries = "/BBox[-1 -1 " + beyond + " " + beyond + "]/XStep " +
+                        std::to_string(tile.side) + "/YStep " + std::to_string(tile.side) +
+                        "/Matrix[" + std::to_string(pointsPerDot(space_.dotsPerInch().x)) +
+                        " 0 0 " + std::to_string(-pointsPerDot(space_.dotsPerInch().y)) + " 0 ";
   appendNumber(entries, pages_.pageHeight());
+  // Some readers draw tiles with the pen of the shape that they fill.
+  std::string operators = "[]0 d 0 J 0 j 10 M\n";
   PdfContent drawing;
   drawing.setLineWidth(tile.lineWidth);
   for (const HatchTile::Line& line : tile.lines) {
@@ -112,7 +115,7 @@ std::string PdfCanvas::hatchName(BrushStyle style) {
     drawing.lineTo(line.x2, line.y2);
     drawing.paint(PdfPainting::stroke);
   }
-  return name = pages_.addPattern(entries + "]", drawing.bytes());
+  return name = pages_.addPattern(entries + "]", operators.append(drawing.bytes()));
 }
 
 void PdfCanvas::line(Point start, Point end) {
@@ -134,55 +137,57 @@ void PdfCanvas::rectangle(const Rect& rect) {
   if (useBrush() && box.width > 0 && box.height > 0)
     content().fillRectangle(box.x, box.y, box.width, box.height);
   if (!usePen()) return;
-  content().rectangle(box.x, box.y, box.width, box.height);
+  // From the upper left corner on, as bitmaps do it: dashes begin there.
+  content().rectangle(box.x, box.y + box.height, box.width, -box.height);
   content().paint(PdfPainting::stroke);
 }
 
-void PdfCanvas::curveTo(Dots control1, Dots control2, Dots end) {
-  const Dots first = onPage(control1);
-  const Dots second = onPage(control2);
-  const Dots last = onPage(end);
-  content().curveTo(first.x, first.y, second.x, second.y, last.x, last.y);
-}
-
-// Clockwise from the start of the upper right corner, as bitmaps do it: dashes begin there.
-void PdfCanvas::paintRound(const DotBox& box, Dots radii) {
+// Clockwise, each corner with the straight edge before it, from the given one on: dashes begin
+// where those of bitmaps do.
+void PdfCanvas::paintRound(const DotBox& box, Dots radii, Corner first) {
   const bool filled = useBrush();
   const bool drawn = usePen();
   if (!filled && !drawn) return;
   if (filled) content().prepareFill();
   const auto [left, top, right, bottom] = box;
   const auto [rx, ry] = radii;
-  const Dots bend = {rx * (1 - kQuarter), ry * (1 - kQuarter)};
-  const auto straightTo = [this](double x, double y) {
-    const Dots place = onPage(Dots{x, y});
-    content().lineTo(place.x, place.y);
-  };
-  const Dots start = onPage(Dots{right - rx, top});
+  const std::array<Bend, 4> bends = {{{{right - rx, top}, {right, top}, {right, top + ry}},
+                                      {{right, bottom - ry}, {right, bottom}, {right - rx, bottom}},
+                                      {{left + rx, bottom}, {left, bottom}, {left, bottom - ry}},
+                                      {{left, top + ry}, {left, top}, {left + rx, top}}}};
+  const Dots start = onPage(bends[first].start);
   content().moveTo(start.x, start.y);
-  curveTo({right - bend.x, top}, {right, top + bend.y}, {right, top + ry});
-  straightTo(right, bottom - ry);
-  curveTo({right, bottom - bend.y}, {right - bend.x, bottom}, {right - rx, bottom});
-  straightTo(left + rx, bottom);
-  curveTo({left + bend.x, bottom}, {left, bottom - bend.y}, {left, bottom - ry});
-  straightTo(left, top + ry);
-  curveTo({left, top + bend.y}, {left + bend.x, top}, {left + rx, top});
+  for (std::size_t i = 0; i < bends.size(); ++i) addBend(bends[(first + i) % bends.size()], i > 0);
   content().closePath();
   content().paint(filled && drawn ? PdfPainting::fillAndStroke
                   : filled        ? PdfPainting::fill
                                   : PdfPainting::stroke);
 }
 
+void PdfCanvas::addBend(const Bend& bend, bool withEdge) {
+  const auto toCorner = [&bend](Dots end) {
+    return Dots{end.x + kQuarter * (bend.corner.x - end.x),
+                end.y + kQuarter * (bend.corner.y - end.y)};
+  };
+  const Dots start = onPage(bend.start);
+  if (withEdge) content().lineTo(start.x, start.y);
+  const Dots control1 = onPage(toCorner(bend.start));
+  const Dots control2 = onPage(toCorner(bend.end));
+  const Dots end = onPage(bend.end);
+  content().curveTo(control1.x, control1.y, control2.x, control2.y, end.x, end.y);
+}
+
 void PdfCanvas::roundRect(const Rect& rect, std::int32_t width, std::int32_t height) {
   const DotBox box = space_.box(rect);
   const Dots radii = space_.cornerRadii(box, width, height);
   if (radii.x == 0) return rectangle(rect);
-  paintRound(box, radii);
+  paintRound(box, radii, kUpperRight);
 }
 
 void PdfCanvas::ellipse(const Rect& rect) {
   const DotBox box = space_.curveBox(rect);
-  if (box.width() > 0 && box.height() > 0) paintRound(box, {box.width() / 2, box.height() / 2});
+  if (box.width() <= 0 || box.height() <= 0) return;
+  paintRound(box, {box.width() / 2, box.height() / 2}, kLowerRight);
 }
 
 void PdfCanvas::drawPicture(const StoredPicture& picture, const Rect& rect) {

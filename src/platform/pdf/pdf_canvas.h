@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/canvas/box_drawing.h"
 #include "platform/canvas/canvas.h"
 #include "platform/canvas/device_space.h"
 #include "platform/pdf/pdf_glyph_codes.h"
@@ -50,6 +51,15 @@ class PdfCanvas : public Canvas {
     double height = 0;
   };
 
+  // A rounded corner, in dots.
+  struct Bend {
+    Dots start;
+    Dots corner;
+    Dots end;
+  };
+
+  enum Corner { kUpperRight, kLowerRight };
+
   class TextPainter;
 
   static PdfColor pdfColor(Color color);
@@ -62,14 +72,16 @@ class PdfCanvas : public Canvas {
   bool usePen();
   bool useBrush();
   std::string hatchName(BrushStyle style);
-  void curveTo(Dots control1, Dots control2, Dots end);
-  void paintRound(const DotBox& box, Dots radii);
+  void paintRound(const DotBox& box, Dots radii, Corner first);
+  void addBend(const Bend& bend, bool withEdge);
 
   PdfPages& pages_;
   PdfGlyphCodes codes_;
   DeviceSpace space_;
   bool clipped_ = false;
-  std::string piece_;                                          // of a text, while it is painted
+  std::string piece_;           // of a text, while it is painted
+  std::vector<PdfStep> steps_;  // in it
+  std::vector<DotRect> boxes_;
   std::map<std::pair<BrushStyle, int>, std::string> hatches_;  // by the side of their tiles
 };
 

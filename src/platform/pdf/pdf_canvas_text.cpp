@@ -1,5 +1,6 @@
 // Texts on paper: each piece in one face is one string, at the place that layout gave it. The
 // widths of the document's fonts carry it from letter to letter.
+#include <algorithm>
 #include <cmath>
 
 #include "platform/fonts/font_face.h"
@@ -21,6 +22,17 @@ char32_t plainCharacter(char32_t c) {
 // Bitmaps make letters bold to the right and upwards.
 constexpr double kBoldShift = kPdfBoldStroke / 2;
 
+// How far a letter may stand from its place in the layout, in twips.
+constexpr double kMostDrift = 0.75;
+
+// Whether the second rectangle goes on where the first one ends, to the right or downwards.
+bool joins(const DotRect& first, const DotRect& second) {
+  const bool sameRow = first.top == second.top && first.bottom == second.bottom;
+  const bool sameColumn = first.left == second.left && first.right == second.right;
+  return (sameRow && first.left <= second.left && second.left <= first.right) ||
+         (sameColumn && first.top <= second.top && second.top <= first.bottom);
+}
+
 }  // namespace
 
 class PdfCanvas::TextPainter {
@@ -29,13 +41,15 @@ class PdfCanvas::TextPainter {
       : canvas_(canvas),
         run_(run),
         piece_(canvas.piece_),
+        steps_(canvas.steps_),
+        boxes_(canvas.boxes_),
         unit_(canvas.twipsPerUnit()),
         cos_(std::cos(run.angle)),
         sin_(std::sin(run.angle)) {
     const double stretch = 100 * run.font.widthScale();
     const double across = unit_.x / unit_.y;
     style_.size = run.font.emSize() * unit_.y;
-    style_.spacing = run.characterExtra * unit_.y / run.font.widthScale();
+    most_drift_ = kMostDrift * 1000 / (run.font.emSize() * run.font.widthScale() * unit_.x);
     if (run.record.Escapement == 0) {
       style_.stretch = stretch * across;
     } else {
@@ -49,15 +63,21 @@ class PdfCanvas::TextPainter {
     for (std::size_t i = 0; i < glyphs.size(); ++i) {
       const FontFace& face = *glyphs[i].face;
       const auto code = canvas_.codes_.codeOf(face, glyphs[i].index, plainCharacter(run_.text[i]));
-      if (code.face != style_.face) endPiece(glyphs[i].distance);
+      const bool boxed = isBox(run_.text[i]);
+      if (code.face != style_.face || boxed != isHidden()) endPiece(glyphs[i].distance);
+      if (boxed) addBox(i);
       if (code.face == PdfGlyphCode::kNone) {
-        showOutline(glyphs[i]);
+        if (!boxed) showOutline(glyphs[i]);
         continue;
       }
       if (piece_.empty()) beginPiece(face, code.face, glyphs[i].distance);
+      if (boxed) style_.mode = PdfTextMode::hidden;
+      if (std::abs(drift_) > most_drift_) stepOn();
       piece_ += static_cast<char>(code.code);
+      drift_ += code.drift;
     }
     endPiece(run_.length);
+    fillBoxes();
   }
 
   // A line along the text, at least a dot thick.
@@ -88,8 +108,12 @@ class PdfCanvas::TextPainter {
 
   void beginPiece(const FontFace& face, std::size_t number, double distance) {
     style_.face = number;
-    style_.bold = face.style().syntheticBold;
+    style_.mode = face.style().syntheticBold ? PdfTextMode::bold : PdfTextMode::plain;
     style_.slanted = face.style().syntheticSlant;
+    style_.spacing = run_.characterExtra * unit_.y / run_.font.widthScale() +
+                     canvas_.codes_.spacingOf(face) * style_.size / 1000;
+    steps_.clear();
+    drift_ = 0;
     start_ = distance;
   }
 
@@ -99,12 +123,49 @@ class PdfCanvas::TextPainter {
     return {distance + shift, run_.font.metrics().ascent - shift};
   }
 
+  // What the widths lack so far is made up.
+  void stepOn() {
+    steps_.push_back({piece_.size(), -drift_});
+    drift_ = 0;
+  }
+
   void endPiece(double end) {
     if (piece_.empty()) return;
     const Dots pen = penAt(start_, canvas_.pages_.faces().face(style_.face));
     const Dots place = placeAt(pen.x, pen.y);
-    canvas_.content().show(place.x, place.y, style_, piece_, (end - start_) * unit_.x);
+    canvas_.content().show(place.x, place.y, style_, piece_, (end - start_) * unit_.x, steps_);
     piece_.clear();
+  }
+
+  // Frames are drawn as bitmaps draw them, so that they join, with hidden letters to be found.
+  // Shades stay letters: their dots let shine through what is below.
+  bool isBox(char32_t character) const {
+    return run_.record.Escapement == 0 && isBoxCharacter(character) && !isShade(character);
+  }
+  bool isHidden() const { return style_.mode == PdfTextMode::hidden; }
+
+  // Level lines go on in the next cell, and upright ones through the middle of theirs.
+  void addBox(std::size_t place) {
+    const BoxCharacter box(run_.text[place], boxCell(canvas_.space_, run_, place));
+    for (const DotRect& rect : box.rects()) {
+      const auto known = std::find_if(boxes_.rbegin(), boxes_.rend(),
+                                      [&rect](const DotRect& each) { return joins(each, rect); });
+      if (known == boxes_.rend()) {
+        boxes_.push_back(rect);
+      } else {
+        known->right = std::max(known->right, rect.right);
+        known->bottom = std::max(known->bottom, rect.bottom);
+      }
+    }
+  }
+
+  void fillBoxes() {
+    for (const auto& [left, top, right, bottom, coverage] : boxes_) {
+      const PageBox box =
+          canvas_.boxOnPage(DotBox{double(left), double(top), double(right), double(bottom)});
+      canvas_.content().fillRectangle(box.x, box.y, box.width, box.height);
+    }
+    boxes_.clear();
   }
 
   // What documents can't hold as a letter goes out as its shape.
@@ -127,11 +188,15 @@ class PdfCanvas::TextPainter {
   PdfCanvas& canvas_;
   const TextRun& run_;
   std::string& piece_;  // codes
+  std::vector<PdfStep>& steps_;
+  std::vector<DotRect>& boxes_;
   Dots unit_;
   double cos_;
   double sin_;
   PdfTextStyle style_;
   double start_ = 0;  // of the piece, along the text
+  double drift_ = 0;  // of its last letter, in thousandths of an em
+  double most_drift_ = 0;
 };
 
 void PdfCanvas::paintText(const TextRun& run) {

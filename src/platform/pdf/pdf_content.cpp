@@ -210,8 +210,8 @@ void PdfContent::useStyle(const PdfTextStyle& style) {
   }
   if (before.stretch != style.stretch) operate({style.stretch}, "Tz");
   if (before.spacing != style.spacing) operate({style.spacing}, "Tc");
-  if (before.bold != style.bold) operate({style.bold ? 2.0 : 0.0}, "Tr");
-  if (style.bold)
+  if (before.mode != style.mode) operate({static_cast<double>(style.mode)}, "Tr");
+  if (style.mode == PdfTextMode::bold)
     useStroke({wanted_.fill.color, std::abs(style.size) * kPdfBoldStroke, written_.stroke.cap, {}});
 }
 
@@ -251,8 +251,20 @@ void PdfContent::appendString(std::string_view codes) {
   bytes_.append(codes.substr(first)) += ')';
 }
 
+void PdfContent::appendSteps(std::string_view codes, std::span<const PdfStep> steps) {
+  bytes_ += '[';
+  std::size_t first = 0;
+  for (const PdfStep& step : steps) {
+    appendString(codes.substr(first, step.code - first));
+    appendNumber(bytes_, step.back);
+    first = step.code;
+  }
+  appendString(codes.substr(first));
+  bytes_ += ']';
+}
+
 void PdfContent::show(double x, double y, const PdfTextStyle& style, std::string_view codes,
-                      double length) {
+                      double length, std::span<const PdfStep> steps) {
   if (codes.empty()) return;
   openText();
   useStyle(style);
@@ -263,8 +275,14 @@ void PdfContent::show(double x, double y, const PdfTextStyle& style, std::string
   }
   const bool nextLine = startText(thousandths(x), thousandths(y), turn);
   markText();
-  appendString(codes);
-  bytes_ += nextLine ? "'\n" : "Tj\n";
+  if (steps.empty()) {
+    appendString(codes);
+    bytes_ += nextLine ? "'\n" : "Tj\n";
+  } else {
+    if (nextLine) bytes_ += "T*\n";
+    appendSteps(codes, steps);
+    bytes_ += "TJ\n";
+  }
   pen_x_ = thousandths(x + length);
 }
 

@@ -37,14 +37,23 @@ struct PdfTurn {
 inline constexpr double kPdfSlant = 0.2126;
 inline constexpr double kPdfBoldStroke = 1.0 / 24;
 
+// Bold is made by a stroke along the outline; hidden text is only found and copied.
+enum class PdfTextMode { plain = 0, bold = 2, hidden = 3 };
+
 struct PdfTextStyle {
   std::size_t face = 0;
   double size = 0;
-  bool bold = false;     // made by a stroke along the outline
+  PdfTextMode mode = PdfTextMode::plain;
   bool slanted = false;  // made by a slant
   double stretch = 100;  // percent of the natural width
   double spacing = 0;    // behind each character, before it is stretched
   PdfTurn turn{};
+};
+
+// A step back within a text, in thousandths of its size, before the code with this number.
+struct PdfStep {
+  std::size_t code = 0;
+  double back = 0;
 };
 
 enum class PdfPainting { stroke, fill, fillAndStroke };
@@ -92,8 +101,10 @@ class PdfContent {
   // Paints an image, by the name of its resource, in the box with this lower left corner.
   void image(const std::string& name, double x, double y, double width, double height);
 
-  // Shows codes of the style's face with the baseline starting here; they are `length` long.
-  void show(double x, double y, const PdfTextStyle& style, std::string_view codes, double length);
+  // Shows codes of the style's face with the baseline starting here; they are `length` long, with
+  // the steps, which come in the order of the codes.
+  void show(double x, double y, const PdfTextStyle& style, std::string_view codes, double length,
+            std::span<const PdfStep> steps = {});
 
   // The texts that follow are the next line. The marks of a page count from 0 over all its lines.
   void beginLine() { line_ended_ = true; }
@@ -137,6 +148,7 @@ class PdfContent {
   void useFill();
   void useStyle(const PdfTextStyle& style);
   void appendString(std::string_view codes);
+  void appendSteps(std::string_view codes, std::span<const PdfStep> steps);
   // Moves to the start of the text; true where the operator that shows it has to go to a new line.
   bool startText(std::int64_t x, std::int64_t y, const PdfTurn& turn);
 

@@ -20,6 +20,10 @@ bool canBeEmbedded(const FontFace& face) {
   return FT_IS_SFNT(face.handle()) != 0 && (hasTable(face, TTAG_glyf) || hasTable(face, TTAG_CFF));
 }
 
+double widthOf(const FontFace& face, std::uint32_t glyph) {
+  return face.advance(glyph) * 1000 / face.measures().unitsPerEm;
+}
+
 std::size_t PdfFaces::add(const FontFace& face) {
   faces_.emplace_back().face = &face;
   return faces_.size() - 1;

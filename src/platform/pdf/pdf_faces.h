@@ -27,6 +27,10 @@ class PdfFaces {
   }
   const FontFace& face(std::size_t number) const { return *faces_[number].face; }
 
+  // Readers may round the widths of letters to whole thousandths of an em, and lines drift. Where
+  // this was called the document tells whole ones: whoever shows a text makes up for the rest.
+  void useWholeWidths() { whole_widths_ = true; }
+
   // Writes the fonts and, as `dictionary`, their names. Throws FileError.
   void write(PdfFile& file, PdfId dictionary) const;
 
@@ -45,7 +49,11 @@ class PdfFaces {
   PdfId writeFace(PdfFile& file, std::size_t number) const;
 
   std::vector<Face> faces_;
+  bool whole_widths_ = false;
 };
+
+// In thousandths of an em, as documents have it.
+double widthOf(const FontFace& face, std::uint32_t glyph);
 
 // Only outlines in tables can be cut to subsets, and PDF knows those of TrueType and CFF.
 bool canBeEmbedded(const FontFace& face);

@@ -2,6 +2,7 @@
 // 9.8). A composite font with a map of one byte a code works alike for every encoding.
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <cstdio>
 #include <map>
 #include <set>
@@ -116,10 +117,11 @@ std::string descriptorOf(const FontFace& face, const std::string& name, bool has
          (hasCff ? "3 " : "2 ") + pdfReference(file) + ">>";
 }
 
-std::string widthsOf(const FontFace& face, const FontSubset& subset) {
+std::string widthsOf(const FontFace& face, const FontSubset& subset, bool whole) {
   std::map<std::uint32_t, double> widths;
   for (const auto& [glyph, place] : subset.places) {
-    widths[place] = face.advance(glyph) * 1000 / face.measures().unitsPerEm;
+    const double width = widthOf(face, glyph);
+    widths[place] = whole ? std::round(width) : width;
   }
   std::string text = "[";
   std::uint32_t next = 0;
@@ -159,10 +161,11 @@ PdfId PdfFaces::writeFace(PdfFile& file, std::size_t number) const {
       subset.hasCff ? "/Subtype/CIDFontType0C" : "/Length1 " + std::to_string(subset.bytes.size()),
       subset.bytes);
   const PdfId descriptor = file.addObject(descriptorOf(*face.face, name, subset.hasCff, program));
-  const PdfId descendant = file.addObject(
-      std::string("<</Type/Font/Subtype/CIDFontType") + (subset.hasCff ? "0" : "2") + "/BaseFont/" +
-      name + "/CIDSystemInfo" + kSystemInfo + "/FontDescriptor " + pdfReference(descriptor) +
-      (subset.hasCff ? "" : "/CIDToGIDMap/Identity") + "/W" + widthsOf(*face.face, subset) + ">>");
+  const PdfId descendant =
+      file.addObject(std::string("<</Type/Font/Subtype/CIDFontType") + (subset.hasCff ? "0" : "2") +
+                     "/BaseFont/" + name + "/CIDSystemInfo" + kSystemInfo + "/FontDescriptor " +
+                     pdfReference(descriptor) + (subset.hasCff ? "" : "/CIDToGIDMap/Identity") +
+                     "/W" + widthsOf(*face.face, subset, whole_widths_) + ">>");
 
   MapRows codes("cidchar");
   MapRows characters("bfchar");

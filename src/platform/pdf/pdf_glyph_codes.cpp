@@ -1,18 +1,31 @@
 // Handing out codes.
 #include "platform/pdf/pdf_glyph_codes.h"
 
+#include <cmath>
+
+#include "platform/fonts/font_face.h"
+
 namespace qor {
 namespace {
 
 constexpr std::size_t kCodes = 255;  // code 0 stays free
 constexpr unsigned char kFirstOther = 0x80;
 
+double lackOf(const FontFace& face, std::uint32_t glyph) {
+  const double width = widthOf(face, glyph);
+  return width - std::round(width);
+}
+
 }  // namespace
 
 PdfGlyphCodes::KnownFace& PdfGlyphCodes::known(const FontFace& face) {
   if (last_face_ == &face) return *last_;
   const auto [place, isNew] = known_.try_emplace(&face);
-  if (isNew) place->second.embeds = canBeEmbedded(face);
+  if (isNew) {
+    place->second.embeds = canBeEmbedded(face);
+    if (FT_IS_FIXED_WIDTH(face.handle()))
+      place->second.spacing = lackOf(face, face.glyphIndex(U' '));
+  }
   last_face_ = &face;
   last_ = &place->second;
   return *last_;
@@ -30,7 +43,7 @@ PdfGlyphCode PdfGlyphCodes::add(KnownFace& known, const FontFace& face, std::uin
   while (code == 0 || faces_.isDefined(known.number, code)) ++code;
   faces_.define(known.number, code, glyph, character);
   --known.free;
-  return {known.number, code};
+  return {known.number, code, lackOf(face, glyph) - known.spacing};
 }
 
 PdfGlyphCode PdfGlyphCodes::findCode(const FontFace& face, std::uint32_t glyph,

@@ -1,4 +1,5 @@
-// The codes of glyphs in a document: handed out as the pages ask for them.
+// The codes of glyphs in a document: handed out as the pages ask for them. The document tells whole
+// widths; what they lack is told here, in thousandths of an em.
 #pragma once
 
 #include <array>
@@ -14,12 +15,13 @@ struct PdfGlyphCode {
 
   std::size_t face = kNone;  // of PdfFaces
   unsigned char code = 0;
+  double drift = 0;  // how much wider it is than the document tells and the face's spacing makes up
 };
 
 class PdfGlyphCodes {
  public:
   // The faces must live as long.
-  explicit PdfGlyphCodes(PdfFaces& faces) : faces_(faces) {}
+  explicit PdfGlyphCodes(PdfFaces& faces) : faces_(faces) { faces.useWholeWidths(); }
 
   // The code of a character's glyph; the same character of a face always has the same glyph. None
   // for the mark of missing characters, which documents for archives must not show, and for faces
@@ -32,11 +34,15 @@ class PdfGlyphCodes {
     return findCode(face, glyph, character);
   }
 
+  // The same lack of all letters of a fixed pitch, which a space behind each makes up; else 0.
+  double spacingOf(const FontFace& face) { return known(face).spacing; }
+
  private:
   static constexpr std::size_t kAscii = 128;
 
   struct KnownFace {
     bool embeds = false;
+    double spacing = 0;
     std::size_t number = 0;  // where codes are still free
     std::size_t free = 0;    // of them
     std::array<PdfGlyphCode, kAscii> ascii;

@@ -53,6 +53,13 @@ std::string colorsOf(const PlainPng& png) {
          hexText(png.palette) + "]";
 }
 
+// Whether the start of a stream shrinks by more than an eighth.
+bool canBePacked(std::string_view stream) {
+  constexpr std::size_t kLook = 32768;
+  const std::string_view start = stream.substr(0, kLook);
+  return Compressor(1).zlib(start).size() < start.size() - start.size() / 8;
+}
+
 }  // namespace
 
 const PdfImage* PdfImages::add(const StoredPicture& picture) {
@@ -67,7 +74,9 @@ const PdfImage* PdfImages::add(const StoredPicture& picture) {
 // 0 where there is nothing to be written.
 PdfId PdfImages::write(const StoredPicture& picture) {
   if (const auto file = picture.jpeg()) return writeJpeg(*file, picture);
-  if (const auto file = picture.png()) return writePng(*file);
+  if (const auto file = picture.png()) {
+    if (const PdfId object = writePng(*file)) return object;
+  }
   const auto pixels = picture.pixels();
   return pixels ? writePixels(*pixels) : 0;
 }
@@ -82,12 +91,14 @@ PdfId PdfImages::writeJpeg(const std::string& file, const StoredPicture& picture
   return object;
 }
 
-// Its rows are compressed as the engine's filter has them (7.4.4.4).
+// Its rows are compressed as the engine's filter has them (7.4.4.4). 0 where they could be
+// compressed better.
 PdfId PdfImages::writePng(const std::string& file) {
   const auto png = readPlainPng(file);
   if (!png) return 0;
   std::string data;
   for (const std::string_view piece : png->data) data += piece;
+  if (canBePacked(data)) return 0;
   const PdfId object = file_.reserve();
   file_.writePlainStream(object,
                          entries(png->width, png->height, colorsOf(*png), png->bits) +

@@ -65,9 +65,11 @@ PdfPoint PdfDocument::showAt(PdfPoint place, std::string_view text) {
   while (!text.empty()) {
     const Piece piece = takePiece(text);
     const FaceStyle style = fonts_->styleOf(piece.face);
-    content().show(place.x, place.y,
-                   {piece.face, state_.size, style.syntheticBold, style.syntheticSlant},
-                   piece.codes, piece.length);
+    content().show(
+        place.x, place.y,
+        {piece.face, state_.size, style.syntheticBold ? PdfTextMode::bold : PdfTextMode::plain,
+         style.syntheticSlant},
+        piece.codes, piece.length);
     place.x += piece.length;
   }
   return place;

@@ -1,7 +1,7 @@
 // The chunks of a PNG file (ISO/IEC 15948, 5.3 and 11.2).
 #include "platform/pictures/plain_png.h"
 
-#include <cstdint>
+#include <utility>
 
 #include "platform/pictures/picture_codecs.h"
 
@@ -27,16 +27,6 @@ bool takeHeader(std::string_view header, PlainPng& png) {
          png.bits <= 8;
 }
 
-// Whether at least an eighth was saved.
-bool isCompressed(const PlainPng& png) {
-  std::uint64_t size = 0;
-  for (const std::string_view piece : png.data) size += piece.size();
-  const std::uint64_t rowBits =
-      static_cast<std::uint64_t>(png.width) * static_cast<std::uint64_t>(png.samples * png.bits);
-  const std::uint64_t samples = (rowBits + 7) / 8 * static_cast<std::uint64_t>(png.height);
-  return size <= samples - samples / 8;
-}
-
 }  // namespace
 
 std::optional<PlainPng> readPlainPng(std::string_view file) {
@@ -54,7 +44,7 @@ std::optional<PlainPng> readPlainPng(std::string_view file) {
     if (type == "IDAT") png.data.push_back(data);
     file.remove_prefix(length + kChunkFrame);
   }
-  return png.width > 0 && isCompressed(png) ? std::optional(std::move(png)) : std::nullopt;
+  return png.data.empty() ? std::nullopt : std::optional(std::move(png));
 }
 
 }  // namespace qor

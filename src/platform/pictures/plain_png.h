@@ -17,7 +17,7 @@ struct PlainPng {
 };
 
 // Nothing where the file is none, has a transparent colour, is interlaced or of more than eight
-// bits, or is hardly compressed.
+// bits.
 std::optional<PlainPng> readPlainPng(std::string_view file);
 
 }  // namespace qor

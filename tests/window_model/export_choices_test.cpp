@@ -70,7 +70,7 @@ TEST(ExportChoices, showWhatIsStoredAndKeepTheOtherBoxes) {
       EXPECT_EQ(choices.format, 4);
       EXPECT_EQ(choices.sheetType, 0);
       EXPECT_TRUE(choices.tabSeparates && !choices.separatorsEnabled && !choices.separatorEnabled);
-      ViewState left = stateOf("", kind, 6);
+      ViewState left = stateOf("111111111", kind, 6);
       storeChoices(choices, left);
       EXPECT_EQ(flagsOf(left), boxes);
       EXPECT_EQ(left, stateOf(boxes, kind)) << "format and flags, and nothing else";

@@ -1,12 +1,8 @@
 // What cleaning up behind a report in a window deletes, and what it never does.
-#include <filesystem>
-
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include "app/side_files.h"
-#include "support/report_reader.h"
-#include "support/rows.h"
+#include "support/test.h"
 #include "window_model/mail_list.h"
 
 namespace qor::test {

@@ -1,12 +1,8 @@
 // The option parser: parameter strings to options.
 #include "app/command_line.h"
 
-#include <gtest/gtest.h>
-
 #include "platform/system/locale.h"
-#include "support/report_reader.h"
-#include "support/rows.h"
-#include "support/variable.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {
@@ -110,8 +106,7 @@ TEST_F(CommandLineTest, fillsTheOptions) {
               "-caption X -h => stop told caption=X",
               " => "))
     EXPECT_EQ(parsed(parameters), expected) << parameters;
-  std::string letters;
-  for (int i = 0; i < 300; ++i) letters += "Ж";
+  const std::string letters = times(300, "Ж");
   EXPECT_EQ(parsed("-i s.vset#" + letters),
             "preview ini=@s.vset set=" + letters.substr(0, 255 * std::string("Ж").size()));
 }

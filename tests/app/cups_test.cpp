@@ -1,16 +1,11 @@
 // What only a real scheduler can show of printing: tickets, sheets of drivers, and its failures.
 #include <chrono>
-#include <filesystem>
 #include <thread>
-
-#include <gtest/gtest.h>
 
 #include "base/run_options.h"
 #include "platform/print/print_system.h"
 #include "support/cups_scheduler.h"
-#include "support/pdf_reader.h"
-#include "support/report_reader.h"
-#include "support/variable.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

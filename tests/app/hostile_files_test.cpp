@@ -1,13 +1,9 @@
 // Links, pipes, dead runs and closed streams in the way of a run.
 #include <csignal>
-#include <filesystem>
 #include <thread>
 
-#include <gtest/gtest.h>
-
 #include "barcode/barcode_picture.h"
-#include "support/program.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {
@@ -34,8 +30,7 @@ TEST(Links, thatNobodyNamedAreReplaced) {
     SCOPED_TRACE(options.back());
     const TemporaryDirectory place;
     place.write("r.txt", kDrawn + "\f" + kDrawn);
-    Names command = {"-f", "r.txt"};
-    command.insert(command.end(), options.begin(), options.end());
+    const Names command = joined({"-f", "r.txt"}, options);
     runViewer(command, in(place));
     const Names made = place.names();
     EXPECT_GT(made.size(), 2U);
@@ -83,9 +78,7 @@ TEST(Links, thatAreTheTargetAreFollowed) {
 class UnfinishedRun : public testing::Test {
  protected:
   UnfinishedRun() {
-    std::string report;
-    for (int i = 0; i < 40000; ++i) report += "line of the report\r\n\f";
-    place_.write("r.txt", report);
+    place_.write("r.txt", times(40000, "line of the report\r\n\f"));
     place_.write("o.pdf", "old");
   }
 
@@ -101,10 +94,7 @@ class UnfinishedRun : public testing::Test {
   }
 
   Outcome endBy(int signal, const Names& before = {}) const {
-    Names command = before;
-    for (const std::string& word : viewer({"-f", "r.txt", "-export", "o.pdf", "-dd"}))
-      command.push_back(word);
-    Process run(command, in(place_));
+    Process run(joined(before, viewer({"-f", "r.txt", "-export", "o.pdf", "-dd"})), in(place_));
     EXPECT_NE(waitForFile(run), "");
     run.signal(signal);
     return run.wait();
@@ -170,9 +160,8 @@ TEST(Memory, thatIsNotThereIsTold) {
   const TemporaryDirectory place;
   place.write("r.txt", std::string(200'000'000, 'A'));
   const auto within = [&](const Names& options) {
-    Names command = {"prlimit", "--as=200000000", QOR_PROGRAM, "-f", "r.txt"};
-    command.insert(command.end(), options.begin(), options.end());
-    return run(command, in(place));
+    return run(joined({"prlimit", "--as=200000000", QOR_PROGRAM, "-f", "r.txt"}, options),
+               in(place));
   };
   expectTold(within({"-export", "o.txt"}), "r.txt: not enough memory to export it to o.txt");
   expectTold(within({"-g", "-p", kPdfPrinter}), "r.txt: not enough memory to print it", 254);

@@ -1,12 +1,7 @@
 // The program from outside: arguments in, files, exit code and messages out.
-#include <array>
-#include <filesystem>
-
-#include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "support/program.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {
@@ -164,17 +159,14 @@ Outcome runUnprivileged(const std::vector<std::string>& arguments, const Surroun
   const TemporaryDirectory home;
   fs::copy_file(QOR_PROGRAM, home.path("viewer"));
   fs::permissions(home.path(), fs::perms(0755));
-  std::vector<std::string> command = {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups",
-                                      home.path("viewer")};
-  command.insert(command.end(), arguments.begin(), arguments.end());
-  return run(command, withoutLeakCheck(around));
+  const std::vector<std::string> command = {"setpriv", "--reuid=65534", "--regid=65534",
+                                            "--clear-groups", home.path("viewer")};
+  return run(joined(command, arguments), withoutLeakCheck(around));
 }
 
 TEST(FailedExport, leavesEverythingAsItWas) {
   const TemporaryDirectory place;
-  std::string report;
-  for (int i = 0; i < 10000; ++i) report += "line of the report\r\n";
-  place.write("r.txt", report);
+  place.write("r.txt", times(10000, "line of the report\r\n"));
   place.write("r_1.jpeg", "side");
   for (const char* name : {"old.txt", "old.html", "old.bmp", "old.png", "locked.txt", "locked.png",
                            "taken.txt/inside", "taken.bmp/inside"})

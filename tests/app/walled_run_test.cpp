@@ -1,14 +1,7 @@
 // Runs behind the wall do what runs without it do.
-#include <filesystem>
-#include <fstream>
-
-#include <gtest/gtest.h>
-
 #include "support/cups_scheduler.h"
 #include "support/page_picture.h"
-#include "support/pdf_reader.h"
-#include "support/program.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {
@@ -17,12 +10,6 @@ namespace fs = std::filesystem;
 using Texts = std::vector<std::string>;
 
 const fs::path kSamples = fs::path(QOR_SOURCE_DIR) / "samples";
-
-std::string without(const std::string& part, std::string text) {
-  for (auto place = text.find(part); place != std::string::npos; place = text.find(part, place))
-    text.erase(place, part.size());
-  return text;
-}
 
 // The files of a directory with their bytes, but for the time that print jobs bear and the
 // directory that links hold.
@@ -50,14 +37,13 @@ Left leftBy(const Texts& program, const std::string& sample, const Texts& argume
   fs::copy(kSamples / "pictures", place.path("pictures"), fs::copy_options::recursive);
   fs::copy(kSamples / sample, place.path(sample));
   fs::create_directory(place.path("out"));
-  Texts command = program;
-  command.insert(command.end(), arguments.begin(), arguments.end());
   Surroundings around = in(place);
   around.environment = {{"SOURCE_DATE_EPOCH", "1"},
                         {"QOR_ANSI_CODEPAGE", "1251"},
                         {"QOR_PICTURE_PATH", place.path("pictures")}};
   Left done;
-  done.told = without(place.path(), run(command, withoutLeakCheck(around)).told());
+  done.told =
+      without(place.path(), run(joined(program, arguments), withoutLeakCheck(around)).told());
   done.files = filesOf(place);
   return done;
 }
@@ -72,8 +58,7 @@ TEST(WalledRun, putsOutTheSameBytes) {
          wordsOf("txt html rtf doc pdf xls xlsx csv bmp jpeg gif ico png"))
       ends.push_back({"-export", "out/r." + extension});
     for (const Texts& end : ends) {
-      Texts arguments = {"-f", sample, "-codepage", line.substr(tab + 1)};
-      arguments.insert(arguments.end(), end.begin(), end.end());
+      const Texts arguments = joined({"-f", sample, "-codepage", line.substr(tab + 1)}, end);
       SCOPED_TRACE(sample + " " + end.back());
       const Left walled = leftBy({QOR_PROGRAM}, sample, arguments);
       const Left bare = leftBy({QOR_WALL_PROBE, "run"}, sample, arguments);
@@ -94,9 +79,7 @@ TEST(WalledRun, standsInTheProgramAndNotInItsTwin) {
   const Texts arguments = wordsOf("-f r.txt -export r.pdf");
   for (const auto& [program, mark] :
        {std::pair{Texts{QOR_PROGRAM}, "2"}, {{QOR_WALL_PROBE, "run"}, "0"}}) {
-    Texts command = program;
-    command.insert(command.end(), arguments.begin(), arguments.end());
-    Process process(command, in(place));
+    Process process(joined(program, arguments), in(place));
     // What it writes stands beside its target by then.
     std::string seen;
     bool reads = false;

@@ -1,12 +1,9 @@
 // Barcodes as items of a page: drawn alike however often, and never missing without a word.
-#include <gtest/gtest.h>
-
 #include "barcode/barcode_picture.h"
 #include "platform/pictures/picture.h"
 #include "render/page_walk.h"
-#include "support/program.h"
 #include "support/recording_canvas.h"
-#include "support/report_reader.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

@@ -1,12 +1,9 @@
 // Symbols of each symbology as a reader takes them, and the rules of values.
-
 #include <ZXing/ReadBarcode.h>
-#include <gtest/gtest.h>
 
 #include "barcode/vbarcodecalc.h"
-#include "base/errors.h"
 #include "document/vdata.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

@@ -1,12 +1,8 @@
 // Drawn symbols, read back by a program, and where their parts stand.
-
-#include <gtest/gtest.h>
-
 #include "barcode/symbol_drawing.h"
 #include "barcode/symbol_layout.h"
-#include "support/program.h"
 #include "support/recording_canvas.h"
-#include "support/report_reader.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {
@@ -52,12 +48,6 @@ TEST(Symbols, areReadBackInEveryOrientation) {
   }
 }
 
-std::size_t count(const std::string& text, const std::string& part) {
-  std::size_t found = 0;
-  for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++found;
-  return found;
-}
-
 TEST(Symbols, areLaidOutByTheirKeys) {
   // Module, step, start, length of the bars, row of the text. The box goes from 1000,2000 to
   // 2900,3000; EAN-13 has 113 modules with its quiet zones; 0.33 mm are 18.7087 twips.
@@ -88,10 +78,10 @@ TEST(Symbols, guardsReachIntoTheTextBelowOnly) {
   const std::string below = drawn(box + "value_show=1/>");
   // 1899 twips give modules of 16; the text row is 133 high, so bars end at 1000 and guards 80
   // later.
-  EXPECT_EQ(count(below, ",1000 pen"), 24U);
-  EXPECT_EQ(count(below, ",1080 pen"), 6U);
-  EXPECT_EQ(count(drawn(box + "value_show=1 value_pos=0/>"), ",1133 pen"), 30U);
-  EXPECT_EQ(count(drawn(box + "/>"), ",1133 pen"), 30U);
+  EXPECT_EQ(countOf(",1000 pen", below), 24U);
+  EXPECT_EQ(countOf(",1080 pen", below), 6U);
+  EXPECT_EQ(countOf(",1133 pen", drawn(box + "value_show=1 value_pos=0/>")), 30U);
+  EXPECT_EQ(countOf(",1133 pen", drawn(box + "/>")), 30U);
   // The leading digit stands one width of the last label before the first guard.
   EXPECT_EQ(below.substr(0, below.find(" \"5\"")), "text 176,1008");
 }
@@ -113,7 +103,7 @@ TEST(Symbols, labelsStandUnderTheirBars) {
     const std::string record = drawn("<barcode " + place + keys + "/>");
     EXPECT_NE(record.find("text " + std::string(label) + " color ff\n"), std::string::npos)
         << record;
-    EXPECT_EQ(count(record, " brush 1 800000\n"), count(record, "rectangle"));
+    EXPECT_EQ(countOf(" brush 1 800000\n", record), countOf("rectangle", record));
   }
 }
 

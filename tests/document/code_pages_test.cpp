@@ -1,10 +1,7 @@
 // The built-in code pages against the system's own tables, and those from files.
-
-#include <gtest/gtest.h>
-
 #include "document/code_page.h"
 #include "platform/system/text_encoding.h"
-#include "support/program.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

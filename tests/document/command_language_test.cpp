@@ -1,11 +1,6 @@
 // What the lines of a report hold: texts, style tags, item tags.
-#include <array>
-
-#include <gtest/gtest.h>
-
 #include "document/colors.h"
-#include "support/report_reader.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {
@@ -205,10 +200,8 @@ TEST(CommandLanguage, linesEndAsOnALinePrinter) {
 }
 
 TEST(CommandLanguage, hostileLinesAreReadInOnePass) {
-  std::string nested;
-  for (int i = 0; i < 600000; ++i) nested += i < 300000 ? "<b>" : i == 300000 ? "x" : "<i/>";
-  std::string words = "<text ";
-  for (int i = 0; i < 400000; ++i) words += "\"a b\" c ";
+  const std::string nested = times(300000, "<b>") + "x" + times(299999, "<i/>");
+  const std::string words = "<text " + times(400000, "\"a b\" c ");
   const std::string many(1999999, '<');
   for (const auto& [line, items] :
        {std::pair{nested, std::string("line\n  text \"x\" weight=700\n")},

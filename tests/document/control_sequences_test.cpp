@@ -3,11 +3,8 @@
 
 #include <cctype>
 
-#include <gtest/gtest.h>
-
 #include "document/vset.h"
-#include "support/report_reader.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

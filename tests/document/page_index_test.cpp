@@ -1,10 +1,5 @@
 // From the bytes of a report to its pages.
-
-#include <gtest/gtest.h>
-
-#include "base/errors.h"
-#include "support/report_reader.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {
@@ -122,8 +117,7 @@ TEST_F(PageIndexTest, findsTheFirstPageAtOnce) {
 }
 
 TEST_F(PageIndexTest, readsTheHead) {
-  std::string resets;
-  for (int i = 0; i < 600; ++i) resets += "\033E";
+  const std::string resets = times(600, "\033E");
   // The width of the base font in percent, and the length of the head.
   for (const auto& [bytes, expected] : rowsOf(
            resets.substr(0, 1022) + "X => 150 1022|" + resets +
@@ -141,11 +135,6 @@ TEST_F(PageIndexTest, readsTheHead) {
 }
 
 TEST_F(PageIndexTest, refusesPagesThatHoldTooMuchAndNamesThem) {
-  const auto times = [](std::size_t count, std::string_view text) {
-    std::string all;
-    for (std::size_t i = 0; i < count; ++i) all += text;
-    return all;
-  };
   constexpr std::size_t kMost = 4'000'000;
   constexpr std::uint64_t kLongest = 256U << 20;
   struct Row {
@@ -182,11 +171,6 @@ TEST_F(PageIndexTest, refusesPagesThatHoldTooMuchAndNamesThem) {
 
 TEST_F(PageIndexTest, selectsPagesByList) {
   // The first page is not selected before. "?" stands for a list that is refused.
-  const auto times = [](int count, const std::string& entry) {
-    std::string text;
-    for (int i = 0; i < count; ++i) text += entry;
-    return text;
-  };
   auto rows = rowsOf(
       "2 2|1,3-5 1345|5-3 |9 |4-99 456|6,6,1 16|1,x ?23456|1,,2 ?23456|1-x ?23456|"
       "1;2 ?23456");

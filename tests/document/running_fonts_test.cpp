@@ -2,11 +2,8 @@
 // often.
 #include <random>
 
-#include <gtest/gtest.h>
-
 #include "support/recording_canvas.h"
-#include "support/report_reader.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

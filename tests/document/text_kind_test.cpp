@@ -1,11 +1,8 @@
 // Texts that were not written by the report generator: how they are recognised and read.
 #include "document/text_kind.h"
 
-#include <gtest/gtest.h>
-
 #include "document/code_page.h"
-#include "support/report_reader.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

@@ -1,16 +1,10 @@
 // Exports as whoever starts them sees them: progress, stopping, and what they leave alone.
 #include "export/export_task.h"
 
-#include <filesystem>
-#include <fstream>
-
-#include <gtest/gtest.h>
-
 #include "export/export_formats.h"
 #include "platform/print/pdf_file_printer.h"
 #include "settings/printers.h"
-#include "support/pdf_reader.h"
-#include "support/report_reader.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

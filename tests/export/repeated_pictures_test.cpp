@@ -1,14 +1,9 @@
 // Pictures that reports show again and again, in the documents of both roads to PDF.
-
 #include <set>
-
-#include <gtest/gtest.h>
 
 #include "support/image_magick.h"
 #include "support/page_picture.h"
-#include "support/pdf_reader.h"
-#include "support/program.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {
@@ -57,8 +52,7 @@ TEST(RepeatedPictures, areInTheDocumentOnce) {
   for (const auto& [way, pdf] : {std::pair{"-export r.pdf", "r.pdf"}, {"-g", "r(print).pdf"}}) {
     SCOPED_TRACE(way);
     auto arguments = wordsOf(std::string("-f r.txt -codepage 1251 ") + way);
-    if (std::string(way) == "-g")
-      arguments.insert(arguments.end(), {"-p", "Microsoft Print to PDF"});
+    if (std::string(way) == "-g") arguments = joined(arguments, {"-p", "Microsoft Print to PDF"});
     expectTold(runViewer(arguments, in(place)), "");
     const auto images = imagesOf(place.path(pdf));
     ASSERT_EQ(images.size(), 2U);

@@ -1,18 +1,12 @@
 // Text and HTML exports, byte for byte, by the program from outside.
-
-#include <filesystem>
-
-#include <gtest/gtest.h>
-
-#include "support/program.h"
-#include "support/rows.h"
+#include "support/exporting.h"
 
 namespace qor::test {
 namespace {
 
 // Exports and gives the target's bytes. The report's directory is the current one and also holds a
 // picture of 3 by 2 pixels and a set file.
-class TextHtmlTest : public testing::Test {
+class TextHtmlTest : public Exporting {
  protected:
   TextHtmlTest() {
     std::string picture("BM\x4E\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\3\0\0\0\2\0\0\0\1\0\x18\0", 30);
@@ -27,10 +21,7 @@ class TextHtmlTest : public testing::Test {
   std::string exported(const std::string& report, const std::string& target,
                        const std::vector<std::string>& options = {},
                        const std::map<std::string, std::string>& environment = {}) {
-    place_.write("r.txt", report);
-    std::vector<std::string> arguments = {"-f", "r.txt", "-export", target};
-    arguments.insert(arguments.end(), options.begin(), options.end());
-    expectTold(runViewer(arguments, {place_.path(), environment, 0}), "");
+    expectTold(exportTo(target, report, options, {{}, environment, 0}), "");
     return place_.read(target);
   }
 
@@ -40,8 +31,6 @@ class TextHtmlTest : public testing::Test {
     const auto start = html.find("<pre>\r\n") + 7;
     return html.substr(start, html.find("\r\n</pre>\r\n") - start);
   }
-
-  TemporaryDirectory place_;
 };
 
 const std::string kEnd = "\f\r\n\x1A\r\n";

@@ -1,13 +1,9 @@
 // Languages: whole rows, their order, and which of them a code page selects.
 #include "language/language.h"
 
-#include <algorithm>
 #include <bit>
 
-#include <gtest/gtest.h>
-
-#include "base/app_options.h"
-#include "support/report_reader.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

@@ -1,12 +1,10 @@
 // Shapes and images as they reach the canvas.
-#include <gtest/gtest.h>
-
 #include "platform/pictures/picture.h"
 #include "render/path_ellipsis.h"
 #include "support/page_picture.h"
 #include "support/picture_file.h"
 #include "support/recording_canvas.h"
-#include "support/report_reader.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

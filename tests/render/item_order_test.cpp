@@ -1,10 +1,7 @@
 // Items that don't overlap look alike in whatever order they are drawn: none leaves a pen, a clip,
 // a font, a dash or a wrong glyph of a cache to those behind it.
-#include <gtest/gtest.h>
-
 #include "support/page_picture.h"
-#include "support/program.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

@@ -3,12 +3,9 @@
 // character 120 wide; with a cell of 200 twips a character is 106 wide.
 #include "render/page_walk.h"
 
-#include <gtest/gtest.h>
-
 #include "document/vcommand.h"
 #include "support/recording_canvas.h"
-#include "support/report_reader.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

@@ -1,11 +1,6 @@
 // Shapes and pictures as dots of a page: hatches, dashes, widths, corners, colours.
-#include <algorithm>
-
-#include <gtest/gtest.h>
-
 #include "support/page_picture.h"
-#include "support/program.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

@@ -1,11 +1,9 @@
 // Text as dots of a page: strokes, faces made bold or slanted, lines and blocks.
 #include <cmath>
 
-#include <gtest/gtest.h>
-
 #include "platform/system/text_encoding.h"
 #include "support/page_picture.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

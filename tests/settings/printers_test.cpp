@@ -1,15 +1,12 @@
 // Printers in front of a print system made up: device modes, lists, the tree and the scale.
 #include "settings/printers.h"
 
-#include <algorithm>
-
-#include <gtest/gtest.h>
-
 #include "platform/canvas/canvas.h"
 #include "settings/print_scale.h"
 #include "settings/printer_lists.h"
 #include "settings/printer_tree.h"
 #include "support/made_up_printers.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

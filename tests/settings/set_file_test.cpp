@@ -1,17 +1,8 @@
 // Settings sets in their file.
-#include <algorithm>
-#include <array>
-
-#include <gtest/gtest.h>
-
-#include "base/errors.h"
 #include "document/vset.h"
 #include "settings/number_text.h"
 #include "settings/set_lines.h"
-#include "support/program.h"
-#include "support/report_reader.h"
-#include "support/rows.h"
-#include "support/variable.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

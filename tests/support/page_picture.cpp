@@ -7,18 +7,17 @@
 #include "platform/print/pdf_file_printer.h"
 #include "support/pdf_reader.h"
 #include "support/program.h"
+#include "support/rows.h"
 
 namespace qor::test {
 
 Picture pageBy(Road road, const TemporaryDirectory& place, const std::string& report,
                const std::string& codePage, int page) {
   place.write("r.txt", report);
-  std::vector<std::string> line = {"-f", "r.txt", "-codepage", codePage};
-  if (road == Road::print)
-    line.insert(line.end(), {"-g", "-p", kPdfFilePrinter});
-  else
-    line.insert(line.end(), {"-export", road == Road::picture ? "r.png" : "r.pdf"});
-  const Outcome outcome = runViewer(line, {.directory = place.path()});
+  const std::vector<std::string> ways[] = {
+      {"-export", "r.png"}, {"-g", "-p", kPdfFilePrinter}, {"-export", "r.pdf"}};
+  const auto& way = ways[static_cast<int>(road)];
+  const Outcome outcome = runViewer(joined({"-f", "r.txt", "-codepage", codePage}, way), in(place));
   // A PDF tells what it shows otherwise.
   const bool mayTell = road == Road::document;
   if (!mayTell && !outcome.errors.empty()) throw std::runtime_error(outcome.errors);

@@ -82,9 +82,7 @@ void expectTold(const Outcome& outcome, const std::string& text, int exitCode) {
 }
 
 std::vector<std::string> viewer(const std::vector<std::string>& arguments) {
-  std::vector<std::string> command = {QOR_PROGRAM};
-  command.insert(command.end(), arguments.begin(), arguments.end());
-  return command;
+  return joined({QOR_PROGRAM}, arguments);
 }
 
 }  // namespace qor::test

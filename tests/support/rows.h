@@ -1,10 +1,11 @@
-// Short tables as text: rows between "|", each of two texts with a blank or other mark between
-// them.
+// Texts: short tables of rows between "|", each of two texts with a blank or other mark between
+// them; texts again and again, and parts of them.
 #pragma once
 
 #include <iterator>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -31,6 +32,30 @@ inline std::vector<std::pair<std::string, std::string>> rowsOf(const std::string
 inline std::vector<std::string> wordsOf(const std::string& text) {
   std::istringstream in(text);
   return {std::istream_iterator<std::string>(in), {}};
+}
+
+inline std::vector<std::string> joined(std::vector<std::string> words,
+                                       const std::vector<std::string>& more) {
+  words.insert(words.end(), more.begin(), more.end());
+  return words;
+}
+
+inline std::string times(std::size_t count, std::string_view text) {
+  std::string all;
+  while (count-- > 0) all += text;
+  return all;
+}
+
+inline std::size_t countOf(std::string_view part, std::string_view text) {
+  std::size_t count = 0;
+  for (auto at = text.find(part); at != text.npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+inline std::string without(std::string_view part, std::string text) {
+  for (auto at = text.find(part); at != text.npos; at = text.find(part, at))
+    text.erase(at, part.size());
+  return text;
 }
 
 }  // namespace qor::test

@@ -3,11 +3,8 @@
 #include "window_model/edit_rules.h"
 
 #include <cmath>
-#include <map>
 
-#include <gtest/gtest.h>
-
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

@@ -1,8 +1,7 @@
 // What the export dialog shows, remembers and tells exporters.
 #include "window_model/export_choices.h"
 
-#include <gtest/gtest.h>
-
+#include "support/test.h"
 #include "window_model/view_state.h"
 
 namespace qor::test {
@@ -44,24 +43,17 @@ ViewState stateOf(const std::string& flags, PreviewKind kind = kWideView, int fo
 }
 
 TEST(ExportChoices, showWhatIsStoredAndKeepTheOtherBoxes) {
-  struct Row {
-    const char* stored;
-    const char* before;  // in the boxes
-    const char* shown;
-    const char* mailed;
-  };
-  const Row rows[] = {{"000000000", "000000000", "000100000", "000100000"},
-                      {"100000000", "000000000", "100100000", "100100000"},
-                      {"010000000", "000000000", "010100000", "010100000"},
-                      {"001000000", "000000000", "001100000", "001000000"},
-                      {"000010000", "000000000", "000110000", "000010000"},
-                      {"000001000", "000000000", "000101000", "000001000"},
-                      {"000000100", "000000000", "000100100", "000000100"},
-                      {"000000010", "000000000", "000100010", "000100010"},
-                      {"000000001", "000000000", "000100001", "000100001"},
-                      {"000000000", "101011110", "101111110", "000100000"},
-                      {"111111111", "000000000", "111111111", "111111111"}};
-  for (const auto& [stored, before, shown, mailed] : rows) {
+  // What is stored, what was in the boxes before, what they show, and what is mailed.
+  for (const std::string& row :
+       linesOf("000000000 000000000 000100000 000100000|100000000 000000000 100100000 100100000|"
+               "010000000 000000000 010100000 010100000|001000000 000000000 001100000 001000000|"
+               "000010000 000000000 000110000 000010000|000001000 000000000 000101000 000001000|"
+               "000000100 000000000 000100100 000000100|000000010 000000000 000100010 000100010|"
+               "000000001 000000000 000100001 000100001|000000000 101011110 101111110 000100000|"
+               "111111111 000000000 111111111 111111111",
+               '|')) {
+    const auto words = wordsOf(row);
+    const std::string &stored = words[0], &before = words[1], &shown = words[2], &mailed = words[3];
     for (const PreviewKind kind : {kNormalView, kWideView}) {
       const ViewState state = stateOf(stored, kind);
       ExportChoices choices;
@@ -78,7 +70,7 @@ TEST(ExportChoices, showWhatIsStoredAndKeepTheOtherBoxes) {
       EXPECT_EQ(choices.format, 4);
       EXPECT_EQ(choices.sheetType, 0);
       EXPECT_TRUE(choices.tabSeparates && !choices.separatorsEnabled && !choices.separatorEnabled);
-      ViewState left = stateOf("", kind, 6);
+      ViewState left = stateOf("111111111", kind, 6);
       storeChoices(choices, left);
       EXPECT_EQ(flagsOf(left), boxes);
       EXPECT_EQ(left, stateOf(boxes, kind)) << "format and flags, and nothing else";

@@ -1,10 +1,8 @@
 // The names that the export dialog proposes.
 #include "window_model/export_names.h"
 
-#include <gtest/gtest.h>
-
 #include "export/export_formats.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

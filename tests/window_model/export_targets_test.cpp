@@ -1,13 +1,11 @@
 // Where exports go, what stands in their way, and what is said of it.
 #include "window_model/export_targets.h"
 
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include "export/export_formats.h"
 #include "language/language.h"
-#include "support/report_reader.h"
-#include "support/rows.h"
+#include "support/test.h"
 #include "window_model/export_words.h"
 
 namespace qor::test {
@@ -34,11 +32,7 @@ class ExportTargets : public testing::Test {
     std::string text = faultText(found);
     for (const std::string& file : found.existing) text += file + " ";
     // Long names may be broken.
-    for (const std::string& part : {std::string("\u200B"), place_.path("")}) {
-      for (auto at = text.find(part); at != std::string::npos; at = text.find(part))
-        text.erase(at, part.size());
-    }
-    return text;
+    return without("\u200B", without(place_.path(""), text));
   }
   std::string at(const std::string& name) const { return place_.path(name); }
 
@@ -136,8 +130,7 @@ TEST_F(ExportTargets, areSpokenOfInTheLanguageThatIsDue) {
                                                {1254, "a dosyası oluşturuldu!"},
                                                {866, "File was created!"}};
   for (const auto& [codePage, expected] : rows) EXPECT_EQ(exportedText("a", codePage), expected);
-  std::string part;
-  for (int i = 0; i < 50; ++i) part += "ж";
+  const std::string part = times(50, "ж");
   EXPECT_EQ(exportedText(part + part, 1252), part + part + " File was created!");
   EXPECT_EQ(exportedText(part + part + "ж", 1252),
             part + "\u200B" + part + "\u200Bж\u200B File was created!");

@@ -1,9 +1,7 @@
 // What is told of the speed of long jobs.
 #include "window_model/job_speed.h"
 
-#include <tuple>
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

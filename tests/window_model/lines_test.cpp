@@ -1,10 +1,5 @@
 // Lines over pages: their file, and how they move.
-#include <filesystem>
-
-#include <gtest/gtest.h>
-
-#include "base/errors.h"
-#include "support/temporary_directory.h"
+#include "support/test.h"
 #include "window_model/line_file.h"
 #include "window_model/line_look.h"
 #include "window_model/line_moves.h"

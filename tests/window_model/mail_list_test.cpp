@@ -1,12 +1,7 @@
 // Lists of files for mail, and what is deleted by them.
 #include "window_model/mail_list.h"
 
-#include <gtest/gtest.h>
-
-#include "base/errors.h"
-#include "support/report_reader.h"
-#include "support/rows.h"
-#include "support/variable.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {
@@ -16,9 +11,9 @@ using Names = std::vector<std::string>;
 
 // A clock that tells these milliseconds since its start, one after the other, and stays at the
 // last.
-MailClock clockOf(std::vector<int> moments) {
+MailClock clockOf(const std::vector<std::string>& moments) {
   return [moments, next = std::size_t{0}]() mutable {
-    const int now = moments[std::min(next++, moments.size() - 1)];
+    const int now = std::stoi(moments[std::min(next++, moments.size() - 1)]);
     return std::chrono::system_clock::time_point(std::chrono::milliseconds(now));
   };
 }
@@ -32,17 +27,14 @@ class MailList : public testing::Test {
 };
 
 TEST_F(MailList, hasANameThatNothingHas) {
-  const std::tuple<std::vector<int>, const char*> rows[] = {{{7123}, "mail0712.tmp"},
-                                                            {{59007}, "mail5907.tmp"},
-                                                            {{119050}, "mail5950.tmp"},
-                                                            {{60999}, "mail0099.tmp"},
-                                                            {{1010, 1020}, "mail0120.tmp"},
-                                                            {{2000}, "mail02002.tmp"},
-                                                            {{2000, 61010, 3400}, "mail0340.tmp"}};
+  const auto rows = rowsOf(
+      "7123 mail0712.tmp|59007 mail5907.tmp|119050 mail5950.tmp|60999 mail0099.tmp|"
+      "1010,1020 mail0120.tmp|2000 mail02002.tmp|2000,61010,3400 mail0340.tmp");
   // Also what is no regular file.
   for (const char* name : {"mail0110.tmp", "mail0200.tmp", "mail02000.tmp"}) place_.write(name, "");
   fs::create_symlink("nowhere", at("mail02001.tmp"));
-  for (const auto& [moments, name] : rows) EXPECT_EQ(MakeTempName(at(""), clockOf(moments)), name);
+  for (const auto& [moments, name] : rows)
+    EXPECT_EQ(MakeTempName(at(""), clockOf(linesOf(moments, ','))), name);
 }
 
 TEST_F(MailList, isReadByTheCompanion) {

@@ -1,10 +1,7 @@
 // The dots of a view: what is drawn, where and when.
 #include "window_model/page_bitmap.h"
 
-#include <gtest/gtest.h>
-
-#include "base/errors.h"
-#include "support/report_reader.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

@@ -1,9 +1,7 @@
 // The current page and where moves lead from it.
 #include "window_model/page_cursor.h"
 
-#include <string>
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

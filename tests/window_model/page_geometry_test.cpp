@@ -2,10 +2,7 @@
 // printer has 600 dots per inch and A4 paper of 4960 by 7016 dots, of which it reaches all but 100
 // at each side; the display has 96: at z percent a sheet takes 7.936 z by 11.2256 z pixels, and its
 // gaps twice a tenth of z.
-#include <sstream>
-
-#include <gtest/gtest.h>
-
+#include "support/test.h"
 #include "window_model/page_layout.h"
 #include "window_model/page_mapping.h"
 #include "window_model/zoom_fit.h"

@@ -1,11 +1,6 @@
 // The file of the report: following another program that writes it, its date, and its owner's
 // number.
-#include <filesystem>
-#include <fstream>
-
-#include <gtest/gtest.h>
-
-#include "support/report_reader.h"
+#include "support/test.h"
 #include "window_model/file_dates.h"
 #include "window_model/growth_watch.h"
 #include "window_model/owner_number.h"

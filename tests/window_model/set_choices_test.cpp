@@ -2,14 +2,9 @@
 // are points where no locale is told.
 #include "window_model/set_choices.h"
 
-#include <gtest/gtest.h>
-
-#include "document/vdoc.h"
 #include "language/language.h"
 #include "support/made_up_printers.h"
-#include "support/program.h"
-#include "support/report_reader.h"
-#include "support/variable.h"
+#include "support/test.h"
 #include "window_model/set_draft.h"
 
 namespace qor::test {

@@ -1,10 +1,7 @@
 // Pictures of pages, made by the program and looked at by another one.
-#include <gtest/gtest.h>
-
 #include "support/image_magick.h"
 #include "support/page_picture.h"
-#include "support/program.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

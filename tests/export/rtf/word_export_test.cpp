@@ -1,39 +1,18 @@
 // Documents of the program, as word processors and other readers see them.
-
-#include <algorithm>
-
-#include <gtest/gtest.h>
-
 #include "export/export_formats.h"
 #include "platform/rtf/rtf_text.h"
+#include "support/exporting.h"
 #include "support/picture_file.h"
-#include "support/program.h"
-#include "support/report_reader.h"
-#include "support/rows.h"
 
 namespace qor::test {
 namespace {
 
 using Lines = std::vector<std::string>;
 
-class WordExport : public testing::Test {
+class WordExport : public Exporting {
  protected:
-  Outcome exportTo(const std::string& target, const std::string& report,
-                   const std::vector<std::string>& more = {"-codepage", "866"},
-                   unsigned long limit = 0) {
-    place_.write("r.txt", report);
-    std::vector<std::string> line = {"-f", "r.txt", "-export", target};
-    line.insert(line.end(), more.begin(), more.end());
-    return runViewer(line, {place_.path(), {}, limit});
-  }
-
-  Lines read(const std::string& file, const std::vector<std::string>& colours = {}) const {
-    std::vector<std::string> line = {
-        "/usr/bin/python3", QOR_SOURCE_DIR "/tests/export/rtf/read_word.py", place_.path(file)};
-    line.insert(line.end(), colours.begin(), colours.end());
-    const Outcome outcome = run(line, {{}, {{"PYTHONIOENCODING", "utf-8"}}, 0});
-    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
-    return linesOf(outcome.output);
+  Lines read(const std::string& file, const Lines& colours = {}) const {
+    return readBy("rtf/read_word.py", file, colours);
   }
 
   // A picture of one colour, 96 by 48 pixels: 25.4 by 12.7 mm.
@@ -43,16 +22,7 @@ class WordExport : public testing::Test {
     place_.write(name, file);
     return file;
   }
-
-  TemporaryDirectory place_;
 };
-
-std::size_t countOf(const std::string& word, const std::string& text) {
-  std::size_t count = 0;
-  for (auto place = text.find(word); place != std::string::npos; place = text.find(word, place + 1))
-    ++count;
-  return count;
-}
 
 std::string hexOf(const std::string& bytes) {
   std::string digits;
@@ -158,7 +128,7 @@ TEST_F(WordExport, placesShapesAndPictures) {
       "<img image=\"wide.png\" left=80 top=200 right=160 bottom=210 imgSS=2 sh_type=2 pc=Navy/>"
       "<img image=\"dots.png\" left=80 top=250 imgSS=3/>\r\n"
       "<barcode br_type=39 value=A1 left=20 top=270 right=90 bottom=280 brcHEX=0x404080 fi=1/>";
-  expectTold(exportTo("out.rtf", report), "");
+  expectTold(exportTo("out.rtf", report, {"-codepage", "866"}), "");
   std::vector<std::string> colours;
   Lines expected;
   for (const auto& [colour, place] :
@@ -216,13 +186,13 @@ TEST_F(WordExport, survivesWhatReportsHold) {
   const std::string report =
       "x{\\}\1\xF0\xF1\xFC<font fn=\"A;b{\\}\" height=1000000>face<font/><shape sh_type=1 "
       "left=-999999999 top=5 right=999999999 bottom=-5 lw=2000000000/>";
-  expectTold(exportTo("r.rtf", report), "");
+  expectTold(exportTo("r.rtf", report, {"-codepage", "866"}), "");
   const std::string rtf = place_.read("r.rtf");
   EXPECT_EQ(objectsOf(rtf), "|-1000000 -283 1000000 283 1 20 1 1 0 20116800");
   EXPECT_EQ(countOf("\\fs3276 face", rtf), 1U);
   EXPECT_EQ(run({"catdoc", "-w", "-d", "utf-8", place_.path("r.rtf")}).output, "x{\\}Ёё№face\n");
   place_.write("r.rtf", "old");
-  expectTold(exportTo("r.rtf", std::string(50000, 'y'), {}, 2000), "File too large");
+  expectTold(exportTo("r.rtf", std::string(50000, 'y'), {}, {{}, {}, 2000}), "File too large");
   EXPECT_EQ(place_.read("r.rtf"), "old");
   expectTold(exportTo("none/r.doc", "x"), "No such file");
 }

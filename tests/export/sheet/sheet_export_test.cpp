@@ -1,35 +1,15 @@
 // Spreadsheets of the program, as independent readers see them.
-#include <algorithm>
-
-#include <gtest/gtest.h>
-
 #include "export/export_formats.h"
-#include "support/program.h"
-#include "support/report_reader.h"
-#include "support/rows.h"
+#include "support/exporting.h"
 
 namespace qor::test {
 namespace {
 
 using Lines = std::vector<std::string>;
 
-class SheetExport : public testing::Test {
+class SheetExport : public Exporting {
  protected:
-  Outcome exportTo(const std::string& target, const std::string& report,
-                   const std::string& codePage = "1252", unsigned long limit = 0) {
-    place_.write("r.txt", report);
-    return runViewer({"-f", "r.txt", "-codepage", codePage, "-export", target},
-                     {place_.path(), {}, limit});
-  }
-
-  Lines read(const std::string& file) const {
-    const Outcome outcome =
-        run({"/usr/bin/python3", QOR_SOURCE_DIR "/tests/export/sheet/read_sheets.py",
-             place_.path(file)},
-            {{}, {{"PYTHONIOENCODING", "utf-8"}}, 0});
-    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
-    return linesOf(outcome.output);
-  }
+  Lines read(const std::string& file) const { return readBy("sheet/read_sheets.py", file); }
 
   // Places and values of texts.
   Lines textsOf(const std::string& file) const {
@@ -47,7 +27,7 @@ class SheetExport : public testing::Test {
     Lines cells[2];
     for (const bool old : {false, true}) {
       const std::string target = old ? "r.xls" : "r.xlsx";
-      expectTold(exportTo(target, report, codePage), "");
+      expectTold(exportTo(target, report, {"-codepage", codePage}), "");
       cells[old] = read(target);
     }
     for (const std::string left : {"picture", sizes ? "" : "width", sizes ? "" : "height"})
@@ -68,49 +48,29 @@ class SheetExport : public testing::Test {
     }
     EXPECT_EQ(cellsOf(report, codePage), expected);
   }
-
-  TemporaryDirectory place_;
 };
 
 const std::string kCourier = " Courier New 10 000000";
 
 TEST_F(SheetExport, makesValuesOfTexts) {
-  std::string euros;
-  while (euros.size() < 32767 * 3) euros += "€";
-  const Column rows = {{"  1,234.50", "1234.5 #,##0.00"},
-                       {"1234", "'1234' General"},
-                       {" 1234", "1234 #,##0"},
-                       {" 1 2 3,", "123 #,##0"},
-                       {" 12.", "12 #,##0"},
-                       {" 1,234", "1234 #,##0.000"},
-                       {" 1.234,56", "1.23456 #,##0.000000"},
-                       {" .5", "0.5 #,##0.0"},
-                       {" 1.1234567", "1.1234567 #,##0.0"},
-                       {" 1,234,567", "1234567 #,##0.0"},
-                       {" 1.2.3,4", "' 1.2.3,4' General"},
-                       {" . ,", "' . ,' General"},
-                       {" -5", "' -5' General"},
-                       {"  007", "7 #,##0"},
-                       {" 4294967296", "4294967296 #,##0"},
-                       {" 9007199254740993", "' 9007199254740993' General"},
-                       {" 1" + std::string(299, '2'), "' 1" + std::string(299, '2') + "' General"},
-                       {"31/12/2024", "45657 dd/mm/yyyy"},
-                       {"  1/ 2/2024 ", "'  1/ 2/2024' General"},
-                       {" 01/ 2/2024 ", "45323 dd/mm/yyyy"},
-                       {"28/02/1900", "59 dd/mm/yyyy"},
-                       {"01/03/1900", "61 dd/mm/yyyy"},
-                       {"31/12/1899", "'31/12/1899' General"},
-                       {"29/02/2023", "'29/02/2023' General"},
-                       {"99/99/9999", "'99/99/9999' General"},
-                       {"31/12-2024", "'31/12-2024' General"},
-                       {"31-12/2024", "'31-12/2024' General"},
-                       {"a1/b2/2024", "'a1/b2/2024' General"},
-                       {"  two  words  ", "'  two  words' General"},
-                       {"=1+1", "'=1+1' General"},
-                       {"<&>\"_x_ \x80 _x0041_", "'<&>\"_x_ € _x0041_' General"},
-                       {std::string(32767, '\x80'), "'" + euros + "' General"},
-                       {"    ", "' ' General"},
-                       {"", "' ' General"}};
+  Column rows = rowsOf(
+      "  1,234.50 => 1234.5 #,##0.00|1234 => '1234' General| 1234 => 1234 #,##0|"
+      " 1 2 3, => 123 #,##0| 12. => 12 #,##0| 1,234 => 1234 #,##0.000|"
+      " 1.234,56 => 1.23456 #,##0.000000| .5 => 0.5 #,##0.0| 1.1234567 => 1.1234567 #,##0.0|"
+      " 1,234,567 => 1234567 #,##0.0| 1.2.3,4 => ' 1.2.3,4' General| . , => ' . ,' General|"
+      " -5 => ' -5' General|  007 => 7 #,##0| 4294967296 => 4294967296 #,##0|"
+      " 9007199254740993 => ' 9007199254740993' General|31/12/2024 => 45657 dd/mm/yyyy|"
+      "  1/ 2/2024  => '  1/ 2/2024' General| 01/ 2/2024  => 45323 dd/mm/yyyy|"
+      "28/02/1900 => 59 dd/mm/yyyy|01/03/1900 => 61 dd/mm/yyyy|31/12/1899 => '31/12/1899' General|"
+      "29/02/2023 => '29/02/2023' General|99/99/9999 => '99/99/9999' General|"
+      "31/12-2024 => '31/12-2024' General|31-12/2024 => '31-12/2024' General|"
+      "a1/b2/2024 => 'a1/b2/2024' General|  two  words   => '  two  words' General|"
+      "=1+1 => '=1+1' General|<&>\"_x_ \x80 _x0041_ => '<&>\"_x_ € _x0041_' General|"
+      "     => ' ' General| => ' ' General",
+      " => ");
+  const std::string number = " 1" + std::string(299, '2');
+  rows.emplace_back(number, "'" + number + "' General");
+  rows.emplace_back(std::string(32767, '\x80'), "'" + times(32767, "€") + "' General");
   expectColumn(rows, "1252", kCourier);
 }
 
@@ -290,7 +250,8 @@ TEST_F(SheetExport, putsAllPagesOnOneSheet) {
 }
 
 TEST_F(SheetExport, writesFieldsInTheBytesOfTheReport) {
-  expectTold(exportTo("r.csv", "A \xE7<b>\"q\"<b/>\r\n 1,5\tx\f<shape left=1/>\r\n\r\nb", "857"),
+  expectTold(exportTo("r.csv", "A \xE7<b>\"q\"<b/>\r\n 1,5\tx\f<shape left=1/>\r\n\r\nb",
+                      {"-codepage", "857"}),
              "");
   EXPECT_EQ(place_.read("r.csv"),
             "\"A \xE7\";\"\"q\"\";\r\n\" 1,5\";\"x\";\r\n\f\r\n\r\n\"\";\r\n\"b\";\r\n\f\r\n");
@@ -298,8 +259,6 @@ TEST_F(SheetExport, writesFieldsInTheBytesOfTheReport) {
 
 // Anything may stand in a report: the file can be read, or the old one stays.
 TEST_F(SheetExport, survivesWhatReportsHold) {
-  std::string bolds;
-  for (int i = 0; i < 400; ++i) bolds += "<b>x<b/>";
   std::string fonts;
   for (int i = 1; i < 900; ++i)
     fonts += "<font height=" + std::to_string(i % 400 + 1) + " fn=f" + std::to_string(i) +
@@ -311,7 +270,7 @@ TEST_F(SheetExport, survivesWhatReportsHold) {
        ": 2 cells or pictures", ": 2 cells or pictures are outside"},
       {"<text left=262127 top=1 tc=a/>", "", ": 1 cells or pictures are outside"},
       {std::string(32768, 'x'), ": 1 texts are cut", ": 1 texts are cut"},
-      {bolds, "", ": 144 cells or pictures are outside"}};
+      {times(400, "<b>x<b/>"), "", ": 144 cells or pictures are outside"}};
   for (const auto& [report, told, toldOld] : rows) {
     expectTold(exportTo("r.xlsx", report + "\r\n"), told);
     read("r.xlsx");
@@ -320,7 +279,8 @@ TEST_F(SheetExport, survivesWhatReportsHold) {
   }
   for (const char* target : {"r.xlsx", "r.xls", "r.csv"}) {
     place_.write(target, "old");
-    expectTold(exportTo(target, std::string(50000, 'y') + "\r\n", "1252", 2000), "File too large");
+    expectTold(exportTo(target, std::string(50000, 'y') + "\r\n", {}, {{}, {}, 2000}),
+               "File too large");
     EXPECT_EQ(place_.read(target), "old");
   }
   expectTold(exportTo("none/r.xls", "x\r\n"), "No such file");

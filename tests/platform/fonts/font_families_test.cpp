@@ -1,15 +1,9 @@
 // Families to choose from, on systems with few fonts.
 #include "platform/fonts/font_families.h"
 
-#include <cstdlib>
-#include <filesystem>
 #include <iostream>
 
-#include <gtest/gtest.h>
-
-#include "support/rows.h"
-#include "support/temporary_directory.h"
-#include "support/variable.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

@@ -1,13 +1,8 @@
 // Pictures that others write, whole, odd, cut short and damaged.
-
-#include <algorithm>
-
-#include <gtest/gtest.h>
-
 #include "platform/pictures/embedded_picture.h"
 #include "platform/pictures/picture.h"
 #include "support/image_magick.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

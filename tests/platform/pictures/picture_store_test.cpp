@@ -1,13 +1,10 @@
 // Pictures of files: read once, kept while there is room, and never an old one.
-
 #include "platform/pictures/picture_store.h"
-
-#include <gtest/gtest.h>
 
 #include "platform/pictures/picture.h"
 #include "support/image_magick.h"
 #include "support/picture_file.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

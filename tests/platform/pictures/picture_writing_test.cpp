@@ -1,12 +1,8 @@
 // Pictures that are written, as others read them.
-#include <algorithm>
-
-#include <gtest/gtest.h>
-
-#include "base/errors.h"
 #include "platform/pictures/picture.h"
 #include "support/image_magick.h"
 #include "support/picture_file.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

@@ -1,13 +1,8 @@
 // What was caught, as a message.
 #include "platform/system/failure.h"
 
-#include <functional>
-#include <stdexcept>
-
-#include <gtest/gtest.h>
-
 #include "language/language.h"
-#include "support/report_reader.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

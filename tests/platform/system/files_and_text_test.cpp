@@ -1,17 +1,10 @@
 // Text encodings, and files that are replaced only by complete ones.
-#include <array>
-#include <filesystem>
-
-#include <gtest/gtest.h>
-
-#include "base/errors.h"
 #include "platform/system/file_cache.h"
 #include "platform/system/file_times.h"
 #include "platform/system/input_file.h"
 #include "platform/system/output_file.h"
 #include "platform/system/text_encoding.h"
-#include "support/program.h"
-#include "support/variable.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace fs = std::filesystem;

@@ -1,12 +1,7 @@
 // The wall around prints and exports, tried from inside and held against runs without it.
-#include <array>
 #include <cerrno>
-#include <filesystem>
-#include <fstream>
-#include <optional>
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <linux/landlock.h>
 #include <netinet/in.h>
 #include <sys/ioctl.h>
@@ -16,8 +11,7 @@
 #include <unistd.h>
 
 #include "support/port.h"
-#include "support/program.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {
@@ -36,8 +30,7 @@ long landlockVersion() {
 // The answers to the calls behind the wall of the viewer with these arguments, or without it.
 std::vector<int> answers(const char* how, const Texts& calls, const std::string& arguments,
                          const Surroundings& around) {
-  Texts command = {QOR_WALL_PROBE, how};
-  command.insert(command.end(), calls.begin(), calls.end());
+  Texts command = joined({QOR_WALL_PROBE, how}, calls);
   command.emplace_back("--");
   for (std::string& word : wordsOf(arguments)) {
     std::replace(word.begin(), word.end(), '_', ' ');
@@ -84,24 +77,25 @@ void fill(const TemporaryDirectory& place) {
   for (const char* name : {"in/a", "else/a"}) fs::permissions(place.path(name), fs::perms(0644));
 }
 
-struct FileRow {
+// Calls that have one answer behind the wall of a run with these arguments, and one without it.
+struct CallRow {
   std::string arguments;
-  std::string call;
   int walled;
+  Texts calls;
   int bare = 0;
 };
-
-// Each row on files of its own.
-void expectAnswers(const std::vector<FileRow>& rows,
+// Each call on files of its own.
+void expectAnswers(const std::vector<CallRow>& rows,
                    const std::map<std::string, std::string>& environment = {}) {
-  for (const FileRow& row : rows) {
-    SCOPED_TRACE(row.arguments + ": " + row.call);
-    for (const bool walled : {true, false}) {
-      const TemporaryDirectory place;
-      fill(place);
-      const auto found = answers(walled ? "walled" : "bare", {row.call}, row.arguments,
-                                 {place.path(), environment, 0});
-      EXPECT_EQ(found, std::vector<int>{walled ? row.walled : row.bare});
+  for (const auto& [arguments, walled, calls, bare] : rows) {
+    for (const std::string& each : calls) {
+      SCOPED_TRACE(arguments + ": " + each);
+      for (const auto& [how, answer] : {std::pair{"walled", walled}, {"bare", bare}}) {
+        const TemporaryDirectory place;
+        fill(place);
+        EXPECT_EQ(answers(how, {each}, arguments, {place.path(), environment, 0}),
+                  std::vector{answer});
+      }
     }
   }
 }
@@ -111,58 +105,46 @@ TEST(Wall, letsARunWriteBesideItsTargetAndReportOnly) {
   const std::string toLink = "-f in/r.txt -export out/link.pdf";
   const std::string unknown = "-f in/r.txt -export out/o.unknown";
   const std::string withSet = kPrint + " -i else/a";
-  expectAnswers({{kExport, make("out/n"), 0},
-                 {kExport, make("in/n"), 0},
-                 {kExport, make("n"), EACCES},
-                 {kExport, make("home/n"), EACCES},
-                 {kExport, make("else/r_barcode.jpeg"), EACCES},
-                 {kExport, make("led/n"), EACCES},
-                 {toLink, make("led/n"), 0},
-                 {toLink, make("home/n"), EACCES},
-                 {unknown, make("out/n"), EACCES},
-                 {unknown, make("in/n"), 0},
-                 {kPrint, make("in/n"), 0},
-                 {withSet, make("out/n"), EACCES},
-                 {withSet, make("in/n"), 0},
-                 {kPrint, make("n"), 0},
-                 {withSet, make("n"), EACCES},
-                 {withSet, make("else/n"), EACCES},
-                 {kExport, open("out/old.pdf", O_WRONLY), 0},
-                 {kExport, open("home/.profile", O_WRONLY), EACCES},
-                 {kExport, open("home/.profile", O_RDWR | O_APPEND), EACCES},
-                 {kExport, open("home/.profile", O_RDONLY | O_TRUNC), ENOSYS},
-                 {kExport, open("else", O_TMPFILE | O_RDWR), EACCES},
-                 {kExport, call(SYS_unlink, {"@out/old.pdf"}), 0},
-                 {kExport, call(SYS_unlink, {"@else/a"}), EACCES},
-                 {kExport, rename("in/a", "in/c"), 0},
-                 {kExport, rename("in/a", "in/b"), 0},
-                 {kExport, rename("in/a", "else/n"), EACCES},
-                 {kExport, rename("else/a", "in/n"), EACCES},
-                 {kExport, read("else/a"), 0}});
+  expectAnswers({{kExport,
+                  0,
+                  {make("out/n"), make("in/n"), open("out/old.pdf", O_WRONLY),
+                   call(SYS_unlink, {"@out/old.pdf"}), rename("in/a", "in/c"),
+                   rename("in/a", "in/b"), read("else/a")}},
+                 {kExport,
+                  EACCES,
+                  {make("n"), make("home/n"), make("else/r_barcode.jpeg"), make("led/n"),
+                   open("home/.profile", O_WRONLY), open("home/.profile", O_RDWR | O_APPEND),
+                   open("else", O_TMPFILE | O_RDWR), call(SYS_unlink, {"@else/a"}),
+                   rename("in/a", "else/n"), rename("else/a", "in/n")}},
+                 {kExport, ENOSYS, {open("home/.profile", O_RDONLY | O_TRUNC)}},
+                 {toLink, 0, {make("led/n")}},
+                 {toLink, EACCES, {make("home/n")}},
+                 {unknown, 0, {make("in/n")}},
+                 {unknown, EACCES, {make("out/n")}},
+                 {kPrint, 0, {make("in/n"), make("n")}},
+                 {withSet, 0, {make("in/n")}},
+                 {withSet, EACCES, {make("out/n"), make("n"), make("else/n")}}});
 }
 
 // For these there are no rules of files, or not on all kernels.
 TEST(Wall, leavesFilesTheirOwnersNamesAndTimes) {
-  const auto fail = [](std::initializer_list<std::string> calls, int error) {
-    std::vector<FileRow> rows;
-    for (const std::string& each : calls) rows.push_back({kExport, each, error});
-    return rows;
-  };
   const std::string at = number(AT_FDCWD);
-  expectAnswers(fail({call(SYS_truncate, {"@else/a", "0"}), call(SYS_chmod, {"@else/a", "511"}),
-                      call(SYS_chown, {"@else/a", "-1", "-1"}), call(SYS_link, {"@in/a", "@in/l"}),
-                      call(SYS_symlink, {"@in/a", "@in/l"}), call(SYS_mkdir, {"@in/d", "511"}),
-                      call(SYS_utimensat, {at, "@else/a", "0", "0"})},
-                     EPERM));
   expectAnswers(
-      fail({call(SYS_fchmodat, {at, "@else/a", "511"}), call(SYS_lchown, {"@else/a", "-1", "-1"}),
-            call(SYS_fchownat, {at, "@else/a", "-1", "-1", "0"}),
-            call(SYS_linkat, {at, "@in/a", at, "@in/l", "0"}),
-            call(SYS_symlinkat, {"@in/a", at, "@in/l"}),
-            call(SYS_mknod, {"@in/f", number(S_IFIFO | 0600), "0"}),
-            call(SYS_utimes, {"@else/a", "0"}), call(SYS_creat, {"@in/n", "420"})},
-           ENOSYS));
-  expectAnswers({{kExport, call(SYS_openat2, {at, "@in/a", "0", "0"}), ENOSYS, EINVAL}});
+      {{kExport,
+        EPERM,
+        {call(SYS_truncate, {"@else/a", "0"}), call(SYS_chmod, {"@else/a", "511"}),
+         call(SYS_chown, {"@else/a", "-1", "-1"}), call(SYS_link, {"@in/a", "@in/l"}),
+         call(SYS_symlink, {"@in/a", "@in/l"}), call(SYS_mkdir, {"@in/d", "511"}),
+         call(SYS_utimensat, {at, "@else/a", "0", "0"})}},
+       {kExport,
+        ENOSYS,
+        {call(SYS_fchmodat, {at, "@else/a", "511"}), call(SYS_lchown, {"@else/a", "-1", "-1"}),
+         call(SYS_fchownat, {at, "@else/a", "-1", "-1", "0"}),
+         call(SYS_linkat, {at, "@in/a", at, "@in/l", "0"}),
+         call(SYS_symlinkat, {"@in/a", at, "@in/l"}),
+         call(SYS_mknod, {"@in/f", number(S_IFIFO | 0600), "0"}),
+         call(SYS_utimes, {"@else/a", "0"}), call(SYS_creat, {"@in/n", "420"})}},
+       {kExport, ENOSYS, {call(SYS_openat2, {at, "@in/a", "0", "0"})}, EINVAL}});
 }
 
 TEST(Wall, startsNoProgramAndReachesNoProcess) {
@@ -311,48 +293,42 @@ TEST(Wall, narrowsWhatIsReadWhereTheEnvironmentSaysSo) {
   if (landlockVersion() < 1) GTEST_SKIP() << "this kernel has no rules for files";
   const std::string toText = "-f in/r.txt -export out/o.txt";
   const std::string withSet = "-f in/r.txt -i else/a -export out/o.txt";
-  expectAnswers({{toText, make("out/n"), 0}}, {{"QOR_PICTURE_PATH", ""}});
+  expectAnswers({{toText, 0, {make("out/n")}}}, {{"QOR_PICTURE_PATH", ""}});
   const std::string byLink = "-f out/link.pdf -export in/o.txt";
-  const std::vector<FileRow> rows = {{kExport, read("in/r.txt"), 0},
-                                     {kExport, read("in/a"), 0},
-                                     {kExport, read("else/a"), EACCES},
-                                     {kExport, read("home/.profile"), EACCES},
-                                     {kExport, read("/etc/passwd"), EACCES},
-                                     {kExport, open("else", O_RDONLY | O_DIRECTORY), EACCES},
-                                     {kExport, read("pictures/p.png"), 0},
-                                     {kExport, read("more/below/p.png"), 0},
-                                     {kExport, read("moreover/p.png"), EACCES},
-                                     {kExport, read("pictures/away.png"), EACCES},
-                                     {kExport, read("cp1253.ini"), 0},
-                                     {kExport, read("cpx.ini"), EACCES},
-                                     {kExport, read("cp1253.ini.bak"), EACCES},
-                                     {kExport, read("QorUtlView.vset"), 0},
-                                     {withSet, read("else/a"), 0},
-                                     {withSet, read("else/r.txt"), EACCES},
-                                     {kExport, read("out/old.pdf"), 0},
-                                     {toText, read("out/old.pdf"), EACCES},
-                                     {byLink, read("led/to.pdf"), 0},
-                                     {byLink, read("led/other"), EACCES},
-                                     {kPrint, read("/etc/passwd"), 0},
-                                     {kPrint, read("else/a"), EACCES}};
-  for (const FileRow& row : rows) {
-    SCOPED_TRACE(row.arguments + ": " + row.call);
-    const TemporaryDirectory place;
-    fill(place);
-    for (const char* name : {"pictures/p.png", "more/below/p.png", "moreover/p.png", "cp1253.ini",
-                             "cpx.ini", "cp1253.ini.bak", "QorUtlView.vset", "led/other"})
-      place.write(name, "A");
-    fs::create_symlink("../else/a", place.path("pictures/away.png"));
-    const auto ask = [&](const char* path) {
-      std::map<std::string, std::string> environment;
-      if (path != nullptr) environment["QOR_PICTURE_PATH"] = path;
-      return answers("walled", {row.call}, row.arguments, {place.path(), environment, 0}).at(0);
+  const Texts inPath = {read("pictures/p.png"), read("more/below/p.png")};
+  const CallRow rows[] = {{kExport, 0, inPath},
+                          {kExport,
+                           0,
+                           {read("in/r.txt"), read("in/a"), read("cp1253.ini"),
+                            read("QorUtlView.vset"), read("out/old.pdf")}},
+                          {kExport,
+                           EACCES,
+                           {read("else/a"), read("home/.profile"), read("/etc/passwd"),
+                            open("else", O_RDONLY | O_DIRECTORY), read("moreover/p.png"),
+                            read("pictures/away.png"), read("cpx.ini"), read("cp1253.ini.bak")}},
+                          {withSet, 0, {read("else/a")}},
+                          {withSet, EACCES, {read("else/r.txt")}},
+                          {toText, EACCES, {read("out/old.pdf")}},
+                          {byLink, 0, {read("led/to.pdf")}},
+                          {byLink, EACCES, {read("led/other")}},
+                          {kPrint, 0, {read("/etc/passwd")}},
+                          {kPrint, EACCES, {read("else/a")}}};
+  const TemporaryDirectory place;
+  fill(place);
+  for (const char* name : {"pictures/p.png", "more/below/p.png", "moreover/p.png", "cp1253.ini",
+                           "cpx.ini", "cp1253.ini.bak", "QorUtlView.vset", "led/other"})
+    place.write(name, "A");
+  fs::create_symlink("../else/a", place.path("pictures/away.png"));
+  for (const CallRow& row : rows) {
+    SCOPED_TRACE(row.arguments + ": " + row.calls.front());
+    const auto ask = [&](const std::map<std::string, std::string>& environment) {
+      return answers("walled", row.calls, row.arguments, {place.path(), environment, 0});
     };
-    EXPECT_EQ(ask((place.path("pictures") + ":missing:more").c_str()), row.walled);
-    EXPECT_EQ(ask(nullptr), 0);
-    const bool inPath = row.call.find("@pictures/p") != std::string::npos ||
-                        row.call.find("@more/") != std::string::npos;
-    EXPECT_EQ(ask(""), inPath ? EACCES : row.walled);
+    const auto all = [&row](int answer) { return std::vector(row.calls.size(), answer); };
+    EXPECT_EQ(ask({{"QOR_PICTURE_PATH", place.path("pictures") + ":missing:more"}}),
+              all(row.walled));
+    EXPECT_EQ(ask({}), all(0));
+    EXPECT_EQ(ask({{"QOR_PICTURE_PATH", ""}}), all(row.calls == inPath ? EACCES : row.walled));
   }
 }
 

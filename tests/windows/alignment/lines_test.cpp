@@ -2,13 +2,8 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QColorDialog>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
-#include <filesystem>
-#include <fstream>
 
 #include "base/path.h"
 #include "windows/alignment/alignment_line.h"

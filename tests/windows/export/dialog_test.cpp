@@ -1,12 +1,8 @@
 // The export dialog: its targets, its choices, and what it says.
 #include <QApplication>
-#include <QComboBox>
 #include <QFileDialog>
 #include <QProgressDialog>
-#include <QTimer>
-#include <filesystem>
 
-#include "support/variable.h"
 #include "windows/export/driven_dialog.h"
 #include "windows/full_disk.h"
 
@@ -153,16 +149,11 @@ TEST(ExportDialog, remembersItsChoices) {
     }
     EXPECT_TRUE(dialog.name().ends_with(".csv")) << dialog.name();
   });
+  const Settings expected = {{"ID_of_Convert", 6}, {"CheckPNG", 0},    {"CheckBMP", 1},
+                             {"CheckJPEG", 1},     {"CheckICO", 1},    {"CheckPdf", 1},
+                             {"ImageSaveHTML", 0}, {"ImageSaveDoc", 1}};
   const Settings stored = window.close();
-  for (const auto& [name, value] : {std::pair("ID_of_Convert", 6),
-                                    {"CheckPNG", 0},
-                                    {"CheckBMP", 1},
-                                    {"CheckJPEG", 1},
-                                    {"CheckICO", 1},
-                                    {"CheckPdf", 1},
-                                    {"ImageSaveHTML", 0},
-                                    {"ImageSaveDoc", 1}})
-    EXPECT_EQ(stored.at(name), value) << name;
+  for (const auto& [name, value] : expected) EXPECT_EQ(stored.at(name), value) << name;
 }
 
 // A long export can be cancelled: the dialog stays, and so does the old file. Of several pictures

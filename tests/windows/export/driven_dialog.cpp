@@ -1,9 +1,6 @@
 #include "windows/export/driven_dialog.h"
 
-#include <QApplication>
 #include <QPushButton>
-#include <QTimer>
-#include <filesystem>
 
 #include "windows/export/export_form.h"
 #include "windows/export/mail_hand_over.h"

@@ -3,13 +3,7 @@
 #pragma once
 
 #include <QAbstractButton>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QTabWidget>
-#include <functional>
-#include <string>
-
-#include <gtest/gtest.h>
 
 #include "windows/export/tfrm_convert.h"
 #include "windows/view/window.h"

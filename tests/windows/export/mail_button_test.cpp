@@ -1,7 +1,5 @@
 // The mail button, with a companion of the test's own.
-#include <filesystem>
-
-#include "support/variable.h"
+#include "support/test.h"
 #include "windows/export/driven_dialog.h"
 
 namespace qor::test {

@@ -1,12 +1,6 @@
 // Exports of the program on a real X server, by keys, beside those without a window.
-#include "support/program.h"
-
 #include <QTest>
-#include <filesystem>
 
-#include <gtest/gtest.h>
-
-#include "support/pdf_reader.h"
 #include "windows/export/driven_dialog.h"
 #include "windows/x_server.h"
 
@@ -68,9 +62,9 @@ class ExportProgram : public testing::Test {
   }
 
   void inBatch(const std::vector<std::string>& more) {
-    std::vector<std::string> line = {"-f", "r.txt", "-i", "s.vset#S"};
-    line.insert(line.end(), more.begin(), more.end());
-    expectTold(runViewer(line, {place_.path(), {{"SOURCE_DATE_EPOCH", "86400"}}}), "");
+    expectTold(runViewer(joined({"-f", "r.txt", "-i", "s.vset#S"}, more),
+                         {place_.path(), {{"SOURCE_DATE_EPOCH", "86400"}}}),
+               "");
   }
   void exportInBatch(const std::string& target) { inBatch({"-export", "batch/" + target}); }
 

@@ -1,8 +1,5 @@
 // What exports take from the view, and what they leave of it.
-#include <algorithm>
-#include <fstream>
-
-#include "support/pdf_reader.h"
+#include "support/test.h"
 #include "windows/export/driven_dialog.h"
 
 namespace qor::test {

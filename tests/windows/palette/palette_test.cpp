@@ -7,10 +7,8 @@
 #include <QTest>
 #include <QToolTip>
 #include <QVBoxLayout>
-#include <optional>
 
-#include <gtest/gtest.h>
-
+#include "support/test.h"
 #include "windows/palette/vdropdownpalette.h"
 #include "windows/palette/vpalettecontrol.h"
 

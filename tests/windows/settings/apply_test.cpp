@@ -1,12 +1,8 @@
 // What the dialog makes of a document's settings, and when.
 #include <QApplication>
 #include <QTabWidget>
-#include <sstream>
-
-#include <gtest/gtest.h>
 
 #include "settings/printers.h"
-#include "support/rows.h"
 #include "windows/settings/dialog.h"
 
 namespace qor::test {

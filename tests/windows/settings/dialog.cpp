@@ -2,17 +2,8 @@
 #include "windows/settings/dialog.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QBitmap>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QTabWidget>
-#include <QTimer>
-
-#include <gtest/gtest.h>
-
-#include "support/rows.h"
 
 namespace qor::test {
 namespace {

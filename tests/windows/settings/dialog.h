@@ -3,8 +3,6 @@
 
 #include <QAbstractButton>
 #include <QListView>
-#include <functional>
-#include <string>
 
 #include "support/made_up_printers.h"
 #include "windows/settings/settings_form.h"

@@ -1,15 +1,10 @@
 // The texts of the dialog in its languages, its keys, its room, and the looks of its lists.
 #include <QAbstractScrollArea>
-#include <QComboBox>
-#include <QScrollBar>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
 #include <QTreeWidget>
 
-#include <gtest/gtest.h>
-
-#include "language/language.h"
 #include "windows/settings/dialog.h"
 
 namespace qor::test {

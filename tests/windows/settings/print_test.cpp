@@ -1,13 +1,7 @@
 // Printing from the window: which pages, how they lie, and what the user is told of it.
 #include <QApplication>
-#include <QMessageBox>
 #include <QProgressDialog>
-#include <QTimer>
-#include <fstream>
 
-#include <gtest/gtest.h>
-
-#include "support/pdf_reader.h"
 #include "windows/settings/dialog.h"
 
 namespace qor::test {

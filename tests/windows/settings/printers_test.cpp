@@ -1,10 +1,7 @@
 // The printers of the dialog: what is asked when, what they bring along, and those that are gone.
 #include "settings/printers.h"
 
-#include <QComboBox>
 #include <QTreeWidget>
-
-#include <gtest/gtest.h>
 
 #include "windows/settings/dialog.h"
 

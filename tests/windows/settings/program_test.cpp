@@ -1,14 +1,10 @@
 // The program on a real X server and a real print scheduler, by keys and clicks.
-#include "support/program.h"
-
 #include <QTest>
 #include <set>
 
-#include <gtest/gtest.h>
-
 #include "platform/print/pdf_file_printer.h"
 #include "support/cups_scheduler.h"
-#include "support/pdf_reader.h"
+#include "support/test.h"
 #include "windows/x_server.h"
 
 namespace qor::test {

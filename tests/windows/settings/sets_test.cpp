@@ -2,14 +2,8 @@
 // runs elsewhere.
 #include <QApplication>
 #include <QFileDialog>
-#include <QLineEdit>
 #include <QStringListModel>
-#include <QTimer>
 
-#include <gtest/gtest.h>
-
-#include "support/rows.h"
-#include "support/variable.h"
 #include "windows/settings/dialog.h"
 
 namespace qor::test {

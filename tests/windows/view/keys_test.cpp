@@ -1,19 +1,9 @@
 // Keys, wheel and mouse in the window, and its table of commands. Pages are A4 on the printer that
 // makes files, higher than the window at 100 percent.
 #include <QAction>
-#include <QLineEdit>
-#include <QMenu>
 #include <QMouseEvent>
 #include <QToolButton>
-#include <stdexcept>
 
-#include <gtest/gtest.h>
-
-#include "base/errors.h"
-#include "language/language.h"
-#include "platform/qt/qt_text.h"
-#include "support/program.h"
-#include "support/rows.h"
 #include "window_model/preview_texts.h"
 #include "windows/view/command_table.h"
 #include "windows/view/window.h"

@@ -1,14 +1,7 @@
 // What the window says, where, and how often; and what it finds out about pages behind the user's
 // back: how they begin, and what of them it doesn't show.
 #include <QAbstractButton>
-#include <QMenu>
-#include <QMessageBox>
-#include <filesystem>
 
-#include <gtest/gtest.h>
-
-#include "platform/qt/qt_text.h"
-#include "support/program.h"
 #include "windows/view/window.h"
 
 namespace qor::test {

@@ -1,10 +1,7 @@
 // Layers above the page: a mark at places in twips covers the ink of the same places.
 #include <QPainter>
 
-#include <gtest/gtest.h>
-
 #include "base/units.h"
-#include "support/rows.h"
 #include "windows/view/page_overlay.h"
 #include "windows/view/window.h"
 

@@ -1,11 +1,7 @@
 // The program with its window, on a real X server and without one.
-#include "support/program.h"
-
 #include <csignal>
 
-#include <gtest/gtest.h>
-
-#include "support/temporary_directory.h"
+#include "support/test.h"
 #include "windows/x_server.h"
 
 namespace qor::test {

@@ -4,8 +4,6 @@
 #include <QListView>
 #include <QMouseEvent>
 
-#include <gtest/gtest.h>
-
 #include "windows/view/window.h"
 
 namespace qor::test {

@@ -3,14 +3,7 @@
 #include <QKeySequence>
 #include <QWheelEvent>
 #include <QWindow>
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
 
-#include <gtest/gtest.h>
-
-#include "language/language.h"
-#include "platform/qt/qt_text.h"
 #include "platform/system/messages.h"
 #include "settings/printers.h"
 

@@ -2,22 +2,20 @@
 #pragma once
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QScrollBar>
 #include <QSettings>
 #include <QTest>
 #include <QTimer>
-#include <functional>
-#include <map>
-#include <string>
-#include <vector>
 
-#include <gtest/gtest.h>
-
-#include "base/app_options.h"
-#include "document/vdoc.h"
+#include "language/language.h"
+#include "platform/qt/qt_text.h"
 #include "platform/qt/qt_user_settings.h"
-#include "support/report_reader.h"
-#include "support/temporary_directory.h"
+#include "support/test.h"
 #include "windows/view/page_image.h"
 #include "windows/view/page_scroll.h"
 #include "windows/view/tfrm_view.h"

@@ -1,19 +1,7 @@
 // The window as a whole: what it stores, its languages, its file and its commands.
 #include "windows/view/window.h"
 
-#include <QComboBox>
 #include <QListView>
-#include <QMenu>
-#include <filesystem>
-#include <fstream>
-
-#include <gtest/gtest.h>
-
-#include "language/language.h"
-#include "platform/qt/qt_text.h"
-#include "support/pdf_reader.h"
-#include "support/program.h"
-#include "support/rows.h"
 
 namespace qor::test {
 namespace {

@@ -1,10 +1,6 @@
 // Zooms of the window. Pages are A4 on the printer that makes files: 793 by 1122 pixels at 100
 // percent, with a gap of 10 around the sheet.
 #include <QComboBox>
-#include <QLineEdit>
-#include <QMenu>
-
-#include <gtest/gtest.h>
 
 #include "windows/view/window.h"
 

@@ -93,7 +93,8 @@ Places readablePlaces(RunMode mode, std::string_view pictures) {
   add(places, placesOfLibraries());
   const ExportFormat* format = formatOfRun(mode);
   if (format != nullptr && format->has(kReadsBack)) add(places, placesOfTarget());
-  if (mode == kRunPrint || (format != nullptr && !format->has(kDrawsNothing))) add(places, fontPlaces());
+  if (mode == kRunPrint || (format != nullptr && !format->has(kDrawsNothing)))
+    add(places, fontPlaces());
   if (asksScheduler(mode)) add(places, placesOfPrinting());
   return places;
 }

@@ -17,8 +17,10 @@ class NoSettings : public qor::UserSettings {
   bool isUsable() const override { return false; }
   std::optional<int> integer(std::string_view) const override { return {}; }
   std::optional<bool> flag(std::string_view) const override { return {}; }
+  std::vector<std::string> texts(std::string_view) const override { return {}; }
   void setInteger(std::string_view, int) override {}
   void setFlag(std::string_view, bool) override {}
+  void setTexts(std::string_view, const std::vector<std::string>&) override {}
   bool save() override { return true; }
   std::string location() const override { return {}; }
 };

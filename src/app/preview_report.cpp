@@ -65,4 +65,9 @@ void PreviewReport(StartMessages* messages) {
   if (seen) UsedReport().cleanUp(ListedFiles::erase, made);
 }
 
+void ShowStart() {
+  auto* show = reinterpret_cast<ShowStartWindow*>(moduleSymbol(kPreviewModule, kShowStartSymbol));
+  if (show != nullptr) show();
+}
+
 }  // namespace qor

@@ -11,4 +11,8 @@ class StartMessages;
 // told, if anybody keeps it, is shown in a box first.
 void PreviewReport(StartMessages* messages);
 
+// The window of a start without a report. Where there is no display or no module of windows it does
+// nothing.
+void ShowStart();
+
 }  // namespace qor

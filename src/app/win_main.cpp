@@ -8,11 +8,13 @@
 #include "app/start_messages.h"
 #include "base/app_options.h"
 #include "base/errors.h"
+#include "base/path.h"
 #include "document/vdoc.h"
 #include "export/export_formats.h"
 #include "language/language.h"
 #include "platform/system/directory.h"
 #include "platform/system/failure.h"
+#include "platform/system/input_file.h"
 #include "platform/system/locale.h"
 #include "platform/system/messages.h"
 
@@ -45,6 +47,11 @@ int printReport() {
   return result < 0 ? kExitPrintFailed : kExitDone;
 }
 
+int showStart() {
+  ShowStart();
+  return kExitDone;
+}
+
 // The switches that other programs of this system have; the rest of the parameters has its own
 // rules.
 bool answersSwitch(const std::string& parameters) {
@@ -60,7 +67,7 @@ bool answersSwitch(const std::string& parameters) {
 
 int run(const std::string& parameters, Walls walls, StartMessages* messages) {
   if (answersSwitch(parameters)) return kExitDone;
-  const RunMode mode = parameters.empty() ? kRunPreview : ParseCommandLine(parameters);
+  const RunMode mode = ParseCommandLine(parameters);
   const bool readsUnseen = mode == kRunPrint || mode == kRunExport;
   if (walls == Walls::raised && readsUnseen) raiseRunWall(mode);
   switch (mode) {
@@ -71,9 +78,24 @@ int run(const std::string& parameters, Walls walls, StartMessages* messages) {
   }
 }
 
-int runGuarded(const std::string& parameters, Walls walls, StartMessages* messages) {
+// A report that the user has opened by himself: nobody has said what becomes of it, and it bears
+// its own name.
+int previewOpened(const std::string& file, StartMessages* messages) {
+  ParseCommandLine({});
+  AppOptions.FileName = fullPath(file);
+  AppOptions.WindowCaption = fileNameOf(file);
+  if (!fileExists(AppOptions.FileName)) {
+    showWarning(file + "\n" + std::string(interfaceTexts().FileNotExists));
+    return kExitNothingDone;
+  }
+  PreviewReport(messages);
+  return kExitDone;
+}
+
+template <class Run>
+int guarded(Run run) {
   try {
-    return run(parameters, walls, messages);
+    return run();
   } catch (const NumberedError&) {
     ShowErrorNumber();
   } catch (...) {
@@ -86,9 +108,16 @@ int runGuarded(const std::string& parameters, Walls walls, StartMessages* messag
 
 int WinMain(const std::string& parameters, Walls walls) {
   initialise();
-  if (!asksForWindow(parameters)) return runGuarded(parameters, walls, nullptr);
+  if (parameters.empty()) return guarded([] { return showStart(); });
+  if (!asksForWindow(parameters)) return guarded([&] { return run(parameters, walls, nullptr); });
   StartMessages messages;
-  return messages.showAndEnd(runGuarded(parameters, walls, &messages));
+  return messages.showAndEnd(guarded([&] { return run(parameters, walls, &messages); }));
+}
+
+int OpenReport(const std::string& file) {
+  initialise();
+  StartMessages messages;
+  return messages.showAndEnd(guarded([&] { return previewOpened(file, &messages); }));
 }
 
 }  // namespace qor

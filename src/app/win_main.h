@@ -12,4 +12,8 @@ enum class Walls { raised, none };
 // shown or nothing to do, 0 all else, failures included.
 int WinMain(const std::string& parameters, Walls walls = Walls::raised);
 
+// Shows the window of a report that the user has opened: a file by its path, whatever its name
+// holds, with nothing else said of it.
+int OpenReport(const std::string& file);
+
 }  // namespace qor

@@ -71,6 +71,34 @@ struct PreviewTexts {
   std::string_view textIsUtf8;
   std::string_view lineFeedsEndLines;
   std::string_view lineFeedsRunTogether;
+  // Opening reports, and help.
+  std::string_view openReport;
+  std::string_view recentReports;
+  std::string_view keysAndGuide;
+  std::string_view guide;
+  std::string_view noRecentReports;
+  std::string_view dropReport;
+  std::string_view reportGone;
+  std::string_view reportNotOpened;
+  // What keys do that have no command.
+  std::string_view keyLeapBack;
+  std::string_view keyLeapOn;
+  std::string_view keyTop;
+  std::string_view keyEnd;
+  std::string_view keyLeftEnd;
+  std::string_view keyRightEnd;
+  std::string_view keyUp;
+  std::string_view keyDown;
+  std::string_view keyLeft;
+  std::string_view keyRight;
+  std::string_view keyFarUp;
+  std::string_view keyFarDown;
+  std::string_view keyFarLeft;
+  std::string_view keyFarRight;
+  std::string_view keyZoomAbove;
+  std::string_view keyZoomBelow;
+  std::string_view keyMenu;
+  std::string_view keyCalculator;
 };
 
 }  // namespace qor

@@ -11,7 +11,8 @@ constexpr std::array kFiles = {
     "close",       "first",       "previous",  "next",     "last",        "zoom_out",
     "zoom_in",     "actual_size", "fit_width", "fit_page", "single_page", "multi_page",
     "normal_view", "wide_view",   "page_list", "margins",  "full_screen", "alignment_line",
-    "properties",  "print",       "mail",      "export",   "language",    "qorutlview"};
+    "properties",  "print",       "mail",      "export",   "language",    "open",
+    "help",        "qorutlview"};
 static_assert(kFiles.size() == static_cast<std::size_t>(ImageIndex::program) + 1);
 
 }  // namespace

@@ -31,6 +31,8 @@ enum class ImageIndex {
   mail,
   convert,
   language,
+  open,
+  help,
   program
 };
 

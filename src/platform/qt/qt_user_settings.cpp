@@ -24,12 +24,25 @@ std::optional<bool> QtUserSettings::flag(std::string_view name) const {
   return std::nullopt;
 }
 
+std::vector<std::string> QtUserSettings::texts(std::string_view name) const {
+  std::vector<std::string> texts;
+  for (const QString& text : settings_.value(qtText(name)).toStringList())
+    texts.push_back(text.toStdString());
+  return texts;
+}
+
 void QtUserSettings::setInteger(std::string_view name, int value) {
   settings_.setValue(qtText(name), value);
 }
 
 void QtUserSettings::setFlag(std::string_view name, bool value) {
   settings_.setValue(qtText(name), value);
+}
+
+void QtUserSettings::setTexts(std::string_view name, const std::vector<std::string>& values) {
+  QStringList texts;
+  for (const std::string& value : values) texts.append(qtText(value));
+  settings_.setValue(qtText(name), texts);
 }
 
 // What couldn't be read stays noted as the status.

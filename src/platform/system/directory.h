@@ -10,7 +10,9 @@ namespace qor {
 // The directory of the start, with a closing "/"; empty where the system doesn't tell.
 std::string currentDirectory();
 
-// The directory of the program's file, with a closing "/".
+// The program's file, and its directory with a closing "/": where they really are, whatever links
+// lead to them.
+std::string programFile();
 std::string programDirectory();
 
 // The path from the root on.

@@ -71,9 +71,13 @@ std::string currentDirectory() {
   return closed(fs::current_path(error).string());
 }
 
-std::string programDirectory() {
+std::string programFile() {
   std::error_code error;
-  return closed(fs::read_symlink("/proc/self/exe", error).parent_path().string());
+  return fs::read_symlink("/proc/self/exe", error).string();
+}
+
+std::string programDirectory() {
+  return closed(fs::path(programFile()).parent_path().string());
 }
 
 std::string fullPath(const std::string& path) {

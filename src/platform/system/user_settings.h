@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qor {
 
@@ -18,8 +19,12 @@ class UserSettings {
   virtual std::optional<int> integer(std::string_view name) const = 0;
   virtual std::optional<bool> flag(std::string_view name) const = 0;
 
+  // Empty where there is no such list.
+  virtual std::vector<std::string> texts(std::string_view name) const = 0;
+
   virtual void setInteger(std::string_view name, int value) = 0;
   virtual void setFlag(std::string_view name, bool value) = 0;
+  virtual void setTexts(std::string_view name, const std::vector<std::string>& values) = 0;
 
   // Writes what was set. False where that fails.
   virtual bool save() = 0;

@@ -2,6 +2,7 @@
 #include "windows/view/command_table.h"
 
 #include "window_model/preview_texts.h"
+#include "windows/start/key_help.h"
 #include "windows/view/tfrm_view.h"
 #include "windows/view/view_desk.h"
 #include "windows/view/view_parts.h"
@@ -62,6 +63,12 @@ void escape(Form& form) {
 }
 
 constexpr CommandRow kCommands[] = {
+    {.id = "mnuOpen",
+     .text = &Texts::openReport,
+     .image = ImageIndex::open,
+     .keys = {{{Qt::Key_O, kCtrl}}},
+     .endsGroup = true,
+     .run = [](Form& form) { form.parts().opening.mnuOpenClick(); }},
     {.id = "mnuFirst",
      .text = &Texts::firstPage,
      .image = ImageIndex::first,
@@ -211,6 +218,11 @@ constexpr CommandRow kCommands[] = {
      .endsGroup = true,
      .enabledWhen = isOffered<&ViewCommands::convert>,
      .run = [](Form& form) { form.parts().forms.cmdView_ConvertClick(); }},
+    {.id = "mnuHelp",
+     .text = &Texts::keysAndGuide,
+     .image = ImageIndex::help,
+     .keys = {{{Qt::Key_F1}}},
+     .run = [](Form& form) { showKeyHelp(form); }},
     {.id = "mnuClose",
      .text = &Texts::close,
      .image = ImageIndex::close,

@@ -16,6 +16,7 @@ namespace qor {
 namespace {
 
 using Form = TfrmView;
+using Texts = PreviewTexts;
 
 constexpr auto kCtrl = Qt::ControlModifier;
 constexpr auto kShift = Qt::ShiftModifier;
@@ -59,24 +60,24 @@ void startCalculator(Form& form) {
 }
 
 constexpr KeyRow kKeys[] = {
-    {{Qt::Key_PageUp, kCtrl}, "Eight pages back", leap<PageMove::previous>},
-    {{Qt::Key_PageDown, kCtrl}, "Eight pages on", leap<PageMove::next>},
-    {{Qt::Key_Home, kNone, kCtrl | kShift}, "Top of the page", scrollTo<PageSide::top>},
-    {{Qt::Key_End, kNone, kCtrl | kShift}, "End of the page", scrollTo<PageSide::bottom>},
-    {{Qt::Key_Home, kShift, kCtrl}, "Left end", scrollTo<PageSide::left>},
-    {{Qt::Key_End, kShift, kCtrl}, "Right end", scrollTo<PageSide::right>},
-    {{Qt::Key_Up, kNone, kCtrl}, "A step up", walk<-1>},
-    {{Qt::Key_Down, kNone, kCtrl}, "A step down", walk<1>},
-    {{Qt::Key_Left, kNone, kCtrl}, "A step to the left", slide<-1>},
-    {{Qt::Key_Right, kNone, kCtrl}, "A step to the right", slide<1>},
-    {{Qt::Key_Up, kCtrl}, "Eight steps up", walk<-kFar>},
-    {{Qt::Key_Down, kCtrl}, "Eight steps down", walk<kFar>},
-    {{Qt::Key_Left, kCtrl}, "Eight steps to the left", slide<-kFar>},
-    {{Qt::Key_Right, kCtrl}, "Eight steps to the right", slide<kFar>},
-    {{Qt::Key_Plus, kNone, kCtrl}, "The entry above in the list of zooms", zoomInList<1>},
-    {{Qt::Key_Minus, kNone, kCtrl}, "The entry below in the list of zooms", zoomInList<-1>},
-    {{Qt::Key_F10, kShift}, "The menu", showPopup},
-    {{Qt::Key_F9, kShift}, "Starts QorUtlCalc", startCalculator}};
+    {{Qt::Key_PageUp, kCtrl}, &Texts::keyLeapBack, leap<PageMove::previous>},
+    {{Qt::Key_PageDown, kCtrl}, &Texts::keyLeapOn, leap<PageMove::next>},
+    {{Qt::Key_Home, kNone, kCtrl | kShift}, &Texts::keyTop, scrollTo<PageSide::top>},
+    {{Qt::Key_End, kNone, kCtrl | kShift}, &Texts::keyEnd, scrollTo<PageSide::bottom>},
+    {{Qt::Key_Home, kShift, kCtrl}, &Texts::keyLeftEnd, scrollTo<PageSide::left>},
+    {{Qt::Key_End, kShift, kCtrl}, &Texts::keyRightEnd, scrollTo<PageSide::right>},
+    {{Qt::Key_Up, kNone, kCtrl}, &Texts::keyUp, walk<-1>},
+    {{Qt::Key_Down, kNone, kCtrl}, &Texts::keyDown, walk<1>},
+    {{Qt::Key_Left, kNone, kCtrl}, &Texts::keyLeft, slide<-1>},
+    {{Qt::Key_Right, kNone, kCtrl}, &Texts::keyRight, slide<1>},
+    {{Qt::Key_Up, kCtrl}, &Texts::keyFarUp, walk<-kFar>},
+    {{Qt::Key_Down, kCtrl}, &Texts::keyFarDown, walk<kFar>},
+    {{Qt::Key_Left, kCtrl}, &Texts::keyFarLeft, slide<-kFar>},
+    {{Qt::Key_Right, kCtrl}, &Texts::keyFarRight, slide<kFar>},
+    {{Qt::Key_Plus, kNone, kCtrl}, &Texts::keyZoomAbove, zoomInList<1>},
+    {{Qt::Key_Minus, kNone, kCtrl}, &Texts::keyZoomBelow, zoomInList<-1>},
+    {{Qt::Key_F10, kShift}, &Texts::keyMenu, showPopup},
+    {{Qt::Key_F9, kShift}, &Texts::keyCalculator, startCalculator}};
 
 }  // namespace
 

@@ -9,6 +9,7 @@ class QKeyEvent;
 
 namespace qor {
 
+struct PreviewTexts;
 class TfrmView;
 
 // A key with modifiers that it needs and others that it must not have; the rest may be as they are.
@@ -24,7 +25,7 @@ struct KeyUse {
 
 struct KeyRow {
   KeyUse key;
-  std::string_view does;  // in English, for the README
+  std::string_view PreviewTexts::*does;
   void (*run)(TfrmView&);
 };
 

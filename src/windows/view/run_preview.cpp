@@ -2,16 +2,20 @@
 #include <QMessageBox>
 #include <utility>
 
+#include "base/app_options.h"
 #include "document/vdoc.h"
 #include "language/language.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_user_settings.h"
+#include "platform/system/directory.h"
+#include "window_model/recent_reports.h"
 #include "window_model/window_module.h"
 #include "windows/export/export_form.h"
 #include "windows/export/mail_hand_over.h"
 #include "windows/failure_text.h"
 #include "windows/settings/settings_form.h"
+#include "windows/start/start_window.h"
 #include "windows/view/tfrm_view.h"
 
 namespace qor {
@@ -29,6 +33,13 @@ void showWarnings(const std::vector<std::string>& warnings) {
     QMessageBox(QMessageBox::Warning, qtText(interfaceTexts().ApplicationTitle), qtText(text),
                 QMessageBox::Ok)
         .exec();
+}
+
+// A report that goes when it was seen is none to come back to.
+void remember(UserSettings& settings) {
+  if (AppOptions.DeleteAfterPrint) return;
+  noteReport(settings, fullPath(AppOptions.FileName));
+  settings.save();
 }
 
 }  // namespace
@@ -53,11 +64,21 @@ __attribute__((visibility("default"))) bool qorRunPreview(VDoc& doc, void (*load
   });
   window.SetDocument(&doc, firstPage(doc));
   window.show();
+  remember(settings);
   desktop.run();
   window.close();
   window.SetDocument(nullptr, nullptr);
   made = window.madeFiles();
   return window.hasShownReport();
+}
+
+__attribute__((visibility("default"))) void qorShowStart() {
+  Desktop desktop(0);
+  QtUserSettings settings;
+  StartWindow window(settings);
+  window.show();
+  desktop.run();
+  settings.save();
 }
 
 __attribute__((visibility("default"))) void qorShowBoxes(const std::vector<std::string>& warnings,

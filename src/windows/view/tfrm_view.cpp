@@ -2,6 +2,7 @@
 #include "windows/view/tfrm_view.h"
 
 #include <QApplication>
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QScreen>
 #include <QStyle>
@@ -9,7 +10,6 @@
 #include <QWindow>
 
 #include "base/app_options.h"
-#include "base/path.h"
 #include "document/vdoc.h"
 #include "language/language.h"
 #include "platform/qt/qt_text.h"
@@ -34,9 +34,9 @@ constexpr int kBlinkInterval = 1700;  // ms
 
 TfrmView::TfrmView(UserSettings& settings, ViewCommands commands)
     : settings_(settings),
-      parts_(std::make_unique<ViewParts>(this, std::move(commands),
-                                         std::string(directoryOf(settings.location())))),
+      parts_(std::make_unique<ViewParts>(this, std::move(commands), settings)),
       TimerDynamicBlinc_(new QTimer(this)) {
+  setAcceptDrops(true);
   setWindowIcon(TQorImageForm::ImageMenuList(ImageIndex::program, IconPlace::button));
   const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight) + kFrame;
   resize(kSize.boundedTo(screen()->availableSize() - QSize(kFrame, title)));
@@ -131,6 +131,15 @@ void TfrmView::changeEvent(QEvent* event) {
   // The controls in the window learn of their colours after it.
   if (event->type() == QEvent::PaletteChange)
     QTimer::singleShot(0, this, [this] { run([this] { ShowPage(); }); });
+}
+
+void TfrmView::dragEnterEvent(QDragEnterEvent* event) {
+  if (ReportOpening::holdsFiles(*event->mimeData())) event->acceptProposedAction();
+}
+
+void TfrmView::dropEvent(QDropEvent* event) {
+  run([this, event] { parts_->opening.openDropped(*event->mimeData()); });
+  event->acceptProposedAction();
 }
 
 bool TfrmView::eventFilter(QObject* watched, QEvent* event) {

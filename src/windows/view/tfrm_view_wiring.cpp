@@ -102,8 +102,11 @@ void TfrmView::connectParts() {
   connect(&parts.forms, &FormCalls::stateChanged, this, &TfrmView::keepState);
   connect(&parts.forms, &FormCalls::told, this,
           [&parts](const QString& message) { parts.desk->status.setMessage(message); });
-  connect(&parts.forms, &FormCalls::failed, this,
-          [this](const QString& reason) { showMessage(MessageKind::error, reason); });
+  const auto tellFailure = [this](const QString& reason) {
+    showMessage(MessageKind::error, reason);
+  };
+  connect(&parts.forms, &FormCalls::failed, this, tellFailure);
+  connect(&parts.opening, &ReportOpening::failed, this, tellFailure);
   connect(&parts.forms, &FormCalls::pagesIndexed, this, [this, &parts] {
     showTotal();
     parts.list.fill();
@@ -122,6 +125,8 @@ void TfrmView::connectMenu() {
           [this, &parts](int entry) { run([&] { parts.zoom.mnuZoomListClick(entry); }); });
   connect(menu, &ViewMenu::codePageChosen, this,
           [this, &parts](int codePage) { run([&] { parts.notes.mnuCodePageClick(codePage); }); });
+  connect(menu, &ViewMenu::recentChosen, this,
+          [this, &parts](const QString& path) { run([&] { parts.opening.open(path); }); });
   connect(menu, &ViewMenu::languageChosen, this,
           [this](const Language& language) { run([&] { chooseLanguage(language); }); });
   PageScroll* area = parts.desk->ui.pScroll;

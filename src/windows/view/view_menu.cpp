@@ -21,6 +21,7 @@ namespace qor {
 namespace {
 
 // Other menus stand behind one entry and before another.
+constexpr std::string_view kRecentBehind = "mnuOpen";
 constexpr std::string_view kZoomsBehind = "mnuZoomMinus";
 constexpr std::string_view kLanguagesBefore = "mnuClose";
 
@@ -35,6 +36,8 @@ ViewMenu::ViewMenu(TfrmView& form) : form_(form), mnuPopup_(new QMenu(&form)) {
   addEntries();
   connect(mnuZoom_, &QMenu::triggered, this,
           [this](const QAction* entry) { emit zoomChosen(entry->data().toInt()); });
+  connect(mnuRecent_, &QMenu::triggered, this,
+          [this](const QAction* entry) { emit recentChosen(entry->data().toString()); });
   connect(mnuCodePage_, &QMenu::triggered, this,
           [this](const QAction* entry) { emit codePageChosen(entry->data().toInt()); });
   connect(mnuLanguage_, &QMenu::triggered, this,
@@ -60,6 +63,7 @@ void ViewMenu::addEntries() {
     }
     if (row.run != nullptr)
       connect(entry, &QAction::triggered, this, [this, &row] { form_.run(row.run); });
+    if (row.id == kRecentBehind) mnuRecent_ = addMenu("mnuRecent");
     if (row.id == kZoomsBehind) addZooms();
     if (row.endsGroup) mnuPopup_->addSeparator();
   }
@@ -92,6 +96,7 @@ void ViewMenu::addLanguages() {
 
 void ViewMenu::popup(const QPoint& spot) {
   update();
+  fillRecent();
   fillCodePages();
   mnuPopup_->popup(form_.parts().desk->ui.pScroll->mapToGlobal(spot));
 }
@@ -103,6 +108,15 @@ void ViewMenu::update() {
     if (row.otherText != nullptr) setText(*entries_[i], row);
     if (row.checkedWhen != nullptr) entries_[i]->setChecked(row.checkedWhen(form_));
   }
+}
+
+// Other windows may have opened some since.
+void ViewMenu::fillRecent() {
+  mnuRecent_->clear();
+  for (const QString& path : form_.parts().opening.recent())
+    mnuRecent_->addAction(QString(path).replace('&', "&&"))->setData(path);
+  if (mnuRecent_->isEmpty())
+    mnuRecent_->addAction(qtText(previewTexts().noRecentReports))->setEnabled(false);
 }
 
 // The code page at hand is ticked; one that is not offered stands first.
@@ -132,6 +146,7 @@ void ViewMenu::setText(QAction& entry, const CommandRow& row) const {
 void ViewMenu::retranslate() {
   const PreviewTexts& texts = previewTexts();
   for (std::size_t i = 0; i < entries_.size(); ++i) setText(*entries_[i], commandTable()[i]);
+  mnuRecent_->setTitle(qtText(texts.recentReports));
   mnuZoom_->setTitle(qtText(texts.zoom));
   mnuLanguage_->setTitle(qtText(texts.language));
   mnuCodePage_->setTitle(qtText(texts.codePage));

@@ -29,17 +29,20 @@ class ViewMenu : public QObject {
   void zoomChosen(int entry);  // of the list of zooms
   void codePageChosen(int codePage);
   void languageChosen(const Language& language);
+  void recentChosen(const QString& path);
 
  private:
   void addEntries();
   QMenu* addMenu(const char* name);
   void addZooms();
   void addLanguages();
+  void fillRecent();
   void fillCodePages();
   void setText(QAction& entry, const CommandRow& row) const;
 
   TfrmView& form_;
   QMenu* mnuPopup_;
+  QMenu* mnuRecent_ = nullptr;
   QMenu* mnuZoom_ = nullptr;
   QMenu* mnuCodePage_ = nullptr;
   QMenu* mnuLanguage_ = nullptr;

@@ -1,13 +1,15 @@
 // The parts of the window.
 #include "windows/view/view_parts.h"
 
+#include "base/path.h"
 #include "platform/system/directory.h"
+#include "platform/system/user_settings.h"
 #include "windows/view/page_under_lines.h"
 #include "windows/view/view_desk.h"
 
 namespace qor {
 
-ViewParts::ViewParts(QMainWindow* window, ViewCommands offered, const std::string& userDirectory)
+ViewParts::ViewParts(QMainWindow* window, ViewCommands offered, UserSettings& settings)
     : desk(std::make_unique<ViewDesk>(window)),
       errors(*desk->page_control, window),
       number(*desk),
@@ -17,11 +19,13 @@ ViewParts::ViewParts(QMainWindow* window, ViewCommands offered, const std::strin
       pages(*desk, zoom, errors),
       scale(*desk, pages),
       notes(*desk, pages),
-      lines(desk->ui.pScroll->viewport(), {programDirectory(), userDirectory},
+      lines(desk->ui.pScroll->viewport(),
+            {programDirectory(), std::string(directoryOf(settings.location()))},
             pageUnderLines(*desk, pages)),
       turner(*desk, number, lines),
       switches(*desk, pages, list, scale),
-      forms(*desk, std::move(offered), zoom, pages, notes, scale) {
+      forms(*desk, std::move(offered), zoom, pages, notes, scale),
+      opening(settings, window) {
 }
 
 ViewParts::~ViewParts() = default;

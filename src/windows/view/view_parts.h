@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "windows/alignment/alignment_lines.h"
+#include "windows/start/report_opening.h"
 #include "windows/view/error_box.h"
 #include "windows/view/form_calls.h"
 #include "windows/view/page_list_pane.h"
@@ -24,8 +25,7 @@ class QMainWindow;
 namespace qor {
 
 struct ViewParts {
-  // `userDirectory` is where the user's settings are, with a closing "/".
-  ViewParts(QMainWindow* window, ViewCommands offered, const std::string& userDirectory);
+  ViewParts(QMainWindow* window, ViewCommands offered, UserSettings& settings);
   ~ViewParts();
 
   std::unique_ptr<ViewDesk> desk;
@@ -41,6 +41,7 @@ struct ViewParts {
   PageTurner turner;
   ViewSwitches switches;
   FormCalls forms;
+  ReportOpening opening;
   // Made last: they ask the parts above for their state.
   std::unique_ptr<ViewTools> tools;
   std::unique_ptr<ViewMenu> menu;

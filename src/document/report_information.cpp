@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "base/path.h"
+#include "language/language.h"
 
 namespace qor {
 namespace {
@@ -38,6 +39,13 @@ PdfInformation informationOf(const RunOptions& run, std::string title, int codeP
           .language = languageTagOf(codePage),
           .producer = run.program + " " + run.version,
           .created = creationTime()};
+}
+
+PdfInformation drawnInformationOf(const RunOptions& run, std::string title, int codePage) {
+  PdfInformation information = informationOf(run, std::move(title), codePage);
+  if (information.language.empty()) information.language = currentLanguage().id;
+  information.tagged = true;
+  return information;
 }
 
 std::string titleOf(const RunOptions& run) {

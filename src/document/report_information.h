@@ -12,6 +12,10 @@ namespace qor {
 // SOURCE_DATE_EPOCH: builders of packages make the same documents of the same report with it.
 PdfInformation informationOf(const RunOptions& run, std::string title, int codePage);
 
+// The same of pages as drawn, whose lines readers can tell. The language of the interface stands in
+// where the code page tells none.
+PdfInformation drawnInformationOf(const RunOptions& run, std::string title, int codePage);
+
 // What the run calls the report: its caption, else its name.
 std::string titleOf(const RunOptions& run);
 

@@ -137,7 +137,7 @@ PrintOutcome VDoc::print(const RunOptions& options, const PrintTask& task,
   if (!file) throw NumberedError(kErrorOpenDocument, options.report);
   if (task.pages.empty()) return withoutPages(*this, options.report);
   try {
-    context->startDocument({informationOf(options, task.title, Settings.Page.BaseCodePage),
+    context->startDocument({drawnInformationOf(options, task.title, Settings.Page.BaseCodePage),
                             task.output, fileBeside(options.report)});
     sendPages(*context, *file, task, progress);
     context->endDocument();

@@ -1,6 +1,7 @@
 // The pages' canvas and their document.
 #include "export/pdf/drawn_pdf.h"
 
+#include "base/errors.h"
 #include "base/units.h"
 #include "document/code_page.h"
 #include "document/report_information.h"
@@ -17,19 +18,19 @@ namespace {
 // That of the printer that makes PDF files: the widths of barcodes are whole dots.
 constexpr int kDpi = 600;
 
-PdfInformation taggedInformation(const ExportTask& task) {
-  const RunOptions& run = task.startedWith;
-  PdfInformation information =
-      informationOf(run, titleOf(run), task.doc.Settings.Page.BaseCodePage);
-  information.tagged = true;
-  return information;
+// Throws FileError for one without an area.
+SheetSize sheetOf(const ExportTask& task) {
+  const SheetSize sheet = sheetSizeOf(task.doc.Settings.Page);
+  if (sheet.width > 0 && sheet.height > 0) return sheet;
+  throw FileError(task.target + ": a page can't have a sheet without an area",
+                  ErrorKind::cannotWrite);
 }
 
 void drawPages(const ExportTask& task, PdfPages& pages) {
   VSet& settings = task.doc.Settings;
   settings.Prn = sheetAsDevice(settings.Page, kDpi);
   settings.Scr = screenForPrint(settings.Page, settings.Prn, kPictureDpi);
-  const auto [width, height] = sheetSizeOf(settings.Page);
+  const auto [width, height] = sheetOf(task);
   pages.setPageSize(pointsFromTwips(realTwipsFromMillimetres(width)),
                     pointsFromTwips(realTwipsFromMillimetres(height)));
   PdfCanvas canvas(pages, {settings.Prn.PhysicalWidth, settings.Prn.PhysicalHeight}, {kDpi, kDpi});
@@ -51,7 +52,8 @@ ExportResult exportDrawnPdf(const ExportTask& task) {
   LoadCodePage(task.doc.Settings.Page.BaseCodePage);
   NewSidePictures pictures;
   OutputFile file(task.target);
-  PdfPages pages(file, taggedInformation(task));
+  const RunOptions& run = task.startedWith;
+  PdfPages pages(file, drawnInformationOf(run, titleOf(run), task.doc.Settings.Page.BaseCodePage));
   drawPages(task, pages);
   pages.finish();
   file.commit();

@@ -9,13 +9,15 @@
 namespace qor {
 namespace {
 
-constexpr double kCurveBeyond = 100000;
+constexpr double kBeyond = 1024.0 / kPictureDpi;  // inches
+constexpr Dots kCurveBeyond = {100000, 100000};
+constexpr double kWidestPen = 1024;  // dots
 
-// Cuts a line to the stretch from -kBeyondDevice to size + kBeyondDevice of one axis; `u` runs
-// along that axis, `v` along the other. False if nothing is left.
-bool cutAlong(double& u1, double& v1, double& u2, double& v2, std::int32_t size) {
-  const double low = -kBeyondDevice;
-  const double high = size + kBeyondDevice;
+// Cuts a line to the stretch from -beyond to size + beyond of one axis; `u` runs along that axis,
+// `v` along the other. False if nothing is left.
+bool cutAlong(double& u1, double& v1, double& u2, double& v2, std::int32_t size, double beyond) {
+  const double low = -beyond;
+  const double high = size + beyond;
   if (std::max(u1, u2) < low || std::min(u1, u2) > high) return false;
   const double slope = u1 == u2 ? 0 : (v2 - v1) / (u2 - u1);
   const auto cut = [&](double& u, double& v) {
@@ -49,10 +51,14 @@ double DeviceSpace::dotsAcross(double units) const {
   return realDotsFromTwips(units, mapping_.dpiX);
 }
 
-DotBox DeviceSpace::boxWithin(const Rect& rect, double beyond) const {
+Dots DeviceSpace::beyond() const {
+  return {kBeyond * dots_per_inch_.x, kBeyond * dots_per_inch_.y};
+}
+
+DotBox DeviceSpace::boxWithin(const Rect& rect, Dots beyond) const {
   const auto near = [beyond](Dots place, Point size) {
-    return Dots{std::clamp(place.x, -beyond, size.x + beyond),
-                std::clamp(place.y, -beyond, size.y + beyond)};
+    return Dots{std::clamp(place.x, -beyond.x, size.x + beyond.x),
+                std::clamp(place.y, -beyond.y, size.y + beyond.y)};
   };
   const Dots first = near(dots(rect.left, rect.top), size_);
   const Dots last = near(dots(rect.right, rect.bottom), size_);
@@ -61,18 +67,18 @@ DotBox DeviceSpace::boxWithin(const Rect& rect, double beyond) const {
 }
 
 DotBox DeviceSpace::box(const Rect& rect) const {
-  return boxWithin(rect, kBeyondDevice);
+  return boxWithin(rect, beyond());
 }
 
 DotBox DeviceSpace::textClip(const Rect& rect) const {
   DotBox clip = box(rect);
   if (rect.right <= rect.left) {
-    clip.left = -kBeyondDevice;
-    clip.right = size_.x + kBeyondDevice;
+    clip.left = -beyond().x;
+    clip.right = size_.x + beyond().x;
   }
   if (rect.bottom <= rect.top) {
-    clip.top = -kBeyondDevice;
-    clip.bottom = size_.y + kBeyondDevice;
+    clip.top = -beyond().y;
+    clip.bottom = size_.y + beyond().y;
   }
   return clip;
 }
@@ -88,12 +94,12 @@ Dots DeviceSpace::cornerRadii(const DotBox& box, std::int32_t width, std::int32_
 }
 
 bool DeviceSpace::cutLine(Dots& from, Dots& to) const {
-  return cutAlong(from.x, from.y, to.x, to.y, size_.x) &&
-         cutAlong(from.y, from.x, to.y, to.x, size_.y);
+  return cutAlong(from.x, from.y, to.x, to.y, size_.x, beyond().x) &&
+         cutAlong(from.y, from.x, to.y, to.x, size_.y, beyond().y);
 }
 
 double DeviceSpace::penWidth(const Pen& pen) const {
-  return std::clamp(dotsAcross(pen.width), 1.0, kBeyondDevice);
+  return std::clamp(dotsAcross(pen.width), 1.0, kWidestPen);
 }
 
 bool DeviceSpace::shows(const TextRun& run) const {

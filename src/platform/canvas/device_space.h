@@ -21,10 +21,6 @@ struct DotBox {
   double height() const { return bottom - top; }
 };
 
-// Lines and edges end this far off the device at the latest, in dots, before any library's range
-// does. Thicker pens are cut.
-inline constexpr double kBeyondDevice = 1024;
-
 class DeviceSpace {
  public:
   // Maps 1440 logical units to an inch until told otherwise.
@@ -52,14 +48,17 @@ class DeviceSpace {
   // Cuts a line, on the line itself. False if nothing of it is near the device.
   bool cutLine(Dots& from, Dots& to) const;
 
-  // At least a dot.
+  // At least a dot; wider ones than any sheet needs are cut.
   double penWidth(const Pen& pen) const;
 
   // Whether anything of the text may be seen.
   bool shows(const TextRun& run) const;
 
  private:
-  DotBox boxWithin(const Rect& rect, double beyond) const;
+  // How far off the device lines and edges end at the latest, before any library's range does; the
+  // same length on all, so that dashes begin alike.
+  Dots beyond() const;
+  DotBox boxWithin(const Rect& rect, Dots beyond) const;
 
   Point size_;
   Point dots_per_inch_;

@@ -107,10 +107,45 @@ class FallbackList {
   FontSet fonts_;
 };
 
+bool hasTables(FcPattern* font) {
+  FcChar8* format = nullptr;
+  if (FcPatternGetString(font, FC_FONTFORMAT, 0, &format) != FcResultMatch) return false;
+  const std::string_view name = reinterpret_cast<const char*>(format);
+  return name == "TrueType" || name == "CFF";
+}
+
+// Old files don't tell their width.
+bool isSameStyle(FcPattern* first, FcPattern* second) {
+  FcChar8* families[2] = {};
+  FcPatternGetString(first, FC_FAMILY, 0, &families[0]);
+  FcPatternGetString(second, FC_FAMILY, 0, &families[1]);
+  const auto same = [&](const char* object) {
+    return integerOf(first, object, 0) == integerOf(second, object, 0);
+  };
+  return families[0] != nullptr && families[1] != nullptr &&
+         FcStrCmpIgnoreCase(families[0], families[1]) == 0 && same(FC_WEIGHT) && same(FC_SLANT);
+}
+
+// The same face in a file with tables, where there is one: only such a file can go into documents,
+// and older files of the same faces often stand beside them. Null where there is none.
+FontPattern withTables(FcPattern* pattern, FcPattern* found) {
+  FcResult result = FcResultNoMatch;
+  const FontSet fonts(FcFontSort(nullptr, pattern, FcFalse, nullptr, &result));
+  for (int i = 0; fonts && i < fonts->nfont; ++i) {
+    FcPattern* font = fonts->fonts[i];
+    if (hasTables(font) && isSameStyle(font, found))
+      return FontPattern(FcFontRenderPrepare(nullptr, pattern, font));
+  }
+  return nullptr;
+}
+
 std::shared_ptr<const FontFace> findFace(const FaceRequest& request) {
   const FontPattern pattern = patternOf(request);
   FcResult result = FcResultNoMatch;
-  const FontPattern found(FcFontMatch(nullptr, pattern.get(), &result));
+  FontPattern found(FcFontMatch(nullptr, pattern.get(), &result));
+  if (found && !hasTables(found.get())) {
+    if (auto other = withTables(pattern.get(), found.get())) found = std::move(other);
+  }
   auto face = found ? openFace(found.get(), request) : nullptr;
   if (!face) throw SystemError("no font is installed");
   return face;

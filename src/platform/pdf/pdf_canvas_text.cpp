@@ -25,6 +25,9 @@ constexpr double kBoldShift = kPdfBoldStroke / 2;
 // How far a letter may stand from its place in the layout, in twips.
 constexpr double kMostDrift = 0.75;
 
+// Stretches are told with few decimals: narrower letters are a matter of directions.
+constexpr double kLeastStretch = 0.1;
+
 // Whether the second rectangle goes on where the first one ends, to the right or downwards.
 bool joins(const DotRect& first, const DotRect& second) {
   const bool sameRow = first.top == second.top && first.bottom == second.bottom;
@@ -46,15 +49,15 @@ class PdfCanvas::TextPainter {
         unit_(canvas.twipsPerUnit()),
         cos_(std::cos(run.angle)),
         sin_(std::sin(run.angle)) {
-    const double stretch = 100 * run.font.widthScale();
     const double across = unit_.x / unit_.y;
-    style_.size = run.font.emSize() * unit_.y;
+    const double wide = run.font.widthScale() * across;
     most_drift_ = kMostDrift * 1000 / (run.font.emSize() * run.font.widthScale() * unit_.x);
-    if (run.record.Escapement == 0) {
-      style_.stretch = stretch * across;
+    style_.size = run.font.emSize() * unit_.y;
+    if (run.record.Escapement == 0 && wide >= kLeastStretch) {
+      style_.stretch = 100 * wide;
     } else {
-      style_.stretch = stretch;
-      style_.turn = {cos_ * across, sin_, -sin_ * across, cos_};
+      turned_ = true;
+      style_.turn = {cos_ * wide, sin_ * run.font.widthScale(), -sin_ * across, cos_};
     }
   }
 
@@ -67,7 +70,7 @@ class PdfCanvas::TextPainter {
       if (code.face != style_.face || boxed != isHidden()) endPiece(glyphs[i].distance);
       if (boxed) addBox(i);
       if (code.face == PdfGlyphCode::kNone) {
-        if (!boxed) showOutline(glyphs[i]);
+        if (!boxed) showOutline(i);
         continue;
       }
       if (piece_.empty()) beginPiece(face, code.face, glyphs[i].distance);
@@ -109,12 +112,22 @@ class PdfCanvas::TextPainter {
   void beginPiece(const FontFace& face, std::size_t number, double distance) {
     style_.face = number;
     style_.mode = face.style().syntheticBold ? PdfTextMode::bold : PdfTextMode::plain;
-    style_.slanted = face.style().syntheticSlant;
+    slant(face.style().syntheticSlant);
     style_.spacing = run_.characterExtra * unit_.y / run_.font.widthScale() +
                      canvas_.codes_.spacingOf(face) * style_.size / 1000;
     steps_.clear();
     drift_ = 0;
     start_ = distance;
+  }
+
+  // A slant is that of the natural width, however wide the letters are.
+  void slant(bool slanted) {
+    style_.slanted = slanted && !turned_;
+    if (!turned_) return;
+    const double along = slanted ? kPdfSlant : 0;
+    const double across = unit_.x / unit_.y;
+    style_.turn.c = (along * cos_ - sin_) * across;
+    style_.turn.d = along * sin_ + cos_;
   }
 
   // Where a glyph of the face stands that is so far along the text.
@@ -133,7 +146,10 @@ class PdfCanvas::TextPainter {
     if (piece_.empty()) return;
     const Dots pen = penAt(start_, canvas_.pages_.faces().face(style_.face));
     const Dots place = placeAt(pen.x, pen.y);
-    canvas_.content().show(place.x, place.y, style_, piece_, (end - start_) * unit_.x, steps_);
+    // Where the reader's pen then stands: what the widths still lack isn't made up.
+    const double lacking = drift_ * run_.font.emSize() * run_.font.widthScale() / 1000;
+    canvas_.content().show(place.x, place.y, style_, piece_, (end - start_ - lacking) * unit_.x,
+                           steps_);
     piece_.clear();
   }
 
@@ -144,19 +160,30 @@ class PdfCanvas::TextPainter {
   }
   bool isHidden() const { return style_.mode == PdfTextMode::hidden; }
 
-  // Level lines go on in the next cell, and upright ones through the middle of theirs.
+  // Level lines go on in the next cell, and upright ones through the middle of theirs: only what
+  // the cell before and this one have made can go on.
   void addBox(std::size_t place) {
-    const BoxCharacter box(run_.text[place], boxCell(canvas_.space_, run_, place));
-    for (const DotRect& rect : box.rects()) {
-      const auto known = std::find_if(boxes_.rbegin(), boxes_.rend(),
-                                      [&rect](const DotRect& each) { return joins(each, rect); });
-      if (known == boxes_.rend()) {
-        boxes_.push_back(rect);
-      } else {
-        known->right = std::max(known->right, rect.right);
-        known->bottom = std::max(known->bottom, rect.bottom);
+    const DotRect cell = boxCell(canvas_.space_, run_, place);
+    if (cell.right < 0 || cell.left > canvas_.space_.size().x) return;
+    std::swap(before_, here_);
+    here_.clear();
+    for (const DotRect& rect : BoxCharacter(run_.text[place], cell).rects())
+      here_.push_back(join(rect));
+  }
+
+  // The place of the rectangle, or of the one that now holds it.
+  std::size_t join(const DotRect& rect) {
+    for (const auto* known : {&here_, &before_}) {
+      for (const std::size_t number : *known) {
+        DotRect& box = boxes_[number];
+        if (!joins(box, rect)) continue;
+        box.right = std::max(box.right, rect.right);
+        box.bottom = std::max(box.bottom, rect.bottom);
+        return number;
       }
     }
+    boxes_.push_back(rect);
+    return boxes_.size() - 1;
   }
 
   void fillBoxes() {
@@ -168,8 +195,10 @@ class PdfCanvas::TextPainter {
     boxes_.clear();
   }
 
-  // What documents can't hold as a letter goes out as its shape.
-  void showOutline(const PlacedGlyph& glyph) {
+  // What documents can't hold as a letter goes out as its shape, with a hidden letter of another
+  // face to be found.
+  void showOutline(std::size_t place) {
+    const PlacedGlyph& glyph = run_.glyphs[place];
     const auto [bold, slanted] = glyph.face->style();
     const double em = run_.font.emSize();
     const double wide = em * run_.font.widthScale();
@@ -180,9 +209,23 @@ class PdfCanvas::TextPainter {
     content.setLineWidth(style_.size * kPdfBoldStroke);
     content.setDash({});
     drawGlyphOutline(*glyph.face, glyph.index, bold, content, [&](double x, double y) {
-      const Dots place = placeAt(pen.x + x * wide + y * em * slant, pen.y - y * em);
-      return std::pair(place.x, place.y);
+      const Dots point = placeAt(pen.x + x * wide + y * em * slant, pen.y - y * em);
+      return std::pair(point.x, point.y);
     });
+    showHidden(plainCharacter(run_.text[place]), glyph);
+  }
+
+  void showHidden(char32_t character, const PlacedGlyph& glyph) {
+    const auto code = canvas_.codes_.hiddenCodeOf(character);
+    const Dots pen = penAt(glyph.distance, *glyph.face);
+    const Dots place = placeAt(pen.x, pen.y);
+    PdfTextStyle style = style_;
+    style.face = code.face;
+    style.mode = PdfTextMode::hidden;
+    style.slanted = false;
+    style.spacing = 0;
+    const char text = static_cast<char>(code.code);
+    canvas_.content().show(place.x, place.y, style, {&text, 1}, 0);
   }
 
   PdfCanvas& canvas_;
@@ -194,8 +237,11 @@ class PdfCanvas::TextPainter {
   double cos_;
   double sin_;
   PdfTextStyle style_;
-  double start_ = 0;  // of the piece, along the text
-  double drift_ = 0;  // of its last letter, in thousandths of an em
+  std::vector<std::size_t> before_;  // places in boxes_, of the cell before
+  std::vector<std::size_t> here_;
+  bool turned_ = false;  // or too narrow to be told by a stretch
+  double start_ = 0;     // of the piece, along the text
+  double drift_ = 0;     // of its last letter, in thousandths of an em
   double most_drift_ = 0;
 };
 

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cmath>
+#include <cstdio>
 #include <tuple>
 #include <utility>
 
@@ -21,9 +22,14 @@ double fromThousandths(std::int64_t value) {
   return static_cast<double>(value) / 1000;
 }
 
-// A direction needs more digits than a place.
+// A direction needs more digits than a place, and that of narrow letters still more.
 void appendDirections(std::string& bytes, const PdfTurn& turn) {
-  for (const double part : {turn.a, turn.b, turn.c, turn.d}) bytes += std::to_string(part) + " ";
+  for (const double part : {turn.a, turn.b, turn.c, turn.d}) {
+    char text[40];
+    std::snprintf(text, sizeof text, "%.*f ",
+                  std::abs(part) > 1e-9 && std::abs(part) < 0.1 ? 12 : 6, part);
+    bytes += text;
+  }
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "base/errors.h"
+#include "platform/pdf/embeddable_face.h"
 
 namespace qor {
 namespace {
@@ -11,15 +11,6 @@ namespace {
 // Controls, and bytes without a character.
 bool showsNothing(char32_t character) {
   return character < U' ' || (character >= 0x7F && character < 0xA0) || character == U'\xFFFD';
-}
-
-std::shared_ptr<const FontFace> embeddableFace(FaceRequest request) {
-  auto face = matchFace(request);
-  if (canBeEmbedded(*face)) return face;
-  request.family = "Courier New";
-  face = matchFace(request);
-  if (canBeEmbedded(*face)) return face;
-  throw FileError(face->file() + ": the font can't be embedded");
 }
 
 }  // namespace

@@ -3,13 +3,17 @@
 
 #include <cmath>
 
-#include "platform/fonts/font_face.h"
+#include "platform/pdf/embeddable_face.h"
 
 namespace qor {
 namespace {
 
 constexpr std::size_t kCodes = 255;  // code 0 stays free
 constexpr unsigned char kFirstOther = 0x80;
+
+std::uint64_t keyOf(std::uint32_t glyph, char32_t character) {
+  return std::uint64_t{glyph} << 32 | character;
+}
 
 double lackOf(const FontFace& face, std::uint32_t glyph) {
   const double width = widthOf(face, glyph);
@@ -46,14 +50,25 @@ PdfGlyphCode PdfGlyphCodes::add(KnownFace& known, const FontFace& face, std::uin
   return {known.number, code, lackOf(face, glyph) - known.spacing};
 }
 
+PdfGlyphCode PdfGlyphCodes::hiddenCodeOf(char32_t character) {
+  const auto face = embeddableFace({"Courier New"});
+  const std::uint32_t glyph = face->glyphIndex(U'?');
+  return codeIn(known(*face).others[keyOf(glyph, character)], *face, glyph, character);
+}
+
 PdfGlyphCode PdfGlyphCodes::findCode(const FontFace& face, std::uint32_t glyph,
                                      char32_t character) {
   KnownFace& kept = known(face);
   if (glyph == 0 || !kept.embeds) return {};
-  PdfGlyphCode& code =
-      character < kAscii ? kept.ascii[character] : kept.others.try_emplace(character).first->second;
-  if (code.face == PdfGlyphCode::kNone) code = add(kept, face, glyph, character);
-  return code;
+  return codeIn(character < kAscii ? kept.ascii[character] : kept.others[keyOf(glyph, character)],
+                face, glyph, character);
+}
+
+// The code that is kept, or now is.
+PdfGlyphCode PdfGlyphCodes::codeIn(PdfGlyphCode& kept, const FontFace& face, std::uint32_t glyph,
+                                   char32_t character) {
+  if (kept.face == PdfGlyphCode::kNone) kept = add(known(face), face, glyph, character);
+  return kept;
 }
 
 }  // namespace qor

@@ -23,9 +23,8 @@ class PdfGlyphCodes {
   // The faces must live as long.
   explicit PdfGlyphCodes(PdfFaces& faces) : faces_(faces) { faces.useWholeWidths(); }
 
-  // The code of a character's glyph; the same character of a face always has the same glyph. None
-  // for the mark of missing characters, which documents for archives must not show, and for faces
-  // that can't be embedded.
+  // The code of a character's glyph. None for the mark of missing characters, which documents for
+  // archives must not show, and for faces that can't be embedded.
   PdfGlyphCode codeOf(const FontFace& face, std::uint32_t glyph, char32_t character) {
     if (&face == last_face_ && character < kAscii) {
       const PdfGlyphCode& known = last_->ascii[character];
@@ -33,6 +32,9 @@ class PdfGlyphCodes {
     }
     return findCode(face, glyph, character);
   }
+
+  // A code that is read as this character, whatever it shows.
+  PdfGlyphCode hiddenCodeOf(char32_t character);
 
   // The same lack of all letters of a fixed pitch, which a space behind each makes up; else 0.
   double spacingOf(const FontFace& face) { return known(face).spacing; }
@@ -46,10 +48,12 @@ class PdfGlyphCodes {
     std::size_t number = 0;  // where codes are still free
     std::size_t free = 0;    // of them
     std::array<PdfGlyphCode, kAscii> ascii;
-    std::unordered_map<char32_t, PdfGlyphCode> others;
+    std::unordered_map<std::uint64_t, PdfGlyphCode> others;  // by glyph and character
   };
 
   PdfGlyphCode findCode(const FontFace& face, std::uint32_t glyph, char32_t character);
+  PdfGlyphCode codeIn(PdfGlyphCode& kept, const FontFace& face, std::uint32_t glyph,
+                      char32_t character);
   KnownFace& known(const FontFace& face);
   PdfGlyphCode add(KnownFace& known, const FontFace& face, std::uint32_t glyph, char32_t character);
 

@@ -48,9 +48,12 @@ std::string entries(int width, int height, std::string_view colors, int bits = 8
 }
 
 std::string colorsOf(const PlainPng& png) {
-  if (png.palette.empty()) return png.samples == 1 ? kGray : kRgb;
-  return "[/Indexed/DeviceRGB " + std::to_string(png.palette.size() / 3 - 1) +
-         hexText(png.palette) + "]";
+  if (!png.indexed) return png.samples == 1 ? kGray : kRgb;
+  // Pixels may point beyond the palette: they are black, as everywhere.
+  const std::size_t colors = std::size_t{1} << png.bits;
+  std::string palette(png.palette.substr(0, colors * 3));
+  palette.resize(colors * 3);
+  return "[/Indexed/DeviceRGB " + std::to_string(colors - 1) + hexText(palette) + "]";
 }
 
 // Whether the start of a stream shrinks by more than an eighth.

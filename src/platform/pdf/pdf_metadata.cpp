@@ -18,10 +18,13 @@ std::string timeText(std::time_t time, const char* format) {
   return {text.data(), std::strftime(text.data(), text.size(), format, &parts)};
 }
 
+// Archives take no longer strings than 32,767 bytes.
+constexpr std::size_t kLongestText = 8000;
+
 // What both forms can hold: titles come from command lines, in whatever bytes.
 std::string printable(std::string_view utf8) {
   std::string text;
-  for (const char32_t c : codePointsFromUtf8(utf8)) {
+  for (const char32_t c : codePointsFromUtf8(utf8).substr(0, kLongestText)) {
     const bool isText = c >= U' ' && c != 0xFFFE && c != 0xFFFF;
     appendUtf8(text, isText ? c : U' ');
   }
@@ -41,6 +44,12 @@ std::string xmlText(std::string_view text) {
   return escaped;
 }
 
+std::string levelOf(const PdfInformation& information) {
+  if (!information.archived) return "";
+  return std::string("<pdfaid:part>2</pdfaid:part>\n<pdfaid:conformance>") +
+         (information.tagged ? "U" : "B") + "</pdfaid:conformance>\n";
+}
+
 std::string xmpOf(const PdfInformation& information) {
   const std::string created = timeText(information.created, "%Y-%m-%dT%H:%M:%SZ");
   return "<?xpacket begin=\"\xEF\xBB\xBF\" id=\"W5M0MpCehiHzreSzNTczkc9d\"?>\n"
@@ -54,10 +63,7 @@ std::string xmpOf(const PdfInformation& information) {
          xmlText(printable(information.title)) +
          "</rdf:li></rdf:Alt></dc:title>\n<xmp:CreateDate>" + created +
          "</xmp:CreateDate>\n<pdf:Producer>" + xmlText(printable(information.producer)) +
-         "</pdf:Producer>\n<pdfaid:part>2</pdfaid:part>\n"
-         "<pdfaid:conformance>" +
-         (information.tagged ? "U" : "B") +
-         "</pdfaid:conformance>\n"
+         "</pdf:Producer>\n" + levelOf(information) +
          "</rdf:Description>\n</rdf:RDF>\n</x:xmpmeta>\n<?xpacket end=\"w\"?>\n";
 }
 
@@ -102,21 +108,32 @@ std::string textTag(std::string_view text) {
   return tag;
 }
 
+// How sRGB's white, D65, was adapted to D50: by Bradford's matrix.
+std::string adaptationTag() {
+  std::string tag = "sf32";
+  putNumber(tag, 0);
+  for (const double part : {1.047882, 0.022919, -0.050217, 0.029587, 0.990479, -0.017059, -0.009232,
+                            0.015076, 0.751678})
+    putReal(tag, part);
+  return tag;
+}
+
 // sRGB as a display profile of version 4 (ICC.1): primaries adapted to D50.
 std::string colorProfile() {
   struct Tag {
     std::string name;
     std::string data;
   };
-  const std::array<Tag, 9> tags = {{{"desc", textTag("sRGB")},
-                                    {"cprt", textTag("No copyright, use freely")},
-                                    {"wtpt", colorTag({0.9642, 1, 0.8249})},
-                                    {"rXYZ", colorTag({0.4360, 0.2225, 0.0139})},
-                                    {"gXYZ", colorTag({0.3851, 0.7169, 0.0971})},
-                                    {"bXYZ", colorTag({0.1431, 0.0606, 0.7139})},
-                                    {"rTRC", curveTag()},
-                                    {"gTRC", curveTag()},
-                                    {"bTRC", curveTag()}}};
+  const std::array<Tag, 10> tags = {{{"desc", textTag("sRGB")},
+                                     {"cprt", textTag("No copyright, use freely")},
+                                     {"chad", adaptationTag()},
+                                     {"wtpt", colorTag({0.9642, 1, 0.8249})},
+                                     {"rXYZ", colorTag({0.4360, 0.2225, 0.0139})},
+                                     {"gXYZ", colorTag({0.3851, 0.7169, 0.0971})},
+                                     {"bXYZ", colorTag({0.1431, 0.0606, 0.7139})},
+                                     {"rTRC", curveTag()},
+                                     {"gTRC", curveTag()},
+                                     {"bTRC", curveTag()}}};
   std::string table;
   std::string data;
   putNumber(table, tags.size());

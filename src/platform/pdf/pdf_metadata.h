@@ -14,6 +14,7 @@ struct PdfInformation {
   std::string producer;
   std::time_t created = 0;
   bool tagged = false;  // its texts can be told by lines, and each letter is known (level u, not b)
+  bool archived = true;  // it keeps the rules of archives
 };
 
 // The dictionary of the trailer; its number.

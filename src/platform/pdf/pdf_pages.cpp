@@ -1,6 +1,7 @@
 // The page tree, and the resources of pages.
 #include "platform/pdf/pdf_pages.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace qor {
@@ -69,7 +70,14 @@ void PdfPages::closeNode() {
   pages_.clear();
 }
 
+// Archives take pages of 3 to 14,400 points a side (ISO 19005-2, 6.1.13).
+bool PdfPages::fitsArchives() const {
+  const auto [least, most] = std::minmax(width_, height_);
+  return least >= 3 && most <= 14400;
+}
+
 void PdfPages::finish() {
+  information_.archived = fitsArchives();
   if (!pages_.empty()) closeNode();
   file_.writeObject(page_tree_, "<</Type/Pages/MediaBox" + rectangleText(width_, height_) +
                                     "/Count " + std::to_string(page_count_) + "/Kids" +

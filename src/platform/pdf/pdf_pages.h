@@ -51,6 +51,7 @@ class PdfPages {
 
  private:
   std::string resourcesOfPage() const;
+  bool fitsArchives() const;
   void closeNode();
 
   PdfInformation information_;

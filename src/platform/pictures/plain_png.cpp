@@ -23,6 +23,7 @@ bool takeHeader(std::string_view header, PlainPng& png) {
   png.height = static_cast<int>(bigEndian(header, 4));
   png.bits = header[8];
   png.samples = type == kRgb ? 3 : 1;
+  png.indexed = type == kPalette;
   return (type == kGray || type == kRgb || type == kPalette) && !interlaced && png.bits > 0 &&
          png.bits <= 8;
 }

@@ -10,9 +10,10 @@ namespace qor {
 struct PlainPng {
   int width = 0;  // pixels
   int height = 0;
-  int bits = 0;              // of a sample, 1 to 8
-  int samples = 0;           // of a pixel: 1 gray or a number of the palette, 3 red, green, blue
-  std::string_view palette;  // red, green and blue of each colour; may be empty
+  int bits = 0;     // of a sample, 1 to 8
+  int samples = 0;  // of a pixel: 1 gray or a number of the palette, 3 red, green, blue
+  bool indexed = false;
+  std::string_view palette;            // then: red, green and blue of each colour
   std::vector<std::string_view> data;  // pieces of one stream of zlib, rows with PNG's filters
 };
 

@@ -28,8 +28,8 @@ MediaSize sheetSize(const Printer& printer, const DeviceMode& mode) {
 }
 
 // A job that becomes a file is read, and a printer's isn't.
-PdfInformation withTags(PdfInformation information, const PrintJob& job) {
-  information.tagged = !job.file().empty();
+PdfInformation informationOf(PdfInformation information, const PrintJob& job) {
+  if (job.file().empty()) information.tagged = false;
   return information;
 }
 
@@ -44,7 +44,7 @@ struct PrintContext::Document {
   Document(std::unique_ptr<PrintJob> opened, const DocumentInfo& info, MediaSize sheet,
            const DeviceCaps& caps)
       : job(std::move(opened)),
-        pages(*job, withTags(info.document, *job)),
+        pages(*job, informationOf(info.document, *job)),
         canvas(pages, {caps.PhysicalWidth, caps.PhysicalHeight},
                {caps.LogPixelsX, caps.LogPixelsY}) {
     pages.setPageSize(sheet.width * kPointsPerHundredth, sheet.length * kPointsPerHundredth);

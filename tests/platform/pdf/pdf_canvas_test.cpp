@@ -35,6 +35,7 @@ struct TextRow {
   double scale = 1;         // of the mapping
   Point printer{600, 600};  // dots per inch
   std::u32string text = allLetters();
+  std::size_t piece = 1000;  // letters of a colour
 };
 
 std::vector<TextRow> textRows() {
@@ -53,6 +54,10 @@ std::vector<TextRow> textRows() {
   }
   rows.push_back({fontOf("Arial", -150)});
   rows.back().font.Width = 31;
+  rows.push_back({fontOf("Arial", 3000)});
+  rows.back().font.Width = 1;
+  // What a piece lacks must not add up.
+  rows.push_back({fontOf("DejaVu Sans", -160), 0, 1, {600, 600}, std::u32string(60, U'0'), 5});
   return rows;
 }
 
@@ -69,7 +74,10 @@ TEST(PdfCanvas, putsEveryLetterWhereLayoutHasIt) {
       canvas.setFont(row.font);
       canvas.setCharacterExtra(row.extra);
       canvas.moveTo({5000, 7000});
-      canvas.textOut(row.text);
+      for (std::size_t i = 0; i < row.text.size(); i += row.piece) {
+        canvas.setTextColor(i / row.piece % 2 == 0 ? kBlack : Color{0x0000FF});
+        canvas.textOut(std::u32string_view(row.text).substr(i, row.piece));
+      }
       const auto font = scaledFont(row.font);
       const double ascent = canvas.textMetrics().ascent;
       const double em = font->emSize() * row.scale;

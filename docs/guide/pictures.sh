@@ -5,12 +5,13 @@
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 program=$here/../../build/qorutlview
-place=$(mktemp -d)
+place=/tmp/reports  # it is seen in the pictures
+mkdir "$place"
 trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$place"' EXIT
 
-mkdir -p "$here/images" "$place/reports" "$place/config/QOR"
-cp -r "$here/../../samples/." "$place/reports"
-rm -f "$place"/reports/*_barcode_* "$place/reports/QorUtlView.vset"
+mkdir -p "$here/images" "$place/config/QOR"
+cp -r "$here/../../samples/." "$place"
+rm -f "$place"/*_barcode_* "$place/QorUtlView.vset"
 
 export XDG_CONFIG_HOME=$place/config LC_ALL=C.UTF-8 CUPS_SERVER=/nowhere QT_QPA_PLATFORM=xcb
 mkfifo "$place/number"
@@ -27,7 +28,7 @@ show() {
   shift
   while [ "$1" != -- ]; do keys+=("$1"); shift; done
   shift
-  (cd "$place/reports" && exec "$program" "$@") &
+  (cd "$place" && exec "$program" "$@") &
   local run=$!
   xdotool search --sync --onlyvisible --name . >/dev/null
   sleep 1
@@ -40,7 +41,7 @@ show() {
     sleep 0.7
   done
   import-im6.q16 -silent -window root "$place/shot.png"
-  convert-im6.q16 "$place/shot.png" -strip +dither -colors 128 \
+  convert-im6.q16 "$place/shot.png" -bordercolor black -border 1 -trim +repage -strip +dither -colors 128 \
     -define png:exclude-chunks=date,time "$here/images/$picture.png"
   kill "$run"
   wait "$run" 2>/dev/null || true
@@ -48,10 +49,11 @@ show() {
 
 settings
 show window -- -f price-list-1251.txt -codepage 1251 -caption "Price list"
-settings MultipageView=true ListView=true ZoomID=2
+settings MultipageView=true ListView=true ZoomID=9
 show several -- -f ledger-866.txt -codepage 866 -caption "Ledger"
 settings
-show print F4 -- -f invoice-857.txt -codepage 857 -caption "Invoice"
-show export F6 -- -f invoice-857.txt -codepage 857 -caption "Invoice"
+show print F4 alt+i -- -f invoice-857.txt -codepage 857 -caption "Invoice"
+show page F4 alt+g -- -f invoice-857.txt -codepage 857 -caption "Invoice"
+show export F6 alt+p -- -f invoice-857.txt -codepage 857 -caption "Invoice"
 settings "RecentReports=/home/ann/reports/ledger.txt, /home/ann/reports/invoice.txt"
 show start --

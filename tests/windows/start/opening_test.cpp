@@ -132,7 +132,8 @@ TEST(OpeningProgram, opensReportsByTheirPathsAlone) {
   EXPECT_FALSE(place.has("a -g -dd b(print).pdf"));
   const std::string stored = place.read("config/QOR/QorUtlView.ini");
   EXPECT_NE(stored.find(odd), std::string::npos) << stored;
-  expectTold(run({QOR_PROGRAM, "--open", "none.txt"}, {place.path(), {{"DISPLAY", ""}}, 0}),
+  expectTold(run({QOR_PROGRAM, "--open", "none.txt"},
+                 {place.path(), {{"DISPLAY", ""}, {"QT_QPA_PLATFORM", "xcb"}}, 0}),
              "none.txt", 255);
 }
 

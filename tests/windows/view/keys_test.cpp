@@ -136,7 +136,8 @@ TEST(Commands, standInTheReadmeWithTheirKeys) {
     const std::string line = lineOf(row.keys, previewTexts().*row.text);
     if (!line.empty()) expected.push_back(line);
   }
-  for (const KeyRow& row : keyTable()) expected.push_back(lineOf({&row.key, 1}, previewTexts().*row.does));
+  for (const KeyRow& row : keyTable())
+    expected.push_back(lineOf({&row.key, 1}, previewTexts().*row.does));
   const QString readme = qtText(readFile(QOR_SOURCE_DIR "/README.md"));
   const QString table = readme.section("| Key | Does |\n|---|---|\n", 1).section("\n\n", 0, 0);
   const QStringList lines = table.split('\n');

@@ -167,8 +167,8 @@ class PdfCanvas::TextPainter {
     if (cell.right < 0 || cell.left > canvas_.space_.size().x) return;
     std::swap(before_, here_);
     here_.clear();
-    for (const DotRect& rect : BoxCharacter(run_.text[place], cell).rects())
-      here_.push_back(join(rect));
+    const BoxCharacter box(run_.text[place], cell);
+    for (const DotRect& rect : box.rects()) here_.push_back(join(rect));
   }
 
   // The place of the rectangle, or of the one that now holds it.

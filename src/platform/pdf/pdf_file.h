@@ -58,9 +58,9 @@ class PdfFile {
   class Place {
    public:
     Place() = default;
-    static Place inFile(std::uint64_t byte) { return Place(byte, kUnpacked); }
+    static Place inFile(std::uint64_t byte) { return {byte, kUnpacked}; }
     static Place inPack(PdfId pack, std::uint64_t nth) {
-      return Place(static_cast<std::uint64_t>(pack), nth);
+      return {static_cast<std::uint64_t>(pack), nth};
     }
 
     bool packed() const { return nth() != kUnpacked; }

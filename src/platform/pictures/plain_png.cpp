@@ -17,11 +17,11 @@ enum ColorType { kGray = 0, kRgb = 2, kPalette = 3 };
 // False where the data can't be shown as it stands.
 bool takeHeader(std::string_view header, PlainPng& png) {
   if (header.size() != kHeaderSize) return false;
-  const int type = header[9];
+  const int type = static_cast<unsigned char>(header[9]);
   const bool interlaced = header[12] != 0;
   png.width = static_cast<int>(bigEndian(header, 0));
   png.height = static_cast<int>(bigEndian(header, 4));
-  png.bits = header[8];
+  png.bits = static_cast<unsigned char>(header[8]);
   png.samples = type == kRgb ? 3 : 1;
   png.indexed = type == kPalette;
   return (type == kGray || type == kRgb || type == kPalette) && !interlaced && png.bits > 0 &&

@@ -49,11 +49,11 @@ if(QOR_WINDOWS)
   list(APPEND texts ${PROJECT_BINARY_DIR}/packaging/qorutlview.metainfo.xml)
   install(FILES ${PROJECT_BINARY_DIR}/packaging/qorutlview.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/metainfo COMPONENT window)
-  foreach(folder guide images)
-    if(EXISTS ${PROJECT_SOURCE_DIR}/docs/${folder})
-      install(DIRECTORY docs/${folder} DESTINATION ${QOR_DOC_DIR}/docs COMPONENT window)
-    endif()
-  endforeach()
+  # The window looks for its guide there.
+  if(EXISTS ${PROJECT_SOURCE_DIR}/docs/guide)
+    install(DIRECTORY docs/guide DESTINATION ${QOR_DOC_DIR} COMPONENT window)
+  endif()
+  install(DIRECTORY docs/images DESTINATION ${QOR_DOC_DIR}/docs COMPONENT window)
 
   set(drawing ${PROJECT_SOURCE_DIR}/src/windows/icons/qorutlview.svg)
   install(FILES ${drawing} DESTINATION ${QOR_ICON_DIR}/scalable/apps COMPONENT window)

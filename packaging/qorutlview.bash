@@ -2,41 +2,44 @@
 
 # Names of files and directories, of files only those that the pattern ends.
 _qorutlview_files() {
-  compopt -o filenames
   mapfile -t COMPREPLY < <(compgen -d -- "$1"; compgen -f -X "!*$2" -- "$1" |
     while IFS= read -r name; do [ -d "$name" ] || printf '%s\n' "$name"; done)
 }
 
 # The names of queues, and the printer that makes files.
 _qorutlview_printers() {
-  local name start=${1//\\/}
-  start=${start#[\"\']}
+  local name
   while IFS= read -r name; do
-    [[ $name == "$start"* ]] || continue
-    case $1 in
-      [\"\']*) COMPREPLY+=("$name") ;;
-      *) COMPREPLY+=("$(printf '%q' "$name")") ;;
-    esac
+    [[ $name == "$1"* ]] && COMPREPLY+=("$name")
   done < <(! type -P lpstat >/dev/null || lpstat -e 2>/dev/null; echo "Microsoft Print to PDF")
 }
 
 # The target: a name with each of the extensions; without one yet, that of the report.
 _qorutlview_targets() {
   local extensions=".txt .html .rtf .doc .pdf .xls .xlsx .csv .bmp .jpeg .gif .ico .png"
-  local stem=$1 report=
+  local stem=$1 report='' extension i
   for ((i = 1; i < ${#COMP_WORDS[@]} - 1; ++i)); do
-    case ${COMP_WORDS[i]} in -f | -F) report=${COMP_WORDS[i + 1]##*/} ;; esac
+    case ${COMP_WORDS[i]} in
+      -f | -F) report=${COMP_WORDS[i + 1]##*/} ;;
+    esac
   done
   _qorutlview_files "$1" /
   case ${1##*/} in
-    "") [ -z "$report" ] || stem=$1${report%.*} ;;
+    "")
+      report=${report//[\\\"\']/}
+      stem=$1${report%.*}
+      ;;
     *.*) stem=${1%.*} ;;
   esac
-  case ${stem##*/} in "") return ;; esac
-  local extension
+  [ -n "${stem##*/}" ] || return
   for extension in $extensions; do
     [[ $stem$extension == "$1"* ]] && COMPREPLY+=("$stem$extension")
   done
+  return 0
+}
+
+_qorutlview_words() {
+  mapfile -t COMPREPLY < <(compgen -W "$1" -- "$2")
 }
 
 _qorutlview() {
@@ -44,15 +47,23 @@ _qorutlview() {
     -h --help --version"
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
   COMPREPLY=()
+  # Names are looked for as they are; bash puts the quotes back that they need.
+  case $before in
+    -f | -F | -i | -I | -p | -P | -export)
+      compopt -o filenames
+      word=${word#[\"\']}
+      word=${word//\\/}
+      ;;
+  esac
   case $before in
     -f | -F) _qorutlview_files "$word" "" ;;
     -i | -I) _qorutlview_files "$word" .vset ;;
     -p | -P) _qorutlview_printers "$word" ;;
     -export) _qorutlview_targets "$word" ;;
-    -codepage) mapfile -t COMPREPLY < <(compgen -W "866 857 1251 1254 437 850 1252 28591 28605" -- "$word") ;;
-    -mail) mapfile -t COMPREPLY < <(compgen -W "1 2" -- "$word") ;;
+    -codepage) _qorutlview_words "866 857 1251 1254 437 850 1252 28591 28605" "$word" ;;
+    -mail) _qorutlview_words "1 2" "$word" ;;
     -caption | -handle) ;;
-    *) mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word") ;;
+    *) _qorutlview_words "$options" "$word" ;;
   esac
 }
 

@@ -22,12 +22,17 @@ told() {
   (cd "$1" && find README.md CHANGELOG.md docs -type f |
     if [ "$2" = core ]; then grep -vE '^docs/(guide|images)/'; else cat; fi | sed 's#^docs/guide/#guide/#; s#^#share/doc/qorutlview/#')
 }
-diff <(told "$source" "$2" | sort) <(cd "$root" && find . ! -type d | sed 's#^\./##' | sort) ||
-  wrong "what is installed isn't what is told"
+holds() {
+  diff <(told "$source" "$2" | sort) <(cd "$1/usr" && find . ! -type d | sed 's#^\./##' | sort) ||
+    wrong "what is installed of $2 isn't what is told"
+}
+holds "$place/all" "$2"
+DESTDIR=$place/core cmake --install "$build" --prefix /usr --component core >/dev/null
+holds "$place/core" core
 
 # A link that leads anywhere else by a whole path would lead out of the directory.
 [[ $(readlink "$root/bin/qorutlview") != /* ]] || wrong "the link is not relative"
-(cd "$source/samples" && "$root/bin/qorutlview" -f labels.txt -export "$place/labels.pdf")
+(cd "$source/samples" && "$root/bin/qorutlview" -f labels.txt -export "$place/labels.pdf" 2>/dev/null)
 pdffonts "$place/labels.pdf" | grep -q ' yes yes yes ' || wrong "the export doesn't embed and cut fonts"
 version=$("$root/bin/qorutlview" --version | sed 's/^QorUtlView //')
 [ "## $version" = "$(grep -m1 '^## ' "$source/CHANGELOG.md" | cut -d' ' -f1,2)" ] ||
@@ -49,9 +54,9 @@ done
 appstreamcli validate --no-net "$root/share/metainfo/qorutlview.metainfo.xml" >"$place/log" || wrong "$(cat "$place/log")"
 [ "$(xmllint --xpath 'string(//release[1]/@version)' "$root/share/metainfo/qorutlview.metainfo.xml")" = "$version" ] ||
   wrong "the metainfo is of another version"
-update-mime-database "$root/share/mime" 2>&1 | grep . && wrong "the MIME type is not as it should be"
+XDG_DATA_DIRS=$root/share update-mime-database "$root/share/mime" >"$place/log" 2>&1 && [ ! -s "$place/log" ] ||
+  wrong "$(cat "$place/log")"
 for side in 16 32 48 128 256; do
   [ "$(identify -format '%wx%h' "$root/share/icons/hicolor/${side}x$side/apps/qorutlview.png")" = "${side}x$side" ] ||
     wrong "the icon of $side pixels has another size"
 done
-exit 0

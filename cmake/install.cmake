@@ -51,7 +51,7 @@ if(QOR_WINDOWS)
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/metainfo COMPONENT window)
   # The window looks for its guide there.
   if(EXISTS ${PROJECT_SOURCE_DIR}/docs/guide)
-    install(DIRECTORY docs/guide DESTINATION ${QOR_DOC_DIR} COMPONENT window)
+    install(DIRECTORY docs/guide DESTINATION ${QOR_DOC_DIR} COMPONENT window PATTERN "*.sh" EXCLUDE)
   endif()
   install(DIRECTORY docs/images DESTINATION ${QOR_DOC_DIR}/docs COMPONENT window)
 

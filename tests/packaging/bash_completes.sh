@@ -31,7 +31,8 @@ ask "Microsoft Print to PDF|" -P Micro
 ask 'back office|' -p '"b'
 ask "ledger.pdf|ledger.png|" -f ledger.txt -export ledger.p
 ask "sums.xls|sums.xlsx|" -export sums.xl
-ask "ledger.rtf|" -f a/ledger.txt -export ledger.r
+ask "set dir|bin|sums.$(echo txt html rtf doc pdf xls xlsx csv bmp jpeg gif ico png | sed 's/ /|sums./g')|" \
+  -f far/sums.txt -export ""
 ask "two words.html|" -f '"two words.txt"' -export '"two words.h'
 ask "two words.gif|" -f ledger.txt -export 'two\ words.g'
 ask "1251|1254|1252|" -codepage 12

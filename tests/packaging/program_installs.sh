@@ -19,7 +19,7 @@ lib=$(cd "$root" && find lib* -type d -name qorutlview -printf '%h\n')
 told() {
   if [ "$2" = core ]; then grep -v ' window$'; else cat; fi <"$1/tests/packaging/installed_files.txt" |
     sed "s/ window$//; s#^lib/#$lib/#"
-  (cd "$1" && find README.md CHANGELOG.md docs -type f |
+  (cd "$1" && find README.md CHANGELOG.md docs -type f ! -name '*.sh' |
     if [ "$2" = core ]; then grep -vE '^docs/(guide|images)/'; else cat; fi | sed 's#^docs/guide/#guide/#; s#^#share/doc/qorutlview/#')
 }
 holds() {
@@ -46,7 +46,7 @@ grep -q "QorUtlView $version\"" "$manual" || wrong "the manual page is of anothe
 [ "$2" = core ] && exit 0
 guide=$root/share/doc/qorutlview/guide
 [ ! -d "$guide" ] || (cd "$guide" && grep -ohE '(src|href)="[^":#]+' -- *.html | cut -d'"' -f2 | sort -u |
-  while read -r file; do [ -e "$file" ] || { echo "$file" && false; }; done) || wrong "the guide leads to files that aren't there"
+  while read -r file; do [ -e "$file" ] || { echo "$file"; exit 1; }; done) || wrong "the guide leads to files that aren't there"
 desktop-file-validate "$root"/share/applications/*.desktop
 for entry in qorutlview qorutlview-report; do
   grep -qx 'Icon=qorutlview' "$root/share/applications/$entry.desktop" || wrong "$entry.desktop has another icon"
@@ -56,6 +56,7 @@ appstreamcli validate --no-net "$root/share/metainfo/qorutlview.metainfo.xml" >"
   wrong "the metainfo is of another version"
 XDG_DATA_DIRS=$root/share update-mime-database "$root/share/mime" >"$place/log" 2>&1 && [ ! -s "$place/log" ] ||
   wrong "$(cat "$place/log")"
+grep -qx 'text/x-qor-report text/plain' "$root/share/mime/subclasses" || wrong "reports are no texts any more"
 for side in 16 32 48 128 256; do
   [ "$(identify -format '%wx%h' "$root/share/icons/hicolor/${side}x$side/apps/qorutlview.png")" = "${side}x$side" ] ||
     wrong "the icon of $side pixels has another size"

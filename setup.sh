@@ -16,7 +16,7 @@ for group in "$@"; do
     bench) packages+=(mupdf-tools python3 libzint-dev libxlsxwriter-dev cups-filters
       enscript ghostscript libreoffice-writer-nogui xvfb libxcb-shm0-dev libxcb-xtest0-dev
       mupdf qpdfview zathura zathura-pdf-poppler libgtest-dev cups) ;;
-    package) packages+=(build-essential debhelper lintian git librsvg2-bin) ;;
+    package) packages+=(build-essential debhelper lintian git librsvg2-bin debootstrap) ;;
     fuzz) packages+=(clang-14 libclang-rt-14-dev libxml2-dev) ;;
     *) echo "setup.sh: no such group: $group" >&2; exit 2 ;;
   esac

@@ -65,20 +65,22 @@ chmod +x "$root/usr/sbin/policy-rc.d"
 echo "deb [trusted=yes] file:/srv/packages ./" >"$root/etc/apt/sources.list.d/qorutlview.list"
 echo 'APT::Sandbox::User "root";' >"$root/etc/apt/apt.conf.d/qorutlview"
 offer "$here/out/packages"
-inside dpkg-query -W -f '${Package}\n' >"$root/srv/before"
+listed() { inside dpkg-query -W -f '${Package} ${Installed-Size}\n' | sort; }
+listed >"$root/srv/before"
 
 say "The core"
 apt install qorutlview-core
-inside dpkg-query -W -f '${Package}\n' >"$root/srv/with-core"
-expect "brings neither Qt nor an X server" sh -c "! grep -E '^(libqt|qt6|xserver|xvfb|g\+\+|gcc-[0-9]+$)' '$root/srv/with-core'"
+listed >"$root/srv/with-core"
+expect "brings neither Qt nor an X server" sh -c "! grep -E '^(libqt|qt6|xserver|xvfb|g\+\+|gcc-[0-9]+ )' '$root/srv/with-core'"
 expect "has all libraries of its modules" shell '! ldd $(dpkg -L qorutlview-core | grep "\.so$") | grep "not found"'
 rm -rf "$root/root/reports"
 mkdir -p "$root/root/reports/pictures"
 cp "$here"/samples/*.txt "$root/root/reports"
 cp "$here"/samples/pictures/* "$root/root/reports/pictures"
-inside dpkg-query -W -f '${Package} ${Version}: ${Installed-Size} KB\n' qorutlview-core
-comm -13 <(sort "$root/srv/before") <(sort "$root/srv/with-core") | paste -sd' ' | sed 's/^/it came with: /'
-
+comm -13 "$root/srv/before" "$root/srv/with-core" | awk '
+  $1 == "qorutlview-core" { print "its own size: " $2 " KB"; next }
+  { all += $2; names = names " " $1; ++count }
+  END { print "it came with " count " packages of " all " KB:" names }'
 shell 'cd /root/reports && qorutlview --version'
 for target in a.pdf a.png a.xlsx a.xls a.rtf a.html a.csv; do
   shell "cd /root/reports && qorutlview -f barcodes.txt -export $target 2>/dev/null"

@@ -24,13 +24,14 @@ out=$here/out/packages
 number=$(awk -F'[ )]' '/^project\(QorUtlView VERSION/ { print $3 }' CMakeLists.txt)
 suffix=$(sed -n 's/^set(QOR_VERSION ${PROJECT_VERSION}\(.*\))$/\1/p' CMakeLists.txt)
 : "${version:=$number${suffix:+~$suffix}-1}"
-SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
+commit=$(git rev-parse HEAD)
+SOURCE_DATE_EPOCH=$(git log -1 --format=%ct "$commit")
 export SOURCE_DATE_EPOCH
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 # The compiler's cache outlives the home directory that debhelper gives its tools.
-if [ -n "${CCACHE_DIR:-}" ] || command -v ccache >/dev/null; then
+if command -v ccache >/dev/null; then
   CCACHE_DIR=${CCACHE_DIR:-$(ccache -k cache_dir)}
   export CCACHE_DIR CCACHE_NOHASHDIR=1 QOR_CMAKE_OPTIONS=-DCMAKE_CXX_COMPILER_LAUNCHER=ccache
 fi
@@ -39,7 +40,7 @@ fi
 build() {
   local tree=$work/$1/qorutlview
   mkdir -p "$tree"
-  git archive HEAD | tar -x -C "$tree"
+  git archive "$commit" | tar -x -C "$tree"
   cp -r "$tree/packaging/debian" "$tree/debian"
   cat >"$tree/debian/changelog" <<END
 qorutlview ($version) unstable; urgency=medium

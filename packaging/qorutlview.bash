@@ -44,19 +44,19 @@ _qorutlview_words() {
 
 _qorutlview() {
   local options="-f -g -p -export -drawn -codepage -i -caption -dd -dynamic -handle -mail -test
-    -h --help --version"
+    -h --help --version --open"
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
   COMPREPLY=()
   # Names are looked for as they are; bash puts the quotes back that they need.
   case $before in
-    -f | -F | -i | -I | -p | -P | -export)
+    -f | -F | --open | -i | -I | -p | -P | -export)
       compopt -o filenames
       word=${word#[\"\']}
       word=${word//\\/}
       ;;
   esac
   case $before in
-    -f | -F) _qorutlview_files "$word" "" ;;
+    -f | -F | --open) _qorutlview_files "$word" "" ;;
     -i | -I) _qorutlview_files "$word" .vset ;;
     -p | -P) _qorutlview_printers "$word" ;;
     -export) _qorutlview_targets "$word" ;;

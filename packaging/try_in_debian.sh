@@ -112,7 +112,7 @@ apt install qorutlview
 apt install --no-install-recommends xdg-utils xvfb x11-utils libglib2.0-bin file
 expect "is what reports are opened with" \
   test "$(inside xdg-mime query default text/x-qor-report)" = qorutlview-report.desktop
-shell 'cd /root/reports && cp labels.txt labels.qor && cp labels.txt labels'
+shell 'cd /root/reports && cp labels.txt labels.qor && cp labels.txt "weekly -g -export x.qor" && cp labels.txt labels'
 expect "knows reports by their extension" shell 'gio info -a standard::content-type /root/reports/labels.qor | grep -q text/x-qor-report'
 expect "knows reports by their start" shell 'gio info -a standard::content-type /root/reports/labels | grep -q text/x-qor-report'
 expect "is offered for texts" shell 'gio mime text/plain | grep -q qorutlview-report.desktop'
@@ -121,7 +121,7 @@ expect "is opened by xdg-open" shell '
   export DISPLAY=:77
   cd /root
   for i in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
-  xdg-open /root/reports/labels.qor >/dev/null 2>&1 & opener=$!
+  xdg-open "/root/reports/weekly -g -export x.qor" >/dev/null 2>&1 & opener=$!
   seen=1
   for i in $(seq 200); do xwininfo -root -tree 2>/dev/null | grep -q "\"qorutlview\" \"QorUtlView\"" && seen=0 && break; sleep 0.1; done
   sleep 1

@@ -25,6 +25,7 @@ ask() {
 ask "-drawn|-dd|-dynamic|" -d
 ask "set dir|bin|two words.txt|ledger.txt|office.vset|" -f ""
 ask "two words.txt|" -f tw
+ask "two words.txt|" --open tw
 ask "set dir|bin|office.vset|" -f ledger.txt -i ""
 ask "accounts|" -p acc
 ask "Microsoft Print to PDF|" -P Micro

@@ -3,14 +3,15 @@
 # a local directory. Runs what they promise there, upgrades them, and looks what a removal leaves.
 #   packaging/try_in_debian.sh [DIRECTORY]
 # Needs root and debootstrap. The directory keeps the system and the packages that were fetched for it;
-# without one it stands below /tmp and goes at the end. MIRROR is the archive to take.
+# without one it stands below /tmp and goes at the end. MIRROR is the archive to take; else it is
+# that of this machine.
 set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
 # Mounts and processes are of this script alone, and go with it.
 [ -n "${QOR_OF_ITS_OWN:-}" ] ||
   QOR_OF_ITS_OWN=yes exec unshare --mount --pid --fork --kill-child -- "$0" "$@"
 
-mirror=${MIRROR:-http://deb.debian.org/debian}
+mirror=${MIRROR:-$(apt-get indextargets --format '$(REPO_URI)' | grep -m1 '/debian/$')}
 if [ $# -gt 0 ]; then
   mkdir -p "$1"
   root=$(cd "$1" && pwd)/debian

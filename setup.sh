@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what building, running and testing need on Debian 12. Says nothing where all is there.
-# Arguments name further groups of packages: test, bench, fuzz.
+# Arguments name further groups of packages: test, bench, fuzz, package.
 set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config
@@ -11,10 +11,12 @@ packages=(g++ cmake ninja-build pkg-config
 for group in "$@"; do
   case $group in
     test) packages+=(libgtest-dev imagemagick-6.q16 zbar-tools catdoc libreoffice-writer-nogui locales cups poppler-utils mupdf-tools ghostscript
-      qpdf xvfb libxcb-xtest0-dev fonts-urw-base35 python3-openpyxl python3-pil python3-xlrd libxml2-dev git clang-format clang-tidy) ;;
+      qpdf xvfb libxcb-xtest0-dev fonts-urw-base35 python3-openpyxl python3-pil python3-xlrd libxml2-dev git clang-format clang-tidy
+      librsvg2-bin desktop-file-utils appstream shared-mime-info libxml2-utils man-db groff) ;;
     bench) packages+=(mupdf-tools python3 libzint-dev libxlsxwriter-dev cups-filters
       enscript ghostscript libreoffice-writer-nogui xvfb libxcb-shm0-dev libxcb-xtest0-dev
       mupdf qpdfview zathura zathura-pdf-poppler libgtest-dev cups) ;;
+    package) packages+=(build-essential debhelper lintian git librsvg2-bin debootstrap) ;;
     fuzz) packages+=(clang-14 libclang-rt-14-dev libxml2-dev) ;;
     *) echo "setup.sh: no such group: $group" >&2; exit 2 ;;
   esac

@@ -27,7 +27,7 @@ constexpr int kExitPrintFailed = -2;
 
 void initialise() {
   AppOptions.ProgramName = "QorUtlView";
-  AppOptions.ProgramVersion = "1.3b7";
+  AppOptions.ProgramVersion = QOR_VERSION;
   AppOptions.WorkDir = currentDirectory();
   const int codePage = systemAnsiCodePage();
   SelectErrorTexts(codePage);

@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# Installs a build into a directory and looks at all that came there: the files are those of the list and
+# the documents, the program runs by its link, and the desktop's own checkers find nothing.
+#   program_installs.sh BUILD windows|core
+set -euo pipefail
+source=$(cd "$(dirname "$0")/../.." && pwd)
+build=$1
+place=$(mktemp -d)
+trap 'rm -rf "$place"' EXIT
+wrong() { echo "$1" >&2; exit 1; }
+
+# As a system has it, whatever the build is for.
+DESTDIR=$place/all cmake --install "$build" --prefix /usr >/dev/null
+root=$place/all/usr
+lib=$(cd "$root" && find lib* -type d -name qorutlview -printf '%h\n')
+[ -x "$root/$lib/qorutlview/qorutlview" ] || wrong "no program below $lib"
+
+# The list, for this build, with the documents as they stand in the tree.
+told() {
+  if [ "$2" = core ]; then grep -v ' window$'; else cat; fi <"$1/tests/packaging/installed_files.txt" |
+    sed "s/ window$//; s#^lib/#$lib/#"
+  (cd "$1" && find README.md CHANGELOG.md docs -type f ! -name '*.sh' |
+    if [ "$2" = core ]; then grep -vE '^docs/(guide|images)/'; else cat; fi | sed 's#^docs/guide/#guide/#; s#^#share/doc/qorutlview/#')
+}
+holds() {
+  diff <(told "$source" "$2" | sort) <(cd "$1/usr" && find . ! -type d | sed 's#^\./##' | sort) ||
+    wrong "what is installed of $2 isn't what is told"
+}
+holds "$place/all" "$2"
+DESTDIR=$place/core cmake --install "$build" --prefix /usr --component core >/dev/null
+holds "$place/core" core
+
+# A link that leads anywhere else by a whole path would lead out of the directory.
+[[ $(readlink "$root/bin/qorutlview") != /* ]] || wrong "the link is not relative"
+(cd "$source/samples" && "$root/bin/qorutlview" -f labels.txt -export "$place/labels.pdf" 2>/dev/null)
+pdffonts "$place/labels.pdf" | grep -q ' yes yes yes ' || wrong "the export doesn't embed and cut fonts"
+version=$("$root/bin/qorutlview" --version | sed 's/^QorUtlView //')
+[ "## $version" = "$(grep -m1 '^## ' "$source/CHANGELOG.md" | cut -d' ' -f1,2)" ] ||
+  wrong "the change log doesn't begin with $version"
+
+manual=$root/share/man/man1/qorutlview.1
+[ -z "$(groff -ww -man -Tutf8 -z "$manual" 2>&1; man --warnings -E UTF-8 -l -Tutf8 -Z "$manual" 2>&1 >/dev/null)" ] ||
+  wrong "the manual page has warnings"
+grep -q "QorUtlView $version\"" "$manual" || wrong "the manual page is of another version"
+
+[ "$2" = core ] && exit 0
+guide=$root/share/doc/qorutlview/guide
+[ ! -d "$guide" ] || (cd "$guide" && grep -ohE '(src|href)="[^":#]+' -- *.html | cut -d'"' -f2 | sort -u |
+  while read -r file; do [ -e "$file" ] || { echo "$file"; exit 1; }; done) || wrong "the guide leads to files that aren't there"
+desktop-file-validate "$root"/share/applications/*.desktop
+for entry in qorutlview qorutlview-report; do
+  grep -qx 'Icon=qorutlview' "$root/share/applications/$entry.desktop" || wrong "$entry.desktop has another icon"
+done
+appstreamcli validate --no-net "$root/share/metainfo/qorutlview.metainfo.xml" >"$place/log" || wrong "$(cat "$place/log")"
+[ "$(xmllint --xpath 'string(//release[1]/@version)' "$root/share/metainfo/qorutlview.metainfo.xml")" = "$version" ] ||
+  wrong "the metainfo is of another version"
+XDG_DATA_DIRS=$root/share update-mime-database "$root/share/mime" >"$place/log" 2>&1 && [ ! -s "$place/log" ] ||
+  wrong "$(cat "$place/log")"
+grep -qx 'text/x-qor-report text/plain' "$root/share/mime/subclasses" || wrong "reports are no texts any more"
+for side in 16 32 48 128 256; do
+  [ "$(identify -format '%wx%h' "$root/share/icons/hicolor/${side}x$side/apps/qorutlview.png")" = "${side}x$side" ] ||
+    wrong "the icon of $side pixels has another size"
+done

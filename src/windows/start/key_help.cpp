@@ -72,6 +72,7 @@ void showKeyHelp(QWidget& window) {
   dialog.setWindowTitle(qtText(previewTexts().keysAndGuide));
   dialog.resize(kSize.boundedTo(window.size() + kSize / 2));
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);
+  buttons->button(QDialogButtonBox::Close)->setText(qtText(previewTexts().close));
   QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
   if (const QString guide = guideFile(); !guide.isEmpty()) {
     const QPushButton* open =

@@ -22,11 +22,14 @@ void noteReport(UserSettings& settings, const std::string& path) {
   reports.insert(reports.begin(), path);
   if (reports.size() > kMostRecentReports) reports.pop_back();
   settings.setTexts(kKey, reports);
+  settings.save();
 }
 
 void forgetReport(UserSettings& settings, const std::string& path) {
   std::vector<std::string> reports = recentReports(settings);
-  if (std::erase(reports, path) > 0) settings.setTexts(kKey, reports);
+  if (std::erase(reports, path) == 0) return;
+  settings.setTexts(kKey, reports);
+  settings.save();
 }
 
 }  // namespace qor

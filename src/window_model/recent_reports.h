@@ -13,7 +13,8 @@ inline constexpr std::size_t kMostRecentReports = 10;
 // Full paths, the last one first.
 std::vector<std::string> recentReports(const UserSettings& settings);
 
-// The report is the last one. Neither this nor the next one stores the settings.
+// The report is the last one. This and the next one store the settings at once, before other
+// windows do.
 void noteReport(UserSettings& settings, const std::string& path);
 
 // It is none of them any more.

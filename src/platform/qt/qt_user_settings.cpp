@@ -25,6 +25,8 @@ std::optional<bool> QtUserSettings::flag(std::string_view name) const {
 }
 
 std::vector<std::string> QtUserSettings::texts(std::string_view name) const {
+  // Other windows may have stored theirs since.
+  settings_.sync();
   std::vector<std::string> texts;
   for (const QString& text : settings_.value(qtText(name)).toStringList())
     texts.push_back(text.toStdString());

@@ -23,7 +23,7 @@ class QtUserSettings : public UserSettings {
   std::string location() const override;
 
  private:
-  QSettings settings_;
+  mutable QSettings settings_;
 };
 
 }  // namespace qor

@@ -72,8 +72,12 @@ std::string currentDirectory() {
 }
 
 std::string programFile() {
+  // An upgrade puts another file in its place, and the system says so behind the name.
+  constexpr std::string_view kReplaced = " (deleted)";
   std::error_code error;
-  return fs::read_symlink("/proc/self/exe", error).string();
+  std::string file = fs::read_symlink("/proc/self/exe", error).string();
+  if (file.ends_with(kReplaced)) file.resize(file.size() - kReplaced.size());
+  return file;
 }
 
 std::string programDirectory() {

@@ -19,7 +19,7 @@ class UserSettings {
   virtual std::optional<int> integer(std::string_view name) const = 0;
   virtual std::optional<bool> flag(std::string_view name) const = 0;
 
-  // Empty where there is no such list.
+  // As it is stored now, with what was set here; empty where there is no such list.
   virtual std::vector<std::string> texts(std::string_view name) const = 0;
 
   virtual void setInteger(std::string_view name, int value) = 0;

@@ -56,6 +56,7 @@ QTableWidget* keyList(QDialog& dialog) {
   table->setEditTriggers(QAbstractItemView::NoEditTriggers);
   table->setSelectionBehavior(QAbstractItemView::SelectRows);
   table->setShowGrid(false);
+  table->setTabKeyNavigation(false);
   table->verticalHeader()->hide();
   table->horizontalHeader()->hide();
   fill(*table);

@@ -1,6 +1,7 @@
 // Asking for reports, and starting programs for them.
 #include "windows/start/report_opening.h"
 
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMimeData>
@@ -55,6 +56,11 @@ bool ReportOpening::holdsFiles(const QMimeData& dropped) {
   const QList<QUrl> places = dropped.urls();
   return std::any_of(places.begin(), places.end(),
                      [](const QUrl& url) { return url.isLocalFile(); });
+}
+
+void ReportOpening::acceptCopy(QDropEvent& event) {
+  event.setDropAction(Qt::CopyAction);
+  event.accept();
 }
 
 void ReportOpening::openDropped(const QMimeData& dropped) {

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QStringList>
 
+class QDropEvent;
 class QMimeData;
 class QWidget;
 
@@ -28,6 +29,8 @@ class ReportOpening : public QObject {
   // What was dropped, as far as it is files: the first ten.
   static bool holdsFiles(const QMimeData& dropped);
   void openDropped(const QMimeData& dropped);
+  // Whoever drops a file keeps it, whatever else was proposed.
+  static void acceptCopy(QDropEvent& event);
 
   // Full paths, the last one first.
   QStringList recent() const;

@@ -92,12 +92,12 @@ void StartWindow::tell(const QString& reason) {
 }
 
 void StartWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (ReportOpening::holdsFiles(*event->mimeData())) event->acceptProposedAction();
+  if (ReportOpening::holdsFiles(*event->mimeData())) ReportOpening::acceptCopy(*event);
 }
 
 void StartWindow::dropEvent(QDropEvent* event) {
+  ReportOpening::acceptCopy(*event);
   opening_.openDropped(*event->mimeData());
-  event->acceptProposedAction();
 }
 
 void StartWindow::keyPressEvent(QKeyEvent* event) {

@@ -134,12 +134,12 @@ void TfrmView::changeEvent(QEvent* event) {
 }
 
 void TfrmView::dragEnterEvent(QDragEnterEvent* event) {
-  if (ReportOpening::holdsFiles(*event->mimeData())) event->acceptProposedAction();
+  if (ReportOpening::holdsFiles(*event->mimeData())) ReportOpening::acceptCopy(*event);
 }
 
 void TfrmView::dropEvent(QDropEvent* event) {
+  ReportOpening::acceptCopy(*event);
   run([this, event] { parts_->opening.openDropped(*event->mimeData()); });
-  event->acceptProposedAction();
 }
 
 bool TfrmView::eventFilter(QObject* watched, QEvent* event) {

@@ -31,6 +31,13 @@ TEST(RecentReports, keepTheLastTenOnce) {
   forgetReport(settings, "/r/none");
   EXPECT_EQ(recentReports(settings).size(), 9U);
   EXPECT_EQ(recentReports(settings)[1], "/r/11");
+  // Each window knows what the others have opened.
+  QtUserSettings other;
+  noteReport(other, "/r/other");
+  noteReport(settings, "/r/own");
+  forgetReport(other, "/r/5");
+  for (const QtUserSettings* window : {&settings, &other})
+    EXPECT_EQ(recentReports(*window).at(1), "/r/other");
 }
 
 // A drop of these files.

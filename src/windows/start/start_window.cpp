@@ -30,7 +30,7 @@ QString entryText(const QString& path) {
 }  // namespace
 
 StartWindow::StartWindow(UserSettings& settings)
-    : opening_(settings, this), lstRecent_(new QListWidget(this)), lblMessage_(new QLabel(this)) {
+    : opening_(settings, this), recent_list_(new QListWidget(this)), message_(new QLabel(this)) {
   const PreviewTexts& texts = previewTexts();
   const QIcon icon = TQorImageForm::ImageMenuList(ImageIndex::program, IconPlace::button);
   setWindowIcon(icon);
@@ -48,14 +48,14 @@ StartWindow::StartWindow(UserSettings& settings)
   open->setShortcut(QKeySequence::Open);
   open->setDefault(true);
   auto* caption = new QLabel(qtText(texts.recentReports), this);
-  caption->setBuddy(lstRecent_);
-  lstRecent_->setObjectName("lstRecent");
-  lstRecent_->setAccessibleName(caption->text());
-  lstRecent_->setTextElideMode(Qt::ElideMiddle);
-  lstRecent_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  lblMessage_->setObjectName("lblMessage");
-  lblMessage_->setWordWrap(true);
-  lblMessage_->hide();
+  caption->setBuddy(recent_list_);
+  recent_list_->setObjectName("lstRecent");
+  recent_list_->setAccessibleName(caption->text());
+  recent_list_->setTextElideMode(Qt::ElideMiddle);
+  recent_list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  message_->setObjectName("lblMessage");
+  message_->setWordWrap(true);
+  message_->hide();
 
   auto* layout = new QVBoxLayout(this);
   layout->addSpacing(layout->spacing());
@@ -64,11 +64,11 @@ StartWindow::StartWindow(UserSettings& settings)
   layout->addWidget(open, 0, Qt::AlignCenter);
   layout->addSpacing(layout->spacing());
   layout->addWidget(caption);
-  layout->addWidget(lstRecent_, 1);
-  layout->addWidget(lblMessage_);
+  layout->addWidget(recent_list_, 1);
+  layout->addWidget(message_);
 
   connect(open, &QPushButton::clicked, &opening_, &ReportOpening::mnuOpenClick);
-  connect(lstRecent_, &QListWidget::itemActivated, this, [this](const QListWidgetItem* entry) {
+  connect(recent_list_, &QListWidget::itemActivated, this, [this](const QListWidgetItem* entry) {
     opening_.open(entry->data(Qt::UserRole).toString());
   });
   connect(&opening_, &ReportOpening::opened, this, &QWidget::close);
@@ -77,9 +77,9 @@ StartWindow::StartWindow(UserSettings& settings)
 }
 
 void StartWindow::fillRecent() {
-  lstRecent_->clear();
+  recent_list_->clear();
   for (const QString& path : opening_.recent()) {
-    auto* entry = new QListWidgetItem(entryText(path), lstRecent_);
+    auto* entry = new QListWidgetItem(entryText(path), recent_list_);
     entry->setData(Qt::UserRole, path);
     entry->setToolTip(path);
   }
@@ -87,8 +87,8 @@ void StartWindow::fillRecent() {
 
 void StartWindow::tell(const QString& reason) {
   fillRecent();
-  lblMessage_->setText(reason);
-  lblMessage_->show();
+  message_->setText(reason);
+  message_->show();
 }
 
 void StartWindow::dragEnterEvent(QDragEnterEvent* event) {

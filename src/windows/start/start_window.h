@@ -27,8 +27,8 @@ class StartWindow : public QWidget {
   void tell(const QString& reason);
 
   ReportOpening opening_;
-  QListWidget* lstRecent_;
-  QLabel* lblMessage_;
+  QListWidget* recent_list_;
+  QLabel* message_;
 };
 
 }  // namespace qor

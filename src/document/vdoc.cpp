@@ -147,10 +147,20 @@ LineEnds VDoc::lineEndsOf(const InputFile& file) const {
   return LineEnds::lineFeeds;
 }
 
-void VDoc::readPage(VDocPage& page, const InputFile& file, PageMode mode) {
+void VDoc::beforeReading(VDocPage& page, const InputFile& file) {
   // The first page of a quick scan starts at 0, before the control sequences.
   if (page.Number == 1 && HeaderLength > 0) page.Offset = HeaderLength;
   findLineEnds(file);
+}
+
+std::string_view VDoc::PageBytes(std::int32_t number, const InputFile& file, std::string& buffer) {
+  VDocPage& page = *findPage(number);
+  beforeReading(page, file);
+  return page.ReadBytes(file, scanned_.size, buffer);
+}
+
+void VDoc::readPage(VDocPage& page, const InputFile& file, PageMode mode) {
+  beforeReading(page, file);
   FontState font = FontAt(page.Number);
   page.ReadLines(file, scanned_.size, mode, lineEnds(), font);
   fonts_.endOfPage(page.Number, font);

@@ -53,6 +53,10 @@ class VDoc {
   VDocPage& LoadPage(std::int32_t number, const InputFile& file, PageMode mode);
   void ReleasePage(std::int32_t number);
 
+  // The bytes of a page that there is, for whoever needs no items, in a buffer that is made larger
+  // where it must be. Throws as GetPage.
+  std::string_view PageBytes(std::int32_t number, const InputFile& file, std::string& buffer);
+
   // Throws ReportError where the file is no longer the one whose pages were found, or was cut or
   // written anew since: what was read of it may not belong together. One that has only grown, as
   // far as a look here and there tells, is.
@@ -118,6 +122,7 @@ class VDoc {
   friend class PageScan;
 
   void noteFile(const InputFile& file);
+  void beforeReading(VDocPage& page, const InputFile& file);
   void readPage(VDocPage& page, const InputFile& file, PageMode mode = PageMode::plain);
   void readUpTo(std::int32_t number, const InputFile& file);
   PrintOutcome print(const RunOptions& options, const PrintTask& task,

@@ -8,6 +8,7 @@
 
 #include "base/chain.h"
 #include "document/font_state.h"
+#include "document/line_splitter.h"
 #include "document/vdocstr.h"
 
 namespace qor {
@@ -18,9 +19,6 @@ class VSet;
 
 // "<report>: page <number>: ", for messages about what stands there.
 std::string placeInReport(std::int32_t page);
-
-// What ends a line: CR with the LF behind it, or, in texts of other systems, LF alone as well.
-enum class LineEnds { carriageReturns, lineFeeds };
 
 class VDocPage {
  public:
@@ -36,8 +34,12 @@ class VDocPage {
   void ReadLines(const InputFile& file, std::uint64_t fileSize, PageMode mode, LineEnds ends,
                  FontState& font);
 
+  // The bytes of it, in a buffer that is made larger where it must be. Throws as ReadLines.
+  std::string_view ReadBytes(const InputFile& file, std::uint64_t fileSize,
+                             std::string& buffer) const;
+
   // Builds one line and appends it.
-  VDocStr& AddLine(std::string_view text, VCommand& commands);
+  void AddLine(const PageLine& line, VCommand& commands);
 
   // Drops the lines; the place in the file stays.
   void ReleaseLines();
@@ -57,6 +59,8 @@ class VDocPage {
   bool Loaded = false;   // the lines are those of the file
 
  private:
+  void addLines(LineSplitter& lines, VCommand& commands);
+
   EmptyTexts empty_texts_;
 };
 

@@ -6,12 +6,12 @@
 
 #include "platform/fonts/fonts.h"
 #include "render/page_walk.h"
+#include "render/silent_canvas.h"
 
 namespace qor {
 namespace {
 
-// It has no dots, so that items leave no pictures of themselves beside the report.
-class OverflowCanvas : public Canvas {
+class OverflowCanvas : public SilentCanvas {
  public:
   explicit OverflowCanvas(const Rect& sheet) : sheet_(sheet) {}
 
@@ -24,16 +24,6 @@ class OverflowCanvas : public Canvas {
     return result;
   }
 
-  Point dotsPerInch() const override { return {}; }
-  void setMapping(const Mapping&) override {}
-  void setClip(const Rect&) override {}
-  void clearClip() override {}
-  void line(Point, Point) override {}
-  void rectangle(const Rect&) override {}
-  void roundRect(const Rect&, std::int32_t, std::int32_t) override {}
-  void ellipse(const Rect&) override {}
-  void drawPicture(const StoredPicture&, const Rect&) override {}
-
  protected:
   void paintText(const TextRun& run) override {
     const auto last = run.text.find_last_not_of(U' ');
@@ -45,8 +35,6 @@ class OverflowCanvas : public Canvas {
     row.below = row.below || below;
     row.columns += columns;
   }
-  void clipText(const Rect&) override {}
-  void unclipText() override {}
 
  private:
   struct Row {

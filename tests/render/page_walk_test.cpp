@@ -81,10 +81,10 @@ TEST(PageWalk, aFormFeedInsideAPageStartsItsLowerHalf) {
   settings.Page.MarginTop = 10;
   VDocPage page(1, &settings);
   VCommand commands(settings, settings.Font);
-  page.AddLine("a", commands);
-  page.AddLine("b", commands).AfterFormFeed = true;
-  page.AddLine("c", commands);
-  page.AddLine("d", commands).AfterFormFeed = true;
+  page.AddLine({"a"}, commands);
+  page.AddLine({.text = "b", .afterFormFeed = true}, commands);
+  page.AddLine({"c"}, commands);
+  page.AddLine({.text = "d", .afterFormFeed = true}, commands);
   EXPECT_EQ(drawn(page), plainTexts("0,566 a|0,7849 b|0,8076 c|0,7849 d"));
 }
 
@@ -118,7 +118,7 @@ TEST(PageWalk, boxTextIsAlignedAndReadByItsCharacterSet) {
   report.doc().Settings.Font.Reset();
   VDocPage page(1, &report.doc().Settings);
   VCommand commands(report.doc().Settings, report.doc().Settings.Font);
-  page.AddLine("<text left=10 top=10 right=50 tc=\xC0 alignV=1/>", commands);
+  page.AddLine({"<text left=10 top=10 right=50 tc=\xC0 alignV=1/>"}, commands);
   // Without a lower edge the box has no height, and the text stands about its top.
   EXPECT_EQ(drawn(page), "clip 566,566 2834,0\n" + plain("566,453", "<410>"));
 }

@@ -14,7 +14,7 @@ check() {
     above+="|${rows[$i]}"
   done
 }
-check base language platform document barcode render settings export window_model windows app
+check base language platform document barcode render search settings export window_model windows app
 check platform/{system,walls,fonts,pictures,qt,x11,canvas,pdf,print,cups,harfbuzz,workbook,gsf,rtf}
 wrong+=$(grep -rlE '^#include <Q' . | grep -vE '^\./(windows|platform/qt)/' || true)
 wrong+=$(grep -rlE '^#include <(unistd|fcntl|spawn|dlfcn|link|iconv|langinfo|poll|signal|pwd|sys/.*)\.h>' . |

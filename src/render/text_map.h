@@ -1,0 +1,59 @@
+// What a page says and where: its lines as they are read, with the place of each character. Find,
+// selection, copying and reading aloud stand on it. Lines are those of the report in their order,
+// then rows of texts with places of their own (see ItemTexts). A page may have millions of lines:
+// the map keeps where each starts, and lays one out when it is asked for. It looks at a loaded page
+// and lives no longer; the document's code page must be loaded. All places are twips.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "document/document_letters.h"
+#include "platform/canvas/canvas.h"
+#include "render/text_stretch.h"
+
+namespace qor {
+
+class VData;
+class VDocPage;
+class VDocStr;
+
+// A gap between characters: before the one at `column`, from 0, or behind the last.
+struct TextPlace {
+  std::size_t line = 0;
+  std::size_t column = 0;
+
+  auto operator<=>(const TextPlace&) const = default;
+};
+
+class TextMap {
+ public:
+  // Walks the page as DrawPage does and paints nothing.
+  TextMap(VDocPage& page, const DocumentLetters& letters);
+
+  std::size_t lineCount() const { return bands_.size(); }
+  const TextBand& band(std::size_t line) const { return bands_[line]; }
+
+  std::u32string text(std::size_t line) const;
+  TextLine line(std::size_t line) const;
+
+  // The gap nearest to a spot: of the lines at its height, or of the nearest one. The start of
+  // the page where it has no text.
+  TextPlace placeNear(const TextPoint& spot) const;
+
+ private:
+  struct Start {
+    VDocStr* line;
+    Point corner;
+  };
+
+  void addRows(const VDocPage& page);
+  std::vector<std::size_t> linesAt(double y) const;
+
+  DocumentLetters letters_;
+  std::vector<Start> starts_;              // of the report's lines
+  std::vector<std::vector<VData*>> rows_;  // of texts with places of their own
+  std::vector<TextBand> bands_;            // of all lines
+};
+
+}  // namespace qor

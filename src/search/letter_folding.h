@@ -1,0 +1,31 @@
+// Which letters are the same to a search.
+#pragma once
+
+namespace qor {
+
+// What Unicode says of characters, told by whoever knows its tables.
+struct LetterRules {
+  char32_t (*folded)(char32_t);       // simple case folding
+  bool (*isWordCharacter)(char32_t);  // letters, digits and what joins them
+};
+
+class LetterFolding {
+ public:
+  // Case is ignored or matters. In Turkish code pages (857 and 1254) i with İ and ı with I are the
+  // pairs.
+  LetterFolding(const LetterRules& rules, int codePage, bool matchCase);
+
+  char32_t operator()(char32_t letter) const;
+  bool isWordCharacter(char32_t letter) const { return rules_.isWordCharacter(letter); }
+
+ private:
+  LetterRules rules_;
+  bool turkish_;
+  bool match_case_;
+};
+
+constexpr bool isBlank(char32_t letter) {
+  return letter == U' ' || letter == U'\u00A0';
+}
+
+}  // namespace qor

@@ -1,6 +1,7 @@
 // Above the page.
 #include "windows/view/page_overlay.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 
 namespace qor {
@@ -44,10 +45,11 @@ std::optional<PageMapping> PageOverlay::mapping() const {
   return PageMapping(*view_, devicePixelRatioF());
 }
 
-void PageOverlay::paintEvent(QPaintEvent*) {
+void PageOverlay::paintEvent(QPaintEvent* event) {
   const auto seen = mapping();
   if (!seen) return;
   QPainter painter(this);
+  painter.setClipRect(event->rect());
   for (OverlayLayer* layer : layers_) {
     painter.save();
     layer->paint(painter, *seen);

@@ -15,7 +15,7 @@ class OverlayLayer {
  public:
   virtual ~OverlayLayer() = default;
 
-  // Paints in pixels of the view, whose corner is (0, 0).
+  // Paints in pixels of the view, whose corner is (0, 0), where the painter is clipped to.
   virtual void paint(QPainter& painter, const PageMapping& mapping) = 0;
 };
 

@@ -19,6 +19,7 @@ PageShow::PageShow(ViewDesk& desk, PageZoom& zoom, ErrorBox& errors)
 
 void PageShow::setDocument(VDoc* doc, VDocPage* page) {
   doc_ = doc;
+  emit letGo();
   page_ = page;
   first_page_shown_ = false;
   countPages();
@@ -86,11 +87,13 @@ bool PageShow::load() {
 }
 
 void PageShow::release() {
-  if (page_ != nullptr) page_->ReleaseLines();
+  VDocPage* page = page_;
   forget();
+  if (page != nullptr) page->ReleaseLines();
 }
 
 void PageShow::forget() {
+  emit letGo();
   desk_.page_control->usePage(nullptr);
   page_ = nullptr;
 }

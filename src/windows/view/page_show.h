@@ -57,6 +57,7 @@ class PageShow : public QObject {
   void roomCounted();  // for several pages, so that moves may lead elsewhere
   void pageShown();
   void shown();  // a page, or that reason
+  void letGo();  // of the page that was on show: what was made of its lines ends
 
  private:
   void showLoaded();

@@ -17,6 +17,7 @@ ViewParts::ViewParts(QMainWindow* window, ViewCommands offered, UserSettings& se
       zoom(*desk),
       pageStatus(*desk, zoom),
       pages(*desk, zoom, errors),
+      text(pages),
       scale(*desk, pages),
       notes(*desk, pages),
       lines(desk->ui.pScroll->viewport(),

@@ -13,6 +13,7 @@
 #include "windows/view/page_number_edit.h"
 #include "windows/view/page_show.h"
 #include "windows/view/page_status.h"
+#include "windows/view/page_text.h"
 #include "windows/view/page_turner.h"
 #include "windows/view/page_zoom.h"
 #include "windows/view/paper_scale.h"
@@ -35,6 +36,7 @@ struct ViewParts {
   PageZoom zoom;
   PageStatus pageStatus;
   PageShow pages;
+  PageText text;
   PaperScale scale;
   PageNotesWatch notes;
   AlignmentLines lines;

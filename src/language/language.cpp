@@ -112,6 +112,9 @@ const ExportTexts& exportTexts() {
 const AlignmentTexts& alignmentTexts() {
   return currentLanguage().alignment;
 }
+const FindTexts& findTexts() {
+  return currentLanguage().find;
+}
 int GetAnsiCodePage() {
   return AppOptions.AnsiCodePage;
 }

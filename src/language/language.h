@@ -10,6 +10,7 @@
 
 #include "language/alignment_texts.h"
 #include "language/export_texts.h"
+#include "language/find_texts.h"
 #include "language/interface_texts.h"
 #include "language/preview_texts.h"
 #include "language/settings_texts.h"
@@ -38,6 +39,7 @@ struct Language {
   SettingsTexts settings;
   ExportTexts exports;
   AlignmentTexts alignment;
+  FindTexts find;
 };
 
 // Announces a language for the length of its life.
@@ -76,6 +78,7 @@ const PreviewTexts& previewTexts();
 const SettingsTexts& settingsTexts();
 const ExportTexts& exportTexts();
 const AlignmentTexts& alignmentTexts();
+const FindTexts& findTexts();
 int GetAnsiCodePage();
 
 // As the current language names it, or else in that language itself.

@@ -80,6 +80,10 @@ struct PreviewTexts {
   std::string_view dropReport;
   std::string_view reportGone;
   std::string_view reportNotOpened;
+  // Finding.
+  std::string_view find;
+  std::string_view findNext;
+  std::string_view findPrevious;
   // What keys do that have no command.
   std::string_view keyLeapBack;
   std::string_view keyLeapOn;

@@ -12,7 +12,7 @@ constexpr std::array kFiles = {
     "zoom_in",     "actual_size", "fit_width", "fit_page", "single_page", "multi_page",
     "normal_view", "wide_view",   "page_list", "margins",  "full_screen", "alignment_line",
     "properties",  "print",       "mail",      "export",   "language",    "open",
-    "help",        "qorutlview"};
+    "find",        "help",        "qorutlview"};
 static_assert(kFiles.size() == static_cast<std::size_t>(ImageIndex::program) + 1);
 
 }  // namespace

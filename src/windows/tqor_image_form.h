@@ -32,6 +32,7 @@ enum class ImageIndex {
   convert,
   language,
   open,
+  find,
   help,
   program
 };

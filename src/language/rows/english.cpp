@@ -133,6 +133,9 @@ constexpr Language kEnglish = {
             .dropReport = "Drop a report here, or",
             .reportGone = " is not there any more.",
             .reportNotOpened = " can't be opened.",
+            .find = "Find...",
+            .findNext = "Next hit",
+            .findPrevious = "Previous hit",
             .keyLeapBack = "Eight pages back",
             .keyLeapOn = "Eight pages on",
             .keyTop = "Top of the page",
@@ -300,6 +303,22 @@ constexpr Language kEnglish = {
             .apply = " Apply ",
             .cancel = " Cancel",
             .notANumber = " is not a whole number",
+        },
+    .find =
+        {
+            .findInReport = "Find in the report",
+            .matchCase = "Match case",
+            .wholeWord = "Whole words",
+            .anyBlanks = "A blank stands for any number of them",
+            .hitList = "List of hits",
+            .hits = "% hits",
+            .hitOf = "of",
+            .firstHitsOf = "The first 100,000 of % hits",
+            .searching = ", searching...",
+            .wentRound = ", went on at the other end",
+            .notFound = "Not found",
+            .letterMissing = "The code page of the report has no “%”",
+            .blanksAlone = "Blanks alone are not looked for",
         },
 };
 

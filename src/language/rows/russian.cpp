@@ -142,6 +142,9 @@ constexpr Language kRussian = {
             .dropReport = "Перетащите отчёт сюда или",
             .reportGone = " больше не существует.",
             .reportNotOpened = " не открывается.",
+            .find = "Найти...",
+            .findNext = "Следующее совпадение",
+            .findPrevious = "Предыдущее совпадение",
             .keyLeapBack = "На восемь страниц назад",
             .keyLeapOn = "На восемь страниц вперёд",
             .keyTop = "Верх страницы",
@@ -312,6 +315,22 @@ constexpr Language kRussian = {
             .apply = " Применить",
             .cancel = "  Отмена   ",
             .notANumber = " — не целое число",
+        },
+    .find =
+        {
+            .findInReport = "Найти в отчёте",
+            .matchCase = "Учитывать регистр",
+            .wholeWord = "Слова целиком",
+            .anyBlanks = "Пробел означает любое их число",
+            .hitList = "Список совпадений",
+            .hits = "Совпадений: %",
+            .hitOf = "из",
+            .firstHitsOf = "Первые 100 000 из % совпадений",
+            .searching = ", идёт поиск...",
+            .wentRound = ", продолжено с другого конца",
+            .notFound = "Не найдено",
+            .letterMissing = "В кодовой странице отчёта нет «%»",
+            .blanksAlone = "Одни пробелы не ищутся",
         },
 };
 

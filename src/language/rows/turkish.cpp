@@ -144,6 +144,9 @@ constexpr Language kTurkish = {
             .dropReport = "Raporu buraya bırakın ya da",
             .reportGone = " artık yok.",
             .reportNotOpened = " açılamıyor.",
+            .find = "Bul...",
+            .findNext = "Sonraki sonuç",
+            .findPrevious = "Önceki sonuç",
             .keyLeapBack = "Sekiz sayfa geri",
             .keyLeapOn = "Sekiz sayfa ileri",
             .keyTop = "Sayfanın başı",
@@ -313,6 +316,22 @@ constexpr Language kTurkish = {
             .apply = " Uygula ",
             .cancel = " Vazgeç ",
             .notANumber = " tam sayı değil",
+        },
+    .find =
+        {
+            .findInReport = "Raporda bul",
+            .matchCase = "Büyük/küçük harf ayrımı",
+            .wholeWord = "Tam sözcük",
+            .anyBlanks = "Boşluk, istenen sayıda boşluk yerine geçer",
+            .hitList = "Sonuç listesi",
+            .hits = "% sonuç",
+            .hitOf = "/",
+            .firstHitsOf = "% sonucun ilk 100.000 tanesi",
+            .searching = ", aranıyor...",
+            .wentRound = ", öbür uçtan sürdü",
+            .notFound = "Bulunamadı",
+            .letterMissing = "Raporun kod sayfasında “%” yok",
+            .blanksAlone = "Yalnız boşluk aranmaz",
         },
 };
 

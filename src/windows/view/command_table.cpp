@@ -14,6 +14,7 @@ using Form = TfrmView;
 using Texts = PreviewTexts;
 
 constexpr auto kCtrl = Qt::ControlModifier;
+constexpr auto kShift = Qt::ShiftModifier;
 
 template <PageMove move>
 bool leads(const Form& form) {
@@ -57,9 +58,15 @@ bool showsLine(const Form& form) {
   return form.parts().lines.isShown(kind);
 }
 
+template <int direction>
+void findOn(Form& form) {
+  form.parts().find.move(direction);
+}
+
 void escape(Form& form) {
   PageNumberEdit& number = form.parts().number;
-  number.isVisible() ? number.cancel() : static_cast<void>(form.close());
+  if (number.isVisible()) return number.cancel();
+  if (!form.parts().find.close()) form.close();
 }
 
 constexpr CommandRow kCommands[] = {
@@ -69,6 +76,23 @@ constexpr CommandRow kCommands[] = {
      .keys = {{{Qt::Key_O, kCtrl}}},
      .endsGroup = true,
      .run = [](Form& form) { form.parts().opening.mnuOpenClick(); }},
+    {.id = "mnuFind",
+     .text = &Texts::find,
+     .image = ImageIndex::find,
+     .button = {"cmdView_Find", "linePages"},
+     .keys = {{{Qt::Key_F, kCtrl}}},
+     .run = [](Form& form) { form.parts().find.mnuFindClick(); }},
+    {.id = "mnuFindNext",
+     .text = &Texts::findNext,
+     .image = ImageIndex::next,
+     .keys = {{{Qt::Key_F3, {}, kShift}}},
+     .run = findOn<1>},
+    {.id = "mnuFindPrevious",
+     .text = &Texts::findPrevious,
+     .image = ImageIndex::previous,
+     .keys = {{{Qt::Key_F3, kShift}}},
+     .endsGroup = true,
+     .run = findOn<-1>},
     {.id = "mnuFirst",
      .text = &Texts::firstPage,
      .image = ImageIndex::first,

@@ -7,6 +7,7 @@
 #include <QListView>
 
 #include "windows/alignment/alignment_line.h"
+#include "windows/find/find_edit.h"
 
 namespace qor {
 
@@ -16,6 +17,10 @@ bool focusKeeps(const QKeyEvent& event) {
   const bool inEdit = qobject_cast<const QLineEdit*>(focus) != nullptr;
   const bool inList = qobject_cast<const QListView*>(focus) != nullptr &&
                       (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  const bool inFind = qobject_cast<const FindEdit*>(focus) != nullptr;
+  const bool types = !event.text().isEmpty() && event.text().front().isPrint() &&
+                     !event.modifiers().testFlag(Qt::ControlModifier);
+  if (inFind && types) return true;
   switch (event.key()) {
     case Qt::Key_Left:
     case Qt::Key_Right: return inEdit;

@@ -44,6 +44,11 @@ void PageTurner::goToPage(int number) {
   desk_.ui.pScroll->scrollToStart();
 }
 
+void PageTurner::showPage(int number) {
+  if (desk_.cursor.showsSeveral()) return markPage(number);
+  if (number != desk_.cursor.current()) goToPage(number);
+}
+
 void PageTurner::markPage(int number) {
   if (!desk_.page_control->MarkPage(number)) return goToPage(number);
   desk_.cursor.mark(number);

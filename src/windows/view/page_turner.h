@@ -28,6 +28,9 @@ class PageTurner : public QObject {
   // Shows the top of a page.
   void goToPage(int number);
 
+  // Shows a page as it stands, where it is on view already; else its top.
+  void showPage(int number);
+
   // Makes one of the pages on view the current one. The view may have changed since it was clicked.
   void markPage(int number);
 

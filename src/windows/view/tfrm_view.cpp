@@ -59,6 +59,7 @@ TfrmView::~TfrmView() {
 }
 
 void TfrmView::SetDocument(VDoc* doc, VDocPage* page) {
+  parts_->find.finder().stop();
   parts_->pages.setDocument(doc, page);
   parts_->notes.stop();
 }
@@ -188,6 +189,7 @@ void TfrmView::applyCaptions() {
   parts_->menu->retranslate();
   parts_->notes.retranslate();
   parts_->list.retranslate();
+  parts_->find.retranslate();
   parts_->lines.rebuild();
 }
 

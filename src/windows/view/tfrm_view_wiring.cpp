@@ -93,6 +93,12 @@ void TfrmView::connectParts() {
   const auto goTo = [this, &parts](int number) { run([&] { parts.turner.goToPage(number); }); };
   connect(&parts.number, &PageNumberEdit::pageChosen, this, goTo);
   connect(&parts.list, &PageListPane::pageChosen, this, goTo);
+  connect(&parts.find, &FindPanel::pageWanted, this, [this, &parts](int number) {
+    run([&] {
+      parts.turner.showPage(number);
+      parts.find.scrollToPresent();
+    });
+  });
   connect(&parts.zoom, &PageZoom::pageWanted, this, &TfrmView::ShowPage);
   connect(&parts.zoom, &PageZoom::stateChanged, this, &TfrmView::keepState);
   connect(&parts.switches, &ViewSwitches::stateChanged, this, &TfrmView::keepState);
@@ -111,6 +117,7 @@ void TfrmView::connectParts() {
     showTotal();
     parts.list.fill();
     cmbPagesChange();
+    parts.find.finder().restart();
   });
   connect(&parts.forms, &FormCalls::viewKept, this, [&parts, tellOfPage] {
     parts.pageStatus.startPage();
@@ -196,6 +203,7 @@ void TfrmView::followGrowth() {
   parts.pageStatus.describeView();
   updateCommands();
   parts.list.fill();
+  parts.find.finder().follow();
 }
 
 // True if the key was one of the window's: nobody else gets it then.

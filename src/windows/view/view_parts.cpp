@@ -18,6 +18,7 @@ ViewParts::ViewParts(QMainWindow* window, ViewCommands offered, UserSettings& se
       pageStatus(*desk, zoom),
       pages(*desk, zoom, errors),
       text(pages),
+      find(*desk, pages, text, settings),
       scale(*desk, pages),
       notes(*desk, pages),
       lines(desk->ui.pScroll->viewport(),

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "windows/alignment/alignment_lines.h"
+#include "windows/find/find_panel.h"
 #include "windows/start/report_opening.h"
 #include "windows/view/error_box.h"
 #include "windows/view/form_calls.h"
@@ -37,6 +38,7 @@ struct ViewParts {
   PageStatus pageStatus;
   PageShow pages;
   PageText text;
+  FindPanel find;
   PaperScale scale;
   PageNotesWatch notes;
   AlignmentLines lines;

@@ -13,13 +13,18 @@ namespace {
 constexpr int kGap = 4;         // pixels, at the edges of the row
 constexpr int kPageDigits = 5;  // room for the number of the page
 constexpr int kMostOfHit = 24;  // letters of a long one
-constexpr int kHitPlace = 3;    // the hit begins before a third of the row
+constexpr int kHitPlace = 2;    // the hit begins in the first half of the row
 
 // Draws the text and gives where it ends.
 int drawn(QPainter& painter, const QString& text, const QRect& row, int left) {
   const QRect place(left, row.top(), row.right() - left, row.height());
   if (place.width() > 0) painter.drawText(place, Qt::AlignVCenter | Qt::TextSingleLine, text);
   return left + painter.fontMetrics().horizontalAdvance(text);
+}
+
+// Runs of blanks as one, also at the end.
+QString tidy(const QString& text) {
+  return (text + '|').simplified().chopped(1);
 }
 
 }  // namespace
@@ -48,14 +53,13 @@ void HitRow::paint(QPainter* painter, const QStyleOptionViewItem& option,
                     Qt::AlignVCenter | Qt::AlignRight, row.page);
   const int left = place.left() + pageRoom + 2 * kGap;
   const int room = std::max(0, place.right() - left) / kHitPlace;
-  int end = drawn(*painter, metrics.elidedText(row.before.simplified() + ' ', Qt::ElideLeft, room),
-                  place, left);
+  int end = drawn(*painter, metrics.elidedText(tidy(row.before), Qt::ElideLeft, room), place, left);
   QFont bold = option.font;
   bold.setBold(true);
   painter->setFont(bold);
   end = drawn(*painter, row.hit.left(kMostOfHit), place, end);
   painter->setFont(option.font);
-  drawn(*painter, row.behind, place, end);
+  drawn(*painter, ('|' + row.behind).simplified().mid(1), place, end);
   painter->restore();
 }
 

@@ -25,6 +25,10 @@ TextFinder::TextFinder(ViewDesk& desk, PageShow& pages)
 
 TextFinder::~TextFinder() = default;
 
+bool TextFinder::isSearching() const {
+  return isActive() && failure_.isNull() && !search_->isEmpty() && !search_->isDone();
+}
+
 void TextFinder::start(const FindQuery& query) {
   stop();
   query_ = query;

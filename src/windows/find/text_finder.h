@@ -35,7 +35,7 @@ class TextFinder : public QObject {
   void follow();
 
   bool isActive() const { return search_ != nullptr; }
-  bool isSearching() const { return isActive() && !search_->isEmpty() && !search_->isDone(); }
+  bool isSearching() const;
   const FindQuery& query() const { return query_; }
   const ReportSearch& search() const { return *search_; }
   int codePage() const { return code_page_; }

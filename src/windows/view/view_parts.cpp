@@ -18,6 +18,8 @@ ViewParts::ViewParts(QMainWindow* window, ViewCommands offered, UserSettings& se
       pageStatus(*desk, zoom),
       pages(*desk, zoom, errors),
       text(pages),
+      selection(*desk, text),
+      textTool(*desk, selection),
       scale(*desk, pages),
       notes(*desk, pages),
       lines(desk->ui.pScroll->viewport(),

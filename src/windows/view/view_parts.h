@@ -5,6 +5,8 @@
 #include <memory>
 
 #include "windows/alignment/alignment_lines.h"
+#include "windows/selection/page_selection.h"
+#include "windows/selection/text_tool.h"
 #include "windows/start/report_opening.h"
 #include "windows/view/error_box.h"
 #include "windows/view/form_calls.h"
@@ -37,6 +39,8 @@ struct ViewParts {
   PageStatus pageStatus;
   PageShow pages;
   PageText text;
+  PageSelection selection;
+  TextTool textTool;
   PaperScale scale;
   PageNotesWatch notes;
   AlignmentLines lines;

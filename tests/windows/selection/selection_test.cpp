@@ -19,6 +19,12 @@ constexpr const char* kLedger =
     "<Apples>    120.00 2/2/24\r\n\f"
     "Other page\r\n";
 
+constexpr const char* kWholeLedger =
+    "Name        Amount   Date\n"
+    "-------------------------\n"
+    "Pears & Co    1.50 1/2/24\n"
+    "<Apples>    120.00 2/2/24";
+
 class Selecting : public Window {
  public:
   explicit Selecting(const std::string& report) : Window({report, zoomed(6)}) {
@@ -37,12 +43,13 @@ class Selecting : public Window {
   void send(QEvent::Type type, QPoint place, Qt::KeyboardModifiers with = {}) {
     const bool moves = type == QEvent::MouseMove;
     const bool up = type == QEvent::MouseButtonRelease;
-    QMouseEvent event(type, place, pageControl().mapToGlobal(place), moves ? Qt::NoButton : kLeft,
+    QMouseEvent event(type, place, place + corner_, moves ? Qt::NoButton : kLeft,
                       up ? Qt::NoButton : kLeft, with);
     QCoreApplication::sendEvent(&pageControl(), &event);
   }
 
   void drag(QPoint from, QPoint to, Qt::KeyboardModifiers with = {}) {
+    corner_ = pageControl().mapToGlobal(QPoint());
     send(QEvent::MouseButtonPress, from, with);
     send(QEvent::MouseMove, (from + to) / 2, with);
     send(QEvent::MouseMove, to, with);
@@ -53,10 +60,14 @@ class Selecting : public Window {
   std::string copied(const char* kind = "text/plain") {
     QGuiApplication::clipboard()->clear();
     press("Ctrl+C");
-    return QGuiApplication::clipboard()->mimeData()->data(kind).toStdString();
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data == nullptr ? "" : data->data(kind).toStdString();
   }
 
   bool isOn(const char* command) { return control<QAction>(command).isEnabled(); }
+
+ private:
+  QPoint corner_ = pageControl().mapToGlobal(QPoint());  // of the page's control when a drag began
 };
 
 TEST(Selection, isMadeByTheTextToolOrAlt) {
@@ -76,11 +87,10 @@ TEST(Selection, isMadeByTheTextToolOrAlt) {
   EXPECT_EQ(window.copied(), "      & Co    1.50 1/2/24\n<Apples>");
   EXPECT_EQ(window.copied("text/html"), "");
   window.drag(window.at(2, 10), window.at(2, 10), Qt::ShiftModifier);
-  EXPECT_EQ(window.copied(), "           1.50 1/2/24\n<Apples>");
+  EXPECT_EQ(window.copied(), "              1.50 1/2/24\n<Apples>");
   window.click(window.pageControl(), window.at(2, 15));
   EXPECT_FALSE(window.isOn("mnuCopy")) << "a click selects nothing";
   window.press("cmdView_TextTool");
-  EXPECT_EQ(window.pageControl().cursor().shape(), Qt::OpenHandCursor);
   EXPECT_EQ(window.pageControl().cursor().shape(), Qt::OpenHandCursor);
 }
 
@@ -117,7 +127,7 @@ TEST(Selection, takesWordsAndLinesByClicks) {
   window.send(QEvent::MouseButtonRelease, place);
   EXPECT_EQ(window.copied(), "<Apples>    120.00 2/2/24");
   window.press("Ctrl+A");
-  EXPECT_EQ(window.copied(), QString(kLedger).section("\r\n\f", 0, 0).remove('\r').toStdString());
+  EXPECT_EQ(window.copied(), kWholeLedger);
 }
 
 TEST(Selection, takesARectangleAsATable) {
@@ -142,11 +152,15 @@ TEST(Selection, isExtendedByKeysOnlyWithTheTool) {
       {"Shift+Right", "Name"},
       {"Shift+Left", "Nam"},
       {"Shift+End", "Name        Amount   Date"},
-      {"Shift+Home", ""},
-      {"Shift+Right", "N"},
-      {"Shift+Down", "Name        Amount   Date\n-"},
-      {"Shift+Up", "N"},
-      {"Shift+PgUp", "N"}};
+      {"Shift+Left", "Name        Amount   Dat"},
+      {"Shift+Down", "Name        Amount   Date\n------------------------"},
+      {"Shift+Up", "Name        Amount   Dat"},
+      {"Shift+PgDown", kWholeLedger},
+      {"Shift+Up",
+       "Name        Amount   Date\n-------------------------\nPears & Co    1.50 1/2/24\n<Apples>  "
+       "  120.00 2/2/2"},
+      {"Shift+Home",
+       "Name        Amount   Date\n-------------------------\nPears & Co    1.50 1/2/24"}};
   for (const auto& [keys, expected] : rows) {
     EXPECT_EQ(window.press(keys), 1);
     EXPECT_EQ(window.copied(), expected) << keys;
@@ -165,14 +179,14 @@ TEST(Selection, staysWithItsPage) {
   window.press("Ctrl+T");
   QImage plain = window.picture("page_control");
   const auto isMarked = [&](std::size_t line, std::size_t column) {
-    const QPoint place = window.at(line, column) + QPoint(0, 0);
+    const QPoint place = window.at(line, column);
     return window.picture("page_control").pixel(place) != plain.pixel(place);
   };
   window.drag(window.at(2, 2), window.at(2, 8));
   for (const char* step : {"", "Ctrl++", "Ctrl+0", "mnuWideView", "mnuNormalView"}) {
     SCOPED_TRACE(step);
     if (*step != 0) window.press(step);
-    EXPECT_EQ(window.copied(), "ars & ");
+    EXPECT_EQ(window.copied(), "ars &");
     auto& overlay = window.control<PageOverlay>("pageOverlay");
     overlay.hide();
     plain = window.picture("page_control");
@@ -187,12 +201,13 @@ TEST(Selection, staysWithItsPage) {
   EXPECT_EQ(window.copied(), "");
   window.press("PgUp");
   EXPECT_TRUE(window.isOn("mnuCopy"));
-  EXPECT_EQ(window.copied(), "ars & ");
+  EXPECT_EQ(window.copied(), "ars &");
+  window.press("Ctrl+-", 4);
   window.press("mnuMultiPage");
   for (const char* command : {"mnuCopy", "mnuSelectPage", "mnuCopyPicture"})
     EXPECT_FALSE(window.isOn(command)) << command;
   window.press("mnuSinglePage");
-  EXPECT_EQ(window.copied(), "ars & ");
+  EXPECT_EQ(window.copied(), "ars &");
 }
 
 TEST(Selection, leavesKeysToEditsAndLists) {

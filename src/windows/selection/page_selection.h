@@ -9,8 +9,6 @@
 #include "window_model/text_selection.h"
 #include "windows/view/page_overlay.h"
 
-class QMimeData;
-
 namespace qor {
 
 class PageText;

@@ -18,6 +18,10 @@ struct PreviewTexts {
   std::string_view actualSize;
   std::string_view fitWidth;
   std::string_view fitPage;
+  std::string_view textTool;
+  std::string_view selectPage;
+  std::string_view copyText;
+  std::string_view copyPicture;
   std::string_view singlePage;
   std::string_view multiPage;
   std::string_view normalView;

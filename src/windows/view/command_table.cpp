@@ -2,6 +2,7 @@
 #include "windows/view/command_table.h"
 
 #include "window_model/preview_texts.h"
+#include "windows/selection/page_picture.h"
 #include "windows/start/key_help.h"
 #include "windows/view/tfrm_view.h"
 #include "windows/view/view_desk.h"
@@ -61,6 +62,11 @@ bool showsLine(const Form& form) {
 template <int direction>
 void findOn(Form& form) {
   form.parts().find.move(direction);
+}
+
+// A page whose text and picture can be copied.
+bool showsOne(const Form& form) {
+  return hasPagePicture(*form.parts().desk, form.parts().pages);
 }
 
 void escape(Form& form) {
@@ -153,6 +159,31 @@ constexpr CommandRow kCommands[] = {
      .keys = {{{Qt::Key_2, kCtrl}}},
      .endsGroup = true,
      .run = [](Form& form) { form.parts().zoom.mnuFitPageClick(); }},
+    {.id = "mnuTextTool",
+     .text = &Texts::textTool,
+     .image = ImageIndex::textTool,
+     .button = {"cmdView_TextTool", "lineZoom"},
+     .keys = {{{Qt::Key_T, kCtrl}}},
+     .checkedWhen = [](const Form& form) { return form.parts().textTool.isChosen(); },
+     .run = [](Form& form) { form.parts().textTool.mnuTextToolClick(); }},
+    {.id = "mnuSelectPage",
+     .text = &Texts::selectPage,
+     .image = ImageIndex::selectPage,
+     .keys = {{{Qt::Key_A, kCtrl}}},
+     .enabledWhen = showsOne,
+     .run = [](Form& form) { form.parts().selection.mnuSelectPageClick(); }},
+    {.id = "mnuCopy",
+     .text = &Texts::copyText,
+     .image = ImageIndex::copyText,
+     .keys = {{{Qt::Key_C, kCtrl}}},
+     .enabledWhen = [](const Form& form) { return !form.parts().selection.isEmpty(); },
+     .run = [](Form& form) { form.parts().selection.mnuCopyClick(); }},
+    {.id = "mnuCopyPicture",
+     .text = &Texts::copyPicture,
+     .image = ImageIndex::copyPicture,
+     .endsGroup = true,
+     .enabledWhen = showsOne,
+     .run = [](Form& form) { mnuCopyPictureClick(*form.parts().desk, form.parts().pages); }},
     {.id = "mnuSinglePage",
      .text = &Texts::singlePage,
      .image = ImageIndex::singlePage,

@@ -15,8 +15,8 @@ bool focusKeeps(const QKeyEvent& event) {
   const QWidget* focus = QApplication::focusWidget();
   const bool inLine = qobject_cast<const AlignmentLine*>(focus) != nullptr;
   const bool inEdit = qobject_cast<const QLineEdit*>(focus) != nullptr;
-  const bool inList = qobject_cast<const QListView*>(focus) != nullptr &&
-                      (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  const bool isList = qobject_cast<const QListView*>(focus) != nullptr;
+  const bool inList = isList && (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
   const bool inFind = qobject_cast<const FindEdit*>(focus) != nullptr;
   const bool types = !event.text().isEmpty() && event.text().front().isPrint() &&
                      !event.modifiers().testFlag(Qt::ControlModifier);
@@ -30,6 +30,10 @@ bool focusKeeps(const QKeyEvent& event) {
     case Qt::Key_Down: return inEdit || inList || inLine;
     case Qt::Key_Home:
     case Qt::Key_End: return inEdit || inList;
+    case Qt::Key_A:
+    case Qt::Key_C:
+    case Qt::Key_V:
+    case Qt::Key_X: return (inEdit || isList) && event.modifiers() == Qt::ControlModifier;
     case Qt::Key_PageUp:
     case Qt::Key_PageDown: return inList;
     default: return false;

@@ -5,7 +5,7 @@ class QKeyEvent;
 
 namespace qor {
 
-// An edit moves in what is typed, a list over its lines.
+// An edit moves in what is typed, a list over its lines; both copy.
 bool focusKeeps(const QKeyEvent& event);
 
 }  // namespace qor

@@ -35,6 +35,9 @@ class PageOverlay : public QWidget {
   void cover(const PageView& view);
   void leave();
 
+  // How that page is seen.
+  const std::optional<PageView>& view() const { return view_; }
+
   // Between twips of that page and pixels of the overlay; nothing while there is none.
   std::optional<PageMapping> mapping() const;
 

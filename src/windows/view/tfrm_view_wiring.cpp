@@ -81,7 +81,11 @@ void TfrmView::connectParts() {
   connect(&parts.pages, &PageShow::shown, this, [&parts] {
     parts.pageStatus.describeView();
     parts.lines.rebuild();
+    parts.textTool.showPointer();
+    parts.selection.followPage();
   });
+  connect(&parts.selection, &PageSelection::changed, this, &TfrmView::updateCommands);
+  connect(&parts.textTool, &TextTool::toggled, this, &TfrmView::updateCommands);
   connect(parts.desk->ui.pScroll->verticalScrollBar(), &QScrollBar::valueChanged, &parts.lines,
           &AlignmentLines::rebuild);
   connect(&parts.switches, &ViewSwitches::kindChanged, &parts.lines, &AlignmentLines::nearToTop);
@@ -122,6 +126,7 @@ void TfrmView::connectParts() {
   connect(&parts.forms, &FormCalls::viewKept, this, [&parts, tellOfPage] {
     parts.pageStatus.startPage();
     tellOfPage();
+    parts.selection.followPage();
   });
 }
 
@@ -209,6 +214,7 @@ void TfrmView::followGrowth() {
 // True if the key was one of the window's: nobody else gets it then.
 bool TfrmView::FormKeyDown(const QKeyEvent& event) {
   if (focusKeeps(event)) return false;
+  if (parts_->textTool.takesKey(event)) return true;
   const KeyAction action = actionOfKey(event);
   if (action == nullptr) return false;
   run(action);

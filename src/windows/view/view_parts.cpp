@@ -19,6 +19,8 @@ ViewParts::ViewParts(QMainWindow* window, ViewCommands offered, UserSettings& se
       pages(*desk, zoom, errors),
       text(pages),
       find(*desk, pages, text, settings),
+      selection(*desk, text),
+      textTool(*desk, selection),
       scale(*desk, pages),
       notes(*desk, pages),
       lines(desk->ui.pScroll->viewport(),

@@ -6,6 +6,8 @@
 
 #include "windows/alignment/alignment_lines.h"
 #include "windows/find/find_panel.h"
+#include "windows/selection/page_selection.h"
+#include "windows/selection/text_tool.h"
 #include "windows/start/report_opening.h"
 #include "windows/view/error_box.h"
 #include "windows/view/form_calls.h"
@@ -39,6 +41,8 @@ struct ViewParts {
   PageShow pages;
   PageText text;
   FindPanel find;
+  PageSelection selection;
+  TextTool textTool;
   PaperScale scale;
   PageNotesWatch notes;
   AlignmentLines lines;

@@ -166,7 +166,7 @@ TEST(Commands, areTheSameInToolbarAndMenu) {
     EXPECT_EQ(button.isEnabled(), entry.isEnabled());
     EXPECT_EQ(button.isChecked(), entry.isChecked());
   }
-  EXPECT_EQ(buttons, 14);
+  EXPECT_EQ(buttons, 16);
 }
 
 // Behind a command that fails the page is on view again, and can be left and come back to.

@@ -1,0 +1,120 @@
+// Selecting on pages.
+#include "windows/selection/page_selection.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPalette>
+
+#include "windows/selection/copied_data.h"
+#include "windows/view/page_text.h"
+#include "windows/view/text_marks.h"
+#include "windows/view/view_desk.h"
+
+namespace qor {
+namespace {
+
+constexpr float kOpacity = 0.35F;
+constexpr int kRoom = 40;  // pixels that are seen around the end of a selection
+
+}  // namespace
+
+PageSelection::PageSelection(ViewDesk& desk, PageText& text) : desk_(desk), text_(text) {
+}
+
+PageSelection::~PageSelection() {
+  desk_.page_control->overlay().remove(*this);
+}
+
+bool PageSelection::isPossible() {
+  return desk_.page_control->overlay().mapping() && text_.map() != nullptr;
+}
+
+bool PageSelection::isOnView() const {
+  return page_ == desk_.cursor.current() && desk_.page_control->overlay().mapping();
+}
+
+bool PageSelection::isEmpty() const {
+  return selection_.isEmpty() || !isOnView();
+}
+
+std::optional<TextPoint> PageSelection::spotAt(const QPoint& onScreen) const {
+  const PageOverlay& overlay = desk_.page_control->overlay();
+  const auto mapping = overlay.mapping();
+  if (!mapping) return std::nullopt;
+  const QPoint pixel = overlay.mapFromGlobal(onScreen);
+  const Spot spot = mapping->toTwips({double(pixel.x()), double(pixel.y())});
+  return TextPoint{spot.x, spot.y};
+}
+
+void PageSelection::change(const Change& change) {
+  if (!isPossible()) return;
+  if (!isOnView()) selection_ = {};
+  page_ = desk_.cursor.current();
+  change(selection_, *text_.map());
+  followPage();
+}
+
+void PageSelection::followPage() {
+  mark();
+  emit changed();
+}
+
+// What stands above the page is only there while it has marks.
+void PageSelection::mark() {
+  PageOverlay& overlay = desk_.page_control->overlay();
+  const bool marked = !isEmpty();
+  if (marked == marked_) return overlay.update();
+  marked_ = marked;
+  marked ? overlay.add(*this) : overlay.remove(*this);
+}
+
+void PageSelection::paint(QPainter& painter, const PageMapping& mapping) {
+  const TextMap* map = isEmpty() ? nullptr : text_.map();
+  if (map == nullptr) return;
+  const QRectF seen = painter.clipBoundingRect();
+  const double top = mapping.toTwips({0, seen.top()}).y;
+  const double bottom = mapping.toTwips({0, seen.bottom()}).y;
+  QColor colour = desk_.page_control->palette().color(QPalette::Active, QPalette::Highlight);
+  colour.setAlphaF(kOpacity);
+  painter.setBrush(colour);
+  painter.setPen(Qt::NoPen);
+  for (std::size_t i = 0; i < map->lineCount(); ++i) {
+    const TextBand& band = map->band(i);
+    if (band.bottom < top || band.top > bottom || !selection_.touches(*map, i)) continue;
+    const TextLine line = map->line(i);
+    for (const TextSpan& span : selection_.spansOf(*map, i, line)) {
+      for (const QPolygonF& outline : outlinesOf(line, span.first, span.count, mapping))
+        painter.drawPolygon(outline);
+    }
+  }
+}
+
+void PageSelection::showEnd() {
+  const auto mapping = desk_.page_control->overlay().mapping();
+  const TextMap* map = text_.map();
+  if (!mapping || map == nullptr) return;
+  const TextPoint end = selection_.end(*map);
+  const Spot pixel = mapping->toPixels({end.x, end.y});
+  const QPoint inControl(static_cast<int>(pixel.x), static_cast<int>(pixel.y));
+  const QPoint onBoard = desk_.page_control->mapToParent(inControl);
+  desk_.ui.pScroll->ensureVisible(onBoard.x(), onBoard.y(), kRoom, kRoom);
+}
+
+void PageSelection::mnuCopyClick() {
+  const TextMap* map = isEmpty() ? nullptr : text_.map();
+  if (map != nullptr) QGuiApplication::clipboard()->setMimeData(copiedData(*map, selection_));
+}
+
+void PageSelection::mnuSelectPageClick() {
+  change([](TextSelection& selection, const TextMap& map) { selection.takePage(map); });
+}
+
+void PageSelection::offer() {
+  QClipboard* clipboard = QGuiApplication::clipboard();
+  const TextMap* map = isEmpty() ? nullptr : text_.map();
+  if (map != nullptr && clipboard->supportsSelection())
+    clipboard->setText(copiedPlain(*map, selection_), QClipboard::Selection);
+}
+
+}  // namespace qor

@@ -35,9 +35,18 @@ install(FILES ${PROJECT_BINARY_DIR}/packaging/qorutlview.1
   DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT core)
 install(FILES ${PACKAGING}/qorutlview.bash RENAME qorutlview
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/bash-completion/completions COMPONENT core)
-install(FILES README.md CHANGELOG.md DESTINATION ${QOR_DOC_DIR} COMPONENT core)
-install(DIRECTORY docs DESTINATION ${QOR_DOC_DIR} COMPONENT core
-  PATTERN guide EXCLUDE PATTERN images EXCLUDE)
+install(FILES CHANGELOG.md DESTINATION ${QOR_DOC_DIR} COMPONENT core)
+file(GLOB documents RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS README.md docs/*.md)
+foreach(document ${documents})
+  set(text ${PROJECT_BINARY_DIR}/packaging/doc/${document})
+  get_filename_component(place ${document} DIRECTORY)
+  file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/packaging/doc/${place})
+  add_custom_command(OUTPUT ${text}
+    COMMAND awk -v text=${text} -f ${PACKAGING}/installed_doc.awk ${PROJECT_SOURCE_DIR}/${document}
+    DEPENDS ${PACKAGING}/installed_doc.awk ${PROJECT_SOURCE_DIR}/${document} VERBATIM)
+  list(APPEND texts ${text})
+  install(FILES ${text} DESTINATION ${QOR_DOC_DIR}/${place} COMPONENT core)
+endforeach()
 
 if(QOR_WINDOWS)
   install(TARGETS qor_preview LIBRARY DESTINATION ${QOR_PROGRAM_DIR} COMPONENT window)
@@ -53,7 +62,6 @@ if(QOR_WINDOWS)
   if(EXISTS ${PROJECT_SOURCE_DIR}/docs/guide)
     install(DIRECTORY docs/guide DESTINATION ${QOR_DOC_DIR} COMPONENT window PATTERN "*.sh" EXCLUDE)
   endif()
-  install(DIRECTORY docs/images DESTINATION ${QOR_DOC_DIR}/docs COMPONENT window)
 
   set(drawing ${PROJECT_SOURCE_DIR}/src/windows/icons/qorutlview.svg)
   install(FILES ${drawing} DESTINATION ${QOR_ICON_DIR}/scalable/apps COMPONENT window)

@@ -82,6 +82,7 @@ int run(const std::string& parameters, Walls walls, StartMessages* messages) {
 // its own name.
 int previewOpened(const std::string& file, StartMessages* messages) {
   ParseCommandLine({});
+  AppOptions.OpenedByUser = true;
   AppOptions.FileName = fullPath(file);
   AppOptions.WindowCaption = fileNameOf(file);
   if (!fileExists(AppOptions.FileName)) {

@@ -30,6 +30,7 @@ struct AppOptionsRecord {
   int AnsiCodePage = 1252;  // of the interface language
   int DocCodePage = 850;
   bool CodePageGiven = false;  // DocCodePage was told by the command line
+  bool OpenedByUser = false;   // the command line says nothing of the report
   int MailProgram = 1;
   std::string ExportTarget = "pdf";
   std::uint64_t OwnerWindow = 0;  // told when the preview closes

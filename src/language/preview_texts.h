@@ -84,6 +84,7 @@ struct PreviewTexts {
   std::string_view dropReport;
   std::string_view reportGone;
   std::string_view reportNotOpened;
+  std::string_view openedOf;  // how many of how many
   // Finding.
   std::string_view find;
   std::string_view findNext;

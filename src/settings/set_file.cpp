@@ -62,8 +62,10 @@ void VSet::readSections(const Lines& lines) {
 }
 
 int VSet::LoadSet(Use use) {
-  // The default set is a memory of earlier runs: what this one was told goes before it.
-  const bool remembered = AppOptions.IniFileName.empty() && AppOptions.CodePageGiven;
+  // The default set is a memory of earlier runs: what this one was told goes before it, and what
+  // earlier ones were told is nothing for a report that the user has opened.
+  const bool remembered =
+      AppOptions.IniFileName.empty() && (AppOptions.CodePageGiven || AppOptions.OpenedByUser);
   if (AppOptions.IniFileName.empty()) AppOptions.IniFileName = defaultSetFile();
   if (AppOptions.SetName.empty()) AppOptions.SetName = kDefaultSet;
   if (fileExists(AppOptions.IniFileName)) {

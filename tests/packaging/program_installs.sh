@@ -19,8 +19,8 @@ lib=$(cd "$root" && find lib* -type d -name qorutlview -printf '%h\n')
 told() {
   if [ "$2" = core ]; then grep -v ' window$'; else cat; fi <"$1/tests/packaging/installed_files.txt" |
     sed "s/ window$//; s#^lib/#$lib/#"
-  (cd "$1" && find README.md CHANGELOG.md docs -type f ! -name '*.sh' |
-    if [ "$2" = core ]; then grep -vE '^docs/(guide|images)/'; else cat; fi | sed 's#^docs/guide/#guide/#; s#^#share/doc/qorutlview/#')
+  (cd "$1" && find README.md CHANGELOG.md docs -type f ! -name '*.sh' ! -path 'docs/images/*' |
+    if [ "$2" = core ]; then grep -v '^docs/guide/'; else cat; fi | sed 's#^docs/guide/#guide/#; s#^#share/doc/qorutlview/#')
 }
 holds() {
   diff <(told "$source" "$2" | sort) <(cd "$1/usr" && find . ! -type d | sed 's#^\./##' | sort) ||
@@ -29,6 +29,21 @@ holds() {
 holds "$place/all" "$2"
 DESTDIR=$place/core cmake --install "$build" --prefix /usr --component core >/dev/null
 holds "$place/core" core
+
+# What is told in a document or the guide to be somewhere is there, also where the core is alone.
+links() {
+  grep -oE '\]\([^):#]+' -- "$1" | cut -c3-
+  grep -oE '(src|href)="[^":#]+' -- "$1" | cut -d'"' -f2
+}
+for doc in "$root/share/doc/qorutlview" "$place/core/usr/share/doc/qorutlview"; do
+  while read -r file; do
+    (links "$file" || true) | while read -r link; do
+      [ -e "$(dirname "$file")/$link" ] || { echo "$file leads to $link"; exit 1; }
+    done || wrong "a document leads to what isn't installed"
+  done < <(find "$doc" -name '*.md' -o -name '*.html')
+  grep -q '(docs/report-format.md)' "$doc/README.md" || wrong "the README leads nowhere"
+  ! grep -lE '^#+ (Map|Build and test)|package\.sh' "$doc/README.md" || wrong "the README is about the tree"
+done
 
 # A link that leads anywhere else by a whole path would lead out of the directory.
 [[ $(readlink "$root/bin/qorutlview") != /* ]] || wrong "the link is not relative"
@@ -44,9 +59,6 @@ manual=$root/share/man/man1/qorutlview.1
 grep -q "QorUtlView $version\"" "$manual" || wrong "the manual page is of another version"
 
 [ "$2" = core ] && exit 0
-guide=$root/share/doc/qorutlview/guide
-[ ! -d "$guide" ] || (cd "$guide" && grep -ohE '(src|href)="[^":#]+' -- *.html | cut -d'"' -f2 | sort -u |
-  while read -r file; do [ -e "$file" ] || { echo "$file"; exit 1; }; done) || wrong "the guide leads to files that aren't there"
 desktop-file-validate "$root"/share/applications/*.desktop
 for entry in qorutlview qorutlview-report; do
   grep -qx 'Icon=qorutlview' "$root/share/applications/$entry.desktop" || wrong "$entry.desktop has another icon"

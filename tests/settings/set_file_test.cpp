@@ -114,6 +114,19 @@ TEST_F(SetFileTest, createsTheDefaultFile) {
   EXPECT_EQ(set.LoadSet(), -1);
 }
 
+// What the file has stored of the code page is an earlier run's.
+TEST_F(SetFileTest, leavesAReportThatWasOpenedTheCodePageOfTheSystem) {
+  VSet().LoadSet(VSet::Use::look);
+  AppOptions.DocCodePage = 1251;
+  for (const bool opened : {false, true}) {
+    AppOptions.IniFileName.clear();
+    AppOptions.OpenedByUser = opened;
+    VSet set;
+    set.LoadSet(VSet::Use::look);
+    EXPECT_EQ(set.Page.BaseCodePage, opened ? 1251 : 857);
+  }
+}
+
 TEST_F(SetFileTest, neverCreatesAFileThatWasNamed) {
   EXPECT_EQ(VSet().SaveSet(), -1);
   for (const std::string& name : {std::string(), place_.path("none.vset")}) {

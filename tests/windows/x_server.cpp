@@ -119,12 +119,10 @@ std::pair<xcb_keycode_t, bool> XServer::keyOf(xcb_keysym_t symbol) {
   throw std::runtime_error("the X server has no such key");
 }
 
-void XServer::press(xcb_keysym_t symbol, bool alt) {
-  constexpr xcb_keysym_t kAlt = 0xFFE9;
-  constexpr xcb_keysym_t kShift = 0xFFE1;
+void XServer::press(xcb_keysym_t symbol, xcb_keysym_t held) {
   const auto [code, shift] = keyOf(symbol);
   std::vector<xcb_keycode_t> keys;
-  if (alt) keys.push_back(keyOf(kAlt).first);
+  if (held != XCB_NONE) keys.push_back(keyOf(held).first);
   if (shift) keys.push_back(keyOf(kShift).first);
   keys.push_back(code);
   for (const xcb_keycode_t key : keys) fake(XCB_KEY_PRESS, key);

@@ -43,8 +43,11 @@ class XServer {
   // windows here.
   void pointAt(xcb_window_t window);
 
-  // Presses a key by its symbol, with Alt if asked; types letters, digits and marks.
-  void press(xcb_keysym_t symbol, bool alt = false);
+  // Presses a key by its symbol, while another one is held if asked; types letters, digits and
+  // marks.
+  static constexpr xcb_keysym_t kAlt = 0xFFE9;
+  static constexpr xcb_keysym_t kShift = 0xFFE1;
+  void press(xcb_keysym_t symbol, xcb_keysym_t held = XCB_NONE);
   void type(std::string_view text);
 
   // Clicks at a place that is so far from the right and lower edge of a window, pixels.

@@ -137,6 +137,7 @@ constexpr Language kEnglish = {
             .dropReport = "Drop a report here, or",
             .reportGone = " is not there any more.",
             .reportNotOpened = " can't be opened.",
+            .openedOf = "% of % reports opened: ten at a time is the most.",
             .find = "Find...",
             .findNext = "Next hit",
             .findPrevious = "Previous hit",

@@ -146,6 +146,7 @@ constexpr Language kRussian = {
             .dropReport = "Перетащите отчёт сюда или",
             .reportGone = " больше не существует.",
             .reportNotOpened = " не открывается.",
+            .openedOf = "Открыто отчётов: % из %, за один раз не больше десяти.",
             .find = "Найти...",
             .findNext = "Следующее совпадение",
             .findPrevious = "Предыдущее совпадение",

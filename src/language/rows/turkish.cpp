@@ -148,6 +148,7 @@ constexpr Language kTurkish = {
             .dropReport = "Raporu buraya bırakın ya da",
             .reportGone = " artık yok.",
             .reportNotOpened = " açılamıyor.",
+            .openedOf = "Açılan rapor: % / %, bir seferde en çok on.",
             .find = "Bul...",
             .findNext = "Sonraki sonuç",
             .findPrevious = "Önceki sonuç",

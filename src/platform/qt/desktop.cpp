@@ -8,7 +8,9 @@
 #include <string>
 
 #include "base/app_options.h"
+#include "language/language.h"
 #include "platform/qt/end_signals.h"
+#include "platform/qt/qt_language.h"
 #include "platform/system/failure.h"
 #include "platform/system/messages.h"
 
@@ -68,6 +70,7 @@ Desktop::Desktop(std::optional<int> exitCodeWithout) {
   end_signals_ = std::make_unique<EndSignals>();
   QApplication::setApplicationName("QorUtlView");
   QApplication::setOrganizationName("QOR");
+  translateQt(currentLanguage().id);
 }
 
 Desktop::~Desktop() = default;

@@ -4,6 +4,24 @@
 #include "platform/qt/qt_text.h"
 
 namespace qor {
+namespace {
+
+// Before the bytes of a text that is no UTF-8, as the path of an old file may be.
+constexpr const char* kBytes = "bytes:";
+
+QString storedText(const std::string& bytes) {
+  QString text = qtText(bytes);
+  if (text.toStdString() == bytes && !text.startsWith(kBytes)) return text;
+  return kBytes + QString::fromLatin1(QByteArray::fromStdString(bytes).toPercentEncoding("/"));
+}
+
+std::string bytesOf(const QString& stored) {
+  if (!stored.startsWith(kBytes)) return stored.toStdString();
+  const QString encoded = stored.mid(QString(kBytes).size());
+  return QByteArray::fromPercentEncoding(encoded.toLatin1()).toStdString();
+}
+
+}  // namespace
 
 QtUserSettings::QtUserSettings()
     : settings_(QSettings::IniFormat, QSettings::UserScope, "QOR", "QorUtlView") {
@@ -29,7 +47,7 @@ std::vector<std::string> QtUserSettings::texts(std::string_view name) const {
   settings_.sync();
   std::vector<std::string> texts;
   for (const QString& text : settings_.value(qtText(name)).toStringList())
-    texts.push_back(text.toStdString());
+    texts.push_back(bytesOf(text));
   return texts;
 }
 
@@ -43,7 +61,7 @@ void QtUserSettings::setFlag(std::string_view name, bool value) {
 
 void QtUserSettings::setTexts(std::string_view name, const std::vector<std::string>& values) {
   QStringList texts;
-  for (const std::string& value : values) texts.append(qtText(value));
+  for (const std::string& value : values) texts.append(storedText(value));
   settings_.setValue(qtText(name), texts);
 }
 

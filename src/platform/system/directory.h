@@ -23,6 +23,9 @@ std::string fullPath(const std::string& path);
 bool isDirectory(const std::string& path);
 bool isTaken(const std::string& path);
 
+// True only where its directory can be looked at and holds nothing of that name.
+bool isGone(const std::string& path);
+
 // Makes it the current directory; one that can't be entered changes nothing.
 void enterDirectory(const std::string& directory);
 

@@ -100,6 +100,12 @@ bool isTaken(const std::string& path) {
   return fs::exists(fs::symlink_status(path, error));
 }
 
+bool isGone(const std::string& path) {
+  std::error_code error;
+  const fs::directory_iterator readable(fs::path(path).parent_path(), error);
+  return !error && fs::symlink_status(path, error).type() == fs::file_type::not_found;
+}
+
 void enterDirectory(const std::string& directory) {
   std::error_code error;
   fs::current_path(directory, error);

@@ -19,7 +19,8 @@ class UserSettings {
   virtual std::optional<int> integer(std::string_view name) const = 0;
   virtual std::optional<bool> flag(std::string_view name) const = 0;
 
-  // As it is stored now, with what was set here; empty where there is no such list.
+  // As it is stored now, with what was set here; empty where there is no such list. The texts come
+  // back byte for byte, also where they are no UTF-8.
   virtual std::vector<std::string> texts(std::string_view name) const = 0;
 
   virtual void setInteger(std::string_view name, int value) = 0;

@@ -1,17 +1,17 @@
 // The dialog of F1.
 #include "windows/start/key_help.h"
 
-#include <QDesktopServices>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
-#include <QUrl>
 #include <QVBoxLayout>
+#include <filesystem>
 
 #include "platform/qt/qt_text.h"
-#include "platform/system/directory.h"
+#include "platform/system/companion.h"
 #include "platform/system/input_file.h"
 #include "window_model/preview_texts.h"
 #include "windows/view/command_table.h"
@@ -24,10 +24,11 @@ constexpr QSize kSize = {520, 620};
 
 // Beside the program's directory in lib/, or in that of the machine's kind in lib/; empty where it
 // isn't installed.
-QString guideFile() {
+std::string guideFile(const std::string& directory) {
   for (const char* up : {"../../", "../../../"}) {
-    const std::string file = programDirectory() + up + "share/doc/qorutlview/guide/index.html";
-    if (fileExists(file)) return qtText(file);
+    const std::filesystem::path share = directory + up + "share";
+    const auto file = (share / "doc/qorutlview/guide/index.html").lexically_normal().string();
+    if (fileExists(file)) return file;
   }
   return {};
 }
@@ -65,9 +66,26 @@ QTableWidget* keyList(QDialog& dialog) {
   return table;
 }
 
+QLabel* guidePlace(QDialog& dialog) {
+  auto* label = new QLabel(&dialog);
+  label->setObjectName("lblGuide");
+  label->setTextFormat(Qt::PlainText);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  label->setWordWrap(true);
+  label->hide();
+  return label;
+}
+
+// Who has no program for it, or one that fails, reads where it is.
+void openGuide(const std::string& guide, QLabel& place) {
+  const bool started = startCompanion("xdg-open", {guide});
+  place.setText(qtText(guide) + (started ? QString() : qtText(previewTexts().reportNotOpened)));
+  place.show();
+}
+
 }  // namespace
 
-void showKeyHelp(QWidget& window) {
+void showKeyHelp(QWidget& window, const std::string& directory) {
   QDialog dialog(&window);
   dialog.setObjectName("keyHelp");
   dialog.setWindowTitle(qtText(previewTexts().keysAndGuide));
@@ -75,14 +93,16 @@ void showKeyHelp(QWidget& window) {
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);
   buttons->button(QDialogButtonBox::Close)->setText(qtText(previewTexts().close));
   QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-  if (const QString guide = guideFile(); !guide.isEmpty()) {
+  auto* place = guidePlace(dialog);
+  if (const std::string guide = guideFile(directory); !guide.empty()) {
     const QPushButton* open =
         buttons->addButton(qtText(previewTexts().guide), QDialogButtonBox::HelpRole);
-    QObject::connect(open, &QPushButton::clicked, &dialog,
-                     [guide] { QDesktopServices::openUrl(QUrl::fromLocalFile(guide)); });
+    QObject::connect(open, &QPushButton::clicked, place,
+                     [guide, place] { openGuide(guide, *place); });
   }
   auto* layout = new QVBoxLayout(&dialog);
   layout->addWidget(keyList(dialog));
+  layout->addWidget(place);
   layout->addWidget(buttons);
   dialog.exec();
 }

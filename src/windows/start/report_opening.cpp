@@ -3,21 +3,35 @@
 
 #include <QDropEvent>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QMimeData>
 #include <QUrl>
+#include <QWidget>
+#include <algorithm>
 
+#include "base/path.h"
 #include "platform/qt/qt_text.h"
 #include "platform/system/companion.h"
 #include "platform/system/directory.h"
 #include "platform/system/input_file.h"
 #include "window_model/preview_texts.h"
 #include "window_model/recent_reports.h"
+#include "windows/failure_text.h"
+#include "windows/start/report_name.h"
 
 namespace qor {
 namespace {
 
-constexpr qsizetype kMostAtOnce = 10;
+constexpr std::size_t kMostAtOnce = 10;
+
+bool canBeRead(const std::string& file) {
+  return failureOf([&file] { const InputFile opened(file); }).isNull();
+}
+
+// Addresses hold names as the system has them, which need not be text.
+std::string pathOf(const QUrl& file) {
+  const QByteArray path = file.path(QUrl::FullyEncoded).toLatin1();
+  return QByteArray::fromPercentEncoding(path).toStdString();
+}
 
 }  // namespace
 
@@ -25,30 +39,45 @@ ReportOpening::ReportOpening(UserSettings& settings, QWidget* window)
     : QObject(window), settings_(settings), window_(window) {
 }
 
-QStringList ReportOpening::recent() const {
-  QStringList paths;
-  for (const std::string& path : recentReports(settings_)) paths.append(qtText(path));
-  return paths;
+std::vector<std::string> ReportOpening::recent() const {
+  return recentReports(settings_);
 }
 
 void ReportOpening::mnuOpenClick() {
-  const QStringList known = recent();
-  const QString place = known.isEmpty() ? QString() : QFileInfo(known.front()).path();
+  const std::vector<std::string> known = recent();
+  const QString place = known.empty() ? QString() : qtText(directoryOf(known.front()));
   QString title = qtText(previewTexts().openReport);
   title.remove("...");
-  const QStringList chosen = QFileDialog::getOpenFileNames(window_, title, place);
-  for (const QString& path : chosen.first(std::min(chosen.size(), kMostAtOnce))) open(path);
+  std::vector<std::string> chosen;
+  for (const QString& path : QFileDialog::getOpenFileNames(window_, title, place))
+    chosen.push_back(path.toStdString());
+  if (!chosen.empty()) open(chosen);
 }
 
-void ReportOpening::open(const QString& path) {
-  const std::string file = fullPath(path.toStdString());
-  if (!fileExists(file)) {
-    forgetReport(settings_, file);
-    emit failed(path + qtText(previewTexts().reportGone));
-  } else if (!startCompanion(programFile(), {"--open", file})) {
-    emit failed(path + qtText(previewTexts().reportNotOpened));
-  } else {
+QString ReportOpening::failureToOpen(const std::string& path) {
+  const std::string file = fullPath(path);
+  if (canBeRead(file) && startCompanion(programFile(), {"--open", file})) return {};
+  const bool gone = isGone(file);
+  if (gone) forgetReport(settings_, file);
+  const PreviewTexts& texts = previewTexts();
+  return shortPath(path, window_->fontMetrics()) +
+         qtText(gone ? texts.reportGone : texts.reportNotOpened);
+}
+
+void ReportOpening::open(const std::vector<std::string>& paths) {
+  QStringList failures;
+  const std::size_t most = std::min(paths.size(), kMostAtOnce);
+  for (std::size_t i = 0; i < most; ++i)
+    if (const QString failure = failureToOpen(paths[i]); !failure.isEmpty())
+      failures.append(failure);
+  const auto count = static_cast<std::int64_t>(most) - failures.size();
+  if (paths.size() > most)
+    failures.append(qtText(withNumber(withNumber(previewTexts().openedOf, count),
+                                      static_cast<std::int64_t>(paths.size()))));
+  if (failures.isEmpty()) {
     emit opened();
+  } else {
+    emit failed(failures.join('\n'));
   }
 }
 
@@ -64,9 +93,10 @@ void ReportOpening::acceptCopy(QDropEvent& event) {
 }
 
 void ReportOpening::openDropped(const QMimeData& dropped) {
-  const QList<QUrl> places = dropped.urls();
-  for (const QUrl& url : places.first(std::min(places.size(), kMostAtOnce)))
-    if (url.isLocalFile()) open(url.toLocalFile());
+  std::vector<std::string> paths;
+  for (const QUrl& url : dropped.urls())
+    if (url.isLocalFile()) paths.push_back(pathOf(url));
+  if (!paths.empty()) open(paths);
 }
 
 }  // namespace qor

@@ -4,7 +4,8 @@
 #pragma once
 
 #include <QObject>
-#include <QStringList>
+#include <string>
+#include <vector>
 
 class QDropEvent;
 class QMimeData;
@@ -24,22 +25,28 @@ class ReportOpening : public QObject {
   // Asks for reports and opens them.
   void mnuOpenClick();
 
-  void open(const QString& path);
+  // The first ten of them.
+  void open(const std::vector<std::string>& paths);
 
-  // What was dropped, as far as it is files: the first ten.
+  // What was dropped, as far as it is files.
   static bool holdsFiles(const QMimeData& dropped);
   void openDropped(const QMimeData& dropped);
   // Whoever drops a file keeps it, whatever else was proposed.
   static void acceptCopy(QDropEvent& event);
 
   // Full paths, the last one first.
-  QStringList recent() const;
+  std::vector<std::string> recent() const;
 
  signals:
+  // All that was asked for.
   void opened();
-  void failed(const QString& reason);
+  // Some of it at least wasn't: a line for each report.
+  void failed(const QString& reasons);
 
  private:
+  // Opens it, or tells why not.
+  QString failureToOpen(const std::string& path);
+
   UserSettings& settings_;
   QWidget* window_;
 };

@@ -2,10 +2,8 @@
 #include "windows/start/start_window.h"
 
 #include <QDropEvent>
-#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -13,6 +11,7 @@
 #include "platform/qt/qt_text.h"
 #include "window_model/preview_texts.h"
 #include "windows/start/key_help.h"
+#include "windows/start/recent_list.h"
 #include "windows/tqor_image_form.h"
 
 namespace qor {
@@ -21,73 +20,67 @@ namespace {
 constexpr QSize kSize = {560, 420};
 constexpr int kIcon = 64;
 
-// The name, and in gray the directory.
-QString entryText(const QString& path) {
-  const QFileInfo file(path);
-  return file.fileName() + "    " + file.path();
+bool isEnter(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
 }  // namespace
 
 StartWindow::StartWindow(UserSettings& settings)
-    : opening_(settings, this), recent_list_(new QListWidget(this)), message_(new QLabel(this)) {
-  const PreviewTexts& texts = previewTexts();
-  const QIcon icon = TQorImageForm::ImageMenuList(ImageIndex::program, IconPlace::button);
-  setWindowIcon(icon);
+    : opening_(settings, this),
+      open_(new QPushButton(this)),
+      recent_list_(new RecentList(this)),
+      message_(new QLabel(this)) {
+  setWindowIcon(TQorImageForm::ImageMenuList(ImageIndex::program, IconPlace::button));
   setWindowTitle(qtText(interfaceTexts().ApplicationTitle).trimmed());
   setAcceptDrops(true);
   resize(kSize);
+  makeControls();
+  layControlsOut();
+  connect(open_, &QPushButton::clicked, &opening_, &ReportOpening::mnuOpenClick);
+  connect(recent_list_, &RecentList::chosen, &opening_,
+          [this](const std::string& path) { opening_.open({path}); });
+  connect(&opening_, &ReportOpening::opened, this, &QWidget::close);
+  connect(&opening_, &ReportOpening::failed, this, &StartWindow::tell);
+  recent_list_->fill(opening_.recent());
+}
 
-  auto* picture = new QLabel(this);
-  picture->setPixmap(icon.pixmap(kIcon));
-  picture->setAlignment(Qt::AlignCenter);
-  auto* hint = new QLabel(qtText(texts.dropReport), this);
-  hint->setAlignment(Qt::AlignCenter);
-  auto* open = new QPushButton(qtText(texts.openReport), this);
-  open->setObjectName("cmdOpen");
-  open->setShortcut(QKeySequence::Open);
-  open->setDefault(true);
-  auto* caption = new QLabel(qtText(texts.recentReports), this);
-  caption->setBuddy(recent_list_);
+void StartWindow::makeControls() {
+  open_->setText(qtText(previewTexts().openReport));
+  open_->setObjectName("cmdOpen");
+  open_->setShortcut(QKeySequence::Open);
+  open_->setDefault(true);
   recent_list_->setObjectName("lstRecent");
-  recent_list_->setAccessibleName(caption->text());
-  recent_list_->setTextElideMode(Qt::ElideMiddle);
-  recent_list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  recent_list_->setAccessibleName(qtText(previewTexts().recentReports));
   message_->setObjectName("lblMessage");
+  message_->setTextFormat(Qt::PlainText);
   message_->setWordWrap(true);
+  message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   message_->hide();
+}
 
+void StartWindow::layControlsOut() {
+  auto* picture = new QLabel(this);
+  picture->setPixmap(windowIcon().pixmap(kIcon));
+  picture->setAlignment(Qt::AlignCenter);
+  auto* hint = new QLabel(qtText(previewTexts().dropReport), this);
+  hint->setAlignment(Qt::AlignCenter);
+  auto* caption = new QLabel(qtText(previewTexts().recentReports), this);
+  caption->setBuddy(recent_list_);
   auto* layout = new QVBoxLayout(this);
   layout->addSpacing(layout->spacing());
   layout->addWidget(picture);
   layout->addWidget(hint);
-  layout->addWidget(open, 0, Qt::AlignCenter);
+  layout->addWidget(open_, 0, Qt::AlignCenter);
   layout->addSpacing(layout->spacing());
   layout->addWidget(caption);
   layout->addWidget(recent_list_, 1);
   layout->addWidget(message_);
-
-  connect(open, &QPushButton::clicked, &opening_, &ReportOpening::mnuOpenClick);
-  connect(recent_list_, &QListWidget::itemActivated, this, [this](const QListWidgetItem* entry) {
-    opening_.open(entry->data(Qt::UserRole).toString());
-  });
-  connect(&opening_, &ReportOpening::opened, this, &QWidget::close);
-  connect(&opening_, &ReportOpening::failed, this, &StartWindow::tell);
-  fillRecent();
 }
 
-void StartWindow::fillRecent() {
-  recent_list_->clear();
-  for (const QString& path : opening_.recent()) {
-    auto* entry = new QListWidgetItem(entryText(path), recent_list_);
-    entry->setData(Qt::UserRole, path);
-    entry->setToolTip(path);
-  }
-}
-
-void StartWindow::tell(const QString& reason) {
-  fillRecent();
-  message_->setText(reason);
+void StartWindow::tell(const QString& reasons) {
+  recent_list_->fill(opening_.recent());
+  message_->setText(reasons);
   message_->show();
 }
 
@@ -105,6 +98,10 @@ void StartWindow::keyPressEvent(QKeyEvent* event) {
     close();
   } else if (event->key() == Qt::Key_F1) {
     showKeyHelp(*this);
+  } else if (isEnter(*event)) {
+    // The list has met the key before, and opens its report.
+    const bool isOfList = focusWidget() == recent_list_ && recent_list_->currentItem() != nullptr;
+    if (!isOfList) open_->click();
   } else {
     QWidget::keyPressEvent(event);
   }

@@ -1,5 +1,5 @@
 // The window of a start without a report: a button that opens one, those that were opened last, and
-// a field to drop one on. It closes once a report is opened.
+// a field to drop one on. It closes once all that was asked for is opened.
 #pragma once
 
 #include <QWidget>
@@ -7,9 +7,11 @@
 #include "windows/start/report_opening.h"
 
 class QLabel;
-class QListWidget;
+class QPushButton;
 
 namespace qor {
+
+class RecentList;
 
 class StartWindow : public QWidget {
   Q_OBJECT
@@ -23,11 +25,13 @@ class StartWindow : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void fillRecent();
-  void tell(const QString& reason);
+  void makeControls();
+  void layControlsOut();
+  void tell(const QString& reasons);
 
   ReportOpening opening_;
-  QListWidget* recent_list_;
+  QPushButton* open_;
+  RecentList* recent_list_;
   QLabel* message_;
 };
 

@@ -35,11 +35,13 @@ void showWarnings(const std::vector<std::string>& warnings) {
         .exec();
 }
 
-// A report that goes when it was seen is none to come back to.
+// A report that goes when it was seen is none to come back to, also where it was one before.
 void remember(UserSettings& settings) {
-  if (AppOptions.DeleteAfterPrint) return;
-  noteReport(settings, fullPath(AppOptions.FileName));
-  settings.save();
+  if (!AppOptions.DeleteAfterPrint) noteReport(settings, fullPath(AppOptions.FileName));
+}
+
+void forgetSeen(UserSettings& settings) {
+  if (AppOptions.DeleteAfterPrint) forgetReport(settings, fullPath(AppOptions.FileName));
 }
 
 }  // namespace
@@ -69,7 +71,9 @@ __attribute__((visibility("default"))) bool qorRunPreview(VDoc& doc, void (*load
   window.close();
   window.SetDocument(nullptr, nullptr);
   made = window.madeFiles();
-  return window.hasShownReport();
+  const bool seen = window.hasShownReport();
+  if (seen) forgetSeen(settings);
+  return seen;
 }
 
 __attribute__((visibility("default"))) void qorShowStart() {

@@ -75,7 +75,7 @@ StatusPanels::StatusPanels(QStatusBar& bar)
 }
 
 void StatusPanels::setMessage(const QString& text) {
-  message_->setText(text);
+  message_->setText(QString(text).replace('\n', ' '));
   message_->setToolTip(text);
   message_->setPalette({});
   setClickable(false);

@@ -12,6 +12,7 @@
 #include "base/app_options.h"
 #include "document/vdoc.h"
 #include "language/language.h"
+#include "platform/qt/qt_language.h"
 #include "platform/qt/qt_text.h"
 #include "platform/system/owner_notice.h"
 #include "platform/system/user_settings.h"
@@ -176,6 +177,7 @@ void TfrmView::chooseLanguage(const Language& language) {
   const int documentCodePage = AppOptions.DocCodePage;
   selectLanguage(language);
   AppOptions.DocCodePage = documentCodePage;
+  translateQt(language.id);
   applyCaptions();
   // ESC E brings back the character set of the interface.
   if (VDoc* doc = parts_->pages.document()) doc->ForgetFonts();

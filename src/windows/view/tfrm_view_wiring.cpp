@@ -138,7 +138,7 @@ void TfrmView::connectMenu() {
   connect(menu, &ViewMenu::codePageChosen, this,
           [this, &parts](int codePage) { run([&] { parts.notes.mnuCodePageClick(codePage); }); });
   connect(menu, &ViewMenu::recentChosen, this,
-          [this, &parts](const QString& path) { run([&] { parts.opening.open(path); }); });
+          [this, &parts](const std::string& path) { run([&] { parts.opening.open({path}); }); });
   connect(menu, &ViewMenu::languageChosen, this,
           [this](const Language& language) { run([&] { chooseLanguage(language); }); });
   PageScroll* area = parts.desk->ui.pScroll;

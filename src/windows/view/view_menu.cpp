@@ -12,6 +12,7 @@
 #include "window_model/page_notes.h"
 #include "window_model/preview_texts.h"
 #include "window_model/zoom_list.h"
+#include "windows/start/report_name.h"
 #include "windows/view/command_table.h"
 #include "windows/view/tfrm_view.h"
 #include "windows/view/view_desk.h"
@@ -36,8 +37,9 @@ ViewMenu::ViewMenu(TfrmView& form) : form_(form), mnuPopup_(new QMenu(&form)) {
   addEntries();
   connect(mnuZoom_, &QMenu::triggered, this,
           [this](const QAction* entry) { emit zoomChosen(entry->data().toInt()); });
-  connect(mnuRecent_, &QMenu::triggered, this,
-          [this](const QAction* entry) { emit recentChosen(entry->data().toString()); });
+  connect(mnuRecent_, &QMenu::triggered, this, [this](const QAction* entry) {
+    emit recentChosen(entry->data().toByteArray().toStdString());
+  });
   connect(mnuCodePage_, &QMenu::triggered, this,
           [this](const QAction* entry) { emit codePageChosen(entry->data().toInt()); });
   connect(mnuLanguage_, &QMenu::triggered, this,
@@ -113,8 +115,9 @@ void ViewMenu::update() {
 // Other windows may have opened some since.
 void ViewMenu::fillRecent() {
   mnuRecent_->clear();
-  for (const QString& path : form_.parts().opening.recent())
-    mnuRecent_->addAction(QString(path).replace('&', "&&"))->setData(path);
+  for (const std::string& path : form_.parts().opening.recent())
+    mnuRecent_->addAction(menuTextOf(path, mnuRecent_->fontMetrics()))
+        ->setData(QByteArray::fromStdString(path));
   if (mnuRecent_->isEmpty())
     mnuRecent_->addAction(qtText(previewTexts().noRecentReports))->setEnabled(false);
 }

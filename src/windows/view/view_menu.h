@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMenu>
+#include <string>
 #include <vector>
 
 namespace qor {
@@ -29,7 +30,7 @@ class ViewMenu : public QObject {
   void zoomChosen(int entry);  // of the list of zooms
   void codePageChosen(int codePage);
   void languageChosen(const Language& language);
-  void recentChosen(const QString& path);
+  void recentChosen(const std::string& path);
 
  private:
   void addEntries();

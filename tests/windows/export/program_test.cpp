@@ -53,7 +53,7 @@ class ExportProgram : public testing::Test {
     ASSERT_NE(dialog, XCB_NONE);
     ASSERT_TRUE(server_.waitForFocus(dialog));
     for (const char letter : letters + "da") {
-      server_.press(static_cast<xcb_keysym_t>(letter), true);
+      server_.press(static_cast<xcb_keysym_t>(letter), XServer::kAlt);
       QTest::qWait(250);  // a box that is ticked by its letter is down for a moment
     }
     server_.type(target);

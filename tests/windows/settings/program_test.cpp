@@ -31,7 +31,7 @@ void printFromDialog(XServer& server, const Surroundings& around) {
   ASSERT_TRUE(server.waitForFocus(dialog));
   for (const auto& [letter, text] :
        {std::pair('i', ""), {'m', "2,4-5"}, {'q', "2"}, {'v', ""}, {'n', "two"}, {'s', ""}}) {
-    server.press(static_cast<xcb_keysym_t>(letter), true);
+    server.press(static_cast<xcb_keysym_t>(letter), XServer::kAlt);
     QTest::qWait(300);  // a button that is chosen by its letter is down for a moment
     server.type(text);
   }

@@ -1,18 +1,13 @@
 // Opening other reports: by the dialog, the list of recent ones and dropping, in programs of their
 // own.
-#include <QDropEvent>
 #include <QFileDialog>
 #include <QListWidget>
-#include <QMimeData>
-#include <QTableWidget>
 
-#include "platform/system/directory.h"
-#include "support/variable.h"
+#include "platform/qt/qt_language.h"
 #include "window_model/recent_reports.h"
+#include "windows/start/opened.h"
+#include "windows/start/report_name.h"
 #include "windows/start/start_window.h"
-#include "windows/view/command_table.h"
-#include "windows/view/window.h"
-#include "windows/x_server.h"
 
 namespace qor::test {
 namespace {
@@ -31,6 +26,12 @@ TEST(RecentReports, keepTheLastTenOnce) {
   forgetReport(settings, "/r/none");
   EXPECT_EQ(recentReports(settings).size(), 9U);
   EXPECT_EQ(recentReports(settings)[1], "/r/11");
+  // Names from before UTF-8, and those that look like what stands for them.
+  for (const char* odd : {"/r/\xEF\xF0%41.txt", "bytes:/r/a", "/r/\nб,\"c\".txt"}) {
+    noteReport(settings, odd);
+    EXPECT_EQ(recentReports(QtUserSettings()).front(), odd);
+    forgetReport(settings, odd);
+  }
   // Each window knows what the others have opened.
   QtUserSettings other;
   noteReport(other, "/r/other");
@@ -40,108 +41,102 @@ TEST(RecentReports, keepTheLastTenOnce) {
     EXPECT_EQ(recentReports(*window).at(1), "/r/other");
 }
 
-// A drop of these files.
-void drop(QWidget& on, const std::vector<std::string>& files) {
-  QMimeData data;
-  QList<QUrl> places;
-  for (const std::string& file : files) places.append(QUrl::fromLocalFile(qtText(file)));
-  data.setUrls(places);
-  QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
-  QCoreApplication::sendEvent(&on, &enter);
-  EXPECT_EQ(enter.isAccepted(), !files.empty());
-  QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
-  QCoreApplication::sendEvent(&on, &event);
-}
-
-// What is gone is told and forgotten; the window and what it says of its own report stay.
-TEST(ReportOpening, tellsOfReportsThatAreGone) {
+// A window's own report stays on view, whatever becomes of others.
+TEST(ReportOpening, opensFromTheWindowOfAnother) {
+  const Opened opened;
   Window window({reportOfPages(2)});
   QtUserSettings settings;
-  noteReport(settings, "/nowhere/a&b.txt");
-  settings.save();
-  window.parts().menu->popup({1, 1});
+  const std::string file = opened.place().write("a&b.txt", "A\r\n");
+  const std::string old = opened.place().write("\xEF.txt", "A\r\n");
+  for (const std::string& path : {old, file}) noteReport(settings, path);
   auto& menu = window.control<QMenu>("mnuRecent");
-  ASSERT_EQ(menu.actions().size(), 1);
-  EXPECT_EQ(menu.actions().front()->text(), "/nowhere/a&&b.txt");
-  menu.actions().front()->trigger();
-  EXPECT_EQ(window.status(), "/nowhere/a&b.txt is not there any more.");
+  for (const char* name : {"a&b.txt", "\xEF.txt"}) {
+    window.parts().menu->popup({1, 1});
+    ASSERT_EQ(menu.actions().size(), 2);
+    menu.actions()[name[0] == 'a' ? 0 : 1]->trigger();
+    opened.expect({name});
+  }
+  window.control<QMenu>("mnuPopup").close();
+  drop(window.form(), {file, old});
+  opened.expect({"a&b.txt", "\xEF.txt"});
+  const auto chooseFirst = [&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.directory().path().toStdString() + "/", opened.place().path());
+    dialog.findChild<QLineEdit*>("fileNameEdit")->setText("\"a&b.txt\"");
+    static_cast<QDialog&>(dialog).accept();
+  };
+  EXPECT_TRUE(bringsUp<QFileDialog>([&] { window.press("Ctrl+O"); }, chooseFirst));
+  opened.expect({"a&b.txt"});
+  EXPECT_EQ(window.status(), "");
+  std::filesystem::remove(file);
+  std::filesystem::remove(old);
+  drop(window.form(), {opened.place().path("b"), opened.place().path("c")});
+  EXPECT_EQ(std::ranges::count(window.status(), '.'), 2) << window.status();
+  EXPECT_EQ(window.status().find('\n'), std::string::npos) << "the bar has one line";
+  for (const std::string& path : {file, old}) {
+    window.parts().menu->popup({1, 1});
+    menu.actions().front()->trigger();
+    EXPECT_NE(window.status().find(" is not there any more."), std::string::npos) << path;
+  }
   window.parts().menu->popup({1, 1});
   EXPECT_EQ(menu.actions().front()->text(), "None yet");
   EXPECT_FALSE(menu.actions().front()->isEnabled());
   window.control<QMenu>("mnuPopup").close();
-  drop(window.form(), {"/nowhere/c.txt"});
-  EXPECT_EQ(window.status(), "/nowhere/c.txt is not there any more.");
   drop(window.form(), {});
   EXPECT_EQ(window.page(), 1);
 }
 
-TEST(StartWindow, offersWhatWasOpenedLast) {
-  std::filesystem::remove(settingsFile());
+// Whatever a path holds it takes one line, of which the name is seen.
+TEST(ReportName, isALineOfSomeWidth) {
+  const QFontMetrics metrics(QApplication::font());
+  EXPECT_EQ(menuTextOf("/nowhere/a&b.txt", metrics), "a&&b.txt    /nowhere");
+  EXPECT_EQ(menuTextOf("/r.txt", metrics), "r.txt    /");
+  const std::string bad = "\t\n\x7F\xE2\x80\xAE\xE2\x80\xA8\xFF";
+  EXPECT_EQ(menuTextOf("/d/" + bad + "😀.txt", metrics).toStdString(),
+            "\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD😀.txt    /d");
+  const std::string far =
+      "/first/" + std::string(3000, 'd') + "/last/" + std::string(250, 'n') + ".txt";
+  for (const QString& text : {menuTextOf(far, metrics), shortPath(far, metrics)}) {
+    EXPECT_LT(metrics.horizontalAdvance(text), 100 * metrics.averageCharWidth());
+    EXPECT_TRUE(text.contains("/first/d") && text.contains("n.txt")) << text.toStdString();
+  }
   QtUserSettings settings;
-  for (const char* path : {"/nowhere/a.txt", "/else/b.txt"}) noteReport(settings, path);
+  noteReport(settings, far);
   StartWindow start(settings);
   start.show();
   auto& list = *start.findChild<QListWidget*>("lstRecent");
-  auto& message = *start.findChild<QLabel*>("lblMessage");
-  ASSERT_EQ(list.count(), 2);
-  EXPECT_EQ(list.item(0)->text(), "b.txt    /else");
-  EXPECT_FALSE(message.isVisible());
-  emit list.itemActivated(list.item(0));
-  EXPECT_EQ(message.text(), "/else/b.txt is not there any more.");
-  EXPECT_EQ(list.count(), 1);
-  EXPECT_TRUE(start.isVisible());
-  QTest::keyClick(&start, Qt::Key_Escape);
-  EXPECT_FALSE(start.isVisible());
+  const QRect line = list.visualItemRect(list.item(0));
+  EXPECT_LE(line.width(), list.viewport()->width());
+  drop(start, {far});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(start.width(), 560) << "a message doesn't widen it";
+  noteReport(settings, "/" + std::string(20, 'W') + "/" + std::string(10, 'W'));
+  StartWindow second(settings);
+  second.show();
+  const auto darkest = [&](int from, int to) {
+    auto& shown = *second.findChild<QListWidget*>("lstRecent");
+    const QImage image = shown.viewport()->grab().toImage();
+    int least = 255;
+    for (int y = 0; y < line.height(); ++y)
+      for (int x = from; x < to; ++x) least = std::min(least, qGray(image.pixel(x, y)));
+    return least;
+  };
+  const int name = metrics.horizontalAdvance(QString(10, 'W'));
+  EXPECT_LT(darkest(0, name) + 50, darkest(name + 14, 2 * name));
 }
 
-// Every key that the window knows.
-TEST(KeyHelp, showsCommandsAndKeys) {
-  Window window({reportOfPages(2)});
-  bool seen = false;
-  QTimer::singleShot(0, &window.form(), [&] {
-    auto* help = QApplication::activeModalWidget();
-    ASSERT_NE(help, nullptr);
-    const auto& table = *help->findChild<QTableWidget*>("lstKeys");
-    std::map<std::string, std::string> rows;
-    for (int i = 0; i < table.rowCount(); ++i)
-      rows[table.item(i, 0)->text().toStdString()] = table.item(i, 1)->text().toStdString();
-    EXPECT_EQ(rows["Ctrl+O"], "Open...");
-    EXPECT_EQ(rows["Ctrl++, Ctrl+="], "Zoom in");
-    EXPECT_EQ(rows["Shift+F9"], "Starts QorUtlCalc");
-    EXPECT_EQ(rows["F1"], "Keys and guide");
-    seen = true;
-    help->close();
-  });
-  window.press("F1");
-  EXPECT_TRUE(seen);
-}
-
-// The program on a real X server: what its command line says of one report it doesn't say of
-// another.
-TEST(OpeningProgram, opensReportsByTheirPathsAlone) {
-  XServer server;
-  const TemporaryDirectory place;
-  const std::string odd = "a -g -dd b.txt";
-  place.write(odd, reportOfPages(2));
-  place.write("r.txt", reportOfPages(3));
-  const Surroundings around{place.path(),
-                            {{"CUPS_SERVER", "/nowhere"},
-                             {"XDG_CONFIG_HOME", place.path("config")},
-                             {"DISPLAY", server.display()},
-                             {"QT_QPA_PLATFORM", "xcb"}}};
-  Process program({QOR_PROGRAM, "--open", odd}, around);
-  const xcb_window_t window = server.waitForWindow();
-  ASSERT_NE(window, XCB_NONE);
-  ASSERT_TRUE(server.waitForPage(window));
-  server.askToClose(window);
-  expectTold(program.wait(), "");
-  EXPECT_TRUE(place.has(odd));
-  EXPECT_FALSE(place.has("a -g -dd b(print).pdf"));
-  const std::string stored = place.read("config/QOR/QorUtlView.ini");
-  EXPECT_NE(stored.find(odd), std::string::npos) << stored;
-  expectTold(run({QOR_PROGRAM, "--open", "none.txt"},
-                 {place.path(), {{"DISPLAY", ""}, {"QT_QPA_PLATFORM", "xcb"}}, 0}),
-             "none.txt", 255);
+TEST(QtLanguage, isTheInterfaces) {
+  const auto lookIn = [] {
+    return QCoreApplication::translate("QFileDialog", "Look in:").toStdString();
+  };
+  const std::pair<const char*, const char*> rows[] = {{"ru", "Перейти к:"},
+                                                      {"tr", "Arama konumu:"},
+                                                      {"en", "Look in:"},
+                                                      {"ru", "Перейти к:"},
+                                                      {"none", "Look in:"}};
+  for (const auto& [language, text] : rows) {
+    translateQt(language);
+    EXPECT_EQ(lookIn(), text) << language;
+  }
 }
 
 }  // namespace

@@ -5,12 +5,9 @@
 #include <numbers>
 #include <random>
 
-#include <gtest/gtest.h>
-
 #include "platform/pictures/picture_store.h"
 #include "support/paper.h"
-#include "support/program.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {
@@ -235,16 +232,10 @@ TEST(PdfCanvas, embedsHatchesOnce) {
       canvas.rectangle({i * 100, 0, i * 100 + 90, 500});
     }
   });
-  run({"qpdf", "--qdf", "--object-streams=disable", place.path("paper.pdf"), place.path("q.pdf")});
-  const std::string file = place.read("q.pdf");
-  const auto count = [&file](const std::string& text) {
-    int found = 0;
-    for (auto at = file.find(text); at != std::string::npos; at = file.find(text, at + 1)) ++found;
-    return found;
-  };
-  EXPECT_EQ(count("/PatternType 1"), 2);
-  EXPECT_EQ(count("/P0 scn"), 10);
-  EXPECT_EQ(count("/P1 scn"), 10);
+  const std::string file = unpackedPdf(place.path("paper.pdf"));
+  EXPECT_EQ(countOf("/PatternType 1", file), 2U);
+  EXPECT_EQ(countOf("/P0 scn", file), 10U);
+  EXPECT_EQ(countOf("/P1 scn", file), 10U);
 }
 
 }  // namespace

@@ -23,7 +23,10 @@ void JoinedBoxes::add(char32_t character, const DotRect& cell) {
   std::swap(before_, here_);
   here_.clear();
   const BoxCharacter box(character, cell);
-  for (const DotRect& rect : box.rects()) here_.push_back(join(rect));
+  for (const DotRect& rect : box.rects()) {
+    // Cells of texts that turn back have nothing in them, as on bitmaps.
+    if (rect.left < rect.right && rect.top < rect.bottom) here_.push_back(join(rect));
+  }
 }
 
 // The place of the rectangle, or of the one that now holds it.

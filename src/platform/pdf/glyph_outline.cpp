@@ -54,7 +54,8 @@ int conicTo(const FT_Vector* control, const FT_Vector* to, void* user) {
 void drawGlyphOutline(const FontFace& face, std::uint32_t glyph, bool bold, PdfContent& content,
                       const std::function<PdfPoint(double, double)>& place) {
   const FT_Face handle = face.handle();
-  if (FT_Load_Glyph(handle, glyph, FT_LOAD_NO_SCALE) != 0) return;
+  // Cairo leaves the turn of its last text with the face.
+  if (FT_Load_Glyph(handle, glyph, FT_LOAD_NO_SCALE | FT_LOAD_IGNORE_TRANSFORM) != 0) return;
   FT_Outline& outline = handle->glyph->outline;
   if (handle->glyph->format != FT_GLYPH_FORMAT_OUTLINE || outline.n_points == 0) return;
   Pen pen = {content, place, face.measures().unitsPerEm};

@@ -66,7 +66,8 @@ class PdfCanvas::TextPainter {
     const PdfPoint opposite = placeAt({run_.length, top + thickness});
     PdfContent& content = canvas_.content();
     if (run_.level()) {
-      content.fillRectangle({start.x, opposite.y, opposite.x - start.x, start.y - opposite.y});
+      content.fillRectangle({std::min(start.x, opposite.x), opposite.y,
+                             std::abs(opposite.x - start.x), start.y - opposite.y});
       return;
     }
     content.prepareFill();
@@ -105,8 +106,8 @@ class PdfCanvas::TextPainter {
     if (boxed) addBox(place);
     if (code.face != PdfGlyphCode::kNone) {
       addCode(code, glyph, boxed);
-    } else if (!boxed) {
-      showOutline(glyph);
+    } else {
+      if (!boxed) showOutline(glyph);
       showHidden(character, glyph);
     }
   }
@@ -208,7 +209,8 @@ class PdfCanvas::TextPainter {
     style.slanted = false;
     style.spacing = 0;
     const char text = static_cast<char>(code.code);
-    canvas_.content().show(placeAt(penAt(glyph.distance, *glyph.face)), style, {&text, 1}, 0);
+    canvas_.content().show(placeAt(penAt(glyph.distance, *glyph.face)), style, {&text, 1},
+                           code.width / 1000 * style.size * style.stretch / 100);
   }
 
   PdfCanvas& canvas_;

@@ -47,7 +47,8 @@ PdfGlyphCode PdfGlyphCodes::add(KnownFace& known, std::uint32_t glyph, char32_t 
   while (code == 0 || faces_.isDefined(known.number, code)) ++code;
   faces_.define(known.number, code, glyph, character);
   --known.free;
-  return {known.number, code, lackOf(widthOf(*known.face, glyph)) - known.spacing};
+  const double width = widthOf(*known.face, glyph);
+  return {known.number, code, lackOf(width) - known.spacing, std::round(width)};
 }
 
 PdfGlyphCode PdfGlyphCodes::hiddenCodeOf(char32_t character) {

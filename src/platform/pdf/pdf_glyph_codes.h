@@ -17,6 +17,7 @@ struct PdfGlyphCode {
   std::size_t face = kNone;  // of PdfFaces
   unsigned char code = 0;
   double drift = 0;  // how much wider it is than the document tells and the face's spacing makes up
+  double width = 0;  // as the document tells it
 };
 
 class PdfGlyphCodes {

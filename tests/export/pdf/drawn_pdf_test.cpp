@@ -6,6 +6,7 @@
 
 #include "export/pdf/exported_pdf.h"
 #include "platform/system/compressor.h"
+#include "support/font_system.h"
 #include "support/page_picture.h"
 #include "support/samples.h"
 
@@ -75,6 +76,16 @@ TEST_F(DrawnPdf, giveBackTheTextOfEachLine) {
       "Привет, \\(world) x\n╔═╗ ░▒▓█ № 5\nfatslanted under out\n"
       "office flat 'quoted' \"twice\" a-b\n";
   EXPECT_EQ(textOf("r.pdf", "-raw"), expected + "\f" + expected + "\f");
+}
+
+// Frames are drawn also where no font has them.
+TEST_F(DrawnPdf, giveBackFramesThatAreNoLetters) {
+  const std::string fonts = place_.write("fonts.conf", systemOf("OpenSymbol"));
+  exportTo("r.pdf",
+           "a\xC9\xCD\xBB"
+           "b",
+           wordsOf("-codepage 866 -drawn"), {{}, {{"FONTCONFIG_FILE", fonts}}, 0});
+  EXPECT_EQ(textOf("r.pdf", "-raw"), "a╔═╗b\n\f");
 }
 
 // The lines of a page in their order, each with the marks of its texts.

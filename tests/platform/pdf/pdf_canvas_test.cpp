@@ -159,6 +159,37 @@ TEST(PdfCanvas, showsShapesAsBitmapsDo) {
   }
 }
 
+// Where letters are shapes, also once they were turned, and where texts turn back on themselves: a
+// letter behind one that no font has, and frames of which only those are seen that go on to the
+// right.
+TEST(PdfCanvas, showsOddTextsAsBitmapsDo) {
+  const std::tuple<std::u32string, std::u32string, int> rows[] = {
+      {U"\xFDD0", U"B", 0},
+      {U"iiiiiiiiiiiiiiiiiiii██iiiiiiiiiiiiiiiiiiii", U"", -120},
+      {U"A██", U"", -500}};
+  for (const auto& [first, second, extra] : rows) {
+    const TemporaryDirectory place;
+    const auto draw = [&](Canvas& canvas) {
+      LogFont font = fontOf("Arial", -400);
+      font.Underline = extra != 0;
+      canvas.setFont(font);
+      canvas.setCharacterExtra(extra);
+      for (const auto& text : {first, second}) {
+        canvas.moveTo({5000, 7000});
+        canvas.textOut(text);
+      }
+      font.Escapement = 300;
+      canvas.setFont(font);
+      canvas.textOut(U"\xFDD0");
+    };
+    const Picture bitmap = bitmapDots(96, draw);
+    printOn(place, {600, 600}, draw);
+    const Picture paper = paperDots(place, 96);
+    EXPECT_LT(strangers(paper, bitmap, 200), 5) << extra;
+    EXPECT_LT(strangers(bitmap, paper, 200), 5) << extra;
+  }
+}
+
 // What a reader makes of the drawing's operators, without the corner of the page.
 std::string traceOf(const TemporaryDirectory& place, const DrawOn& draw) {
   printOn(place, {600, 600}, draw);

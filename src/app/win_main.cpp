@@ -47,11 +47,6 @@ int printReport() {
   return result < 0 ? kExitPrintFailed : kExitDone;
 }
 
-int showStart() {
-  ShowStart();
-  return kExitDone;
-}
-
 // The switches that other programs of this system have; the rest of the parameters has its own
 // rules.
 bool answersSwitch(const std::string& parameters) {
@@ -109,7 +104,12 @@ int guarded(Run run) {
 
 int WinMain(const std::string& parameters, Walls walls) {
   initialise();
-  if (parameters.empty()) return guarded([] { return showStart(); });
+  if (parameters.empty()) {
+    return guarded([] {
+      ShowStart();
+      return kExitDone;
+    });
+  }
   if (!asksForWindow(parameters)) return guarded([&] { return run(parameters, walls, nullptr); });
   StartMessages messages;
   return messages.showAndEnd(guarded([&] { return run(parameters, walls, &messages); }));

@@ -3,6 +3,7 @@
 #include <thread>
 
 #include "base/run_options.h"
+#include "platform/print/pdf_file_printer.h"
 #include "platform/print/print_system.h"
 #include "support/cups_scheduler.h"
 #include "support/test.h"
@@ -18,18 +19,19 @@ constexpr const char* kPjlDriver =
     "/usr/share/ppd/cupsfilters/Fuji_Xerox-DocuPrint_CM305_df-PDF.ppd";
 constexpr const char* kMatrixDriver = "drv:///sample.drv/epson24.ppd";
 
-// The queue; print and page of the settings set; the job as the scheduler saw it, behind the title;
-// sheet and left of the text, at the corner of what the printer can reach, in mm.
-const std::tuple<std::string, std::string, std::string, std::string, double, double, double>
-    kRows[] = {
-        {"laser", "<NumOfCopies=\"3\"/>\r\n<SortByCopies=\"1\"/>\r\n<PrintQuality=\"high\"/>",
-         "<PaperSize=\"8\"/>\r\n<Orientation=\"2\"/>\r\n<MarginLeft=\"20\"/>",
-         "|3|separate-documents-collated-copies|iso_a3_297x420mm|5|monochrome", 420, 297, 24.23},
-        {"matrix", "<PrintColor=\"color\"/>\r\n<PrintQuality=\"draft\"/>",
-         "<PaperSize=\"0\"/>\r\n<PaperWidth=\"120\"/>\r\n<PaperHeight=\"150\"/>",
-         "|2|-|custom_120x150mm_120x150mm|3|color", 120, 150, 6.35},
-        {"raw", "", "", "|1|-|iso_a4_210x297mm|4|monochrome", 210, 297, 0},
-        {"", "", "", "|1|-|iso_a4_210x297mm|4|monochrome", 210, 297, 6.35}};
+// The queue; the settings set; the job as the scheduler saw it, behind the title; sheet and left of
+// the text, at the corner of what the printer can reach, in mm.
+const std::tuple<std::string, std::string, std::string, double, double, double> kRows[] = {
+    {"laser",
+     "Print NumOfCopies=3|Print SortByCopies=1|Print PrintQuality=high|Page PaperSize=8|"
+     "Page Orientation=2|Page MarginLeft=20",
+     "|3|separate-documents-collated-copies|iso_a3_297x420mm|5|monochrome", 420, 297, 24.23},
+    {"matrix",
+     "Print PrintColor=color|Print PrintQuality=draft|Page PaperSize=0|Page PaperWidth=120|"
+     "Page PaperHeight=150",
+     "|2|-|custom_120x150mm_120x150mm|3|color", 120, 150, 6.35},
+    {"raw", "", "|1|-|iso_a4_210x297mm|4|monochrome", 210, 297, 0},
+    {"", "", "|1|-|iso_a4_210x297mm|4|monochrome", 210, 297, 6.35}};
 
 // The session's default goes before the system's, and pages lie as they are to be read, whatever
 // the queue does with others.
@@ -45,9 +47,8 @@ TEST(Cups, getsWhatTheSettingsSay) {
   Surroundings around = scheduler.surroundings(place);
   around.environment["LPDEST"] = "usual";
   std::set<std::string> jobs;
-  for (const auto& [name, print, page, job, width, height, x] : kRows) {
-    place.write("s.vset", "<Ver/>\r\n<Set SetName=\"S\">\r\n<Print>\r\n" + print +
-                              "\r\n<Print/>\r\n<Page>\r\n" + page + "\r\n<Page/>\r\n<Set/>");
+  for (const auto& [name, values, job, width, height, x] : kRows) {
+    place.write("s.vset", setWith("S", values));
     expectTold(runViewer({"-g", "-f", "r.txt", "-p", name, "-i", "s.vset#S"}, around), "");
     const std::string queue = name.empty() ? "usual" : name;
     jobs.insert(queue + "|QorUtlView, Document" + job);
@@ -112,7 +113,7 @@ TEST(Cups, takesSheetsFromTheirTray) {
   Surroundings around = scheduler.surroundings(place);
   around.environment["HOME"] = place.path();
   // The queue, the tray and the paper of the set, and the marks.
-  const std::tuple<const char*, const char*, const char*, std::vector<std::string>> rows[] = {
+  const std::tuple<const char*, std::string, std::string, std::vector<std::string>> rows[] = {
       {"pcl", "2", "9", {"\033E\033&l1H", "\033&l26A"}},
       {"pcl", "4", "1", {"\033E\033&l2H", "\033&l2A"}},
       {"pcl", "15", "9", {"\033E\033&l4H", "\033&l26A"}},
@@ -121,9 +122,7 @@ TEST(Cups, takesSheetsFromTheirTray) {
       {"pjl", "15", "11", {"MEDIASOURCE=AUTO", "PAPER=A5", "[ 0 0 420 595 ]"}}};
   for (const auto& [queue, tray, paper, marks] : rows) {
     SCOPED_TRACE(std::string(queue) + tray);
-    place.write("s.vset", "<Ver/>\r\n<Set SetName=\"S\">\r\n<Print>\r\n<PaperSource=\"" +
-                              std::string(tray) + "\"/>\r\n<Print/>\r\n<Page>\r\n<PaperSize=\"" +
-                              paper + "\"/>\r\n<Page/>\r\n<Set/>");
+    place.write("s.vset", setWith("S", "Print PaperSource=" + tray + "|Page PaperSize=" + paper));
     expectTold(runViewer({"-g", "-f", "r.txt", "-p", queue, "-i", "s.vset#S"}, around), "");
     scheduler.finishJobs();
     const std::string arrived = readFile(scheduler.output(queue));
@@ -155,7 +154,7 @@ TEST(Cups, isToldOfWhereItCantBeAsked) {
     fs::remove(place.path("r(print).pdf"));
     expectTold(runViewer({"-g", "-f", "r.txt", "-p", "queue"}, around), "queue" + trouble);
     EXPECT_FALSE(place.has("r(print).pdf"));
-    expectTold(runViewer({"-g", "-f", "r.txt", "-p", "Microsoft Print to PDF"}, around), "");
+    expectTold(runViewer({"-g", "-f", "r.txt", "-p", kPdfFilePrinter}, around), "");
     EXPECT_TRUE(place.has("r(print).pdf"));
   }
 }

@@ -3,6 +3,7 @@
 #include <thread>
 
 #include "barcode/barcode_picture.h"
+#include "platform/print/pdf_file_printer.h"
 #include "support/test.h"
 
 namespace qor::test {
@@ -12,7 +13,6 @@ namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 
 constexpr const char* kThesis = "four years of work";
-constexpr const char* kPdfPrinter = "Microsoft Print to PDF";
 
 const std::string kDrawn =
     "<barcode br_type=39 value=A left=9 right=50 bottom=20/>"
@@ -25,7 +25,7 @@ Outcome exportTo(const TemporaryDirectory& place, const std::string& target) {
 // Whatever a run puts beside its target or its report, it puts there and not where a link leads.
 TEST(Links, thatNobodyNamedAreReplaced) {
   const Names runs[] = {{"-export", "o.html"}, {"-export", "o.pdf"}, {"-export", "o.rtf"},
-                        {"-export", "o.png"},  {"-export", "o.xls"}, {"-g", "-p", kPdfPrinter}};
+                        {"-export", "o.png"},  {"-export", "o.xls"}, {"-g", "-p", kPdfFilePrinter}};
   for (const Names& options : runs) {
     SCOPED_TRACE(options.back());
     const TemporaryDirectory place;
@@ -164,7 +164,7 @@ TEST(Memory, thatIsNotThereIsTold) {
                in(place));
   };
   expectTold(within({"-export", "o.txt"}), "r.txt: not enough memory to export it to o.txt");
-  expectTold(within({"-g", "-p", kPdfPrinter}), "r.txt: not enough memory to print it", 254);
+  expectTold(within({"-g", "-p", kPdfFilePrinter}), "r.txt: not enough memory to print it", 254);
 }
 #endif
 

@@ -1,23 +1,14 @@
 // Printing with no window on the printer that makes PDF files, read back from its files.
-#include <algorithm>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <functional>
 
-#include <gtest/gtest.h>
-
-#include "base/errors.h"
 #include "base/run_options.h"
 #include "platform/print/pdf_file_printer.h"
-#include "platform/print/print_system.h"
 #include "settings/printers.h"
 #include "support/page_picture.h"
 #include "support/paper.h"
-#include "support/pdf_reader.h"
-#include "support/program.h"
-#include "support/report_reader.h"
-#include "support/rows.h"
+#include "support/print_system_of.h"
+#include "support/samples.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {
@@ -27,23 +18,11 @@ namespace fs = std::filesystem;
 // What asks no print system.
 const std::vector<std::string> kToFile = {"-g", "-p", kPdfFilePrinter};
 
-std::vector<std::string> with(std::vector<std::string> options, const std::string& more) {
-  for (const std::string& word : wordsOf(more)) options.push_back(word);
-  return options;
+std::vector<std::string> with(const std::vector<std::string>& options, const std::string& more) {
+  return joined(options, wordsOf(more));
 }
 
 constexpr double kMillimetre = 0.2;  // tolerance: a dot of the printer and the reader's rounding
-
-// A set of "Section Key=value" rows.
-std::string setWith(const std::string& name, const std::string& values) {
-  std::string set = "<ReportSetsIniFile Ver=\"1.0\"/>\r\n<Set SetName=\"" + name + "\">\r\n";
-  for (const auto& [section, pair] : rowsOf(values)) {
-    const auto equals = pair.find('=');
-    set.append("<" + section + ">\r\n<" + pair.substr(0, equals) + " = \"");
-    set.append(pair.substr(equals + 1) + "\"/>\r\n<" + section + "/>\r\n");
-  }
-  return set + "<Set/>\r\n";
-}
 
 // What the report leaves, besides the set file, and what is told. "_" stands for a blank.
 TEST(Print, endsAsEachRunShould) {
@@ -169,15 +148,11 @@ TEST(Print, readsItsReportInACodePage) {
 class PrintJobs : public testing::Test {
  protected:
   PrintJobs() : report_("<h1>A\r\n\fB<w1>\r\n\fCC C\r\n\fDD D\r\n") {
-    std::vector<std::unique_ptr<PrintQueues>> systems;
-    systems.push_back(makePdfFilePrinter());
-    setPrintSystem(std::make_unique<PrintSystem>(std::move(systems)));
     InitPrinters();
     AppOptions.PrinterName = "";
     report_.doc().Settings.Page.MarginLeft = 20;
     report_.doc().Settings.Page.MarginTop = 40;
   }
-  ~PrintJobs() override { setPrintSystem(nullptr); }
 
   // Such as "1A@20 2B@20 ", with tenths of a millimetre, and the title. Nothing that was read
   // before is known.
@@ -193,6 +168,7 @@ class PrintJobs : public testing::Test {
     return words + document.title;
   }
 
+  const PrintSystemOf system_{makePdfFilePrinter()};
   TestReport report_;
 };
 
@@ -260,9 +236,11 @@ TEST_F(PrintJobs, stopBehindAPage) {
   EXPECT_EQ(report_.names(), (std::vector<std::string>{"report(print).pdf", "report.txt"}));
 }
 
-// Queues that differ in what they do with a job.
+// Queues that differ in what they do with a job, and count the streams that have come.
 class MoodyQueues : public PrintQueues {
  public:
+  explicit MoodyQueues(std::size_t& streams) : streams_(streams) {}
+
   std::vector<QueueName> list() override { return {}; }
   std::string defaultName() override { return "waits"; }
 
@@ -276,44 +254,42 @@ class MoodyQueues : public PrintQueues {
 
   std::unique_ptr<PrintJob> open(const std::string& name, const JobTicket&) override {
     if (name == "closed") throw PrintError("closed: no");
-    return std::make_unique<Job>(name == "full");
+    return std::make_unique<Job>(name == "full", streams_);
   }
 
  private:
   struct Job : PrintJob {
-    explicit Job(bool refuses) : refuses_(refuses) {}
-    void write(std::string_view) override {}
+    Job(bool refuses, std::size_t& streams) : refuses_(refuses), streams_(streams) {}
+    void write(std::string_view bytes) override { streams_ += countOf("endstream", bytes); }
     void finish() override {
       if (refuses_) throw PrintError("full: no");
     }
     bool refuses_;
+    std::size_t& streams_;
   };
+
+  std::size_t& streams_;
 };
 
 TEST(Print, saysWhatBecameOfAJob) {
   using enum PrintOutcome::End;
-  // The printer, the pages, the end, and the notice with "R" for the report.
+  // The printer, the pages, the end, and the notice without the name of the report.
   const std::tuple<const char*, const char*, PrintOutcome::End, bool, std::string> rows[] = {
       {"", "1", printed, false, "waits: the printer is stopped, the job waits for it"},
       {"goes", "1", printed, false, ""},
       {"nobody", "1", noPrinter, false, "nobody: there is no such printer"},
-      {"closed", "1", refused, false, "R: not printed: closed: no"},
-      {"full", "1", refused, false, "R: not printed: full: no"},
-      {"waits", "3", noPages, true, "R: none of the report's pages is chosen"},
-      {kPdfFilePrinter, "1", fileLost, true, "R: not printed: R/lost/x: Not a directory"}};
+      {"closed", "1", refused, false, ": not printed: closed: no"},
+      {"full", "1", refused, false, ": not printed: full: no"},
+      {"waits", "3", noPages, true, ": none of the report's pages is chosen"},
+      {kPdfFilePrinter, "1", fileLost, true, ": not printed: /lost/x: Not a directory"}};
   TestReport report("A\r\n\fB\r\n");
-  std::vector<std::unique_ptr<PrintQueues>> systems;
-  systems.push_back(std::make_unique<MoodyQueues>());
-  setPrintSystem(std::make_unique<PrintSystem>(std::move(systems)));
+  std::size_t streams = 0;
+  const PrintSystemOf system(std::make_unique<MoodyQueues>(streams));
   const auto expect = [](const PrintOutcome& outcome, PrintOutcome::End end, bool nothing,
                          const std::string& notice) {
     EXPECT_EQ(outcome.end, end) << notice;
     EXPECT_EQ(outcome.cameToNothing(), nothing) << notice;
-    std::string told = outcome.notice;
-    for (auto place = told.find(AppOptions.FileName); place != std::string::npos;
-         place = told.find(AppOptions.FileName))
-      told.replace(place, AppOptions.FileName.size(), "R");
-    EXPECT_EQ(told, notice);
+    EXPECT_EQ(without(AppOptions.FileName, outcome.notice), notice);
     EXPECT_EQ(outcome.file, "");
   };
   RunOptions run = runOptions();
@@ -324,57 +300,29 @@ TEST(Print, saysWhatBecameOfAJob) {
                            : report.doc().PrintSelected(run),
            end, nothing, notice);
   }
-  expect(report.doc().PrintPage(run, 3), noPages, true, "R: none of the report's pages is chosen");
+  expect(report.doc().PrintPage(run, 3), noPages, true, ": none of the report's pages is chosen");
   TestReport empty("");
   run.report = AppOptions.FileName;
-  expect(empty.doc().PrintAll(run), noPages, true, "R: the report has no pages");
-  setPrintSystem(nullptr);
+  expect(empty.doc().PrintAll(run), noPages, true, ": the report has no pages");
 }
-
-// A queue that counts the streams that have come.
-class CountingQueues : public MoodyQueues {
- public:
-  explicit CountingQueues(int& streams) : streams_(streams) {}
-
-  std::unique_ptr<PrintJob> open(const std::string&, const JobTicket&) override {
-    return std::make_unique<Job>(streams_);
-  }
-
- private:
-  struct Job : PrintJob {
-    explicit Job(int& streams) : streams_(streams) {}
-    void write(std::string_view bytes) override {
-      streams_ += bytes.find("endstream") != std::string_view::npos ? 1 : 0;
-    }
-    void finish() override {}
-    int& streams_;
-  };
-
-  int& streams_;
-};
 
 // A scheduler may start with the first page while the second one is drawn.
 TEST(Print, sendsEachPageWhenItIsDrawn) {
   TestReport report("A\r\n\fB\r\n\fC\r\n");
-  int streams = 0;
-  std::vector<std::unique_ptr<PrintQueues>> systems;
-  systems.push_back(std::make_unique<CountingQueues>(streams));
-  setPrintSystem(std::make_unique<PrintSystem>(std::move(systems)));
+  std::size_t streams = 0;
+  const PrintSystemOf system(std::make_unique<MoodyQueues>(streams));
   report.doc().PrintAll(runOptions(), [&](std::int32_t page, std::int32_t) {
-    EXPECT_EQ(streams, page);
+    EXPECT_EQ(streams, static_cast<std::size_t>(page));
     return true;
   });
-  EXPECT_GT(streams, 3);
-  setPrintSystem(nullptr);
+  EXPECT_GT(streams, 3U);
 }
 
 TEST(Print, standsWhereThePictureStands) {
-  const std::string samples = std::string(QOR_SOURCE_DIR) + "/samples";
-  std::ifstream list(samples + "/samples.list");
-  for (std::string report, codePage; list >> report >> codePage;) {
+  for (const auto& [report, codePage] : samples()) {
     SCOPED_TRACE(report);
     const TemporaryDirectory place;
-    fs::copy(samples, place.path(), fs::copy_options::recursive);
+    fs::copy(kSamples, place.path(), fs::copy_options::recursive);
     // Somebody may have looked at the samples where they stand.
     fs::remove(place.path("QorUtlView.vset"));
     const std::string bytes = place.read(report);

@@ -144,7 +144,7 @@ TEST(DeleteAfterwards, leavesWhatNobodyHasSeen) {
   const TemporaryDirectory place;
   place.write("empty.txt", "");
   place.write("r.txt", "A");
-  place.write("s.vset", "<Set SetName=\"S\">\r\n<Page>\r\n<Orientation = \"many\"/>\r\n<Page/>");
+  place.write("s.vset", setWith("S", "Page Orientation=many"));
   const Files before = contents(place);
   for (const char* options : {"-f empty.txt -export o.png", "-f r.txt -i s.vset#S -export o.txt",
                               "-f r.txt -codepage 99 -export o.png"}) {

@@ -1,6 +1,7 @@
 // Runs behind the wall do what runs without it do.
+#include "platform/print/pdf_file_printer.h"
 #include "support/cups_scheduler.h"
-#include "support/page_picture.h"
+#include "support/samples.h"
 #include "support/test.h"
 
 namespace qor::test {
@@ -9,18 +10,12 @@ namespace {
 namespace fs = std::filesystem;
 using Texts = std::vector<std::string>;
 
-const fs::path kSamples = fs::path(QOR_SOURCE_DIR) / "samples";
-
-// The files of a directory with their bytes, but for the time that print jobs bear and the
-// directory that links hold.
+// The files of a directory with their bytes, but for the directory that links hold.
 std::map<std::string, std::string> filesOf(const TemporaryDirectory& place) {
   std::map<std::string, std::string> files;
   for (const std::string& name : place.names()) {
     if (name.ends_with('/')) continue;
-    std::string bytes = without(place.path(), place.read(name));
-    const auto time = bytes.find("/CreationDate");
-    if (time != std::string::npos) bytes.erase(time, bytes.find('\n', time) - time);
-    files[name] = std::move(bytes);
+    files[name] = without(place.path(), place.read(name));
   }
   return files;
 }
@@ -50,15 +45,13 @@ Left leftBy(const Texts& program, const std::string& sample, const Texts& argume
 
 TEST(WalledRun, putsOutTheSameBytes) {
   constexpr std::size_t kBefore = 9;  // the report and eight pictures
-  for (const std::string& line : linesOf(readFile((kSamples / "samples.list").string()))) {
-    const auto tab = line.find('\t');
-    const std::string sample = line.substr(0, tab);
-    std::vector<Texts> ends = {{"-g", "-p", "Microsoft Print to PDF"}, {"-g"}};
+  for (const auto& [sample, codePage] : samples()) {
+    std::vector<Texts> ends = {{"-g", "-p", kPdfFilePrinter}, {"-g"}};
     for (const std::string& extension :
          wordsOf("txt html rtf doc pdf xls xlsx csv bmp jpeg gif ico png"))
       ends.push_back({"-export", "out/r." + extension});
     for (const Texts& end : ends) {
-      const Texts arguments = joined({"-f", sample, "-codepage", line.substr(tab + 1)}, end);
+      const Texts arguments = joined({"-f", sample, "-codepage", codePage}, end);
       SCOPED_TRACE(sample + " " + end.back());
       const Left walled = leftBy({QOR_PROGRAM}, sample, arguments);
       const Left bare = leftBy({QOR_WALL_PROBE, "run"}, sample, arguments);

@@ -12,10 +12,7 @@ class TextHtmlTest : public Exporting {
     std::string picture("BM\x4E\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\3\0\0\0\2\0\0\0\1\0\x18\0", 30);
     picture.resize(54 + 2 * 12);
     place_.write("p.bmp", picture);
-    place_.write("s.vset",
-                 "<Set SetName=\"\xDE"
-                 "ube\">\r\n<Font>\r\n<Name=\"Arial\"/>\r\n<Font/>\r\n"
-                 "<Page>\r\n<BaseCodePage=\"866\"/>\r\n<Page/>\r\n<Set/>\r\n");
+    place_.write("s.vset", setWith("\xDEube", "Font Name=Arial|Page BaseCodePage=866"));
   }
 
   std::string exported(const std::string& report, const std::string& target,

@@ -12,8 +12,8 @@
 
 #include "base/errors.h"
 #include "platform/print/pdf_file_printer.h"
-#include "platform/print/print_system.h"
 #include "settings/printers.h"
+#include "support/print_system_of.h"
 
 namespace qor::test {
 
@@ -68,15 +68,10 @@ class MadeUpPrinters {
   MadeUpPrinters(std::vector<Queue> queues, std::string usual) {
     state_->queues = std::move(queues);
     state_->usual = std::move(usual);
-    std::vector<std::unique_ptr<PrintQueues>> systems;
-    systems.push_back(std::make_unique<MadeUpQueues>(state_));
-    systems.push_back(makePdfFilePrinter());
-    setPrintSystem(std::make_unique<PrintSystem>(std::move(systems)));
     InitPrinters();
   }
   ~MadeUpPrinters() {
     setSilent(false);
-    setPrintSystem(nullptr);
     gDefaultPrn = default_;
     gPrintMetrics = metrics_;
     gPrinterMeasured = measured_;
@@ -101,6 +96,7 @@ class MadeUpPrinters {
 
  private:
   std::shared_ptr<MadeUpQueues::State> state_ = std::make_shared<MadeUpQueues::State>();
+  const PrintSystemOf system_{std::make_unique<MadeUpQueues>(state_), makePdfFilePrinter()};
   VSetPrn default_ = gDefaultPrn;
   SheetMeasures metrics_ = gPrintMetrics;
   bool measured_ = gPrinterMeasured;

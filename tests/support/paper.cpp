@@ -68,13 +68,11 @@ std::vector<PaperLetter> lettersOf(const TemporaryDirectory& place) {
   std::vector<double> page, text;
   for (const std::string& line :
        linesOf(run({"mutool", "trace", place.path("paper.pdf"), "1"}).output)) {
-    if (line.starts_with("<fill_text") || line.starts_with("<stroke_text"))
-      page = numbersOf(line, "transform");
+    if (line.find("_text ") != std::string::npos) page = numbersOf(line, "transform");
     if (line.find("<span ") != std::string::npos) text = numbersOf(line, "trm");
     if (line.find("<g ") == std::string::npos) continue;
     const auto onPage = [&page](double x, double y) {
-      return Point{0, 0},
-             std::pair{(page[0] * x + page[2] * y) * 20, (page[1] * x + page[3] * y) * 20};
+      return std::pair{(page[0] * x + page[2] * y) * 20, (page[1] * x + page[3] * y) * 20};
     };
     const double x = numbersOf(line, "x").at(0);
     const double y = numbersOf(line, "y").at(0);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <set>
 #include <stdexcept>
 
 #include "support/program.h"
@@ -46,6 +47,22 @@ PdfDocument readPdf(const std::string& path) {
                               valueBehind(line, "\">", "</word>")});
   }
   return document;
+}
+
+std::string unpackedPdf(const std::string& path) {
+  return run({"qpdf", "--qdf", "--object-streams=disable", path, "-"}).output;
+}
+
+std::vector<std::string> imagesOf(const std::string& path) {
+  std::vector<std::string> images;
+  std::set<std::string> objects;
+  for (const std::string& line : linesOf(run({"pdfimages", "-list", path}).output)) {
+    const auto cells = wordsOf(line);
+    if (cells.size() < 12 || cells[0] == "page" || !objects.insert(cells[2] + cells[10]).second)
+      continue;
+    images.push_back(cells[5] + " " + cells[6] + " " + cells[7] + " " + cells[8]);
+  }
+  return images;
 }
 
 Picture renderPdf(const std::string& path, int page) {

@@ -31,6 +31,13 @@ struct PdfDocument {
 
 PdfDocument readPdf(const std::string& path);
 
+// The document with its streams unpacked, as text.
+std::string unpackedPdf(const std::string& path);
+
+// Its pictures in their order, each once, masks too: colours, components, bits and way of packing,
+// such as "rgb 3 8 jpeg".
+std::vector<std::string> imagesOf(const std::string& path);
+
 // A page as a picture at 96 dots per inch.
 Picture renderPdf(const std::string& path, int page);
 

@@ -58,4 +58,15 @@ inline std::string without(std::string_view part, std::string text) {
   return text;
 }
 
+// A settings set as a file has it, of "Section Key=value" rows.
+inline std::string setWith(const std::string& name, const std::string& values) {
+  std::string set = "<ReportSetsIniFile Ver=\"1.0\"/>\r\n<Set SetName=\"" + name + "\">\r\n";
+  for (const auto& [section, pair] : rowsOf(values)) {
+    const auto equals = pair.find('=');
+    set.append("<" + section + ">\r\n<" + pair.substr(0, equals) + " = \"");
+    set.append(pair.substr(equals + 1) + "\"/>\r\n<" + section + "/>\r\n");
+  }
+  return set + "<Set/>\r\n";
+}
+
 }  // namespace qor::test

@@ -7,6 +7,7 @@
 #include "document/report_information.h"
 #include "document/side_picture.h"
 #include "platform/pdf/pdf_canvas.h"
+#include "platform/print/print_queues.h"
 #include "platform/system/messages.h"
 #include "platform/system/output_file.h"
 #include "render/page_walk.h"
@@ -14,9 +15,6 @@
 
 namespace qor {
 namespace {
-
-// That of the printer that makes PDF files: the widths of barcodes are whole dots.
-constexpr int kDpi = 600;
 
 // Throws FileError for one without an area.
 SheetSize sheetOf(const ExportTask& task) {
@@ -28,12 +26,14 @@ SheetSize sheetOf(const ExportTask& task) {
 
 void drawPages(const ExportTask& task, PdfPages& pages) {
   VSet& settings = task.doc.Settings;
-  settings.Prn = sheetAsDevice(settings.Page, kDpi);
+  // As on the printer that makes PDF files: the widths of barcodes are whole dots.
+  settings.Prn = sheetAsDevice(settings.Page, kUsualDpi);
   settings.Scr = screenForPrint(settings.Page, settings.Prn, kPictureDpi);
   const auto [width, height] = sheetOf(task);
   pages.setPageSize(pointsFromTwips(realTwipsFromMillimetres(width)),
                     pointsFromTwips(realTwipsFromMillimetres(height)));
-  PdfCanvas canvas(pages, {settings.Prn.PhysicalWidth, settings.Prn.PhysicalHeight}, {kDpi, kDpi});
+  PdfCanvas canvas(pages, {settings.Prn.PhysicalWidth, settings.Prn.PhysicalHeight},
+                   {kUsualDpi, kUsualDpi});
   forEachPage(task.doc, task.mode, task.progress, [&](VDocPage& page) {
     canvas.beginPage();
     canvas.reset();

@@ -66,18 +66,10 @@ void BitmapPainter::clipText(const Rect& rect) {
   const auto dot = [](double place, int limit) {
     return roundedDot(std::clamp(place, -1.0, limit + 1.0));
   };
-  const Dots first = space().dots(rect.left, rect.top);
-  const Dots last = space().dots(rect.right, rect.bottom);
-  DotRect box = clip_;
-  if (rect.width() > 0) {
-    box.left = dot(first.x, space().size().x);
-    box.right = dot(last.x, space().size().x);
-  }
-  if (rect.height() > 0) {
-    box.top = dot(first.y, space().size().y);
-    box.bottom = dot(last.y, space().size().y);
-  }
-  clip_ = intersection(clip_, box);
+  const DotBox box = space().textClip(rect);
+  const Point size = space().size();
+  clip_ = intersection(clip_, {dot(box.left, size.x), dot(box.top, size.y), dot(box.right, size.x),
+                               dot(box.bottom, size.y)});
 }
 
 void BitmapPainter::unclipText() {
@@ -88,8 +80,7 @@ void BitmapPainter::unclipText() {
 
 void BitmapPainter::showGlyphs(const TextRun& run, Dots direction) {
   const double size = run.font.emSize() * space().dotsPerUnit().y * 64;
-  const bool level = run.record.Escapement % 3600 == 0;
-  if (!level || std::max(size, size * run.font.widthScale()) > kLargestMask) {
+  if (!run.level() || std::max(size, size * run.font.widthScale()) > kLargestMask) {
     CairoCanvas::showGlyphs(run, direction);
     return;
   }

@@ -7,14 +7,18 @@
 namespace qor {
 namespace {
 
+void setColor(cairo_t* context, Color color) {
+  cairo_set_source_rgb(context, redOf(color) / 255.0, greenOf(color) / 255.0,
+                       blueOf(color) / 255.0);
+}
+
 void drawHatch(cairo_surface_t* surface, const HatchTile& tile, Color color) {
   const CairoOwned<cairo_t> context(cairo_create(surface));
   for (const HatchTile::Line& line : tile.lines) {
     cairo_move_to(context.get(), line.x1, line.y1);
     cairo_line_to(context.get(), line.x2, line.y2);
   }
-  cairo_set_source_rgb(context.get(), redOf(color) / 255.0, greenOf(color) / 255.0,
-                       blueOf(color) / 255.0);
+  setColor(context.get(), color);
   cairo_set_line_width(context.get(), tile.lineWidth);
   cairo_stroke(context.get());
 }
@@ -26,8 +30,7 @@ double CairoCanvas::penWidth() const {
 }
 
 void CairoCanvas::useColor(Color color) {
-  cairo_set_source_rgb(context_.get(), redOf(color) / 255.0, greenOf(color) / 255.0,
-                       blueOf(color) / 255.0);
+  setColor(context_.get(), color);
 }
 
 void CairoCanvas::preparePen() {

@@ -73,11 +73,10 @@ void CairoCanvas::putGlyphs(const TextRun& run) {
 
 void CairoCanvas::paintStroke(const TextRun& run, const TextStroke& stroke) {
   const double dotsPerUnit = space_.dotsPerUnit().y;
-  const bool level = run.record.Escapement == 0;
   double thickness = std::max(1.0, stroke.thickness * dotsPerUnit);
   double middle = (run.font.metrics().ascent + stroke.offset) * dotsPerUnit;
   const Dots corner = space_.dots(run.x, run.y);
-  if (level) {
+  if (run.level()) {
     thickness = std::round(thickness);
     middle = std::round(corner.y + middle - thickness / 2) + thickness / 2 - corner.y;
   }

@@ -86,6 +86,9 @@ struct TextRun {
   double characterExtra;  // behind each character, in the length
   std::u32string_view text;
   std::span<const PlacedGlyph> glyphs;
+
+  // Whether it runs to the right: its lines then may lie on whole dots.
+  bool level() const { return record.Escapement % 3600 == 0; }
 };
 
 class Canvas {

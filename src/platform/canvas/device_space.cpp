@@ -106,9 +106,8 @@ bool DeviceSpace::shows(const TextRun& run) const {
   // Negative space between characters turns a text back on itself.
   const double overhang = 2.0 * run.font.metrics().height;
   const double reach = std::abs(run.length) + overhang;
-  const bool level = run.record.Escapement == 0;
-  const double before = level && run.length >= 0 ? overhang : reach;
-  const double beside = level ? overhang : reach;
+  const double before = run.level() && run.length >= 0 ? overhang : reach;
+  const double beside = run.level() ? overhang : reach;
   const Dots first = dots(run.x - before, run.y - beside);
   const Dots last = dots(run.x + reach, run.y + beside);
   return last.x >= 0 && last.y >= 0 && first.x <= size_.x && first.y <= size_.y;

@@ -49,7 +49,8 @@ int Patience::milliseconds() const {
 Watch::Watch(http_t* connection, const Patience& patience)
     : thread_([this, connection, left = std::chrono::milliseconds(patience.milliseconds() + 1)] {
         std::unique_lock lock(mutex_);
-        // libcups connects anew where it thinks that this helps.
+        // libcups connects anew where it thinks that this helps, so once isn't enough. Between its
+        // two connections the number may for a moment be another socket's: the price of an end.
         for (auto wait = left; !answered_.wait_for(lock, wait, [this] { return is_answered_; });
              wait = kShutAgain)
           ::shutdown(httpGetFd(connection), SHUT_RDWR);

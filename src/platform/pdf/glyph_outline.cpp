@@ -2,7 +2,6 @@
 #include "platform/pdf/glyph_outline.h"
 
 #include "platform/fonts/font_face.h"
-#include "platform/pdf/pdf_content.h"
 
 #include FT_OUTLINE_H
 
@@ -11,38 +10,27 @@ namespace {
 
 struct Pen {
   PdfContent& content;
-  const std::function<std::pair<double, double>(double, double)>& place;
+  const std::function<PdfPoint(double, double)>& place;
   double perEm;
   FT_Vector at{};
 
-  std::pair<double, double> map(double x, double y) const { return place(x / perEm, y / perEm); }
-  std::pair<double, double> map(const FT_Vector* point) const {
+  PdfPoint map(double x, double y) const { return place(x / perEm, y / perEm); }
+  PdfPoint map(const FT_Vector* point) const {
     return map(static_cast<double>(point->x), static_cast<double>(point->y));
   }
 };
 
-int moveTo(const FT_Vector* to, void* user) {
+template <auto Step>
+int straightTo(const FT_Vector* to, void* user) {
   Pen& pen = *static_cast<Pen*>(user);
-  const auto [x, y] = pen.map(to);
-  pen.content.moveTo(x, y);
-  pen.at = *to;
-  return 0;
-}
-
-int lineTo(const FT_Vector* to, void* user) {
-  Pen& pen = *static_cast<Pen*>(user);
-  const auto [x, y] = pen.map(to);
-  pen.content.lineTo(x, y);
+  (pen.content.*Step)(pen.map(to));
   pen.at = *to;
   return 0;
 }
 
 int cubicTo(const FT_Vector* control1, const FT_Vector* control2, const FT_Vector* to, void* user) {
   Pen& pen = *static_cast<Pen*>(user);
-  const auto [x1, y1] = pen.map(control1);
-  const auto [x2, y2] = pen.map(control2);
-  const auto [x, y] = pen.map(to);
-  pen.content.curveTo(x1, y1, x2, y2, x, y);
+  pen.content.curveTo(pen.map(control1), pen.map(control2), pen.map(to));
   pen.at = *to;
   return 0;
 }
@@ -53,10 +41,10 @@ int conicTo(const FT_Vector* control, const FT_Vector* to, void* user) {
   const auto between = [](FT_Pos end, FT_Pos bend) {
     return (static_cast<double>(end) + 2 * static_cast<double>(bend)) / 3;
   };
-  const auto [x1, y1] = pen.map(between(pen.at.x, control->x), between(pen.at.y, control->y));
-  const auto [x2, y2] = pen.map(between(to->x, control->x), between(to->y, control->y));
-  const auto [x, y] = pen.map(to);
-  pen.content.curveTo(x1, y1, x2, y2, x, y);
+  const auto towards = [&](const FT_Vector& end) {
+    return pen.map(between(end.x, control->x), between(end.y, control->y));
+  };
+  pen.content.curveTo(towards(pen.at), towards(*to), pen.map(to));
   pen.at = *to;
   return 0;
 }
@@ -64,13 +52,15 @@ int conicTo(const FT_Vector* control, const FT_Vector* to, void* user) {
 }  // namespace
 
 void drawGlyphOutline(const FontFace& face, std::uint32_t glyph, bool bold, PdfContent& content,
-                      const std::function<std::pair<double, double>(double, double)>& place) {
+                      const std::function<PdfPoint(double, double)>& place) {
   const FT_Face handle = face.handle();
-  if (FT_Load_Glyph(handle, glyph, FT_LOAD_NO_SCALE) != 0) return;
+  // Cairo leaves the turn of its last text with the face.
+  if (FT_Load_Glyph(handle, glyph, FT_LOAD_NO_SCALE | FT_LOAD_IGNORE_TRANSFORM) != 0) return;
   FT_Outline& outline = handle->glyph->outline;
   if (handle->glyph->format != FT_GLYPH_FORMAT_OUTLINE || outline.n_points == 0) return;
   Pen pen = {content, place, face.measures().unitsPerEm};
-  constexpr FT_Outline_Funcs kSteps = {moveTo, lineTo, conicTo, cubicTo, 0, 0};
+  constexpr FT_Outline_Funcs kSteps = {
+      straightTo<&PdfContent::moveTo>, straightTo<&PdfContent::lineTo>, conicTo, cubicTo, 0, 0};
   content.prepareFill();
   if (FT_Outline_Decompose(&outline, &kSteps, &pen) == 0)
     content.paint(bold ? PdfPainting::fillAndStroke : PdfPainting::fill);

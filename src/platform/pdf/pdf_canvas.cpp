@@ -14,6 +14,18 @@ namespace {
 // 4 (sqrt(2) - 1) / 3.
 constexpr double kQuarter = 0.5522847498;
 
+std::string operatorsOf(const HatchTile& tile) {
+  PdfContent drawing;
+  drawing.setLineWidth(tile.lineWidth);
+  for (const HatchTile::Line& line : tile.lines) {
+    drawing.moveTo({line.x1, line.y1});
+    drawing.lineTo({line.x2, line.y2});
+    drawing.paint(PdfPainting::stroke);
+  }
+  // Some readers draw tiles with the pen of the shape that they fill.
+  return std::string("[]0 d 0 J 0 j 10 M\n").append(drawing.bytes());
+}
+
 }  // namespace
 
 PdfColor PdfCanvas::pdfColor(Color color) {
@@ -36,20 +48,19 @@ void PdfCanvas::endPage() {
   pages_.endPage();
 }
 
-Dots PdfCanvas::onPage(Dots dots) const {
-  return {realTwipsFromDots(dots.x, space_.dotsPerInch().x),
-          -realTwipsFromDots(dots.y, space_.dotsPerInch().y)};
-}
-
-Dots PdfCanvas::twipsPerUnit() const {
-  const Dots dots = space_.dotsPerUnit();
+PdfPoint PdfCanvas::twips(Dots dots) const {
   return {realTwipsFromDots(dots.x, space_.dotsPerInch().x),
           realTwipsFromDots(dots.y, space_.dotsPerInch().y)};
 }
 
-PdfCanvas::PageBox PdfCanvas::boxOnPage(const DotBox& box) const {
-  const Dots corner = onPage({box.left, box.bottom});
-  const Dots opposite = onPage({box.right, box.top});
+PdfPoint PdfCanvas::onPage(Dots dots) const {
+  const PdfPoint place = twips(dots);
+  return {place.x, -place.y};
+}
+
+PdfBox PdfCanvas::boxOnPage(const DotBox& box) const {
+  const PdfPoint corner = onPage({box.left, box.bottom});
+  const PdfPoint opposite = onPage({box.right, box.top});
   return {corner.x, corner.y, opposite.x - corner.x, opposite.y - corner.y};
 }
 
@@ -57,10 +68,9 @@ void PdfCanvas::setClip(const Rect& dots) {
   clearClip();
   const Point size = space_.size();
   if (dots.left <= 0 && dots.top <= 0 && dots.right >= size.x && dots.bottom >= size.y) return;
-  const PageBox box = boxOnPage(
-      DotBox{double(dots.left), double(dots.top), double(dots.right), double(dots.bottom)});
   content().save();
-  content().clip(box.x, box.y, box.width, box.height);
+  content().clip(
+      boxOnPage({double(dots.left), double(dots.top), double(dots.right), double(dots.bottom)}));
   clipped_ = true;
 }
 
@@ -99,23 +109,14 @@ std::string PdfCanvas::hatchName(BrushStyle style) {
   const HatchTile tile = hatchTile(style, space_.mappedDpi());
   std::string& name = hatches_[{style, tile.side}];
   if (!name.empty()) return name;
+  const double side = tile.side;
   // Tiles overlap by a dot, or readers show where they meet.
-  const std::string beyond = std::to_string(tile.side + 1);
-  std::string entries = "/BBox[-1 -1 " + beyond + " " + beyond + "]/XStep " +
-                        std::to_string(tile.side) + "/YStep " + std::to_string(tile.side) +
-                        "/Matrix[" + std::to_string(pointsPerDot(space_.dotsPerInch().x)) +
-                        " 0 0 " + std::to_string(-pointsPerDot(space_.dotsPerInch().y)) + " 0 ";
-  appendNumber(entries, pages_.pageHeight());
-  // Some readers draw tiles with the pen of the shape that they fill.
-  std::string operators = "[]0 d 0 J 0 j 10 M\n";
-  PdfContent drawing;
-  drawing.setLineWidth(tile.lineWidth);
-  for (const HatchTile::Line& line : tile.lines) {
-    drawing.moveTo(line.x1, line.y1);
-    drawing.lineTo(line.x2, line.y2);
-    drawing.paint(PdfPainting::stroke);
-  }
-  return name = pages_.addPattern(entries + "]", operators.append(drawing.bytes()));
+  std::string entries = "/BBox[" + pdfNumbers({-1, -1, side + 1, side + 1}) + "]/XStep " +
+                        pdfNumbers({side}) + "/YStep " + pdfNumbers({side}) + "/Matrix[";
+  appendNumber(entries, pointsPerDot(space_.dotsPerInch().x), 6);
+  appendNumber(entries += " 0 0 ", -pointsPerDot(space_.dotsPerInch().y), 6);
+  entries += " 0 " + pdfNumbers({pages_.pageHeight()}) + "]";
+  return name = pages_.addPattern(entries, operatorsOf(tile));
 }
 
 void PdfCanvas::line(Point start, Point end) {
@@ -124,21 +125,18 @@ void PdfCanvas::line(Point start, Point end) {
   if (!space_.cutLine(from, to) || !usePen()) return;
   const bool straight = start.x == end.x || start.y == end.y;
   content().setLineCap(straight ? PdfCap::butt : PdfCap::round);
-  from = onPage(from);
-  to = onPage(to);
-  content().moveTo(from.x, from.y);
-  content().lineTo(to.x, to.y);
+  content().moveTo(onPage(from));
+  content().lineTo(onPage(to));
   content().paint(PdfPainting::stroke);
 }
 
 void PdfCanvas::rectangle(const Rect& rect) {
-  const PageBox box = boxOnPage(space_.box(rect));
+  const PdfBox box = boxOnPage(space_.box(rect));
   // Readers show a line where there is nothing to be filled.
-  if (useBrush() && box.width > 0 && box.height > 0)
-    content().fillRectangle(box.x, box.y, box.width, box.height);
+  if (useBrush() && box.width > 0 && box.height > 0) content().fillRectangle(box);
   if (!usePen()) return;
   // From the upper left corner on, as bitmaps do it: dashes begin there.
-  content().rectangle(box.x, box.y + box.height, box.width, -box.height);
+  content().rectangle({box.x, box.y + box.height, box.width, -box.height});
   content().paint(PdfPainting::stroke);
 }
 
@@ -155,8 +153,7 @@ void PdfCanvas::paintRound(const DotBox& box, Dots radii, Corner first) {
                                       {{right, bottom - ry}, {right, bottom}, {right - rx, bottom}},
                                       {{left + rx, bottom}, {left, bottom}, {left, bottom - ry}},
                                       {{left, top + ry}, {left, top}, {left + rx, top}}}};
-  const Dots start = onPage(bends[first].start);
-  content().moveTo(start.x, start.y);
+  content().moveTo(onPage(bends[first].start));
   for (std::size_t i = 0; i < bends.size(); ++i) addBend(bends[(first + i) % bends.size()], i > 0);
   content().closePath();
   content().paint(filled && drawn ? PdfPainting::fillAndStroke
@@ -169,12 +166,8 @@ void PdfCanvas::addBend(const Bend& bend, bool withEdge) {
     return Dots{end.x + kQuarter * (bend.corner.x - end.x),
                 end.y + kQuarter * (bend.corner.y - end.y)};
   };
-  const Dots start = onPage(bend.start);
-  if (withEdge) content().lineTo(start.x, start.y);
-  const Dots control1 = onPage(toCorner(bend.start));
-  const Dots control2 = onPage(toCorner(bend.end));
-  const Dots end = onPage(bend.end);
-  content().curveTo(control1.x, control1.y, control2.x, control2.y, end.x, end.y);
+  if (withEdge) content().lineTo(onPage(bend.start));
+  content().curveTo(onPage(toCorner(bend.start)), onPage(toCorner(bend.end)), onPage(bend.end));
 }
 
 void PdfCanvas::roundRect(const Rect& rect, std::int32_t width, std::int32_t height) {
@@ -198,8 +191,7 @@ void PdfCanvas::drawPicture(const StoredPicture& picture, const Rect& rect) {
       corner.x < space_.size().x && corner.y < space_.size().y && opposite.x > 0 && opposite.y > 0;
   const PdfImage* image = seen ? pages_.loadImage(picture) : nullptr;
   if (image == nullptr) return;
-  const PageBox box = boxOnPage(DotBox{corner.x, corner.y, opposite.x, opposite.y});
-  pages_.showImage(*image, box.x, box.y, box.width, box.height);
+  pages_.showImage(*image, boxOnPage({corner.x, corner.y, opposite.x, opposite.y}));
 }
 
 }  // namespace qor

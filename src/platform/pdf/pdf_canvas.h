@@ -6,10 +6,11 @@
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
-#include "platform/canvas/box_drawing.h"
 #include "platform/canvas/canvas.h"
 #include "platform/canvas/device_space.h"
+#include "platform/canvas/joined_boxes.h"
 #include "platform/pdf/pdf_glyph_codes.h"
 #include "platform/pdf/pdf_pages.h"
 
@@ -43,14 +44,6 @@ class PdfCanvas : public Canvas {
   void unclipText() override;
 
  private:
-  // A box of the page as PDF counts it: from its lower left corner.
-  struct PageBox {
-    double x = 0;
-    double y = 0;
-    double width = 0;
-    double height = 0;
-  };
-
   // A rounded corner, in dots.
   struct Bend {
     Dots start;
@@ -64,10 +57,9 @@ class PdfCanvas : public Canvas {
 
   static PdfColor pdfColor(Color color);
   PdfContent& content() { return pages_.content(); }
-  Dots onPage(Dots dots) const;
-  Dots placeOf(double x, double y) const { return onPage(space_.dots(x, y)); }
-  Dots twipsPerUnit() const;
-  PageBox boxOnPage(const DotBox& box) const;
+  PdfPoint twips(Dots dots) const;
+  PdfPoint onPage(Dots dots) const;
+  PdfBox boxOnPage(const DotBox& box) const;
 
   bool usePen();
   bool useBrush();
@@ -79,9 +71,9 @@ class PdfCanvas : public Canvas {
   PdfGlyphCodes codes_;
   DeviceSpace space_;
   bool clipped_ = false;
-  std::string piece_;           // of a text, while it is painted
-  std::vector<PdfStep> steps_;  // in it
-  std::vector<DotRect> boxes_;
+  std::string piece_;                                          // of a text, while it is painted
+  std::vector<PdfStep> steps_;                                 // in it
+  JoinedBoxes boxes_;                                          // of the text
   std::map<std::pair<BrushStyle, int>, std::string> hatches_;  // by the side of their tiles
 };
 

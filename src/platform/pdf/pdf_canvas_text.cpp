@@ -28,13 +28,11 @@ constexpr double kMostDrift = 0.75;
 // Stretches are told with few decimals: narrower letters are a matter of directions.
 constexpr double kLeastStretch = 0.1;
 
-// Whether the second rectangle goes on where the first one ends, to the right or downwards.
-bool joins(const DotRect& first, const DotRect& second) {
-  const bool sameRow = first.top == second.top && first.bottom == second.bottom;
-  const bool sameColumn = first.left == second.left && first.right == second.right;
-  return (sameRow && first.left <= second.left && second.left <= first.right) ||
-         (sameColumn && first.top <= second.top && second.top <= first.bottom);
-}
+// A place along the text and below the top of its cells, in logical units.
+struct TextPlace {
+  double along = 0;
+  double below = 0;
+};
 
 }  // namespace
 
@@ -46,39 +44,16 @@ class PdfCanvas::TextPainter {
         piece_(canvas.piece_),
         steps_(canvas.steps_),
         boxes_(canvas.boxes_),
-        unit_(canvas.twipsPerUnit()),
+        unit_(canvas.twips(canvas.space_.dotsPerUnit())),
         cos_(std::cos(run.angle)),
         sin_(std::sin(run.angle)) {
-    const double across = unit_.x / unit_.y;
-    const double wide = run.font.widthScale() * across;
     most_drift_ = kMostDrift * 1000 / (run.font.emSize() * run.font.widthScale() * unit_.x);
     style_.size = run.font.emSize() * unit_.y;
-    if (run.record.Escapement == 0 && wide >= kLeastStretch) {
-      style_.stretch = 100 * wide;
-    } else {
-      turned_ = true;
-      style_.turn = {cos_ * wide, sin_ * run.font.widthScale(), -sin_ * across, cos_};
-    }
+    stretchOrTurn();
   }
 
   void paint() {
-    const auto& glyphs = run_.glyphs;
-    for (std::size_t i = 0; i < glyphs.size(); ++i) {
-      const FontFace& face = *glyphs[i].face;
-      const auto code = canvas_.codes_.codeOf(face, glyphs[i].index, plainCharacter(run_.text[i]));
-      const bool boxed = isBox(run_.text[i]);
-      if (code.face != style_.face || boxed != isHidden()) endPiece(glyphs[i].distance);
-      if (boxed) addBox(i);
-      if (code.face == PdfGlyphCode::kNone) {
-        if (!boxed) showOutline(i);
-        continue;
-      }
-      if (piece_.empty()) beginPiece(face, code.face, glyphs[i].distance);
-      if (boxed) style_.mode = PdfTextMode::hidden;
-      if (std::abs(drift_) > most_drift_) stepOn();
-      piece_ += static_cast<char>(code.code);
-      drift_ += code.drift;
-    }
+    for (std::size_t i = 0; i < run_.glyphs.size(); ++i) addGlyph(i);
     endPiece(run_.length);
     fillBoxes();
   }
@@ -87,26 +62,62 @@ class PdfCanvas::TextPainter {
   void paintStroke(const TextStroke& stroke) {
     const double thickness = std::max(stroke.thickness, 1 / canvas_.space_.dotsPerUnit().y);
     const double top = run_.font.metrics().ascent + stroke.offset - thickness / 2;
-    const Dots start = placeAt(0, top);
-    const Dots opposite = placeAt(run_.length, top + thickness);
+    const PdfPoint start = placeAt({0, top});
+    const PdfPoint opposite = placeAt({run_.length, top + thickness});
     PdfContent& content = canvas_.content();
-    if (run_.record.Escapement == 0) {
-      content.fillRectangle(start.x, opposite.y, opposite.x - start.x, start.y - opposite.y);
+    if (run_.level()) {
+      content.fillRectangle({std::min(start.x, opposite.x), opposite.y,
+                             std::abs(opposite.x - start.x), start.y - opposite.y});
       return;
     }
     content.prepareFill();
-    content.moveTo(start.x, start.y);
-    for (const Dots corner : {placeAt(run_.length, top), opposite, placeAt(0, top + thickness)})
-      content.lineTo(corner.x, corner.y);
+    content.moveTo(start);
+    content.lineTo(placeAt({run_.length, top}));
+    content.lineTo(opposite);
+    content.lineTo(placeAt({0, top + thickness}));
     content.closePath();
     content.paint(PdfPainting::fill);
   }
 
  private:
-  // The place on the page of what is so far along the text and below the top of its cells.
-  Dots placeAt(double along, double below) const {
-    return canvas_.placeOf(run_.x + cos_ * along + sin_ * below,
-                           run_.y - sin_ * along + cos_ * below);
+  void stretchOrTurn() {
+    const double across = unit_.x / unit_.y;
+    const double wide = run_.font.widthScale() * across;
+    turned_ = !run_.level() || wide < kLeastStretch;
+    if (turned_) {
+      style_.turn = {cos_ * wide, sin_ * run_.font.widthScale(), -sin_ * across, cos_};
+    } else {
+      style_.stretch = 100 * wide;
+    }
+  }
+
+  PdfPoint placeAt(TextPlace place) const {
+    const auto [along, below] = place;
+    return canvas_.onPage(canvas_.space_.dots(run_.x + cos_ * along + sin_ * below,
+                                              run_.y - sin_ * along + cos_ * below));
+  }
+
+  void addGlyph(std::size_t place) {
+    const PlacedGlyph& glyph = run_.glyphs[place];
+    const char32_t character = plainCharacter(run_.text[place]);
+    const auto code = canvas_.codes_.codeOf(*glyph.face, glyph.index, character);
+    const bool boxed = isBox(run_.text[place]);
+    if (code.face != style_.face || boxed != isHidden()) endPiece(glyph.distance);
+    if (boxed) addBox(place);
+    if (code.face != PdfGlyphCode::kNone) {
+      addCode(code, glyph, boxed);
+    } else {
+      if (!boxed) showOutline(glyph);
+      showHidden(character, glyph);
+    }
+  }
+
+  void addCode(const PdfGlyphCode& code, const PlacedGlyph& glyph, bool boxed) {
+    if (piece_.empty()) beginPiece(*glyph.face, code.face, glyph.distance);
+    if (boxed) style_.mode = PdfTextMode::hidden;
+    if (std::abs(drift_) > most_drift_) stepOn();
+    piece_ += static_cast<char>(code.code);
+    drift_ += code.drift;
   }
 
   void beginPiece(const FontFace& face, std::size_t number, double distance) {
@@ -131,7 +142,7 @@ class PdfCanvas::TextPainter {
   }
 
   // Where a glyph of the face stands that is so far along the text.
-  Dots penAt(double distance, const FontFace& face) const {
+  TextPlace penAt(double distance, const FontFace& face) const {
     const double shift = face.style().syntheticBold ? run_.font.emSize() * kBoldShift : 0;
     return {distance + shift, run_.font.metrics().ascent - shift};
   }
@@ -144,101 +155,73 @@ class PdfCanvas::TextPainter {
 
   void endPiece(double end) {
     if (piece_.empty()) return;
-    const Dots pen = penAt(start_, canvas_.pages_.faces().face(style_.face));
-    const Dots place = placeAt(pen.x, pen.y);
+    const PdfPoint place = placeAt(penAt(start_, canvas_.pages_.faces().face(style_.face)));
     // Where the reader's pen then stands: what the widths still lack isn't made up.
     const double lacking = drift_ * run_.font.emSize() * run_.font.widthScale() / 1000;
-    canvas_.content().show(place.x, place.y, style_, piece_, (end - start_ - lacking) * unit_.x,
-                           steps_);
+    canvas_.content().show(place, style_, piece_, (end - start_ - lacking) * unit_.x, steps_);
     piece_.clear();
   }
 
   // Frames are drawn as bitmaps draw them, so that they join, with hidden letters to be found.
   // Shades stay letters: their dots let shine through what is below.
   bool isBox(char32_t character) const {
-    return run_.record.Escapement == 0 && isBoxCharacter(character) && !isShade(character);
+    return run_.level() && isBoxCharacter(character) && !isShade(character);
   }
   bool isHidden() const { return style_.mode == PdfTextMode::hidden; }
 
-  // Level lines go on in the next cell, and upright ones through the middle of theirs: only what
-  // the cell before and this one have made can go on.
   void addBox(std::size_t place) {
     const DotRect cell = boxCell(canvas_.space_, run_, place);
-    if (cell.right < 0 || cell.left > canvas_.space_.size().x) return;
-    std::swap(before_, here_);
-    here_.clear();
-    const BoxCharacter box(run_.text[place], cell);
-    for (const DotRect& rect : box.rects()) here_.push_back(join(rect));
-  }
-
-  // The place of the rectangle, or of the one that now holds it.
-  std::size_t join(const DotRect& rect) {
-    for (const auto* known : {&here_, &before_}) {
-      for (const std::size_t number : *known) {
-        DotRect& box = boxes_[number];
-        if (!joins(box, rect)) continue;
-        box.right = std::max(box.right, rect.right);
-        box.bottom = std::max(box.bottom, rect.bottom);
-        return number;
-      }
-    }
-    boxes_.push_back(rect);
-    return boxes_.size() - 1;
+    const bool seen = cell.right >= 0 && cell.left <= canvas_.space_.size().x;
+    if (seen) boxes_.add(run_.text[place], cell);
   }
 
   void fillBoxes() {
-    for (const auto& [left, top, right, bottom, coverage] : boxes_) {
-      const PageBox box =
-          canvas_.boxOnPage(DotBox{double(left), double(top), double(right), double(bottom)});
-      canvas_.content().fillRectangle(box.x, box.y, box.width, box.height);
-    }
+    for (const auto& [left, top, right, bottom, coverage] : boxes_.rects())
+      canvas_.content().fillRectangle(
+          canvas_.boxOnPage({double(left), double(top), double(right), double(bottom)}));
     boxes_.clear();
   }
 
   // What documents can't hold as a letter goes out as its shape, with a hidden letter of another
   // face to be found.
-  void showOutline(std::size_t place) {
-    const PlacedGlyph& glyph = run_.glyphs[place];
+  void showOutline(const PlacedGlyph& glyph) {
     const auto [bold, slanted] = glyph.face->style();
     const double em = run_.font.emSize();
     const double wide = em * run_.font.widthScale();
     const double slant = slanted ? kPdfSlant : 0;
-    const Dots pen = penAt(glyph.distance, *glyph.face);
+    const TextPlace pen = penAt(glyph.distance, *glyph.face);
     PdfContent& content = canvas_.content();
-    content.setStrokeColor(pdfColor(run_.color));
-    content.setLineWidth(style_.size * kPdfBoldStroke);
-    content.setDash({});
+    if (bold) {
+      content.setStrokeColor(pdfColor(run_.color));
+      content.setLineWidth(style_.size * kPdfBoldStroke);
+      content.setDash({});
+    }
     drawGlyphOutline(*glyph.face, glyph.index, bold, content, [&](double x, double y) {
-      const Dots point = placeAt(pen.x + x * wide + y * em * slant, pen.y - y * em);
-      return std::pair(point.x, point.y);
+      return placeAt({pen.along + x * wide + y * em * slant, pen.below - y * em});
     });
-    showHidden(plainCharacter(run_.text[place]), glyph);
   }
 
   void showHidden(char32_t character, const PlacedGlyph& glyph) {
     const auto code = canvas_.codes_.hiddenCodeOf(character);
-    const Dots pen = penAt(glyph.distance, *glyph.face);
-    const Dots place = placeAt(pen.x, pen.y);
     PdfTextStyle style = style_;
     style.face = code.face;
     style.mode = PdfTextMode::hidden;
     style.slanted = false;
     style.spacing = 0;
     const char text = static_cast<char>(code.code);
-    canvas_.content().show(place.x, place.y, style, {&text, 1}, 0);
+    canvas_.content().show(placeAt(penAt(glyph.distance, *glyph.face)), style, {&text, 1},
+                           code.width / 1000 * style.size * style.stretch / 100);
   }
 
   PdfCanvas& canvas_;
   const TextRun& run_;
   std::string& piece_;  // codes
   std::vector<PdfStep>& steps_;
-  std::vector<DotRect>& boxes_;
-  Dots unit_;
+  JoinedBoxes& boxes_;
+  PdfPoint unit_;  // twips
   double cos_;
   double sin_;
   PdfTextStyle style_;
-  std::vector<std::size_t> before_;  // places in boxes_, of the cell before
-  std::vector<std::size_t> here_;
   bool turned_ = false;  // or too narrow to be told by a stretch
   double start_ = 0;     // of the piece, along the text
   double drift_ = 0;     // of its last letter, in thousandths of an em
@@ -255,9 +238,8 @@ void PdfCanvas::paintText(const TextRun& run) {
 }
 
 void PdfCanvas::clipText(const Rect& rect) {
-  const PageBox box = boxOnPage(space_.textClip(rect));
   content().save();
-  content().clip(box.x, box.y, box.width, box.height);
+  content().clip(boxOnPage(space_.textClip(rect)));
 }
 
 void PdfCanvas::unclipText() {

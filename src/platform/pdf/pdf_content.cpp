@@ -1,38 +1,14 @@
-// Operators (ISO 32000-1, annex A).
+// Operators of shapes and states (ISO 32000-1, annex A).
 #include "platform/pdf/pdf_content.h"
 
 #include <array>
 #include <cmath>
-#include <cstdio>
 #include <tuple>
 #include <utility>
 
 #include "platform/pdf/pdf_file.h"
 
 namespace qor {
-namespace {
-
-constexpr PdfTurn kUpright{};
-
-std::int64_t thousandths(double length) {
-  return std::llround(std::fmin(std::fmax(length, -1e9), 1e9) * 1000);
-}
-
-double fromThousandths(std::int64_t value) {
-  return static_cast<double>(value) / 1000;
-}
-
-// A direction needs more digits than a place, and that of narrow letters still more.
-void appendDirections(std::string& bytes, const PdfTurn& turn) {
-  for (const double part : {turn.a, turn.b, turn.c, turn.d}) {
-    char text[40];
-    std::snprintf(text, sizeof text, "%.*f ",
-                  std::abs(part) > 1e-9 && std::abs(part) < 0.1 ? 12 : 6, part);
-    bytes += text;
-  }
-}
-
-}  // namespace
 
 std::string_view PdfContent::bytes() {
   endDecoration();
@@ -57,6 +33,14 @@ void PdfContent::operate(std::initializer_list<double> operands, std::string_vie
     bytes_ += ' ';
   }
   bytes_.append(operation) += '\n';
+}
+
+// A direction needs more digits than a place, and that of narrow letters still more.
+void PdfContent::appendDirections(const PdfTurn& turn) {
+  for (const double part : {turn.a, turn.b, turn.c, turn.d}) {
+    appendNumber(bytes_, part, std::abs(part) > 1e-9 && std::abs(part) < 0.1 ? 12 : 6);
+    bytes_ += ' ';
+  }
 }
 
 void PdfContent::operateColor(const PdfColor& color, std::string_view operation) {
@@ -106,13 +90,13 @@ void PdfContent::restore() {
 
 void PdfContent::transform(double a, double b, double c, double d, double e, double f) {
   endDecoration();
-  appendDirections(bytes_, {a, b, c, d});
+  appendDirections({a, b, c, d});
   operate({e, f}, "cm");
 }
 
-void PdfContent::clip(double x, double y, double width, double height) {
+void PdfContent::clip(const PdfBox& box) {
   endDecoration();
-  operate({x, y, width, height}, "re");
+  operate({box.x, box.y, box.width, box.height}, "re");
   bytes_ += "W n\n";
 }
 
@@ -145,28 +129,28 @@ void PdfContent::prepareFill() {
   useFill();
 }
 
-void PdfContent::moveTo(double x, double y) {
+void PdfContent::moveTo(PdfPoint to) {
   openDecoration();
   useStroke(wanted_.stroke);
-  operate({x, y}, "m");
+  operate({to.x, to.y}, "m");
 }
 
-void PdfContent::lineTo(double x, double y) {
-  operate({x, y}, "l");
+void PdfContent::lineTo(PdfPoint to) {
+  operate({to.x, to.y}, "l");
 }
 
-void PdfContent::curveTo(double x1, double y1, double x2, double y2, double x, double y) {
-  operate({x1, y1, x2, y2, x, y}, "c");
+void PdfContent::curveTo(PdfPoint control1, PdfPoint control2, PdfPoint to) {
+  operate({control1.x, control1.y, control2.x, control2.y, to.x, to.y}, "c");
 }
 
 void PdfContent::closePath() {
   bytes_ += "h\n";
 }
 
-void PdfContent::rectangle(double x, double y, double width, double height) {
+void PdfContent::rectangle(const PdfBox& box) {
   openDecoration();
   useStroke(wanted_.stroke);
-  operate({x, y, width, height}, "re");
+  operate({box.x, box.y, box.width, box.height}, "re");
 }
 
 void PdfContent::paint(PdfPainting painting) {
@@ -174,122 +158,17 @@ void PdfContent::paint(PdfPainting painting) {
   bytes_ += kOperators[static_cast<std::size_t>(painting)];
 }
 
-void PdfContent::fillRectangle(double x, double y, double width, double height) {
+void PdfContent::fillRectangle(const PdfBox& box) {
   if (open_ != Open::rectangles || written_.fill != wanted_.fill) prepareFill();
   open_ = Open::rectangles;
-  operate({x, y, width, height}, "re");
+  operate({box.x, box.y, box.width, box.height}, "re");
 }
 
-void PdfContent::image(const std::string& name, double x, double y, double width, double height) {
+void PdfContent::image(const std::string& name, const PdfBox& box) {
   openDecoration();
   bytes_ += "q\n";
-  operate({width, 0, 0, height, x, y}, "cm");
+  operate({box.width, 0, 0, box.height, box.x, box.y}, "cm");
   bytes_ += "/" + name + " Do\nQ\n";
-}
-
-void PdfContent::openText() {
-  if (open_ == Open::text) return;
-  endDecoration();
-  bytes_ += "BT\n";
-  open_ = Open::text;
-  turn_ = kUpright;
-  line_x_ = line_y_ = pen_x_ = 0;
-}
-
-void PdfContent::markText() {
-  if (!marked_ || (mark_ == Mark::text && !line_ended_)) return;
-  if (mark_ == Mark::text) endMark();
-  bytes_ += "/P<</MCID " + std::to_string(mark_count_++) + ">>BDC\n";
-  mark_ = Mark::text;
-  if (line_ended_) marks_.push_back(0);
-  line_ended_ = false;
-  ++marks_.back();
-}
-
-void PdfContent::useStyle(const PdfTextStyle& style) {
-  useFill();
-  const bool isFirst = !written_.text;
-  const PdfTextStyle before = std::exchange(written_.text, style).value_or(PdfTextStyle());
-  if (isFirst || before.face != style.face || before.size != style.size) {
-    bytes_ += "/F" + std::to_string(style.face) + " ";
-    operate({style.size}, "Tf");
-  }
-  if (before.stretch != style.stretch) operate({style.stretch}, "Tz");
-  if (before.spacing != style.spacing) operate({style.spacing}, "Tc");
-  if (before.mode != style.mode) operate({static_cast<double>(style.mode)}, "Tr");
-  if (style.mode == PdfTextMode::bold)
-    useStroke({wanted_.fill.color, std::abs(style.size) * kPdfBoldStroke, written_.stroke.cap, {}});
-}
-
-bool PdfContent::startText(std::int64_t x, std::int64_t y, const PdfTurn& turn) {
-  if (turn != kUpright || turn_ != kUpright) {
-    appendDirections(bytes_, turn);
-    operate({fromThousandths(x), fromThousandths(y)}, "Tm");
-    turn_ = turn;
-  } else if (x == pen_x_ && y == line_y_) {
-    return false;
-  } else if (x == line_x_ && y < line_y_) {
-    const std::int64_t leading = line_y_ - y;
-    if (written_.leading != leading) operate({fromThousandths(leading)}, "TL");
-    written_.leading = leading;
-    line_y_ = y;
-    return true;
-  } else {
-    operate({fromThousandths(x - line_x_), fromThousandths(y - line_y_)}, "Td");
-  }
-  line_x_ = x;
-  line_y_ = y;
-  return false;
-}
-
-// Most texts hold nothing that has to be told apart from the marks of a string.
-void PdfContent::appendString(std::string_view codes) {
-  bytes_ += '(';
-  std::size_t first = 0;
-  for (std::size_t i = 0; i < codes.size(); ++i) {
-    const char code = codes[i];
-    const bool isMark = code == '(' || code == ')' || code == '\\';
-    if (!isMark && code != '\r' && code != '\n') continue;
-    bytes_.append(codes.substr(first, i - first)) += '\\';
-    bytes_ += isMark ? code : code == '\r' ? 'r' : 'n';
-    first = i + 1;
-  }
-  bytes_.append(codes.substr(first)) += ')';
-}
-
-void PdfContent::appendSteps(std::string_view codes, std::span<const PdfStep> steps) {
-  bytes_ += '[';
-  std::size_t first = 0;
-  for (const PdfStep& step : steps) {
-    appendString(codes.substr(first, step.code - first));
-    appendNumber(bytes_, step.back);
-    first = step.code;
-  }
-  appendString(codes.substr(first));
-  bytes_ += ']';
-}
-
-void PdfContent::show(double x, double y, const PdfTextStyle& style, std::string_view codes,
-                      double length, std::span<const PdfStep> steps) {
-  if (codes.empty()) return;
-  openText();
-  useStyle(style);
-  PdfTurn turn = style.turn;
-  if (style.slanted) {
-    turn.c += kPdfSlant * turn.a;
-    turn.d += kPdfSlant * turn.b;
-  }
-  const bool nextLine = startText(thousandths(x), thousandths(y), turn);
-  markText();
-  if (steps.empty()) {
-    appendString(codes);
-    bytes_ += nextLine ? "'\n" : "Tj\n";
-  } else {
-    if (nextLine) bytes_ += "T*\n";
-    appendSteps(codes, steps);
-    bytes_ += "TJ\n";
-  }
-  pen_x_ = thousandths(x + length);
 }
 
 }  // namespace qor

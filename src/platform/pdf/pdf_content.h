@@ -3,6 +3,7 @@
 // transformed), y upwards from the page's bottom.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <optional>
@@ -13,6 +14,19 @@
 #include <vector>
 
 namespace qor {
+
+struct PdfPoint {
+  double x = 0;
+  double y = 0;
+};
+
+// A box with this lower left corner.
+struct PdfBox {
+  double x = 0;
+  double y = 0;
+  double width = 0;
+  double height = 0;
+};
 
 struct PdfColor {
   double red = 0;  // 0 to 1
@@ -84,26 +98,27 @@ class PdfContent {
   void restore();
   void transform(double a, double b, double c, double d, double e, double f);
   // Cuts all that follows, until restore.
-  void clip(double x, double y, double width, double height);
+  void clip(const PdfBox& box);
 
   // Whoever fills a path tells so before it is begun.
   void prepareFill();
-  void moveTo(double x, double y);
-  void lineTo(double x, double y);
-  void curveTo(double x1, double y1, double x2, double y2, double x, double y);
+  void moveTo(PdfPoint to);
+  void lineTo(PdfPoint to);
+  void curveTo(PdfPoint control1, PdfPoint control2, PdfPoint to);
   void closePath();
-  void rectangle(double x, double y, double width, double height);
+  // Its stroke starts at the box's corner; negative lengths make that another one.
+  void rectangle(const PdfBox& box);
   void paint(PdfPainting painting);
 
   // Fills a rectangle. Neighbours of one colour are filled together.
-  void fillRectangle(double x, double y, double width, double height);
+  void fillRectangle(const PdfBox& box);
 
-  // Paints an image, by the name of its resource, in the box with this lower left corner.
-  void image(const std::string& name, double x, double y, double width, double height);
+  // Paints an image, by the name of its resource, so that it fills the box.
+  void image(const std::string& name, const PdfBox& box);
 
   // Shows codes of the style's face with the baseline starting here; they are `length` long, with
   // the steps, which come in the order of the codes.
-  void show(double x, double y, const PdfTextStyle& style, std::string_view codes, double length,
+  void show(PdfPoint place, const PdfTextStyle& style, std::string_view codes, double length,
             std::span<const PdfStep> steps = {});
 
   // The texts that follow are the next line. The marks of a page count from 0 over all its lines.
@@ -137,6 +152,7 @@ class PdfContent {
   };
 
   void operate(std::initializer_list<double> operands, std::string_view operation);
+  void appendDirections(const PdfTurn& turn);
   void operateColor(const PdfColor& color, std::string_view operation);
   void close();
   void openText();
@@ -149,6 +165,8 @@ class PdfContent {
   void useStyle(const PdfTextStyle& style);
   void appendString(std::string_view codes);
   void appendSteps(std::string_view codes, std::span<const PdfStep> steps);
+  void setTextMatrix(std::int64_t x, std::int64_t y, const PdfTurn& turn);
+  void moveDown(std::int64_t leading);
   // Moves to the start of the text; true where the operator that shows it has to go to a new line.
   bool startText(std::int64_t x, std::int64_t y, const PdfTurn& turn);
 

@@ -55,17 +55,17 @@ void PdfDocument::rotate(double degrees) {
 }
 
 void PdfDocument::moveTo(double x, double y) {
-  content().moveTo(x, y);
+  content().moveTo({x, y});
   path_ = {x, y};
 }
 
 void PdfDocument::lineTo(double x, double y) {
-  content().lineTo(x, y);
+  content().lineTo({x, y});
   path_ = {x, y};
 }
 
 void PdfDocument::rectangle(double x, double y, double width, double height) {
-  content().rectangle(x, y, width, height);
+  content().rectangle({x, y, width, height});
   path_ = {x, y};
 }
 
@@ -83,8 +83,9 @@ void PdfDocument::fitImage(const PdfImage& image, double x, double y, const FitO
     size = {size.width * scale, size.height * scale};
   }
   if (!(size.width > 0) || !(size.height > 0)) return;
-  pages_.showImage(image, x + fit.horizontal * (fit.box.width - size.width),
-                   y + fit.vertical * (fit.box.height - size.height), size.width, size.height);
+  pages_.showImage(image,
+                   {x + fit.horizontal * (fit.box.width - size.width),
+                    y + fit.vertical * (fit.box.height - size.height), size.width, size.height});
 }
 
 }  // namespace qor

@@ -20,11 +20,6 @@ namespace qor {
 
 class PdfFonts;
 
-struct PdfPoint {
-  double x = 0;
-  double y = 0;
-};
-
 class PdfDocument {
  public:
   // Starts a document. The sink must live as long; what it throws comes through everywhere.

@@ -4,7 +4,9 @@
 
 #include <array>
 #include <bitset>
+#include <cstddef>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "platform/pdf/pdf_file.h"
@@ -12,6 +14,7 @@
 namespace qor {
 
 class FontFace;
+struct FontSubset;
 
 class PdfFaces {
  public:
@@ -46,6 +49,15 @@ class PdfFaces {
     std::array<Code, 256> codes{};
   };
 
+  // The ways from codes to glyphs and to characters.
+  struct Maps {
+    PdfId encoding = 0;
+    PdfId unicode = 0;
+  };
+
+  PdfId writeDescendant(PdfFile& file, const FontFace& face, const FontSubset& subset,
+                        const std::string& name) const;
+  Maps writeMaps(PdfFile& file, std::size_t number, const FontSubset& subset) const;
   PdfId writeFace(PdfFile& file, std::size_t number) const;
 
   std::vector<Face> faces_;

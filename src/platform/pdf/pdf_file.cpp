@@ -99,6 +99,23 @@ void appendNumber(std::string& out, double value) {
   }
 }
 
+void appendNumber(std::string& out, double value, int decimals) {
+  if (!(std::abs(value) <= kLargest)) value = std::copysign(kLargest, value);
+  std::array<char, 40> digits;
+  const auto end =
+      std::to_chars(digits.begin(), digits.end(), value, std::chars_format::fixed, decimals).ptr;
+  out.append(digits.begin(), end);
+}
+
+std::string pdfNumbers(std::initializer_list<double> values) {
+  std::string text;
+  for (const double value : values) {
+    if (!text.empty()) text += ' ';
+    appendNumber(text, value);
+  }
+  return text;
+}
+
 PdfFile::PdfFile(ByteSink& sink) : sink_(sink), compressor_(kCompressionLevel), hash_(kHashStart) {
   // The second line tells programs that move files that this one isn't text.
   write("%PDF-1.7\n%\xE2\xE3\xCF\xD3\n");
@@ -182,19 +199,23 @@ std::string PdfFile::tableRows(std::size_t first, std::size_t end) const {
   return rows;
 }
 
+std::string PdfFile::identifier() const {
+  char text[33];
+  std::snprintf(text, sizeof text, "%016llX%016llX", static_cast<unsigned long long>(hash_),
+                static_cast<unsigned long long>(position_));
+  return text;
+}
+
 // The table of long documents has parts, each of which leads to the one before it. They are objects
 // too, and stand in the last one.
 void PdfFile::finish(PdfId catalog, PdfId information) {
   endPack();
-  char identifier[33];
-  std::snprintf(identifier, sizeof identifier, "%016llX%016llX",
-                static_cast<unsigned long long>(hash_), static_cast<unsigned long long>(position_));
   const std::size_t parts = places_.size() / kRowsOfPart + 1;
   const std::size_t size = places_.size() + parts + 1;
   const std::string common = "/Type/XRef/W[1 6 2]/DecodeParms<</Predictor 12/Columns 9>>/Size " +
                              std::to_string(size) + "/Root " + pdfReference(catalog) + "/Info " +
-                             pdfReference(information) + "/ID[<" + identifier + "><" + identifier +
-                             ">]";
+                             pdfReference(information) + "/ID[<" + identifier() + "><" +
+                             identifier() + ">]";
   std::string start;
   for (std::size_t part = 0; part < parts; ++part) {
     const std::size_t first = part * kRowsOfPart;

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <initializer_list>
 #include <span>
 #include <string>
 #include <string_view>
@@ -31,6 +32,12 @@ std::string pdfText(std::string_view utf8);
 
 // A number with up to three decimals, the shortest way; values beyond 10^9 count as 10^9.
 void appendNumber(std::string& out, double value);
+
+// The same with all of so many decimals, for what needs more of them.
+void appendNumber(std::string& out, double value, int decimals);
+
+// "1 2.5 3".
+std::string pdfNumbers(std::initializer_list<double> values);
 
 class PdfFile {
  public:
@@ -76,6 +83,7 @@ class PdfFile {
 
   void place(PdfId id, Place place) { places_[static_cast<std::size_t>(id - 1)] = place; }
   void endPack();
+  std::string identifier() const;  // of the file, as it is so far
   std::string tableRows(std::size_t first, std::size_t end) const;
   void write(std::string_view bytes);
 

@@ -89,15 +89,6 @@ std::string subsetName(const FontFace& face, std::size_t number, std::size_t gly
   return name;
 }
 
-std::string numbers(std::initializer_list<double> values) {
-  std::string text;
-  for (const double value : values) {
-    if (!text.empty()) text += ' ';
-    appendNumber(text, value);
-  }
-  return text;
-}
-
 std::string descriptorOf(const FontFace& face, const std::string& name, bool hasCff, PdfId file) {
   const FT_Face handle = face.handle();
   const double perEm = 1000 / face.measures().unitsPerEm;
@@ -107,13 +98,14 @@ std::string descriptorOf(const FontFace& face, const std::string& name, bool has
                     ((handle->style_flags & FT_STYLE_FLAG_ITALIC) != 0 ? kItalic : 0);
   return "<</Type/FontDescriptor/FontName/" + name + "/Flags " + std::to_string(flags) +
          "/FontBBox[" +
-         numbers({static_cast<double>(handle->bbox.xMin) * perEm,
-                  static_cast<double>(handle->bbox.yMin) * perEm,
-                  static_cast<double>(handle->bbox.xMax) * perEm,
-                  static_cast<double>(handle->bbox.yMax) * perEm}) +
-         "]/ItalicAngle " + numbers({angle}) + "/Ascent " + numbers({handle->ascender * perEm}) +
-         "/Descent " + numbers({handle->descender * perEm}) + "/CapHeight " +
-         numbers({face.measures().capHeight * perEm}) + "/StemV 80/FontFile" +
+         pdfNumbers({static_cast<double>(handle->bbox.xMin) * perEm,
+                     static_cast<double>(handle->bbox.yMin) * perEm,
+                     static_cast<double>(handle->bbox.xMax) * perEm,
+                     static_cast<double>(handle->bbox.yMax) * perEm}) +
+         "]/ItalicAngle " + pdfNumbers({angle}) + "/Ascent " +
+         pdfNumbers({handle->ascender * perEm}) + "/Descent " +
+         pdfNumbers({handle->descender * perEm}) + "/CapHeight " +
+         pdfNumbers({face.measures().capHeight * perEm}) + "/StemV 80/FontFile" +
          (hasCff ? "3 " : "2 ") + pdfReference(file) + ">>";
 }
 
@@ -148,6 +140,38 @@ void useCharacterIds(FT_Face face, FontSubset& subset) {
 
 }  // namespace
 
+// The font without its codes.
+PdfId PdfFaces::writeDescendant(PdfFile& file, const FontFace& face, const FontSubset& subset,
+                                const std::string& name) const {
+  const PdfId program = file.addStream(
+      subset.hasCff ? "/Subtype/CIDFontType0C" : "/Length1 " + std::to_string(subset.bytes.size()),
+      subset.bytes);
+  const PdfId descriptor = file.addObject(descriptorOf(face, name, subset.hasCff, program));
+  return file.addObject(std::string("<</Type/Font/Subtype/CIDFontType") +
+                        (subset.hasCff ? "0" : "2") + "/BaseFont/" + name + "/CIDSystemInfo" +
+                        kSystemInfo + "/FontDescriptor " + pdfReference(descriptor) +
+                        (subset.hasCff ? "" : "/CIDToGIDMap/Identity") + "/W" +
+                        widthsOf(face, subset, whole_widths_) + ">>");
+}
+
+PdfFaces::Maps PdfFaces::writeMaps(PdfFile& file, std::size_t number,
+                                   const FontSubset& subset) const {
+  const Face& face = faces_[number];
+  MapRows codes("cidchar");
+  MapRows characters("bfchar");
+  for (unsigned code = 0; code < face.used.size(); ++code) {
+    if (!face.used.test(code)) continue;
+    codes.add(hex(code, 2) + " " + std::to_string(subset.places.at(face.codes[code].glyph)));
+    characters.add(hex(code, 2) + utf16Hex(face.codes[code].character));
+  }
+  const std::string name = "QOR-" + std::to_string(number);
+  const PdfId encoding =
+      file.addStream("/Type/CMap/CMapName/" + name + "/CIDSystemInfo" + kSystemInfo + "/WMode 0",
+                     characterMap(name, 1, codes.take()));
+  const PdfId unicode = file.addStream("", characterMap(name + "-U", 2, characters.take()));
+  return {encoding, unicode};
+}
+
 PdfId PdfFaces::writeFace(PdfFile& file, std::size_t number) const {
   const Face& face = faces_[number];
   std::set<std::uint32_t> glyphs;
@@ -157,28 +181,8 @@ PdfId PdfFaces::writeFace(PdfFile& file, std::size_t number) const {
   FontSubset subset = subsetFont(face.face->file(), face.face->index(), glyphs);
   useCharacterIds(face.face->handle(), subset);
   const std::string name = subsetName(*face.face, number, glyphs.size());
-  const PdfId program = file.addStream(
-      subset.hasCff ? "/Subtype/CIDFontType0C" : "/Length1 " + std::to_string(subset.bytes.size()),
-      subset.bytes);
-  const PdfId descriptor = file.addObject(descriptorOf(*face.face, name, subset.hasCff, program));
-  const PdfId descendant =
-      file.addObject(std::string("<</Type/Font/Subtype/CIDFontType") + (subset.hasCff ? "0" : "2") +
-                     "/BaseFont/" + name + "/CIDSystemInfo" + kSystemInfo + "/FontDescriptor " +
-                     pdfReference(descriptor) + (subset.hasCff ? "" : "/CIDToGIDMap/Identity") +
-                     "/W" + widthsOf(*face.face, subset, whole_widths_) + ">>");
-
-  MapRows codes("cidchar");
-  MapRows characters("bfchar");
-  for (unsigned code = 0; code < face.used.size(); ++code) {
-    if (!face.used.test(code)) continue;
-    codes.add(hex(code, 2) + " " + std::to_string(subset.places.at(face.codes[code].glyph)));
-    characters.add(hex(code, 2) + utf16Hex(face.codes[code].character));
-  }
-  const std::string mapName = "QOR-" + std::to_string(number);
-  const PdfId encoding =
-      file.addStream("/Type/CMap/CMapName/" + mapName + "/CIDSystemInfo" + kSystemInfo + "/WMode 0",
-                     characterMap(mapName, 1, codes.take()));
-  const PdfId unicode = file.addStream("", characterMap(mapName + "-U", 2, characters.take()));
+  const PdfId descendant = writeDescendant(file, *face.face, subset, name);
+  const auto [encoding, unicode] = writeMaps(file, number, subset);
   return file.addObject("<</Type/Font/Subtype/Type0/BaseFont/" + name + "/Encoding " +
                         pdfReference(encoding) + "/DescendantFonts[" + pdfReference(descendant) +
                         "]/ToUnicode " + pdfReference(unicode) + ">>");

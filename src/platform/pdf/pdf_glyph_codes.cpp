@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "platform/fonts/font_face.h"
 #include "platform/pdf/embeddable_face.h"
 
 namespace qor {
@@ -15,8 +16,7 @@ std::uint64_t keyOf(std::uint32_t glyph, char32_t character) {
   return std::uint64_t{glyph} << 32 | character;
 }
 
-double lackOf(const FontFace& face, std::uint32_t glyph) {
-  const double width = widthOf(face, glyph);
+double lackOf(double width) {
   return width - std::round(width);
 }
 
@@ -26,9 +26,10 @@ PdfGlyphCodes::KnownFace& PdfGlyphCodes::known(const FontFace& face) {
   if (last_face_ == &face) return *last_;
   const auto [place, isNew] = known_.try_emplace(&face);
   if (isNew) {
+    place->second.face = &face;
     place->second.embeds = canBeEmbedded(face);
     if (FT_IS_FIXED_WIDTH(face.handle()))
-      place->second.spacing = lackOf(face, face.glyphIndex(U' '));
+      place->second.spacing = lackOf(widthOf(face, face.glyphIndex(U' ')));
   }
   last_face_ = &face;
   last_ = &place->second;
@@ -36,10 +37,9 @@ PdfGlyphCodes::KnownFace& PdfGlyphCodes::known(const FontFace& face) {
 }
 
 // ASCII has its own codes where they are free, so that the operators of pages can be read.
-PdfGlyphCode PdfGlyphCodes::add(KnownFace& known, const FontFace& face, std::uint32_t glyph,
-                                char32_t character) {
+PdfGlyphCode PdfGlyphCodes::add(KnownFace& known, std::uint32_t glyph, char32_t character) {
   if (known.free == 0) {
-    known.number = faces_.add(face);
+    known.number = faces_.add(*known.face);
     known.free = kCodes;
   }
   unsigned char code =
@@ -47,13 +47,15 @@ PdfGlyphCode PdfGlyphCodes::add(KnownFace& known, const FontFace& face, std::uin
   while (code == 0 || faces_.isDefined(known.number, code)) ++code;
   faces_.define(known.number, code, glyph, character);
   --known.free;
-  return {known.number, code, lackOf(face, glyph) - known.spacing};
+  const double width = widthOf(*known.face, glyph);
+  return {known.number, code, lackOf(width) - known.spacing, std::round(width)};
 }
 
 PdfGlyphCode PdfGlyphCodes::hiddenCodeOf(char32_t character) {
   const auto face = embeddableFace({"Courier New"});
   const std::uint32_t glyph = face->glyphIndex(U'?');
-  return codeIn(known(*face).others[keyOf(glyph, character)], *face, glyph, character);
+  KnownFace& kept = known(*face);
+  return codeIn(kept.others[keyOf(glyph, character)], kept, glyph, character);
 }
 
 PdfGlyphCode PdfGlyphCodes::findCode(const FontFace& face, std::uint32_t glyph,
@@ -61,13 +63,13 @@ PdfGlyphCode PdfGlyphCodes::findCode(const FontFace& face, std::uint32_t glyph,
   KnownFace& kept = known(face);
   if (glyph == 0 || !kept.embeds) return {};
   return codeIn(character < kAscii ? kept.ascii[character] : kept.others[keyOf(glyph, character)],
-                face, glyph, character);
+                kept, glyph, character);
 }
 
 // The code that is kept, or now is.
-PdfGlyphCode PdfGlyphCodes::codeIn(PdfGlyphCode& kept, const FontFace& face, std::uint32_t glyph,
-                                   char32_t character) {
-  if (kept.face == PdfGlyphCode::kNone) kept = add(known(face), face, glyph, character);
+const PdfGlyphCode& PdfGlyphCodes::codeIn(PdfGlyphCode& kept, KnownFace& known, std::uint32_t glyph,
+                                          char32_t character) {
+  if (kept.face == PdfGlyphCode::kNone) kept = add(known, glyph, character);
   return kept;
 }
 

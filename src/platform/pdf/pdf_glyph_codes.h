@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <unordered_map>
 
@@ -16,6 +17,7 @@ struct PdfGlyphCode {
   std::size_t face = kNone;  // of PdfFaces
   unsigned char code = 0;
   double drift = 0;  // how much wider it is than the document tells and the face's spacing makes up
+  double width = 0;  // as the document tells it
 };
 
 class PdfGlyphCodes {
@@ -43,6 +45,7 @@ class PdfGlyphCodes {
   static constexpr std::size_t kAscii = 128;
 
   struct KnownFace {
+    const FontFace* face = nullptr;
     bool embeds = false;
     double spacing = 0;
     std::size_t number = 0;  // where codes are still free
@@ -52,10 +55,10 @@ class PdfGlyphCodes {
   };
 
   PdfGlyphCode findCode(const FontFace& face, std::uint32_t glyph, char32_t character);
-  PdfGlyphCode codeIn(PdfGlyphCode& kept, const FontFace& face, std::uint32_t glyph,
-                      char32_t character);
   KnownFace& known(const FontFace& face);
-  PdfGlyphCode add(KnownFace& known, const FontFace& face, std::uint32_t glyph, char32_t character);
+  const PdfGlyphCode& codeIn(PdfGlyphCode& kept, KnownFace& known, std::uint32_t glyph,
+                             char32_t character);
+  PdfGlyphCode add(KnownFace& known, std::uint32_t glyph, char32_t character);
 
   PdfFaces& faces_;
   std::unordered_map<const FontFace*, KnownFace> known_;

@@ -118,44 +118,55 @@ std::string adaptationTag() {
   return tag;
 }
 
-// sRGB as a display profile of version 4 (ICC.1): primaries adapted to D50.
-std::string colorProfile() {
-  struct Tag {
-    std::string name;
-    std::string data;
-  };
-  const std::array<Tag, 10> tags = {{{"desc", textTag("sRGB")},
-                                     {"cprt", textTag("No copyright, use freely")},
-                                     {"chad", adaptationTag()},
-                                     {"wtpt", colorTag({0.9642, 1, 0.8249})},
-                                     {"rXYZ", colorTag({0.4360, 0.2225, 0.0139})},
-                                     {"gXYZ", colorTag({0.3851, 0.7169, 0.0971})},
-                                     {"bXYZ", colorTag({0.1431, 0.0606, 0.7139})},
-                                     {"rTRC", curveTag()},
-                                     {"gTRC", curveTag()},
-                                     {"bTRC", curveTag()}}};
-  std::string table;
-  std::string data;
-  putNumber(table, tags.size());
-  constexpr std::size_t kHeader = 128;
-  const std::size_t start = kHeader + 4 + tags.size() * 12;
-  for (const Tag& tag : tags) {
-    table += tag.name;
-    putNumber(table, static_cast<std::uint32_t>(start + data.size()));
-    putNumber(table, static_cast<std::uint32_t>(tag.data.size()));
-    data += tag.data;
-  }
+constexpr std::size_t kProfileHeader = 128;
+constexpr std::array<double, 3> kWhite = {0.9642, 1, 0.8249};  // D50
+
+std::string profileHeader(std::size_t size) {
   std::string header;
-  putNumber(header, static_cast<std::uint32_t>(start + data.size()));
+  putNumber(header, static_cast<std::uint32_t>(size));
   putNumber(header, 0);
   putNumber(header, 0x04200000);
   header += "mntrRGB XYZ ";
   for (const std::uint32_t part : {2024U, 1U, 1U, 0U, 0U, 0U}) putNumber(header, part, 2);
   header += "acsp";
   header.resize(68);
-  for (const double part : {0.9642, 1.0, 0.8249}) putReal(header, part);
-  header.resize(kHeader);
-  return header + table + data;
+  for (const double part : kWhite) putReal(header, part);
+  header.resize(kProfileHeader);
+  return header;
+}
+
+struct ProfileTag {
+  std::string name;
+  std::string data;
+};
+
+// sRGB as a display profile of version 4 (ICC.1): primaries adapted to D50.
+std::array<ProfileTag, 10> profileTags() {
+  return {{{"desc", textTag("sRGB")},
+           {"cprt", textTag("No copyright, use freely")},
+           {"chad", adaptationTag()},
+           {"wtpt", colorTag(kWhite)},
+           {"rXYZ", colorTag({0.4360, 0.2225, 0.0139})},
+           {"gXYZ", colorTag({0.3851, 0.7169, 0.0971})},
+           {"bXYZ", colorTag({0.1431, 0.0606, 0.7139})},
+           {"rTRC", curveTag()},
+           {"gTRC", curveTag()},
+           {"bTRC", curveTag()}}};
+}
+
+std::string colorProfile() {
+  const auto tags = profileTags();
+  std::string table;
+  std::string data;
+  putNumber(table, tags.size());
+  const std::size_t start = kProfileHeader + 4 + tags.size() * 12;
+  for (const ProfileTag& tag : tags) {
+    table += tag.name;
+    putNumber(table, static_cast<std::uint32_t>(start + data.size()));
+    putNumber(table, static_cast<std::uint32_t>(tag.data.size()));
+    data += tag.data;
+  }
+  return profileHeader(start + data.size()) + table + data;
 }
 
 }  // namespace

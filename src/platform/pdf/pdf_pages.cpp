@@ -9,14 +9,6 @@ namespace {
 
 constexpr std::size_t kPagesOfNode = 64;
 
-std::string rectangleText(double width, double height) {
-  std::string text = "[0 0 ";
-  appendNumber(text, width);
-  text += ' ';
-  appendNumber(text, height);
-  return text + "]";
-}
-
 }  // namespace
 
 PdfPages::PdfPages(ByteSink& sink, PdfInformation information)
@@ -79,8 +71,8 @@ bool PdfPages::fitsArchives() const {
 void PdfPages::finish() {
   information_.archived = fitsArchives();
   if (!pages_.empty()) closeNode();
-  file_.writeObject(page_tree_, "<</Type/Pages/MediaBox" + rectangleText(width_, height_) +
-                                    "/Count " + std::to_string(page_count_) + "/Kids" +
+  file_.writeObject(page_tree_, "<</Type/Pages/MediaBox[" + pdfNumbers({0, 0, width_, height_}) +
+                                    "]/Count " + std::to_string(page_count_) + "/Kids" +
                                     pdfList(nodes_) + ">>");
   faces_.write(file_, font_dictionary_);
   if (pattern_dictionary_ != 0) {
@@ -97,10 +89,10 @@ void PdfPages::finish() {
   file_.finish(catalog, writeInformation(file_, information_));
 }
 
-void PdfPages::showImage(const PdfImage& image, double x, double y, double width, double height) {
+void PdfPages::showImage(const PdfImage& image, const PdfBox& box) {
   const auto [name, isNew] =
       images_of_page_.try_emplace(image.object, "I" + std::to_string(image.object));
-  content_.image(name->second, x, y, width, height);
+  content_.image(name->second, box);
 }
 
 std::string PdfPages::addPattern(std::string_view entries, std::string_view operators) {

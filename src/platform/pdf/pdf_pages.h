@@ -2,6 +2,7 @@
 // page leaves when it is ended; of all that was written only the places in the file are kept.
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <string>
@@ -43,8 +44,7 @@ class PdfPages {
   // The document's image of a picture, or null where its file has gone. Valid as long as the
   // document.
   const PdfImage* loadImage(const StoredPicture& picture) { return images_.add(picture); }
-  // Puts it into the box with this lower left corner.
-  void showImage(const PdfImage& image, double x, double y, double width, double height);
+  void showImage(const PdfImage& image, const PdfBox& box);
 
   // Adds a pattern without colours, which `entries` describe and `operators` draw; its name.
   std::string addPattern(std::string_view entries, std::string_view operators);

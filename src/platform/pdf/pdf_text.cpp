@@ -66,7 +66,7 @@ PdfPoint PdfDocument::showAt(PdfPoint place, std::string_view text) {
     const Piece piece = takePiece(text);
     const FaceStyle style = fonts_->styleOf(piece.face);
     content().show(
-        place.x, place.y,
+        place,
         {piece.face, state_.size, style.syntheticBold ? PdfTextMode::bold : PdfTextMode::plain,
          style.syntheticSlant},
         piece.codes, piece.length);

@@ -27,8 +27,8 @@ MediaSize sheetSize(const Printer& printer, const DeviceMode& mode) {
   return size;
 }
 
-// A job that becomes a file is read, and a printer's isn't.
-PdfInformation informationOf(PdfInformation information, const PrintJob& job) {
+// Tags are for those who read a file; a printer has no use of them.
+PdfInformation forReaderOf(PdfInformation information, const PrintJob& job) {
   if (job.file().empty()) information.tagged = false;
   return information;
 }
@@ -44,7 +44,7 @@ struct PrintContext::Document {
   Document(std::unique_ptr<PrintJob> opened, const DocumentInfo& info, MediaSize sheet,
            const DeviceCaps& caps)
       : job(std::move(opened)),
-        pages(*job, informationOf(info.document, *job)),
+        pages(*job, forReaderOf(info.document, *job)),
         canvas(pages, {caps.PhysicalWidth, caps.PhysicalHeight},
                {caps.LogPixelsX, caps.LogPixelsY}) {
     pages.setPageSize(sheet.width * kPointsPerHundredth, sheet.length * kPointsPerHundredth);

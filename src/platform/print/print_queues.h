@@ -37,9 +37,12 @@ struct Media {
   bool operator==(const Media&) const = default;
 };
 
+// Where nobody tells another one; that of the printer that makes PDF files.
+inline constexpr int kUsualDpi = 600;
+
 struct Dpi {
-  int x = 600;
-  int y = 600;
+  int x = kUsualDpi;
+  int y = kUsualDpi;
 
   bool operator==(const Dpi&) const = default;
 };

@@ -1,29 +1,27 @@
 // Exports of reports as PDF documents, by the program.
 #pragma once
 
-#include <filesystem>
-
-#include <gtest/gtest.h>
-
-#include "support/program.h"
+#include "support/exporting.h"
 
 namespace qor::test {
 
-class PdfExport : public testing::Test {
+class PdfExport : public Exporting {
  protected:
+  // As "r.pdf", at a time of its own.
   Outcome exportReport(const std::string& report, const std::string& codePage = "1254",
                        unsigned long limit = 0) {
-    directory_.write("r.txt", report);
-    return runViewer({"-f", "r.txt", "-codepage", codePage, "-caption", "T", "-export", "r.pdf"},
-                     {directory_.path(), {{"SOURCE_DATE_EPOCH", "86400"}}, limit});
+    return exportTo("r.pdf", report, {"-codepage", codePage, "-caption", "T"},
+                    {{}, {{"SOURCE_DATE_EPOCH", "86400"}}, limit});
   }
 
-  // The operators of all pages, each page between "page" lines, as qpdf unpacks them.
+  std::string unpacked(const std::string& name = "r.pdf") const {
+    return unpackedPdf(place_.path(name));
+  }
+
+  // The operators of all pages, each page between "page" lines.
   std::string operators(const std::string& report, const std::string& codePage = "1254") {
     EXPECT_EQ(exportReport(report, codePage).exitCode, 0);
-    run({"qpdf", "--qdf", "--object-streams=disable", directory_.path("r.pdf"),
-         directory_.path("q.pdf")});
-    const std::string file = directory_.read("q.pdf");
+    const std::string file = unpacked();
     std::string pages;
     for (auto page = file.find("%% Contents for page"); page != std::string::npos;
          page = file.find("%% Contents for page", page + 1)) {
@@ -41,10 +39,8 @@ class PdfExport : public testing::Test {
                                  program.path(name));
     return run({program.path("qorutlview"), "-f", "r.txt", "-codepage", "1254", option, "-export",
                 "r.pdf"},
-               {directory_.path(), {}, 0});
+               in(place_));
   }
-
-  TemporaryDirectory directory_;
 };
 
 }  // namespace qor::test

@@ -88,10 +88,9 @@ TEST_F(WordExport, typesLinesInTheirStyles) {
     expected.push_back(told);
   }
   lines.resize(lines.size() - 2);  // the page ends with the last line
-  place_.write("s.vset",
-               "<Set SetName=\"S\">\r\n<Page>\r\n<BaseCodePage = \"866\"/>\r\n<PaperSize = "
-               "\"11\"/>\r\n<Orientation = \"2\"/>\r\n<Page/>\r\n<Font>\r\n<Name = "
-               "\"Arial\"/>\r\n<Height = \"9.3\"/>\r\n<Font/>\r\n<Set/>\r\n");
+  place_.write("s.vset", setWith("S",
+                                 "Page BaseCodePage=866|Page PaperSize=11|Page Orientation=2|"
+                                 "Font Name=Arial|Font Height=9.3"));
   expectTold(exportTo("r.rtf", lines + report, {"-i", "s.vset#S"}), "");
   for (const char* line : {"---{Arial 9.5}second", "", "---q", "---b", "---s", "end", "---", "---",
                            "under", "---thirdone\\ntwo ", "pages 8"})

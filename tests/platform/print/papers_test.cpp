@@ -1,11 +1,7 @@
 // Papers: numbers, names and sizes.
-#include <algorithm>
-
-#include <gtest/gtest.h>
-
 #include "platform/print/paper_table.h"
 #include "platform/print/printer.h"
-#include "support/rows.h"
+#include "support/test.h"
 
 namespace qor::test {
 namespace {

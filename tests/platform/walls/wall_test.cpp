@@ -19,7 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 using Texts = std::vector<std::string>;
 
-constexpr const char* kPdfPrinter = "Microsoft Print to PDF";
 const std::string kExport = "-f in/r.txt -export out/o.pdf";
 const std::string kPrint = "-g -f in/r.txt";
 
@@ -69,13 +68,15 @@ std::string anySocket(int family, int kind, int protocol = 0) {
 }
 
 // A report, places of a run, and files that are none of its business.
-void fill(const TemporaryDirectory& place) {
-  for (const char* name : {"in/r.txt", "in/a", "in/b", "out/old.pdf", "led/to.pdf", "home/.profile",
-                           "else/r.txt", "else/a"})
-    place.write(name, "A");
-  fs::create_symlink("../led/to.pdf", place.path("out/link.pdf"));
-  for (const char* name : {"in/a", "else/a"}) fs::permissions(place.path(name), fs::perms(0644));
-}
+struct FilledPlace : TemporaryDirectory {
+  FilledPlace() {
+    for (const char* name : {"in/r.txt", "in/a", "in/b", "out/old.pdf", "led/to.pdf",
+                             "home/.profile", "else/r.txt", "else/a"})
+      write(name, "A");
+    fs::create_symlink("../led/to.pdf", path("out/link.pdf"));
+    for (const char* name : {"in/a", "else/a"}) fs::permissions(path(name), fs::perms(0644));
+  }
+};
 
 // Calls that have one answer behind the wall of a run with these arguments, and one without it.
 struct CallRow {
@@ -91,8 +92,7 @@ void expectAnswers(const std::vector<CallRow>& rows,
     for (const std::string& each : calls) {
       SCOPED_TRACE(arguments + ": " + each);
       for (const auto& [how, answer] : {std::pair{"walled", walled}, {"bare", bare}}) {
-        const TemporaryDirectory place;
-        fill(place);
+        const FilledPlace place;
         EXPECT_EQ(answers(how, {each}, arguments, {place.path(), environment, 0}),
                   std::vector{answer});
       }
@@ -187,8 +187,7 @@ TEST(Wall, startsNoProgramAndReachesNoProcess) {
       {call(SYS_ioctl, {"1", number(TIOCSTI), "@x"}), ENOSYS},
       {call(SYS_fcntl, {"1", number(F_SETOWN), "0"}), ENOSYS},
       {call(SYS_prctl, {number(PR_SET_DUMPABLE), "9"}), ENOSYS}};
-  const TemporaryDirectory place;
-  fill(place);
+  const FilledPlace place;
   Texts calls;
   for (const auto& [each, answer] : rows) calls.push_back(each);
   const auto bare = answers("bare", calls, kExport, in(place));
@@ -208,8 +207,7 @@ TEST(Wall, startsNoProgramAndReachesNoProcess) {
 }
 
 TEST(Wall, keepsThreads) {
-  const TemporaryDirectory place;
-  fill(place);
+  const FilledPlace place;
   const int noProcess = QOR_SANITIZED ? 0 : ENOSYS;
   EXPECT_EQ(answers("walled", {"fork", "thread"}, kExport, in(place)),
             (std::vector<int>{noProcess, 0}));
@@ -227,8 +225,7 @@ TEST(Wall, keepsThreads) {
 
 // What a parent has left open.
 TEST(Wall, keepsNoDescriptorOfItsParent) {
-  const TemporaryDirectory place;
-  fill(place);
+  const FilledPlace place;
   const std::string write = call(SYS_write, {"9", "@x", "1"});
   for (const auto& [how, answer] : {std::pair{"walled", EBADF}, {"bare", 0}}) {
     const Outcome outcome = run({"sh", "-c", "exec \"$@\" 9>>else/a", "sh", QOR_WALL_PROBE, how,
@@ -262,8 +259,7 @@ TEST(Wall, opensTheWayToTheSchedulerOnly) {
       {"printers.example", kPrint, "+++++---"}};
   for (const auto& [server, arguments, there] : rows) {
     SCOPED_TRACE(server + (" " + arguments));
-    const TemporaryDirectory place;
-    fill(place);
+    const FilledPlace place;
     const Surroundings around = {place.path(), {{"CUPS_SERVER", server}}, 0};
     const auto walled = answers("walled", calls, arguments, around);
     std::string found;
@@ -277,8 +273,7 @@ TEST(Wall, opensTheWayToTheSchedulerOnly) {
 TEST(Wall, opensTheSchedulersPortOnly) {
   const Port scheduler;
   const Port other;
-  const TemporaryDirectory place;
-  fill(place);
+  const FilledPlace place;
   const Surroundings around = {
       place.path(), {{"CUPS_SERVER", "127.0.0.1:" + scheduler.number()}}, 0};
   const Texts calls = {"connect," + scheduler.number(), "connect," + other.number(),
@@ -313,8 +308,7 @@ TEST(Wall, narrowsWhatIsReadWhereTheEnvironmentSaysSo) {
                           {byLink, EACCES, {read("led/other")}},
                           {kPrint, 0, {read("/etc/passwd")}},
                           {kPrint, EACCES, {read("else/a")}}};
-  const TemporaryDirectory place;
-  fill(place);
+  const FilledPlace place;
   for (const char* name : {"pictures/p.png", "more/below/p.png", "moreover/p.png", "cp1253.ini",
                            "cpx.ini", "cp1253.ini.bak", "QorUtlView.vset", "led/other"})
     place.write(name, "A");

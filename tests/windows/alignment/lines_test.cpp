@@ -209,24 +209,20 @@ TEST_F(AlignmentLinesInWindow, walkOverPages) {
 template <class Steps>
 std::string inProperties(Window& window, Steps steps) {
   std::string boxes;
-  QTimer timer;
-  QObject::connect(&timer, &QTimer::timeout, [&boxes] {
-    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-      boxes += box->text().toStdString() + "|";
-      box->button(QMessageBox::Ok)->click();
-    } else if (auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget())) {
-      dialog->setCurrentColor(QColor(1, 2, 3));
-      dialog->accept();
-    }
+  const WhileOpen<QMessageBox> closing([&boxes](QMessageBox& box) {
+    boxes += box.text().toStdString() + "|";
+    box.button(QMessageBox::Ok)->click();
   });
-  timer.start(5);
+  const WhileOpen<QColorDialog> choosing([](QColorDialog& dialog) {
+    dialog.setCurrentColor(QColor(1, 2, 3));
+    dialog.accept();
+  });
   inForm<TfrmRowSets>(window, "mnuProperties", steps);
   return boxes;
 }
 
 void type(TfrmRowSets& form, const char* edit, const char* text) {
-  form.findChild<QLineEdit*>(edit)->selectAll();
-  QTest::keyClicks(form.findChild<QLineEdit*>(edit), text);
+  typeInto(*form.findChild<QLineEdit*>(edit), text);
 }
 
 TEST_F(AlignmentLinesInWindow, takeTheSameProperties) {

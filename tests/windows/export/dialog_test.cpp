@@ -59,25 +59,21 @@ TEST(ExportDialog, staysOpenUntilTheTargetIsOne) {
 // dialog is left, and what it offered given.
 std::string choose(DrivenDialog& dialog, const std::string& name) {
   std::string asked;
-  QTimer timer;
   bool typed = false;
-  QObject::connect(&timer, &QTimer::timeout, [&] {
-    QWidget* modal = QApplication::activeModalWidget();
-    if (auto* box = qobject_cast<QMessageBox*>(modal)) {
-      asked += "?";
-      box->button(QMessageBox::Yes)->click();
-    } else if (auto* save = qobject_cast<QFileDialog*>(modal); save != nullptr && !typed) {
-      typed = true;
-      // It lists its directory by and by; and the timer must be free to answer a question.
-      QTimer::singleShot(50, save, [save, &name, &asked] {
-        auto* edit = save->findChild<QLineEdit*>("fileNameEdit");
-        if (name.empty()) asked = (edit->text() + " of " + save->nameFilters()[0]).toStdString();
-        edit->setText(QString::fromStdString(name));
-        QTest::keyClick(edit, name.empty() ? Qt::Key_Escape : Qt::Key_Return);
-      });
-    }
+  const WhileOpen<QMessageBox> giving([&asked](QMessageBox& box) {
+    asked += "?";
+    box.button(QMessageBox::Yes)->click();
   });
-  timer.start(5);
+  const WhileOpen<QFileDialog> typing([&](QFileDialog& save) {
+    if (std::exchange(typed, true)) return;
+    // It lists its directory by and by.
+    QTimer::singleShot(50, &save, [&] {
+      auto* edit = save.findChild<QLineEdit*>("fileNameEdit");
+      if (name.empty()) asked = (edit->text() + " of " + save.nameFilters()[0]).toStdString();
+      edit->setText(QString::fromStdString(name));
+      QTest::keyClick(edit, name.empty() ? Qt::Key_Escape : Qt::Key_Return);
+    });
+  });
   dialog.click("cmdFileSafeAs");
   return asked;
 }
@@ -173,17 +169,14 @@ TEST(ExportDialog, canBeCancelled) {
     SCOPED_TRACE(click);
     const std::string target = place.write(old, "old");
     int waited = 0;
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, [&] {
-      auto* progress = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
-      if (progress == nullptr || waited++ > 0) return;
-      EXPECT_EQ(progress->windowTitle().toStdString(), place.path(name));
+    const WhileOpen<QProgressDialog> stopping([&](QProgressDialog& progress) {
+      if (waited++ > 0) return;
+      EXPECT_EQ(progress.windowTitle().toStdString(), place.path(name));
       EXPECT_NE(window.status().find("Please Wait. "), std::string::npos) << window.status();
       EXPECT_EQ(window.status().find(".bmp"), std::string::npos) << "the file that is made";
       EXPECT_EQ(status.palette().color(QPalette::WindowText), QColor(0, 0, 255));
-      QTest::keyClick(progress, Qt::Key_Escape);
+      QTest::keyClick(&progress, Qt::Key_Escape);
     });
-    timer.start(10);
     DrivenDialog::in(window, [&](DrivenDialog& dialog) {
       dialog.goTo(tab);
       if (*click != '\0' && !dialog.isTicked(click)) dialog.click(click);

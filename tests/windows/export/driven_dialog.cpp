@@ -28,29 +28,20 @@ void DrivenDialog::click(const char* name) {
 }
 
 void DrivenDialog::type(const std::string& name) {
-  auto& edit = control<QLineEdit>("txtFileName");
-  edit.setFocus();
-  edit.selectAll();
-  QTest::keyClick(&edit, Qt::Key_Delete);
-  QTest::keyClicks(&edit, QString::fromStdString(name));
+  typeInto(control<QLineEdit>("txtFileName"), name);
 }
 
 std::string DrivenDialog::run(QMessageBox::StandardButton answer) {
   std::string texts;
-  QTimer boxes;
-  QObject::connect(&boxes, &QTimer::timeout, [&] {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (box == nullptr) return;
-    texts += box->text().toStdString() + "|";
-    const bool asks = box->button(QMessageBox::Yes) != nullptr;
-    EXPECT_EQ(box->textFormat(), Qt::PlainText);
+  const WhileOpen<QMessageBox> boxes([&](QMessageBox& box) {
+    texts += box.text().toStdString() + "|";
+    const bool asks = box.button(QMessageBox::Yes) != nullptr;
+    EXPECT_EQ(box.textFormat(), Qt::PlainText);
     if (asks) {
-      EXPECT_EQ(box->button(QMessageBox::Yes)->text() + box->defaultButton()->text(),
-                "ReplaceKeep");
+      EXPECT_EQ(box.button(QMessageBox::Yes)->text() + box.defaultButton()->text(), "ReplaceKeep");
     }
-    box->button(asks ? answer : QMessageBox::Ok)->click();
+    box.button(asks ? answer : QMessageBox::Ok)->click();
   });
-  boxes.start(5);
   click("cmdOk");
   return texts;
 }

@@ -102,10 +102,7 @@ void Dialog::use(const std::string& steps) {
       QTest::keyClick(box, Qt::Key_Home);
       while (box->currentText() != text) QTest::keyClick(box, Qt::Key_Down);
     } else if (auto* edit = qobject_cast<QLineEdit*>(&widget)) {
-      edit->setFocus();
-      edit->selectAll();
-      QTest::keyClick(edit, Qt::Key_Delete);
-      QTest::keyClicks(edit, text);
+      typeInto(*edit, value);
     } else {  // a check box or a radio button on its mark
       QTest::mouseClick(&widget, Qt::LeftButton, {}, {10, widget.height() / 2});
     }

@@ -45,7 +45,7 @@ TEST(SettingsPrint, sendsTheChosenPagesAndSaysWhere) {
   window.press("PgDown", 2);
   for (const auto& [steps, pages, told] : rows) {
     Dialog::in(window, [&, steps = steps](Dialog& dialog) {
-      if (AppOptions.PrinterName.empty()) dialog.choosePrinter("Microsoft Print to PDF");
+      if (AppOptions.PrinterName.empty()) dialog.choosePrinter(kPdfFilePrinter);
       dialog.use(steps + "|cmdPrint");
     });
     EXPECT_EQ(takePages(window), pages);
@@ -106,21 +106,18 @@ TEST(SettingsPrint, canBeCancelled) {
   window.form().TimerDynamicBlincTimer();
   window.directory().write("report(print).pdf", "old");
   bool cancelled = false;
-  QTimer timer;
-  QObject::connect(&timer, &QTimer::timeout, [&] {
-    auto* progress = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
-    if (progress == nullptr || std::exchange(cancelled, true)) return;
+  const WhileOpen<QProgressDialog> cancelling([&](QProgressDialog& progress) {
+    if (std::exchange(cancelled, true)) return;
     std::ofstream(Window::path(), std::ios::app) << "More\r\n\f";
     const int pages = window.doc().PageCount;
     window.form().TimerDynamicBlincTimer();
     window.form().ShowPage();
     EXPECT_EQ(window.doc().PageCount, pages);
-    EXPECT_EQ(progress->windowTitle(), "Printing");
+    EXPECT_EQ(progress.windowTitle(), "Printing");
     window.form().close();
     EXPECT_TRUE(window.form().isVisible());
-    QTest::keyClick(progress, Qt::Key_Escape);
+    QTest::keyClick(&progress, Qt::Key_Escape);
   });
-  timer.start(10);
   Dialog::in(window, [](Dialog& dialog) { dialog.use("cmdPrint"); });
   EXPECT_TRUE(cancelled);
   EXPECT_FALSE(window.form().isVisible()) << "as it was asked while pages were printed";

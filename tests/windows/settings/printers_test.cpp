@@ -36,7 +36,7 @@ TEST(SettingsPrinters, thatAreSilentHoldUpNobody) {
     dialog.choosePrinter("far");
     EXPECT_EQ(listed(dialog), "far||4|2|min = 62 m|ready");
     // Nodes tell once they are opened.
-    QTreeWidgetItem* pdf = nodeOf(dialog, "Microsoft Print to PDF");
+    QTreeWidgetItem* pdf = nodeOf(dialog, kPdfFilePrinter);
     EXPECT_EQ(pdf->childCount(), 0);
     pdf->setExpanded(true);
     EXPECT_TRUE(QTest::qWaitFor([&] { return pdf->childCount() > 0; }));
@@ -59,7 +59,7 @@ TEST(SettingsPrinters, thatAreSilentHoldUpNobody) {
   printers.remove("far");
   Dialog::in(window, [](Dialog& dialog) {
     waitFor(dialog, "|There is no such printer any more: far|0|0||ready");
-    for (const char* name : {"PrintServer", "Microsoft Print to PDF"})
+    for (const char* name : {"PrintServer", kPdfFilePrinter})
       EXPECT_TRUE(nodeOf(dialog, name)->isExpanded()) << name;
     dialog.use("cmdPrinter_Reset");
     EXPECT_EQ(listed(dialog), "near||4|4|min = 148 |ready");

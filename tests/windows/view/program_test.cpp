@@ -50,9 +50,7 @@ TEST(PreviewProgram, showsInABoxWhyItDoesNotStart) {
   XServer server;
   const TemporaryDirectory place;
   place.write("r.txt", "A\r\n");
-  place.write(
-      "s.vset",
-      "<Set SetName=\"S\">\r\n<Print>\r\n<NumOfCopies = \"many\"/>\r\n<Print/>\r\n<Set/>\r\n");
+  place.write("s.vset", setWith("S", "Print NumOfCopies=many"));
   for (const auto& [arguments, display, told, exitCode] : rows) {
     SCOPED_TRACE(told);
     auto environment = XServer::environmentOn(display ? server.display() : ":-1");

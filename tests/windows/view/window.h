@@ -112,6 +112,30 @@ class Window {
   std::optional<MessageSink> messages_;
 };
 
+// Types a text in the place of an edit's.
+inline void typeInto(QLineEdit& edit, const std::string& text) {
+  edit.setFocus();
+  edit.selectAll();
+  QTest::keyClick(&edit, Qt::Key_Delete);
+  QTest::keyClicks(&edit, QString::fromStdString(text));
+}
+
+// Looks again and again, as long as it lives, for an open dialog of a kind over all others, and
+// does something with it.
+template <class Form>
+class WhileOpen {
+ public:
+  explicit WhileOpen(std::function<void(Form&)> use) {
+    QObject::connect(&timer_, &QTimer::timeout, [use = std::move(use)] {
+      if (auto* form = qobject_cast<Form*>(QApplication::activeModalWidget())) use(*form);
+    });
+    timer_.start(5);
+  }
+
+ private:
+  QTimer timer_;
+};
+
 // Presses the key of a form and lets the steps be done in it; it is cancelled where they leave it
 // open.
 template <class Form, class Steps>

@@ -21,17 +21,15 @@ void appendText(const VData_Text& item, const DocumentLetters& letters, std::u32
 void ItemTexts::text(VData_Text& item) {
   if (!item.HasPosition) return appendText(item, letters_, line);
   if (item.Text.empty()) return;
-  PlacedText& text = placed.emplace_back(item.Left, item.Top, twipsFromPoints(item.Font->Height));
-  appendText(item, letters_, text.text);
-  text.item = &item;
+  placed.push_back({item.Left, item.Top, twipsFromPoints(item.Font->Height), {}, &item});
+  appendText(item, letters_, placed.back().text);
 }
 
 void ItemTexts::barcode(VData_BarCode& item) {
   if (item.Value.empty()) return;
-  PlacedText& text =
-      placed.emplace_back(std::min(item.Left, item.Right), std::min(item.Top, item.Bottom));
-  letters_.append(item.Value, text.text);
-  text.item = &item;
+  placed.push_back(
+      {std::min(item.Left, item.Right), std::min(item.Top, item.Bottom), 0, {}, &item});
+  letters_.append(item.Value, placed.back().text);
 }
 
 std::vector<std::size_t> orderInRows(std::vector<PlacedText>& placed) {

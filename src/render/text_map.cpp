@@ -102,7 +102,7 @@ TextPlace TextMap::placeNear(const TextPoint& spot) const {
     for (const TextStretch& stretch : candidate.stretches) {
       const TextDistance from = stretch.from(spot);
       const TextDistance outside = stretch.outside(from);
-      if (outside >= nearest) continue;
+      if (!(outside < nearest)) continue;
       nearest = outside;
       place = {i, stretch.gapAt(from.along)};
     }

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "document/document_letters.h"
@@ -23,7 +24,10 @@ struct TextPlace {
   std::size_t line = 0;
   std::size_t column = 0;
 
-  auto operator<=>(const TextPlace&) const = default;
+  bool operator==(const TextPlace&) const = default;
+  bool operator<(const TextPlace& other) const {
+    return std::tie(line, column) < std::tie(other.line, other.column);
+  }
 };
 
 class TextMap {

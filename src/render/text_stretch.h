@@ -1,9 +1,9 @@
 // Characters with their places on a page, in twips.
 #pragma once
 
-#include <compare>
 #include <cstddef>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace qor {
@@ -24,7 +24,9 @@ struct TextDistance {
   double across = 0;
   double along = 0;
 
-  auto operator<=>(const TextDistance&) const = default;
+  bool operator<(const TextDistance& other) const {
+    return std::tie(across, along) < std::tie(other.across, other.along);
+  }
 };
 
 // Characters side by side on a straight line, which may be turned.

@@ -97,7 +97,7 @@ QString FindPanel::foundText() const {
   if (search.isEmpty()) return qtText(texts.blanksAlone);
   if (!finder_.failure().isNull()) return finder_.failure();
   const std::uint64_t total = search.hits().total();
-  const QString going = finder_.isSearching() ? qtText(texts.searching) : QString();
+  QString going = finder_.isSearching() ? qtText(texts.searching) : QString();
   if (total == 0 && !going.isEmpty()) return going;
   if (total == 0 && search.missingLetter() != 0)
     return qtText(texts.letterMissing)

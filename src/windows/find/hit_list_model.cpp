@@ -23,8 +23,8 @@ HitListModel::Row HitListModel::row(int index) const {
   if (const Row* kept = rows_.object(index)) return *kept;
   const HitPlace place = finder_.search().hits().at(static_cast<std::uint64_t>(index));
   const FoundText text = finder_.textOf(place).value_or(FoundText());
-  const Row row = {QString::number(place.page), QString::fromStdU32String(text.before),
-                   QString::fromStdU32String(text.hit), QString::fromStdU32String(text.behind)};
+  Row row = {QString::number(place.page), QString::fromStdU32String(text.before),
+             QString::fromStdU32String(text.hit), QString::fromStdU32String(text.behind)};
   rows_.insert(index, new Row(row));
   return row;
 }

@@ -32,8 +32,7 @@ HitListPane::HitListPane(ViewDesk& desk, TextFinder& finder)
       finder_(finder),
       rows_(new HitListModel(finder)),
       count_(new QLabel(this)),
-      list_(new QListView(this)),
-      line_(nullptr) {
+      list_(new QListView(this)) {
   rows_->setParent(this);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);

@@ -41,7 +41,7 @@ class HitListPane : public QWidget {
   HitListModel* rows_;
   QLabel* count_;
   QListView* list_;
-  QWidget* line_;
+  QWidget* line_ = nullptr;  // the mouse drags it
 };
 
 }  // namespace qor

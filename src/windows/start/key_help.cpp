@@ -27,7 +27,7 @@ constexpr QSize kSize = {520, 620};
 std::string guideFile(const std::string& directory) {
   for (const char* up : {"../../", "../../../"}) {
     const std::filesystem::path share = directory + up + "share";
-    const auto file = (share / "doc/qorutlview/guide/index.html").lexically_normal().string();
+    std::string file = (share / "doc/qorutlview/guide/index.html").lexically_normal().string();
     if (fileExists(file)) return file;
   }
   return {};

@@ -34,6 +34,9 @@ class VCommand : public VFont_List {
   // moves the cursor on, unless it is at the end.
   std::unique_ptr<VData> NextItem(LineCursor& cursor);
 
+  // For readers that keep no items: those that were read are gone, and no barcode leans on them.
+  void forgetItems() { barcode_before_ = nullptr; }
+
  private:
   // The ways to write a style tag: <b/>, <b>, <b x="1"/>, <b x="1">.
   enum class TagForm { closing, plain, empty, opening };

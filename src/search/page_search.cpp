@@ -69,6 +69,7 @@ void PageSearch::run(std::int32_t page, const InputFile& file, const Found& foun
 
 void PageSearch::readItems(const PageLine& line) {
   VDocStr(line.text, reading_->commands, reading_->empty).tell(texts_);
+  reading_->commands.forgetItems();
 }
 
 void PageSearch::lookAt(std::u32string_view text, const Found& found) {

@@ -46,13 +46,8 @@ class PageSearch {
   // All of a page.
   void run(std::int32_t page, const InputFile& file, const Found& found);
 
-  // Of the bytes of a page that is so long that a search of it takes its time.
-  static constexpr std::size_t kLongPage = 4U << 20;
-
   bool isEmpty() const { return matcher_.isEmpty(); }
   char32_t missingLetter() const { return filter_.missingLetter(); }
-  const DocumentLetters& letters() const { return letters_; }
-  TextMatcher& matcher() { return matcher_; }
 
  private:
   struct Reading;

@@ -5,7 +5,7 @@
 #include <random>
 
 #include "document/document_text.h"
-#include "window_model/recent_searches.h"
+#include "window_model/recent_texts.h"
 #include "windows/find/find_panel.h"
 #include "windows/view/window.h"
 
@@ -212,11 +212,11 @@ TEST(Find, remembersWhatWasLookedFor) {
     EXPECT_EQ(window.edit().text(), "second");
   }
   QtUserSettings settings;
-  EXPECT_EQ(recentSearches(settings), (std::vector<std::string>{"second", "first"}));
-  for (int i = 0; i < 30; ++i) noteSearch(settings, std::to_string(i));
-  noteSearch(settings, "15");
-  EXPECT_EQ(recentSearches(settings).size(), 20U);
-  EXPECT_EQ(recentSearches(settings).front(), "15");
+  EXPECT_EQ(recentTexts(settings, kRecentSearches), (std::vector<std::string>{"second", "first"}));
+  for (int i = 0; i < 30; ++i) noteRecent(settings, kRecentSearches, std::to_string(i));
+  noteRecent(settings, kRecentSearches, "15");
+  EXPECT_EQ(recentTexts(settings, kRecentSearches).size(), 20U);
+  EXPECT_EQ(recentTexts(settings, kRecentSearches).front(), "15");
   std::filesystem::remove(settingsFile());
 }
 

@@ -92,7 +92,7 @@ std::vector<std::size_t> TextMap::linesAt(double y) const {
   return lines;
 }
 
-TextPlace TextMap::placeNear(const TextPoint& spot) const {
+TextPlace TextMap::placeNear(const Spot& spot) const {
   const std::vector<std::size_t> lines = linesAt(spot.y);
   TextPlace place;
   if (!lines.empty()) place.line = lines.front();

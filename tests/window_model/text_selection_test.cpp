@@ -21,7 +21,7 @@ class Page {
 };
 
 // A spot at a column and in the middle of a line.
-TextPoint at(double column, int line) {
+Spot at(double column, int line) {
   return {column * 120, line * 227 + 113.0};
 }
 
@@ -29,7 +29,7 @@ std::string copied(const TextMap& map, const TextSelection& selection) {
   return selection.isEmpty() ? "" : plainText(copiedRows(map, selection));
 }
 
-std::string copied(const TextMap& map, Kind kind, TextPoint from, TextPoint to) {
+std::string copied(const TextMap& map, Kind kind, Spot from, Spot to) {
   TextSelection selection;
   selection.start(map, kind, from);
   selection.extend(map, to);
@@ -38,7 +38,7 @@ std::string copied(const TextMap& map, Kind kind, TextPoint from, TextPoint to) 
 
 TEST(TextSelection, copiesWhatItCovers) {
   const Page page("Name   Qty\r\n apple   12\r\n\r\npear     7  \r\n");
-  const std::tuple<Kind, TextPoint, TextPoint, const char*> rows[] = {
+  const std::tuple<Kind, Spot, Spot, const char*> rows[] = {
       {Kind::lines, at(0, 0), at(4, 0), "Name"},
       {Kind::lines, at(2.4, 0), at(2.3, 0), ""},
       {Kind::lines, at(7, 0), at(0, 0), "Name"},

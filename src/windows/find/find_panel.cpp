@@ -121,8 +121,7 @@ void FindPanel::scrollToPresent() {
   marks_.update();
   if (!hit || !mapping || map == nullptr || hit->line >= map->lineCount()) return;
   QRectF place;
-  for (const QPolygonF& outline :
-       outlinesOf(map->line(hit->line), hit->span.first, hit->span.count, *mapping))
+  for (const QPolygonF& outline : outlinesOf(map->line(hit->line), hit->span, *mapping))
     place |= outline.boundingRect();
   if (place.isEmpty()) return;
   PageScroll& area = *desk_.ui.pScroll;

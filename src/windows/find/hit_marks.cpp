@@ -53,13 +53,8 @@ void HitMarks::update() {
 void HitMarks::paint(QPainter& painter, const PageMapping& mapping) {
   const TextMap* map = text_.map();
   if (map == nullptr || !matcher_) return;
-  const QRectF seen = painter.clipBoundingRect();
-  const double top = mapping.toTwips({0, seen.top()}).y;
-  const double bottom = mapping.toTwips({0, seen.bottom()}).y;
-  for (std::size_t line = 0; line < map->lineCount(); ++line) {
-    const TextBand& band = map->band(line);
-    if (band.bottom >= top && band.top <= bottom) markLine(painter, mapping, line);
-  }
+  for (const std::size_t line : linesIn(painter.clipBoundingRect(), *map, mapping))
+    markLine(painter, mapping, line);
 }
 
 void HitMarks::markLine(QPainter& painter, const PageMapping& mapping, std::size_t line) {
@@ -70,7 +65,7 @@ void HitMarks::markLine(QPainter& painter, const PageMapping& mapping, std::size
   matcher_->findIn(map.text(line), [&](const TextSpan& span) {
     if (!layout) layout = map.line(line);
     const bool isPresent = onPage && *present == TextHit{line, span};
-    for (const QPolygonF& outline : outlinesOf(*layout, span.first, span.count, mapping))
+    for (const QPolygonF& outline : outlinesOf(*layout, span, mapping))
       mark(painter, outline, isPresent);
   });
 }

@@ -28,7 +28,7 @@ class PageSelection : public QObject, private OverlayLayer {
   bool isEmpty() const;
 
   // The spot of the page that stands at one of the screen, twips.
-  std::optional<TextPoint> spotAt(const QPoint& onScreen) const;
+  std::optional<Spot> spotAt(const QPoint& onScreen) const;
 
   // Changes the selection of the page on view, which starts empty where another page has it.
   using Change = std::function<void(TextSelection&, const TextMap&)>;

@@ -11,15 +11,9 @@
 namespace qor::test {
 namespace {
 
-std::string utf8(std::u32string_view text) {
-  std::string result;
-  for (const char32_t c : text) appendUtf8(result, c);
-  return result;
-}
-
 // Such as "abc@0:0,0 3:360,227": the text, and where each stretch of it starts.
 std::string told(const TextLine& line) {
-  std::string text = utf8(line.text) + "@";
+  std::string text = utf8FromCodePoints(line.text) + "@";
   for (const TextStretch& stretch : line.stretches) {
     const Spot corner = stretch.at(0, 0);
     text += std::to_string(stretch.first) + ":" + std::to_string(std::lround(corner.x)) + "," +
@@ -65,7 +59,7 @@ TEST(TextMap, readsLettersAsTheyWereMeant) {
   LoadCodePage(1252);
   EXPECT_EQ(told(TextMap(report.page(), DocumentLetters(1252))).substr(0, 5), "éé@");
   const TextMap map(report.page(), DocumentLetters(1252));
-  EXPECT_EQ(utf8(map.text(2)), "й");
+  EXPECT_EQ(utf8FromCodePoints(map.text(2)), "й");
 }
 
 TEST(TextMap, findsTheGapThatIsNearest) {

@@ -59,11 +59,10 @@ void TextMap::addRows(const VDocPage& page) {
     line.tell(texts);
     texts.line.clear();
   }
-  std::size_t first = 0;
-  for (const std::size_t end : orderInRows(texts.placed)) {
-    std::vector<VData*>& row = rows_.emplace_back();
-    for (; first < end; ++first) row.push_back(texts.placed[first].item);
-    bands_.push_back(bandOf(layOutRow(row, letters_)));
+  for (const std::span<PlacedText> row : orderInRows(texts.placed)) {
+    std::vector<VData*>& items = rows_.emplace_back();
+    for (const PlacedText& text : row) items.push_back(text.item);
+    bands_.push_back(bandOf(layOutRow(items, letters_)));
   }
 }
 

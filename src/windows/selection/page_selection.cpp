@@ -23,7 +23,7 @@ PageSelection::PageSelection(ViewDesk& desk, PageText& text) : desk_(desk), text
 }
 
 PageSelection::~PageSelection() {
-  desk_.page_control->overlay().remove(*this);
+  desk_.page_control->overlay().setShown(*this, false);
 }
 
 bool PageSelection::isPossible() {
@@ -55,17 +55,8 @@ void PageSelection::change(const Change& change) {
 }
 
 void PageSelection::followPage() {
-  mark();
+  desk_.page_control->overlay().setShown(*this, !isEmpty());
   emit changed();
-}
-
-// What stands above the page is only there while it has marks.
-void PageSelection::mark() {
-  PageOverlay& overlay = desk_.page_control->overlay();
-  const bool marked = !isEmpty();
-  if (marked == marked_) return overlay.update();
-  marked_ = marked;
-  marked ? overlay.add(*this) : overlay.remove(*this);
 }
 
 void PageSelection::paint(QPainter& painter, const PageMapping& mapping) {

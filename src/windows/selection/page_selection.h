@@ -53,13 +53,11 @@ class PageSelection : public QObject, private OverlayLayer {
  private:
   void paint(QPainter& painter, const PageMapping& mapping) override;
   bool isOnView() const;
-  void mark();
 
   ViewDesk& desk_;
   PageText& text_;
   TextSelection selection_;
   int page_ = 0;  // that it belongs to, from 1
-  bool marked_ = false;
 };
 
 }  // namespace qor

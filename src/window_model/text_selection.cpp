@@ -81,12 +81,12 @@ void TextSelection::select(const TextPlace& from, const TextPlace& to) {
   focus_ = to;
 }
 
-void TextSelection::takeWord(const TextMap& map, const Spot& spot) {
+void TextSelection::takeWord(const TextMap& map, const Spot& spot, const LetterRules& rules) {
   const TextPlace place = map.placeNear(spot);
   if (map.lineCount() == 0) return;
   // The gap is the one behind a character whose right half is meant.
   const bool behind = place.column > 0 && spotOf(map, place).x > spot.x;
-  const TextSpan run = runAt(map.text(place.line), place.column - (behind ? 1 : 0));
+  const TextSpan run = runAt(map.text(place.line), place.column - (behind ? 1 : 0), rules);
   select({place.line, run.first}, {place.line, run.end()});
   keepColumn(map);
 }

@@ -25,7 +25,7 @@ class TextSelection {
   void extend(const TextMap& map, const Spot& spot);
 
   // The word at a spot, or the run of blanks, or the sign; the line there; all of the page.
-  void takeWord(const TextMap& map, const Spot& spot);
+  void takeWord(const TextMap& map, const Spot& spot, const LetterRules& rules);
   void takeLine(const TextMap& map, const Spot& spot);
   void takePage(const TextMap& map);
 

@@ -1,4 +1,5 @@
 // Selections on a page, and what is copied of them. Characters are 120 twips wide, lines 227 high.
+#include "support/letter_rules.h"
 #include "support/test.h"
 #include "window_model/copied_text.h"
 #include "window_model/text_grid.h"
@@ -61,7 +62,7 @@ TEST(TextSelection, takesWordsLinesAndThePage) {
       {0.5, 1, ""},   {2.2, 1, "xйy_1"}, {9, 1, "31/12/2024"}};
   TextSelection selection;
   for (const auto& [column, line, word] : rows) {
-    selection.takeWord(page.map, at(column, line));
+    selection.takeWord(page.map, at(column, line), kTestLetters);
     EXPECT_EQ(copied(page.map, selection), word) << column;
   }
   selection.takeLine(page.map, at(3, 0));

@@ -6,8 +6,8 @@
 #include "base/app_options.h"
 #include "document/vdoc.h"
 #include "windows/failure_text.h"
-#include "windows/find/qt_letters.h"
 #include "windows/idle_slice.h"
+#include "windows/qt_letters.h"
 #include "windows/view/page_show.h"
 #include "windows/view/view_desk.h"
 

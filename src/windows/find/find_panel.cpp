@@ -4,7 +4,7 @@
 #include "language/language.h"
 #include "platform/qt/qt_text.h"
 #include "window_model/preview_texts.h"
-#include "window_model/recent_searches.h"
+#include "window_model/recent_texts.h"
 #include "windows/find/find_bar.h"
 #include "windows/find/hit_list_pane.h"
 #include "windows/view/page_show.h"
@@ -47,7 +47,8 @@ FindPanel::FindPanel(ViewDesk& desk, PageShow& pages, PageText& text, UserSettin
 
 void FindPanel::mnuFindClick() {
   QStringList earlier;
-  for (const std::string& text : recentSearches(settings_)) earlier.append(qtText(text));
+  for (const std::string& text : recentTexts(settings_, kRecentSearches))
+    earlier.append(qtText(text));
   bar_->setEarlier(earlier);
   const bool wasOpen = bar_->isVisible();
   bar_->open();
@@ -74,7 +75,7 @@ bool FindPanel::close() {
 }
 
 void FindPanel::noteText() {
-  noteSearch(settings_, bar_->text().toStdString());
+  noteRecent(settings_, kRecentSearches, bar_->text().toStdString());
 }
 
 void FindPanel::startSearch() {
@@ -120,8 +121,7 @@ void FindPanel::scrollToPresent() {
   marks_.update();
   if (!hit || !mapping || map == nullptr || hit->line >= map->lineCount()) return;
   QRectF place;
-  for (const QPolygonF& outline :
-       outlinesOf(map->line(hit->line), hit->span.first, hit->span.count, *mapping))
+  for (const QPolygonF& outline : outlinesOf(map->line(hit->line), hit->span, *mapping))
     place |= outline.boundingRect();
   if (place.isEmpty()) return;
   PageScroll& area = *desk_.ui.pScroll;

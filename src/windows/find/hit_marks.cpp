@@ -2,8 +2,8 @@
 #include "windows/find/hit_marks.h"
 
 #include <QPainter>
+#include <optional>
 
-#include "windows/find/qt_letters.h"
 #include "windows/find/text_finder.h"
 #include "windows/view/page_text.h"
 #include "windows/view/text_marks.h"
@@ -36,43 +36,27 @@ HitMarks::HitMarks(ViewDesk& desk, PageText& text, TextFinder& finder)
 }
 
 HitMarks::~HitMarks() {
-  if (on_view_) desk_.page_control->overlay().remove(*this);
+  desk_.page_control->overlay().setShown(*this, false);
 }
 
 void HitMarks::update() {
-  PageOverlay& overlay = desk_.page_control->overlay();
-  const bool wanted = finder_.isActive();
-  if (std::exchange(on_view_, wanted) != wanted)
-    wanted ? overlay.add(*this) : overlay.remove(*this);
-  if (!wanted || (matcher_ && query_ == finder_.query())) return overlay.update();
-  query_ = finder_.query();
-  matcher_.emplace(query_, kQtLetters, finder_.codePage());
-  overlay.update();
+  desk_.page_control->overlay().setShown(*this, finder_.isActive());
 }
 
 void HitMarks::paint(QPainter& painter, const PageMapping& mapping) {
   const TextMap* map = text_.map();
-  if (map == nullptr || !matcher_) return;
-  const QRectF seen = painter.clipBoundingRect();
-  const double top = mapping.toTwips({0, seen.top()}).y;
-  const double bottom = mapping.toTwips({0, seen.bottom()}).y;
-  for (std::size_t line = 0; line < map->lineCount(); ++line) {
-    const TextBand& band = map->band(line);
-    if (band.bottom >= top && band.top <= bottom) markLine(painter, mapping, line);
+  if (map == nullptr || !finder_.isActive()) return;
+  std::optional<TextHit> present;
+  if (finder_.present() && finder_.present()->page == desk_.cursor.current())
+    present = finder_.presentHit();
+  for (const std::size_t number : linesIn(painter.clipBoundingRect(), *map, mapping)) {
+    std::optional<TextLine> line;
+    finder_.matcher().findIn(map->text(number), [&](const TextSpan& span) {
+      if (!line) line = map->line(number);
+      for (const QPolygonF& outline : outlinesOf(*line, span, mapping))
+        mark(painter, outline, present == TextHit{number, span});
+    });
   }
-}
-
-void HitMarks::markLine(QPainter& painter, const PageMapping& mapping, std::size_t line) {
-  const TextMap& map = *text_.map();
-  std::optional<TextLine> layout;
-  const auto present = finder_.presentHit();
-  const bool onPage = present && finder_.present()->page == desk_.cursor.current();
-  matcher_->findIn(map.text(line), [&](const TextSpan& span) {
-    if (!layout) layout = map.line(line);
-    const bool isPresent = onPage && *present == TextHit{line, span};
-    for (const QPolygonF& outline : outlinesOf(*layout, span.first, span.count, mapping))
-      mark(painter, outline, isPresent);
-  });
 }
 
 }  // namespace qor

@@ -36,9 +36,7 @@ class TextFinder : public QObject {
 
   bool isActive() const { return search_ != nullptr; }
   bool isSearching() const;
-  const FindQuery& query() const { return query_; }
   const ReportSearch& search() const { return *search_; }
-  int codePage() const { return code_page_; }
   // Why the search ended early; null where it didn't.
   const QString& failure() const { return failure_; }
 
@@ -50,9 +48,10 @@ class TextFinder : public QObject {
   // another one.
   void move(int direction);
 
-  // Where the hits of a page stand, and what one looks like in its line. Nothing where the report
+  // Finds the hits of a line.
+  TextMatcher& matcher() { return look_->matcher(); }
+  // Where the present hit stands, and what one looks like in its line. Nothing where the report
   // can't be read.
-  const std::vector<TextHit>& hitsOn(std::int32_t page);
   std::optional<TextHit> presentHit();
   std::optional<FoundText> textOf(const HitPlace& place);
 
@@ -64,7 +63,7 @@ class TextFinder : public QObject {
   void searchSlice();
   void choosePresent();
   std::optional<HitPlace> target(int direction);
-  PageSearch& look();
+  const std::vector<TextHit>& hitsOn(std::int32_t page);
 
   ViewDesk& desk_;
   PageShow& pages_;

@@ -28,7 +28,7 @@ class PageSelection : public QObject, private OverlayLayer {
   bool isEmpty() const;
 
   // The spot of the page that stands at one of the screen, twips.
-  std::optional<TextPoint> spotAt(const QPoint& onScreen) const;
+  std::optional<Spot> spotAt(const QPoint& onScreen) const;
 
   // Changes the selection of the page on view, which starts empty where another page has it.
   using Change = std::function<void(TextSelection&, const TextMap&)>;
@@ -53,13 +53,11 @@ class PageSelection : public QObject, private OverlayLayer {
  private:
   void paint(QPainter& painter, const PageMapping& mapping) override;
   bool isOnView() const;
-  void mark();
 
   ViewDesk& desk_;
   PageText& text_;
   TextSelection selection_;
   int page_ = 0;  // that it belongs to, from 1
-  bool marked_ = false;
 };
 
 }  // namespace qor

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "windows/qt_letters.h"
 #include "windows/selection/page_selection.h"
 #include "windows/selection/selection_keys.h"
 #include "windows/view/page_overlay.h"
@@ -113,7 +114,8 @@ bool TextTool::doubleClick(const QMouseEvent& event) {
   two_at_ = event.globalPosition().toPoint();
   since_two_.start();
   const auto spot = selection_.spotAt(two_at_);
-  selection_.change([&](auto& selection, auto& map) { selection.takeWord(map, *spot); });
+  selection_.change(
+      [&](auto& selection, auto& map) { selection.takeWord(map, *spot, kQtLetters); });
   selection_.offer();
   return true;
 }

@@ -49,16 +49,16 @@ TEST(PageOverlay, staysOverThePage) {
     SCOPED_TRACE(step);
     step == "scaled" ? window.parts().scale.ShowPageScale() : static_cast<void>(window.press(step));
     const QRect ink = boxOf(window, qRgb(255, 0, 0));
-    overlay.add(layer);
+    overlay.setShown(layer, true);
     EXPECT_TRUE(isNear(boxOf(window, qRgb(0, 255, 0)), ink));
     const QPoint middle = overlay.mapFrom(&window.area(), ink.center());
     const Spot back = overlay.mapping()->toTwips({double(middle.x()), double(middle.y())});
     EXPECT_TRUE(layer.twips.contains(back.x, back.y));
     EXPECT_NE(window.pageControl().childAt(middle), &overlay) << "the mouse goes through it";
-    overlay.remove(layer);
+    overlay.setShown(layer, false);
     EXPECT_TRUE(boxOf(window, qRgb(0, 255, 0)).isEmpty());
   }
-  overlay.add(layer);
+  overlay.setShown(layer, true);
   window.parts().zoom.mnuZoomListClick(9);
   window.press("cmdView_MultiPage");
   EXPECT_FALSE(overlay.isVisible()) << "over several pages";
@@ -66,7 +66,7 @@ TEST(PageOverlay, staysOverThePage) {
   window.press("cmdView_SinglePage");
   EXPECT_TRUE(overlay.isVisible());
   EXPECT_TRUE(isNear(overlay.geometry(), window.pageControl().rect()));
-  overlay.remove(layer);
+  overlay.setShown(layer, false);
 }
 
 }  // namespace

@@ -35,6 +35,7 @@ class SearchHits {
 
   // Index of the first hit on this page or behind it; the total where there is none.
   std::uint64_t firstFrom(std::int32_t page) const;
+  std::uint64_t countOn(std::int32_t page) const { return firstFrom(page + 1) - firstFrom(page); }
 
  private:
   struct PageHits {

@@ -29,6 +29,7 @@ FindPanel::FindPanel(ViewDesk& desk, PageShow& pages, PageText& text, UserSettin
       settings_(settings),
       finder_(desk, pages),
       marks_(desk, text, finder_),
+      small_marks_(desk, pages, finder_),
       bar_(new FindBar(desk.ui.form)),
       list_(new HitListPane(desk, finder_)) {
   desk.ui.rows->insertWidget(1, bar_);
@@ -66,6 +67,7 @@ bool FindPanel::close() {
   if (bar_->isHidden()) return false;
   noteText();
   finder_.stop();
+  small_marks_.clear();
   marks_.update();
   list_->restart();
   list_->setShown(false);
@@ -80,6 +82,7 @@ void FindPanel::noteText() {
 
 void FindPanel::startSearch() {
   list_->restart();
+  small_marks_.clear();
   const FindQuery query = bar_->query();
   query.text.empty() ? finder_.stop() : finder_.start(query);
   tell();
@@ -89,6 +92,7 @@ void FindPanel::tell() {
   bar_->tell(foundText());
   list_->update();
   marks_.update();
+  small_marks_.update();
 }
 
 QString FindPanel::foundText() const {

@@ -147,6 +147,10 @@ std::optional<TextHit> TextFinder::presentHit() {
   return hits[present_->number];
 }
 
+std::optional<TextHit> TextFinder::presentHitOn(std::int32_t page) {
+  return present_ && present_->page == page ? presentHit() : std::nullopt;
+}
+
 std::optional<FoundText> TextFinder::textOf(const HitPlace& place) {
   std::optional<FoundText> text;
   if (!isActive()) return text;

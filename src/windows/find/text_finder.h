@@ -50,9 +50,10 @@ class TextFinder : public QObject {
 
   // Finds the hits of a line.
   TextMatcher& matcher() { return look_->matcher(); }
-  // Where the present hit stands, and what one looks like in its line. Nothing where the report
-  // can't be read.
+  // Where the present hit stands, on its page or only on this one, and what a hit looks like in its
+  // line. Nothing where the report can't be read.
   std::optional<TextHit> presentHit();
+  std::optional<TextHit> presentHitOn(std::int32_t page);
   std::optional<FoundText> textOf(const HitPlace& place);
 
  signals:

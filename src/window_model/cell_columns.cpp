@@ -2,6 +2,7 @@
 #include "window_model/cell_columns.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "window_model/letter_runs.h"
 

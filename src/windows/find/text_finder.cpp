@@ -2,6 +2,8 @@
 #include "windows/find/text_finder.h"
 
 #include <QTimer>
+#include <algorithm>
+#include <utility>
 
 #include "base/app_options.h"
 #include "document/vdoc.h"

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -37,6 +38,7 @@ class TextFinder : public QObject {
   bool isActive() const { return search_ != nullptr; }
   bool isSearching() const;
   const ReportSearch& search() const { return *search_; }
+  std::uint64_t hitCount() const { return isActive() ? search_->hits().total() : 0; }
   // Why the search ended early; null where it didn't.
   const QString& failure() const { return failure_; }
 

@@ -38,12 +38,9 @@ bool PageSelection::isEmpty() const {
   return selection_.isEmpty() || !isOnView();
 }
 
-std::optional<Spot> PageSelection::spotAt(const QPoint& onScreen) const {
-  const PageOverlay& overlay = desk_.page_control->overlay();
-  const auto mapping = overlay.mapping();
-  if (!mapping) return std::nullopt;
-  const QPoint pixel = overlay.mapFromGlobal(onScreen);
-  return mapping->toTwips({double(pixel.x()), double(pixel.y())});
+// Null where nothing of the page on view is selected.
+const TextMap* PageSelection::textWithSelection() {
+  return isEmpty() ? nullptr : text_.map();
 }
 
 void PageSelection::change(const Change& change) {
@@ -54,13 +51,22 @@ void PageSelection::change(const Change& change) {
   followPage();
 }
 
+void PageSelection::changeAt(const QPoint& onScreen, const SpotChange& change) {
+  const PageOverlay& overlay = desk_.page_control->overlay();
+  const auto mapping = overlay.mapping();
+  if (!mapping) return;
+  const QPoint pixel = overlay.mapFromGlobal(onScreen);
+  const Spot spot = mapping->toTwips({double(pixel.x()), double(pixel.y())});
+  this->change([&](TextSelection& selection, const TextMap& map) { change(selection, map, spot); });
+}
+
 void PageSelection::followPage() {
   desk_.page_control->overlay().setShown(*this, !isEmpty());
   emit changed();
 }
 
 void PageSelection::paint(QPainter& painter, const PageMapping& mapping) {
-  const TextMap* map = isEmpty() ? nullptr : text_.map();
+  const TextMap* map = textWithSelection();
   if (map == nullptr) return;
   QColor colour = desk_.page_control->palette().color(QPalette::Active, QPalette::Highlight);
   colour.setAlphaF(kOpacity);
@@ -86,7 +92,7 @@ void PageSelection::showEnd() {
 }
 
 void PageSelection::mnuCopyClick() {
-  const TextMap* map = isEmpty() ? nullptr : text_.map();
+  const TextMap* map = textWithSelection();
   if (map != nullptr) QGuiApplication::clipboard()->setMimeData(copiedData(*map, selection_));
 }
 
@@ -96,7 +102,7 @@ void PageSelection::mnuSelectPageClick() {
 
 void PageSelection::offer() {
   QClipboard* clipboard = QGuiApplication::clipboard();
-  const TextMap* map = isEmpty() ? nullptr : text_.map();
+  const TextMap* map = textWithSelection();
   if (map != nullptr && clipboard->supportsSelection())
     clipboard->setText(copiedPlain(*map, selection_), QClipboard::Selection);
 }

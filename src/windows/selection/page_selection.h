@@ -4,7 +4,6 @@
 
 #include <QObject>
 #include <functional>
-#include <optional>
 
 #include "window_model/text_selection.h"
 #include "windows/view/page_overlay.h"
@@ -27,12 +26,13 @@ class PageSelection : public QObject, private OverlayLayer {
   // False where something is selected of the page on view.
   bool isEmpty() const;
 
-  // The spot of the page that stands at one of the screen, twips.
-  std::optional<Spot> spotAt(const QPoint& onScreen) const;
-
   // Changes the selection of the page on view, which starts empty where another page has it.
   using Change = std::function<void(TextSelection&, const TextMap&)>;
   void change(const Change& change);
+
+  // The same with the spot of the page that stands at one of the screen, twips.
+  using SpotChange = std::function<void(TextSelection&, const TextMap&, const Spot&)>;
+  void changeAt(const QPoint& onScreen, const SpotChange& change);
 
   // Scrolls to the end that was moved last.
   void showEnd();
@@ -53,6 +53,7 @@ class PageSelection : public QObject, private OverlayLayer {
  private:
   void paint(QPainter& painter, const PageMapping& mapping) override;
   bool isOnView() const;
+  const TextMap* textWithSelection();
 
   ViewDesk& desk_;
   PageText& text_;

@@ -20,18 +20,6 @@ struct BoxLayer : OverlayLayer {
                      QPointF(twipsFromMillimetres(55), twipsFromMillimetres(38))};
 };
 
-// Where dots of a colour are seen in the scrolling area.
-QRect boxOf(Window& window, QRgb color) {
-  const QImage picture = window.picture("pScroll");
-  QRect box;
-  for (int y = 0; y < picture.height(); ++y) {
-    for (int x = 0; x < picture.width(); ++x) {
-      if (picture.pixel(x, y) == color) box |= QRect(x, y, 1, 1);
-    }
-  }
-  return box;
-}
-
 bool isNear(const QRect& a, const QRect& b) {
   const QPoint away[] = {a.topLeft() - b.topLeft(), a.bottomRight() - b.bottomRight()};
   return !a.isEmpty() && away[0].manhattanLength() <= 2 && away[1].manhattanLength() <= 2;
@@ -48,15 +36,15 @@ TEST(PageOverlay, staysOverThePage) {
        wordsOf("Ctrl+0 - - + + + + Down F11 mnuWideView Ctrl+0 mnuNormalView F11 scaled")) {
     SCOPED_TRACE(step);
     step == "scaled" ? window.parts().scale.ShowPageScale() : static_cast<void>(window.press(step));
-    const QRect ink = boxOf(window, qRgb(255, 0, 0));
+    const QRect ink = boxOf(window.picture("pScroll"), Qt::red);
     overlay.setShown(layer, true);
-    EXPECT_TRUE(isNear(boxOf(window, qRgb(0, 255, 0)), ink));
+    EXPECT_TRUE(isNear(boxOf(window.picture("pScroll"), Qt::green), ink));
     const QPoint middle = overlay.mapFrom(&window.area(), ink.center());
     const Spot back = overlay.mapping()->toTwips({double(middle.x()), double(middle.y())});
     EXPECT_TRUE(layer.twips.contains(back.x, back.y));
     EXPECT_NE(window.pageControl().childAt(middle), &overlay) << "the mouse goes through it";
     overlay.setShown(layer, false);
-    EXPECT_TRUE(boxOf(window, qRgb(0, 255, 0)).isEmpty());
+    EXPECT_TRUE(boxOf(window.picture("pScroll"), Qt::green).isEmpty());
   }
   overlay.setShown(layer, true);
   window.parts().zoom.mnuZoomListClick(9);

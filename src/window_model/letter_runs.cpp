@@ -20,10 +20,6 @@ bool isIn(char32_t letter, char32_t first, char32_t last) {
   return first <= letter && letter <= last;
 }
 
-bool isDigit(char32_t letter) {
-  return isIn(letter, U'0', U'9');
-}
-
 bool belongsToWord(std::u32string_view text, std::size_t place, const LetterRules& rules) {
   if (rules.isWordCharacter(text[place])) return true;
   return has(kJoining, text[place]) && place > 0 && place + 1 < text.size() &&
@@ -58,6 +54,10 @@ bool isBar(char32_t letter) {
 
 bool isRule(char32_t letter) {
   return has(kRules, letter) || isIn(letter, 0x2500, 0x257F);
+}
+
+bool isDigit(char32_t letter) {
+  return isIn(letter, U'0', U'9');
 }
 
 bool isFigure(std::u32string_view text) {

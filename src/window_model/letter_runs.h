@@ -15,6 +15,8 @@ TextSpan runAt(std::u32string_view text, std::size_t place, const LetterRules& r
 bool isBar(char32_t letter);
 bool isRule(char32_t letter);
 
+bool isDigit(char32_t letter);
+
 // A number as people write it, or a date: digits and the signs that stand with them.
 bool isFigure(std::u32string_view text);
 

@@ -93,9 +93,9 @@ std::vector<TextSpan> columnsOf(const Rows& rows) {
   bool figuresBefore = false;
   for (const CellColumns& piece : piecesOf(rows)) {
     const bool figures = holdsFigures(rows, piece.span);
-    const bool apart = piece.barred || piece.gap > 1 ||
-                       (figures && figuresBefore &&
-                        !isWithinNumbers(rows, columns.back(), piece.span));
+    const bool apart =
+        piece.barred || piece.gap > 1 ||
+        (figures && figuresBefore && !isWithinNumbers(rows, columns.back(), piece.span));
     if (columns.empty() || apart) {
       columns.push_back(piece.span);
     } else {

@@ -12,6 +12,10 @@
 namespace qor::test {
 namespace {
 
+// Of marks.
+const QColor kPresent(255, 170, 60);
+const QColor kOther(255, 235, 90);
+
 class FindWindow : public Window {
  public:
   using Window::Window;
@@ -38,8 +42,8 @@ class FindWindow : public Window {
   }
 
   // Where the present hit is seen, and all others.
-  QRect present() { return boxOf(picture("pScroll"), QColor(255, 170, 60)); }
-  QRect others() { return boxOf(picture("pScroll"), QColor(255, 235, 90)); }
+  QRect present() { return boxOf(picture("pScroll"), kPresent); }
+  QRect others() { return boxOf(picture("pScroll"), kOther); }
 
   // Whether the present one is in the middle third of the area.
   bool isInMiddle() {
@@ -116,6 +120,57 @@ TEST(Find, marksAllHitsOnViewThePresentOneDifferently) {
 }
 
 // In Turkish "I" is another letter than "i".
+// Whether a mark stands around text, and no text is beside it.
+bool holdsInkOfItsRows(const QImage& page, const QRect& mark) {
+  int inside = 0;
+  for (int y = mark.top(); y <= mark.bottom(); ++y) {
+    for (int x = 0; x < page.width(); ++x) {
+      const QColor dot = page.pixelColor(x, y);
+      if (dot.red() > 100 || dot.blue() > 100) continue;
+      if (x < mark.left() - 1 || x > mark.right() + 1) return false;
+      ++inside;
+    }
+  }
+  return inside > mark.width();
+}
+
+TEST(Find, marksEachOfSeveralPages) {
+  const std::string big = "<h1>MMMMMM<h1/>";
+  FindWindow window(
+      {pagesWith({{{20, big}}, {}, {{4, big}, {40, big}}}), {{"ZoomID", 9}, {"MultipageView", 1}}});
+  const auto pageOf = [&window](int number) {
+    return window.smallPages().at(number)->grab().toImage();
+  };
+  int presentTop = 0;
+  // Such as "1! 3!*": the present hit on page 1, and another one on page 3, too.
+  const auto marked = [&] {
+    window.searched();
+    QTest::qWait(1);  // pages are marked one after the other
+    std::string told;
+    for (const auto& [number, page] : window.smallPages()) {
+      const QRect present = boxOf(pageOf(number), kPresent);
+      const QRect others = boxOf(pageOf(number), kOther);
+      if (!present.isNull()) presentTop = present.top();
+      if (present.isNull() && others.isNull()) continue;
+      told += std::to_string(number) + (others.isNull() ? "" : "*") + (present.isNull() ? "" : "!");
+    }
+    return told;
+  };
+  window.find("MMMMMM");
+  EXPECT_EQ(marked(), "1!3*");
+  EXPECT_TRUE(holdsInkOfItsRows(pageOf(1), boxOf(pageOf(1), kPresent)));
+  window.press("F3");
+  EXPECT_EQ(marked(), "1*3*!");
+  const int first = presentTop;
+  window.press("F3");
+  EXPECT_EQ(marked(), "1*3*!");
+  EXPECT_GT(presentTop, first);
+  window.press("Ctrl++");
+  EXPECT_EQ(marked(), "3*!");
+  window.press("Escape");
+  EXPECT_EQ(marked(), "");
+}
+
 TEST(Find, followsTheCodePage) {
   FindWindow window({"I i"});
   EXPECT_EQ(window.find("i"), "1 of 2");

@@ -20,7 +20,7 @@
 
 #include "search/report_search.h"
 #include "shown_report.h"
-#include "windows/find/qt_letters.h"
+#include "windows/qt_letters.h"
 #include "windows/view/view_parts.h"
 
 namespace {

@@ -26,6 +26,9 @@ bool isTaken(const std::string& path);
 // True only where its directory can be looked at and holds nothing of that name.
 bool isGone(const std::string& path);
 
+// Makes the directory and those that it stands in, as far as they aren't there. Throws FileError.
+void makeDirectories(const std::string& directory);
+
 // Makes it the current directory; one that can't be entered changes nothing.
 void enterDirectory(const std::string& directory);
 

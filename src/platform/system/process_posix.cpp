@@ -1,8 +1,10 @@
 // The process, on POSIX.
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 
 #include <fcntl.h>
+#include <sched.h>
 #include <unistd.h>
 
 #include "platform/system/process.h"
@@ -20,6 +22,16 @@ void openStandardStreams() {
 }
 
 }  // namespace
+
+bool errorIsTerminal() {
+  return ::isatty(STDERR_FILENO) == 1;
+}
+
+std::size_t processorCount() {
+  cpu_set_t set;
+  if (::sched_getaffinity(0, sizeof set, &set) != 0) return 1;
+  return static_cast<std::size_t>(std::max(1, CPU_COUNT(&set)));
+}
 
 void prepareProcess() {
   openStandardStreams();

@@ -65,7 +65,7 @@ std::string targetOf(const BulkOptions& options, const std::string& report) {
     target += fieldOf(rest.substr(0, close + 1), report, options.format);
     rest.remove_prefix(close + 1);
   }
-  if (lowerAscii(extensionOf(target)) != options.format.extension)
+  if (extensionOf(target) != options.format.extension)
     throw UsageError("--output: " + target + " doesn't end in " +
                      std::string(options.format.extension));
   return target;
@@ -74,9 +74,9 @@ std::string targetOf(const BulkOptions& options, const std::string& report) {
 void requireApart(const std::vector<PlannedExport>& plan) {
   std::map<std::string, const PlannedExport*> byTarget;
   std::set<std::string> reports;
-  for (const PlannedExport& each : plan) reports.insert(fullPath(each.path));
+  for (const PlannedExport& each : plan) reports.insert(realPath(each.path));
   for (const PlannedExport& each : plan) {
-    const std::string target = fullPath(each.target);
+    const std::string target = realPath(each.target);
     const auto [known, isNew] = byTarget.try_emplace(target, &each);
     if (!isNew)
       throw UsageError(each.target + " would be the target of " + known->second->report +
@@ -98,7 +98,7 @@ std::vector<PlannedExport> planExports(const BulkOptions& options,
   std::vector<PlannedExport> plan;
   std::set<std::string> known;
   for (const std::string& report : reports) {
-    if (!known.insert(report == "-" ? report : fullPath(report)).second) continue;
+    if (!known.insert(report == "-" ? report : realPath(report)).second) continue;
     plan.push_back({report, report, options.target == "-" ? "-" : targetOf(options, report)});
   }
   if (options.target == "-" && plan.size() != 1)

@@ -49,13 +49,13 @@ struct ExportTask {
   RunOptions startedWith;  // the run
   ExportOptions options{};
   PageMode mode = PageMode::plain;  // that of the format where a window asks
-  PageRanges pages{};
   PageProgress progress{};
-  // Names the picture of a page in a format, where the target's own way is not wanted.
-  std::function<std::string(std::int32_t page, std::string_view extension)> pictureName{};
   std::function<void(const std::string& file)> starts{};  // told of each picture, if not empty
   ExportFileList files{};                                 // appended to, also one that then fails
   std::string notice{};  // what of the pages the files don't show, in the interface's language
+  PageRanges pages{};
+  // Names the picture of a page in a format, where the target's own way is not wanted.
+  std::function<std::string(std::int32_t page, std::string_view extension)> pictureName{};
 
   std::int32_t pageCount() const { return pages.countOf(doc.PageCount); }
   std::int32_t lastPage() const { return pages.lastOf(doc.PageCount); }

@@ -18,6 +18,9 @@ std::string programDirectory();
 // The path from the root on.
 std::string fullPath(const std::string& path);
 
+// The same without links, "." and "..", as far as it leads to what is there.
+std::string realPath(const std::string& path);
+
 // True for a directory, also by a link; and where anything of that name is there, also a link that
 // leads nowhere.
 bool isDirectory(const std::string& path);

@@ -91,6 +91,12 @@ std::string fullPath(const std::string& path) {
   return error ? path : full;
 }
 
+std::string realPath(const std::string& path) {
+  std::error_code error;
+  const fs::path real = fs::weakly_canonical(path, error);
+  return error ? fullPath(path) : real.string();
+}
+
 bool isDirectory(const std::string& path) {
   std::error_code error;
   return fs::is_directory(path, error);

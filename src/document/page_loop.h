@@ -20,8 +20,8 @@ void forEachNumber(std::int32_t count, const PageProgress& progress, Use use) {
   }
 }
 
-// Calls `use` with each page whose number is wanted. Throws as forEachNumber and LoadedPage, and where the report changed
-// meanwhile as VDoc::RequireSameFile.
+// Calls `use` with each page whose number is wanted. Throws as forEachNumber and LoadedPage, and
+// where the report changed meanwhile as VDoc::RequireSameFile.
 template <class Wanted, class Use>
 void forEachPage(VDoc& doc, PageMode mode, const PageProgress& progress, Wanted wanted, Use use) {
   if (doc.PageCount == 0) return;

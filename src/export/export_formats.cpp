@@ -106,8 +106,7 @@ ExportResult runExport(const ExportFormat& format, ExportTask& task) {
 
 ExportTask commandLineTask(VDoc& doc, const std::string& target, const RunOptions& run) {
   const ExportFormat& format = *formatOf(target);
-  ExportTask task = {doc, target, run,
-                     commandLineOptions(*find(format, extensionOf(target)), run)};
+  ExportTask task = {doc, target, run, commandLineOptions(*find(format, extensionOf(target)), run)};
   // Only sheets are read otherwise where nobody looks.
   if (format.mode == PageMode::sheets) task.mode = PageMode::sheets;
   return task;

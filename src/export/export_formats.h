@@ -69,8 +69,8 @@ struct ExportOutcome {
   std::string notice{};
 };
 
-// A task with the options of the command line, by the extension of the target, which must be that of
-// a format.
+// A task with the options of the command line, by the extension of the target, which must be that
+// of a format.
 ExportTask commandLineTask(VDoc& doc, const std::string& target, const RunOptions& run);
 
 // The export of the command line: any other extension exports nothing. Throws as runExport.

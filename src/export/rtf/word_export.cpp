@@ -54,8 +54,7 @@ ExportResult ExportWord(ExportTask& task) {
   forEachPage(task, [&](const VDocPage& page) {
     if (wantsPictures) writeBarcodePicturesOf(page, pictures.stem());
     const bool placed = typeLines(page, typing);
-    if (page.Number < lastPage)
-      document->breakPage(placed ? WordBreak::beside : WordBreak::typed);
+    if (page.Number < lastPage) document->breakPage(placed ? WordBreak::beside : WordBreak::typed);
   });
   document->save();
   file.commit();

@@ -38,8 +38,7 @@ void exportWorkbook(ExportTask& task, MakeWriter makeWriter) {
   ExcelConvertLibXL convert(
       *writer, {task.options.PagePerSheet, task.pageCount(), doc.Settings.Page.BaseCodePage,
                 sideFileStem(task.startedWith.report)});
-  forEachPage(task,
-              [&convert](const VDocPage& page) { convert.WritePage(page); });
+  forEachPage(task, [&convert](const VDocPage& page) { convert.WritePage(page); });
   convert.SaveBook();
   file.commit();
   pictures.keep();

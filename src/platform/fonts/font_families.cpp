@@ -2,6 +2,7 @@
 #include "platform/fonts/font_families.h"
 
 #include <algorithm>
+#include <map>
 #include <memory>
 #include <set>
 #include <string_view>
@@ -73,9 +74,7 @@ std::vector<std::string> matchedFamilies(const std::string& name) {
   return families;
 }
 
-}  // namespace
-
-bool hasFamily(const std::string& name) {
+bool findsFamily(const std::string& name) {
   const std::vector<std::string> families = matchedFamilies(name);
   const bool isNamed = std::any_of(families.begin(), families.end(),
                                    [wanted = lowerUtf8(name)](const std::string& family) {
@@ -85,6 +84,18 @@ bool hasFamily(const std::string& name) {
   // What comes for a name that nobody has is no stand-in.
   static const std::vector<std::string> anyFamilies = matchedFamilies("no such family");
   return families != anyFamilies;
+}
+
+}  // namespace
+
+// Asking takes its time, and every document of a process asks for the same few.
+bool hasFamily(const std::string& name) {
+  constexpr std::size_t kMostKnown = 256;
+  static std::map<std::string, bool> known;
+  if (known.size() >= kMostKnown) known.clear();
+  const auto [found, isNew] = known.try_emplace(name);
+  if (isNew) found->second = findsFamily(name);
+  return found->second;
 }
 
 namespace {

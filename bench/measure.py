@@ -7,6 +7,7 @@ in the same minutes; nothing here fails because a machine is slow.
 import os
 import shutil
 
+from bulk_rows import measure_bulk
 from dialog_rows import measure_dialog
 from export_rows import (measure_barcodes, measure_memory, measure_pdf, measure_pictures,
                          measure_printing, measure_start)
@@ -56,6 +57,7 @@ def main():
     measure_pieces()
     measure_picture_pages()
     measure_start(page)
+    measure_bulk()
     measure_windows(many)
     measure_finding(many)
     measure_dialog()

@@ -57,14 +57,29 @@ void TextMap::addRows(const VDocPage& page) {
   ItemTexts texts(letters_);
   for (const VDocStr& line : page.lines()) {
     line.tell(texts);
+    addOffset(texts.line.size());
     texts.line.clear();
   }
   std::size_t first = 0;
   for (const std::size_t end : orderInRows(texts.placed)) {
     std::vector<VData*>& row = rows_.emplace_back();
     for (; first < end; ++first) row.push_back(texts.placed[first].item);
-    bands_.push_back(bandOf(layOutRow(row, letters_)));
+    const TextLine line = layOutRow(row, letters_);
+    bands_.push_back(bandOf(line));
+    addOffset(line.text.size());
   }
+}
+
+void TextMap::addOffset(std::size_t length) {
+  offsets_.push_back(offsets_.back() + length + 1);
+}
+
+TextPlace TextMap::placeOf(std::size_t offset) const {
+  if (lineCount() == 0) return {};
+  const std::size_t held = std::min(offset, offsets_.back() - 1);
+  const auto behind = std::upper_bound(offsets_.begin(), offsets_.end(), held);
+  const auto line = static_cast<std::size_t>(behind - offsets_.begin()) - 1;
+  return {line, held - offsets_[line]};
 }
 
 std::u32string TextMap::text(std::size_t line) const {

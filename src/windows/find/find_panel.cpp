@@ -88,6 +88,7 @@ void FindPanel::tell() {
   bar_->tell(foundText());
   list_->update();
   marks_.update();
+  emit told();
 }
 
 QString FindPanel::foundText() const {

@@ -27,6 +27,9 @@ class PageSelection : public QObject, private OverlayLayer {
   // False where something is selected of the page on view.
   bool isEmpty() const;
 
+  // The selection of the page on view, which may be empty; null where another page has it.
+  const TextSelection* onView() const { return isOnView() ? &selection_ : nullptr; }
+
   // The spot of the page that stands at one of the screen, twips.
   std::optional<TextPoint> spotAt(const QPoint& onScreen) const;
 

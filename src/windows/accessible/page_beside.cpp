@@ -1,0 +1,39 @@
+// Pages beside the document's own.
+#include "windows/accessible/page_beside.h"
+
+#include "base/app_options.h"
+#include "document/code_page.h"
+#include "document/vdoc.h"
+#include "windows/failure_text.h"
+
+namespace qor {
+
+PageBeside::PageBeside() = default;
+
+PageBeside::~PageBeside() = default;
+
+const TextMap* PageBeside::map(VDoc& doc, std::int32_t number) {
+  if (page_ && page_->Number == number) return map_.get();
+  drop();
+  if (doc.findPage(number) != nullptr) failureOf([&] { read(doc, number); });
+  return map_.get();
+}
+
+void PageBeside::read(VDoc& doc, std::int32_t number) {
+  page_ = std::make_unique<VDocPage>(number, &doc.Settings);
+  page_->Offset = doc.findPage(number)->Offset;
+  page_->Length = doc.findPage(number)->Length;
+  FontState font = doc.FontAt(number);
+  page_->ReadLines(InputFile(AppOptions.FileName), doc.KnownSize, PageMode::plain, doc.lineEnds(),
+                   font);
+  const int codePage = doc.Settings.Page.BaseCodePage;
+  LoadCodePage(codePage);
+  map_ = std::make_unique<TextMap>(*page_, DocumentLetters(codePage));
+}
+
+void PageBeside::drop() {
+  map_.reset();
+  page_.reset();
+}
+
+}  // namespace qor

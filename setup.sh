@@ -15,7 +15,7 @@ for group in "$@"; do
       librsvg2-bin desktop-file-utils appstream shared-mime-info libxml2-utils man-db groff qt6-translations-l10n) ;;
     bench) packages+=(mupdf-tools python3 libzint-dev libxlsxwriter-dev cups-filters
       enscript ghostscript libreoffice-writer-nogui xvfb libxcb-shm0-dev libxcb-xtest0-dev
-      mupdf qpdfview zathura zathura-pdf-poppler libgtest-dev cups) ;;
+      mupdf qpdfview zathura zathura-pdf-poppler pdfgrep libgtest-dev cups) ;;
     package) packages+=(build-essential debhelper lintian git librsvg2-bin debootstrap) ;;
     fuzz) packages+=(clang-14 libclang-rt-14-dev libxml2-dev) ;;
     *) echo "setup.sh: no such group: $group" >&2; exit 2 ;;

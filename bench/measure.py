@@ -10,6 +10,7 @@ import shutil
 from dialog_rows import measure_dialog
 from export_rows import (measure_barcodes, measure_memory, measure_pdf, measure_pictures,
                          measure_printing, measure_start)
+from find_rows import measure_finding, measure_huge_finding
 from index_rows import measure_openings, measure_scan, measure_walk
 from memory_rows import measure_picture_pages, measure_pieces
 from sheet_rows import measure_sheets
@@ -30,6 +31,7 @@ def measure_huge(small):
     measure_scan(huge)
     measure_openings(huge, small)
     measure_huge_window(huge)
+    measure_huge_finding(huge)
     huge.unlink()
 
 
@@ -55,6 +57,7 @@ def main():
     measure_picture_pages()
     measure_start(page)
     measure_windows(many)
+    measure_finding(many)
     measure_dialog()
     measure_barcodes()
 

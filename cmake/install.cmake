@@ -7,21 +7,23 @@ set(QOR_ICON_DIR ${CMAKE_INSTALL_DATAROOTDIR}/icons/hicolor)
 set(PACKAGING ${PROJECT_SOURCE_DIR}/packaging)
 
 # The program finds its modules and its resource file beside itself, wherever a link leads to it from.
-install(TARGETS qorutlview qor_cups qor_harfbuzz qor_gsf
+install(TARGETS qorutlview qorexport qor_cups qor_harfbuzz qor_gsf
   RUNTIME DESTINATION ${QOR_PROGRAM_DIR} COMPONENT core
   LIBRARY DESTINATION ${QOR_PROGRAM_DIR} COMPONENT core)
 install(FILES data/pdflib.upr DESTINATION ${QOR_PROGRAM_DIR} COMPONENT core)
-file(RELATIVE_PATH way ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/qorutlview/qorutlview)
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/packaging/bin)
-file(CREATE_LINK ${way} ${PROJECT_BINARY_DIR}/packaging/bin/qorutlview SYMBOLIC)
-install(FILES ${PROJECT_BINARY_DIR}/packaging/bin/qorutlview
-  DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT core)
+foreach(program qorutlview qorexport)
+  file(RELATIVE_PATH way ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/qorutlview/${program})
+  file(CREATE_LINK ${way} ${PROJECT_BINARY_DIR}/packaging/bin/${program} SYMBOLIC)
+  install(FILES ${PROJECT_BINARY_DIR}/packaging/bin/${program}
+    DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT core)
+endforeach()
 
 # Makes a text of its template: version, date and releases are the change log's, options and exit codes
-# the README's.
-function(make_text name)
+# those of the document.
+function(make_text name document)
   set(text ${PROJECT_BINARY_DIR}/packaging/${name})
-  set(sources ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+  set(sources ${PROJECT_SOURCE_DIR}/${document} ${PROJECT_SOURCE_DIR}/CHANGELOG.md
     ${PACKAGING}/${name}.in)
   add_custom_command(OUTPUT ${text}
     COMMAND awk -v version=${QOR_VERSION} -v docs=${CMAKE_INSTALL_PREFIX}/${QOR_DOC_DIR} -v text=${text}
@@ -29,12 +31,15 @@ function(make_text name)
     DEPENDS ${PACKAGING}/fill.awk ${sources} VERBATIM)
 endfunction()
 
-make_text(qorutlview.1)
-set(texts ${PROJECT_BINARY_DIR}/packaging/qorutlview.1)
-install(FILES ${PROJECT_BINARY_DIR}/packaging/qorutlview.1
-  DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT core)
-install(FILES ${PACKAGING}/qorutlview.bash RENAME qorutlview
-  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/bash-completion/completions COMPONENT core)
+make_text(qorutlview.1 README.md)
+make_text(qorexport.1 docs/servers.md)
+foreach(program qorutlview qorexport)
+  list(APPEND texts ${PROJECT_BINARY_DIR}/packaging/${program}.1)
+  install(FILES ${PROJECT_BINARY_DIR}/packaging/${program}.1
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT core)
+  install(FILES ${PACKAGING}/${program}.bash RENAME ${program}
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/bash-completion/completions COMPONENT core)
+endforeach()
 install(FILES CHANGELOG.md DESTINATION ${QOR_DOC_DIR} COMPONENT core)
 file(GLOB documents RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS README.md docs/*.md)
 foreach(document ${documents})
@@ -54,7 +59,7 @@ if(QOR_WINDOWS)
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/applications COMPONENT window)
   install(FILES ${PACKAGING}/qorutlview.xml
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/mime/packages COMPONENT window)
-  make_text(qorutlview.metainfo.xml)
+  make_text(qorutlview.metainfo.xml README.md)
   list(APPEND texts ${PROJECT_BINARY_DIR}/packaging/qorutlview.metainfo.xml)
   install(FILES ${PROJECT_BINARY_DIR}/packaging/qorutlview.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/metainfo COMPONENT window)

@@ -1,4 +1,4 @@
-# Fills a template. Files: README.md, CHANGELOG.md, the template. Variables: version, docs (their directory),
+# Fills a template. Files: the document with the tables, CHANGELOG.md, the template. Variables: version, docs (their directory),
 # text (the file to write). The tables of options and of exit codes become lines of a manual page.
 
 # Markdown of one line as roff, in this font outside of backticks.

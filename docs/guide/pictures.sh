@@ -21,8 +21,14 @@ export DISPLAY=:$number
 
 settings() { printf '[General]\n%s\n' "$@" >"$place/config/QOR/QorUtlView.ini"; }
 
-# show PICTURE KEYS... -- ARGUMENTS...: starts the program, presses the keys ("X,Y" is a click), and
-# takes what stands on the screen.
+# drag FROM TO: with Ctrl held down.
+drag() {
+  xdotool keydown ctrl mousemove "${1%,*}" "${1#*,}" mousedown 1
+  xdotool mousemove "${2%,*}" "${2#*,}" mousemove "${2%,*}" "${2#*,}" mouseup 1 keyup ctrl
+}
+
+# show PICTURE KEYS... -- ARGUMENTS...: starts the program, presses the keys ("X,Y" is a click,
+# "X,Y-X,Y" a drag, "=TEXT" is typed), and takes what stands on the screen.
 show() {
   local picture=$1 keys=()
   shift
@@ -35,6 +41,8 @@ show() {
   xdotool mousemove 500 400
   for key in "${keys[@]}"; do
     case $key in
+      =*) xdotool type "${key#=}" ;;
+      *,*-*,*) drag "${key%-*}" "${key#*-}" ;;
       *,*) xdotool mousemove "${key%,*}" "${key#*,}" click 1 ;;
       *) xdotool key "$key" ;;
     esac
@@ -52,6 +60,9 @@ show window -- -f price-list-1251.txt -codepage 1251 -caption "Price list"
 settings MultipageView=true ListView=true ZoomID=9
 show several -- -f ledger-866.txt -codepage 866 -caption "Ledger"
 settings
+settings
+show find ctrl+f =62.0 F3 F3 Tab Tab Tab Tab Tab Tab space -- -f ledger-866.txt -codepage 866 -caption "Ledger"
+show select ctrl+t 556,265-806,560 -- -f ledger-866.txt -codepage 866 -caption "Ledger"
 show print F4 alt+i -- -f invoice-857.txt -codepage 857 -caption "Invoice"
 show page F4 alt+g -- -f invoice-857.txt -codepage 857 -caption "Invoice"
 show export F6 alt+p -- -f invoice-857.txt -codepage 857 -caption "Invoice"

@@ -10,7 +10,10 @@ namespace qor {
 
 StartMessages::StartMessages()
     : sink_([this](MessageKind kind, std::string_view text) {
-        if (kind == MessageKind::information) return writeOutput(text);
+        if (kind == MessageKind::information) {
+          writeOutput(text);
+          return;
+        }
         writeErrorLine(text);
         if (kind == MessageKind::warning) warnings_.emplace_back(text);
       }) {

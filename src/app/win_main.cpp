@@ -4,6 +4,7 @@
 #include "app/batch.h"
 #include "app/command_line.h"
 #include "app/preview_report.h"
+#include "app/program_start.h"
 #include "app/run_wall.h"
 #include "app/start_messages.h"
 #include "base/app_options.h"
@@ -15,7 +16,6 @@
 #include "platform/system/directory.h"
 #include "platform/system/failure.h"
 #include "platform/system/input_file.h"
-#include "platform/system/locale.h"
 #include "platform/system/messages.h"
 
 namespace qor {
@@ -24,15 +24,6 @@ namespace {
 constexpr int kExitDone = 0;
 constexpr int kExitNothingDone = -1;
 constexpr int kExitPrintFailed = -2;
-
-void initialise() {
-  AppOptions.ProgramName = "QorUtlView";
-  AppOptions.ProgramVersion = QOR_VERSION;
-  AppOptions.WorkDir = currentDirectory();
-  const int codePage = systemAnsiCodePage();
-  SelectErrorTexts(codePage);
-  SelectInterfaceTexts(codePage);
-}
 
 // The user has been told where the error arose, or is not to be told: nothing more is shown.
 void ShowErrorNumber() {
@@ -103,7 +94,7 @@ int guarded(Run run) {
 }  // namespace
 
 int WinMain(const std::string& parameters, Walls walls) {
-  initialise();
+  startProgram();
   if (parameters.empty()) {
     return guarded([] {
       ShowStart();
@@ -116,7 +107,7 @@ int WinMain(const std::string& parameters, Walls walls) {
 }
 
 int OpenReport(const std::string& file) {
-  initialise();
+  startProgram();
   StartMessages messages;
   return messages.showAndEnd(guarded([&] { return previewOpened(file, &messages); }));
 }

@@ -96,6 +96,19 @@ void appendDecimal(std::string& text, double value) {
   text.append(digits.data(), end);
 }
 
+std::string escapedMarkup(std::string_view text) {
+  std::string escaped;
+  for (const char c : text) {
+    switch (c) {
+      case '&': escaped += "&amp;"; break;
+      case '<': escaped += "&lt;"; break;
+      case '>': escaped += "&gt;"; break;
+      default: escaped += c;
+    }
+  }
+  return escaped;
+}
+
 std::string lowerAscii(std::string_view text) {
   std::string result(text);
   for (char& c : result) {

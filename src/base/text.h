@@ -38,6 +38,9 @@ std::int32_t toInteger(std::string_view text);
 // Appends the number with the fewest digits that tell it, and never with an exponent.
 void appendDecimal(std::string& text, double value);
 
+// A text as content of HTML or XML: &, < and > as entities.
+std::string escapedMarkup(std::string_view text);
+
 // Letters A to Z become a to z, all other bytes stay.
 std::string lowerAscii(std::string_view text);
 

@@ -32,20 +32,20 @@ void ItemTexts::barcode(VData_BarCode& item) {
   letters_.append(item.Value, placed.back().text);
 }
 
-std::vector<std::size_t> orderInRows(std::vector<PlacedText>& placed) {
+std::vector<std::span<PlacedText>> orderInRows(std::vector<PlacedText>& placed) {
   std::stable_sort(placed.begin(), placed.end(),
                    [](const PlacedText& a, const PlacedText& b) { return a.top < b.top; });
-  std::vector<std::size_t> ends;
+  std::vector<std::span<PlacedText>> rows;
   for (auto row = placed.begin(); row != placed.end();) {
     const std::int64_t reach = std::int64_t{row->top} + row->height / 2;
     const auto end = std::find_if(row + 1, placed.end(),
                                   [reach](const PlacedText& text) { return text.top > reach; });
     std::stable_sort(row, end,
                      [](const PlacedText& a, const PlacedText& b) { return a.left < b.left; });
-    ends.push_back(static_cast<std::size_t>(end - placed.begin()));
+    rows.emplace_back(row, end);
     row = end;
   }
-  return ends;
+  return rows;
 }
 
 }  // namespace qor

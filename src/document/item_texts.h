@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -20,7 +21,7 @@ struct PlacedText {
   std::int32_t top = 0;
   std::int32_t height = 0;  // of its letters, roughly
   std::u32string text;
-  VData* item = nullptr;  // whose text it is
+  VData* item = nullptr;  // whose text it is: gone where its line was read for its texts alone
 };
 
 // What a text reads as.
@@ -41,9 +42,9 @@ class ItemTexts : public ItemVisitor {
   const DocumentLetters& letters_;
 };
 
-// Puts texts in rows from the top, each from the left, and tells where each row ends. A row has
-// the texts whose tops are nearer to that of its first one than half its height.
-std::vector<std::size_t> orderInRows(std::vector<PlacedText>& placed);
+// Puts texts in rows from the top, each from the left, and tells the rows. A row has the texts
+// whose tops are nearer to that of its first one than half its height.
+std::vector<std::span<PlacedText>> orderInRows(std::vector<PlacedText>& placed);
 
 // What stands between two texts of a row.
 inline constexpr char32_t kBetweenTexts = U' ';

@@ -20,14 +20,15 @@ void forEachNumber(std::int32_t count, const PageProgress& progress, Use use) {
   }
 }
 
-// Calls `use` with each page. Throws as forEachNumber and LoadedPage, and where the report changed
-// meanwhile as VDoc::RequireSameFile.
-template <class Use>
-void forEachPage(VDoc& doc, PageMode mode, const PageProgress& progress, Use use) {
+// Calls `use` with each page whose number is wanted. Throws as forEachNumber and LoadedPage, and
+// where the report changed meanwhile as VDoc::RequireSameFile.
+template <class Wanted, class Use>
+void forEachPage(VDoc& doc, PageMode mode, const PageProgress& progress, Wanted wanted, Use use) {
   if (doc.PageCount == 0) return;
   const auto file = VDoc::OpenFile();
   if (!file) throw NumberedError(kErrorOpenDocument, AppOptions.FileName);
   forEachNumber(doc.PageCount, progress, [&](std::int32_t number) {
+    if (!wanted(number)) return;
     const LoadedPage page(doc, number, *file, mode);
     use(*page);
   });

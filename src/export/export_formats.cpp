@@ -104,13 +104,18 @@ ExportResult runExport(const ExportFormat& format, ExportTask& task) {
   }
 }
 
+ExportTask commandLineTask(VDoc& doc, const std::string& target, const RunOptions& run) {
+  const ExportFormat& format = *formatOf(target);
+  ExportTask task = {doc, target, run, commandLineOptions(*find(format, extensionOf(target)), run)};
+  // Only sheets are read otherwise where nobody looks.
+  if (format.mode == PageMode::sheets) task.mode = PageMode::sheets;
+  return task;
+}
+
 ExportOutcome exportByExtension(VDoc& doc, const std::string& target, const RunOptions& run) {
   const ExportFormat* format = formatOf(target);
   if (format == nullptr) return {};
-  ExportTask task = {doc, target, run,
-                     commandLineOptions(*find(*format, extensionOf(target)), run)};
-  // Only sheets are read otherwise where nobody looks.
-  if (format->mode == PageMode::sheets) task.mode = PageMode::sheets;
+  ExportTask task = commandLineTask(doc, target, run);
   const ExportResult result = runExport(*format, task);
   return {result, std::move(task.files), std::move(task.notice)};
 }

@@ -69,8 +69,11 @@ struct ExportOutcome {
   std::string notice{};
 };
 
-// The export of the command line, by the extension of the target: any other one exports nothing.
-// Throws as runExport.
+// A task with the options of the command line, by the extension of the target, which must be that
+// of a format.
+ExportTask commandLineTask(VDoc& doc, const std::string& target, const RunOptions& run);
+
+// The export of the command line: any other extension exports nothing. Throws as runExport.
 ExportOutcome exportByExtension(VDoc& doc, const std::string& target, const RunOptions& run);
 
 }  // namespace qor

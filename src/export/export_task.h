@@ -4,10 +4,12 @@
 #include <bitset>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/run_options.h"
 #include "document/page_loop.h"
+#include "export/page_ranges.h"
 
 namespace qor {
 
@@ -51,6 +53,19 @@ struct ExportTask {
   std::function<void(const std::string& file)> starts{};  // told of each picture, if not empty
   ExportFileList files{};                                 // appended to, also one that then fails
   std::string notice{};  // what of the pages the files don't show, in the interface's language
+  PageRanges pages{};
+  // Names the picture of a page in a format, where the target's own way is not wanted.
+  std::function<std::string(std::int32_t page, std::string_view extension)> pictureName{};
+
+  std::int32_t pageCount() const { return pages.countOf(doc.PageCount); }
+  std::int32_t lastPage() const { return pages.lastOf(doc.PageCount); }
 };
+
+// Calls `use` with each page of the task. Throws as the document's.
+template <class Use>
+void forEachPage(const ExportTask& task, Use use) {
+  const auto wanted = [&task](std::int32_t number) { return task.pages.has(number); };
+  forEachPage(task.doc, task.mode, task.progress, wanted, use);
+}
 
 }  // namespace qor

@@ -60,11 +60,10 @@ void TextMap::addRows(const VDocPage& page) {
     addOffset(texts.line.size());
     texts.line.clear();
   }
-  std::size_t first = 0;
-  for (const std::size_t end : orderInRows(texts.placed)) {
-    std::vector<VData*>& row = rows_.emplace_back();
-    for (; first < end; ++first) row.push_back(texts.placed[first].item);
-    const TextLine line = layOutRow(row, letters_);
+  for (const std::span<PlacedText> row : orderInRows(texts.placed)) {
+    std::vector<VData*>& items = rows_.emplace_back();
+    for (const PlacedText& text : row) items.push_back(text.item);
+    const TextLine line = layOutRow(items, letters_);
     bands_.push_back(bandOf(line));
     addOffset(line.text.size());
   }
@@ -107,7 +106,7 @@ std::vector<std::size_t> TextMap::linesAt(double y) const {
   return lines;
 }
 
-TextPlace TextMap::placeNear(const TextPoint& spot) const {
+TextPlace TextMap::placeNear(const Spot& spot) const {
   const std::vector<std::size_t> lines = linesAt(spot.y);
   TextPlace place;
   if (!lines.empty()) place.line = lines.front();

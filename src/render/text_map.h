@@ -48,7 +48,7 @@ class TextMap {
 
   // The gap nearest to a spot: of the lines at its height, or of the nearest one. The start of
   // the page where it has no text.
-  TextPlace placeNear(const TextPoint& spot) const;
+  TextPlace placeNear(const Spot& spot) const;
 
  private:
   struct Start {

@@ -13,12 +13,12 @@ double beyond(double value, double end) {
 
 }  // namespace
 
-TextPoint TextStretch::at(double along, double across) const {
+Spot TextStretch::at(double along, double across) const {
   return {x + along * std::cos(angle) + across * std::sin(angle),
           y - along * std::sin(angle) + across * std::cos(angle)};
 }
 
-TextDistance TextStretch::from(const TextPoint& spot) const {
+TextDistance TextStretch::from(const Spot& spot) const {
   const double right = spot.x - x;
   const double down = spot.y - y;
   return {right * std::sin(angle) + down * std::cos(angle),

@@ -6,12 +6,9 @@
 #include <tuple>
 #include <vector>
 
-namespace qor {
+#include "base/spot.h"
 
-struct TextPoint {
-  double x = 0;
-  double y = 0;
-};
+namespace qor {
 
 // Top and bottom.
 struct TextBand {
@@ -41,8 +38,8 @@ struct TextStretch {
   std::size_t end() const { return first + edges.size() - 1; }
 
   // A spot at a distance along its direction and across it, and the distances of a spot.
-  TextPoint at(double along, double across) const;
-  TextDistance from(const TextPoint& spot) const;
+  Spot at(double along, double across) const;
+  TextDistance from(const Spot& spot) const;
 
   // How far outside of it these distances are.
   TextDistance outside(const TextDistance& distance) const;

@@ -15,9 +15,10 @@ LetterFolding::LetterFolding(const LetterRules& rules, int codePage, bool matchC
     : rules_(rules),
       turkish_(codePage == kTurkishDos || codePage == kTurkishAnsi),
       match_case_(matchCase) {
+  for (char32_t letter = 0; letter < known_.size(); ++letter) known_[letter] = fold(letter);
 }
 
-char32_t LetterFolding::operator()(char32_t letter) const {
+char32_t LetterFolding::fold(char32_t letter) const {
   if (match_case_) return letter;
   if (turkish_ && letter == kDottedCapital) return U'i';
   if (turkish_ && letter == U'I') return kDotless;

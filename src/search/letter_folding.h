@@ -1,6 +1,8 @@
 // Which letters are the same to a search.
 #pragma once
 
+#include <array>
+
 namespace qor {
 
 // What Unicode says of characters, told by whoever knows its tables.
@@ -15,13 +17,18 @@ class LetterFolding {
   // pairs.
   LetterFolding(const LetterRules& rules, int codePage, bool matchCase);
 
-  char32_t operator()(char32_t letter) const;
+  char32_t operator()(char32_t letter) const {
+    return letter < known_.size() ? known_[letter] : fold(letter);
+  }
   bool isWordCharacter(char32_t letter) const { return rules_.isWordCharacter(letter); }
 
  private:
+  char32_t fold(char32_t letter) const;
+
   LetterRules rules_;
   bool turkish_;
   bool match_case_;
+  std::array<char32_t, 0x530> known_{};  // what the first letters become: up to the Cyrillic ones
 };
 
 constexpr bool isBlank(char32_t letter) {

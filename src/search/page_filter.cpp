@@ -32,7 +32,7 @@ PageFilter::PageFilter(const TextMatcher& matcher, const DocumentLetters& letter
   std::map<char32_t, char> firsts;
   for (int i = 0; i < 256; ++i) {
     const char byte = static_cast<char>(i);
-    const bool endsLine = byte == kCarriageReturn || byte == kLineFeed;
+    const bool endsLine = byte == kCarriageReturn || byte == kLineFeed || byte == kFormFeed;
     char& alike = alike_[static_cast<std::size_t>(i)];
     if (isMoreThanALetter(byte)) {
       alike = endsLine ? byte : kSpecial;

@@ -78,11 +78,10 @@ void PageSearch::lookAt(std::u32string_view text, const Found& found) {
 }
 
 void PageSearch::findInRows(const Found& found) {
-  std::size_t next = 0;
-  for (const std::size_t end : orderInRows(texts_.placed)) {
-    std::u32string row = std::move(texts_.placed[next].text);
-    for (++next; next < end; ++next) (row += kBetweenTexts) += texts_.placed[next].text;
-    lookAt(row, found);
+  for (const std::span<PlacedText> row : orderInRows(texts_.placed)) {
+    std::u32string text = std::move(row.front().text);
+    for (const PlacedText& next : row.subspan(1)) (text += kBetweenTexts) += next.text;
+    lookAt(text, found);
   }
 }
 

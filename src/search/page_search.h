@@ -46,6 +46,7 @@ class PageSearch {
   // All of a page.
   void run(std::int32_t page, const InputFile& file, const Found& found);
 
+  TextMatcher& matcher() { return matcher_; }
   bool isEmpty() const { return matcher_.isEmpty(); }
   char32_t missingLetter() const { return filter_.missingLetter(); }
 

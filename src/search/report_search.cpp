@@ -11,8 +11,7 @@ namespace qor {
 
 ReportSearch::ReportSearch(VDoc& doc, const FindQuery& query, const LetterRules& rules,
                            std::int32_t first)
-    : doc_(doc), search_(doc, query, rules), first_(first), behind_(first) {
-  hits_.restart(first);
+    : doc_(doc), search_(doc, query, rules), hits_(first), first_(first), behind_(first) {
 }
 
 // 0 where all are searched.
@@ -42,14 +41,12 @@ void ReportSearch::endPage() {
   const std::int32_t page = pageAtHand();
   if (found_ > 0) hits_.add(page, found_);
   ++(page >= first_ ? behind_ : before_);
-  ++searched_;
   started_ = false;
 }
 
 void ReportSearch::searchFrom(std::int32_t page) {
   if (page >= behind_) return;
   hits_.dropFrom(page);
-  searched_ -= behind_ - page;
   behind_ = page;
   started_ = false;
 }

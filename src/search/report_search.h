@@ -16,9 +16,9 @@ class ReportSearch {
   // Begins with that page. Throws as PageSearch. The document must live as long.
   ReportSearch(VDoc& doc, const FindQuery& query, const LetterRules& rules, std::int32_t first);
 
-  // Looks on while it is told to, some thousand bytes or lines at a time; false once all pages are
-  // searched. Throws as VDoc::RequireSameFile and VDocPage::ReadLines, and NumberedError where the
-  // report can't be opened.
+  // Looks on while it is told to, some hundred lines at a time; false once all pages are searched.
+  // Throws as VDoc::RequireSameFile and VDocPage::ReadLines, and NumberedError where the report
+  // can't be opened.
   bool goOn(const std::function<bool()>& mayGoOn);
 
   // The report has grown: its pages from this one on are looked at anew.
@@ -26,7 +26,6 @@ class ReportSearch {
 
   const SearchHits& hits() const { return hits_; }
   bool isDone() const { return !pageAtHand(); }
-  std::int32_t pagesSearched() const { return searched_; }
 
   // Whether there is nothing to look for, and a letter of it that the code page hasn't, or 0.
   bool isEmpty() const { return search_.isEmpty(); }
@@ -43,7 +42,6 @@ class ReportSearch {
   std::int32_t first_;
   std::int32_t behind_;      // the next page from the first one on
   std::int32_t before_ = 1;  // and of those before it
-  std::int32_t searched_ = 0;
   bool started_ = false;
   std::uint64_t found_ = 0;  // on the page at hand
 };

@@ -5,12 +5,6 @@
 
 namespace qor {
 
-void SearchHits::restart(std::int32_t first) {
-  first_ = first;
-  behind_.clear();
-  before_.clear();
-}
-
 void SearchHits::add(std::int32_t page, std::uint64_t hits) {
   Pages& pages = page < first_ ? before_ : behind_;
   pages.push_back({page, hitsOf(pages) + hits});
@@ -28,10 +22,6 @@ std::uint64_t SearchHits::hitsBefore(const Pages& pages, std::int32_t page) {
 
 std::uint64_t SearchHits::firstFrom(std::int32_t page) const {
   return hitsBefore(before_, page) + hitsBefore(behind_, page);
-}
-
-std::uint64_t SearchHits::countOn(std::int32_t page) const {
-  return firstFrom(page + 1) - firstFrom(page);
 }
 
 HitPlace SearchHits::placeIn(const Pages& pages, std::uint64_t index) {

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 namespace qor {
@@ -19,8 +18,8 @@ struct HitPlace {
 
 class SearchHits {
  public:
-  // Forgets all; pages from this one on come first.
-  void restart(std::int32_t first);
+  // Pages from this one on come first.
+  explicit SearchHits(std::int32_t first) : first_(first) {}
 
   // The next page with hits, one or more.
   void add(std::int32_t page, std::uint64_t hits);
@@ -29,7 +28,6 @@ class SearchHits {
   void dropFrom(std::int32_t page);
 
   std::uint64_t total() const { return hitsOf(before_) + hitsOf(behind_); }
-  std::uint64_t countOn(std::int32_t page) const;
 
   // The hits by number, from 0, in the order of the pages.
   HitPlace at(std::uint64_t index) const;
@@ -37,6 +35,7 @@ class SearchHits {
 
   // Index of the first hit on this page or behind it; the total where there is none.
   std::uint64_t firstFrom(std::int32_t page) const;
+  std::uint64_t countOn(std::int32_t page) const { return firstFrom(page + 1) - firstFrom(page); }
 
  private:
   struct PageHits {
@@ -49,7 +48,7 @@ class SearchHits {
   static std::uint64_t hitsBefore(const Pages& pages, std::int32_t page);
   static HitPlace placeIn(const Pages& pages, std::uint64_t index);
 
-  std::int32_t first_ = 1;
+  std::int32_t first_;
   Pages behind_;  // from the first page on
   Pages before_;
 };

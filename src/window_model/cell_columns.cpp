@@ -2,6 +2,7 @@
 #include "window_model/cell_columns.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "window_model/letter_runs.h"
 
@@ -76,12 +77,25 @@ bool holdsFigures(const Rows& rows, const TextSpan& span) {
   });
 }
 
+// Whether the blank between the columns parts the digits of numbers, as in 28 355,85: whatever ends
+// before it goes on behind it with three of them.
+bool isWithinNumbers(const Rows& rows, const TextSpan& before, const TextSpan& span) {
+  return std::ranges::all_of(rows, [&](const std::u32string& row) {
+    if (cellOf(row, before).empty()) return true;
+    const auto isDigitAt = [&row](std::size_t place) { return isDigit(letterAt(row, place)); };
+    return isDigitAt(before.end() - 1) && isDigitAt(span.first) && isDigitAt(span.first + 1) &&
+           isDigitAt(span.first + 2) && !isDigitAt(span.first + 3);
+  });
+}
+
 std::vector<TextSpan> columnsOf(const Rows& rows) {
   std::vector<TextSpan> columns;
   bool figuresBefore = false;
   for (const CellColumns& piece : piecesOf(rows)) {
     const bool figures = holdsFigures(rows, piece.span);
-    const bool apart = piece.barred || piece.gap > 1 || (figures && figuresBefore);
+    const bool apart =
+        piece.barred || piece.gap > 1 ||
+        (figures && figuresBefore && !isWithinNumbers(rows, columns.back(), piece.span));
     if (columns.empty() || apart) {
       columns.push_back(piece.span);
     } else {

@@ -10,8 +10,8 @@ namespace qor {
 using CellRows = std::vector<std::vector<std::u32string>>;
 
 // Columns stand apart where two columns of the text or more are blank in all rows; where a single
-// one is, if there are figures on both sides in all rows; and where bars stand. Bars, and rows of
-// rules alone, are no cells.
+// one is, if there are figures on both sides in all rows and it doesn't part the digits of numbers,
+// as in 28 355,85; and where bars stand. Bars, and rows of rules alone, are no cells.
 CellRows cellsOf(const std::vector<std::u32string>& rows);
 
 }  // namespace qor

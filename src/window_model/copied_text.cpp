@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "platform/system/text_encoding.h"
 #include "window_model/text_grid.h"
 
@@ -27,23 +28,6 @@ void trimEnds(std::vector<std::u32string>& rows) {
   rows.erase(rows.begin(), std::ranges::find_if(rows, hasText));
 }
 
-void appendHtml(std::string& html, const std::u32string& text) {
-  for (const char32_t letter : text) {
-    switch (letter) {
-      case U'&': html += "&amp;"; break;
-      case U'<': html += "&lt;"; break;
-      case U'>': html += "&gt;"; break;
-      default: appendUtf8(html, letter); break;
-    }
-  }
-}
-
-std::string utf8(const std::u32string& text) {
-  std::string bytes;
-  for (const char32_t letter : text) appendUtf8(bytes, letter);
-  return bytes;
-}
-
 }  // namespace
 
 std::vector<std::u32string> copiedRows(const TextMap& map, const TextSelection& selection) {
@@ -53,7 +37,7 @@ std::vector<std::u32string> copiedRows(const TextMap& map, const TextSelection& 
   std::vector<std::u32string> rows;
   forEachLine(map, selection, [&](const SelectedLine& line) { rows.push_back(grid.place(line)); });
   if (selection.kind() == SelectionKind::rectangle) {
-    std::erase_if(rows, [](const std::u32string& row) { return row.empty(); });
+    std::erase(rows, U"");
   } else {
     trimEnds(rows);
   }
@@ -64,7 +48,7 @@ std::string plainText(const std::vector<std::u32string>& rows) {
   std::string text;
   for (const std::u32string& row : rows) {
     if (&row != rows.data()) text += '\n';
-    text += utf8(row);
+    text += utf8FromCodePoints(row);
   }
   return text;
 }
@@ -74,7 +58,7 @@ std::string tabSeparated(const CellRows& cells) {
   for (const auto& row : cells) {
     for (const std::u32string& cell : row) {
       if (&cell != row.data()) text += '\t';
-      text += utf8(cell);
+      text += utf8FromCodePoints(cell);
     }
     text += '\n';
   }
@@ -85,11 +69,8 @@ std::string htmlTable(const CellRows& cells) {
   std::string html = "<meta charset=\"utf-8\"><table>";
   for (const auto& row : cells) {
     html += "<tr>";
-    for (const std::u32string& cell : row) {
-      html += "<td>";
-      appendHtml(html, cell);
-      html += "</td>";
-    }
+    for (const std::u32string& cell : row)
+      html += "<td>" + escapedMarkup(utf8FromCodePoints(cell)) + "</td>";
     html += "</tr>\n";
   }
   return html += "</table>";

@@ -20,22 +20,10 @@ bool isIn(char32_t letter, char32_t first, char32_t last) {
   return first <= letter && letter <= last;
 }
 
-bool isDigit(char32_t letter) {
-  return isIn(letter, U'0', U'9');
-}
-
-// Beyond ASCII all that is no sign of Latin 1, of typography or of boxes.
-bool isOfWord(char32_t letter) {
-  if (letter < 0x80) return isDigit(letter) || isIn(letter | 0x20, U'a', U'z') || letter == U'_';
-  if (letter < 0xC0) return letter == 0xAA || letter == 0xB5 || letter == 0xBA;
-  return letter != 0xD7 && letter != 0xF7 && !isIn(letter, 0x2000, 0x206F) &&
-         !isIn(letter, 0x2190, 0x25FF);
-}
-
-bool belongsToWord(std::u32string_view text, std::size_t place) {
-  if (isOfWord(text[place])) return true;
+bool belongsToWord(std::u32string_view text, std::size_t place, const LetterRules& rules) {
+  if (rules.isWordCharacter(text[place])) return true;
   return has(kJoining, text[place]) && place > 0 && place + 1 < text.size() &&
-         isOfWord(text[place - 1]) && isOfWord(text[place + 1]);
+         rules.isWordCharacter(text[place - 1]) && rules.isWordCharacter(text[place + 1]);
 }
 
 // As far as that holds to both sides.
@@ -50,13 +38,13 @@ TextSpan runWhere(std::size_t size, std::size_t place, Holds holds) {
 
 }  // namespace
 
-TextSpan runAt(std::u32string_view text, std::size_t place) {
+TextSpan runAt(std::u32string_view text, std::size_t place, const LetterRules& rules) {
   if (text.empty()) return {};
   place = std::min(place, text.size() - 1);
-  if (belongsToWord(text, place))
-    return runWhere(text.size(), place, [&](std::size_t i) { return belongsToWord(text, i); });
-  if (isBlank(text[place]))
-    return runWhere(text.size(), place, [&](std::size_t i) { return isBlank(text[i]); });
+  const auto ofWord = [&](std::size_t i) { return belongsToWord(text, i, rules); };
+  const auto blank = [text](std::size_t i) { return isBlank(text[i]); };
+  if (ofWord(place)) return runWhere(text.size(), place, ofWord);
+  if (blank(place)) return runWhere(text.size(), place, blank);
   return {place, 1};
 }
 
@@ -66,6 +54,10 @@ bool isBar(char32_t letter) {
 
 bool isRule(char32_t letter) {
   return has(kRules, letter) || isIn(letter, 0x2500, 0x257F);
+}
+
+bool isDigit(char32_t letter) {
+  return isIn(letter, U'0', U'9');
 }
 
 bool isFigure(std::u32string_view text) {

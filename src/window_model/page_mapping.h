@@ -3,14 +3,10 @@
 // of the view. A dot of the screen may be a fraction of a pixel, and a place a fraction of both.
 #pragma once
 
+#include "base/spot.h"
 #include "window_model/page_view.h"
 
 namespace qor {
-
-struct Spot {
-  double x = 0;
-  double y = 0;
-};
 
 class PageMapping {
  public:

@@ -24,7 +24,7 @@ TextPlace clamped(const TextMap& map, TextPlace place) {
 
 // The gap of a line that is nearest to a distance from the left.
 TextPlace placeIn(const TextMap& map, std::size_t number, double x) {
-  const TextPoint spot = {x, middle(map.band(number))};
+  const Spot spot = {x, middle(map.band(number))};
   TextPlace place = {number, 0};
   double nearest = 0;
   const TextLine line = map.line(number);
@@ -39,10 +39,10 @@ TextPlace placeIn(const TextMap& map, std::size_t number, double x) {
 }
 
 // The middle of the gap's height.
-TextPoint spotOf(const TextMap& map, const TextPlace& place) {
+Spot spotOf(const TextMap& map, const TextPlace& place) {
   if (map.lineCount() == 0) return {};
   const TextLine line = map.line(place.line);
-  TextPoint spot = {0, middle(map.band(place.line))};
+  Spot spot = {0, middle(map.band(place.line))};
   for (const TextStretch& stretch : line.stretches) {
     const std::size_t column = std::clamp(place.column, stretch.first, stretch.end());
     spot = stretch.at(stretch.edges[column - stretch.first], stretch.height / 2);
@@ -63,14 +63,14 @@ bool TextSelection::isEmpty() const {
   return kind_ == SelectionKind::rectangle ? anchor_x_ == focus_x_ : anchor_ == focus_;
 }
 
-void TextSelection::start(const TextMap& map, SelectionKind kind, const TextPoint& spot) {
+void TextSelection::start(const TextMap& map, SelectionKind kind, const Spot& spot) {
   kind_ = kind;
   extend(map, spot);
   anchor_ = focus_;
   anchor_x_ = focus_x_;
 }
 
-void TextSelection::extend(const TextMap& map, const TextPoint& spot) {
+void TextSelection::extend(const TextMap& map, const Spot& spot) {
   focus_ = map.placeNear(spot);
   focus_x_ = spot.x;
 }
@@ -81,17 +81,17 @@ void TextSelection::select(const TextPlace& from, const TextPlace& to) {
   focus_ = to;
 }
 
-void TextSelection::takeWord(const TextMap& map, const TextPoint& spot) {
+void TextSelection::takeWord(const TextMap& map, const Spot& spot, const LetterRules& rules) {
   const TextPlace place = map.placeNear(spot);
   if (map.lineCount() == 0) return;
   // The gap is the one behind a character whose right half is meant.
   const bool behind = place.column > 0 && spotOf(map, place).x > spot.x;
-  const TextSpan run = runAt(map.text(place.line), place.column - (behind ? 1 : 0));
+  const TextSpan run = runAt(map.text(place.line), place.column - (behind ? 1 : 0), rules);
   select({place.line, run.first}, {place.line, run.end()});
   keepColumn(map);
 }
 
-void TextSelection::takeLine(const TextMap& map, const TextPoint& spot) {
+void TextSelection::takeLine(const TextMap& map, const Spot& spot) {
   const std::size_t line = map.placeNear(spot).line;
   if (map.lineCount() == 0) return;
   select({line, 0}, {line, map.text(line).size()});
@@ -158,9 +158,9 @@ void TextSelection::moveDown(const TextMap& map, double height) {
   focus_ = map.placeNear({focus_x_, end(map).y + height});
 }
 
-TextPoint TextSelection::end(const TextMap& map) const {
+Spot TextSelection::end(const TextMap& map) const {
   const TextPlace place = clamped(map, focus_);
-  TextPoint spot = spotOf(map, place);
+  Spot spot = spotOf(map, place);
   if (kind_ == SelectionKind::rectangle) spot.x = focus_x_;
   return spot;
 }

@@ -23,12 +23,12 @@ class TextSelection {
   SelectionKind kind() const { return kind_; }
 
   // Starts at a spot of the page, twips, and leads from there to another.
-  void start(const TextMap& map, SelectionKind kind, const TextPoint& spot);
-  void extend(const TextMap& map, const TextPoint& spot);
+  void start(const TextMap& map, SelectionKind kind, const Spot& spot);
+  void extend(const TextMap& map, const Spot& spot);
 
   // The word at a spot, or the run of blanks, or the sign; the line there; all of the page.
-  void takeWord(const TextMap& map, const TextPoint& spot);
-  void takeLine(const TextMap& map, const TextPoint& spot);
+  void takeWord(const TextMap& map, const Spot& spot, const LetterRules& rules);
+  void takeLine(const TextMap& map, const Spot& spot);
   void takePage(const TextMap& map);
   void select(const TextPlace& from, const TextPlace& to);  // in reading order
 
@@ -42,7 +42,7 @@ class TextSelection {
   const TextPlace& focus() const { return focus_; }
 
   // Where its end stands, twips.
-  TextPoint end(const TextMap& map) const;
+  Spot end(const TextMap& map) const;
 
   // The lines that it touches, in reading order; those of a rectangle from top to bottom.
   std::vector<std::size_t> lines(const TextMap& map) const;

@@ -8,18 +8,25 @@
 namespace qor {
 namespace {
 
-constexpr qint64 kSlice = 12;  // ms, before the window answers again
+constexpr int kUsualLength = 12;  // ms
 
 }  // namespace
 
-bool doSlice(const std::function<bool()>& step) {
+Slice doSlice(int milliseconds, const std::function<bool(const MayGoOn&)>& work) {
   QElapsedTimer time;
   time.start();
-  bool more = true;
-  const QString failure = failureOf([&] {
-    while (more && time.elapsed() < kSlice) more = step();
+  Slice slice;
+  slice.failure =
+      failureOf([&] { slice.more = work([&] { return time.elapsed() < milliseconds; }); });
+  return slice;
+}
+
+Slice doSteps(const std::function<bool()>& step) {
+  return doSlice(kUsualLength, [&step](const MayGoOn& mayGoOn) {
+    bool more = true;
+    while (more && mayGoOn()) more = step();
+    return more;
   });
-  return more && failure.isNull();
 }
 
 }  // namespace qor

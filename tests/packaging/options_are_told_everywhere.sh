@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The options that the program searches for are those of the README, of the manual page that is made
 # of it, and of the completion; so are the formats of exports.
-#   options_are_told_everywhere.sh MANUAL
+#   options_are_told_everywhere.sh MANUAL MANUAL_OF_QOREXPORT
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 words() { tr ' ' '\n' | sed '/^$/d' | sort -u; }
@@ -22,3 +22,16 @@ same "the manual page's -export" "$formats" "$(grep -oE '(^| )\.[a-z]+' <<<"$pag
 same "the completion" "$(grep -v '/' <<<"$searched")" \
   "$(sed -n '/local options=/,/"$/p' packaging/qorutlview.bash | grep -oE '(^|[" ])--?[a-z]+' | tr -d '" ')"
 same "the completion's -export" "$formats" "$(grep -m1 -o 'extensions=".*"' packaging/qorutlview.bash | grep -oE '\.[a-z]+')"
+
+# Those of qorexport stand in a table of its own.
+known=$(sed -n '/^constexpr OptionRow/,/^};/p' src/bulk/bulk_options.cpp |
+  sed -nE "s/^ *\{\{\"([a-z-]+)\"(, '([a-z])'|, 0)?.*/--\1 -\3/p" | tr ' ' '\n' | grep -E '^--?[a-z]' | sort -u)
+[ "$(wc -l <<<"$known")" -gt 20 ]
+same docs/servers.md "$known" "$(grep -E '^\| `-' docs/servers.md | cut -d'|' -f2 | grep -oE '`[^`]+`' | tr -d '`')"
+page=$(sed -n '/^\.SH OPTIONS/,/^\.SH EXIT/p' "$2" | sed 's/\\-/-/g; s/\\f[A-Z]//g')
+same "the manual page of qorexport" "$known" "$(grep -A1 '^\.TP' <<<"$page" | grep -oE '(^|[ ,])--?[a-z][a-z-]*' | tr -d ' ,')"
+same "the completion of qorexport" "$known" \
+  "$(sed -n '/local options=/,/"$/p' packaging/qorexport.bash | grep -oE '(^|[" ])--?[a-z][a-z-]*' | tr -d '" ')"
+written=$(sed -n '/^constexpr BulkFormat/,/^};/p' src/bulk/bulk_options.cpp | grep -oE '\{"[a-z]+"' | tr -d '{"')
+same "docs/servers.md's --to" "$written" "$(grep -E '^\| `-t`' docs/servers.md | cut -d'|' -f4 | sed 's/Without.*//' | grep -oE '`[a-z]+`' | tr -d '`')"
+same "the completion's --to" "$written" "$(grep -m1 -o 'formats=".*"' packaging/qorexport.bash | cut -d'"' -f2)"

@@ -49,14 +49,17 @@ done
 [[ $(readlink "$root/bin/qorutlview") != /* ]] || wrong "the link is not relative"
 (cd "$source/samples" && "$root/bin/qorutlview" -f labels.txt -export "$place/labels.pdf" 2>/dev/null)
 pdffonts "$place/labels.pdf" | grep -q ' yes yes yes ' || wrong "the export doesn't embed and cut fonts"
+(cd "$source/samples" && "$root/bin/qorexport" -o "$place/again.pdf" labels.txt 2>/dev/null)
+cmp <(pdftotext "$place/labels.pdf" -) <(pdftotext "$place/again.pdf" -) || wrong "qorexport writes another document"
 version=$("$root/bin/qorutlview" --version | sed 's/^QorUtlView //')
 [ "## $version" = "$(grep -m1 '^## ' "$source/CHANGELOG.md" | cut -d' ' -f1,2)" ] ||
   wrong "the change log doesn't begin with $version"
 
-manual=$root/share/man/man1/qorutlview.1
-[ -z "$(groff -ww -man -Tutf8 -z "$manual" 2>&1; man --warnings -E UTF-8 -l -Tutf8 -Z "$manual" 2>&1 >/dev/null)" ] ||
-  wrong "the manual page has warnings"
-grep -q "QorUtlView $version\"" "$manual" || wrong "the manual page is of another version"
+for manual in "$root"/share/man/man1/{qorutlview,qorexport}.1; do
+  [ -z "$(groff -ww -man -Tutf8 -z "$manual" 2>&1; man --warnings -E UTF-8 -l -Tutf8 -Z "$manual" 2>&1 >/dev/null)" ] ||
+    wrong "$manual has warnings"
+  grep -q "QorUtlView $version\"" "$manual" || wrong "$manual is of another version"
+done
 
 [ "$2" = core ] && exit 0
 desktop-file-validate "$root"/share/applications/*.desktop

@@ -11,17 +11,11 @@
 namespace qor::test {
 namespace {
 
-std::string utf8(std::u32string_view text) {
-  std::string result;
-  for (const char32_t c : text) appendUtf8(result, c);
-  return result;
-}
-
 // Such as "abc@0:0,0 3:360,227": the text, and where each stretch of it starts.
 std::string told(const TextLine& line) {
-  std::string text = utf8(line.text) + "@";
+  std::string text = utf8FromCodePoints(line.text) + "@";
   for (const TextStretch& stretch : line.stretches) {
-    const TextPoint corner = stretch.at(0, 0);
+    const Spot corner = stretch.at(0, 0);
     text += std::to_string(stretch.first) + ":" + std::to_string(std::lround(corner.x)) + "," +
             std::to_string(std::lround(corner.y)) + "+" +
             std::to_string(std::lround(stretch.edges.back())) + " ";
@@ -65,7 +59,7 @@ TEST(TextMap, readsLettersAsTheyWereMeant) {
   LoadCodePage(1252);
   EXPECT_EQ(told(TextMap(report.page(), DocumentLetters(1252))).substr(0, 5), "éé@");
   const TextMap map(report.page(), DocumentLetters(1252));
-  EXPECT_EQ(utf8(map.text(2)), "й");
+  EXPECT_EQ(utf8FromCodePoints(map.text(2)), "й");
 }
 
 TEST(TextMap, findsTheGapThatIsNearest) {
@@ -74,7 +68,7 @@ TEST(TextMap, findsTheGapThatIsNearest) {
   TestReport report(bytes);
   const TextMap map(report.page(), DocumentLetters(1251));
   // A spot, and the line and the gap there.
-  const std::vector<std::tuple<TextPoint, std::size_t, std::size_t>> rows = {
+  const std::vector<std::tuple<Spot, std::size_t, std::size_t>> rows = {
       {{-50, -50}, 0, 0}, {{59, 100}, 0, 0},  {{61, 100}, 0, 1},   {{419, 100}, 0, 3},
       {{421, 100}, 0, 4}, {{900, 100}, 0, 4}, {{130, 300}, 1, 1},  {{2000, 300}, 1, 2},
       {{99, 500}, 2, 0},  {{2700, 30}, 4, 0}, {{2900, 100}, 4, 1}, {{9999, 100}, 4, 2},
@@ -91,7 +85,7 @@ TEST(TextMap, turnedTextsHaveTurnedCells) {
   ASSERT_EQ(line.stretches.size(), 1U);
   const TextStretch& stretch = line.stretches.front();
   if (stretch.angle == 0) GTEST_FAIL() << "not turned";
-  const TextPoint end = stretch.at(120, 227);
+  const Spot end = stretch.at(120, 227);
   const TextDistance back = stretch.from(end);
   EXPECT_NEAR(back.along, 120, 1e-6);
   EXPECT_NEAR(back.across, 227, 1e-6);

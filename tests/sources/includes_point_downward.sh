@@ -14,9 +14,9 @@ check() {
     above+="|${rows[$i]}"
   done
 }
-check base language platform document barcode render search settings export window_model windows app
+check base language platform document barcode render search settings export window_model windows app bulk
 check platform/{system,walls,fonts,pictures,qt,x11,canvas,pdf,print,cups,harfbuzz,workbook,gsf,rtf}
 wrong+=$(grep -rlE '^#include <Q' . | grep -vE '^\./(windows|platform/qt)/' || true)
-wrong+=$(grep -rlE '^#include <(unistd|fcntl|spawn|dlfcn|link|iconv|langinfo|poll|signal|pwd|sys/.*)\.h>' . |
+wrong+=$(grep -rlE '^#include <(unistd|fcntl|spawn|getopt|sched|dlfcn|link|iconv|langinfo|poll|signal|pwd|sys/.*)\.h>' . |
   grep -vE '_posix\.(cpp|h)$|/(cups|x11)/' || true)
 [ -z "$wrong" ] || { echo "$wrong"; exit 1; }

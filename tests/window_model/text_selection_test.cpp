@@ -1,4 +1,5 @@
 // Selections on a page, and what is copied of them. Characters are 120 twips wide, lines 227 high.
+#include "support/letter_rules.h"
 #include "support/test.h"
 #include "window_model/copied_text.h"
 #include "window_model/text_grid.h"
@@ -21,7 +22,7 @@ class Page {
 };
 
 // A spot at a column and in the middle of a line.
-TextPoint at(double column, int line) {
+Spot at(double column, int line) {
   return {column * 120, line * 227 + 113.0};
 }
 
@@ -29,7 +30,7 @@ std::string copied(const TextMap& map, const TextSelection& selection) {
   return selection.isEmpty() ? "" : plainText(copiedRows(map, selection));
 }
 
-std::string copied(const TextMap& map, Kind kind, TextPoint from, TextPoint to) {
+std::string copied(const TextMap& map, Kind kind, Spot from, Spot to) {
   TextSelection selection;
   selection.start(map, kind, from);
   selection.extend(map, to);
@@ -38,7 +39,7 @@ std::string copied(const TextMap& map, Kind kind, TextPoint from, TextPoint to) 
 
 TEST(TextSelection, copiesWhatItCovers) {
   const Page page("Name   Qty\r\n apple   12\r\n\r\npear     7  \r\n");
-  const std::tuple<Kind, TextPoint, TextPoint, const char*> rows[] = {
+  const std::tuple<Kind, Spot, Spot, const char*> rows[] = {
       {Kind::lines, at(0, 0), at(4, 0), "Name"},
       {Kind::lines, at(2.4, 0), at(2.3, 0), ""},
       {Kind::lines, at(7, 0), at(0, 0), "Name"},
@@ -61,7 +62,7 @@ TEST(TextSelection, takesWordsLinesAndThePage) {
       {0.5, 1, ""},   {2.2, 1, "xйy_1"}, {9, 1, "31/12/2024"}};
   TextSelection selection;
   for (const auto& [column, line, word] : rows) {
-    selection.takeWord(page.map, at(column, line));
+    selection.takeWord(page.map, at(column, line), kTestLetters);
     EXPECT_EQ(copied(page.map, selection), word) << column;
   }
   selection.takeLine(page.map, at(3, 0));
@@ -178,6 +179,10 @@ TEST(CopiedText, findsCells) {
       {{U"Apple pie    12.00", U"Tea        1234.50"}, "Apple pie\t12.00\nTea\t1234.50\n"},
       {{U"1 22 x", U"3 44 y"}, "1\t22 x\n3\t44 y\n"},
       {{U"a 1", U"b 2"}, "a 1\nb 2\n"},
+      {{U"1 228 355,85 5", U"       45,10 6", U"    7 000,00 7"},
+       "1 228 355,85\t5\n45,10\t6\n7 000,00\t7\n"},
+      {{U" 1 100", U"22 20 "}, "1\t100\n22\t20\n"},
+      {{U"1 1000", U"2 2000"}, "1\t1000\n2\t2000\n"},
       {{U"1 01/02/2024", U"2 03.04.2024"}, "1\t01/02/2024\n2\t03.04.2024\n"},
       {{U"1  ", U"2 (3,5)"}, "1\t\n2\t(3,5)\n"},
       {{U"+--+---+", U"|a |b c|", U"|--+---|", U"|dd| e |"}, "a\tb c\ndd\te\n"},

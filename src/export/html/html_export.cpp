@@ -116,7 +116,7 @@ ExportResult ExportHtml(ExportTask& task) {
   const std::string stem =
       task.options.SaveHtmlPictures ? sideFileStem(task.startedWith.report) : "";
   std::string html;
-  forEachPage(task.doc, task.mode, task.progress, [&](const VDocPage& page) {
+  forEachPage(task, [&](const VDocPage& page) {
     if (!stem.empty()) writeBarcodePicturesOf(page, stem);
     forEachLine(page, [&](const VDocStr& line) {
       html.clear();

@@ -61,14 +61,15 @@ ExportResult ExportImages(ExportTask& task) {
   const PictureNames names(task.target, task.doc.PageCount);
   layOutSheet(task.doc.Settings);
   BitmapCanvas bitmap = bitmapOf(task.doc.Settings.Scr, task.target);
-  forEachPage(task.doc, task.mode, task.progress, [&](VDocPage& page) {
+  forEachPage(task, [&](VDocPage& page) {
     bitmap.clear();
     RenderPageToImage(page, bitmap.canvas());
     // What one page replaces no other one brings back.
     task.doc.RequireSameFile();
     for (std::size_t i = 0; i < kFormats.size(); ++i) {
       if (!formats.test(i)) continue;
-      task.files.push_back(names.name(page.Number, i));
+      task.files.push_back(task.pictureName ? task.pictureName(page.Number, kImageExtensions[i])
+                                            : names.name(page.Number, i));
       if (task.starts) task.starts(task.files.back());
       savePage(bitmap, kFormats[i], task);
     }

@@ -2,6 +2,7 @@
 #include "export/image/picture_names.h"
 
 #include "base/path.h"
+#include "document/vdoc.h"
 
 namespace qor {
 
@@ -18,6 +19,20 @@ std::string PictureNames::name(std::int32_t page, std::size_t imageFormat) const
 ImageFormatSet writtenFormats(const std::string& target, ImageFormatSet chosen) {
   if (extensionOf(target).empty()) chosen.set(kImageJpeg);
   return chosen;
+}
+
+std::vector<std::string> pictureFiles(const ExportTask& task) {
+  const ImageFormatSet formats = writtenFormats(task.target, task.options.ImageFormats);
+  const PictureNames names(task.target, task.doc.PageCount);
+  std::vector<std::string> files;
+  for (std::int32_t page = 1; page <= task.doc.PageCount; ++page) {
+    for (std::size_t i = 0; i < formats.size(); ++i) {
+      if (!formats.test(i) || !task.pages.has(page)) continue;
+      files.push_back(task.pictureName ? task.pictureName(page, kImageExtensions[i])
+                                       : names.name(page, i));
+    }
+  }
+  return files;
 }
 
 std::vector<std::string> pictureFiles(const std::string& target, ImageFormatSet chosen,

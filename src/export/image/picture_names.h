@@ -32,6 +32,9 @@ class PictureNames {
 // The formats that are written: the chosen ones, and JPEG for a target without an extension.
 ImageFormatSet writtenFormats(const std::string& target, ImageFormatSet chosen);
 
+// The pictures of a task, whose names may be its own.
+std::vector<std::string> pictureFiles(const ExportTask& task);
+
 // All files of an export, in the order in which they are written.
 std::vector<std::string> pictureFiles(const std::string& target, ImageFormatSet chosen,
                                       std::int32_t pageCount);

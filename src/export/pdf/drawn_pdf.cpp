@@ -34,7 +34,7 @@ void drawPages(const ExportTask& task, PdfPages& pages) {
                     pointsFromTwips(realTwipsFromMillimetres(height)));
   PdfCanvas canvas(pages, {settings.Prn.PhysicalWidth, settings.Prn.PhysicalHeight},
                    {kUsualDpi, kUsualDpi});
-  forEachPage(task.doc, task.mode, task.progress, [&](VDocPage& page) {
+  forEachPage(task, [&](VDocPage& page) {
     canvas.beginPage();
     canvas.reset();
     DrawPage(page, canvas);

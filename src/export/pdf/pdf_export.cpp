@@ -96,7 +96,7 @@ std::int32_t pageWidthOf(const ExportTask& task) {
   VDoc& doc = task.doc;
   if (task.mode != PageMode::pictures)
     return doc.Settings.Page.landscape() ? kLandscapeWidth : kUprightWidth;
-  const double height = doc.FontAt(doc.PageCount + 1).Height;
+  const double height = doc.FontAt(task.lastPage() + 1).Height;
   const auto* row =
       std::find_if(std::begin(kWidthDivisors), std::end(kWidthDivisors),
                    [height](const WidthRow& each) { return each.fontHeight == height; });
@@ -111,8 +111,9 @@ PdfLosses writePages(const ExportTask& task, PdfDocument& document) {
   PdfWriter writer(document, codePage, stem);
   PdfLossWatch losses;
   PdfLines lines(1);
+  const std::int32_t lastPage = task.lastPage();
   const PdfLines pageEnd = {{std::string(1, kPageMark)}};
-  forEachPage(task.doc, task.mode, task.progress, [&](const VDocPage& page) {
+  forEachPage(task, [&](const VDocPage& page) {
     writeBarcodePicturesOf(page, stem);
     forEachLine(page, [&](const VDocStr& line) {
       lines.front().clear();
@@ -120,7 +121,7 @@ PdfLosses writePages(const ExportTask& task, PdfDocument& document) {
       writer.WritePdf(lines);
       losses.look(line);
     });
-    if (page.Number != task.doc.PageCount) writer.WritePdf(pageEnd);
+    if (page.Number != lastPage) writer.WritePdf(pageEnd);
   });
   writer.endPages(pageWidthOf(task));
   return losses.found();

@@ -50,11 +50,11 @@ ExportResult ExportWord(ExportTask& task) {
   const WordTyping typing = {*document, text, wantsPictures ? &pictures : nullptr};
   document->setPage(pageOf(settings));
   document->setFont(kFirstFace, kFirstSize);
-  forEachPage(task.doc, task.mode, task.progress, [&](const VDocPage& page) {
+  const std::int32_t lastPage = task.lastPage();
+  forEachPage(task, [&](const VDocPage& page) {
     if (wantsPictures) writeBarcodePicturesOf(page, pictures.stem());
     const bool placed = typeLines(page, typing);
-    if (page.Number < task.doc.PageCount)
-      document->breakPage(placed ? WordBreak::beside : WordBreak::typed);
+    if (page.Number < lastPage) document->breakPage(placed ? WordBreak::beside : WordBreak::typed);
   });
   document->save();
   file.commit();

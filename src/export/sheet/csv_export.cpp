@@ -27,7 +27,7 @@ void exportCsv(ExportTask& task) {
   OutputFile file(task.target);
   std::string fields;
   FieldTeller teller(task.options.CsvSeparator, fields);
-  forEachPage(task.doc, task.mode, task.progress, [&](const VDocPage& page) {
+  forEachPage(task, [&](const VDocPage& page) {
     forEachLine(page, [&](const VDocStr& line) {
       fields.clear();
       line.tell(teller);

@@ -50,7 +50,6 @@ ExcelConvertLibXL::ExcelConvertLibXL(WorkbookWriter& writer, Options options)
 // --- Pages and sheets ----------------------------------------------------------------------------
 
 void ExcelConvertLibXL::WritePage(const VDocPage& page) {
-  page_ = page.Number;
   if (options_.pagePerSheet && page_ > 1) {
     next_row_ = 0;
     addSheet();

@@ -96,7 +96,7 @@ class ExcelConvertLibXL {
   std::optional<FontState> taken_;             // as the report has it
   std::array<std::uint32_t, kLooks> looks_{};  // its formats, 0 for one that isn't made
   std::uint32_t current_format_ = 0;           // of the next cell
-  std::int32_t page_ = 0;                      // the first one that cells may still come from
+  std::int32_t page_ = 1;                      // the first one that cells may still come from
   std::int64_t next_row_ = 0;
   // Where the next cell goes.
   std::size_t sheet_ = 0;

@@ -36,10 +36,9 @@ void exportWorkbook(ExportTask& task, MakeWriter makeWriter) {
   const auto writer = makeWriter(file);
   const VDoc& doc = task.doc;
   ExcelConvertLibXL convert(
-      *writer, {task.options.PagePerSheet, doc.PageCount, doc.Settings.Page.BaseCodePage,
+      *writer, {task.options.PagePerSheet, task.pageCount(), doc.Settings.Page.BaseCodePage,
                 sideFileStem(task.startedWith.report)});
-  forEachPage(task.doc, task.mode, task.progress,
-              [&convert](const VDocPage& page) { convert.WritePage(page); });
+  forEachPage(task, [&convert](const VDocPage& page) { convert.WritePage(page); });
   convert.SaveBook();
   file.commit();
   pictures.keep();

@@ -27,7 +27,7 @@ void LineToText(const VDocStr& line, std::string& text) {
 ExportResult ExportText(ExportTask& task) {
   OutputFile file(task.target);
   std::string text;
-  forEachPage(task.doc, task.mode, task.progress, [&](const VDocPage& page) {
+  forEachPage(task, [&](const VDocPage& page) {
     forEachLine(page, [&](const VDocStr& line) {
       text.clear();
       LineToText(line, text);

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "base/text.h"
 #include "platform/system/text_encoding.h"
 #include "platform/system/utc_time.h"
 
@@ -31,19 +32,6 @@ std::string printable(std::string_view utf8) {
   return text;
 }
 
-std::string xmlText(std::string_view text) {
-  std::string escaped;
-  for (const char c : text) {
-    switch (c) {
-      case '<': escaped += "&lt;"; break;
-      case '>': escaped += "&gt;"; break;
-      case '&': escaped += "&amp;"; break;
-      default: escaped += c;
-    }
-  }
-  return escaped;
-}
-
 std::string levelOf(const PdfInformation& information) {
   if (!information.archived) return "";
   return std::string("<pdfaid:part>2</pdfaid:part>\n<pdfaid:conformance>") +
@@ -60,9 +48,9 @@ std::string xmpOf(const PdfInformation& information) {
          " xmlns:pdf=\"http://ns.adobe.com/pdf/1.3/\""
          " xmlns:pdfaid=\"http://www.aiim.org/pdfa/ns/id/\">\n"
          "<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">" +
-         xmlText(printable(information.title)) +
+         escapedMarkup(printable(information.title)) +
          "</rdf:li></rdf:Alt></dc:title>\n<xmp:CreateDate>" + created +
-         "</xmp:CreateDate>\n<pdf:Producer>" + xmlText(printable(information.producer)) +
+         "</xmp:CreateDate>\n<pdf:Producer>" + escapedMarkup(printable(information.producer)) +
          "</pdf:Producer>\n" + levelOf(information) +
          "</rdf:Description>\n</rdf:RDF>\n</x:xmpmeta>\n<?xpacket end=\"w\"?>\n";
 }

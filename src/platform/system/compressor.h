@@ -1,8 +1,9 @@
 // Compression by deflate (RFC 1951), a whole text at a time.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <string>
+#include <memory>
 #include <string_view>
 
 struct libdeflate_compressor;
@@ -23,10 +24,13 @@ class Compressor {
 
  private:
   libdeflate_compressor* handle_;
-  std::string buffer_;
+  char* room(std::size_t size);
+
+  std::unique_ptr<char[]> buffer_;
+  std::size_t size_ = 0;  // of the buffer
 };
 
-// The checksum of ZIP and PNG files.
-std::uint32_t crc32Of(std::string_view bytes);
+// The checksum of ZIP and PNG files; that of bytes before them is gone on with.
+std::uint32_t crc32Of(std::string_view bytes, std::uint32_t before = 0);
 
 }  // namespace qor

@@ -18,6 +18,9 @@ std::string programDirectory();
 // The path from the root on.
 std::string fullPath(const std::string& path);
 
+// The same without links, "." and "..", as far as it leads to what is there.
+std::string realPath(const std::string& path);
+
 // True for a directory, also by a link; and where anything of that name is there, also a link that
 // leads nowhere.
 bool isDirectory(const std::string& path);
@@ -25,6 +28,9 @@ bool isTaken(const std::string& path);
 
 // True only where its directory can be looked at and holds nothing of that name.
 bool isGone(const std::string& path);
+
+// Makes the directory and those that it stands in, as far as they aren't there. Throws FileError.
+void makeDirectories(const std::string& directory);
 
 // Makes it the current directory; one that can't be entered changes nothing.
 void enterDirectory(const std::string& directory);

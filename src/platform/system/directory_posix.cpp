@@ -7,6 +7,7 @@
 
 #include <sys/stat.h>
 
+#include "base/errors.h"
 #include "platform/system/directory.h"
 #include "platform/system/text_encoding.h"
 
@@ -90,6 +91,12 @@ std::string fullPath(const std::string& path) {
   return error ? path : full;
 }
 
+std::string realPath(const std::string& path) {
+  std::error_code error;
+  const fs::path real = fs::weakly_canonical(path, error);
+  return error ? fullPath(path) : real.string();
+}
+
 bool isDirectory(const std::string& path) {
   std::error_code error;
   return fs::is_directory(path, error);
@@ -104,6 +111,13 @@ bool isGone(const std::string& path) {
   std::error_code error;
   const fs::directory_iterator readable(fs::path(path).parent_path(), error);
   return !error && fs::symlink_status(path, error).type() == fs::file_type::not_found;
+}
+
+void makeDirectories(const std::string& directory) {
+  std::error_code error;
+  if (directory.empty() || isDirectory(directory)) return;
+  std::filesystem::create_directories(directory, error);
+  if (error) throw FileError(directory + ": " + error.message(), ErrorKind::cannotWrite);
 }
 
 void enterDirectory(const std::string& directory) {

@@ -11,9 +11,9 @@ namespace {
 
 MessageSink::Show windowSink;
 
-void print(std::FILE* stream, const std::string& text) {
-  std::fwrite(text.data(), 1, text.size(), stream);
-  std::fflush(stream);
+bool print(std::FILE* stream, const std::string& text) {
+  return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
+         std::fflush(stream) == 0;
 }
 
 void show(MessageKind kind, std::string_view text) {
@@ -40,8 +40,8 @@ void showError(std::string_view text) {
   show(MessageKind::error, text);
 }
 
-void writeOutput(std::string_view text) {
-  print(stdout, std::string(text) + "\n");
+bool writeOutput(std::string_view text) {
+  return print(stdout, std::string(text) + "\n");
 }
 
 void writeErrorLine(std::string_view text) {

@@ -12,8 +12,8 @@ enum class MessageKind { information, warning, error };
 // One line on standard error and nothing on any window, for the log of a server.
 void writeErrorLine(std::string_view text);
 
-// One text on standard output.
-void writeOutput(std::string_view text);
+// One text on standard output; false where it can't be written.
+bool writeOutput(std::string_view text);
 
 void showInformation(std::string_view text);
 void showWarning(std::string_view text);

@@ -27,8 +27,9 @@ std::u32string codePointsFromUtf8(std::string_view text);
 // UTF-8 as UTF-16.
 std::u16string utf16FromUtf8(std::string_view text);
 
-// Appends a code point, which must be one that UTF-8 can hold.
+// Appends a code point, which must be one that UTF-8 can hold; a text of such ones as UTF-8.
 void appendUtf8(std::string& out, char32_t c);
+std::string utf8FromCodePoints(std::u32string_view text);
 
 // Every letter of a UTF-8 text in lower case, one letter for one letter, whatever the locale.
 std::string lowerUtf8(std::string_view text);

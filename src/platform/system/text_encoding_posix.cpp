@@ -150,6 +150,12 @@ void appendUtf8(std::string& out, char32_t c) {
   }
 }
 
+std::string utf8FromCodePoints(std::u32string_view text) {
+  std::string result;
+  for (const char32_t c : text) appendUtf8(result, c);
+  return result;
+}
+
 std::string utf8FromCodePage(std::string_view bytes, int codePage) {
   if (codePage == kUtf8 || isAscii(bytes)) return std::string(bytes);
   const Converter& conversion = converter("UTF-8", nameOf(codePage));

@@ -73,8 +73,8 @@ void PageAnnouncer::tellSelection() {
 }
 
 void PageAnnouncer::tellHit() {
-  const auto hit = finder_.presentHit();
-  if (!hit || finder_.present()->page != desk_.cursor.current()) return;
+  const auto hit = finder_.presentHitOn(desk_.cursor.current());
+  if (!hit) return;
   page_.moveCaret({hit->line, hit->span.first});
   tellCaret();
 }

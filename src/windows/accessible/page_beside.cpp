@@ -2,9 +2,9 @@
 #include "windows/accessible/page_beside.h"
 
 #include "base/app_options.h"
-#include "document/code_page.h"
 #include "document/vdoc.h"
 #include "windows/failure_text.h"
+#include "windows/view/page_text.h"
 
 namespace qor {
 
@@ -26,9 +26,7 @@ void PageBeside::read(VDoc& doc, std::int32_t number) {
   FontState font = doc.FontAt(number);
   page_->ReadLines(InputFile(AppOptions.FileName), doc.KnownSize, PageMode::plain, doc.lineEnds(),
                    font);
-  const int codePage = doc.Settings.Page.BaseCodePage;
-  LoadCodePage(codePage);
-  map_ = std::make_unique<TextMap>(*page_, DocumentLetters(codePage));
+  map_ = std::make_unique<TextMap>(PageText::mapOf(*page_));
 }
 
 void PageBeside::drop() {

@@ -6,9 +6,12 @@
 
 #include "window_model/letter_runs.h"
 #include "windows/accessible/page_accessible.h"
+#include "windows/qt_letters.h"
 #include "windows/selection/page_selection.h"
+#include "windows/view/page_image.h"
 #include "windows/view/page_show.h"
 #include "windows/view/page_text.h"
+#include "windows/view/small_pages.h"
 #include "windows/view/text_marks.h"
 #include "windows/view/view_desk.h"
 
@@ -83,7 +86,7 @@ std::optional<TextSpan> SpokenPage::pieceAt(int offset, QAccessible::TextBoundar
   if (kind == QAccessible::CharBoundary || (kind == QAccessible::WordBoundary && isEnd))
     return TextSpan{at, 1};
   if (kind != QAccessible::WordBoundary) return TextSpan{start, end - start};
-  const TextSpan word = runAt(page.text(line), at - start);
+  const TextSpan word = runAt(page.text(line), at - start, kQtLetters);
   return TextSpan{start + word.first, word.count};
 }
 
@@ -92,40 +95,50 @@ const TextLine& SpokenPage::laidOut(std::size_t line) {
   return laid_out_->second;
 }
 
+std::optional<SpokenPage::Sight> SpokenPage::sight() const {
+  const PageOverlay& overlay = desk_.page_control->overlay();
+  if (const auto mapping = overlay.mapping()) return Sight{&overlay, *mapping};
+  const SmallPages& several = desk_.page_control->smallPages();
+  for (const SmallPages::SmallPage& page : several.pages()) {
+    if (page.number == desk_.cursor.current())
+      return Sight{page.image, PageMapping(several.view(), page.image->devicePixelRatioF())};
+  }
+  return std::nullopt;
+}
+
 // Empty for what has no outline of its own, as the blank between two texts of a row.
-QRectF SpokenPage::outlineOf(std::size_t line, std::size_t column) {
+QRectF SpokenPage::outlineOf(const TextPlace& place, const PageMapping& mapping) {
   QRectF box;
-  const auto mapping = desk_.page_control->overlay().mapping();
-  for (const QPolygonF& outline : outlinesOf(laidOut(line), column, 1, *mapping))
+  for (const QPolygonF& outline : outlinesOf(laidOut(place.line), {place.column, 1}, mapping))
     box |= outline.boundingRect();
   return box;
 }
 
-// In pixels of the view. Without a character it is where the one before it ends, or the line.
-QRectF SpokenPage::boxOf(const TextPlace& place) {
-  const QRectF box = outlineOf(place.line, place.column);
+// In pixels of what is seen. Without an outline it is where the one before it ends, or the line.
+QRectF SpokenPage::boxOf(const TextPlace& place, const PageMapping& mapping) {
+  const QRectF box = outlineOf(place, mapping);
   if (!box.isEmpty()) return box;
   if (place.column > 0) {
-    const QRectF before = outlineOf(place.line, place.column - 1);
+    const QRectF before = outlineOf({place.line, place.column - 1}, mapping);
     if (!before.isEmpty()) return {before.right(), before.top(), 1, before.height()};
   }
-  const auto mapping = desk_.page_control->overlay().mapping();
   const TextBand& band = map()->band(place.line);
-  const Spot top = mapping->toPixels({0, band.top});
-  return {top.x, top.y, 1, mapping->toPixels({0, band.bottom}).y - top.y};
+  const Spot top = mapping.toPixels({0, band.top});
+  return {top.x, top.y, 1, mapping.toPixels({0, band.bottom}).y - top.y};
 }
 
 QRect SpokenPage::placeOf(int offset) {
-  const PageOverlay& overlay = desk_.page_control->overlay();
-  if (offset < 0 || offset >= length() || !overlay.mapping()) return {};
-  const QRect box = boxOf(map()->placeOf(numberFrom(offset))).toAlignedRect();
-  return {overlay.mapToGlobal(box.topLeft()), box.size()};
+  const auto seen = sight();
+  if (offset < 0 || offset >= length() || !seen) return {};
+  const QRect box = boxOf(map()->placeOf(numberFrom(offset)), seen->mapping).toAlignedRect();
+  return {seen->control->mapToGlobal(box.topLeft()), box.size()};
 }
 
 int SpokenPage::offsetAt(const QPoint& onScreen) {
-  const auto spot = selection_.spotAt(onScreen);
-  if (!spot || length() == 0) return -1;
-  const int gap = offsetOf(map()->placeNear(*spot));
+  const auto seen = sight();
+  if (!seen || length() == 0) return -1;
+  const QPointF pixel = seen->control->mapFromGlobal(QPointF(onScreen));
+  const int gap = offsetOf(map()->placeNear(seen->mapping.toTwips({pixel.x(), pixel.y()})));
   for (const int offset : {gap, gap - 1})
     if (placeOf(offset).contains(onScreen)) return offset;
   return -1;

@@ -12,6 +12,7 @@
 
 #include "render/text_map.h"
 #include "search/text_matcher.h"
+#include "window_model/page_mapping.h"
 #include "windows/accessible/page_beside.h"
 
 namespace qor {
@@ -38,8 +39,8 @@ class SpokenPage : public QObject {
   // nothing where there is none.
   std::optional<TextSpan> pieceAt(int offset, QAccessible::TextBoundaryType kind);
 
-  // Where a character stands on the screen; the end of a line is one pixel wide. Nothing where no
-  // single page is on view.
+  // Where a character stands on the screen; the end of a line is one pixel wide. Nothing where the
+  // page isn't on view.
   QRect placeOf(int offset);
   // The character at a place of the screen, -1 where there is none.
   int offsetAt(const QPoint& onScreen);
@@ -55,11 +56,18 @@ class SpokenPage : public QObject {
   void select(int from, int end);
 
  private:
+  // What shows the page, and where on it.
+  struct Sight {
+    const QWidget* control;
+    PageMapping mapping;
+  };
+
   const TextMap* map();
   const TextLine& laidOut(std::size_t line);
   void drop();
-  QRectF boxOf(const TextPlace& place);
-  QRectF outlineOf(std::size_t line, std::size_t column);
+  std::optional<Sight> sight() const;
+  QRectF boxOf(const TextPlace& place, const PageMapping& mapping);
+  QRectF outlineOf(const TextPlace& place, const PageMapping& mapping);
 
   ViewDesk& desk_;
   PageShow& pages_;

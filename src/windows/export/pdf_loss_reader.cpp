@@ -26,7 +26,7 @@ void PdfLossReader::stop() {
 void PdfLossReader::readSlice() {
   const MessageSink silence([](MessageKind, std::string_view) {});
   const PdfLosses before = found();
-  if (!doSlice([this] { return lookAtNext(); })) stop();
+  if (!doSteps([this] { return lookAtNext(); }).more) stop();
   if (found() != before) emit foundMore();
 }
 

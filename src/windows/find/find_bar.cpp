@@ -29,11 +29,22 @@ FindBar::FindBar(QWidget* parent) : QFrame(parent), edit_(new FindEdit(this)) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(kMargin * 2, kMargin, kMargin, kMargin);
   row->setSpacing(kMargin);
+  addControls(*row);
+  connect(edit_, &FindEdit::textEdited, this, &FindBar::queryChanged);
+  connect(edit_, &FindEdit::moveWanted, this, &FindBar::moveWanted);
+  connect(previous_, &QToolButton::clicked, this, [this] { emit moveWanted(-1); });
+  connect(next_, &QToolButton::clicked, this, [this] { emit moveWanted(1); });
+  connect(list_, &QToolButton::toggled, this, &FindBar::listToggled);
+  connect(close_, &QToolButton::clicked, this, &FindBar::closeWanted);
+  hide();
+}
+
+void FindBar::addControls(QHBoxLayout& row) {
   edit_->setObjectName("txtFind");
   edit_->setMaxLength(kMostLetters);
   edit_->setMinimumWidth(kEditWidth);
   edit_->setClearButtonEnabled(true);
-  row->addWidget(edit_);
+  row.addWidget(edit_);
   previous_ = addButton("cmdFindPrevious");
   previous_->setArrowType(Qt::UpArrow);
   next_ = addButton("cmdFindNext");
@@ -44,19 +55,12 @@ FindBar::FindBar(QWidget* parent) : QFrame(parent), edit_(new FindEdit(this)) {
   found_ = new QLabel(this);
   found_->setObjectName("lblFound");
   found_->setTextFormat(Qt::PlainText);
-  row->addWidget(found_, 1);
+  row.addWidget(found_, 1);
   list_ = addButton("cmdHitList");
   list_->setIcon(TQorImageForm::ImageMenuList(ImageIndex::pageList, IconPlace::menu));
   list_->setCheckable(true);
   close_ = addButton("cmdFindClose");
   close_->setIcon(TQorImageForm::ImageMenuList(ImageIndex::close, IconPlace::menu));
-  connect(edit_, &FindEdit::textEdited, this, &FindBar::queryChanged);
-  connect(edit_, &FindEdit::moveWanted, this, &FindBar::moveWanted);
-  connect(previous_, &QToolButton::clicked, this, [this] { emit moveWanted(-1); });
-  connect(next_, &QToolButton::clicked, this, [this] { emit moveWanted(1); });
-  connect(list_, &QToolButton::toggled, this, &FindBar::listToggled);
-  connect(close_, &QToolButton::clicked, this, &FindBar::closeWanted);
-  hide();
 }
 
 QToolButton* FindBar::addButton(const char* name) {

@@ -5,6 +5,7 @@
 
 #include "search/text_matcher.h"
 
+class QHBoxLayout;
 class QLabel;
 class QToolButton;
 
@@ -36,6 +37,7 @@ class FindBar : public QFrame {
   void closeWanted();
 
  private:
+  void addControls(QHBoxLayout& row);
   QToolButton* addButton(const char* name);
   QToolButton* addChoice(const char* name, const QString& sign, bool on);
 

@@ -4,7 +4,7 @@
 #include "language/language.h"
 #include "platform/qt/qt_text.h"
 #include "window_model/preview_texts.h"
-#include "window_model/recent_searches.h"
+#include "window_model/recent_texts.h"
 #include "windows/find/find_bar.h"
 #include "windows/find/hit_list_pane.h"
 #include "windows/view/page_show.h"
@@ -29,6 +29,7 @@ FindPanel::FindPanel(ViewDesk& desk, PageShow& pages, PageText& text, UserSettin
       settings_(settings),
       finder_(desk, pages),
       marks_(desk, text, finder_),
+      small_marks_(desk, pages, finder_),
       bar_(new FindBar(desk.ui.form)),
       list_(new HitListPane(desk, finder_)) {
   desk.ui.rows->insertWidget(1, bar_);
@@ -47,7 +48,8 @@ FindPanel::FindPanel(ViewDesk& desk, PageShow& pages, PageText& text, UserSettin
 
 void FindPanel::mnuFindClick() {
   QStringList earlier;
-  for (const std::string& text : recentSearches(settings_)) earlier.append(qtText(text));
+  for (const std::string& text : recentTexts(settings_, kRecentSearches))
+    earlier.append(qtText(text));
   bar_->setEarlier(earlier);
   const bool wasOpen = bar_->isVisible();
   bar_->open();
@@ -65,6 +67,7 @@ bool FindPanel::close() {
   if (bar_->isHidden()) return false;
   noteText();
   finder_.stop();
+  small_marks_.clear();
   marks_.update();
   list_->restart();
   list_->setShown(false);
@@ -74,11 +77,12 @@ bool FindPanel::close() {
 }
 
 void FindPanel::noteText() {
-  noteSearch(settings_, bar_->text().toStdString());
+  noteRecent(settings_, kRecentSearches, bar_->text().toStdString());
 }
 
 void FindPanel::startSearch() {
   list_->restart();
+  small_marks_.clear();
   const FindQuery query = bar_->query();
   query.text.empty() ? finder_.stop() : finder_.start(query);
   tell();
@@ -88,6 +92,7 @@ void FindPanel::tell() {
   bar_->tell(foundText());
   list_->update();
   marks_.update();
+  small_marks_.update();
   emit told();
 }
 
@@ -121,8 +126,7 @@ void FindPanel::scrollToPresent() {
   marks_.update();
   if (!hit || !mapping || map == nullptr || hit->line >= map->lineCount()) return;
   QRectF place;
-  for (const QPolygonF& outline :
-       outlinesOf(map->line(hit->line), hit->span.first, hit->span.count, *mapping))
+  for (const QPolygonF& outline : outlinesOf(map->line(hit->line), hit->span, *mapping))
     place |= outline.boundingRect();
   if (place.isEmpty()) return;
   PageScroll& area = *desk_.ui.pScroll;

@@ -5,6 +5,7 @@
 #include <QObject>
 
 #include "windows/find/hit_marks.h"
+#include "windows/find/small_marks.h"
 #include "windows/find/text_finder.h"
 
 namespace qor {
@@ -49,6 +50,7 @@ class FindPanel : public QObject {
   UserSettings& settings_;
   TextFinder finder_;
   HitMarks marks_;
+  SmallMarks small_marks_;
   FindBar* bar_;
   HitListPane* list_;
 };

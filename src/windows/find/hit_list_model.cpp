@@ -37,8 +37,7 @@ QVariant HitListModel::data(const QModelIndex& index, int role) const {
 
 // Hits of earlier pages may have come before those that are there.
 void HitListModel::update() {
-  const std::uint64_t total = finder_.isActive() ? finder_.search().hits().total() : 0;
-  const int count = static_cast<int>(std::min<std::uint64_t>(total, kMostRows));
+  const int count = static_cast<int>(std::min<std::uint64_t>(finder_.hitCount(), kMostRows));
   rows_.clear();
   if (count > count_) {
     beginInsertRows({}, count_, count - 1);

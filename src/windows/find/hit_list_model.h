@@ -4,8 +4,7 @@
 
 #include <QAbstractListModel>
 #include <QCache>
-
-#include "search/found_text.h"
+#include <QString>
 
 namespace qor {
 

@@ -5,11 +5,13 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QListView>
 #include <QVBoxLayout>
 
 #include "language/language.h"
 #include "platform/qt/qt_text.h"
 #include "window_model/preview_texts.h"
+#include "windows/find/hit_list_model.h"
 #include "windows/find/hit_row.h"
 #include "windows/find/text_finder.h"
 #include "windows/view/size_line.h"
@@ -32,7 +34,8 @@ HitListPane::HitListPane(ViewDesk& desk, TextFinder& finder)
       finder_(finder),
       rows_(new HitListModel(finder)),
       count_(new QLabel(this)),
-      list_(new QListView(this)) {
+      list_(new QListView(this)),
+      line_(new SizeLine(desk.ui.form)) {
   rows_->setParent(this);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
@@ -51,10 +54,8 @@ HitListPane::HitListPane(ViewDesk& desk, TextFinder& finder)
   list_->setItemDelegate(new HitRow(*rows_, list_));
   list_->installEventFilter(this);
   setFixedWidth(kWidth);
-  auto* line = new SizeLine(desk.ui.form);
-  line->setFixedWidth(kLineWidth);
-  line->setSized(this, kSmallest, kLargest);
-  line_ = line;
+  line_->setFixedWidth(kLineWidth);
+  line_->setSized(this, kSmallest, kLargest);
   const int place = desk.ui.body->indexOf(desk.ui.pSizeLine) + 1;
   desk.ui.body->insertWidget(place, this);
   desk.ui.body->insertWidget(place + 1, line_);
@@ -79,11 +80,10 @@ void HitListPane::update() {
   if (isHidden()) return;
   rows_->update();
   selectPresent();
-  const std::uint64_t total = finder_.isActive() ? finder_.search().hits().total() : 0;
   const FindTexts& texts = findTexts();
-  const auto number = static_cast<std::int64_t>(total);
+  const auto total = static_cast<std::int64_t>(finder_.hitCount());
   QString text =
-      qtText(withNumber(total > HitListModel::kMostRows ? texts.firstHitsOf : texts.hits, number));
+      qtText(withNumber(total > HitListModel::kMostRows ? texts.firstHitsOf : texts.hits, total));
   if (finder_.isSearching()) text += qtText(texts.searching);
   count_->setText(text);
 }

@@ -1,15 +1,18 @@
 // The list of all hits beside the list of pages.
 #pragma once
 
-#include <QListView>
+#include <QWidget>
 
 #include "search/search_hits.h"
-#include "windows/find/hit_list_model.h"
 
 class QLabel;
+class QListView;
 
 namespace qor {
 
+class HitListModel;
+class SizeLine;
+class TextFinder;
 struct ViewDesk;
 
 class HitListPane : public QWidget {
@@ -41,7 +44,7 @@ class HitListPane : public QWidget {
   HitListModel* rows_;
   QLabel* count_;
   QListView* list_;
-  QWidget* line_ = nullptr;  // the mouse drags it
+  SizeLine* line_;  // the mouse drags it
 };
 
 }  // namespace qor

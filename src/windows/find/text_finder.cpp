@@ -1,20 +1,22 @@
 // Finding texts.
 #include "windows/find/text_finder.h"
 
-#include <QElapsedTimer>
 #include <QTimer>
+#include <algorithm>
+#include <utility>
 
 #include "base/app_options.h"
 #include "document/vdoc.h"
 #include "windows/failure_text.h"
-#include "windows/find/qt_letters.h"
+#include "windows/idle_slice.h"
+#include "windows/qt_letters.h"
 #include "windows/view/page_show.h"
 #include "windows/view/view_desk.h"
 
 namespace qor {
 namespace {
 
-constexpr qint64 kSlice = 8;  // ms, before the window answers again
+constexpr int kSlice = 8;  // ms
 
 }  // namespace
 
@@ -79,11 +81,10 @@ void TextFinder::follow() {
 
 void TextFinder::searchSlice() {
   if (!isActive() || desk_.busy) return;
-  QElapsedTimer time;
-  time.start();
-  bool more = false;
-  failure_ = failureOf([&] { more = search_->goOn([&time] { return time.elapsed() < kSlice; }); });
-  if (!more) idle_->stop();
+  const Slice slice =
+      doSlice(kSlice, [this](const MayGoOn& mayGoOn) { return search_->goOn(mayGoOn); });
+  failure_ = slice.failure;
+  if (!slice.more) idle_->stop();
   choosePresent();
   emit changed();
 }
@@ -146,6 +147,10 @@ std::optional<TextHit> TextFinder::presentHit() {
   const std::vector<TextHit>& hits = hitsOn(present_->page);
   if (present_->number >= hits.size()) return std::nullopt;
   return hits[present_->number];
+}
+
+std::optional<TextHit> TextFinder::presentHitOn(std::int32_t page) {
+  return present_ && present_->page == page ? presentHit() : std::nullopt;
 }
 
 std::optional<FoundText> TextFinder::textOf(const HitPlace& place) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -36,9 +37,8 @@ class TextFinder : public QObject {
 
   bool isActive() const { return search_ != nullptr; }
   bool isSearching() const;
-  const FindQuery& query() const { return query_; }
   const ReportSearch& search() const { return *search_; }
-  int codePage() const { return code_page_; }
+  std::uint64_t hitCount() const { return isActive() ? search_->hits().total() : 0; }
   // Why the search ended early; null where it didn't.
   const QString& failure() const { return failure_; }
 
@@ -50,10 +50,12 @@ class TextFinder : public QObject {
   // another one.
   void move(int direction);
 
-  // Where the hits of a page stand, and what one looks like in its line. Nothing where the report
-  // can't be read.
-  const std::vector<TextHit>& hitsOn(std::int32_t page);
+  // Finds the hits of a line.
+  TextMatcher& matcher() { return look_->matcher(); }
+  // Where the present hit stands, on its page or only on this one, and what a hit looks like in its
+  // line. Nothing where the report can't be read.
   std::optional<TextHit> presentHit();
+  std::optional<TextHit> presentHitOn(std::int32_t page);
   std::optional<FoundText> textOf(const HitPlace& place);
 
  signals:
@@ -64,7 +66,7 @@ class TextFinder : public QObject {
   void searchSlice();
   void choosePresent();
   std::optional<HitPlace> target(int direction);
-  PageSearch& look();
+  const std::vector<TextHit>& hitsOn(std::int32_t page);
 
   ViewDesk& desk_;
   PageShow& pages_;

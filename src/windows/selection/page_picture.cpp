@@ -3,11 +3,11 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QImage>
 #include <algorithm>
 #include <cmath>
 
 #include "platform/canvas/bitmap_canvas.h"
+#include "windows/bitmap_image.h"
 #include "windows/view/page_overlay.h"
 #include "windows/view/page_show.h"
 #include "windows/view/view_desk.h"
@@ -39,10 +39,7 @@ QImage pictureOf(VDocPage& page, PageView view, double dotsPerPixel) {
   BitmapCanvas bitmap(inDots(size.Width, fineness), inDots(size.Height, fineness),
                       view.screen.dpi_x);
   paintPage(page, bitmap.canvas(), view, {{0, 0}, fineness});
-  const PixelView pixels = bitmap.pixels();
-  return QImage(reinterpret_cast<const uchar*>(pixels.pixels), pixels.width, pixels.height,
-                qsizetype{pixels.stride} * 4, QImage::Format_RGB32)
-      .copy();
+  return imageOver(bitmap.pixels()).copy();
 }
 
 }  // namespace

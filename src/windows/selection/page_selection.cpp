@@ -23,7 +23,7 @@ PageSelection::PageSelection(ViewDesk& desk, PageText& text) : desk_(desk), text
 }
 
 PageSelection::~PageSelection() {
-  desk_.page_control->overlay().remove(*this);
+  desk_.page_control->overlay().setShown(*this, false);
 }
 
 bool PageSelection::isPossible() {
@@ -38,13 +38,9 @@ bool PageSelection::isEmpty() const {
   return selection_.isEmpty() || !isOnView();
 }
 
-std::optional<TextPoint> PageSelection::spotAt(const QPoint& onScreen) const {
-  const PageOverlay& overlay = desk_.page_control->overlay();
-  const auto mapping = overlay.mapping();
-  if (!mapping) return std::nullopt;
-  const QPoint pixel = overlay.mapFromGlobal(onScreen);
-  const Spot spot = mapping->toTwips({double(pixel.x()), double(pixel.y())});
-  return TextPoint{spot.x, spot.y};
+// Null where nothing of the page on view is selected.
+const TextMap* PageSelection::textWithSelection() {
+  return isEmpty() ? nullptr : text_.map();
 }
 
 void PageSelection::change(const Change& change) {
@@ -55,37 +51,32 @@ void PageSelection::change(const Change& change) {
   followPage();
 }
 
+void PageSelection::changeAt(const QPoint& onScreen, const SpotChange& change) {
+  const PageOverlay& overlay = desk_.page_control->overlay();
+  const auto mapping = overlay.mapping();
+  if (!mapping) return;
+  const QPoint pixel = overlay.mapFromGlobal(onScreen);
+  const Spot spot = mapping->toTwips({double(pixel.x()), double(pixel.y())});
+  this->change([&](TextSelection& selection, const TextMap& map) { change(selection, map, spot); });
+}
+
 void PageSelection::followPage() {
-  mark();
+  desk_.page_control->overlay().setShown(*this, !isEmpty());
   emit changed();
 }
 
-// What stands above the page is only there while it has marks.
-void PageSelection::mark() {
-  PageOverlay& overlay = desk_.page_control->overlay();
-  const bool marked = !isEmpty();
-  if (marked == marked_) return overlay.update();
-  marked_ = marked;
-  marked ? overlay.add(*this) : overlay.remove(*this);
-}
-
 void PageSelection::paint(QPainter& painter, const PageMapping& mapping) {
-  const TextMap* map = isEmpty() ? nullptr : text_.map();
+  const TextMap* map = textWithSelection();
   if (map == nullptr) return;
-  const QRectF seen = painter.clipBoundingRect();
-  const double top = mapping.toTwips({0, seen.top()}).y;
-  const double bottom = mapping.toTwips({0, seen.bottom()}).y;
   QColor colour = desk_.page_control->palette().color(QPalette::Active, QPalette::Highlight);
   colour.setAlphaF(kOpacity);
   painter.setBrush(colour);
   painter.setPen(Qt::NoPen);
-  for (std::size_t i = 0; i < map->lineCount(); ++i) {
-    const TextBand& band = map->band(i);
-    if (band.bottom < top || band.top > bottom || !selection_.touches(*map, i)) continue;
-    const TextLine line = map->line(i);
-    for (const TextSpan& span : selection_.spansOf(*map, i, line)) {
-      for (const QPolygonF& outline : outlinesOf(line, span.first, span.count, mapping))
-        painter.drawPolygon(outline);
+  for (const std::size_t number : linesIn(painter.clipBoundingRect(), *map, mapping)) {
+    if (!selection_.touches(*map, number)) continue;
+    const TextLine line = map->line(number);
+    for (const TextSpan& span : selection_.spansOf(*map, number, line)) {
+      for (const QPolygonF& outline : outlinesOf(line, span, mapping)) painter.drawPolygon(outline);
     }
   }
 }
@@ -94,15 +85,14 @@ void PageSelection::showEnd() {
   const auto mapping = desk_.page_control->overlay().mapping();
   const TextMap* map = text_.map();
   if (!mapping || map == nullptr) return;
-  const TextPoint end = selection_.end(*map);
-  const Spot pixel = mapping->toPixels({end.x, end.y});
+  const Spot pixel = mapping->toPixels(selection_.end(*map));
   const QPoint inControl(static_cast<int>(pixel.x), static_cast<int>(pixel.y));
   const QPoint onBoard = desk_.page_control->mapToParent(inControl);
   desk_.ui.pScroll->ensureVisible(onBoard.x(), onBoard.y(), kRoom, kRoom);
 }
 
 void PageSelection::mnuCopyClick() {
-  const TextMap* map = isEmpty() ? nullptr : text_.map();
+  const TextMap* map = textWithSelection();
   if (map != nullptr) QGuiApplication::clipboard()->setMimeData(copiedData(*map, selection_));
 }
 
@@ -112,7 +102,7 @@ void PageSelection::mnuSelectPageClick() {
 
 void PageSelection::offer() {
   QClipboard* clipboard = QGuiApplication::clipboard();
-  const TextMap* map = isEmpty() ? nullptr : text_.map();
+  const TextMap* map = textWithSelection();
   if (map != nullptr && clipboard->supportsSelection())
     clipboard->setText(copiedPlain(*map, selection_), QClipboard::Selection);
 }

@@ -4,7 +4,6 @@
 
 #include <QObject>
 #include <functional>
-#include <optional>
 
 #include "window_model/text_selection.h"
 #include "windows/view/page_overlay.h"
@@ -30,12 +29,13 @@ class PageSelection : public QObject, private OverlayLayer {
   // The selection of the page on view, which may be empty; null where another page has it.
   const TextSelection* onView() const { return isOnView() ? &selection_ : nullptr; }
 
-  // The spot of the page that stands at one of the screen, twips.
-  std::optional<TextPoint> spotAt(const QPoint& onScreen) const;
-
   // Changes the selection of the page on view, which starts empty where another page has it.
   using Change = std::function<void(TextSelection&, const TextMap&)>;
   void change(const Change& change);
+
+  // The same with the spot of the page that stands at one of the screen, twips.
+  using SpotChange = std::function<void(TextSelection&, const TextMap&, const Spot&)>;
+  void changeAt(const QPoint& onScreen, const SpotChange& change);
 
   // Scrolls to the end that was moved last.
   void showEnd();
@@ -56,13 +56,12 @@ class PageSelection : public QObject, private OverlayLayer {
  private:
   void paint(QPainter& painter, const PageMapping& mapping) override;
   bool isOnView() const;
-  void mark();
+  const TextMap* textWithSelection();
 
   ViewDesk& desk_;
   PageText& text_;
   TextSelection selection_;
   int page_ = 0;  // that it belongs to, from 1
-  bool marked_ = false;
 };
 
 }  // namespace qor

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "windows/qt_letters.h"
 #include "windows/selection/page_selection.h"
 #include "windows/selection/selection_keys.h"
 #include "windows/view/page_overlay.h"
@@ -85,8 +86,8 @@ bool TextTool::mouseDown(const QMouseEvent& event) {
   if (!isFor(event)) return false;
   pointer_ = event.globalPosition().toPoint();
   if (isThirdClick(pointer_)) {
-    const auto spot = selection_.spotAt(pointer_);
-    selection_.change([&](auto& selection, auto& map) { selection.takeLine(map, *spot); });
+    selection_.changeAt(
+        pointer_, [](auto& selected, auto& map, auto& spot) { selected.takeLine(map, spot); });
     selection_.offer();
   } else {
     begin(event);
@@ -101,19 +102,20 @@ void TextTool::begin(const QMouseEvent& event) {
   desk_.page_control->setCursor(Qt::IBeamCursor);
   if (event.modifiers().testFlag(Qt::ShiftModifier) && !selection_.isEmpty())
     return extendTo(pointer_);
-  const auto spot = selection_.spotAt(pointer_);
   const SelectionKind kind = event.modifiers().testFlag(Qt::ControlModifier)
                                  ? SelectionKind::rectangle
                                  : SelectionKind::lines;
-  selection_.change([&](auto& selection, auto& map) { selection.start(map, kind, *spot); });
+  selection_.changeAt(
+      pointer_, [kind](auto& selected, auto& map, auto& spot) { selected.start(map, kind, spot); });
 }
 
 bool TextTool::doubleClick(const QMouseEvent& event) {
   if (!isFor(event)) return false;
   two_at_ = event.globalPosition().toPoint();
   since_two_.start();
-  const auto spot = selection_.spotAt(two_at_);
-  selection_.change([&](auto& selection, auto& map) { selection.takeWord(map, *spot); });
+  selection_.changeAt(two_at_, [](auto& selected, auto& map, auto& spot) {
+    selected.takeWord(map, spot, kQtLetters);
+  });
   selection_.offer();
   return true;
 }
@@ -137,9 +139,8 @@ bool TextTool::mouseMove(const QMouseEvent& event) {
 }
 
 void TextTool::extendTo(const QPoint& onScreen) {
-  const auto spot = selection_.spotAt(onScreen);
-  if (!spot) return;
-  selection_.change([&](auto& selection, auto& map) { selection.extend(map, *spot); });
+  selection_.changeAt(onScreen,
+                      [](auto& selected, auto& map, auto& spot) { selected.extend(map, spot); });
 }
 
 void TextTool::scrollOn() {

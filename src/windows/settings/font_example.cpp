@@ -8,6 +8,7 @@
 #include "base/units.h"
 #include "document/vdata.h"
 #include "platform/canvas/bitmap_canvas.h"
+#include "windows/bitmap_image.h"
 
 namespace qor {
 namespace {
@@ -40,10 +41,7 @@ void FontExample::paintEvent(QPaintEvent*) {
                       std::max(1, static_cast<int>(height() * ratio)), dpi);
   const PixelView size = bitmap.pixels();
   drawExample(bitmap.canvas(), font_, size.width, size.height, dpi);
-  const PixelView pixels = bitmap.pixels();
-  const QImage image(reinterpret_cast<const uchar*>(pixels.pixels), pixels.width, pixels.height,
-                     qsizetype{pixels.stride} * 4, QImage::Format_RGB32);
-  QPainter(this).drawImage(QRectF(rect()), image);
+  QPainter(this).drawImage(QRectF(rect()), imageOver(bitmap.pixels()));
 }
 
 }  // namespace qor

@@ -14,7 +14,7 @@
 #include "platform/system/directory.h"
 #include "platform/system/input_file.h"
 #include "window_model/preview_texts.h"
-#include "window_model/recent_reports.h"
+#include "window_model/recent_texts.h"
 #include "windows/failure_text.h"
 #include "windows/start/report_name.h"
 
@@ -40,7 +40,7 @@ ReportOpening::ReportOpening(UserSettings& settings, QWidget* window)
 }
 
 std::vector<std::string> ReportOpening::recent() const {
-  return recentReports(settings_);
+  return recentTexts(settings_, kRecentReports);
 }
 
 void ReportOpening::mnuOpenClick() {
@@ -58,7 +58,7 @@ QString ReportOpening::failureToOpen(const std::string& path) {
   const std::string file = fullPath(path);
   if (canBeRead(file) && startCompanion(programFile(), {"--open", file})) return {};
   const bool gone = isGone(file);
-  if (gone) forgetReport(settings_, file);
+  if (gone) forgetRecent(settings_, kRecentReports, file);
   const PreviewTexts& texts = previewTexts();
   return shortPath(path, window_->fontMetrics()) +
          qtText(gone ? texts.reportGone : texts.reportNotOpened);

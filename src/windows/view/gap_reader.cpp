@@ -33,7 +33,7 @@ std::vector<FontState> GapReader::starts() const {
 }
 
 void GapReader::readSlice() {
-  if (doSlice([this] { return readNext(); })) return;
+  if (doSteps([this] { return readNext(); }).more) return;
   stop();
   if (doc_->KnownStarts() >= last_ && starts() != shown_) emit startsChanged();
 }

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <utility>
 
+#include "windows/bitmap_image.h"
 #include "windows/failure_text.h"
 
 namespace qor {
@@ -13,9 +14,7 @@ namespace {
 
 // The dots of the bitmap, not copied.
 QImage imageOf(PageBitmap& bitmap) {
-  const PixelView pixels = bitmap.pixels();
-  QImage image(reinterpret_cast<const uchar*>(pixels.pixels), pixels.width, pixels.height,
-               qsizetype{pixels.stride} * 4, QImage::Format_RGB32);
+  QImage image = imageOver(bitmap.pixels());
   image.setDevicePixelRatio(bitmap.dotsPerPixel());
   return image;
 }

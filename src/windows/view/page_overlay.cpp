@@ -3,6 +3,7 @@
 
 #include <QPaintEvent>
 #include <QPainter>
+#include <algorithm>
 
 namespace qor {
 
@@ -12,13 +13,10 @@ PageOverlay::PageOverlay(QWidget* board) : QWidget(board) {
   hide();
 }
 
-void PageOverlay::add(OverlayLayer& layer) {
-  layers_.push_back(&layer);
-  appear();
-}
-
-void PageOverlay::remove(OverlayLayer& layer) {
-  std::erase(layers_, &layer);
+void PageOverlay::setShown(OverlayLayer& layer, bool shown) {
+  const bool isThere = std::ranges::find(layers_, &layer) != layers_.end();
+  if (shown && !isThere) layers_.push_back(&layer);
+  if (!shown) std::erase(layers_, &layer);
   appear();
 }
 

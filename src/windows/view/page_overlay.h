@@ -26,10 +26,8 @@ class PageOverlay : public QWidget {
   // It stands over the board, above the page there.
   explicit PageOverlay(QWidget* board);
 
-  // Paints this layer, too, above those before it, until it is removed. Whoever changes it calls
-  // update().
-  void add(OverlayLayer& layer);
-  void remove(OverlayLayer& layer);
+  // Paints this layer as it is now, above those that were shown before it; or no more.
+  void setShown(OverlayLayer& layer, bool shown);
 
   // A page is on view, as large as the board; or none.
   void cover(const PageView& view);

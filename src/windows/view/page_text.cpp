@@ -19,12 +19,14 @@ PageText::PageText(PageShow& pages) : pages_(pages) {
 const TextMap* PageText::map() {
   VDocPage* page = pages_.loadedPage();
   if (map_ || page == nullptr) return map_.get();
-  failureOf([this, page] {
-    const int codePage = page->Settings->Page.BaseCodePage;
-    LoadCodePage(codePage);
-    map_ = std::make_unique<TextMap>(*page, DocumentLetters(codePage));
-  });
+  failureOf([this, page] { map_ = std::make_unique<TextMap>(mapOf(*page)); });
   return map_.get();
+}
+
+TextMap PageText::mapOf(VDocPage& page) {
+  const int codePage = page.Settings->Page.BaseCodePage;
+  LoadCodePage(codePage);
+  return TextMap(page, DocumentLetters(codePage));
 }
 
 }  // namespace qor

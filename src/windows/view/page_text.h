@@ -10,6 +10,7 @@
 namespace qor {
 
 class PageShow;
+class VDocPage;
 
 class PageText : public QObject {
   Q_OBJECT
@@ -19,6 +20,9 @@ class PageText : public QObject {
 
   // Null where no page is loaded, or its letters can't be told.
   const TextMap* map();
+
+  // That of any loaded page. Throws as LoadCodePage and DocumentLetters.
+  static TextMap mapOf(VDocPage& page);
 
  signals:
   void dropped();

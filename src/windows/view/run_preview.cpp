@@ -9,7 +9,7 @@
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_user_settings.h"
 #include "platform/system/directory.h"
-#include "window_model/recent_reports.h"
+#include "window_model/recent_texts.h"
 #include "window_model/window_module.h"
 #include "windows/export/export_form.h"
 #include "windows/export/mail_hand_over.h"
@@ -37,11 +37,13 @@ void showWarnings(const std::vector<std::string>& warnings) {
 
 // A report that goes when it was seen is none to come back to, also where it was one before.
 void remember(UserSettings& settings) {
-  if (!AppOptions.DeleteAfterPrint) noteReport(settings, fullPath(AppOptions.FileName));
+  if (!AppOptions.DeleteAfterPrint)
+    noteRecent(settings, kRecentReports, fullPath(AppOptions.FileName));
 }
 
 void forgetSeen(UserSettings& settings) {
-  if (AppOptions.DeleteAfterPrint) forgetReport(settings, fullPath(AppOptions.FileName));
+  if (AppOptions.DeleteAfterPrint)
+    forgetRecent(settings, kRecentReports, fullPath(AppOptions.FileName));
 }
 
 }  // namespace

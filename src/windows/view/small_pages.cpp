@@ -9,7 +9,6 @@
 
 #include "document/loaded_page.h"
 #include "platform/qt/qt_text.h"
-#include "window_model/page_view.h"
 #include "window_model/preview_texts.h"
 #include "windows/view/page_image.h"
 
@@ -49,10 +48,10 @@ SmallPages::SmallPages(QWidget* board)
 
 void SmallPages::show(VDoc* doc, const PageView& view, const std::vector<PagePlace>& places) {
   clear();
-  sheet_ = {view.screen.paper_width, view.screen.paper_height};
+  view_ = view;
   for (const PagePlace& place : places)
-    pages_.push_back({place.number, makeImage(doc, view, place), makeLabel(place.number)});
-  const Extent sheet = {sheet_.width(), sheet_.height()};
+    pages_.push_back({place.number, makeImage(doc, place), makeLabel(place.number)});
+  const Extent sheet = {view.screen.paper_width, view.screen.paper_height};
   const Extent board = {board_->width(), board_->height()};
   for (std::size_t i = 0; i < pages_.size(); ++i) {
     QLabel& label = *pages_[i].label;
@@ -85,21 +84,21 @@ void SmallPages::goOn() {
   if (drawn_ < pages_.size()) drawing_->start(0);
 }
 
-PageImage* SmallPages::makeImage(VDoc* doc, const PageView& view, const PagePlace& place) {
+PageImage* SmallPages::makeImage(VDoc* doc, const PagePlace& place) {
   auto* image = new PageImage(board_);
   const std::int32_t number = place.number;
   const QString name = qtText(previewTexts().page) + QString(" %1").arg(number);
   image->setProperty(kNumber, number);
   image->setToolTip(name);
   image->setAccessibleName(name);
-  image->setGeometry(place.corner.x, place.corner.y, view.screen.view_width,
-                     view.screen.view_height);
+  image->setGeometry(place.corner.x, place.corner.y, view_.screen.view_width,
+                     view_.screen.view_height);
   image->installEventFilter(this);
   image->setCursor(Qt::PointingHandCursor);
   connect(image, &PageImage::drawn, this, &SmallPages::drawn);
   connect(image, &PageImage::drawingFailed, this, &SmallPages::drawingFailed);
   image->setWaiting(true);
-  image->show([doc, view, number](Canvas& canvas, const ViewPart& part) {
+  image->show([doc, view = view_, number](Canvas& canvas, const ViewPart& part) {
     paintPage(*LoadedPage(*doc, number), canvas, view, part);
   });
   return image;
@@ -131,8 +130,9 @@ bool SmallPages::mark(int number) {
 
 void SmallPages::putFrame(const SmallPage& page) {
   constexpr int outside = kFrameWidth / 2;
+  const QSize sheet(view_.screen.paper_width, view_.screen.paper_height);
   frame_->setGeometry(
-      QRect(page.image->pos(), sheet_).adjusted(-outside, -outside, outside, outside));
+      QRect(page.image->pos(), sheet).adjusted(-outside, -outside, outside, outside));
   QPalette colours = board_->palette();
   colours.setColor(QPalette::WindowText, colours.color(QPalette::Active, QPalette::Highlight));
   frame_->setPalette(colours);

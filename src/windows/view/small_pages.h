@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "window_model/page_layout.h"
+#include "window_model/page_view.h"
 
 class QLabel;
 class QTimer;
@@ -13,7 +14,6 @@ namespace qor {
 
 class PageImage;
 class VDoc;
-struct PageView;
 
 class SmallPages : public QObject {
   Q_OBJECT
@@ -30,6 +30,15 @@ class SmallPages : public QObject {
   void goOn();
   bool isEmpty() const { return pages_.empty(); }
 
+  struct SmallPage {
+    int number;
+    PageImage* image;
+    QLabel* label;
+  };
+  const std::vector<SmallPage>& pages() const { return pages_; }
+  // How each of them is seen.
+  const PageView& view() const { return view_; }
+
   // Marks the page of this number; false, and nothing is marked, if it is none of them.
   bool mark(int number);
 
@@ -44,13 +53,7 @@ class SmallPages : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  struct SmallPage {
-    int number;
-    PageImage* image;
-    QLabel* label;
-  };
-
-  PageImage* makeImage(VDoc* doc, const PageView& view, const PagePlace& place);
+  PageImage* makeImage(VDoc* doc, const PagePlace& place);
   QLabel* makeLabel(int number);
   void putFrame(const SmallPage& page);
   void drawWaiting();
@@ -60,7 +63,7 @@ class SmallPages : public QObject {
   QTimer* drawing_;  // of pages that wait
   std::vector<SmallPage> pages_;
   std::size_t drawn_ = 0;
-  QSize sheet_;
+  PageView view_;
 };
 
 }  // namespace qor

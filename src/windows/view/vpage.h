@@ -61,6 +61,9 @@ class VPage : public QFrame {
   // What stands above a single page.
   PageOverlay& overlay() { return *overlay_; }
 
+  // Several pages, and none of them where one is shown.
+  const SmallPages& smallPages() const { return *small_; }
+
   // True where a single page is shown.
   bool showsOnePage() const;
 

@@ -5,12 +5,16 @@
 #include <random>
 
 #include "document/document_text.h"
-#include "window_model/recent_searches.h"
+#include "window_model/recent_texts.h"
 #include "windows/find/find_panel.h"
 #include "windows/view/window.h"
 
 namespace qor::test {
 namespace {
+
+// Of marks.
+const QColor kPresent(255, 170, 60);
+const QColor kOther(255, 235, 90);
 
 class FindWindow : public Window {
  public:
@@ -37,30 +41,14 @@ class FindWindow : public Window {
     searched();
   }
 
-  // Where the present hit is seen: its dots are looked for from the top of the area.
-  std::string middleThird() {
-    const QImage seen = picture("pScroll");
-    for (int y = 0; y < seen.height(); ++y) {
-      for (int x = 0; x < seen.width(); ++x) {
-        if (seen.pixelColor(x, y) != QColor(255, 170, 60)) continue;
-        return y < seen.height() / 3 - 8 ? "above" : y > seen.height() * 2 / 3 ? "below" : "in it";
-      }
-    }
-    return "nowhere";
-  }
+  // Where the present hit is seen, and all others.
+  QRect present() { return boxOf(picture("pScroll"), kPresent); }
+  QRect others() { return boxOf(picture("pScroll"), kOther); }
 
-  // Dots of the page that look like a mark, and like that of the present hit.
-  std::pair<int, int> marks() {
-    const QImage page = picture("page_control");
-    std::pair<int, int> dots;
-    for (int y = 0; y < page.height(); ++y) {
-      for (int x = 0; x < page.width(); ++x) {
-        const QColor dot = page.pixelColor(x, y);
-        if (dot == QColor(255, 235, 90)) ++dots.first;
-        if (dot == QColor(255, 170, 60)) ++dots.second;
-      }
-    }
-    return dots;
+  // Whether the present one is in the middle third of the area.
+  bool isInMiddle() {
+    const int top = present().top();
+    return top >= area().height() / 3 - 8 && top <= area().height() * 2 / 3;
   }
 };
 
@@ -82,7 +70,7 @@ TEST(Find, leadsFromHitToHitAndRound) {
   EXPECT_EQ(window.find("tot"), "1 of 3");
   EXPECT_EQ(window.page(), 2);
   EXPECT_TRUE(window.edit().hasFocus());
-  EXPECT_EQ(window.middleThird(), "in it");
+  EXPECT_TRUE(window.isInMiddle());
   const std::vector<std::tuple<const char*, int, const char*>> steps = {
       {"Return", 2, "2 of 3"},
       {"F3", 4, "3 of 3"},
@@ -99,9 +87,9 @@ TEST(Find, leadsFromHitToHitAndRound) {
   window.press("Ctrl+End");
   window.press("Shift+F3");
   EXPECT_EQ(window.searched(), "2 of 3");
-  EXPECT_GT(window.marks().second, 20);
+  EXPECT_FALSE(window.present().isEmpty());
   window.press("Escape");
-  EXPECT_EQ(window.marks(), std::pair(0, 0));
+  EXPECT_TRUE(window.present().isEmpty());
   EXPECT_FALSE(window.control("findBar").isVisible());
   EXPECT_TRUE(window.area().hasFocus());
   EXPECT_TRUE(window.form().isVisible());
@@ -116,18 +104,80 @@ TEST(Find, leadsFromHitToHitAndRound) {
 TEST(Find, marksAllHitsOnViewThePresentOneDifferently) {
   FindWindow window({"xx abcd xx\r\n\r\n<b>ab<b/>cd\r\n", Window::zoomed(8)});
   EXPECT_EQ(window.find("abcd"), "1 of 2");
-  const auto [other, present] = window.marks();
-  EXPECT_GT(present, 10);
-  EXPECT_GT(other, 10);
+  const QRect first = window.present();
+  const QRect second = window.others();
+  EXPECT_LT(first.bottom(), second.top());
   window.press("F3");
   EXPECT_EQ(window.found(), "2 of 2");
-  EXPECT_GT(window.marks().second, 10);
+  EXPECT_NEAR(window.others().top(), first.top(), 2);
+  EXPECT_NEAR(window.present().top(), second.top(), 2);
   // Letters stay black where they are marked.
   EXPECT_GE(firstInk(window.picture("page_control"), QRect(100, 60, 400, 200)), 0);
   window.control<QLineEdit>("txtFind").clear();
   QTest::keyClicks(&window.edit(), "zz");
   EXPECT_EQ(window.searched(), "Not found");
-  EXPECT_EQ(window.marks(), std::pair(0, 0));
+  EXPECT_TRUE(window.present().isEmpty() && window.others().isEmpty());
+}
+
+// In Turkish "I" is another letter than "i".
+// Whether a mark stands around text, and no text is beside it.
+bool holdsInkOfItsRows(const QImage& page, const QRect& mark) {
+  int inside = 0;
+  for (int y = mark.top(); y <= mark.bottom(); ++y) {
+    for (int x = 0; x < page.width(); ++x) {
+      const QColor dot = page.pixelColor(x, y);
+      if (dot.red() > 100 || dot.blue() > 100) continue;
+      if (x < mark.left() - 1 || x > mark.right() + 1) return false;
+      ++inside;
+    }
+  }
+  return inside > mark.width();
+}
+
+TEST(Find, marksEachOfSeveralPages) {
+  const std::string big = "<h1>MMMMMM<h1/>";
+  FindWindow window(
+      {pagesWith({{{20, big}}, {}, {{4, big}, {40, big}}}), {{"ZoomID", 9}, {"MultipageView", 1}}});
+  const auto pageOf = [&window](int number) {
+    return window.smallPages().at(number)->grab().toImage();
+  };
+  int presentTop = 0;
+  // Such as "1! 3!*": the present hit on page 1, and another one on page 3, too.
+  const auto marked = [&] {
+    window.searched();
+    QTest::qWait(1);  // pages are marked one after the other
+    std::string told;
+    for (const auto& [number, page] : window.smallPages()) {
+      const QRect present = boxOf(pageOf(number), kPresent);
+      const QRect others = boxOf(pageOf(number), kOther);
+      if (!present.isNull()) presentTop = present.top();
+      if (present.isNull() && others.isNull()) continue;
+      told += std::to_string(number) + (others.isNull() ? "" : "*") + (present.isNull() ? "" : "!");
+    }
+    return told;
+  };
+  window.find("MMMMMM");
+  EXPECT_EQ(marked(), "1!3*");
+  EXPECT_TRUE(holdsInkOfItsRows(pageOf(1), boxOf(pageOf(1), kPresent)));
+  window.press("F3");
+  EXPECT_EQ(marked(), "1*3*!");
+  const int first = presentTop;
+  window.press("F3");
+  EXPECT_EQ(marked(), "1*3*!");
+  EXPECT_GT(presentTop, first);
+  window.press("Ctrl++");
+  EXPECT_EQ(marked(), "3*!");
+  window.press("Escape");
+  EXPECT_EQ(marked(), "");
+}
+
+TEST(Find, followsTheCodePage) {
+  FindWindow window({"I i"});
+  EXPECT_EQ(window.find("i"), "1 of 2");
+  window.doc().Settings.Page.BaseCodePage = 1254;
+  emit window.parts().pages.shown();
+  EXPECT_EQ(window.searched(), "1 of 1");
+  EXPECT_TRUE(window.others().isEmpty());
 }
 
 TEST(Find, knowsWordsCaseAndBlanks) {
@@ -212,11 +262,7 @@ TEST(Find, remembersWhatWasLookedFor) {
     EXPECT_EQ(window.edit().text(), "second");
   }
   QtUserSettings settings;
-  EXPECT_EQ(recentSearches(settings), (std::vector<std::string>{"second", "first"}));
-  for (int i = 0; i < 30; ++i) noteSearch(settings, std::to_string(i));
-  noteSearch(settings, "15");
-  EXPECT_EQ(recentSearches(settings).size(), 20U);
-  EXPECT_EQ(recentSearches(settings).front(), "15");
+  EXPECT_EQ(recentTexts(settings, kRecentSearches), (std::vector<std::string>{"second", "first"}));
   std::filesystem::remove(settingsFile());
 }
 

@@ -36,7 +36,8 @@ class Selecting : public Window {
     const TextLine text = parts().text.map()->line(line);
     const bool end = column == text.text.size();
     const auto mapping = *control<PageOverlay>("pageOverlay").mapping();
-    const QRectF box = outlinesOf(text, column - (end ? 1 : 0), 1, mapping).front().boundingRect();
+    const QRectF box =
+        outlinesOf(text, {column - (end ? 1 : 0), 1}, mapping).front().boundingRect();
     return {qRound(end ? box.right() - 1 : box.left() + 1), qRound(box.center().y())};
   }
 

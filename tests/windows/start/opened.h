@@ -53,22 +53,4 @@ class Opened {
   Variable notes_{"QOR_OPENED", place_.path("opened").c_str()};
 };
 
-// Whether a call brings up a modal dialog; does the steps in it and closes it.
-template <class Dialog>
-bool bringsUp(const std::function<void()>& call, const std::function<void(Dialog&)>& steps = {}) {
-  bool seen = false;
-  QTimer timer;
-  QObject::connect(&timer, &QTimer::timeout, [&] {
-    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr) return;
-    timer.stop();
-    seen = true;
-    if (steps) steps(*dialog);
-    dialog->close();
-  });
-  timer.start(0);
-  call();
-  return seen;
-}
-
 }  // namespace qor::test

@@ -4,7 +4,7 @@
 #include <QListWidget>
 
 #include "platform/qt/qt_language.h"
-#include "window_model/recent_reports.h"
+#include "window_model/recent_texts.h"
 #include "windows/start/opened.h"
 #include "windows/start/report_name.h"
 #include "windows/start/start_window.h"
@@ -15,30 +15,30 @@ namespace {
 TEST(RecentReports, keepTheLastTenOnce) {
   std::filesystem::remove(settingsFile());
   QtUserSettings settings;
-  EXPECT_TRUE(recentReports(settings).empty());
-  for (int i = 1; i <= 12; ++i) noteReport(settings, "/r/" + std::to_string(i));
-  noteReport(settings, "/r/5");
+  EXPECT_TRUE(recentTexts(settings, kRecentReports).empty());
+  for (int i = 1; i <= 12; ++i) noteRecent(settings, kRecentReports, "/r/" + std::to_string(i));
+  noteRecent(settings, kRecentReports, "/r/5");
   settings.save();
   const std::vector<std::string> expected =
       wordsOf("/r/5 /r/12 /r/11 /r/10 /r/9 /r/8 /r/7 /r/6 /r/4 /r/3");
-  EXPECT_EQ(recentReports(QtUserSettings()), expected);
-  forgetReport(settings, "/r/12");
-  forgetReport(settings, "/r/none");
-  EXPECT_EQ(recentReports(settings).size(), 9U);
-  EXPECT_EQ(recentReports(settings)[1], "/r/11");
+  EXPECT_EQ(recentTexts(QtUserSettings(), kRecentReports), expected);
+  forgetRecent(settings, kRecentReports, "/r/12");
+  forgetRecent(settings, kRecentReports, "/r/none");
+  EXPECT_EQ(recentTexts(settings, kRecentReports).size(), 9U);
+  EXPECT_EQ(recentTexts(settings, kRecentReports)[1], "/r/11");
   // Names from before UTF-8, and those that look like what stands for them.
   for (const char* odd : {"/r/\xEF\xF0%41.txt", "bytes:/r/a", "/r/\nб,\"c\".txt"}) {
-    noteReport(settings, odd);
-    EXPECT_EQ(recentReports(QtUserSettings()).front(), odd);
-    forgetReport(settings, odd);
+    noteRecent(settings, kRecentReports, odd);
+    EXPECT_EQ(recentTexts(QtUserSettings(), kRecentReports).front(), odd);
+    forgetRecent(settings, kRecentReports, odd);
   }
   // Each window knows what the others have opened.
   QtUserSettings other;
-  noteReport(other, "/r/other");
-  noteReport(settings, "/r/own");
-  forgetReport(other, "/r/5");
+  noteRecent(other, kRecentReports, "/r/other");
+  noteRecent(settings, kRecentReports, "/r/own");
+  forgetRecent(other, kRecentReports, "/r/5");
   for (const QtUserSettings* window : {&settings, &other})
-    EXPECT_EQ(recentReports(*window).at(1), "/r/other");
+    EXPECT_EQ(recentTexts(*window, kRecentReports).at(1), "/r/other");
 }
 
 // A window's own report stays on view, whatever becomes of others.
@@ -48,7 +48,7 @@ TEST(ReportOpening, opensFromTheWindowOfAnother) {
   QtUserSettings settings;
   const std::string file = opened.place().write("a&b.txt", "A\r\n");
   const std::string old = opened.place().write("\xEF.txt", "A\r\n");
-  for (const std::string& path : {old, file}) noteReport(settings, path);
+  for (const std::string& path : {old, file}) noteRecent(settings, kRecentReports, path);
   auto& menu = window.control<QMenu>("mnuRecent");
   for (const char* name : {"a&b.txt", "\xEF.txt"}) {
     window.parts().menu->popup({1, 1});
@@ -100,7 +100,7 @@ TEST(ReportName, isALineOfSomeWidth) {
     EXPECT_TRUE(text.contains("/first/d") && text.contains("n.txt")) << text.toStdString();
   }
   QtUserSettings settings;
-  noteReport(settings, far);
+  noteRecent(settings, kRecentReports, far);
   StartWindow start(settings);
   start.show();
   auto& list = *start.findChild<QListWidget*>("lstRecent");
@@ -109,7 +109,7 @@ TEST(ReportName, isALineOfSomeWidth) {
   drop(start, {far});
   QCoreApplication::processEvents();
   EXPECT_EQ(start.width(), 560) << "a message doesn't widen it";
-  noteReport(settings, "/" + std::string(20, 'W') + "/" + std::string(10, 'W'));
+  noteRecent(settings, kRecentReports, "/" + std::string(20, 'W') + "/" + std::string(10, 'W'));
   StartWindow second(settings);
   second.show();
   const auto darkest = [&](int from, int to) {

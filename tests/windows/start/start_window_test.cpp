@@ -6,7 +6,7 @@
 
 #include <sys/stat.h>
 
-#include "window_model/recent_reports.h"
+#include "window_model/recent_texts.h"
 #include "windows/start/opened.h"
 
 namespace qor::test {
@@ -45,7 +45,7 @@ TEST(StartWindow, staysToTellWhatItDidNotOpen) {
     QtUserSettings settings;
     std::vector<std::string> paths;
     for (const std::string& name : row.asked) paths.push_back(place.path(name));
-    noteReport(settings, paths.back());
+    noteRecent(settings, kRecentReports, paths.back());
     StartWindow start(settings);
     start.show();
     drop(start, paths);
@@ -54,7 +54,7 @@ TEST(StartWindow, staysToTellWhatItDidNotOpen) {
     told.remove(qtText(place.path())).replace('\n', '|');
     EXPECT_EQ(told.toStdString(), row.told);
     EXPECT_EQ(start.isVisible(), !row.told.empty());
-    EXPECT_EQ(recentReports(settings).front() == paths.back(), row.kept);
+    EXPECT_EQ(recentTexts(settings, kRecentReports).front() == paths.back(), row.kept);
   }
 }
 
@@ -64,7 +64,7 @@ TEST(StartWindow, isDrivenByKeys) {
   QtUserSettings settings;
   for (const char* name : {"c.txt", "b.txt", "a.txt"}) {
     opened.place().write(name, "A\r\n");
-    noteReport(settings, opened.place().path(name));
+    noteRecent(settings, kRecentReports, opened.place().path(name));
   }
   StartWindow start(settings);
   start.show();
@@ -97,8 +97,9 @@ TEST(StartWindow, isDrivenByKeys) {
   opened.expect({"c.txt"});
   EXPECT_FALSE(start.isVisible());
   // The last one is gone, too: what its key finds then is for the next one.
-  for (const char* name : {"a.txt", "c.txt"}) forgetReport(settings, opened.place().path(name));
-  noteReport(settings, opened.place().path("b.txt"));
+  for (const char* name : {"a.txt", "c.txt"})
+    forgetRecent(settings, kRecentReports, opened.place().path(name));
+  noteRecent(settings, kRecentReports, opened.place().path("b.txt"));
   StartWindow empty(settings);
   empty.show();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&empty));

@@ -20,18 +20,6 @@ struct BoxLayer : OverlayLayer {
                      QPointF(twipsFromMillimetres(55), twipsFromMillimetres(38))};
 };
 
-// Where dots of a colour are seen in the scrolling area.
-QRect boxOf(Window& window, QRgb color) {
-  const QImage picture = window.picture("pScroll");
-  QRect box;
-  for (int y = 0; y < picture.height(); ++y) {
-    for (int x = 0; x < picture.width(); ++x) {
-      if (picture.pixel(x, y) == color) box |= QRect(x, y, 1, 1);
-    }
-  }
-  return box;
-}
-
 bool isNear(const QRect& a, const QRect& b) {
   const QPoint away[] = {a.topLeft() - b.topLeft(), a.bottomRight() - b.bottomRight()};
   return !a.isEmpty() && away[0].manhattanLength() <= 2 && away[1].manhattanLength() <= 2;
@@ -48,17 +36,17 @@ TEST(PageOverlay, staysOverThePage) {
        wordsOf("Ctrl+0 - - + + + + Down F11 mnuWideView Ctrl+0 mnuNormalView F11 scaled")) {
     SCOPED_TRACE(step);
     step == "scaled" ? window.parts().scale.ShowPageScale() : static_cast<void>(window.press(step));
-    const QRect ink = boxOf(window, qRgb(255, 0, 0));
-    overlay.add(layer);
-    EXPECT_TRUE(isNear(boxOf(window, qRgb(0, 255, 0)), ink));
+    const QRect ink = boxOf(window.picture("pScroll"), Qt::red);
+    overlay.setShown(layer, true);
+    EXPECT_TRUE(isNear(boxOf(window.picture("pScroll"), Qt::green), ink));
     const QPoint middle = overlay.mapFrom(&window.area(), ink.center());
     const Spot back = overlay.mapping()->toTwips({double(middle.x()), double(middle.y())});
     EXPECT_TRUE(layer.twips.contains(back.x, back.y));
     EXPECT_NE(window.pageControl().childAt(middle), &overlay) << "the mouse goes through it";
-    overlay.remove(layer);
-    EXPECT_TRUE(boxOf(window, qRgb(0, 255, 0)).isEmpty());
+    overlay.setShown(layer, false);
+    EXPECT_TRUE(boxOf(window.picture("pScroll"), Qt::green).isEmpty());
   }
-  overlay.add(layer);
+  overlay.setShown(layer, true);
   window.parts().zoom.mnuZoomListClick(9);
   window.press("cmdView_MultiPage");
   EXPECT_FALSE(overlay.isVisible()) << "over several pages";
@@ -66,7 +54,7 @@ TEST(PageOverlay, staysOverThePage) {
   window.press("cmdView_SinglePage");
   EXPECT_TRUE(overlay.isVisible());
   EXPECT_TRUE(isNear(overlay.geometry(), window.pageControl().rect()));
-  overlay.remove(layer);
+  overlay.setShown(layer, false);
 }
 
 }  // namespace

@@ -33,6 +33,16 @@ int firstInk(const QImage& picture, const QRect& part) {
   return -1;
 }
 
+QRect boxOf(const QImage& picture, const QColor& color) {
+  QRect box;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (picture.pixel(x, y) == color.rgb()) box |= QRect(x, y, 1, 1);
+    }
+  }
+  return box;
+}
+
 Window::Window(const Start& start) {
   prepare(start);
   doc_.Settings.Page.BaseCodePage = AppOptions.DocCodePage;

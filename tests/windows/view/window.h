@@ -40,6 +40,9 @@ inline std::string settingsFile() {
 // The first row of a part of a picture that has black dots, -1 where none has.
 int firstInk(const QImage& picture, const QRect& part);
 
+// What holds the dots of a colour in a picture.
+QRect boxOf(const QImage& picture, const QColor& color);
+
 // Values that the user's settings hold; 1 and 0 for what is on and off.
 using Settings = std::map<std::string, int>;
 
@@ -136,20 +139,28 @@ class WhileOpen {
   QTimer timer_;
 };
 
-// Presses the key of a form and lets the steps be done in it; it is cancelled where they leave it
-// open.
-template <class Form, class Steps>
-void inForm(Window& window, const char* key, Steps steps) {
-  bool opened = false;
-  QTimer::singleShot(0, &window.form(), [&] {
-    auto* form = qobject_cast<Form*>(QApplication::activeModalWidget());
-    if (form == nullptr) return;
-    opened = true;
-    steps(*form);
-    if (form->isVisible()) form->reject();
+// Whether a call brings up a modal dialog; does the steps in it and closes it.
+template <class Dialog>
+bool bringsUp(const std::function<void()>& call, const std::function<void(Dialog&)>& steps = {}) {
+  bool seen = false;
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&] {
+    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) return;
+    timer.stop();
+    seen = true;
+    if (steps) steps(*dialog);
+    if (dialog->isVisible()) dialog->close();
   });
-  window.press(key);
-  ASSERT_TRUE(opened);
+  timer.start(0);
+  call();
+  return seen;
+}
+
+// Presses the key of a form and lets the steps be done in it.
+template <class Form>
+void inForm(Window& window, const char* key, const std::function<void(Form&)>& steps) {
+  EXPECT_TRUE(bringsUp<Form>([&] { window.press(key); }, steps));
 }
 
 }  // namespace qor::test

@@ -1,4 +1,4 @@
-// Unicode's tables, for searches.
+// Unicode's tables, for searches and words.
 #pragma once
 
 #include <QChar>

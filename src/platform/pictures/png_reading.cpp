@@ -1,30 +1,21 @@
-// PNG by libpng. Its errors jump out of run(): the steps given to it hold no objects that need a
-// destructor.
+// Reading PNG, by libpng. Its errors jump out of run(): the steps given to it hold no objects that
+// need a destructor.
 #include <algorithm>
 #include <csetjmp>
 #include <cstdlib>
 #include <cstring>
 #include <new>
-#include <vector>
 
 #include <png.h>
 
 #include "base/errors.h"
-#include "base/units.h"
 #include "platform/pictures/picture_codecs.h"
-#include "platform/system/byte_sink.h"
 
 namespace qor {
 namespace {
 
 constexpr std::string_view kSignature = "\x89PNG\r\n\x1A\n";
 constexpr int kOpaque = 0xFF;
-
-// For pages of text, mostly white: level 2 without filters takes 4 ms for a page of 96 dpi, near
-// the least that zlib can, and half the bytes of the same page in RGB. Z_RLE and the filters save
-// no time and give larger files; levels from 4 on take twice the time for an eighth of the bytes.
-constexpr int kCompressionLevel = 2;
-constexpr std::size_t kChunkSize = 32768;
 
 [[noreturn]] void onError(png_structp png, png_const_charp) {
   png_longjmp(png, 1);
@@ -38,13 +29,6 @@ void onRead(png_structp png, png_bytep to, std::size_t size) {
   if (size > rest.size()) png_error(png, "the file is cut short");
   std::memcpy(to, rest.data(), size);
   rest.remove_prefix(size);
-}
-
-void onWrite(png_structp png, png_bytep bytes, std::size_t size) {
-  if (!static_cast<SinkWriter*>(png_get_io_ptr(png))->write(bytes, size)) png_error(png, "");
-}
-
-void onFlush(png_structp) {
 }
 
 // Memory for the library: where there is none it gives up, and nothing is wrong with the file.
@@ -160,57 +144,6 @@ class PngReader {
   std::size_t rows_read_ = 0;  // of all passes
 };
 
-class PngWriter {
- public:
-  explicit PngWriter(ByteSink& sink)
-      : out_(sink),
-        png_(png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning)),
-        info_(png_ == nullptr ? nullptr : png_create_info_struct(png_)) {
-    if (info_ == nullptr) throw PictureError("no memory to write the picture as PNG");
-  }
-  PngWriter(const PngWriter&) = delete;
-  PngWriter& operator=(const PngWriter&) = delete;
-  ~PngWriter() { png_destroy_write_struct(&png_, &info_); }
-
-  void write(const PixelView& pixels, bool gray, int dpi) {
-    step([&] { writeHeader(pixels, gray, dpi); });
-    std::vector<unsigned char> grays(gray ? static_cast<std::size_t>(pixels.width) : 0);
-    for (int y = 0; y < pixels.height; ++y) {
-      if (gray) copyGrays(pixels.row(y), grays.data());
-      const void* row = gray ? static_cast<const void*>(grays.data()) : pixels.row(y).data();
-      step([&] { png_write_row(png_, static_cast<png_const_bytep>(row)); });
-    }
-    step([&] { png_write_end(png_, info_); });
-  }
-
- private:
-  template <class Step>
-  void step(Step step) {
-    if (!run(png_, step)) out_.fail("the picture can't be written as PNG");
-  }
-
-  void writeHeader(const PixelView& pixels, bool gray, int dpi) {
-    png_set_write_fn(png_, &out_, onWrite, onFlush);
-    png_set_compression_level(png_, kCompressionLevel);
-    png_set_compression_buffer_size(png_, kChunkSize);
-    png_set_filter(png_, PNG_FILTER_TYPE_BASE, PNG_FILTER_NONE);
-    png_set_IHDR(png_, info_, static_cast<png_uint_32>(pixels.width),
-                 static_cast<png_uint_32>(pixels.height), 8,
-                 gray ? PNG_COLOR_TYPE_GRAY : PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE,
-                 PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
-    const auto density = static_cast<png_uint_32>(dotsPerMetre(dpi));
-    png_set_pHYs(png_, info_, density, density, PNG_RESOLUTION_METER);
-    png_write_info(png_, info_);
-    if (gray) return;
-    png_set_bgr(png_);
-    png_set_filler(png_, 0, PNG_FILLER_AFTER);
-  }
-
-  SinkWriter out_;
-  png_structp png_;
-  png_infop info_;
-};
-
 }  // namespace
 
 bool isPng(std::string_view file) {
@@ -219,10 +152,6 @@ bool isPng(std::string_view file) {
 
 std::optional<Picture> decodePng(std::string_view file) {
   return PngReader(file).read();
-}
-
-void encodePng(const PixelView& pixels, bool gray, int dpi, ByteSink& sink) {
-  PngWriter(sink).write(pixels, gray, dpi);
 }
 
 }  // namespace qor

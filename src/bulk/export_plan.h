@@ -1,0 +1,30 @@
+// Which reports are exported to which targets.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "bulk/bulk_options.h"
+
+namespace qor {
+
+struct PlannedExport {
+  std::string report;  // as it was named
+  std::string path;    // where it is read
+  std::string target;  // a file; {page} in it stands for the number of a picture's page
+};
+
+// What the operands and the list name, in their order. Throws FileError where the list can't be
+// read.
+std::vector<std::string> namedReports(const BulkOptions& options);
+
+// A target for each report, reports that are named again left out. Throws UsageError where the
+// template says nothing of a report, where two reports have the same target, and where a target is
+// a report.
+std::vector<PlannedExport> planExports(const BulkOptions& options,
+                                       const std::vector<std::string>& reports);
+
+// A target with the number of a page in it.
+std::string withPage(const std::string& target, std::int32_t page);
+
+}  // namespace qor

@@ -1,0 +1,12 @@
+// Texts in JSON (RFC 8259).
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace qor {
+
+// A text with its quotes. Bytes that are no UTF-8 become U+FFFD.
+std::string jsonText(std::string_view text);
+
+}  // namespace qor

@@ -1,0 +1,47 @@
+// qorexport: reports to files by the thousand, for servers.
+
+#include "app/program_start.h"
+#include "base/app_options.h"
+#include "bulk/bulk_options.h"
+#include "bulk/bulk_run.h"
+#include "platform/system/failure.h"
+#include "platform/system/long_options.h"
+#include "platform/system/messages.h"
+#include "platform/system/process.h"
+
+namespace qor {
+namespace {
+
+constexpr int kExitDone = 0;
+constexpr int kExitFailed = 1;
+constexpr int kExitUsage = 2;
+
+int exportReports(int argc, char** argv) {
+  const BulkOptions options = readBulkOptions(argc, argv);
+  switch (options.task) {
+    case BulkTask::help: writeOutput(bulkHelp()); return kExitDone;
+    case BulkTask::version: writeOutput("qorexport " + AppOptions.ProgramVersion); return kExitDone;
+    default: return runExports(options) ? kExitDone : kExitFailed;
+  }
+}
+
+int guarded(int argc, char** argv) {
+  try {
+    return exportReports(argc, argv);
+  } catch (const UsageError& error) {
+    writeErrorLine(std::string("qorexport: ") + error.what() + " (--help tells more)");
+    return kExitUsage;
+  } catch (...) {
+    tellFailure();
+    return kExitFailed;
+  }
+}
+
+}  // namespace
+}  // namespace qor
+
+int main(int argc, char** argv) {
+  qor::prepareProcess();
+  qor::startProgram();
+  return qor::guarded(argc, argv);
+}

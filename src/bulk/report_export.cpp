@@ -1,0 +1,166 @@
+// Exporting a report.
+#include "bulk/report_export.h"
+
+#include <algorithm>
+#include <new>
+#include <sstream>
+
+#include "app/command_line.h"
+#include "app/run_wall.h"
+#include "base/app_options.h"
+#include "base/path.h"
+#include "base/run_options.h"
+#include "document/vdoc.h"
+#include "export/export_formats.h"
+#include "export/image/picture_names.h"
+#include "platform/system/directory.h"
+#include "platform/system/failure.h"
+#include "platform/system/file_stamp.h"
+#include "platform/system/locale.h"
+#include "platform/system/messages.h"
+#include "platform/system/temporary_file.h"
+
+namespace qor {
+namespace {
+
+// What the user of a window would be shown, as the reason of the answer.
+class Reasons {
+ public:
+  void add(std::string_view text) {
+    if (text.empty()) return;
+    std::string line(text);
+    std::ranges::replace_if(
+        line, [](unsigned char c) { return c < ' '; }, ' ');
+    text_ += (text_.empty() ? "" : "; ") + line;
+  }
+  const std::string& text() const { return text_; }
+
+ private:
+  std::string text_;
+};
+
+void setOptions(const PlannedExport& planned, const BulkOptions& options) {
+  AppOptions.FileName = fullPath(planned.path);
+  AppOptions.ExportTarget = fullPath(planned.target);
+  AppOptions.IniFileName = options.setFile.empty() ? "" : fullPath(options.setFile);
+  AppOptions.SetName = options.setName;
+  AppOptions.CodePageGiven = options.codePage != 0;
+  AppOptions.DocCodePage = options.codePage != 0 ? options.codePage : systemAnsiCodePage();
+  AppOptions.Drawn = options.format.drawn;
+}
+
+std::vector<std::string> filesOf(const ExportTask& task, const BulkFormat& format) {
+  return format.pictures ? pictureFiles(task) : std::vector{task.target};
+}
+
+// Whether all files of the export are there and newer than the report.
+bool isDone(const ExportTask& task, const BulkFormat& format) {
+  const auto report = fileStamp(AppOptions.FileName);
+  return report && std::ranges::all_of(filesOf(task, format), [&report](const std::string& file) {
+           const auto stamp = fileStamp(file);
+           return stamp && stamp->modified > report->modified;
+         });
+}
+
+void countFiles(const ExportTask& task, BulkAnswer& answer) {
+  for (const std::string& file : task.files) {
+    const auto stamp = fileStamp(file);
+    if (!stamp) continue;
+    ++answer.files;
+    answer.bytes += stamp->size;
+  }
+}
+
+BulkAnswer run(const BulkOptions& options, Reasons& reasons) {
+  BulkAnswer answer;
+  if (!VDoc::OpenFile()) return answer;
+  VDoc doc;
+  doc.ScanPages(false);
+  if (doc.Settings.ReloadSet() != 0) reasons.add("the set of settings isn't there");
+  ExportTask task = commandLineTask(doc, AppOptions.ExportTarget, runOptions());
+  task.pages = options.pages;
+  if (task.target.find("{page}") != task.target.npos) {
+    task.pictureName = [&task](std::int32_t page, std::string_view) {
+      return withPage(task.target, page);
+    };
+  }
+  answer.pages = task.pageCount();
+  if (answer.pages == 0 && doc.PageCount > 0) {
+    reasons.add("it has none of these pages");
+    return answer;
+  }
+  if (options.ifNewer && isDone(task, options.format)) {
+    answer.result = BulkResult::skipped;
+    return answer;
+  }
+  const ExportResult result = runExport(*formatOf(task.target), task);
+  reasons.add(task.notice);
+  countFiles(task, answer);
+  if (result != ExportResult::stopped && answer.files > 0) answer.result = BulkResult::done;
+  return answer;
+}
+
+BulkAnswer failure(const std::string& reason) {
+  BulkAnswer answer;
+  answer.reason = reason;
+  return answer;
+}
+
+}  // namespace
+
+BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options) {
+  Reasons reasons;
+  const MessageSink messages([&reasons](MessageKind, std::string_view text) { reasons.add(text); });
+  BulkAnswer answer;
+  try {
+    setOptions(planned, options);
+    makeDirectories(std::string(directoryOf(AppOptions.ExportTarget)));
+    raiseRunWall(kRunExport);
+    answer = run(options, reasons);
+  } catch (const std::bad_alloc&) {
+    return failure("not enough memory");
+  } catch (...) {
+    const Failure caught = caughtFailure();
+    if (!caught.wasTold()) reasons.add(caught.text);
+  }
+  answer.reason = reasons.text();
+  return answer;
+}
+
+void rehearse(const BulkOptions& options) {
+  const MessageSink silence([](MessageKind, std::string_view) {});
+  try {
+    const TemporaryFile report("");
+    const TemporaryFile target(std::string(options.format.extension));
+    report.fill("Report <b>1<b/> <i>2<i/>\r\n");
+    BulkOptions all = options;
+    all.pages = PageRanges();
+    setOptions({{}, report.path(), target.path()}, all);
+    Reasons reasons;
+    run(all, reasons);
+  } catch (const std::exception&) {
+    return;
+  }
+}
+
+std::string written(const BulkAnswer& answer) {
+  std::ostringstream text;
+  text << static_cast<int>(answer.result) << ' ' << answer.pages << ' ' << answer.bytes << ' '
+       << answer.files << ' ' << answer.reason;
+  return std::move(text).str();
+}
+
+BulkAnswer readAnswer(const std::string& text) {
+  std::istringstream words(text);
+  int result = 0;
+  BulkAnswer answer;
+  if (!(words >> result >> answer.pages >> answer.bytes >> answer.files) || result < 0 ||
+      result > static_cast<int>(BulkResult::failed))
+    return failure("it gave no answer");
+  answer.result = static_cast<BulkResult>(result);
+  words.get();
+  std::getline(words, answer.reason);
+  return answer;
+}
+
+}  // namespace qor

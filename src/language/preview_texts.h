@@ -41,7 +41,6 @@ struct PreviewTexts {
   // Names of controls that show no text of their own.
   std::string_view pageNumber;
   std::string_view pageCount;
-  std::string_view pageArea;
   std::string_view scale;
   std::string_view reportMenu;
   // Words and messages.

@@ -57,13 +57,28 @@ void TextMap::addRows(const VDocPage& page) {
   ItemTexts texts(letters_);
   for (const VDocStr& line : page.lines()) {
     line.tell(texts);
+    addOffset(texts.line.size());
     texts.line.clear();
   }
   for (const std::span<PlacedText> row : orderInRows(texts.placed)) {
     std::vector<VData*>& items = rows_.emplace_back();
     for (const PlacedText& text : row) items.push_back(text.item);
-    bands_.push_back(bandOf(layOutRow(items, letters_)));
+    const TextLine line = layOutRow(items, letters_);
+    bands_.push_back(bandOf(line));
+    addOffset(line.text.size());
   }
+}
+
+void TextMap::addOffset(std::size_t length) {
+  offsets_.push_back(offsets_.back() + length + 1);
+}
+
+TextPlace TextMap::placeOf(std::size_t offset) const {
+  if (lineCount() == 0) return {};
+  const std::size_t held = std::min(offset, offsets_.back() - 1);
+  const auto behind = std::upper_bound(offsets_.begin(), offsets_.end(), held);
+  const auto line = static_cast<std::size_t>(behind - offsets_.begin()) - 1;
+  return {line, held - offsets_[line]};
 }
 
 std::u32string TextMap::text(std::size_t line) const {

@@ -38,6 +38,11 @@ class TextMap {
   std::size_t lineCount() const { return bands_.size(); }
   const TextBand& band(std::size_t line) const { return bands_[line]; }
 
+  // The page as one text, in which each line has an end of one character: where a line starts, or
+  // for the number of lines how long all of it is; and what stands where, at most the last end.
+  std::size_t offset(std::size_t line) const { return offsets_[line]; }
+  TextPlace placeOf(std::size_t offset) const;
+
   std::u32string text(std::size_t line) const;
   TextLine line(std::size_t line) const;
 
@@ -52,12 +57,14 @@ class TextMap {
   };
 
   void addRows(const VDocPage& page);
+  void addOffset(std::size_t length);
   std::vector<std::size_t> linesAt(double y) const;
 
   DocumentLetters letters_;
-  std::vector<Start> starts_;              // of the report's lines
-  std::vector<std::vector<VData*>> rows_;  // of texts with places of their own
-  std::vector<TextBand> bands_;            // of all lines
+  std::vector<Start> starts_;               // of the report's lines
+  std::vector<std::vector<VData*>> rows_;   // of texts with places of their own
+  std::vector<TextBand> bands_;             // of all lines
+  std::vector<std::size_t> offsets_ = {0};  // of all lines, and the end
 };
 
 }  // namespace qor

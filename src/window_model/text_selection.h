@@ -17,6 +17,8 @@ enum class SelectionMove { left, right, up, down, lineStart, lineEnd };
 
 class TextSelection {
  public:
+  bool operator==(const TextSelection&) const = default;
+
   bool isEmpty() const;
   SelectionKind kind() const { return kind_; }
 
@@ -28,13 +30,18 @@ class TextSelection {
   void takeWord(const TextMap& map, const Spot& spot, const LetterRules& rules);
   void takeLine(const TextMap& map, const Spot& spot);
   void takePage(const TextMap& map);
+  void select(const TextPlace& from, const TextPlace& to);  // in reading order
 
   // Moves its end by a character or a line, or down by a height in twips, up where that is below 0.
   // Up and down keep to their column.
   void move(const TextMap& map, SelectionMove move);
   void moveDown(const TextMap& map, double height);
 
-  // Where its end stands, twips: the one that was moved last.
+  // Where it starts, and its end: the one that was moved last. The page may have become shorter.
+  const TextPlace& anchor() const { return anchor_; }
+  const TextPlace& focus() const { return focus_; }
+
+  // Where its end stands, twips.
   Spot end(const TextMap& map) const;
 
   // The lines that it touches, in reading order; those of a rectangle from top to bottom.
@@ -45,7 +52,6 @@ class TextSelection {
   std::vector<TextSpan> spansOf(const TextMap& map, std::size_t number, const TextLine& line) const;
 
  private:
-  void select(const TextPlace& from, const TextPlace& to);
   void keepColumn(const TextMap& map);
   void moveInLine(const TextMap& map, SelectionMove move);
   void moveSide(const TextMap& map, SelectionMove move);

@@ -97,6 +97,11 @@ void XServer::pointAt(xcb_window_t window) {
   fake(XCB_MOTION_NOTIFY, 0, placeOf(window).center());
 }
 
+void XServer::activate(xcb_window_t window) {
+  xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+  xcb_flush(connection_);
+}
+
 void XServer::fake(std::uint8_t kind, std::uint8_t detail, QPoint place) {
   xcb_test_fake_input(connection_, kind, detail, XCB_CURRENT_TIME, screen_->root,
                       static_cast<std::int16_t>(place.x()), static_cast<std::int16_t>(place.y()),

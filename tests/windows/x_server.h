@@ -43,6 +43,9 @@ class XServer {
   // windows here.
   void pointAt(xcb_window_t window);
 
+  // Makes a window the active one, as who manages windows would.
+  void activate(xcb_window_t window);
+
   // Presses a key by its symbol, while another one is held if asked; types letters, digits and
   // marks.
   static constexpr xcb_keysym_t kAlt = 0xFFE9;

@@ -96,7 +96,6 @@ constexpr Language kEnglish = {
             .language = "Language",
             .pageNumber = "Page number",
             .pageCount = "Number of pages",
-            .pageArea = "Pages of the report",
             .scale = "Scale to paper size",
             .reportMenu = "Report",
             .page = "Page",

@@ -106,7 +106,6 @@ constexpr Language kRussian = {
             .language = "Язык",
             .pageNumber = "Номер страницы",
             .pageCount = "Число страниц",
-            .pageArea = "Страницы отчёта",
             .scale = "Масштаб по размеру бумаги",
             .reportMenu = "Отчёт",
             .page = "Страница",

@@ -107,7 +107,6 @@ constexpr Language kTurkish = {
             .language = "Dil",
             .pageNumber = "Sayfa numarası",
             .pageCount = "Sayfa sayısı",
-            .pageArea = "Rapor sayfaları",
             .scale = "Kağıt boyutuna ölçeklendirme",
             .reportMenu = "Rapor",
             .page = "Sayfa",

@@ -93,6 +93,7 @@ void FindPanel::tell() {
   list_->update();
   marks_.update();
   small_marks_.update();
+  emit told();
 }
 
 QString FindPanel::foundText() const {

@@ -31,16 +31,19 @@ class FindPanel : public QObject {
   void scrollToPresent();
 
   TextFinder& finder() { return finder_; }
+  // The counter of the bar, or why there is none.
+  QString foundText() const;
+
   void retranslate();
 
  signals:
   void pageWanted(int number);  // then scrollToPresent
+  void told();                  // another counter
 
  private:
   void startSearch();
   void tell();
   void noteText();
-  QString foundText() const;
 
   ViewDesk& desk_;
   PageText& text_;

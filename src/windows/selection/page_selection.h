@@ -26,6 +26,9 @@ class PageSelection : public QObject, private OverlayLayer {
   // False where something is selected of the page on view.
   bool isEmpty() const;
 
+  // The selection of the page on view, which may be empty; null where another page has it.
+  const TextSelection* onView() const { return isOnView() ? &selection_ : nullptr; }
+
   // Changes the selection of the page on view, which starts empty where another page has it.
   using Change = std::function<void(TextSelection&, const TextMap&)>;
   void change(const Change& change);

@@ -1,6 +1,8 @@
 // Captions.
 #include "windows/view/captions.h"
 
+#include <QAbstractItemView>
+
 #include "base/app_options.h"
 #include "language/language.h"
 #include "platform/qt/qt_text.h"
@@ -23,12 +25,12 @@ void nameControls(const ViewDesk& desk) {
     control->setToolTip(qtText(text));
   };
   name(ui.cmbZoom, texts.zoom);
+  ui.cmbZoom->view()->setAccessibleName(qtText(texts.zoom));
   name(ui.lblPageCurrent, texts.pageNumber);
   name(ui.txtPageCurrentEdit, texts.pageNumber);
   name(ui.lblPageTotal, texts.pageCount);
   name(ui.txtZoom, texts.scale);
   ui.lstPages->setAccessibleName(qtText(texts.pageList));
-  ui.pScroll->setAccessibleName(qtText(texts.pageArea));
   ui.pTools->setAccessibleName(qtText(texts.reportMenu));
 }
 

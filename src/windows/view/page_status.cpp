@@ -5,6 +5,7 @@
 #include "platform/qt/qt_text.h"
 #include "window_model/file_dates.h"
 #include "window_model/preview_texts.h"
+#include "windows/start/report_name.h"
 #include "windows/view/page_zoom.h"
 #include "windows/view/view_desk.h"
 
@@ -27,11 +28,13 @@ void PageStatus::tellNumber() {
   desk_.status.setPages(qtText(pageOfText(desk_.cursor.current(), desk_.cursor.total())));
 }
 
-// The description of the control that has the focus is told anew when it changes.
+// Name and description of the control that has the focus are told anew when they change.
 void PageStatus::describeView() {
-  QString text = qtText(pageOfText(desk_.cursor.current(), desk_.cursor.total()));
-  if (zoom_.onView() > 0) text += QString(", %1%").arg(zoom_.onView());
+  const QString name = qtText(pageOfText(desk_.cursor.current(), desk_.cursor.total())) + ", " +
+                       ReportName(AppOptions.FileName).file;
+  const QString text = zoom_.onView() > 0 ? QString("%1%").arg(zoom_.onView()) : QString();
   PageScroll& area = *desk_.ui.pScroll;
+  if (name != area.accessibleName()) area.setAccessibleName(name);
   if (text != area.accessibleDescription()) area.setAccessibleDescription(text);
 }
 

@@ -80,6 +80,7 @@ void TfrmView::connectParts() {
   connect(&parts.pages, &PageShow::pageShown, this, tellOfPage);
   connect(&parts.pages, &PageShow::shown, this, [&parts] {
     parts.pageStatus.describeView();
+    parts.pageNews.tellPage();
     parts.lines.rebuild();
     parts.textTool.showPointer();
     parts.selection.followPage();
@@ -166,6 +167,7 @@ void TfrmView::tellMarked() {
   parts_->list.select();
   parts_->pageStatus.tellNumber();
   parts_->pageStatus.describeView();
+  parts_->pageNews.tellPage();
   updateCommands();
 }
 

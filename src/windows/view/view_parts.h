@@ -4,6 +4,10 @@
 
 #include <memory>
 
+#include "windows/accessible/hit_announcer.h"
+#include "windows/accessible/page_announcer.h"
+#include "windows/accessible/spoken_notice.h"
+#include "windows/accessible/spoken_page.h"
 #include "windows/alignment/alignment_lines.h"
 #include "windows/find/find_panel.h"
 #include "windows/selection/page_selection.h"
@@ -43,6 +47,10 @@ struct ViewParts {
   FindPanel find;
   PageSelection selection;
   TextTool textTool;
+  SpokenPage spoken;
+  SpokenNotice notice;
+  PageAnnouncer pageNews;
+  HitAnnouncer hitNews;
   PaperScale scale;
   PageNotesWatch notes;
   AlignmentLines lines;

@@ -12,7 +12,8 @@ for group in "$@"; do
   case $group in
     test) packages+=(libgtest-dev imagemagick-6.q16 zbar-tools catdoc libreoffice-writer-nogui locales cups poppler-utils mupdf-tools ghostscript
       qpdf xvfb libxcb-xtest0-dev fonts-urw-base35 python3-openpyxl python3-pil python3-xlrd libxml2-dev git clang-format clang-tidy
-      librsvg2-bin desktop-file-utils appstream shared-mime-info libxml2-utils man-db groff qt6-translations-l10n) ;;
+      librsvg2-bin desktop-file-utils appstream shared-mime-info libxml2-utils man-db groff qt6-translations-l10n
+      at-spi2-core dbus-daemon gir1.2-atspi-2.0 python3-gi) ;;
     bench) packages+=(mupdf-tools python3 libzint-dev libxlsxwriter-dev cups-filters
       enscript ghostscript libreoffice-writer-nogui xvfb libxcb-shm0-dev libxcb-xtest0-dev
       mupdf qpdfview zathura zathura-pdf-poppler pdfgrep libgtest-dev cups) ;;

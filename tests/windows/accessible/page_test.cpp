@@ -4,6 +4,7 @@
 
 #include "windows/find/find_panel.h"
 #include "windows/selection/page_selection.h"
+#include "windows/view/page_image.h"
 #include "windows/view/window.h"
 
 namespace qor::test {
@@ -149,9 +150,14 @@ TEST(SpokenPage, isTheMarkedOneOfSeveral) {
   Window::settle();
   EXPECT_EQ(window.name(), "Page 2 of 3, report.txt");
   EXPECT_EQ(window.all(), kSecondRead);
-  // A letter is seen, and the blank behind it no more than by the letters' soft edges.
-  EXPECT_GT(window.dots(window.text().characterRect(0)),
-            window.dots(window.text().characterRect(1)) + 1);
+  // Its first line is seen on the second small page: "H H HH".
+  const PageImage& page = *window.smallPages().at(2);
+  const QRect first = window.text().characterRect(0);
+  const QRect last = window.text().characterRect(5);
+  EXPECT_TRUE(QRect(page.mapToGlobal(QPoint()), page.size()).contains(first | last));
+  EXPECT_GT(last.left(), first.right());
+  EXPECT_GT(window.dots(first | last), 4);
+  EXPECT_EQ(window.text().offsetAtPoint(last.center()), 5);
 }
 
 TEST(SpokenPage, hasItsCaretAtTheHit) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 #include "base/errors.h"
 #include "bulk/json_text.h"
@@ -24,12 +25,15 @@ const char* nameOf(BulkResult result) {
 
 std::string jsonLine(const PlannedExport& planned, const BulkAnswer& answer,
                      std::chrono::milliseconds time) {
-  return "{\"report\":" + jsonText(planned.report) + ",\"target\":" + jsonText(planned.target) +
-         ",\"files\":" + std::to_string(answer.files) +
-         ",\"pages\":" + std::to_string(answer.pages) +
-         ",\"bytes\":" + std::to_string(answer.bytes) +
-         ",\"milliseconds\":" + std::to_string(time.count()) + ",\"result\":\"" +
-         nameOf(answer.result) + "\",\"reason\":" + jsonText(answer.reason) + "}";
+  const std::pair<const char*, std::string> members[] = {
+      {"report", jsonText(planned.report)},        {"target", jsonText(planned.target)},
+      {"files", std::to_string(answer.files)},     {"pages", std::to_string(answer.pages)},
+      {"bytes", std::to_string(answer.bytes)},     {"milliseconds", std::to_string(time.count())},
+      {"result", jsonText(nameOf(answer.result))}, {"reason", jsonText(answer.reason)}};
+  std::string line;
+  for (const auto& [name, value] : members)
+    line += (line.empty() ? "{" : ",") + jsonText(name) + ":" + value;
+  return line + "}";
 }
 
 std::string clockText(double seconds) {

@@ -15,9 +15,10 @@ class LoadedPage {
       : doc_(doc),
         number_(number),
         page_(doc.findPage(number)),
-        is_ours_(mode != PageMode::plain || !page_->Loaded) {
+        is_ours_(mode != PageMode::plain || page_ == nullptr || !page_->Loaded) {
     if (is_ours_) doc.GetPage(number, mode);
-    if (!page_->Loaded) throw NumberedError(kErrorOpenDocument, AppOptions.FileName);
+    if (page_ == nullptr || !page_->Loaded)
+      throw NumberedError(kErrorOpenDocument, AppOptions.FileName);
   }
   // Reads it in any case, from a file that is open already.
   LoadedPage(VDoc& doc, std::int32_t number, const InputFile& file, PageMode mode)

@@ -40,13 +40,10 @@ PageFilter::PageFilter(const TextMatcher& matcher, const DocumentLetters& letter
       alike = firsts.try_emplace(matcher.folding()(letters.of(byte)), byte).first->second;
     }
   }
-  for (const char32_t letter : matcher.fixedPiece()) {
-    const auto first = firsts.find(letter);
-    if (first == firsts.end())
-      missing_ = letter;
-    else
-      piece_ += first->second;
-  }
+  for (const char32_t letter : matcher.wanted())
+    if (!isBlank(letter) && !firsts.contains(letter)) missing_ = letter;
+  if (missing_ != 0) return;
+  for (const char32_t letter : matcher.fixedPiece()) piece_ += firsts.at(letter);
 }
 
 bool PageFilter::mayHold(std::string_view bytes, LineEnds ends) {

@@ -45,7 +45,7 @@ void ReportSearch::endPage() {
 }
 
 void ReportSearch::searchFrom(std::int32_t page) {
-  if (page >= behind_) return;
+  if (page > behind_) return;
   hits_.dropFrom(page);
   behind_ = page;
   started_ = false;

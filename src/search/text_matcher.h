@@ -43,6 +43,9 @@ class TextMatcher {
 
   const LetterFolding& folding() const { return folding_; }
 
+  // What is looked for, folded.
+  std::u32string_view wanted() const { return wanted_; }
+
   // The longest piece that stands in every place as it is here, folded.
   std::u32string_view fixedPiece() const;
 

@@ -75,10 +75,11 @@ void TextSelection::extend(const TextMap& map, const Spot& spot) {
   focus_x_ = spot.x;
 }
 
-void TextSelection::select(const TextPlace& from, const TextPlace& to) {
+void TextSelection::select(const TextMap& map, const TextPlace& from, const TextPlace& to) {
   kind_ = SelectionKind::lines;
   anchor_ = from;
   focus_ = to;
+  keepColumn(map);
 }
 
 void TextSelection::takeWord(const TextMap& map, const Spot& spot, const LetterRules& rules) {
@@ -87,22 +88,19 @@ void TextSelection::takeWord(const TextMap& map, const Spot& spot, const LetterR
   // The gap is the one behind a character whose right half is meant.
   const bool behind = place.column > 0 && spotOf(map, place).x > spot.x;
   const TextSpan run = runAt(map.text(place.line), place.column - (behind ? 1 : 0), rules);
-  select({place.line, run.first}, {place.line, run.end()});
-  keepColumn(map);
+  select(map, {place.line, run.first}, {place.line, run.end()});
 }
 
 void TextSelection::takeLine(const TextMap& map, const Spot& spot) {
   const std::size_t line = map.placeNear(spot).line;
   if (map.lineCount() == 0) return;
-  select({line, 0}, {line, map.text(line).size()});
-  keepColumn(map);
+  select(map, {line, 0}, {line, map.text(line).size()});
 }
 
 void TextSelection::takePage(const TextMap& map) {
   if (map.lineCount() == 0) return;
   const std::size_t last = map.lineCount() - 1;
-  select({}, {last, map.text(last).size()});
-  keepColumn(map);
+  select(map, {}, {last, map.text(last).size()});
 }
 
 void TextSelection::keepColumn(const TextMap& map) {

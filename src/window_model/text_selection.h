@@ -30,7 +30,7 @@ class TextSelection {
   void takeWord(const TextMap& map, const Spot& spot, const LetterRules& rules);
   void takeLine(const TextMap& map, const Spot& spot);
   void takePage(const TextMap& map);
-  void select(const TextPlace& from, const TextPlace& to);  // in reading order
+  void select(const TextMap& map, const TextPlace& from, const TextPlace& to);  // in reading order
 
   // Moves its end by a character or a line, or down by a height in twips, up where that is below 0.
   // Up and down keep to their column.

@@ -189,7 +189,7 @@ std::vector<TextSpan> SpokenPage::selections() {
 
 void SpokenPage::select(int from, int end) {
   selection_.change([&](TextSelection& selection, const TextMap& page) {
-    selection.select(page.placeOf(numberFrom(from)), page.placeOf(numberFrom(end)));
+    selection.select(page, page.placeOf(numberFrom(from)), page.placeOf(numberFrom(end)));
   });
 }
 

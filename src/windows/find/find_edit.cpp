@@ -19,7 +19,7 @@ void FindEdit::keyPressEvent(QKeyEvent* event) {
       return;
     case Qt::Key_Up: return showEarlier(1);
     case Qt::Key_Down: return showEarlier(-1);
-    default: QLineEdit::keyPressEvent(event);
+    default: shown_ = -1; QLineEdit::keyPressEvent(event);
   }
 }
 

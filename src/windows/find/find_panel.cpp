@@ -38,6 +38,7 @@ FindPanel::FindPanel(ViewDesk& desk, PageShow& pages, PageText& text, UserSettin
   connect(bar_, &FindBar::closeWanted, this, &FindPanel::close);
   connect(bar_, &FindBar::listToggled, this, [this] { list_->setShown(bar_->showsList()); });
   connect(list_, &HitListPane::hitChosen, &finder_, &TextFinder::setPresent);
+  connect(list_, &HitListPane::hitChosen, this, &FindPanel::noteText);
   connect(&finder_, &TextFinder::changed, this, &FindPanel::tell);
   connect(&finder_, &TextFinder::presentChanged, this, [this] {
     tell();
@@ -47,10 +48,7 @@ FindPanel::FindPanel(ViewDesk& desk, PageShow& pages, PageText& text, UserSettin
 }
 
 void FindPanel::mnuFindClick() {
-  QStringList earlier;
-  for (const std::string& text : recentTexts(settings_, kRecentSearches))
-    earlier.append(qtText(text));
-  bar_->setEarlier(earlier);
+  offerEarlier();
   const bool wasOpen = bar_->isVisible();
   bar_->open();
   if (!wasOpen) startSearch();
@@ -78,6 +76,14 @@ bool FindPanel::close() {
 
 void FindPanel::noteText() {
   noteRecent(settings_, kRecentSearches, bar_->text().toStdString());
+  offerEarlier();
+}
+
+void FindPanel::offerEarlier() {
+  QStringList earlier;
+  for (const std::string& text : recentTexts(settings_, kRecentSearches))
+    earlier.append(qtText(text));
+  bar_->setEarlier(earlier);
 }
 
 void FindPanel::startSearch() {

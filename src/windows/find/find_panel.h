@@ -44,6 +44,7 @@ class FindPanel : public QObject {
   void startSearch();
   void tell();
   void noteText();
+  void offerEarlier();
 
   ViewDesk& desk_;
   PageText& text_;

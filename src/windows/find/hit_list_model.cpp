@@ -20,6 +20,7 @@ int HitListModel::rowCount(const QModelIndex& parent) const {
 }
 
 HitListModel::Row HitListModel::row(int index) const {
+  if (static_cast<std::uint64_t>(index) >= finder_.hitCount()) return {};
   if (const Row* kept = rows_.object(index)) return *kept;
   const HitPlace place = finder_.search().hits().at(static_cast<std::uint64_t>(index));
   const FoundText text = finder_.textOf(place).value_or(FoundText());

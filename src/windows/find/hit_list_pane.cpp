@@ -103,7 +103,7 @@ void HitListPane::selectPresent() {
 
 void HitListPane::choose() {
   const QModelIndex row = list_->currentIndex();
-  if (!row.isValid() || !finder_.isActive()) return;
+  if (!row.isValid() || static_cast<std::uint64_t>(row.row()) >= finder_.hitCount()) return;
   emit hitChosen(finder_.search().hits().at(static_cast<std::uint64_t>(row.row())));
 }
 

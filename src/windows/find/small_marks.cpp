@@ -7,6 +7,7 @@
 
 #include "document/loaded_page.h"
 #include "window_model/page_mapping.h"
+#include "windows/failure_text.h"
 #include "windows/find/hit_outlines.h"
 #include "windows/find/text_finder.h"
 #include "windows/idle_slice.h"
@@ -17,6 +18,11 @@
 #include "windows/view/view_desk.h"
 
 namespace qor {
+namespace {
+
+constexpr int kPause = 100;  // ms, before a job is asked again whether it has ended
+
+}  // namespace
 
 // What the marks of a page depend on.
 struct PageHits {
@@ -94,8 +100,9 @@ void SmallMarks::clear() {
 
 // A page that can't be read is told where it is drawn.
 void SmallMarks::markSlice() {
-  if (desk_.busy || !finder_.isActive() || !doSteps([this] { return markNext(); }).more)
-    idle_->stop();
+  idle_->setInterval(desk_.busy ? kPause : 0);
+  if (desk_.busy) return;
+  if (!finder_.isActive() || !doSteps([this] { return markNext(); }).more) idle_->stop();
 }
 
 // Each page once, also where it fails.
@@ -105,7 +112,7 @@ bool SmallMarks::markNext() {
   });
   if (next == sheets_.end()) return false;
   (*next)->setOutlines({});
-  mark(**next);
+  failureOf([this, &next] { mark(**next); });
   return true;
 }
 

@@ -32,7 +32,11 @@ bool TextFinder::isSearching() const {
 }
 
 void TextFinder::start(const FindQuery& query) {
-  stop();
+  begin(query, std::nullopt);
+}
+
+void TextFinder::begin(const FindQuery& query, const std::optional<HitPlace>& present) {
+  forget();
   query_ = query;
   VDoc* doc = pages_.document();
   if (doc == nullptr) return;
@@ -40,15 +44,24 @@ void TextFinder::start(const FindQuery& query) {
   known_pages_ = doc->PageCount;
   failure_ = failureOf([&] {
     look_ = std::make_unique<PageSearch>(*doc, query, kQtLetters);
-    search_ = std::make_unique<ReportSearch>(*doc, query, kQtLetters,
-                                             std::max(1, desk_.cursor.firstOnView()));
+    const std::int32_t seen = std::max(1, desk_.cursor.firstOnView());
+    if (led_to_ != seen) origin_ = seen;
+    search_ = std::make_unique<ReportSearch>(*doc, query, kQtLetters, origin_);
   });
+  present_ = present;
   if (isActive()) idle_->start(0);
   searchSlice();
 }
 
 void TextFinder::stop() {
+  forget();
+  led_to_ = 0;
+  emit changed();
+}
+
+void TextFinder::forget() {
   idle_->stop();
+  kept_ = {};
   search_.reset();
   look_.reset();
   present_.reset();
@@ -59,8 +72,7 @@ void TextFinder::stop() {
 }
 
 void TextFinder::restart() {
-  if (!isActive()) return;
-  start(query_);
+  if (isActive()) begin(query_, present_);
 }
 
 void TextFinder::restartIfReadAnew() {
@@ -75,8 +87,10 @@ void TextFinder::follow() {
   if (doc->PageCount < known_pages_) return restart();
   if (known_pages_ > 0) search_->searchFrom(known_pages_);
   if (page_of_hits_ == known_pages_) page_of_hits_ = 0;
+  kept_ = {};
   known_pages_ = doc->PageCount;
   idle_->start(0);
+  emit changed();
 }
 
 void TextFinder::searchSlice() {
@@ -91,15 +105,16 @@ void TextFinder::searchSlice() {
 
 // The first hit from the page on view on, and where there is none the first of all.
 void TextFinder::choosePresent() {
-  if (present_) return;
   const SearchHits& hits = search_->hits();
-  const std::uint64_t first = hits.firstFrom(desk_.cursor.firstOnView());
-  if (first < hits.total()) {
-    setPresent(hits.at(first));
-  } else if (!isSearching() && hits.total() > 0) {
-    setPresent(hits.at(0));
-    went_round_ = true;
-  }
+  if (present_ && !isSearching() && present_->number >= hits.countOn(present_->page))
+    present_.reset();
+  if (present_ || hits.total() == 0) return;
+  const std::uint64_t first = hits.firstFrom(origin_);
+  const bool round = first == hits.total();
+  if (round && isSearching()) return;
+  led_to_ = hits.at(round ? 0 : first).page;
+  setPresent(hits.at(round ? 0 : first));
+  went_round_ = round;
 }
 
 void TextFinder::setPresent(const HitPlace& place) {
@@ -111,6 +126,7 @@ void TextFinder::setPresent(const HitPlace& place) {
 void TextFinder::move(int direction) {
   const auto place = target(direction);
   if (!place) return;
+  led_to_ = 0;
   const SearchHits& hits = search_->hits();
   const bool round =
       present_ && (hits.indexOf(*place) > hits.indexOf(*present_)) != (direction > 0);
@@ -128,13 +144,24 @@ std::optional<HitPlace> TextFinder::target(int direction) {
   const bool onView =
       present_ && present_->page >= first && present_->page <= desk_.cursor.lastOnView();
   const std::uint64_t behind = onView ? hits.indexOf(*present_) + 1 : hits.firstFrom(first);
-  if (direction > 0) return hits.at(behind % total);
-  return hits.at((behind + total - (onView ? 2 : 1)) % total);
+  const std::uint64_t before = behind + total - (onView ? 2 : 1);
+  // What is at the other end isn't known before all is searched.
+  const bool round = direction > 0 ? behind >= total : before < total;
+  if (round && isSearching()) return std::nullopt;
+  return hits.at((direction > 0 ? behind : before) % total);
+}
+
+// A job may be at work, or the report have become shorter.
+bool TextFinder::canLookAt(std::int32_t page) const {
+  VDoc* doc = pages_.document();
+  return isActive() && !desk_.busy && doc != nullptr && doc->findPage(page) != nullptr;
 }
 
 const std::vector<TextHit>& TextFinder::hitsOn(std::int32_t page) {
-  if (!isActive() || std::exchange(page_of_hits_, page) == page) return hits_;
+  if (page_of_hits_ == page) return hits_;
   hits_.clear();
+  page_of_hits_ = canLookAt(page) ? page : 0;
+  if (page_of_hits_ == 0) return hits_;
   failureOf([&] {
     look_->run(page, InputFile(AppOptions.FileName),
                [this](const TextHit& hit, std::u32string_view) { hits_.push_back(hit); });
@@ -153,18 +180,31 @@ std::optional<TextHit> TextFinder::presentHitOn(std::int32_t page) {
   return present_ && present_->page == page ? presentHit() : std::nullopt;
 }
 
+const FoundText* TextFinder::KeptTexts::find(const HitPlace& place) const {
+  if (place.page != page || place.number < first) return nullptr;
+  const std::uint64_t index = place.number - first;
+  return index < texts.size() ? &texts[index] : nullptr;
+}
+
+// A list asks for one after the other, and each would mean to read the page again.
+void TextFinder::keepTextsAround(const HitPlace& place) {
+  constexpr std::uint64_t kBefore = 100;
+  constexpr std::size_t kMost = 2000;
+  kept_ = {place.page, place.number - std::min(place.number, kBefore), {}};
+  std::uint64_t number = 0;
+  const auto take = [&](const TextHit& hit, std::u32string_view line) {
+    if (number++ >= kept_.first && kept_.texts.size() < kMost)
+      kept_.texts.push_back(foundText(line, hit.span));
+  };
+  look_->start(place.page, InputFile(AppOptions.FileName));
+  while (kept_.texts.size() < kMost && look_->step(take)) continue;
+}
+
 std::optional<FoundText> TextFinder::textOf(const HitPlace& place) {
-  std::optional<FoundText> text;
-  if (!isActive()) return text;
-  failureOf([&] {
-    std::uint64_t number = 0;
-    look_->start(place.page, InputFile(AppOptions.FileName));
-    const auto take = [&](const TextHit& hit, std::u32string_view line) {
-      if (number++ == place.number) text = foundText(line, hit.span);
-    };
-    while (!text && look_->step(take)) continue;
-  });
-  return text;
+  if (!canLookAt(place.page)) return std::nullopt;
+  if (kept_.find(place) == nullptr) failureOf([&] { keepTextsAround(place); });
+  const FoundText* text = kept_.find(place);
+  return text == nullptr ? std::nullopt : std::optional(*text);
 }
 
 }  // namespace qor

@@ -30,7 +30,8 @@ class TextFinder : public QObject {
   // Ends it and forgets all hits.
   void stop();
 
-  // The report may read otherwise than it did; or it has grown.
+  // The report may read otherwise than it did, where the present hit stays if it is still there; or
+  // it has grown.
   void restart();
   void restartIfReadAnew();
   void follow();
@@ -63,6 +64,19 @@ class TextFinder : public QObject {
   void presentChanged();
 
  private:
+  // Hits of a page in their lines, from one of them on.
+  struct KeptTexts {
+    std::int32_t page = 0;
+    std::uint64_t first = 0;
+    std::vector<FoundText> texts;
+
+    const FoundText* find(const HitPlace& place) const;
+  };
+
+  void begin(const FindQuery& query, const std::optional<HitPlace>& present);
+  void forget();
+  bool canLookAt(std::int32_t page) const;
+  void keepTextsAround(const HitPlace& place);
   void searchSlice();
   void choosePresent();
   std::optional<HitPlace> target(int direction);
@@ -73,6 +87,8 @@ class TextFinder : public QObject {
   QTimer* idle_;
   FindQuery query_;
   int code_page_ = 0;
+  std::int32_t origin_ = 1;  // the page that hits are looked for from
+  std::int32_t led_to_ = 0;  // the page that the search itself went to, typing goes on from there
   std::int32_t known_pages_ = 0;
   std::unique_ptr<ReportSearch> search_;
   std::unique_ptr<PageSearch> look_;  // pages that somebody asks for
@@ -81,6 +97,7 @@ class TextFinder : public QObject {
   QString failure_;
   std::int32_t page_of_hits_ = 0;
   std::vector<TextHit> hits_;
+  KeptTexts kept_;
 };
 
 }  // namespace qor

@@ -171,6 +171,29 @@ TEST(Find, marksEachOfSeveralPages) {
   EXPECT_EQ(marked(), "");
 }
 
+// What was typed led to another page: more letters, or fewer, are looked for from the first one on.
+TEST(Find, goesOnTypingFromWhereItBegan) {
+  FindWindow window({pagesWith({{}, {{3, "x1"}}, {{3, "xy"}}, {{3, "x2"}}})});
+  EXPECT_EQ(window.find("x"), "1 of 3");
+  QTest::keyClicks(&window.edit(), "y");
+  EXPECT_EQ(window.searched(), "1 of 1");
+  EXPECT_EQ(window.page(), 3);
+  QTest::keyClick(&window.edit(), Qt::Key_Backspace);
+  EXPECT_EQ(window.searched(), "1 of 3");
+  EXPECT_EQ(window.page(), 2);
+  // A move is a choice, which a new start keeps, and where further letters begin.
+  window.press("F3", 2);
+  window.parts().find.finder().restart();
+  EXPECT_EQ(window.searched(), "3 of 3");
+  EXPECT_EQ(window.page(), 4);
+  typeInto(window.edit(), "x");
+  EXPECT_EQ(window.searched(), "3 of 3");
+  // Nobody asks for rows of hits that are gone.
+  window.choose("cmdHitList");
+  window.parts().find.finder().stop();
+  EXPECT_EQ(window.list().model()->rowCount(), 0);
+}
+
 TEST(Find, followsTheCodePage) {
   FindWindow window({"I i"});
   EXPECT_EQ(window.find("i"), "1 of 2");
@@ -202,6 +225,7 @@ TEST(Find, answersInWordsWhatCantBeFound) {
       {"", ""},
       {"   ", "Blanks alone are not looked for"},
       {"a\u4E2D", "The code page of the report has no \u201C\u4E2D\u201D"},
+      {"abc \u4E2D", "The code page of the report has no \u201C\u4E2D\u201D"},
       {QString(10000, 'a'), "Not found"},
       {"+-", "Not found"},
       {"c", "1 of 2"}};

@@ -7,6 +7,7 @@
 #include "support/program.h"
 #include "support/rows.h"
 #include "support/test.h"
+#include "support/variable.h"
 
 namespace qor::test {
 namespace {
@@ -46,6 +47,7 @@ std::string longReport() {
 
 TEST(QorExport, writesWhatTheViewerWrites) {
   const TemporaryDirectory place;
+  const Variable time("SOURCE_DATE_EPOCH", "1");
   const std::string report =
       "Total \xC8\xF2\xEE\xE3\xEE <b>12,5<b/>  x\r\n<text left=20 top=40 tc=y/>";
   place.write("r", report);

@@ -22,6 +22,7 @@ class PageAccessible : public QAccessibleWidget, public QAccessibleTextInterface
   void* interface_cast(QAccessible::InterfaceType kind) override;
 
   int characterCount() const override;
+  using QAccessibleWidget::text;
   QString text(int start, int end) const override;
   QString textAtOffset(int offset, QAccessible::TextBoundaryType kind, int* start,
                        int* end) const override;

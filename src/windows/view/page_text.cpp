@@ -26,7 +26,7 @@ const TextMap* PageText::map() {
 TextMap PageText::mapOf(VDocPage& page) {
   const int codePage = page.Settings->Page.BaseCodePage;
   LoadCodePage(codePage);
-  return TextMap(page, DocumentLetters(codePage));
+  return {page, DocumentLetters(codePage)};
 }
 
 }  // namespace qor

@@ -43,13 +43,13 @@ struct OptionRow {
   throw UsageError(std::string("--") + option + ": \"" + value + "\" is not " + wanted);
 }
 
-// A number from the lowest on, all of the text.
-std::uint64_t wholeNumber(const char* option, std::string_view text, std::uint64_t lowest,
-                          std::uint64_t highest) {
-  std::uint64_t number = 0;
+// A number within bounds, all of the text.
+template <class Number>
+Number numberOf(const char* option, std::string_view text, Number lowest, Number highest) {
+  Number number = 0;
   const char* const end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc{} || stop != end || number < lowest || number > highest)
+  if (error != std::errc{} || stop != end || !(number >= lowest && number <= highest))
     refuse(option, std::string(text), "such a number");
   return number;
 }
@@ -68,7 +68,7 @@ void takeFormat(BulkOptions& options, const std::string& value) {
 }
 
 void takeCodePage(BulkOptions& options, const std::string& value) {
-  options.codePage = static_cast<int>(wholeNumber("codepage", value, 1, 65535));
+  options.codePage = numberOf("codepage", value, 1, 65535);
 }
 
 void takeSet(BulkOptions& options, const std::string& value) {
@@ -86,18 +86,15 @@ void takePages(BulkOptions& options, const std::string& value) {
 }
 
 void takeJobs(BulkOptions& options, const std::string& value) {
-  constexpr std::uint64_t kMostJobs = 1024;
-  options.jobs = wholeNumber("jobs", value, 1, kMostJobs);
+  constexpr std::size_t kMostJobs = 1024;
+  options.jobs = numberOf("jobs", value, std::size_t{1}, kMostJobs);
 }
 
 // Seconds, with a fraction.
 void takeTimeout(BulkOptions& options, const std::string& value) {
   constexpr double kLongest = 1e7;
-  double seconds = 0;
-  const char* const end = value.data() + value.size();
-  const auto [stop, error] = std::from_chars(value.data(), end, seconds);
-  if (error != std::errc{} || stop != end || !(seconds > 0) || seconds > kLongest)
-    refuse("timeout", value, "a number of seconds");
+  constexpr double kShortest = 1e-6;
+  const double seconds = numberOf("timeout", value, kShortest, kLongest);
   options.limits.time = std::chrono::milliseconds(std::lround(std::ceil(seconds * 1000)));
 }
 
@@ -109,7 +106,7 @@ void takeMemory(BulkOptions& options, const std::string& value) {
   const auto unit = number.empty() ? kUnits.npos : kUnits.find(number.back());
   if (unit != kUnits.npos) number.remove_suffix(1);
   const std::uint64_t shift = unit == kUnits.npos ? 0 : 10 * (unit + 1);
-  options.limits.bytes = wholeNumber("memory", number, 1, kMost) << shift;
+  options.limits.bytes = numberOf("memory", number, std::uint64_t{1}, kMost) << shift;
 }
 
 constexpr OptionRow kRows[] = {

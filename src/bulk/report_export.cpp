@@ -80,9 +80,7 @@ BulkAnswer run(const BulkOptions& options, Reasons& reasons) {
   ExportTask task = commandLineTask(doc, AppOptions.ExportTarget, runOptions());
   task.pages = options.pages;
   if (task.target.find("{page}") != task.target.npos) {
-    task.pictureName = [&task](std::int32_t page, std::string_view) {
-      return withPage(task.target, page);
-    };
+    task.pictureName = [&task](std::int32_t page) { return withPage(task.target, page); };
   }
   answer.pages = task.pageCount();
   if (answer.pages == 0 && doc.PageCount > 0) {
@@ -135,6 +133,7 @@ void rehearse(const BulkOptions& options) {
     report.fill("Report <b>1<b/> <i>2<i/>\r\n");
     BulkOptions all = options;
     all.pages = PageRanges();
+    all.ifNewer = false;
     setOptions({{}, report.path(), target.path()}, all);
     Reasons reasons;
     run(all, reasons);

@@ -4,7 +4,6 @@
 #include <bitset>
 #include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "base/run_options.h"
@@ -54,8 +53,8 @@ struct ExportTask {
   ExportFileList files{};                                 // appended to, also one that then fails
   std::string notice{};  // what of the pages the files don't show, in the interface's language
   PageRanges pages{};
-  // Names the picture of a page in a format, where the target's own way is not wanted.
-  std::function<std::string(std::int32_t page, std::string_view extension)> pictureName{};
+  // Names the picture of a page, where the target's own way is not wanted: of one format then.
+  std::function<std::string(std::int32_t page)> pictureName{};
 
   std::int32_t pageCount() const { return pages.countOf(doc.PageCount); }
   std::int32_t lastPage() const { return pages.lastOf(doc.PageCount); }

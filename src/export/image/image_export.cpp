@@ -58,7 +58,7 @@ void RenderPageToImage(VDocPage& page, Canvas& canvas) {
 ExportResult ExportImages(ExportTask& task) {
   if (task.doc.PageCount == 0) showWarning(task.target + ": the report has no pages");
   const ImageFormatSet formats = writtenFormats(task.target, task.options.ImageFormats);
-  const PictureNames names(task.target, task.doc.PageCount);
+  const PictureNames names(task);
   layOutSheet(task.doc.Settings);
   BitmapCanvas bitmap = bitmapOf(task.doc.Settings.Scr, task.target);
   forEachPage(task, [&](VDocPage& page) {
@@ -68,8 +68,7 @@ ExportResult ExportImages(ExportTask& task) {
     task.doc.RequireSameFile();
     for (std::size_t i = 0; i < kFormats.size(); ++i) {
       if (!formats.test(i)) continue;
-      task.files.push_back(task.pictureName ? task.pictureName(page.Number, kImageExtensions[i])
-                                            : names.name(page.Number, i));
+      task.files.push_back(names.name(page.Number, i));
       if (task.starts) task.starts(task.files.back());
       savePage(bitmap, kFormats[i], task);
     }

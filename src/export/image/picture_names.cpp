@@ -11,7 +11,12 @@ PictureNames::PictureNames(const std::string& target, std::int32_t pageCount)
       numbered_(pageCount != 1) {
 }
 
+PictureNames::PictureNames(const ExportTask& task) : PictureNames(task.target, task.doc.PageCount) {
+  task_ = &task;
+}
+
 std::string PictureNames::name(std::int32_t page, std::size_t imageFormat) const {
+  if (task_ != nullptr && task_->pictureName) return task_->pictureName(page);
   const std::string number = numbered_ ? "(" + std::to_string(page) + ")" : "";
   return (stem_ + number).append(kImageExtensions[imageFormat]);
 }
@@ -21,30 +26,28 @@ ImageFormatSet writtenFormats(const std::string& target, ImageFormatSet chosen) 
   return chosen;
 }
 
-std::vector<std::string> pictureFiles(const ExportTask& task) {
-  const ImageFormatSet formats = writtenFormats(task.target, task.options.ImageFormats);
-  const PictureNames names(task.target, task.doc.PageCount);
+namespace {
+
+std::vector<std::string> namesOf(const PictureNames& names, ImageFormatSet formats,
+                                 const PageRanges& pages, std::int32_t pageCount) {
   std::vector<std::string> files;
-  for (std::int32_t page = 1; page <= task.doc.PageCount; ++page) {
-    for (std::size_t i = 0; i < formats.size(); ++i) {
-      if (!formats.test(i) || !task.pages.has(page)) continue;
-      files.push_back(task.pictureName ? task.pictureName(page, kImageExtensions[i])
-                                       : names.name(page, i));
-    }
+  for (std::int32_t page = 1; page <= pageCount; ++page) {
+    for (std::size_t i = 0; i < formats.size(); ++i)
+      if (formats.test(i) && pages.has(page)) files.push_back(names.name(page, i));
   }
   return files;
 }
 
+}  // namespace
+
+std::vector<std::string> pictureFiles(const ExportTask& task) {
+  return namesOf(PictureNames(task), writtenFormats(task.target, task.options.ImageFormats),
+                 task.pages, task.doc.PageCount);
+}
+
 std::vector<std::string> pictureFiles(const std::string& target, ImageFormatSet chosen,
                                       std::int32_t pageCount) {
-  const ImageFormatSet formats = writtenFormats(target, chosen);
-  const PictureNames names(target, pageCount);
-  std::vector<std::string> files;
-  for (std::int32_t page = 1; page <= pageCount; ++page) {
-    for (std::size_t i = 0; i < formats.size(); ++i)
-      if (formats.test(i)) files.push_back(names.name(page, i));
-  }
-  return files;
+  return namesOf({target, pageCount}, writtenFormats(target, chosen), {}, pageCount);
 }
 
 }  // namespace qor

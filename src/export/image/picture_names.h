@@ -16,10 +16,11 @@ inline constexpr std::array<std::string_view, kImageFormatCount> kImageExtension
     ".bmp", ".jpeg", ".gif", ".ico", ".png"};
 
 // The target's name without its extension, and the page's number where the report has not just one
-// page.
+// page; or names of the task's own. The task must live as long.
 class PictureNames {
  public:
   PictureNames(const std::string& target, std::int32_t pageCount);
+  explicit PictureNames(const ExportTask& task);
 
   // The file of a page, counted from 1.
   std::string name(std::int32_t page, std::size_t imageFormat) const;
@@ -27,6 +28,7 @@ class PictureNames {
  private:
   std::string stem_;
   bool numbered_;
+  const ExportTask* task_ = nullptr;
 };
 
 // The formats that are written: the chosen ones, and JPEG for a target without an extension.

@@ -36,7 +36,7 @@ SpokenPage::SpokenPage(ViewDesk& desk, PageShow& pages, PageText& text, PageSele
   connect(&text, &PageText::dropped, this, &SpokenPage::drop);
 }
 
-// Of several pages on view the window keeps none loaded.
+// Of several pages on view the marked one need not be the one that is loaded.
 const TextMap* SpokenPage::map() {
   if (desk_.page_control->overlay().mapping()) return text_.map();
   VDoc* doc = pages_.document();

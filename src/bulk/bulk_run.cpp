@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "base/errors.h"
 #include "bulk/bulk_log.h"
@@ -18,26 +19,39 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::minutes kLongestWait{1};
 
-// The exports at hand, each in a process.
+// The exports at hand, in processes.
 class Workers {
  public:
   Workers(const BulkOptions& options, const std::vector<PlannedExport>& plan)
-      : options_(options), plan_(plan), log_(options, plan.size()), starts_(plan.size()) {}
+      : plan_(plan),
+        fail_fast_(options.failFast),
+        jobs_(options.jobs),
+        log_(options, plan.size()),
+        starts_(plan.size()),
+        children_(workOf(options, plan), options.limits) {}
 
   bool run() {
     while (next_ < plan_.size() || children_.running() > 0) {
-      while (children_.running() < options_.jobs && next_ < plan_.size()) start();
+      while (children_.running() < jobs_ && next_ < plan_.size()) start();
       for (const ChildEnd& end : children_.wait(kLongestWait)) tell(end);
     }
     return !log_.anyFailed();
   }
 
  private:
+  // The wall of the first report is that of all that a process exports.
+  static ChildWork workOf(const BulkOptions& options, const std::vector<PlannedExport>& plan) {
+    return [&options, &plan, isWalled = false](std::size_t id) mutable {
+      const BulkAnswer answer = exportReport(
+          plan[id], options, std::exchange(isWalled, true) ? Wall::stands : Wall::raised);
+      return ChildAnswer{written(answer), answer.leavesNothing};
+    };
+  }
+
   void start() {
-    const PlannedExport& planned = plan_[next_];
     starts_[next_] = Clock::now();
-    children_.start(next_++, options_.limits,
-                    [&] { return written(exportReport(planned, options_)); });
+    children_.start(next_, placesOf(plan_[next_]));
+    ++next_;
   }
 
   void tell(const ChildEnd& end) {
@@ -46,11 +60,12 @@ class Workers {
     const auto time =
         std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - starts_[end.id]);
     log_.tell(plan_[end.id], answer, time);
-    if (options_.failFast && log_.anyFailed()) next_ = plan_.size();
+    if (fail_fast_ && log_.anyFailed()) next_ = plan_.size();
   }
 
-  const BulkOptions& options_;
   const std::vector<PlannedExport>& plan_;
+  bool fail_fast_;
+  std::size_t jobs_;
   BulkLog log_;
   std::vector<Clock::time_point> starts_;
   ChildRuns children_;

@@ -85,6 +85,11 @@ void requireApart(const std::vector<PlannedExport>& plan) {
   }
 }
 
+// A link is a place of its own.
+std::string placeOf(const std::string& file) {
+  return isLink(file) ? file : directoryNameOf(file);
+}
+
 }  // namespace
 
 std::vector<std::string> namedReports(const BulkOptions& options) {
@@ -105,6 +110,10 @@ std::vector<PlannedExport> planExports(const BulkOptions& options,
     throw UsageError("the standard output has room for one report");
   if (options.target != "-") requireApart(plan);
   return plan;
+}
+
+std::string placesOf(const PlannedExport& planned) {
+  return placeOf(planned.path) + '\0' + placeOf(planned.target);
 }
 
 std::string withPage(const std::string& target, std::int32_t page) {

@@ -24,6 +24,10 @@ std::vector<std::string> namedReports(const BulkOptions& options);
 std::vector<PlannedExport> planExports(const BulkOptions& options,
                                        const std::vector<std::string>& reports);
 
+// What the wall around an export depends on: the directories, and what links lead to. Exports that
+// have it in common may follow each other behind one wall.
+std::string placesOf(const PlannedExport& planned);
+
 // A target with the number of a page in it.
 std::string withPage(const std::string& target, std::int32_t page);
 

@@ -98,6 +98,13 @@ BulkAnswer run(const BulkOptions& options, Reasons& reasons) {
   return answer;
 }
 
+// A large report leaves its memory with the process.
+bool isSmall(const std::string& report) {
+  constexpr std::uint64_t kLargest = 1 << 20;
+  const auto stamp = fileStamp(report);
+  return stamp && stamp->size <= kLargest;
+}
+
 BulkAnswer failure(const std::string& reason) {
   BulkAnswer answer;
   answer.reason = reason;
@@ -106,14 +113,14 @@ BulkAnswer failure(const std::string& reason) {
 
 }  // namespace
 
-BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options) {
+BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options, Wall wall) {
   Reasons reasons;
   const MessageSink messages([&reasons](MessageKind, std::string_view text) { reasons.add(text); });
   BulkAnswer answer;
   try {
     setOptions(planned, options);
     makeDirectories(std::string(directoryOf(AppOptions.ExportTarget)));
-    raiseRunWall(kRunExport);
+    if (wall == Wall::raised) raiseRunWall(kRunExport);
     answer = run(options, reasons);
   } catch (const std::bad_alloc&) {
     return failure("not enough memory");
@@ -122,6 +129,7 @@ BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options
     if (!caught.wasTold()) reasons.add(caught.text);
   }
   answer.reason = reasons.text();
+  answer.leavesNothing = answer.result != BulkResult::failed && isSmall(AppOptions.FileName);
   return answer;
 }
 

@@ -16,11 +16,14 @@ struct BulkAnswer {
   std::int32_t pages = 0;
   std::uint64_t bytes = 0;  // of the files
   std::size_t files = 0;
-  std::string reason;  // one line: why it failed, or what the files lack
+  std::string reason;          // one line: why it failed, or what the files lack
+  bool leavesNothing = false;  // the process is as good as before
 };
 
-// Exports the report behind a wall and throws nothing. The process is good for nothing else then.
-BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options);
+enum class Wall { raised, stands };
+
+// Exports the report behind a wall, which stands from the first one on, and throws nothing.
+BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options, Wall wall);
 
 // Exports a text of its own to nowhere, so that a process which is copied later has read the fonts
 // and loaded the libraries that most reports need. What goes wrong there goes wrong again, and is

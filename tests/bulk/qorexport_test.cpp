@@ -45,22 +45,34 @@ std::string longReport() {
   return pages(4000);
 }
 
+// Reports follow each other in a process, and none shows anything of the one before it.
 TEST(QorExport, writesWhatTheViewerWrites) {
   const TemporaryDirectory place;
   const Variable time("SOURCE_DATE_EPOCH", "1");
-  const std::string report =
-      "Total \xC8\xF2\xEE\xE3\xEE <b>12,5<b/>  x\r\n<text left=20 top=40 tc=y/>";
-  place.write("r", report);
+  const std::pair<std::string, std::string> reports[] = {
+      {"open", "<b><i><u><font name=Arial size=20 color=255>Left open\r\n\f\r\n<text left=9 top=9"},
+      {"r", "Total \xC8\xF2\xEE\xE3\xEE <b>12,5<b/>  x\r\n<text left=20 top=40 tc=y/>"},
+      {"wide", "\033E" + std::string(300, '\xC8') + "<image file=none.png left=1 top=1/>"},
+      {"s", "12,5 <i>x<i/>"}};
+  for (const auto& [name, report] : reports) place.write(name, report);
   const auto rows = rowsOf("txt|html|pdf|drawn pdf|png|jpeg|gif|bmp|ico|rtf|doc|xls|xlsx|csv");
   for (const auto& [format, extension] : rows) {
-    const std::string name = "r." + (extension.empty() ? format : extension);
-    std::vector<std::string> command = {"-f", "r", "-codepage", "1251", "-export", name};
-    if (format == "drawn") command.push_back("-drawn");
-    runViewer(command, in(place));
-    const Outcome outcome = runExports(place, "-c 1251 --to=" + format + " -o new/{stem}.{ext} r");
-    EXPECT_EQ(outcome.told(), "0:") << format;
-    EXPECT_NE(place.read(name), "") << format;
-    EXPECT_EQ(place.read("new/" + name), place.read(name)) << format;
+    std::string names;
+    for (const auto& [report, text] : reports) names += " " + report;
+    const Outcome outcome =
+        runExports(place, "-j1 -c 1251 --to=" + format + " -o new/{stem}.{ext}" + names);
+    EXPECT_EQ(outcome.exitCode, 0) << format << outcome.errors;
+    for (const auto& [report, text] : reports) {
+      std::vector<std::string> command = {"-f", report, "-codepage", "1251", "-export"};
+      command.push_back(report + "." + (extension.empty() ? format : extension));
+      if (format == "drawn") command.push_back("-drawn");
+      runViewer(command, in(place));
+    }
+    const auto files = namesIn(place, "new/");
+    for (const std::string& file : wordsOf(files))
+      EXPECT_EQ(place.read("new/" + file), place.read(file)) << file;
+    EXPECT_GE(wordsOf(files).size(), std::size(reports)) << format;
+    std::filesystem::remove_all(place.path("new"));
   }
 }
 
@@ -73,6 +85,8 @@ TEST(QorExport, makesTargetsOfATemplate) {
       {"-t txt -o out/{stem}.{ext} in/a.txt in/b", "a.txt b.txt "},
       {"-o out/{name}.html in/a.txt in/b", "a.txt.html b.html "},
       {"-t csv -o out/{dir}/{name}.csv in/a.txt ./in/b", "in/ in/a.txt.csv in/b.csv "},
+      {"-j1 -o out/{dir}/{stem}.txt in/a.txt other/c in/b",
+       "in/ in/a.txt in/b.txt other/ other/c.txt "},
       {"-o out/{stem}.txt -f list", "a.txt b.txt "},
       {"-o out/{stem}.txt -f zeros in/a.txt", "a.txt b.txt "},
       {"-o out/{stem}.txt in/a.txt in/../in/a.txt", "a.txt "},
@@ -83,6 +97,7 @@ TEST(QorExport, makesTargetsOfATemplate) {
     const TemporaryDirectory place;
     place.write("in/a.txt", pages(3));
     place.write("in/b", "b");
+    place.write("other/c", "c");
     place.write("list", "in/a.txt\n\nin/b\n");
     place.write("zeros", std::string("in/a.txt\0in/b\0", 14));
     EXPECT_EQ(runExports(place, row.arguments).told(), "0:") << row.arguments;

@@ -1,19 +1,22 @@
 // Pieces of work that are done in processes of their own, several at a time: one that crashes,
-// hangs or eats memory costs itself. A child is a copy of the process as it stands, so whatever was
-// made ready before is ready in each. Children end with the process, whatever ends that.
+// hangs or eats memory costs itself. A process that is as good as new does another piece of the
+// same kind.
 #pragma once
 
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <list>
 #include <string>
+#include <string_view>
 #include <vector>
+
+#include "platform/system/child_process.h"
 
 namespace qor {
 
 struct ChildLimits {
-  std::chrono::milliseconds time{0};  // 0: as long as it takes
+  std::chrono::milliseconds time{0};  // of a piece of work; 0: as long as it takes
   std::uint64_t bytes = 0;            // of memory beyond what it starts with; 0: what there is
 };
 
@@ -25,41 +28,46 @@ struct ChildEnd {
 
 class ChildRuns {
  public:
-  ChildRuns() = default;
-  // Ends those that still run.
+  ChildRuns(ChildWork work, const ChildLimits& limits);
+  // Ends those that are at work.
   ~ChildRuns();
   ChildRuns(const ChildRuns&) = delete;
   ChildRuns& operator=(const ChildRuns&) = delete;
 
-  // The longest answer, in bytes: what is longer is cut.
-  static constexpr std::size_t kLongestAnswer = 32768;
+  // Begins a piece of work. Those of one kind may follow each other in a process. Throws
+  // SystemError where the system has no room for another process.
+  void start(std::size_t id, std::string_view kind);
 
-  // The process must have one thread. In the child the answer takes the place of the standard
-  // output. Throws SystemError where the system has no room for another process.
-  void start(std::size_t id, const ChildLimits& limits, const std::function<std::string()>& work);
+  // Pieces at hand.
+  std::size_t running() const { return busy_.size(); }
 
-  std::size_t running() const { return runs_.size(); }
-
-  // Waits until a child ends, or for so long. Those whose time is over are ended.
+  // Waits until a piece ends, or for so long. Those whose time is over are ended.
   std::vector<ChildEnd> wait(std::chrono::milliseconds longest);
 
  private:
   using Clock = std::chrono::steady_clock;
 
-  struct Run {
-    std::size_t id;
-    int process;
-    int handle;  // tells when it ends
-    int answer;  // where that comes from
-    Clock::time_point end;
-    bool late;
-  };
+  struct Child {
+    Child(const ChildWork& work, std::uint64_t bytes, std::string_view itsKind)
+        : process(work, bytes), kind(itsKind) {}
 
+    ChildProcess process;
+    std::string kind;
+    std::size_t id = 0;
+    Clock::time_point end{};
+    bool late = false;
+  };
+  using Children = std::list<Child>;
+
+  Children free(std::size_t id, std::string_view kind);
   std::chrono::milliseconds untilNextEnd(std::chrono::milliseconds longest) const;
   void endLate();
-  static ChildEnd endOf(const Run& run);
+  ChildEnd endOf(Children::iterator child, ChildProcess::State state);
 
-  std::vector<Run> runs_;
+  ChildWork work_;
+  ChildLimits limits_;
+  Children busy_;
+  Children idle_;
 };
 
 }  // namespace qor

@@ -1,20 +1,9 @@
-// Child processes, on POSIX and by Linux's handles of processes.
+// Running children side by side, on POSIX.
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <csignal>
-#include <cstdlib>
-#include <cstring>
-#include <fstream>
+#include <utility>
 
 #include <poll.h>
-#include <sys/prctl.h>
-#include <sys/resource.h>
-#include <sys/syscall.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include "base/errors.h"
 #include "platform/system/child_runs.h"
 
 namespace qor {
@@ -23,100 +12,48 @@ namespace {
 // Between the word to a child that it is to end and its end by force.
 constexpr std::chrono::milliseconds kGrace{1000};
 
-// Bytes of data that the process has: the sixth number tells them with the stack.
-std::uint64_t dataBytes() {
-  std::ifstream sizes("/proc/self/statm");
-  std::uint64_t pages = 0;
-  for (int i = 0; i < 6; ++i) sizes >> pages;
-  return pages * static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE));
-}
-
-void limitMemory(std::uint64_t bytes) {
-  if (bytes == 0) return;
-  const std::uint64_t most = dataBytes() + bytes;
-  const rlimit limit = {most, most};
-  ::setrlimit(RLIMIT_DATA, &limit);
-}
-
-void writeAll(int to, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t count = ::write(to, text.data(), text.size());
-    if (count < 0 && errno != EINTR) return;
-    text.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-  }
-}
-
-[[noreturn]] void runChild(int answer, pid_t parent, std::uint64_t bytes,
-                           const std::function<std::string()>& work) {
-  ::prctl(PR_SET_PDEATHSIG, SIGTERM);
-  if (::getppid() != parent) ::_exit(EXIT_FAILURE);
-  ::dup2(answer, STDOUT_FILENO);
-  limitMemory(bytes);
-  const std::string text = work();
-  writeAll(STDOUT_FILENO, std::string_view(text).substr(0, ChildRuns::kLongestAnswer));
-  ::_exit(EXIT_SUCCESS);
-}
-
-// The library's header of this call can't be used from C++ (glibc 2.36).
-int openHandle(pid_t process) {
-  return static_cast<int>(::syscall(SYS_pidfd_open, process, 0));
-}
-
-// All that a child that has ended has written: the system keeps it.
-std::string textFrom(int pipe) {
-  std::string text(ChildRuns::kLongestAnswer, '\0');
-  std::size_t size = 0;
-  while (size < text.size()) {
-    const ssize_t count = ::read(pipe, text.data() + size, text.size() - size);
-    if (count == 0 || (count < 0 && errno != EINTR)) break;
-    size += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
-  }
-  text.resize(size);
-  return text;
-}
-
-std::string troubleOf(int status, bool late) {
-  if (late) return "took too long and was ended";
-  if (WIFEXITED(status)) {
-    const int code = WEXITSTATUS(status);
-    return code == 0 ? "" : "ended with code " + std::to_string(code);
-  }
-  const int signal = WTERMSIG(status);
-  if (signal == SIGKILL) return "was killed, maybe for want of memory";
-  return std::string("crashed: ") + ::strsignal(signal);
-}
-
 }  // namespace
 
-ChildRuns::~ChildRuns() {
-  for (Run& run : runs_) run.end = Clock::now();
-  while (!runs_.empty()) wait(kGrace);
+ChildRuns::ChildRuns(ChildWork work, const ChildLimits& limits)
+    : work_(std::move(work)), limits_(limits) {
 }
 
-void ChildRuns::start(std::size_t id, const ChildLimits& limits,
-                      const std::function<std::string()>& work) {
-  std::array<int, 2> pipe{};
-  if (::pipe(pipe.data()) != 0)
-    throw SystemError(std::string("no pipe to another process: ") + std::strerror(errno));
-  const pid_t parent = ::getpid();
-  const pid_t process = ::fork();
-  if (process == 0) runChild(pipe[1], parent, limits.bytes, work);
-  const int error = errno;
-  ::close(pipe[1]);
-  if (process < 0) {
-    ::close(pipe[0]);
-    throw SystemError(std::string("no room for another process: ") + std::strerror(error));
+ChildRuns::~ChildRuns() {
+  for (Child& child : busy_) child.end = Clock::now();
+  while (!busy_.empty()) wait(kGrace);
+}
+
+// One that has done this kind and took the piece; none where there is none. Others make room.
+ChildRuns::Children ChildRuns::free(std::size_t id, std::string_view kind) {
+  Children taken;
+  while (!idle_.empty()) {
+    const auto fit = std::ranges::find(idle_, kind, &Child::kind);
+    taken.splice(taken.begin(), idle_, fit == idle_.end() ? idle_.begin() : fit);
+    if (fit != idle_.end() && taken.front().process.give(id)) break;
+    taken.clear();
+    if (fit == idle_.end()) break;
   }
-  const auto end = limits.time.count() == 0 ? Clock::time_point::max() : Clock::now() + limits.time;
-  runs_.push_back({id, process, openHandle(process), pipe[0], end, false});
+  return taken;
+}
+
+void ChildRuns::start(std::size_t id, std::string_view kind) {
+  Children started = free(id, kind);
+  if (started.empty()) {
+    started.emplace_back(work_, limits_.bytes, kind);
+    started.front().process.give(id);
+  }
+  started.front().id = id;
+  started.front().end =
+      limits_.time.count() == 0 ? Clock::time_point::max() : Clock::now() + limits_.time;
+  busy_.splice(busy_.end(), started);
 }
 
 std::chrono::milliseconds ChildRuns::untilNextEnd(std::chrono::milliseconds longest) const {
   const auto now = Clock::now();
-  for (const Run& run : runs_) {
-    if (run.end - now >= longest) continue;
+  for (const Child& child : busy_) {
+    if (child.end - now >= longest) continue;
     longest = std::chrono::ceil<std::chrono::milliseconds>(
-        std::max(run.end - now, Clock::duration::zero()));
+        std::max(child.end - now, Clock::duration::zero()));
   }
   return longest;
 }
@@ -124,34 +61,45 @@ std::chrono::milliseconds ChildRuns::untilNextEnd(std::chrono::milliseconds long
 // First by a word, so that it takes away what it has not finished.
 void ChildRuns::endLate() {
   const auto now = Clock::now();
-  for (Run& run : runs_) {
-    if (run.end > now) continue;
-    ::kill(run.process, run.late ? SIGKILL : SIGTERM);
-    run.late = true;
-    run.end = now + kGrace;
+  for (Child& child : busy_) {
+    if (child.end > now) continue;
+    if (child.late)
+      child.process.kill();
+    else
+      child.process.terminate();
+    child.late = true;
+    child.end = now + kGrace;
   }
 }
 
-ChildEnd ChildRuns::endOf(const Run& run) {
-  int status = 0;
-  while (::waitpid(run.process, &status, 0) < 0 && errno == EINTR) continue;
-  ChildEnd end = {run.id, textFrom(run.answer), troubleOf(status, run.late)};
-  ::close(run.handle);
-  ::close(run.answer);
+ChildEnd ChildRuns::endOf(Children::iterator child, ChildProcess::State state) {
+  ChildEnd end = {child->id, {}, {}};
+  Children ended;
+  ended.splice(ended.begin(), busy_, child);
+  if (state == ChildProcess::State::ended) {
+    const std::string trouble = child->process.trouble();
+    end.trouble = child->late ? "took too long and was ended" : trouble;
+    return end;
+  }
+  ChildAnswer answer = child->process.takeAnswer();
+  end.answer = std::move(answer.text);
+  if (answer.canGoOn && !child->late) idle_.splice(idle_.end(), ended);
   return end;
 }
 
 std::vector<ChildEnd> ChildRuns::wait(std::chrono::milliseconds longest) {
-  std::vector<pollfd> handles;
-  handles.reserve(runs_.size());
-  for (const Run& run : runs_) handles.push_back({run.handle, POLLIN, 0});
-  ::poll(handles.data(), handles.size(), static_cast<int>(untilNextEnd(longest).count()));
+  std::vector<pollfd> answers;
+  answers.reserve(busy_.size());
+  for (const Child& child : busy_) answers.push_back({child.process.answers(), POLLIN, 0});
+  ::poll(answers.data(), answers.size(), static_cast<int>(untilNextEnd(longest).count()));
   endLate();
   std::vector<ChildEnd> ends;
-  for (std::size_t i = handles.size(); i-- > 0;) {
-    if (handles[i].revents == 0) continue;
-    ends.push_back(endOf(runs_[i]));
-    runs_.erase(runs_.begin() + static_cast<std::ptrdiff_t>(i));
+  auto child = busy_.begin();
+  for (const pollfd& each : answers) {
+    const auto here = child++;
+    if (each.revents == 0) continue;
+    const ChildProcess::State state = here->process.look();
+    if (state != ChildProcess::State::working) ends.push_back(endOf(here, state));
   }
   return ends;
 }

@@ -26,6 +26,9 @@ std::string realPath(const std::string& path);
 bool isDirectory(const std::string& path);
 bool isTaken(const std::string& path);
 
+// True for a symbolic link, wherever it leads.
+bool isLink(const std::string& path);
+
 // True only where its directory can be looked at and holds nothing of that name.
 bool isGone(const std::string& path);
 

@@ -107,6 +107,11 @@ bool isTaken(const std::string& path) {
   return fs::exists(fs::symlink_status(path, error));
 }
 
+bool isLink(const std::string& path) {
+  std::error_code error;
+  return fs::is_symlink(fs::symlink_status(path, error));
+}
+
 bool isGone(const std::string& path) {
   std::error_code error;
   const fs::directory_iterator readable(fs::path(path).parent_path(), error);

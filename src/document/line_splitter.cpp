@@ -5,6 +5,7 @@
 #include <functional>
 #include <utility>
 
+#include "base/byte_scan.h"
 #include "document/control_bytes.h"
 
 namespace qor {
@@ -20,18 +21,9 @@ std::string_view textOf(std::string_view bytes, LineEnds ends, std::int32_t page
   return bytes.substr(ended ? 1 : 0);
 }
 
-// How many of the first bytes certainly stand above all that ends a line, counted in blocks: nearly
-// all bytes of a report do, and a block is looked at as a whole.
-std::size_t plainBytes(std::string_view bytes) {
-  constexpr std::size_t kBlock = 32;
-  std::size_t place = 0;
-  for (; bytes.size() - place >= kBlock; place += kBlock) {
-    unsigned char least = 0xFF;
-    for (std::size_t i = 0; i < kBlock; ++i)
-      least = std::min(least, static_cast<unsigned char>(bytes[place + i]));
-    if (least <= kEndOfFile) break;
-  }
-  return place;
+// All that ends a line, and some that doesn't.
+bool maybeEnds(char c) {
+  return static_cast<unsigned char>(c) <= kEndOfFile;
 }
 
 }  // namespace
@@ -72,7 +64,7 @@ std::optional<PageLine> LineSplitter::next() {
 
 void LineSplitter::takeLineBytes() {
   const std::string_view rest = bytes_.substr(place_);
-  std::size_t count = plainBytes(rest);
+  std::size_t count = firstByteOf(rest, maybeEnds);
   while (count < rest.size() && isLineByte(rest[count])) ++count;
   append(rest.substr(0, count));
   place_ += count;

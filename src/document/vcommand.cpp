@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "base/byte_scan.h"
 #include "document/attributes.h"
 #include "document/control_bytes.h"
 #include "document/control_sequences.h"
@@ -33,6 +34,11 @@ constexpr std::size_t kMaxTags = 4'000'000;
 
 bool endsKey(char c) {
   return c == ' ' || c == '/' || c == '>';
+}
+
+// Where a text may be over: form feeds count as blanks.
+bool mayEndRun(char c) {
+  return (isControl(c) & (c != kFormFeed)) | (c == '<');
 }
 
 // The place of the key among the keys, or -1.
@@ -79,19 +85,19 @@ std::unique_ptr<VData> VCommand::NextItem(LineCursor& cursor) {
 std::size_t VCommand::endOfRun(LineCursor& cursor) {
   const std::string_view line = cursor.line();
   std::size_t end = cursor.offset();
-  for (; end < line.size(); ++end) {
-    const char c = line[end];
-    if (isControl(c) && c != kFormFeed) break;
-    if (c == '<' && tagAt(cursor, end)) break;
+  while (true) {
+    end += firstByteOf(line.substr(end), mayEndRun);
+    if (end == line.size() || line[end] != '<' || tagAt(cursor, end)) return end;
+    ++end;
   }
-  return end;
 }
 
 std::unique_ptr<VData> VCommand::takeTextRun(LineCursor& cursor) {
   const std::size_t end = endOfRun(cursor);
   auto item = std::make_unique<VData_Text>(cursor.between(cursor.offset(), end), sharedFont());
   ++items_;
-  std::replace(item->Text.begin(), item->Text.end(), kFormFeed, ' ');
+  if (item->Text.find(kFormFeed) != std::string::npos)
+    std::replace(item->Text.begin(), item->Text.end(), kFormFeed, ' ');
   cursor.moveTo(end);
   return item;
 }

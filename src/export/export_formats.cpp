@@ -12,6 +12,7 @@
 #include "export/rtf/word_export.h"
 #include "export/sheet/sheet_export.h"
 #include "export/text/text_export.h"
+#include "platform/system/process.h"
 
 namespace qor {
 namespace {
@@ -116,6 +117,7 @@ ExportOutcome exportByExtension(VDoc& doc, const std::string& target, const RunO
   const ExportFormat* format = formatOf(target);
   if (format == nullptr) return {};
   ExportTask task = commandLineTask(doc, target, run);
+  task.processors = processorCount();
   const ExportResult result = runExport(*format, task);
   return {result, std::move(task.files), std::move(task.notice)};
 }

@@ -53,6 +53,7 @@ struct ExportTask {
   ExportFileList files{};                                 // appended to, also one that then fails
   std::string notice{};  // what of the pages the files don't show, in the interface's language
   PageRanges pages{};
+  std::size_t processors = 1;  // that a long report may take
   // Names the picture of a page, where the target's own way is not wanted: of one format then.
   std::function<std::string(std::int32_t page)> pictureName{};
 

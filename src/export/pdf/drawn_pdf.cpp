@@ -54,6 +54,7 @@ ExportResult exportDrawnPdf(const ExportTask& task) {
   OutputFile file(task.target);
   const RunOptions& run = task.startedWith;
   PdfPages pages(file, drawnInformationOf(run, titleOf(run), task.doc.Settings.Page.BaseCodePage));
+  if (task.processors > 1) pages.allowBackground();
   drawPages(task, pages);
   pages.finish();
   file.commit();

@@ -138,6 +138,7 @@ ExportResult exportTold(ExportTask& task) {
   OutputFile file(task.target);
   const RunOptions& run = task.startedWith;
   PdfDocument document(file, informationOf(run, titleOf(run), task.doc.Settings.Page.BaseCodePage));
+  if (task.processors > 1) document.allowBackground();
   document.setResourceFile(resources);
   const PdfLosses losses = writePages(task, document);
   document.finish();

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "base/byte_scan.h"
 #include "base/text.h"
 #include "document/item_visitor.h"
 #include "document/vdata.h"
@@ -38,18 +39,15 @@ bool looksReserved(char c) {
   return (c == '[') | (c == ']') | (static_cast<unsigned char>(c) < ' ');
 }
 
-// Most texts hold none; counting them goes many at a time.
-template <class Predicate>
-bool holdsAny(std::string_view text, Predicate predicate) {
-  return std::count_if(text.begin(), text.end(), predicate) > 0;
-}
-
 // A record being written.
 class MarkupWriter {
  public:
+  // With room for so much of the report, and the usual fields.
+  explicit MarkupWriter(std::size_t room = 0) { record_.reserve(room + kRoomOfFields); }
+
   // Of the report, whatever it holds.
   void text(std::string_view value) {
-    if (!holdsAny(value, looksReserved)) {
+    if (!holdsByteOf(value, looksReserved)) {
       record_.append(value);
       return;
     }
@@ -89,6 +87,8 @@ class MarkupWriter {
   std::string take() { return std::move(record_); }
 
  private:
+  static constexpr std::size_t kRoomOfFields = 64;
+
   void open(PdfField field) { record_.append("[").append(nameOf(field)) += ':'; }
   void close(PdfField field) { record_.append(":").append(nameOf(field)) += ']'; }
 
@@ -104,7 +104,7 @@ void writeFont(const FontState& font, MarkupWriter& out) {
 }
 
 std::string recordOf(const VData_Text& text, bool overprint) {
-  MarkupWriter out;
+  MarkupWriter out(text.Text.size());
   const bool placed = text.offCorner();
   if (!placed) out.text(text.Text);
   writeFont(*text.Font, out);
@@ -173,12 +173,26 @@ class RecordTeller : public ItemVisitor {
   bool overprint_;
 };
 
+// A name as a number.
+constexpr std::uint32_t numberOf(std::string_view name) {
+  std::uint32_t number = 0;
+  for (const char c : name) number = number << 8U | static_cast<unsigned char>(c);
+  return number;
+}
+
+constexpr auto kNameNumbers = [] {
+  std::array<std::uint32_t, kNames.size()> numbers{};
+  std::transform(kNames.begin(), kNames.end(), numbers.begin(), numberOf);
+  return numbers;
+}();
+
 // The field that starts with the bracket here, or count.
 PdfField fieldAt(std::string_view text) {
   const auto colon = text.substr(0, kLongestName + 2).find(':');
   if (colon == std::string_view::npos) return PdfField::count;
-  const auto found = std::find(kNames.begin(), kNames.end(), text.substr(1, colon - 1));
-  return static_cast<PdfField>(found - kNames.begin());
+  const std::uint32_t number = numberOf(text.substr(1, colon - 1));
+  const auto found = std::find(kNameNumbers.begin(), kNameNumbers.end(), number);
+  return static_cast<PdfField>(found - kNameNumbers.begin());
 }
 
 // The value of a field whose marks frame it; empty where the second one is missing.
@@ -203,7 +217,7 @@ void LineToMarkup(const VDocStr& line, PdfLines& lines, std::size_t index) {
 }
 
 std::string_view asReported(std::string_view value, std::string& buffer) {
-  if (!holdsAny(value, [](char c) { return c == kEscape; })) return value;
+  if (!holdsByteOf(value, [](char c) { return c == kEscape; })) return value;
   buffer.clear();
   for (std::size_t i = 0; i < value.size(); ++i)
     buffer += value[i] == kEscape ? kReserved[static_cast<std::size_t>(value[++i] - kFirstLetter)]

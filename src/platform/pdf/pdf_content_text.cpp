@@ -2,6 +2,7 @@
 #include <cmath>
 #include <utility>
 
+#include "base/byte_scan.h"
 #include "platform/pdf/pdf_content.h"
 #include "platform/pdf/pdf_file.h"
 
@@ -16,6 +17,10 @@ std::int64_t thousandths(double length) {
 
 double fromThousandths(std::int64_t value) {
   return static_cast<double>(value) / 1000;
+}
+
+bool isEscaped(char code) {
+  return (code == '(') | (code == ')') | (code == '\\') | (code == '\r') | (code == '\n');
 }
 
 }  // namespace
@@ -85,16 +90,16 @@ bool PdfContent::startText(std::int64_t x, std::int64_t y, const PdfTurn& turn) 
 // Most texts hold nothing that has to be told apart from the marks of a string.
 void PdfContent::appendString(std::string_view codes) {
   bytes_ += '(';
-  std::size_t first = 0;
-  for (std::size_t i = 0; i < codes.size(); ++i) {
-    const char code = codes[i];
-    const bool isMark = code == '(' || code == ')' || code == '\\';
-    if (!isMark && code != '\r' && code != '\n') continue;
-    bytes_.append(codes.substr(first, i - first)) += '\\';
-    bytes_ += isMark ? code : code == '\r' ? 'r' : 'n';
-    first = i + 1;
+  while (true) {
+    const std::size_t plain = firstByteOf(codes, isEscaped);
+    bytes_.append(codes.substr(0, plain));
+    if (plain == codes.size()) break;
+    const char code = codes[plain];
+    bytes_ += '\\';
+    bytes_ += code == '\r' ? 'r' : code == '\n' ? 'n' : code;
+    codes.remove_prefix(plain + 1);
   }
-  bytes_.append(codes.substr(first)) += ')';
+  bytes_ += ')';
 }
 
 void PdfContent::appendSteps(std::string_view codes, std::span<const PdfStep> steps) {

@@ -37,6 +37,9 @@ class PdfDocument {
   // The size of every page, in points. It may be told until the document is finished.
   void setPageSize(double width, double height) { pages_.setPageSize(width, height); }
 
+  // Documents of many pages may take a second processor.
+  void allowBackground() { pages_.allowBackground(); }
+
   // A page starts with everything as in a new document. At least one page must have been ended
   // when the document is finished, which throws FileError where a font can't be embedded.
   void beginPage();

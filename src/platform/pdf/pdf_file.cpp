@@ -13,7 +13,6 @@
 namespace qor {
 namespace {
 
-constexpr int kCompressionLevel = 5;
 constexpr double kLargest = 1e9;
 
 // Whoever looks for one object of a pack has to unpack all of them.
@@ -116,7 +115,12 @@ std::string pdfNumbers(std::initializer_list<double> values) {
   return text;
 }
 
-PdfFile::PdfFile(ByteSink& sink) : sink_(sink), compressor_(kCompressionLevel), hash_(kHashStart) {
+PdfFile::PdfFile(ByteSink& sink)
+    : sink_(sink),
+      packer_([this](PdfId id, std::string_view entries, std::string_view packed) {
+        writePacked(id, entries, packed);
+      }),
+      hash_(kHashStart) {
   // The second line tells programs that move files that this one isn't text.
   write("%PDF-1.7\n%\xE2\xE3\xCF\xD3\n");
 }
@@ -157,7 +161,7 @@ PdfId PdfFile::addObject(std::string_view body) {
   return id;
 }
 
-void PdfFile::writePlainStream(PdfId id, std::string_view entries, std::string_view bytes) {
+void PdfFile::writeRaw(PdfId id, std::string_view entries, std::string_view bytes) {
   for (std::size_t i = 0; i + 8 <= bytes.size(); i += 8) {
     std::uint64_t word = 0;
     std::copy_n(bytes.data() + i, 8, reinterpret_cast<char*>(&word));
@@ -170,8 +174,17 @@ void PdfFile::writePlainStream(PdfId id, std::string_view entries, std::string_v
   write("\nendstream\nendobj\n");
 }
 
+void PdfFile::writePacked(PdfId id, std::string_view entries, std::string_view packed) {
+  writeRaw(id, std::string(entries) + "/Filter/FlateDecode", packed);
+}
+
+void PdfFile::writePlainStream(PdfId id, std::string_view entries, std::string_view bytes) {
+  packer_.flush();
+  writeRaw(id, entries, bytes);
+}
+
 void PdfFile::writeStream(PdfId id, std::string_view entries, std::string_view bytes) {
-  writePlainStream(id, std::string(entries) + "/Filter/FlateDecode", compressor_.zlib(bytes));
+  packer_.add(id, entries, bytes);
 }
 
 PdfId PdfFile::addStream(std::string_view entries, std::string_view bytes) {
@@ -210,6 +223,7 @@ std::string PdfFile::identifier() const {
 // too, and stand in the last one.
 void PdfFile::finish(PdfId catalog, PdfId information) {
   endPack();
+  packer_.flush();
   const std::size_t parts = places_.size() / kRowsOfPart + 1;
   const std::size_t size = places_.size() + parts + 1;
   const std::string common = "/Type/XRef/W[1 6 2]/DecodeParms<</Predictor 12/Columns 9>>/Size " +
@@ -228,6 +242,7 @@ void PdfFile::finish(PdfId catalog, PdfId information) {
                 common + before + "/Index[" + std::to_string(first) + " " +
                     std::to_string(end - first) + "]",
                 tableRows(first, end));
+    packer_.flush();
   }
   write("startxref\n" + start + "\n%%EOF\n");
 }

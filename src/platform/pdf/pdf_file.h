@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/system/compressor.h"
+#include "platform/pdf/stream_packer.h"
 
 namespace qor {
 
@@ -43,11 +43,16 @@ class PdfFile {
  public:
   // Writes the header. The sink must live as long; what it throws comes through everywhere.
   explicit PdfFile(ByteSink& sink);
+  PdfFile(const PdfFile&) = delete;
+  PdfFile& operator=(const PdfFile&) = delete;
+
+  // Long files may take a second processor.
+  void allowBackground() { packer_.allowBackground(); }
 
   // The number of an object that is written later, or referred to before.
   PdfId reserve();
 
-  // Objects wait for others to be packed with them; streams leave at once.
+  // Objects wait for others to be packed with them.
   void writeObject(PdfId id, std::string_view body);
   PdfId addObject(std::string_view body);
 
@@ -86,9 +91,11 @@ class PdfFile {
   std::string identifier() const;  // of the file, as it is so far
   std::string tableRows(std::size_t first, std::size_t end) const;
   void write(std::string_view bytes);
+  void writeRaw(PdfId id, std::string_view entries, std::string_view bytes);
+  void writePacked(PdfId id, std::string_view entries, std::string_view packed);
 
   ByteSink& sink_;
-  Compressor compressor_;
+  StreamPacker packer_;
   std::uint64_t position_ = 0;
   std::uint64_t hash_;        // of the streams, for the file's identifier
   std::deque<Place> places_;  // by number, from 1

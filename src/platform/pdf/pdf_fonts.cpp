@@ -2,6 +2,7 @@
 #include "platform/pdf/pdf_fonts.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "platform/pdf/embeddable_face.h"
 
@@ -57,7 +58,22 @@ PdfFonts::Glyph PdfFonts::makeGlyph(const Font& font, unsigned char byte) {
   if (outline.glyph == 0) outline = outlineOf(font, U'?');
   faces_.define(outline.face, byte, outline.glyph, character);
   const FontFace& face = faces_.face(outline.face);
-  return {outline.face, face.advance(outline.glyph) / face.measures().unitsPerEm};
+  const double em = face.measures().unitsPerEm;
+  return {static_cast<std::uint32_t>(outline.face),
+          static_cast<std::int32_t>(std::lround(face.advance(outline.glyph) * kPartsOfEm / em))};
+}
+
+PdfFonts::Run PdfFonts::runOf(std::size_t font, std::string_view text) {
+  Font& known = fonts_[font];
+  const std::uint32_t face = glyphOf(known, text.front()).face;
+  std::int64_t advance = 0;
+  std::size_t bytes = 0;
+  for (; bytes < text.size(); ++bytes) {
+    const Glyph& glyph = glyphOf(known, text[bytes]);
+    if (glyph.face != face) break;
+    advance += glyph.advance;
+  }
+  return {face, bytes, static_cast<double>(advance) / kPartsOfEm};
 }
 
 }  // namespace qor

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <map>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 #include "platform/fonts/font_catalogue.h"
@@ -19,11 +21,11 @@ class PdfFonts {
   // The faces must live as long.
   explicit PdfFonts(PdfFaces& faces) : faces_(faces) {}
 
-  // A character in a face: which of the faces, and how far it goes on.
-  static constexpr std::size_t kUnknown = static_cast<std::size_t>(-1);
-  struct Glyph {
-    std::size_t face = kUnknown;
-    double advance = 0;  // of an em
+  // The front of a text that one face shows.
+  struct Run {
+    std::size_t face = 0;
+    std::size_t bytes = 0;
+    double length = 0;  // in em
   };
 
   // An encoding for fonts that are loaded later; its number. Controls, and bytes that are U+FFFD,
@@ -34,11 +36,8 @@ class PdfFonts {
   // FileError where no font can be embedded.
   std::size_t load(const PdfFontName& name, std::size_t encoding);
 
-  const Glyph& glyph(std::size_t font, unsigned char byte) {
-    Glyph& known = fonts_[font].glyphs[byte];
-    if (known.face == kUnknown) known = makeGlyph(fonts_[font], byte);
-    return known;
-  }
+  // The text isn't empty.
+  Run runOf(std::size_t font, std::string_view text);
 
   // The height of capital letters, of an em.
   double capHeight(std::size_t font) const { return fonts_[font].capHeight; }
@@ -47,6 +46,14 @@ class PdfFonts {
   FaceStyle styleOf(std::size_t face) const { return faces_.face(face).style(); }
 
  private:
+  // A character in a face: which of the faces, and how far it goes on.
+  static constexpr std::uint32_t kUnknown = static_cast<std::uint32_t>(-1);
+  static constexpr double kPartsOfEm = 1 << 24;
+  struct Glyph {
+    std::uint32_t face = kUnknown;
+    std::int32_t advance = 0;  // in parts of an em, which add up faster than fractions
+  };
+
   struct Font {
     FaceRequest request;
     std::size_t encoding = 0;
@@ -64,6 +71,11 @@ class PdfFonts {
   std::size_t faceNumber(const FontFace& face, std::size_t encoding);
   Outline outlineOf(const Font& font, char32_t character);
   Glyph makeGlyph(const Font& font, unsigned char byte);
+  const Glyph& glyphOf(Font& font, char byte) {
+    Glyph& known = font.glyphs[static_cast<unsigned char>(byte)];
+    if (known.face == kUnknown) known = makeGlyph(font, static_cast<unsigned char>(byte));
+    return known;
+  }
 
   PdfFaces& faces_;
   std::vector<PdfEncoding> encodings_;

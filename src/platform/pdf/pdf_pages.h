@@ -26,6 +26,9 @@ class PdfPages {
   void setPageSize(double width, double height);
   double pageHeight() const { return height_; }
 
+  // Documents of many pages may take a second processor.
+  void allowBackground() { file_.allowBackground(); }
+
   // Readers open the document fitted to what is on its pages.
   void openFitted() { opens_fitted_ = true; }
 

@@ -40,18 +40,9 @@ void PdfDocument::setTextPosition(double x, double y) {
 
 // Cuts off the front of a text what one face shows.
 PdfDocument::Piece PdfDocument::takePiece(std::string_view& text) {
-  Piece piece;
-  std::size_t count = 0;
-  for (; count < text.size(); ++count) {
-    const PdfFonts::Glyph& glyph =
-        fonts_->glyph(state_.font, static_cast<unsigned char>(text[count]));
-    if (count == 0) piece.face = glyph.face;
-    if (glyph.face != piece.face) break;
-    piece.length += glyph.advance;
-  }
-  piece.codes = text.substr(0, count);
-  piece.length *= state_.size;
-  text.remove_prefix(count);
+  const PdfFonts::Run run = fonts_->runOf(state_.font, text);
+  const Piece piece = {run.face, run.length * state_.size, text.substr(0, run.bytes)};
+  text.remove_prefix(run.bytes);
   return piece;
 }
 

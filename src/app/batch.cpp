@@ -4,13 +4,12 @@
 #include <new>
 #include <string>
 
+#include "app/batch_export.h"
 #include "app/side_files.h"
 #include "base/app_options.h"
 #include "base/errors.h"
 #include "base/run_options.h"
 #include "document/vdoc.h"
-#include "export/export_formats.h"
-#include "language/language.h"
 #include "platform/print/pdf_file_printer.h"
 #include "platform/print/print_system.h"
 #include "platform/system/failure.h"
@@ -43,13 +42,6 @@ void tellTrouble(const PrintOutcome& outcome) {
                  "), the pages go to " + outcome.file);
 }
 
-// A server's log tells that somebody may miss something.
-void tellNotice(const ExportOutcome& outcome) {
-  if (outcome.notice.empty()) return;
-  const std::string_view wayRound = exportTexts().pdfByCommand;
-  writeErrorLine(outcome.files.front() + ": " + outcome.notice + std::string(wayRound));
-}
-
 }  // namespace
 
 int PrintWithoutInterface() {
@@ -69,28 +61,13 @@ int PrintWithoutInterface() {
   return -1;
 }
 
-int ExportWithoutInterface() {
+int ExportWithoutInterface(const std::function<void()>& raiseWall) {
   if (AppOptions.FileName.empty()) return 0;
-  try {
-    const UsedReport report;
-    // A report that can't be read must not replace an earlier export by an empty one.
-    if (!VDoc::OpenFile()) return -1;
-    // Nobody looks again at what a writer adds later: what is there is exported, to its last byte.
-    AppOptions.DynamicMode = false;
-    VDoc doc;
-    doc.ScanPages(false);
-    doc.Settings.ReloadSet();
-    const ExportOutcome outcome = exportByExtension(doc, AppOptions.ExportTarget, runOptions());
-    if (outcome.result == ExportResult::stopped) return -1;
-    tellNotice(outcome);
-    // Where nothing was exported, the report stays, and so do its side files.
-    if (!outcome.files.empty()) report.cleanUp(ListedFiles::keep, outcome.files);
-  } catch (const NumberedError&) {
-    // The report stays, also under DeleteAfterPrint: nothing came of it.
-    return -1;
-  } catch (const std::bad_alloc&) {
-    throw SystemError("not enough memory to export it to " + AppOptions.ExportTarget);
-  }
+  const UsedReport report;
+  const BatchExport done = isSharedExport() ? exportInShares(raiseWall) : exportHere(raiseWall);
+  if (!done.succeeded) return -1;
+  // Where nothing was exported, the report stays, and so do its side files.
+  if (!done.files.empty()) report.cleanUp(ListedFiles::keep, done.files);
   return 1;
 }
 

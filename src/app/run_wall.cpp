@@ -124,7 +124,7 @@ WallPlan planOf(RunMode mode) {
 void raiseRunWall(RunMode mode) {
   const std::string missing = raiseWall(planOf(mode));
   if (!missing.empty())
-    writeErrorLine(AppOptions.FileName + ": the run goes on without its wall: " + missing);
+    showWarning(AppOptions.FileName + ": the run goes on without its wall: " + missing);
 }
 
 }  // namespace qor

@@ -54,12 +54,13 @@ bool answersSwitch(const std::string& parameters) {
 int run(const std::string& parameters, Walls walls, StartMessages* messages) {
   if (answersSwitch(parameters)) return kExitDone;
   const RunMode mode = ParseCommandLine(parameters);
-  const bool readsUnseen = mode == kRunPrint || mode == kRunExport;
-  if (walls == Walls::raised && readsUnseen) raiseRunWall(mode);
+  const auto raiseWall = [walls, mode] {
+    if (walls == Walls::raised) raiseRunWall(mode);
+  };
   switch (mode) {
     case kRunStop: return kExitNothingDone;
-    case kRunPrint: return printReport();
-    case kRunExport: ExportWithoutInterface(); return kExitDone;
+    case kRunPrint: raiseWall(); return printReport();
+    case kRunExport: ExportWithoutInterface(raiseWall); return kExitDone;
     default: PreviewReport(messages); return kExitDone;
   }
 }

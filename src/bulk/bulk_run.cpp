@@ -9,7 +9,9 @@
 #include "bulk/bulk_log.h"
 #include "bulk/export_plan.h"
 #include "bulk/report_export.h"
-#include "platform/system/messages.h"
+#include "export/export_formats.h"
+#include "platform/system/file_stamp.h"
+#include "platform/system/shared_counter.h"
 #include "platform/system/temporary_file.h"
 
 namespace qor {
@@ -19,57 +21,88 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::minutes kLongestWait{1};
 
-// The exports at hand, in processes.
+// The exports at hand, in processes. Where there are more processors than reports, several of them
+// share the pictures of a long report.
 class Workers {
  public:
   Workers(const BulkOptions& options, const std::vector<PlannedExport>& plan)
-      : plan_(plan),
-        fail_fast_(options.failFast),
-        jobs_(options.jobs),
+      : options_(options),
+        plan_(plan),
+        most_shares_(
+            std::max<std::size_t>(1, options.jobs / std::max<std::size_t>(1, plan.size()))),
         log_(options, plan.size()),
-        starts_(plan.size()),
-        children_(workOf(options, plan), options.limits) {}
+        reports_(plan.size()),
+        children_([this](std::size_t id) { return work(id); }, options.limits) {}
 
   bool run() {
     while (next_ < plan_.size() || children_.running() > 0) {
-      while (children_.running() < jobs_ && next_ < plan_.size()) start();
-      for (const ChildEnd& end : children_.wait(kLongestWait)) tell(end);
+      while (children_.running() < options_.jobs && next_ < plan_.size()) start();
+      for (const ChildEnd& end : children_.wait(kLongestWait)) take(end);
     }
     return !log_.anyFailed();
   }
 
  private:
-  // The wall of the first report is that of all that a process exports.
-  static ChildWork workOf(const BulkOptions& options, const std::vector<PlannedExport>& plan) {
-    return [&options, &plan, isWalled = false](std::size_t id) mutable {
-      const BulkAnswer answer = exportReport(
-          plan[id], options, std::exchange(isWalled, true) ? Wall::stands : Wall::raised);
-      return ChildAnswer{written(answer), answer.leavesNothing};
-    };
+  // A report while it is exported.
+  struct Report {
+    Clock::time_point start{};
+    std::optional<SharedCounter> counter{};  // where several processes share its pages
+    std::size_t shares = 1;                  // that haven't ended
+    std::optional<BulkAnswer> answer{};      // of those that have
+  };
+
+  // In a child. The wall of its first report is that of all that it exports.
+  ChildAnswer work(std::size_t id) {
+    ExportPart part = {std::exchange(is_walled_, true), most_shares_, nullptr};
+    std::optional<PageShare> share;
+    if (std::optional<SharedCounter>& counter = reports_[id].counter)
+      part = {part.isWalled, 1, &share.emplace(*counter)};
+    const BulkAnswer answer = exportReport(plan_[id], options_, part);
+    return {written(answer), answer.leavesNothing && !share};
   }
 
+  bool isShared(const PlannedExport& planned) const {
+    const ExportFormat* format = formatOf(planned.target);
+    const auto stamp = fileStamp(planned.path);
+    return most_shares_ > 1 && format != nullptr && stamp && canBeShared(*format, stamp->size);
+  }
+
+  // A process that knows the counter has been made behind it.
   void start() {
-    starts_[next_] = Clock::now();
-    children_.start(next_, placesOf(plan_[next_]));
+    const PlannedExport& planned = plan_[next_];
+    Report& report = reports_[next_];
+    report.start = Clock::now();
+    std::string kind = placesOf(planned);
+    if (isShared(planned)) {
+      report.counter.emplace();
+      report.shares = most_shares_;
+      kind += '\0' + std::to_string(next_);
+    }
+    for (std::size_t i = 0; i < report.shares; ++i) children_.start(next_, kind);
     ++next_;
   }
 
-  void tell(const ChildEnd& end) {
+  void take(const ChildEnd& end) {
     BulkAnswer answer = end.trouble.empty() ? readAnswer(end.answer) : BulkAnswer();
     if (!end.trouble.empty()) answer.reason = "its process " + end.trouble;
+    Report& report = reports_[end.id];
+    report.answer = report.answer ? joined(*report.answer, answer) : std::move(answer);
+    if (--report.shares > 0) return;
+    report.counter.reset();
     const auto time =
-        std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - starts_[end.id]);
-    log_.tell(plan_[end.id], answer, time);
-    if (fail_fast_ && log_.anyFailed()) next_ = plan_.size();
+        std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - report.start);
+    log_.tell(plan_[end.id], *report.answer, time);
+    if (options_.failFast && log_.anyFailed()) next_ = plan_.size();
   }
 
+  const BulkOptions& options_;
   const std::vector<PlannedExport>& plan_;
-  bool fail_fast_;
-  std::size_t jobs_;
+  std::size_t most_shares_;
   BulkLog log_;
-  std::vector<Clock::time_point> starts_;
-  ChildRuns children_;
+  std::vector<Report> reports_;
   std::size_t next_ = 0;
+  bool is_walled_ = false;
+  ChildRuns children_;
 };
 
 }  // namespace

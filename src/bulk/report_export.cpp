@@ -71,7 +71,7 @@ void countFiles(const ExportTask& task, BulkAnswer& answer) {
   }
 }
 
-BulkAnswer run(const BulkOptions& options, Reasons& reasons) {
+BulkAnswer run(const BulkOptions& options, const ExportPart& part, Reasons& reasons) {
   BulkAnswer answer;
   if (!VDoc::OpenFile()) return answer;
   VDoc doc;
@@ -79,6 +79,8 @@ BulkAnswer run(const BulkOptions& options, Reasons& reasons) {
   if (doc.Settings.ReloadSet() != 0) reasons.add("the set of settings isn't there");
   ExportTask task = commandLineTask(doc, AppOptions.ExportTarget, runOptions());
   task.pages = options.pages;
+  task.processors = part.processors;
+  task.share = part.share;
   if (task.target.find("{page}") != task.target.npos) {
     task.pictureName = [&task](std::int32_t page) { return withPage(task.target, page); };
   }
@@ -94,7 +96,8 @@ BulkAnswer run(const BulkOptions& options, Reasons& reasons) {
   const ExportResult result = runExport(*formatOf(task.target), task);
   reasons.add(task.notice);
   countFiles(task, answer);
-  if (result != ExportResult::stopped && answer.files > 0) answer.result = BulkResult::done;
+  if (result != ExportResult::stopped && (answer.files > 0 || part.share != nullptr))
+    answer.result = BulkResult::done;
   return answer;
 }
 
@@ -113,15 +116,16 @@ BulkAnswer failure(const std::string& reason) {
 
 }  // namespace
 
-BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options, Wall wall) {
+BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options,
+                        const ExportPart& part) {
   Reasons reasons;
   const MessageSink messages([&reasons](MessageKind, std::string_view text) { reasons.add(text); });
   BulkAnswer answer;
   try {
     setOptions(planned, options);
     makeDirectories(std::string(directoryOf(AppOptions.ExportTarget)));
-    if (wall == Wall::raised) raiseRunWall(kRunExport);
-    answer = run(options, reasons);
+    if (!part.isWalled) raiseRunWall(kRunExport);
+    answer = run(options, part, reasons);
   } catch (const std::bad_alloc&) {
     return failure("not enough memory");
   } catch (...) {
@@ -131,6 +135,17 @@ BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options
   answer.reason = reasons.text();
   answer.leavesNothing = answer.result != BulkResult::failed && isSmall(AppOptions.FileName);
   return answer;
+}
+
+BulkAnswer joined(const BulkAnswer& first, const BulkAnswer& second) {
+  const auto failed = [](const BulkAnswer& each) { return each.result == BulkResult::failed; };
+  BulkAnswer whole = failed(second) ? second : first;
+  if (!failed(whole)) whole.result = std::min(first.result, second.result);
+  whole.pages = std::max(first.pages, second.pages);
+  whole.files = first.files + second.files;
+  whole.bytes = first.bytes + second.bytes;
+  if (whole.reason.empty()) whole.reason = first.reason;
+  return whole;
 }
 
 void rehearse(const BulkOptions& options) {
@@ -144,7 +159,7 @@ void rehearse(const BulkOptions& options) {
     all.ifNewer = false;
     setOptions({{}, report.path(), target.path()}, all);
     Reasons reasons;
-    run(all, reasons);
+    run(all, {}, reasons);
   } catch (const std::exception&) {
     return;
   }

@@ -6,6 +6,7 @@
 
 #include "bulk/bulk_options.h"
 #include "bulk/export_plan.h"
+#include "export/page_share.h"
 
 namespace qor {
 
@@ -20,10 +21,19 @@ struct BulkAnswer {
   bool leavesNothing = false;  // the process is as good as before
 };
 
-enum class Wall { raised, stands };
+// How a process takes part in an export.
+struct ExportPart {
+  bool isWalled = false;       // the wall stands from the report before
+  std::size_t processors = 1;  // for a long document
+  PageShare* share = nullptr;  // the pages whose pictures it makes where others make the rest
+};
 
-// Exports the report behind a wall, which stands from the first one on, and throws nothing.
-BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options, Wall wall);
+// Exports the report behind a wall, and throws nothing.
+BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options,
+                        const ExportPart& part);
+
+// What several processes came to that exported shares of a report.
+BulkAnswer joined(const BulkAnswer& first, const BulkAnswer& second);
 
 // Exports a text of its own to nowhere, so that a process which is copied later has read the fonts
 // and loaded the libraries that most reports need. What goes wrong there goes wrong again, and is

@@ -8,11 +8,11 @@
 #include "base/text.h"
 #include "export/html/html_export.h"
 #include "export/image/image_export.h"
+#include "export/image/picture_names.h"
 #include "export/pdf/pdf_export.h"
 #include "export/rtf/word_export.h"
 #include "export/sheet/sheet_export.h"
 #include "export/text/text_export.h"
-#include "platform/system/process.h"
 
 namespace qor {
 namespace {
@@ -38,6 +38,9 @@ constexpr ExportFormat kFormats[] = {
     {kExportPictures, "Pictures", kPictures, PageMode::pictures, ExportImages},
     {kExportSheets, "Spreadsheet", kSheets, PageMode::sheets, ExportSheets, kReadsBack},
 };
+
+// Some twenty pages, bytes: pictures of fewer are made before other processes have begun.
+constexpr std::uint64_t kShared = 64 << 10;
 
 // Null where it is none of the format's.
 const ExportExtension* find(const ExportFormat& format, std::string_view extension) {
@@ -105,6 +108,10 @@ ExportResult runExport(const ExportFormat& format, ExportTask& task) {
   }
 }
 
+bool canBeShared(const ExportFormat& format, std::uint64_t reportBytes) {
+  return format.id == kExportPictures && reportBytes >= kShared;
+}
+
 ExportTask commandLineTask(VDoc& doc, const std::string& target, const RunOptions& run) {
   const ExportFormat& format = *formatOf(target);
   ExportTask task = {doc, target, run, commandLineOptions(*find(format, extensionOf(target)), run)};
@@ -113,13 +120,10 @@ ExportTask commandLineTask(VDoc& doc, const std::string& target, const RunOption
   return task;
 }
 
-ExportOutcome exportByExtension(VDoc& doc, const std::string& target, const RunOptions& run) {
-  const ExportFormat* format = formatOf(target);
-  if (format == nullptr) return {};
-  ExportTask task = commandLineTask(doc, target, run);
-  task.processors = processorCount();
-  const ExportResult result = runExport(*format, task);
-  return {result, std::move(task.files), std::move(task.notice)};
+ExportFileList commandLinePictures(const std::string& target, std::int32_t pageCount) {
+  const ExportOptions options =
+      commandLineOptions(*find(*formatOf(target), extensionOf(target)), RunOptions());
+  return pictureFiles(target, options.ImageFormats, pageCount);
 }
 
 }  // namespace qor

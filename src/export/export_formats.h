@@ -62,18 +62,15 @@ std::string extensionsInHelp();
 // Runs the exporter. Stopping is a result here and not thrown; else throws as the exporters.
 ExportResult runExport(const ExportFormat& format, ExportTask& task);
 
-// What an export of the command line came to, as ExportTask tells it.
-struct ExportOutcome {
-  ExportResult result = ExportResult::done;
-  ExportFileList files{};
-  std::string notice{};
-};
-
 // A task with the options of the command line, by the extension of the target, which must be that
 // of a format.
 ExportTask commandLineTask(VDoc& doc, const std::string& target, const RunOptions& run);
 
-// The export of the command line: any other extension exports nothing. Throws as runExport.
-ExportOutcome exportByExtension(VDoc& doc, const std::string& target, const RunOptions& run);
+// True where several processes may each make their share of the export's pages of a report of this
+// size: pictures are files of their own.
+bool canBeShared(const ExportFormat& format, std::uint64_t reportBytes);
+
+// The pictures that a task of the command line makes of a report with so many pages.
+ExportFileList commandLinePictures(const std::string& target, std::int32_t pageCount);
 
 }  // namespace qor

@@ -9,6 +9,7 @@
 #include "base/run_options.h"
 #include "document/page_loop.h"
 #include "export/page_ranges.h"
+#include "export/page_share.h"
 
 namespace qor {
 
@@ -54,6 +55,7 @@ struct ExportTask {
   std::string notice{};  // what of the pages the files don't show, in the interface's language
   PageRanges pages{};
   std::size_t processors = 1;  // that a long report may take
+  PageShare* share = nullptr;  // of pictures: the pages of this process where others make the rest
   // Names the picture of a page, where the target's own way is not wanted: of one format then.
   std::function<std::string(std::int32_t page)> pictureName{};
 
@@ -64,7 +66,9 @@ struct ExportTask {
 // Calls `use` with each page of the task. Throws as the document's.
 template <class Use>
 void forEachPage(const ExportTask& task, Use use) {
-  const auto wanted = [&task](std::int32_t number) { return task.pages.has(number); };
+  const auto wanted = [&task](std::int32_t number) {
+    return task.pages.has(number) && (task.share == nullptr || task.share->has(number));
+  };
   forEachPage(task.doc, task.mode, task.progress, wanted, use);
 }
 

@@ -70,51 +70,63 @@ BatchExport exportReport(PageShare* share, std::size_t processors) {
 
 constexpr std::int32_t kFailed = -1;
 
-// What a process says of its share: how many pages the report has, or that it failed, and behind it
-// the lines of what it has to tell.
+// What a process says of its share: how many pages the report has, or that it failed; a line why,
+// where that is to be told; and lines of what else there is to tell.
 ChildAnswer exportShare(SharedCounter& counter, const std::function<void()>& raiseWall) {
   std::string told;
   const MessageSink messages([&told](MessageKind, std::string_view text) {
     told += '\n';
     std::ranges::replace_copy(text, std::back_inserter(told), '\n', ' ');
   });
+  PageShare share(counter);
   BatchExport done;
+  std::string failure;
   try {
     raiseWall();
-    PageShare share(counter);
     done = exportReport(&share, 1);
   } catch (...) {
-    tellFailure();
+    const Failure caught = caughtFailure();
+    if (!caught.wasTold()) failure = caught.text;
   }
-  return {std::to_string(done.succeeded ? done.pages : kFailed) + told};
+  if (!done.succeeded) share.giveUp();
+  return {std::to_string(done.succeeded ? done.pages : kFailed) + '\n' + failure + told};
 }
 
-// The ends of all shares: what they told, each text once, and whether the report is done.
+// Takes the first line off.
+std::string_view takeLine(std::string_view& text) {
+  const std::string_view line = upTo(text, '\n');
+  text.remove_prefix(std::min(text.size(), line.size() + 1));
+  return line;
+}
+
+// The ends of all shares: what there is to tell, each text once, and whether the report is done.
 class Shares {
  public:
   void add(const ChildEnd& end) {
-    if (!end.trouble.empty()) told_.insert(AppOptions.FileName + ": its process " + end.trouble);
-    const std::string_view pages = upTo(end.answer, '\n');
-    pages_.insert(parseInteger(pages).value_or(kFailed));
-    for (std::string_view rest = std::string_view(end.answer).substr(pages.size());
-         !rest.empty();) {
-      rest.remove_prefix(1);
-      const std::string_view line = upTo(rest, '\n');
-      told_.emplace(line);
-      rest.remove_prefix(line.size());
-    }
+    std::string_view rest = end.answer;
+    pages_.insert(parseInteger(takeLine(rest)).value_or(kFailed));
+    addFailure(end.trouble.empty() ? std::string(takeLine(rest))
+                                   : AppOptions.FileName + ": its process " + end.trouble);
+    while (!rest.empty()) told_.emplace(takeLine(rest));
   }
 
-  // Told once.
   void tell() const {
     for (const std::string& text : told_) showWarning(text);
+    if (!failure_.empty()) showWarning(failure_);
   }
 
   // Of the report; kFailed where one of the shares is.
-  std::int32_t pages() const { return pages_.empty() ? kFailed : *pages_.begin(); }
+  std::int32_t pages() const { return *pages_.begin(); }
 
  private:
+  // One of them is enough: that of the first page, by its number in the text.
+  void addFailure(const std::string& text) {
+    const auto rank = [](const std::string& each) { return std::pair(each.size(), each); };
+    if (!text.empty() && (failure_.empty() || rank(text) < rank(failure_))) failure_ = text;
+  }
+
   std::set<std::string> told_;
+  std::string failure_;
   std::set<std::int32_t> pages_;
 };
 

@@ -127,11 +127,12 @@ BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options
     if (!part.isWalled) raiseRunWall(kRunExport);
     answer = run(options, part, reasons);
   } catch (const std::bad_alloc&) {
-    return failure("not enough memory");
+    reasons.add("not enough memory");
   } catch (...) {
     const Failure caught = caughtFailure();
     if (!caught.wasTold()) reasons.add(caught.text);
   }
+  if (answer.result == BulkResult::failed && part.share != nullptr) part.share->giveUp();
   answer.reason = reasons.text();
   answer.leavesNothing = answer.result != BulkResult::failed && isSmall(AppOptions.FileName);
   return answer;

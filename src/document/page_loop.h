@@ -20,7 +20,8 @@ void forEachNumber(std::int32_t count, const PageProgress& progress, Use use) {
   }
 }
 
-// Calls `use` with each page whose number is wanted. Throws as forEachNumber and LoadedPage, and
+// Calls `use` with each page whose number is wanted; it begins with the font that those before it
+// leave. Throws as forEachNumber and LoadedPage, and
 // where the report changed meanwhile as VDoc::RequireSameFile.
 template <class Wanted, class Use>
 void forEachPage(VDoc& doc, PageMode mode, const PageProgress& progress, Wanted wanted, Use use) {
@@ -29,6 +30,7 @@ void forEachPage(VDoc& doc, PageMode mode, const PageProgress& progress, Wanted 
   if (!file) throw NumberedError(kErrorOpenDocument, AppOptions.FileName);
   forEachNumber(doc.PageCount, progress, [&](std::int32_t number) {
     if (!wanted(number)) return;
+    doc.ReadUpTo(number, *file);
     const LoadedPage page(doc, number, *file, mode);
     use(*page);
   });

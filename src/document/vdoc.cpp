@@ -166,7 +166,7 @@ void VDoc::readPage(VDocPage& page, const InputFile& file, PageMode mode) {
   fonts_.endOfPage(page.Number, font);
 }
 
-void VDoc::readUpTo(std::int32_t number, const InputFile& file) {
+void VDoc::ReadUpTo(std::int32_t number, const InputFile& file) {
   FontAt(number);
   while (fonts_.known() < std::min(number, PageCount)) {
     VDocPage& page = *findPage(fonts_.known());
@@ -176,7 +176,7 @@ void VDoc::readUpTo(std::int32_t number, const InputFile& file) {
 }
 
 void VDoc::ReadUpTo(std::int32_t number) {
-  if (const auto file = OpenFile()) readUpTo(number, *file);
+  if (const auto file = OpenFile()) ReadUpTo(number, *file);
 }
 
 void VDoc::ReleasePage(std::int32_t number) {

@@ -65,6 +65,8 @@ class VDoc {
   // Reads the pages before this one that have not been read yet. Does nothing where the file can't
   // be opened; throws as GetPage.
   void ReadUpTo(std::int32_t number);
+  // From a file that is open already.
+  void ReadUpTo(std::int32_t number, const InputFile& file);
 
   // What ends the lines of the report. A file of more than 4 KB whose first page holds no CR at all
   // is a text of another system, which would be one endless line. Known once a page was read.
@@ -124,7 +126,6 @@ class VDoc {
   void noteFile(const InputFile& file);
   void beforeReading(VDocPage& page, const InputFile& file);
   void readPage(VDocPage& page, const InputFile& file, PageMode mode = PageMode::plain);
-  void readUpTo(std::int32_t number, const InputFile& file);
   PrintOutcome print(const RunOptions& options, const PrintTask& task,
                      const PageProgress& progress);
   void sendPages(PrintContext& context, const InputFile& file, const PrintTask& task,

@@ -16,6 +16,9 @@ class PageShare {
   // Whether the page is one of them. Pages are asked for in their order.
   bool has(std::int32_t page);
 
+  // No process takes any more.
+  void giveUp();
+
  private:
   SharedCounter& counter_;
   std::int32_t first_ = 0;  // of those that it has taken last

@@ -119,7 +119,7 @@ void VDoc::sendPages(PrintContext& context, const InputFile& file, const PrintTa
     const std::int32_t number = task.pages[static_cast<std::size_t>(place - 1)];
     VDocPage& page = *findPage(number);
     const PrintedPage inUse(page);
-    readUpTo(number, file);
+    ReadUpTo(number, file);
     readPage(page, file);
     printPage(page, context, mapping);
     if (task.unscales) gPrintMetrics.LogPixelsX = context.caps().LogPixelsX;

@@ -28,7 +28,8 @@ int main(int argc, char** argv) {
   pages.setPageSize(595, 842);
   const qor::VSetPrn& sheet = doc.Settings.Prn;
   qor::PdfCanvas canvas(pages, {sheet.PhysicalWidth, sheet.PhysicalHeight}, {kDpi, kDpi});
-  qor::forEachPage(doc, qor::PageMode::plain, {}, [&](qor::VDocPage& page) {
+  const auto all = [](std::int32_t) { return true; };
+  qor::forEachPage(doc, qor::PageMode::plain, {}, all, [&](qor::VDocPage& page) {
     canvas.beginPage();
     canvas.reset();
     qor::DrawPage(page, canvas);

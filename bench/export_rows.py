@@ -5,7 +5,7 @@ import re
 import shutil
 
 from png_file import png_file
-from runs import Run, alternating_seconds, median_seconds
+from runs import Run, alternating_seconds, median_seconds, on_one_processor
 from table import (BUILD, CYRILLIC, DATA, LATIN, MEGABYTE, VIEWER, as_utf8, emptied, export,
                    export_command, files_of, make_pdf, make_report, note, row, size_of, speed_row)
 
@@ -29,6 +29,7 @@ def size_rows(name, pages):
     row(f"PNG files that are gray, {name}", gray, f"of {pages}", "", "all", gray == pages)
 
 
+@on_one_processor()
 def measure_pictures(name, code_page, *options):
     pages = 200
     report = make_report(f"{name}.txt", str(pages), *options)
@@ -71,6 +72,7 @@ def race_pdf(name, report, code_page, pages, peers):
         size <= 2100)
 
 
+@on_one_processor()
 def measure_pdf(thousand, many):
     race_pdf("latin", thousand, LATIN, 1000, pdf_peers(as_utf8(thousand, LATIN)))
     cyrillic = make_report("cyrillic.txt", "1000", "--cyrillic")
@@ -89,6 +91,7 @@ def draw(report):
     return Run(drawn_command(report), report.parent)
 
 
+@on_one_processor()
 def measure_printing(thousand):
     for name, aim in (("qt", 2), ("cairo", 2.8)):
         command = [str(BUILD / f"print_with_{name}"), str(thousand), str(DATA / f"{name}.pdf")]

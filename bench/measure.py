@@ -7,7 +7,7 @@ in the same minutes; nothing here fails because a machine is slow.
 import os
 import shutil
 
-from bulk_rows import measure_bulk
+from bulk_rows import measure_bulk, measure_one_report
 from dialog_rows import measure_dialog
 from export_rows import (measure_barcodes, measure_memory, measure_pdf, measure_pictures,
                          measure_printing, measure_start)
@@ -58,6 +58,7 @@ def main():
     measure_picture_pages()
     measure_start(page)
     measure_bulk()
+    measure_one_report(many)
     measure_windows(many)
     measure_finding(many)
     measure_dialog()

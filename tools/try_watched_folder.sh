@@ -27,6 +27,7 @@ in_root --resolv-conf=copy-host sh -c 'apt-get update -qq
   DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends /opt/core.deb' >/dev/null 2>&1
 rm -rf "$root/opt/examples" "$root/opt/samples"
 cp -r "$here/docs/examples" "$here/samples" "$root/opt"
+sed 's#pictures/logo.png#/opt/samples/pictures/logo.png#' "$here/samples/invoice-857.txt" >"$root/opt/far.txt"
 
 cat >"$root/opt/try" <<'END'
 #!/bin/bash
@@ -97,6 +98,15 @@ expect "those of a killed run are done by the next" holds done 'many-*.txt' 300
 expect "there is nothing half" holds out '.qor-*' 0
 expect "nothing is left to do" holds work '*.txt' 0
 expect "a target for each" holds out 'many-*.txt.pdf' 300
+# Landlock keeps pictures away only where it is raised.
+size() { stat -c %s "out/$1.txt.pdf"; }
+suite 'cp /opt/far.txt incoming/near.txt'
+expect "a picture is there" test -e out/near.txt.pdf
+expect "it rests" rests
+echo 'QOR_PICTURE_PATH=/nowhere' >>/etc/qorexport/accounts.conf
+suite 'cp /opt/far.txt incoming/far.txt'
+expect "a report without it is done" test -e out/far.txt.pdf
+expect "the wall keeps it away" eval 'test "$(size far)" -lt "$(($(size near) - 10000))"'
 expect "no wall is missing" sh -c '! journalctl -b -o cat -u qorexport-folder@accounts | grep "without its wall"'
 journalctl -b -o cat -u qorexport-folder@accounts | grep '^{' | export-log
 systemd-analyze security --no-pager qorexport-folder@accounts.service | tail -1
@@ -113,6 +123,8 @@ ExecStart=/opt/try
 StandardOutput=truncate:/opt/result
 StandardError=inherit
 END
-in_root --private-network -b -- systemd.unit=multi-user.target systemd.wants=try.service >"$root/opt/boot" 2>&1 </dev/null || true
+# Of its own it would keep Landlock from all that it holds.
+in_root --private-network --system-call-filter="landlock_create_ruleset landlock_add_rule landlock_restrict_self" \
+  -b -- systemd.unit=multi-user.target systemd.wants=try.service >"$root/opt/boot" 2>&1 </dev/null || true
 cat "$root/opt/result"
 grep -qx '0 failed' "$root/opt/result"

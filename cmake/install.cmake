@@ -52,6 +52,7 @@ foreach(document ${documents})
   list(APPEND texts ${text})
   install(FILES ${text} DESTINATION ${QOR_DOC_DIR}/${place} COMPONENT core)
 endforeach()
+install(DIRECTORY docs/examples DESTINATION ${QOR_DOC_DIR}/docs USE_SOURCE_PERMISSIONS COMPONENT core)
 
 if(QOR_WINDOWS)
   install(TARGETS qor_preview LIBRARY DESTINATION ${QOR_PROGRAM_DIR} COMPONENT window)

@@ -106,7 +106,17 @@ shell "export CUPS_SERVER=/run/cups/own.sock
   for i in \$(seq 100); do lpstat -W completed -o | grep -q . && break; sleep 0.1; done"
 # The scheduler keeps what it was sent.
 expect "takes a job" shell 'head -c 5 /var/spool/cups/d*-001 | grep -q %PDF-'
+apt install --no-install-recommends qorutlview-cups cups-filters
 kill %1
+inside cupsd -f -c /root/cupsd.conf -s /root/cups-files.conf &
+shell "export CUPS_SERVER=/run/cups/own.sock
+  for i in \$(seq 100); do lpstat -r >/dev/null 2>&1 && break; sleep 0.1; done
+  lpadmin -p drawn -E -v file:/root/drawn.pdf -P /usr/share/ppd/cupsfilters/Generic-PDF_Printer-PDF.ppd \
+    -o qor-codepage-default=866 2>/dev/null
+  lp -d drawn -o document-format=text/x-qor-report /root/reports/ledger-866.txt >/dev/null
+  for i in \$(seq 100); do lpstat -W not-completed -o | grep -q . || break; sleep 0.1; done"
+expect "draws a report for a queue" test "$(pdfinfo "$root/root/drawn.pdf" | awk '/^Pages/ { print $2 }')" = 13
+kill %2
 
 say "The window"
 apt install qorutlview
@@ -138,13 +148,13 @@ kept=$(shell 'cd /root/.config && find . -type f -exec sha256sum {} + | sort')
 raised "$root/srv/raised"
 offer "$root/srv/raised"
 apt upgrade
-expect "takes both packages along" test "$(inside dpkg-query -W -f '${Version}\n' qorutlview qorutlview-core | grep -c '+next$')" = 2
+expect "takes all packages along" test "$(inside dpkg-query -W -f '${Version}\n' 'qorutlview*' | grep -c '+next$')" = 3
 expect "keeps the user's settings" test "$(shell 'cd /root/.config && find . -type f -exec sha256sum {} + | sort')" = "$kept"
 shell 'cd /root/reports && rm -f a.pdf && qorutlview -f barcodes.txt -export a.pdf 2>/dev/null'
 expect "still exports" test -s "$root/root/reports/a.pdf"
 
 say "The removal"
-apt purge qorutlview qorutlview-core
+apt purge qorutlview qorutlview-core qorutlview-cups
 left=$(shell "find / -xdev \( -path /proc -o -path /dev -o -path /srv -o -path /var/lib/apt -o -path /var/cache/apt \
   -o -path /root/reports -o -path /etc/apt \) -prune -o -iname '*qor*' -print
   grep -ls qor /usr/share/applications/mimeinfo.cache /usr/share/mime/globs2 /var/lib/dpkg/status" || true)

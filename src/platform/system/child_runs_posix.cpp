@@ -46,8 +46,16 @@ void writeAll(int to, std::string_view text) {
   }
 }
 
+// Those that its parent holds are none of the child's business.
+void takeSignals() {
+  sigset_t none;
+  ::sigemptyset(&none);
+  ::sigprocmask(SIG_SETMASK, &none, nullptr);
+}
+
 [[noreturn]] void runChild(int answer, pid_t parent, std::uint64_t bytes,
                            const std::function<std::string()>& work) {
+  takeSignals();
   ::prctl(PR_SET_PDEATHSIG, SIGTERM);
   if (::getppid() != parent) ::_exit(EXIT_FAILURE);
   ::dup2(answer, STDOUT_FILENO);

@@ -3,9 +3,13 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
+#include <vector>
 
 #include "base/app_options.h"
 #include "base/errors.h"
@@ -96,6 +100,23 @@ std::string withTitle(std::string text, const std::string& file) {
   return text;
 }
 
+// A document whose file has no name any more, and what it lacks.
+struct Drawn {
+  std::string notice;
+  OutputSource document;
+};
+
+Drawn drawn(const FilterJob& job) {
+  const HeldSignals held;
+  const PrivateDirectory place;
+  const std::string report = place.path("report");
+  const std::string target = place.path("report.pdf");
+  const BulkAnswer answer = answerOf([&] { return draw(optionsOf(job), report, target); });
+  const std::string notice = withTitle(withTitle(answer.reason, target), report);
+  if (answer.result != BulkResult::done) throw ReportError(notice);
+  return {notice, OutputSource(target)};
+}
+
 }  // namespace
 
 std::string filterReport(const FilterJob& job) {
@@ -104,20 +125,9 @@ std::string filterReport(const FilterJob& job) {
     throw FileError(job.file + ": " + std::strerror(errno));
   enterServerDirectory();
   refuseUnknown(job);
-  std::optional<OutputSource> document;
-  std::string notice;
-  {
-    const HeldSignals held;
-    const PrivateDirectory place;
-    const std::string report = place.path("report");
-    const std::string target = place.path("report.pdf");
-    const BulkAnswer answer = answerOf([&] { return draw(optionsOf(job), report, target); });
-    notice = withTitle(withTitle(answer.reason, target), report);
-    if (answer.result != BulkResult::done) throw ReportError(notice);
-    document.emplace(target);
-  }
-  document->giveToOutput();
-  return notice;
+  const Drawn result = drawn(job);
+  result.document.giveToOutput();
+  return result.notice;
 }
 
 }  // namespace qor

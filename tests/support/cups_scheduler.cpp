@@ -56,7 +56,7 @@ std::string CupsScheduler::addFilter() const {
       fs::create_symlink(entry.path(), own / entry.path().filename());
   for (const auto& entry : fs::directory_iterator(system / "filter"))
     fs::create_symlink(entry.path(), own / "filter" / entry.path().filename());
-  const fs::path built = fs::path(QOR_FILTER_PROGRAM).parent_path();
+  const fs::path built = fs::path(QOR_PROGRAM).parent_path();
   for (const char* name : {"qorreporttopdf", "qor_harfbuzz.so", "pdflib.upr"})
     fs::copy_file(built / name, own / "filter" / name);
   for (const char* name : {"qorutlview.types", "qorutlview.convs"})

@@ -92,13 +92,13 @@ shell 'cd /root/reports && qorutlview -g -f labels.txt -p "Microsoft Print to PD
 expect "prints to a file" shell 'head -c 5 "/root/reports/labels(print).pdf" | grep -q %PDF-'
 
 say "A queue"
-apt install --no-install-recommends cups-daemon cups-client
+apt install --no-install-recommends qorutlview-cups cups-daemon cups-filters cups-client
 shell 'mkdir -p /run/cups && rm -f /var/spool/cups/d* &&
   printf "Listen /run/cups/own.sock\nBrowsing Off\nDefaultAuthType None\n<Location />\nAllow all\n</Location>
 <Policy default>\n<Limit All>\nAllow all\n</Limit>\n</Policy>\n" >/root/cupsd.conf &&
   cp /etc/cups/cups-files.conf /root/cups-files.conf &&
   printf "FileDevice Yes\nSandboxing relaxed\n" >>/root/cups-files.conf'
-inside cupsd -f -c /root/cupsd.conf -s /root/cups-files.conf & scheduler=$!
+inside cupsd -f -c /root/cupsd.conf -s /root/cups-files.conf &
 shell "export CUPS_SERVER=/run/cups/own.sock
   for i in \$(seq 100); do lpstat -r >/dev/null 2>&1 && break; sleep 0.1; done
   lpadmin -p accounts -E -v file:/dev/null 2>/dev/null
@@ -106,18 +106,13 @@ shell "export CUPS_SERVER=/run/cups/own.sock
   for i in \$(seq 100); do lpstat -W completed -o | grep -q . && break; sleep 0.1; done"
 # The scheduler keeps what it was sent.
 expect "takes a job" shell 'head -c 5 /var/spool/cups/d*-001 | grep -q %PDF-'
-apt install --no-install-recommends qorutlview-cups cups-filters
-kill $scheduler
-wait $scheduler || true
-inside cupsd -f -c /root/cupsd.conf -s /root/cups-files.conf & scheduler=$!
 shell "export CUPS_SERVER=/run/cups/own.sock
-  for i in \$(seq 100); do lpstat -r >/dev/null 2>&1 && break; sleep 0.1; done
   lpadmin -p drawn -E -v file:/root/drawn.pdf -P /usr/share/ppd/cupsfilters/Generic-PDF_Printer-PDF.ppd \
     -o qor-codepage-default=866 2>/dev/null
   lp -d drawn -o document-format=text/x-qor-report /root/reports/ledger-866.txt >/dev/null
   for i in \$(seq 100); do lpstat -W not-completed -o | grep -q . || break; sleep 0.1; done"
 expect "draws a report for a queue" test "$(inside pdfinfo /root/drawn.pdf | awk '/^Pages/ { print $2 }')" = 13
-kill $scheduler
+kill %1
 
 say "The window"
 apt install qorutlview

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the Debian packages qorutlview-core and qorutlview of the last commit, in a clean tree, and puts
-# them into out/packages. The same commit gives the same bytes. Options:
+# Makes the Debian packages qorutlview-core, qorutlview and qorutlview-cups of the last commit, in a clean tree,
+# and puts them into out/packages. The same commit gives the same bytes. Options:
 #   --twice      builds in two directories of different names and compares what came of it
 #   --version V  gives the packages this version instead of the program's, to try upgrades
 set -euo pipefail

@@ -10,7 +10,7 @@ packages=(g++ cmake ninja-build pkg-config
   fontconfig fonts-liberation2 fonts-dejavu-core)
 for group in "$@"; do
   case $group in
-    test) packages+=(libgtest-dev imagemagick-6.q16 zbar-tools catdoc libreoffice-writer-nogui locales cups poppler-utils mupdf-tools ghostscript
+    test) packages+=(libgtest-dev imagemagick-6.q16 zbar-tools catdoc libreoffice-writer-nogui locales cups cups-filters poppler-utils mupdf-tools ghostscript
       qpdf xvfb libxcb-xtest0-dev fonts-urw-base35 python3-openpyxl python3-pil python3-xlrd libxml2-dev git clang-format clang-tidy
       librsvg2-bin desktop-file-utils appstream shared-mime-info libxml2-utils man-db groff qt6-translations-l10n
       at-spi2-core dbus-daemon gir1.2-atspi-2.0 python3-gi

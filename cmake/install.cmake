@@ -1,5 +1,5 @@
 # What stands where once it is installed. The component "core" exports and prints; "window" adds what
-# a desktop needs.
+# a desktop needs, "cups" what print queues do.
 include(GNUInstallDirs)
 set(QOR_PROGRAM_DIR ${CMAKE_INSTALL_LIBDIR}/qorutlview)
 set(QOR_DOC_DIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/qorutlview)
@@ -30,6 +30,15 @@ function(make_text name document)
       -f ${PACKAGING}/fill.awk ${sources}
     DEPENDS ${PACKAGING}/fill.awk ${sources} VERBATIM)
 endfunction()
+
+# CUPS looks below the prefix of the system, whatever the kind of processor.
+set(QOR_FILTER_DIR lib/cups/filter)
+install(TARGETS qorreporttopdf RUNTIME DESTINATION ${QOR_PROGRAM_DIR} COMPONENT cups)
+file(RELATIVE_PATH QOR_WAY_TO_PROGRAMS ${CMAKE_INSTALL_PREFIX}/${QOR_FILTER_DIR} ${CMAKE_INSTALL_FULL_LIBDIR}/qorutlview)
+configure_file(${PACKAGING}/cups/qorreporttopdf.in ${PROJECT_BINARY_DIR}/packaging/qorreporttopdf @ONLY)
+install(PROGRAMS ${PROJECT_BINARY_DIR}/packaging/qorreporttopdf DESTINATION ${QOR_FILTER_DIR} COMPONENT cups)
+install(FILES ${PACKAGING}/cups/qorutlview.types ${PACKAGING}/cups/qorutlview.convs
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/cups/mime COMPONENT cups)
 
 make_text(qorutlview.1 README.md)
 make_text(qorexport.1 docs/servers.md)

@@ -92,7 +92,7 @@ shell 'cd /root/reports && qorutlview -g -f labels.txt -p "Microsoft Print to PD
 expect "prints to a file" shell 'head -c 5 "/root/reports/labels(print).pdf" | grep -q %PDF-'
 
 say "A queue"
-apt install --no-install-recommends cups-daemon cups-client
+apt install --no-install-recommends qorutlview-cups cups-daemon cups-filters cups-client
 shell 'mkdir -p /run/cups && rm -f /var/spool/cups/d* &&
   printf "Listen /run/cups/own.sock\nBrowsing Off\nDefaultAuthType None\n<Location />\nAllow all\n</Location>
 <Policy default>\n<Limit All>\nAllow all\n</Limit>\n</Policy>\n" >/root/cupsd.conf &&
@@ -106,6 +106,12 @@ shell "export CUPS_SERVER=/run/cups/own.sock
   for i in \$(seq 100); do lpstat -W completed -o | grep -q . && break; sleep 0.1; done"
 # The scheduler keeps what it was sent.
 expect "takes a job" shell 'head -c 5 /var/spool/cups/d*-001 | grep -q %PDF-'
+shell "export CUPS_SERVER=/run/cups/own.sock
+  lpadmin -p drawn -E -v file:/root/drawn.pdf -P /usr/share/ppd/cupsfilters/Generic-PDF_Printer-PDF.ppd \
+    -o qor-codepage-default=866 2>/dev/null
+  lp -d drawn -o document-format=text/x-qor-report /root/reports/ledger-866.txt >/dev/null
+  for i in \$(seq 100); do lpstat -W not-completed -o | grep -q . || break; sleep 0.1; done"
+expect "draws a report for a queue" test "$(inside pdfinfo /root/drawn.pdf | awk '/^Pages/ { print $2 }')" = 13
 kill %1
 
 say "The window"
@@ -138,13 +144,13 @@ kept=$(shell 'cd /root/.config && find . -type f -exec sha256sum {} + | sort')
 raised "$root/srv/raised"
 offer "$root/srv/raised"
 apt upgrade
-expect "takes both packages along" test "$(inside dpkg-query -W -f '${Version}\n' qorutlview qorutlview-core | grep -c '+next$')" = 2
+expect "takes all packages along" test "$(inside dpkg-query -W -f '${Version}\n' 'qorutlview*' | grep -c '+next$')" = 3
 expect "keeps the user's settings" test "$(shell 'cd /root/.config && find . -type f -exec sha256sum {} + | sort')" = "$kept"
 shell 'cd /root/reports && rm -f a.pdf && qorutlview -f barcodes.txt -export a.pdf 2>/dev/null'
 expect "still exports" test -s "$root/root/reports/a.pdf"
 
 say "The removal"
-apt purge qorutlview qorutlview-core
+apt purge qorutlview qorutlview-core qorutlview-cups
 left=$(shell "find / -xdev \( -path /proc -o -path /dev -o -path /srv -o -path /var/lib/apt -o -path /var/cache/apt \
   -o -path /root/reports -o -path /etc/apt \) -prune -o -iname '*qor*' -print
   grep -ls qor /usr/share/applications/mimeinfo.cache /usr/share/mime/globs2 /var/lib/dpkg/status" || true)

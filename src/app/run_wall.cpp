@@ -5,6 +5,7 @@
 #include <cctype>
 #include <cstdlib>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 #include "app/command_line.h"
@@ -85,8 +86,8 @@ Places placesOfProgram() {
           directory + "qor_gsf.so"};
 }
 
-Places readablePlaces(RunMode mode, std::string_view pictures) {
-  Places places = placesIn(pictures);
+Places readablePlaces(RunMode mode, const Places& pictures) {
+  Places places = pictures;
   add(places, {AppOptions.FileName, placeOf(AppOptions.FileName)});
   add(places, placesOfSettings());
   add(places, placesOfProgram());
@@ -109,12 +110,17 @@ void openScheduler(WallPlan& plan) {
       NetworkGate{static_cast<std::uint16_t>(address->port), mustBeLookedUp(address->server)};
 }
 
+// As the program was told, or else its environment; nothing where all files may be read.
+std::optional<Places> picturePlaces() {
+  const char* told = std::getenv(kPicturePath);
+  if (AppOptions.PicturePlaces || told == nullptr) return AppOptions.PicturePlaces;
+  return placesIn(told);
+}
+
 WallPlan planOf(RunMode mode) {
   WallPlan plan;
   plan.writable = writablePlaces(mode);
-  if (const char* pictures = std::getenv(kPicturePath)) {
-    plan.readable = readablePlaces(mode, pictures);
-  }
+  if (const auto pictures = picturePlaces()) plan.readable = readablePlaces(mode, *pictures);
   if (asksScheduler(mode)) openScheduler(plan);
   return plan;
 }

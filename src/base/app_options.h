@@ -9,7 +9,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace qor {
 
@@ -34,6 +36,8 @@ struct AppOptionsRecord {
   int MailProgram = 1;
   std::string ExportTarget = "pdf";
   std::uint64_t OwnerWindow = 0;  // told when the preview closes
+  // Directories, below which alone reports find pictures; nothing: anywhere.
+  std::optional<std::vector<std::string>> PicturePlaces;
 };
 
 inline AppOptionsRecord AppOptions;

@@ -12,7 +12,7 @@ class StoredPicture;
 
 // The path of a picture by its name as the report has it, in the document's code page: a name with
 // "\" is tried with "/" where it is not found. Nothing for names without the extension of a
-// picture.
+// picture, nor outside AppOptions.PicturePlaces.
 std::optional<std::string> picturePath(std::string_view fileName, int codePage);
 
 // The bytes of its file; nothing where it can't be read.

@@ -35,3 +35,8 @@ same "the completion of qorexport" "$known" \
 written=$(sed -n '/^constexpr BulkFormat/,/^};/p' src/bulk/bulk_options.cpp | grep -oE '\{"[a-z]+"' | tr -d '{"')
 same "docs/servers.md's --to" "$written" "$(grep -E '^\| `-t`' docs/servers.md | cut -d'|' -f4 | sed 's/Without.*//' | grep -oE '`[a-z]+`' | tr -d '`')"
 same "the completion's --to" "$written" "$(grep -m1 -o 'formats=".*"' packaging/qorexport.bash | cut -d'"' -f2)"
+
+# Those of a print job.
+known=$(grep -ohE '"qor-[a-z]+"' src/filter/filter_job.h | tr -d '"')
+[ "$(wc -l <<<"$known")" -gt 1 ]
+same "docs/servers.md on jobs" "$known" "$(grep -oE '^\| `qor-[a-z]+`' docs/servers.md | tr -d '|` ')"

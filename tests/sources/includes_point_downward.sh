@@ -14,7 +14,7 @@ check() {
     above+="|${rows[$i]}"
   done
 }
-check base language platform document barcode render search settings export window_model windows app bulk
+check base language platform document barcode render search settings export window_model windows app bulk filter
 check platform/{system,walls,fonts,pictures,qt,x11,canvas,pdf,print,cups,harfbuzz,workbook,gsf,rtf}
 wrong+=$(grep -rlE '^#include <Q' . | grep -vE '^\./(windows|platform/qt)/' || true)
 wrong+=$(grep -rlE '^#include <(unistd|fcntl|spawn|getopt|sched|dlfcn|link|iconv|langinfo|poll|signal|pwd|sys/.*)\.h>' . |

@@ -35,8 +35,8 @@ const char* const kConfiguration =
 
 }  // namespace
 
-CupsScheduler::CupsScheduler() {
-  writeFiles();
+CupsScheduler::CupsScheduler(Filters filters) {
+  writeFiles(filters);
   process_.emplace(std::vector<std::string>{"/usr/sbin/cupsd", "-f", "-c",
                                             place_.path("cupsd.conf"), "-s",
                                             place_.path("cups-files.conf")});
@@ -45,8 +45,28 @@ CupsScheduler::CupsScheduler() {
   });
 }
 
-void CupsScheduler::writeFiles() const {
-  for (const char* name : {"spool/tmp", "cache", "run/certs", "ppd", "out"})
+// The machine's programs by links, and among the filters ours with what it needs.
+std::string CupsScheduler::addFilter() const {
+  const fs::path system = "/usr/lib/cups";
+  const fs::path own = programs_.path();
+  fs::permissions(own, fs::perms(0755));
+  fs::create_directory(own / "filter");
+  for (const auto& entry : fs::directory_iterator(system))
+    if (entry.path().filename() != "filter")
+      fs::create_symlink(entry.path(), own / entry.path().filename());
+  for (const auto& entry : fs::directory_iterator(system / "filter"))
+    fs::create_symlink(entry.path(), own / "filter" / entry.path().filename());
+  const fs::path built = fs::path(QOR_PROGRAM).parent_path();
+  for (const char* name : {"qorreporttopdf", "qor_harfbuzz.so", "pdflib.upr"})
+    fs::copy_file(built / name, own / "filter" / name);
+  for (const char* name : {"qorutlview.types", "qorutlview.convs"})
+    place_.write(name, readFile(std::string(QOR_SOURCE_DIR "/packaging/cups/") + name));
+  return "ServerBin " + own.string() + "\nSetEnv ASAN_OPTIONS detect_leaks=0\n" +
+         "SetEnv QOR_SERVER_DIRECTORY " + path("server") + "\n";
+}
+
+void CupsScheduler::writeFiles(Filters filters) const {
+  for (const char* name : {"spool/tmp", "cache", "run/certs", "ppd", "out", "server"})
     fs::create_directories(place_.path(name));
   place_.write("cupsd.conf",
                "Listen " + socket() + "\nListen 127.0.0.1:" + port_ + "\n" + kConfiguration);
@@ -55,6 +75,7 @@ void CupsScheduler::writeFiles() const {
        rowsOf("ServerRoot|RequestRoot spool|TempDir spool/tmp|CacheDir cache|StateDir run|"
               "AccessLog access_log|ErrorLog error_log|PageLog page_log"))
     files += key + " " + place_.path(name) + "\n";
+  if (filters == Filters::withReports) files += addFilter();
   place_.write("cups-files.conf", files);
   // The scheduler's filters run as another user.
   for (const auto& entry : fs::recursive_directory_iterator(place_.path()))
@@ -78,9 +99,9 @@ void CupsScheduler::addQueue(const std::string& name, const std::string& driver,
   command({"lpadmin", "-p", name, "-E", "-v", "file:" + output(name), kind, driver, "-o", option});
 }
 
-void CupsScheduler::finishJobs() const {
-  waitUntil("doesn't finish its jobs", [this] {
-    return command({"lpstat", "-W", "not-completed", "-o"}).empty();
+void CupsScheduler::finishJobs(std::size_t failed) const {
+  waitUntil("doesn't finish its jobs", [this, failed] {
+    return linesOf(command({"lpstat", "-W", "not-completed", "-o"})).size() == failed;
   });
 }
 

@@ -13,10 +13,13 @@
 
 namespace qor::test {
 
+// Those of the machine, or with them the one for reports.
+enum class Filters { usual, withReports };
+
 class CupsScheduler {
  public:
   // Starts it and waits until it answers.
-  CupsScheduler();
+  explicit CupsScheduler(Filters filters = Filters::usual);
 
   // Where runs of the viewer find it, with `place` as their current directory.
   Surroundings surroundings(const TemporaryDirectory& place) const;
@@ -33,8 +36,9 @@ class CupsScheduler {
   // One of the scheduler's own commands, against it.
   std::string command(const std::vector<std::string>& line) const;
 
-  // Waits until no job is left to do.
-  void finishJobs() const;
+  // Waits until no job is left to do but those that filters have failed on, of which there are so
+  // many.
+  void finishJobs(std::size_t failed = 0) const;
 
   // What the scheduler noted of each job when it was done, a line of
   // "queue|title|copies|collation|media|quality|colour" each.
@@ -46,12 +50,18 @@ class CupsScheduler {
   // The bytes that have arrived of the largest document.
   std::uintmax_t received() const;
 
+  // A file of its own: what it notes is "error_log", below "spool/tmp" stand files of its filters,
+  // and below "server" those that an administrator has for reports.
+  std::string path(const std::string& name) const { return place_.path(name); }
+
   void kill() { process_->kill(); }
 
  private:
-  void writeFiles() const;
+  void writeFiles(Filters filters) const;
+  std::string addFilter() const;
 
   TemporaryDirectory place_;
+  TemporaryDirectory programs_;
   std::string port_ = Port().number();
   std::optional<Process> process_;
 };

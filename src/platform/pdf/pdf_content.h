@@ -178,7 +178,7 @@ class PdfContent {
   PdfTurn turn_;             // of the text matrix
   std::int64_t line_x_ = 0;  // of the text line, as written, thousandths
   std::int64_t line_y_ = 0;
-  std::int64_t pen_x_ = 0;  // behind the last text
+  std::int64_t pen_x_ = 0;  // behind the last text that is seen
 
   enum class Mark { none, text, decoration };
   bool marked_ = false;

@@ -1,5 +1,6 @@
 // Operators of texts (ISO 32000-1, 9.4).
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "base/byte_scan.h"
@@ -10,6 +11,7 @@ namespace qor {
 namespace {
 
 constexpr PdfTurn kUpright{};
+constexpr std::int64_t kNowhere = std::numeric_limits<std::int64_t>::min();
 
 std::int64_t thousandths(double length) {
   return std::llround(std::fmin(std::fmax(length, -1e9), 1e9) * 1000);
@@ -134,7 +136,9 @@ void PdfContent::show(PdfPoint place, const PdfTextStyle& style, std::string_vie
     appendSteps(codes, steps);
     bytes_ += "TJ\n";
   }
-  pen_x_ = thousandths(place.x + length);
+  // Ghostscript 10.0, which most queues print by, stays where it is at hidden letters.
+  const bool isHidden = style.mode == PdfTextMode::hidden;
+  pen_x_ = isHidden ? kNowhere : thousandths(place.x + length);
 }
 
 }  // namespace qor

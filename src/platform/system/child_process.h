@@ -20,8 +20,8 @@ using ChildWork = std::function<ChildAnswer(std::size_t id)>;
 class ChildProcess {
  public:
   // The process must have one thread. The child may take so many bytes of memory beyond what it
-  // starts with (0: what there is), and finds its pieces and leaves its answers where the standard
-  // input and output were. Throws SystemError where the system has no room for another process.
+  // starts with (0: what there is), and talks to its parent where the standard output was. Throws
+  // SystemError where the system has no room for another process.
   ChildProcess(const ChildWork& work, std::uint64_t bytes);
   // Ends it by force.
   ~ChildProcess();
@@ -35,7 +35,7 @@ class ChildProcess {
   bool give(std::size_t id) const;
 
   // Something comes from here when it answers or ends.
-  int answers() const { return answers_; }
+  int answers() const { return line_; }
 
   enum class State { working, answered, ended };
   // Takes what has come. Once it has answered, takeAnswer() is what it said.
@@ -54,8 +54,7 @@ class ChildProcess {
   int wait();
 
   int process_ = 0;  // none
-  int pieces_ = -1;
-  int answers_ = -1;
+  int line_ = -1;    // to it and from it
   std::string received_;
 };
 

@@ -11,6 +11,7 @@
 
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -61,7 +62,7 @@ std::string_view bytesOf(const Value& value) {
 // A number of few bytes comes whole or not at all.
 bool takePiece(std::size_t& id) {
   ssize_t count = 0;
-  do count = ::read(STDIN_FILENO, &id, sizeof id);
+  do count = ::read(STDOUT_FILENO, &id, sizeof id);
   while (count < 0 && errno == EINTR);
   return count == sizeof id;
 }
@@ -87,28 +88,33 @@ bool tell(const ChildAnswer& answer) {
   ::_exit(EXIT_SUCCESS);
 }
 
-// A pipe whose ends are closed with it.
-class Pipe {
+// Two ends of a line, closed with it.
+class Line {
  public:
-  Pipe() {
-    if (::pipe(ends_.data()) != 0)
-      throw SystemError(std::string("no pipe to another process: ") + std::strerror(errno));
+  Line() {
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends_.data()) != 0)
+      throw SystemError(std::string("no line to another process: ") + std::strerror(errno));
   }
-  ~Pipe() {
+  ~Line() {
     for (const int end : ends_)
       if (end >= 0) ::close(end);
   }
-  Pipe(const Pipe&) = delete;
-  Pipe& operator=(const Pipe&) = delete;
+  Line(const Line&) = delete;
+  Line& operator=(const Line&) = delete;
 
-  int out() const { return ends_[0]; }
-  int in() const { return ends_[1]; }
-  int takeOut() { return std::exchange(ends_[0], -1); }
-  int takeIn() { return std::exchange(ends_[1], -1); }
+  int ofChild() const { return ends_[1]; }
+  int takeOfParent() { return std::exchange(ends_[0], -1); }
 
  private:
   std::array<int, 2> ends_{-1, -1};
 };
+
+// Those that its parent holds are none of the child's business.
+void takeSignals() {
+  sigset_t none;
+  ::sigemptyset(&none);
+  ::sigprocmask(SIG_SETMASK, &none, nullptr);
+}
 
 std::string troubleOf(int status) {
   if (WIFEXITED(status)) return "ended with code " + std::to_string(WEXITSTATUS(status));
@@ -120,36 +126,33 @@ std::string troubleOf(int status) {
 }  // namespace
 
 ChildProcess::ChildProcess(const ChildWork& work, std::uint64_t bytes) {
-  Pipe pieces;
-  Pipe answers;
+  Line line;
   const pid_t parent = ::getpid();
   process_ = ::fork();
   if (process_ < 0)
     throw SystemError(std::string("no room for another process: ") + std::strerror(errno));
   if (process_ == 0) {
-    ::dup2(pieces.out(), STDIN_FILENO);
-    ::dup2(answers.in(), STDOUT_FILENO);
-    // Its own ends of the pipes among them: it must see when the other ones are closed.
+    takeSignals();
+    ::dup2(line.ofChild(), STDOUT_FILENO);
+    // The ends of other lines among them: those must close with the parent.
     ::close_range(STDERR_FILENO + 1, ~0U, 0);
     runChild(parent, bytes, work);
   }
-  pieces_ = pieces.takeIn();
-  answers_ = answers.takeOut();
+  line_ = line.takeOfParent();
 }
 
 ChildProcess::~ChildProcess() {
   wait();
-  ::close(pieces_);
-  ::close(answers_);
+  ::close(line_);
 }
 
 bool ChildProcess::give(std::size_t id) const {
-  return writeAll(pieces_, bytesOf(id));
+  return writeAll(line_, bytesOf(id));
 }
 
 ChildProcess::State ChildProcess::look() {
   std::array<char, 4096> bytes;
-  const ssize_t count = ::read(answers_, bytes.data(), bytes.size());
+  const ssize_t count = ::read(line_, bytes.data(), bytes.size());
   if (count < 0 && errno == EINTR) return State::working;
   if (count <= 0) return State::ended;
   received_.append(bytes.data(), static_cast<std::size_t>(count));

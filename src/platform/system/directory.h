@@ -10,6 +10,9 @@ namespace qor {
 // The directory of the start, with a closing "/"; empty where the system doesn't tell.
 std::string currentDirectory();
 
+// Where temporary files go, with no closing "/".
+std::string temporaryDirectory();
+
 // The program's file, and its directory with a closing "/": where they really are, whatever links
 // lead to them.
 std::string programFile();

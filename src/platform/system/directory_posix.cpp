@@ -1,4 +1,5 @@
 // Directories, on POSIX.
+#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <set>
@@ -70,6 +71,11 @@ bool isSameFile(const std::string& first, const std::string& second) {
 std::string currentDirectory() {
   std::error_code error;
   return closed(fs::current_path(error).string());
+}
+
+std::string temporaryDirectory() {
+  const char* named = std::getenv("TMPDIR");
+  return named == nullptr || *named == 0 ? "/tmp" : named;
 }
 
 std::string programFile() {

@@ -22,13 +22,17 @@ class UnfinishedName {
 // whoever started the program wants to be ignored stay so.
 void cleanUpOnSignals();
 
-// Keeps these signals away for a moment: between making a file and noting its name.
+// Keeps these signals away: between making a file and noting its name, or until what no name stands
+// for is cleared away.
 class HeldSignals {
  public:
   HeldSignals();
   ~HeldSignals();
   HeldSignals(const HeldSignals&) = delete;
   HeldSignals& operator=(const HeldSignals&) = delete;
+
+  // Whether one of them has come meanwhile.
+  static bool oneWaits();
 
  private:
   unsigned held_ = 0;  // a bit for each that nobody else holds

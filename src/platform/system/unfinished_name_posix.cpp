@@ -32,9 +32,13 @@ void leaveNothing(int number) {
   ::raise(number);
 }
 
+bool isIgnored(int number) {
+  struct sigaction action {};
+  return ::sigaction(number, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
 void cleanUpOn(int number) {
-  struct sigaction old {};
-  if (::sigaction(number, nullptr, &old) != 0 || old.sa_handler == SIG_IGN) return;
+  if (isIgnored(number)) return;
   struct sigaction action {};
   action.sa_handler = leaveNothing;
   action.sa_flags = static_cast<int>(SA_RESETHAND);
@@ -78,6 +82,14 @@ HeldSignals::HeldSignals() {
   ::pthread_sigmask(SIG_BLOCK, &all, &before);
   for (std::size_t i = 0; i < kEndSignals.size(); ++i)
     if (::sigismember(&before, kEndSignals[i]) == 0) held_ |= 1U << i;
+}
+
+bool HeldSignals::oneWaits() {
+  sigset_t waiting;
+  ::sigpending(&waiting);
+  return std::ranges::any_of(kEndSignals, [&waiting](int number) {
+    return ::sigismember(&waiting, number) == 1 && !isIgnored(number);
+  });
 }
 
 HeldSignals::~HeldSignals() {

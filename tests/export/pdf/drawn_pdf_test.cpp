@@ -78,6 +78,13 @@ TEST_F(DrawnPdf, giveBackTheTextOfEachLine) {
   EXPECT_EQ(textOf("r.pdf", "-raw"), expected + "\f" + expected + "\f");
 }
 
+// Most queues print by Ghostscript. 17 letters of 6 points reach as far.
+TEST_F(DrawnPdf, standInGhostscriptWhereTheyStand) {
+  EXPECT_EQ(draw("\xBA\xBA\xBA Alpha \xB3\xB3 Beta\r\n"), "");
+  const Outcome inked = run({"gs", "-q", "-o", "-", "-sDEVICE=bbox", "r.pdf"}, in(place_));
+  EXPECT_TRUE(inked.errors.starts_with("%%BoundingBox: 1 830 102 842\n")) << inked.errors;
+}
+
 // Frames are drawn also where no font has them.
 TEST_F(DrawnPdf, giveBackFramesThatAreNoLetters) {
   const std::string fonts = place_.write("fonts.conf", systemOf("OpenSymbol"));

@@ -6,10 +6,12 @@
 #include <utility>
 
 #include "base/errors.h"
+#include "base/path.h"
 #include "bulk/bulk_log.h"
 #include "bulk/export_plan.h"
 #include "bulk/report_export.h"
 #include "export/export_formats.h"
+#include "platform/system/directory.h"
 #include "platform/system/file_stamp.h"
 #include "platform/system/shared_counter.h"
 #include "platform/system/temporary_file.h"
@@ -28,6 +30,7 @@ class Workers {
   Workers(const BulkOptions& options, const std::vector<PlannedExport>& plan)
       : options_(options),
         plan_(plan),
+        jobs_(options.jobs),
         most_shares_(
             std::max<std::size_t>(1, options.jobs / std::max<std::size_t>(1, plan.size()))),
         log_(options, plan.size()),
@@ -36,7 +39,7 @@ class Workers {
 
   bool run() {
     while (next_ < plan_.size() || children_.running() > 0) {
-      while (children_.running() < options_.jobs && next_ < plan_.size()) start();
+      while (children_.running() < jobs_ && next_ < plan_.size()) start();
       for (const ChildEnd& end : children_.wait(kLongestWait)) take(end);
     }
     return !log_.anyFailed();
@@ -47,7 +50,7 @@ class Workers {
   struct Report {
     Clock::time_point start{};
     std::optional<SharedCounter> counter{};  // where several processes share its pages
-    std::size_t shares = 1;                  // that haven't ended
+    std::size_t shares = 0;                  // that haven't ended
     std::optional<BulkAnswer> answer{};      // of those that have
   };
 
@@ -72,14 +75,28 @@ class Workers {
     const PlannedExport& planned = plan_[next_];
     Report& report = reports_[next_];
     report.start = Clock::now();
+    report.shares = 1;
     std::string kind = placesOf(planned);
     if (isShared(planned)) {
       report.counter.emplace();
       report.shares = most_shares_;
       kind += '\0' + std::to_string(next_);
     }
-    for (std::size_t i = 0; i < report.shares; ++i) children_.start(next_, kind);
-    ++next_;
+    for (std::size_t i = 0; i < report.shares; ++i)
+      if (!startProcess(kind)) report.shares = i;
+    if (report.shares > 0) ++next_;
+  }
+
+  // Where the system has no room for a further process beside those at work, they are enough.
+  bool startProcess(const std::string& kind) {
+    try {
+      children_.start(next_, kind);
+      return true;
+    } catch (const SystemError&) {
+      if (children_.running() == 0) throw;
+      jobs_ = children_.running();
+      return false;
+    }
   }
 
   void take(const ChildEnd& end) {
@@ -97,6 +114,7 @@ class Workers {
 
   const BulkOptions& options_;
   const std::vector<PlannedExport>& plan_;
+  std::size_t jobs_;
   std::size_t most_shares_;
   BulkLog log_;
   std::vector<Report> reports_;
@@ -104,6 +122,12 @@ class Workers {
   bool is_walled_ = false;
   ChildRuns children_;
 };
+
+// Those of barcodes, which nobody will ever find beside a temporary file.
+void deletePicturesBeside(const std::string& file) {
+  const std::string start = std::string(baseNameOf(file)) + "_";
+  deleteFiles(filesStartingWith(std::string(directoryOf(file)), start), {});
+}
 
 }  // namespace
 
@@ -119,6 +143,8 @@ bool runExports(const BulkOptions& options) {
   if (input) input->takeInput();
   rehearse(options);
   const bool done = Workers(options, plan).run();
+  for (const auto* file : {&input, &output})
+    if (*file) deletePicturesBeside((*file)->path());
   if (output && done) output->giveToOutput();
   return done;
 }

@@ -9,16 +9,25 @@
 namespace qor {
 namespace {
 
-void append(std::string& json, char32_t letter) {
-  if (letter == U'"' || letter == U'\\') {
-    json += '\\';
-    json += static_cast<char>(letter);
-  } else if (letter < U' ') {
-    std::array<char, 8> escape{};
-    std::snprintf(escape.data(), escape.size(), "\\u%04x", static_cast<unsigned>(letter));
-    json += escape.data();
+void appendUnit(std::string& json, unsigned unit) {
+  std::array<char, 8> escape{};
+  std::snprintf(escape.data(), escape.size(), "\\u%04x", unit);
+  json += escape.data();
+}
+
+// Names of files may hold bytes that are no UTF-8: they become the units that Python reads them
+// back from (PEP 383).
+void append(std::string& json, std::string_view character) {
+  constexpr unsigned kOfBytes = 0xDC00;
+  const auto byte = static_cast<unsigned char>(character.front());
+  if (character == "\"" || character == "\\") {
+    (json += '\\') += character;
+  } else if (byte < ' ') {
+    appendUnit(json, byte);
+  } else if (character.size() == 1 && byte >= 0x80) {
+    appendUnit(json, kOfBytes + byte);
   } else {
-    appendUtf8(json, letter);
+    json += character;
   }
 }
 
@@ -26,8 +35,11 @@ void append(std::string& json, char32_t letter) {
 
 std::string jsonText(std::string_view text) {
   std::string json = "\"";
-  const std::u32string letters = codePointsFromUtf8(text);
-  for (const char32_t letter : letters) append(json, letter);
+  while (!text.empty()) {
+    const std::string_view character = firstCharacters(text, 1);
+    append(json, character);
+    text.remove_prefix(character.size());
+  }
   return json += '"';
 }
 

@@ -6,7 +6,7 @@
 
 namespace qor {
 
-// A text with its quotes. Bytes that are no UTF-8 become U+FFFD.
+// A text with its quotes. Bytes that are no UTF-8 become "\udc80" to "\udcff".
 std::string jsonText(std::string_view text);
 
 }  // namespace qor

@@ -53,12 +53,13 @@ std::vector<std::string> filesOf(const ExportTask& task, const BulkFormat& forma
   return format.pictures ? pictureFiles(task) : std::vector{task.target};
 }
 
-// Whether all files of the export are there and newer than the report.
+// Whether all files of the export are there and newer than the report, or its coming under this
+// name: one that is moved keeps the time of its contents.
 bool isDone(const ExportTask& task, const BulkFormat& format) {
-  const auto report = fileStamp(AppOptions.FileName);
+  const auto report = lastChange(AppOptions.FileName);
   return report && std::ranges::all_of(filesOf(task, format), [&report](const std::string& file) {
            const auto stamp = fileStamp(file);
-           return stamp && stamp->modified > report->modified;
+           return stamp && stamp->modified > *report;
          });
 }
 
@@ -75,6 +76,7 @@ BulkAnswer run(const BulkOptions& options, const ExportPart& part, Reasons& reas
   BulkAnswer answer;
   if (!VDoc::OpenFile()) return answer;
   VDoc doc;
+  doc.MayGrow = false;
   doc.ScanPages(false);
   if (doc.Settings.ReloadSet() != 0) reasons.add("the set of settings isn't there");
   ExportTask task = commandLineTask(doc, AppOptions.ExportTarget, runOptions());

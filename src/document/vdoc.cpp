@@ -108,7 +108,7 @@ void VDoc::noteFile(const InputFile& file) {
 void VDoc::RequireSameFile() const {
   const auto now = fileStamp(AppOptions.FileName);
   if (now == scanned_) return;
-  const bool grown = now && now->file == scanned_.file && now->size > scanned_.size;
+  const bool grown = MayGrow && now && now->file == scanned_.file && now->size > scanned_.size;
   if (!grown || sampleOf(InputFile(AppOptions.FileName), scanned_.size) != sample_)
     throw ReportError(AppOptions.FileName + ": the report has changed since its pages were found");
 }

@@ -61,6 +61,8 @@ class VDoc {
   // written anew since: what was read of it may not belong together. One that has only grown, as
   // far as a look here and there tells, is.
   void RequireSameFile() const;
+  // False where a report that has grown is another one, too: what was added is not to be missed.
+  bool MayGrow = true;
 
   // Reads the pages before this one that have not been read yet. Does nothing where the file can't
   // be opened; throws as GetPage.

@@ -169,7 +169,8 @@ TEST(QorExport, goesOnBehindFailures) {
   const TemporaryDirectory place;
   std::string list;
   for (int i = 0; i < 200; ++i) {
-    const std::string name = "in/" + std::to_string(i);
+    // One with a byte that is no letter.
+    const std::string name = "in/" + (i == 7 ? "\xC8" : std::to_string(i));
     if (i % 10 != 3) place.write(name, pages(3));
     list += name + "\n";
   }
@@ -180,16 +181,17 @@ TEST(QorExport, goesOnBehindFailures) {
   EXPECT_EQ(countOf("\n", outcome.errors), 20U);
   EXPECT_NE(outcome.errors.find("in/13: "), std::string::npos) << outcome.errors;
   EXPECT_EQ(countOf(" ", namesIn(place, "out/")), 180U);
-  const Outcome sums = run({"/usr/bin/python3", "-c",
-                            "import json,sys,os\n"
-                            "rows=[json.loads(l) for l in sys.argv[1].splitlines()]\n"
-                            "done=[r for r in rows if r['result']=='done']\n"
-                            "bad=[r for r in rows if r['result']=='failed']\n"
-                            "print(len(rows),len(done),sum(r['pages'] for r in done),\n"
-                            " all(r['reason'] for r in bad),\n"
-                            " all(os.path.getsize(r['target'])==r['bytes'] for r in done))",
-                            outcome.output},
-                           in(place));
+  const Outcome sums =
+      run({"/usr/bin/python3", "-c",
+           "import json,sys,os\n"
+           "rows=[json.loads(l) for l in sys.argv[1].splitlines()]\n"
+           "done=[r for r in rows if r['result']=='done']\n"
+           "bad=[r for r in rows if r['result']=='failed']\n"
+           "print(len(rows),len(done),sum(r['pages'] for r in done),\n"
+           " all(r['reason'] for r in bad),\n"
+           " all(os.path.getsize(os.fsencode(r['target']))==r['bytes'] for r in done))",
+           outcome.output},
+          in(place));
   EXPECT_EQ(sums.told(), "0:200 180 540 True True\n");
   EXPECT_EQ(runExports(place, "--fail-fast -j 1 -o fast/{stem}.txt in/1 in/3 in/4").exitCode, 1);
   EXPECT_EQ(namesIn(place, "fast/"), "1.txt ");
@@ -214,10 +216,38 @@ TEST(QorExport, leavesOutWhatIsNewer) {
         place.path("r"), std::filesystem::file_time_type::clock::now() + std::chrono::hours(1));
     EXPECT_EQ(results(arguments), done) << arguments;
   }
+  // One that comes in the place of another, with an older time.
+  place.write("old", pages(2));
+  std::filesystem::last_write_time(place.path("old"), std::filesystem::file_time_type::min());
+  std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  std::filesystem::rename(place.path("old"), place.path("r"));
+  EXPECT_EQ(results("-o r.pdf r"), done);
+  EXPECT_EQ(results("-o r.pdf r"), skipped);
   std::filesystem::remove(place.path("p2.gif"));
   std::filesystem::last_write_time(place.path("r"), std::filesystem::file_time_type::min());
   EXPECT_EQ(results("-o p{page}.gif -t gif r"), done);
   EXPECT_TRUE(place.has("p2.gif"));
+}
+
+// What was added is not to be missed by the next run.
+TEST(QorExport, refusesReportsThatGrowMeanwhile) {
+  const TemporaryDirectory place;
+  place.write("r", longReport());
+  Process exporter({QOR_EXPORT_PROGRAM, "-o", "p.png", "r"}, withoutLeakCheck(in(place)));
+  while (!place.has("p(9).png")) std::this_thread::yield();
+  std::ofstream(place.path("r"), std::ios::app) << "\fThe last page\r\n";
+  const Outcome outcome = exporter.wait();
+  EXPECT_EQ(outcome.exitCode, 1);
+  EXPECT_EQ(countOf("has changed", outcome.errors), 1U) << outcome.errors;
+}
+
+// Fewer processes do it where there is no room for more.
+TEST(QorExport, makesDoWithWhatTheSystemHas) {
+  const TemporaryDirectory place;
+  for (int i = 0; i < 60; ++i) place.write("in/" + std::to_string(i), pages(2));
+  const Outcome outcome =
+      runShell(place, "ulimit -n 24; $Q -j 50 -t txt -o 'out/{stem}.txt' in/*; ls out | wc -l");
+  EXPECT_EQ(outcome.told(), "0:60\n");
 }
 
 TEST(QorExport, readsAndWritesStreams) {
@@ -228,6 +258,10 @@ TEST(QorExport, readsAndWritesStreams) {
   EXPECT_NE(direct.find("Page 2"), std::string::npos);
   EXPECT_EQ(runShell(place, "$Q -t txt -o - - < r").told(), "0:" + direct);
   EXPECT_EQ(runShell(place, "$Q -o out/{stem}.txt - < r; cat out/stdin.txt").told(), "0:" + direct);
+  place.write("code",
+              "<barcode br_type=EAN_8 value=\"9638507\" left=28 top=20 right=84 bottom=42/>");
+  runShell(place, "mkdir tmp; TMPDIR=tmp $Q -t pdf -o - - < code >c.pdf");
+  EXPECT_EQ(namesIn(place, "tmp/"), "");
   EXPECT_EQ(runShell(place, "cat list | $Q -f - -o l.txt; cat l.txt").told(), "0:" + direct);
   const Outcome closed = runShell(place, "exec 3>&1; ($Q -o - -t pdf r; echo $? >&3) | true");
   EXPECT_TRUE(closed.output == "0\n" || closed.output == "1\n");

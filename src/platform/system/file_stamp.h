@@ -18,4 +18,7 @@ struct FileStamp {
 // Nothing where there is no such file.
 std::optional<FileStamp> fileStamp(const std::string& path);
 
+// The last change of a file's contents, or of its name or rights, in ns since 1970.
+std::optional<std::int64_t> lastChange(const std::string& path);
+
 }  // namespace qor

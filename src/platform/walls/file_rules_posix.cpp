@@ -133,6 +133,9 @@ class Ruleset {
 std::string restrictFiles(const WallPlan& plan) {
   const long version =
       ::syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
+  // A kernel that doesn't know it, or isn't to use it.
+  if (version < 0 && errno != ENOSYS && errno != EOPNOTSUPP)
+    return std::string("Landlock: ") + std::strerror(errno);
   if (version < 1) return {};
   Ruleset rules(handledBy(version, plan.readable.has_value()));
   for (const std::string& directory : plan.writable)

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <new>
-#include <sstream>
 
 #include "app/command_line.h"
 #include "app/run_wall.h"
@@ -72,35 +71,41 @@ void countFiles(const ExportTask& task, BulkAnswer& answer) {
   }
 }
 
-BulkAnswer run(const BulkOptions& options, const ExportPart& part, Reasons& reasons) {
-  BulkAnswer answer;
-  if (!VDoc::OpenFile()) return answer;
-  VDoc doc;
-  doc.MayGrow = false;
-  doc.ScanPages(false);
-  if (doc.Settings.ReloadSet() != 0) reasons.add("the set of settings isn't there");
+ExportTask taskOf(VDoc& doc, const BulkOptions& options, const ExportPart& part) {
   ExportTask task = commandLineTask(doc, AppOptions.ExportTarget, runOptions());
   task.pages = options.pages;
   task.processors = part.processors;
   task.share = part.share;
-  if (task.target.find("{page}") != task.target.npos) {
-    task.pictureName = [&task](std::int32_t page) { return withPage(task.target, page); };
-  }
+  if (task.target.find("{page}") != task.target.npos)
+    task.pictureName = [target = task.target](std::int32_t page) { return withPage(target, page); };
+  return task;
+}
+
+BulkAnswer runTask(ExportTask& task, const BulkOptions& options, Reasons& reasons) {
+  BulkAnswer answer;
   answer.pages = task.pageCount();
-  if (answer.pages == 0 && doc.PageCount > 0) {
+  if (answer.pages == 0 && task.doc.PageCount > 0) {
     reasons.add("it has none of these pages");
-    return answer;
-  }
-  if (options.ifNewer && isDone(task, options.format)) {
+  } else if (options.ifNewer && isDone(task, options.format)) {
     answer.result = BulkResult::skipped;
-    return answer;
+  } else {
+    const ExportResult result = runExport(*formatOf(task.target), task);
+    reasons.add(task.notice);
+    countFiles(task, answer);
+    if (result != ExportResult::stopped && (answer.files > 0 || task.share != nullptr))
+      answer.result = BulkResult::done;
   }
-  const ExportResult result = runExport(*formatOf(task.target), task);
-  reasons.add(task.notice);
-  countFiles(task, answer);
-  if (result != ExportResult::stopped && (answer.files > 0 || part.share != nullptr))
-    answer.result = BulkResult::done;
   return answer;
+}
+
+BulkAnswer run(const BulkOptions& options, const ExportPart& part, Reasons& reasons) {
+  if (!VDoc::OpenFile()) return {};
+  VDoc doc;
+  doc.MayGrow = false;
+  doc.ScanPages(false);
+  if (doc.Settings.ReloadSet() != 0) reasons.add("the set of settings isn't there");
+  ExportTask task = taskOf(doc, options, part);
+  return runTask(task, options, reasons);
 }
 
 // A large report leaves its memory with the process.
@@ -108,12 +113,6 @@ bool isSmall(const std::string& report) {
   constexpr std::uint64_t kLargest = 1 << 20;
   const auto stamp = fileStamp(report);
   return stamp && stamp->size <= kLargest;
-}
-
-BulkAnswer failure(const std::string& reason) {
-  BulkAnswer answer;
-  answer.reason = reason;
-  return answer;
 }
 
 }  // namespace
@@ -140,17 +139,6 @@ BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options
   return answer;
 }
 
-BulkAnswer joined(const BulkAnswer& first, const BulkAnswer& second) {
-  const auto failed = [](const BulkAnswer& each) { return each.result == BulkResult::failed; };
-  BulkAnswer whole = failed(second) ? second : first;
-  if (!failed(whole)) whole.result = std::min(first.result, second.result);
-  whole.pages = std::max(first.pages, second.pages);
-  whole.files = first.files + second.files;
-  whole.bytes = first.bytes + second.bytes;
-  if (whole.reason.empty()) whole.reason = first.reason;
-  return whole;
-}
-
 void rehearse(const BulkOptions& options) {
   const MessageSink silence([](MessageKind, std::string_view) {});
   try {
@@ -166,26 +154,6 @@ void rehearse(const BulkOptions& options) {
   } catch (const std::exception&) {
     return;
   }
-}
-
-std::string written(const BulkAnswer& answer) {
-  std::ostringstream text;
-  text << static_cast<int>(answer.result) << ' ' << answer.pages << ' ' << answer.bytes << ' '
-       << answer.files << ' ' << answer.reason;
-  return std::move(text).str();
-}
-
-BulkAnswer readAnswer(const std::string& text) {
-  std::istringstream words(text);
-  int result = 0;
-  BulkAnswer answer;
-  if (!(words >> result >> answer.pages >> answer.bytes >> answer.files) || result < 0 ||
-      result > static_cast<int>(BulkResult::failed))
-    return failure("it gave no answer");
-  answer.result = static_cast<BulkResult>(result);
-  words.get();
-  std::getline(words, answer.reason);
-  return answer;
 }
 
 }  // namespace qor

@@ -36,6 +36,12 @@ std::string jsonLine(const PlannedExport& planned, const BulkAnswer& answer,
   return line + "}";
 }
 
+std::string barOf(std::size_t done, std::size_t all) {
+  constexpr std::size_t kWidth = 24;
+  const std::size_t full = kWidth * done / std::max<std::size_t>(all, 1);
+  return "[" + std::string(full, '#') + std::string(kWidth - full, '.') + "]";
+}
+
 std::string clockText(double seconds) {
   const auto whole = static_cast<long>(seconds);
   const std::string rest = std::to_string(whole % 60);
@@ -73,8 +79,9 @@ void BulkLog::showProgress() {
   const double seconds = std::chrono::duration<double>(now - start_).count();
   const double rate = static_cast<double>(ended_) / std::max(seconds, 0.001);
   const double left = static_cast<double>(reports_ - ended_) / std::max(rate, 0.001);
-  std::fprintf(stderr, "\r\033[K%zu of %zu, %zu failed, %.1f reports/s, %s left", ended_, reports_,
-               failed_, rate, clockText(left).c_str());
+  std::fprintf(stderr, "\r\033[K%s %zu of %zu, %zu failed, %.1f reports/s, %s left",
+               barOf(ended_, reports_).c_str(), ended_, reports_, failed_, rate,
+               clockText(left).c_str());
   std::fflush(stderr);
   is_shown_ = true;
 }

@@ -272,6 +272,20 @@ TEST(QorExport, readsAndWritesStreams) {
   EXPECT_TRUE(place.has("x.txt"));
 }
 
+// On a terminal only, and out of the way of what is told.
+TEST(QorExport, showsHowFarItIs) {
+  const TemporaryDirectory place;
+  place.write("r", pages(2));
+  const std::string exports = "$Q -j1 --progress -o {stem}.txt r missing";
+  const std::string shown = runShell(place, "script -qec '" + exports + "' /dev/null").output;
+  const std::string clear = "\r\033[K";
+  EXPECT_EQ(shown.find(clear + "[############............] 1 of 2, 0 failed, "), 0U) << shown;
+  EXPECT_NE(shown.find("left" + clear + "missing: "), std::string::npos) << shown;
+  EXPECT_NE(shown.find(clear + "[########################] 2 of 2, 1 failed, "), std::string::npos);
+  EXPECT_TRUE(shown.ends_with(" 0:00 left" + clear)) << shown;
+  EXPECT_EQ(countOf("\n", runShell(place, exports).errors), 1U);
+}
+
 TEST(QorExport, endsReportsThatTakeTooMuch) {
   const TemporaryDirectory place;
   place.write("long", longReport());

@@ -152,7 +152,12 @@ BatchExport exportInShares(const std::function<void()>& raiseWall) {
   SharedCounter counter;
   Shares shares;
   ChildRuns children([&](std::size_t) { return exportShare(counter, raiseWall); }, {});
-  for (std::size_t i = 0; i < processorCount(); ++i) children.start(i, {});
+  try {
+    for (std::size_t i = 0; i < processorCount() && children.start(i, {}); ++i) continue;
+  } catch (const SystemError&) {
+    // No room for a single process: this one does it.
+    return exportHere(raiseWall);
+  }
   while (children.running() > 0)
     for (const ChildEnd& end : children.wait(kLongestWait)) shares.add(end);
   shares.tell();

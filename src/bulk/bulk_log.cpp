@@ -52,6 +52,7 @@ std::string clockText(double seconds) {
 
 BulkLog::BulkLog(const BulkOptions& options, std::size_t reports)
     : json_(options.json), progress_(options.progress && errorIsTerminal()), reports_(reports) {
+  if (progress_) showProgress();
 }
 
 BulkLog::~BulkLog() {
@@ -81,7 +82,7 @@ void BulkLog::showProgress() {
   const double left = static_cast<double>(reports_ - ended_) / std::max(rate, 0.001);
   std::fprintf(stderr, "\r\033[K%s %zu of %zu, %zu failed, %.1f reports/s, %s left",
                barOf(ended_, reports_).c_str(), ended_, reports_, failed_, rate,
-               clockText(left).c_str());
+               ended_ == 0 ? "-:--" : clockText(left).c_str());
   std::fflush(stderr);
   is_shown_ = true;
 }

@@ -100,13 +100,14 @@ void takeTimeout(BulkOptions& options, const std::string& value) {
 
 // Bytes, or with K, M or G behind the number.
 void takeMemory(BulkOptions& options, const std::string& value) {
-  constexpr std::string_view kUnits = "KMG";
-  constexpr std::uint64_t kMost = std::uint64_t{1} << 34U;
+  constexpr std::string_view kUnits = "kmg";
+  constexpr std::uint64_t kMost = std::uint64_t{1} << 50U;
   std::string_view number = value;
-  const auto unit = number.empty() ? kUnits.npos : kUnits.find(number.back());
+  const auto unit =
+      number.empty() ? kUnits.npos : kUnits.find(lowerAscii(number.substr(number.size() - 1)));
   if (unit != kUnits.npos) number.remove_suffix(1);
   const std::uint64_t shift = unit == kUnits.npos ? 0 : 10 * (unit + 1);
-  options.limits.bytes = numberOf("memory", number, std::uint64_t{1}, kMost) << shift;
+  options.limits.bytes = numberOf("memory", number, std::uint64_t{1}, kMost >> shift) << shift;
 }
 
 constexpr OptionRow kRows[] = {

@@ -28,6 +28,9 @@ std::vector<PlannedExport> planExports(const BulkOptions& options,
 // have it in common may follow each other behind one wall.
 std::string placesOf(const PlannedExport& planned);
 
+// Whether the targets of pages tell their numbers where the template says so.
+bool namesPages(const BulkOptions& options);
+
 // A target with the number of a page in it.
 std::string withPage(const std::string& target, std::int32_t page);
 

@@ -2,6 +2,7 @@
 
 #include "app/program_start.h"
 #include "base/app_options.h"
+#include "base/errors.h"
 #include "bulk/bulk_options.h"
 #include "bulk/bulk_run.h"
 #include "platform/system/failure.h"
@@ -16,11 +17,17 @@ constexpr int kExitDone = 0;
 constexpr int kExitFailed = 1;
 constexpr int kExitUsage = 2;
 
+int tell(const std::string& text) {
+  if (!writeOutput(text))
+    throw FileError("the standard output can't be written", ErrorKind::cannotWrite);
+  return kExitDone;
+}
+
 int exportReports(int argc, char** argv) {
   const BulkOptions options = readBulkOptions(argc, argv);
   switch (options.task) {
-    case BulkTask::help: writeOutput(bulkHelp()); return kExitDone;
-    case BulkTask::version: writeOutput("qorexport " + AppOptions.ProgramVersion); return kExitDone;
+    case BulkTask::help: return tell(bulkHelp());
+    case BulkTask::version: return tell("qorexport " + AppOptions.ProgramVersion);
     default: return runExports(options) ? kExitDone : kExitFailed;
   }
 }

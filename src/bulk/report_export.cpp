@@ -9,6 +9,7 @@
 #include "base/app_options.h"
 #include "base/path.h"
 #include "base/run_options.h"
+#include "document/side_picture.h"
 #include "document/vdoc.h"
 #include "export/export_formats.h"
 #include "export/image/picture_names.h"
@@ -18,6 +19,7 @@
 #include "platform/system/locale.h"
 #include "platform/system/messages.h"
 #include "platform/system/temporary_file.h"
+#include "platform/walls/places.h"
 
 namespace qor {
 namespace {
@@ -76,7 +78,7 @@ ExportTask taskOf(VDoc& doc, const BulkOptions& options, const ExportPart& part)
   task.pages = options.pages;
   task.processors = part.processors;
   task.share = part.share;
-  if (task.target.find("{page}") != task.target.npos)
+  if (options.format.pictures && (namesPages(options) || options.target == "-"))
     task.pictureName = [target = task.target](std::int32_t page) { return withPage(target, page); };
   return task;
 }
@@ -86,6 +88,8 @@ BulkAnswer runTask(ExportTask& task, const BulkOptions& options, Reasons& reason
   answer.pages = task.pageCount();
   if (answer.pages == 0 && task.doc.PageCount > 0) {
     reasons.add("it has none of these pages");
+  } else if (options.target == "-" && options.format.pictures && answer.pages != 1) {
+    reasons.add("the standard output has room for the picture of one page, which --pages names");
   } else if (options.ifNewer && isDone(task, options.format)) {
     answer.result = BulkResult::skipped;
   } else {
@@ -124,7 +128,8 @@ BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options
   BulkAnswer answer;
   try {
     setOptions(planned, options);
-    makeDirectories(std::string(directoryOf(AppOptions.ExportTarget)));
+    tellRefusedPicturesAgain();
+    makeDirectories(placeOf(AppOptions.ExportTarget));
     if (!part.isWalled) raiseRunWall(kRunExport);
     answer = run(options, part, reasons);
   } catch (const std::bad_alloc&) {
@@ -142,8 +147,8 @@ BulkAnswer exportReport(const PlannedExport& planned, const BulkOptions& options
 void rehearse(const BulkOptions& options) {
   const MessageSink silence([](MessageKind, std::string_view) {});
   try {
-    const TemporaryFile report("");
-    const TemporaryFile target(std::string(options.format.extension));
+    const TemporaryFile report("report");
+    const TemporaryFile target("report" + std::string(options.format.extension));
     report.fill("Report <b>1<b/> <i>2<i/>\r\n");
     BulkOptions all = options;
     all.pages = PageRanges();

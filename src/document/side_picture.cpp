@@ -16,11 +16,11 @@ namespace qor {
 namespace {
 
 bool untold = false;
+bool warned = false;
 NewSidePictures* current = nullptr;
 
 // A directory that can't be written would be told for each barcode of each page.
 void warnOnce(const char* text) {
-  static bool warned = false;
   if (!untold && !std::exchange(warned, true)) showWarning(text);
 }
 
@@ -45,6 +45,10 @@ void saveSidePicture(const Rect& rect, int dpi, const std::vector<std::string>& 
   } catch (const FileError& error) {
     warnOnce(error.what());
   }
+}
+
+void tellRefusedPicturesAgain() {
+  warned = false;
 }
 
 NewSidePictures::NewSidePictures() : before_(std::exchange(current, this)) {

@@ -17,6 +17,9 @@ struct Rect;
 void saveSidePicture(const Rect& rect, int dpi, const std::vector<std::string>& names,
                      const std::function<void(Canvas&)>& draw);
 
+// For the next report: what its directory refuses is told again.
+void tellRefusedPicturesAgain();
+
 // Takes back the pictures that were made in its life and weren't there before, unless they are
 // kept: an export that comes to nothing leaves nothing.
 class NewSidePictures {

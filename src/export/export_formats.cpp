@@ -39,8 +39,8 @@ constexpr ExportFormat kFormats[] = {
     {kExportSheets, "Spreadsheet", kSheets, PageMode::sheets, ExportSheets, kReadsBack},
 };
 
-// Some twenty pages, bytes: pictures of fewer are made before other processes have begun.
-constexpr std::uint64_t kShared = 64 << 10;
+// Bytes of some plain pages: pictures of fewer are made before other processes have begun.
+constexpr std::uint64_t kShared = 16 << 10;
 
 // Null where it is none of the format's.
 const ExportExtension* find(const ExportFormat& format, std::string_view extension) {

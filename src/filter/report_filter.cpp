@@ -14,8 +14,8 @@
 #include "base/app_options.h"
 #include "base/errors.h"
 #include "bulk/report_export.h"
+#include "bulk/settings_check.h"
 #include "document/code_page.h"
-#include "document/vset.h"
 #include "filter/filter_job.h"
 #include "platform/system/child_runs.h"
 #include "platform/system/directory.h"
@@ -53,11 +53,7 @@ void refuseUnknown(const FilterJob& job) {
   if (job.codePage != 0 && !isKnownCodePage(job.codePage))
     throw UsageError(std::string(kCodePageOption) + ": code page " + std::to_string(job.codePage) +
                      " is unknown");
-  std::vector<std::string> names;
-  if (!job.setName.empty()) VSet::ListSetNames(names);
-  if (!job.setName.empty() && std::ranges::find(names, job.setName) == names.end())
-    throw UsageError(std::string(kSettingsOption) + ": there is no set \"" + job.setName +
-                     "\" in " + AppOptions.IniFileName);
+  if (!job.setName.empty()) requireSet(AppOptions.IniFileName, job.setName);
 }
 
 BulkOptions optionsOf(const FilterJob& job) {

@@ -50,6 +50,13 @@ TEST(LongReports, comeOutTheSameOnOneProcessorAndOnAll) {
   const Outcome differences = run({"diff", "-r", "one", "all"}, in(place));
   EXPECT_EQ(differences.told(), "0:");
   EXPECT_TRUE(place.has("all/p(260).png"));
+  const Outcome told =
+      run(joined(exporter, wordsOf("--json -o p.png r.txt")), withoutLeakCheck(in(place)));
+  std::uintmax_t bytes = 0;
+  for (int page = 1; page <= 260; ++page)
+    bytes += std::filesystem::file_size(place.path("p(" + std::to_string(page) + ").png"));
+  const std::string sums = "\"files\":260,\"pages\":260,\"bytes\":" + std::to_string(bytes) + ",";
+  EXPECT_NE(told.output.find(sums), std::string::npos) << told.output << sums;
   EXPECT_FALSE(place.has("all/260.gif"));
   EXPECT_TRUE(place.has("all/259.gif"));
 }

@@ -17,6 +17,7 @@
 
 #include "base/errors.h"
 #include "platform/system/child_process.h"
+#include "platform/system/unfinished_name.h"
 
 namespace qor {
 namespace {
@@ -133,6 +134,7 @@ ChildProcess::ChildProcess(const ChildWork& work, std::uint64_t bytes) {
     throw SystemError(std::string("no room for another process: ") + std::strerror(errno));
   if (process_ == 0) {
     takeSignals();
+    forgetUnfinishedNames();
     ::dup2(line.ofChild(), STDOUT_FILENO);
     // The ends of other lines among them: those must close with the parent.
     ::close_range(STDERR_FILENO + 1, ~0U, 0);

@@ -34,9 +34,10 @@ class ChildRuns {
   ChildRuns(const ChildRuns&) = delete;
   ChildRuns& operator=(const ChildRuns&) = delete;
 
-  // Begins a piece of work. Those of one kind may follow each other in a process. Throws
-  // SystemError where the system has no room for another process.
-  void start(std::size_t id, std::string_view kind);
+  // Begins a piece of work. Those of one kind may follow each other in a process. False where the
+  // system has no room for another process beside those at work. Throws SystemError where it has
+  // none at all.
+  bool start(std::size_t id, std::string_view kind);
 
   // Pieces at hand.
   std::size_t running() const { return busy_.size(); }
@@ -60,6 +61,7 @@ class ChildRuns {
   using Children = std::list<Child>;
 
   Children free(std::size_t id, std::string_view kind);
+  Children fork(std::size_t id, std::string_view kind) const;
   std::chrono::milliseconds untilNextEnd(std::chrono::milliseconds longest) const;
   void endLate();
   ChildEnd endOf(Children::iterator child, ChildProcess::State state);

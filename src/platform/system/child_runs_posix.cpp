@@ -4,6 +4,7 @@
 
 #include <poll.h>
 
+#include "base/errors.h"
 #include "platform/system/child_runs.h"
 
 namespace qor {
@@ -36,16 +37,27 @@ ChildRuns::Children ChildRuns::free(std::size_t id, std::string_view kind) {
   return taken;
 }
 
-void ChildRuns::start(std::size_t id, std::string_view kind) {
-  Children started = free(id, kind);
-  if (started.empty()) {
-    started.emplace_back(work_, limits_.bytes, kind);
-    started.front().process.give(id);
+// A new one; none where there is no room beside those at work.
+ChildRuns::Children ChildRuns::fork(std::size_t id, std::string_view kind) const {
+  Children forked;
+  try {
+    forked.emplace_back(work_, limits_.bytes, kind);
+    forked.front().process.give(id);
+  } catch (const SystemError&) {
+    if (busy_.empty()) throw;
   }
+  return forked;
+}
+
+bool ChildRuns::start(std::size_t id, std::string_view kind) {
+  Children started = free(id, kind);
+  if (started.empty()) started = fork(id, kind);
+  if (started.empty()) return false;
   started.front().id = id;
   started.front().end =
       limits_.time.count() == 0 ? Clock::time_point::max() : Clock::now() + limits_.time;
   busy_.splice(busy_.end(), started);
+  return true;
 }
 
 std::chrono::milliseconds ChildRuns::untilNextEnd(std::chrono::milliseconds longest) const {

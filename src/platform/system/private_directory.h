@@ -1,9 +1,12 @@
 // A directory for files of this run, which goes with the object and all that is in it. A signal
-// that ends the program leaves it: hold signals as long.
+// that ends the program takes it away where it is empty: hold signals where that isn't enough.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "platform/system/unfinished_name.h"
 
 namespace qor {
 
@@ -20,6 +23,8 @@ class PrivateDirectory {
 
  private:
   std::string path_;
+  int parent_;  // open
+  std::optional<UnfinishedName> name_;
 };
 
 }  // namespace qor

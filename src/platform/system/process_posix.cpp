@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <utility>
 
 #include <fcntl.h>
 #include <malloc.h>
@@ -14,11 +15,14 @@
 namespace qor {
 namespace {
 
-// A file that took the place of a closed standard stream would get what is told there.
+// A file that took the place of a closed standard stream would get what is told there. What stands
+// there instead can be neither read nor written: whoever needs the stream is to notice.
 void openStandardStreams() {
-  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+  for (const auto& [stream, mode] :
+       {std::pair(STDIN_FILENO, O_WRONLY), std::pair(STDOUT_FILENO, O_RDONLY),
+        std::pair(STDERR_FILENO, O_RDWR)}) {
     // The system gives the lowest number that is free.
-    if (::fcntl(stream, F_GETFD) < 0 && errno == EBADF) ::open("/dev/null", O_RDWR);
+    if (::fcntl(stream, F_GETFD) < 0 && errno == EBADF) ::open("/dev/null", mode);
   }
 }
 

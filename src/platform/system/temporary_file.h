@@ -6,15 +6,16 @@
 #include <string>
 #include <string_view>
 
+#include "platform/system/private_directory.h"
 #include "platform/system/unfinished_name.h"
 
 namespace qor {
 
 class TemporaryFile {
  public:
-  // In the directory of temporary files, for this user only; its name ends as told. Throws
-  // FileError.
-  explicit TemporaryFile(const std::string& suffix);
+  // By this name in a directory of its own, for this user only. What stands beside it in the end
+  // goes with it. Throws FileError.
+  explicit TemporaryFile(const std::string& name);
   ~TemporaryFile();
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
@@ -28,6 +29,7 @@ class TemporaryFile {
   void giveToOutput() const;
 
  private:
+  PrivateDirectory place_;
   std::string path_;
   int directory_ = -1;
   std::optional<UnfinishedName> name_;

@@ -5,11 +5,15 @@
 
 namespace qor {
 
+// A directory goes where it is empty by then.
+enum class UnfinishedKind { file, directory };
+
 // One of them, for as long as it lives. Beyond a few dozen at a time, the rest stay where they are.
 class UnfinishedName {
  public:
   // In a directory that is open for as long.
-  UnfinishedName(int directory, const std::string& name);
+  UnfinishedName(int directory, const std::string& name,
+                 UnfinishedKind kind = UnfinishedKind::file);
   ~UnfinishedName();
   UnfinishedName(const UnfinishedName&) = delete;
   UnfinishedName& operator=(const UnfinishedName&) = delete;
@@ -21,6 +25,9 @@ class UnfinishedName {
 // From now on the signals that end the program remove the files of all that live before. Those that
 // whoever started the program wants to be ignored stay so.
 void cleanUpOnSignals();
+
+// For a process that is a copy of another one, whose names they are.
+void forgetUnfinishedNames();
 
 // Keeps these signals away: between making a file and noting its name, or until what no name stands
 // for is cleared away.

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <csignal>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include "platform/system/unfinished_name.h"
@@ -17,6 +18,7 @@ enum class Use { none, filling, noted };
 struct Slot {
   std::atomic<Use> use{Use::none};
   int directory = -1;
+  int flags = 0;
   std::array<char, 64> name{};
 };
 static_assert(std::atomic<Use>::is_always_lock_free);
@@ -25,10 +27,16 @@ std::array<Slot, 32> slots;
 
 constexpr std::array kEndSignals = {SIGTERM, SIGINT, SIGHUP};
 
+void removeAll(int flags) {
+  for (Slot& slot : slots)
+    if (slot.use == Use::noted && slot.flags == flags)
+      ::unlinkat(slot.directory, slot.name.data(), flags);
+}
+
 // The handler is gone by the time that the signal comes again, which is when this returns.
 void leaveNothing(int number) {
-  for (Slot& slot : slots)
-    if (slot.use == Use::noted) ::unlinkat(slot.directory, slot.name.data(), 0);
+  removeAll(0);
+  removeAll(AT_REMOVEDIR);
   ::raise(number);
 }
 
@@ -55,7 +63,7 @@ sigset_t endSignals(unsigned bits) {
 
 }  // namespace
 
-UnfinishedName::UnfinishedName(int directory, const std::string& name) {
+UnfinishedName::UnfinishedName(int directory, const std::string& name, UnfinishedKind kind) {
   if (name.size() >= slots.front().name.size()) return;
   auto* const free = std::find_if(slots.begin(), slots.end(), [](Slot& slot) {
     Use none = Use::none;
@@ -63,6 +71,7 @@ UnfinishedName::UnfinishedName(int directory, const std::string& name) {
   });
   if (free == slots.end()) return;
   free->directory = directory;
+  free->flags = kind == UnfinishedKind::directory ? AT_REMOVEDIR : 0;
   *std::copy(name.begin(), name.end(), free->name.begin()) = '\0';
   free->use = Use::noted;
   slot_ = static_cast<int>(free - slots.begin());
@@ -70,6 +79,10 @@ UnfinishedName::UnfinishedName(int directory, const std::string& name) {
 
 UnfinishedName::~UnfinishedName() {
   if (slot_ >= 0) slots[static_cast<std::size_t>(slot_)].use = Use::none;
+}
+
+void forgetUnfinishedNames() {
+  for (Slot& slot : slots) slot.use = Use::none;
 }
 
 void cleanUpOnSignals() {

@@ -277,6 +277,9 @@ TEST(QorExport, keepsReportsApart) {
   }
   runShell(place, "$Q -j1 -o 'one/{name}.pdf' in/*; $Q -j4 -o 'four/{name}.pdf' in/*");
   EXPECT_EQ(run({"diff", "-rq", "one", "four"}, in(place)).told(), "0:");
+  // Each is told what its directory refuses.
+  runShell(place, "mkdir {s,t}_barcode_9638507_28_20.jp{,e}g; cp in/ledger.1 s; cp in/ledger.1 t");
+  EXPECT_EQ(countOf("\n", runExports(place, "-j1 -o {stem}.html s t").errors), 2U);
   // Behind a wall that lets a process read the files of its own links only.
   place.write("far/a", "a");
   place.write("further/b", "b");

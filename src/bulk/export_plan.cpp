@@ -2,18 +2,18 @@
 #include "bulk/export_plan.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <map>
 #include <set>
-#include <sstream>
 #include <utility>
 
 #include "base/path.h"
 #include "base/text.h"
+#include "bulk/targets_apart.h"
 #include "platform/system/directory.h"
 #include "platform/system/long_options.h"
 
@@ -22,18 +22,28 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view kPage = "{page}";
+constexpr std::size_t kLongestList = std::size_t{1} << 28U;
 
-// Also what a pipe brings.
+// All of a stream, which may be a pipe, up to that length.
+std::string textOf(std::istream& stream) {
+  std::array<char, 65536> block;
+  std::string text;
+  while (stream && text.size() <= kLongestList) {
+    stream.read(block.data(), block.size());
+    text.append(block.data(), static_cast<std::size_t>(stream.gcount()));
+  }
+  return text;
+}
+
 std::string listed(const std::string& list) {
   std::ifstream file;
   if (list != "-") file.open(list, std::ios::binary);
-  std::istream& names = list == "-" ? std::cin : file;
-  std::ostringstream text;
-  if (names.peek() != std::istream::traits_type::eof()) text << names.rdbuf();
-  if (names.bad() || (list != "-" && !file.is_open()))
+  std::istream& stream = list == "-" ? std::cin : file;
+  std::string text = textOf(stream);
+  if (stream.bad() || (list != "-" && !file.is_open()))
     throw UsageError("--from-file: " + list + ": " + std::strerror(errno));
-  return std::move(text).str();
+  if (text.size() > kLongestList) throw UsageError("--from-file: " + list + " is too long");
+  return text;
 }
 
 void addListed(std::string_view list, std::vector<std::string>& reports) {
@@ -83,59 +93,6 @@ std::string targetOf(const BulkOptions& options, const std::string& report) {
       fs::path(options.target).parent_path().string().find(kPage) != std::string::npos)
     throw UsageError("--output: {page} stands for a part of the name, and of no directory");
   return target;
-}
-
-using Targets = std::map<std::string, const PlannedExport*>;
-
-[[noreturn]] void refuse(const PlannedExport& first, const PlannedExport& second) {
-  throw UsageError(second.target + " would be the target of " + first.report + " and of " +
-                   second.report);
-}
-
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
-// Pictures bear numbers: a report's may end in that of another one's page.
-void requireApartByPage(const Targets& targets, const std::string& before, const std::string& after,
-                        const PlannedExport& planned) {
-  for (std::size_t end = before.size(); end > 0 && isDigit(before[end - 1]); --end) {
-    const auto other = targets.find(before.substr(0, end - 1) + after);
-    if (other != targets.end()) refuse(*other->second, planned);
-  }
-}
-
-// "ledger(2).png" is the second page of "ledger.png", and "r1{page}.png" the pages from 10 on of
-// "r{page}.png".
-void requirePicturesApart(const Targets& targets) {
-  for (const auto& [target, planned] : targets) {
-    const auto page = target.find(kPage);
-    if (page != target.npos) {
-      requireApartByPage(targets, target.substr(0, page), target.substr(page), *planned);
-      continue;
-    }
-    const std::string extension(extensionOf(target));
-    const std::string stem = target.substr(0, target.size() - extension.size());
-    const auto open = stem.rfind('(');
-    if (open == stem.npos || !stem.ends_with(')') || open + 2 == stem.size() ||
-        !std::all_of(stem.begin() + static_cast<std::ptrdiff_t>(open) + 1, stem.end() - 1, isDigit))
-      continue;
-    const auto other = targets.find(stem.substr(0, open) + extension);
-    if (other != targets.end()) refuse(*other->second, *planned);
-  }
-}
-
-void requireApart(const std::vector<PlannedExport>& plan, const BulkFormat& format) {
-  Targets byTarget;
-  std::set<std::string> reports;
-  for (const PlannedExport& each : plan) reports.insert(realPath(each.path));
-  for (const PlannedExport& each : plan) {
-    const std::string target = realPath(each.target);
-    const auto [known, isNew] = byTarget.try_emplace(target, &each);
-    if (!isNew) refuse(*known->second, each);
-    if (reports.contains(target)) throw UsageError(each.target + " is a report, and a target, too");
-  }
-  if (format.pictures) requirePicturesApart(byTarget);
 }
 
 // What the standard output can't do.

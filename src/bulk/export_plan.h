@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "bulk/bulk_options.h"
@@ -13,6 +14,9 @@ struct PlannedExport {
   std::string path;    // where it is read
   std::string target;  // a file; {page} in it stands for the number of a picture's page
 };
+
+// What stands for the number of a page in a template, and in a target until it is known.
+inline constexpr std::string_view kPage = "{page}";
 
 // What the operands and the list name, in their order. Throws FileError where the list can't be
 // read.
